@@ -1,0 +1,195 @@
+#pragma once
+// What the frameworks need of a front end, and what they let it see and do: the host's own side of the dialog manager.
+// Add-ons never include this header.
+//
+// The dialog manager owns the dialogs, their items, rows and geometry, and delivers messages to the add-on's handler. A
+// front end shows them and brings the user's actions back. It implements View; each action is one call on Dialog, which
+// delivers the message before it returns.
+
+#include "DialogManager.hpp"
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace frontend {
+
+enum class ItemKind : std::uint8_t { Button, EditText, StaticText, List };
+
+/// Left and top inclusive, right and bottom exclusive; in dialog units from the dialog's upper left corner.
+struct Rect {
+    int left = 0, top = 0, right = 0, bottom = 0;
+    int width() const { return right - left; }
+    int height() const { return bottom - top; }
+    friend bool operator==(const Rect&, const Rect&) = default;
+};
+
+struct TabField {
+    Int16 begin = 0, end = 0;
+    Int16 justification = 0, truncation = 0;
+    bool separator = false, status = false;
+    friend bool operator==(const TabField&, const TabField&) = default;
+};
+
+struct HeaderItem {
+    GS::UniString text;
+    bool clickable = false, truncated = false;
+};
+
+struct Color {
+    UInt16 red = 0, green = 0, blue = 0;
+    friend bool operator==(const Color&, const Color&) = default;
+};
+
+/// A list's content. Rows and fields are numbered from 1 in every call.
+class HOST_API List {
+public:
+    Int16 rowCount() const { return static_cast<Int16>(rows.size()); }
+    GS::UniString cell(Int16 row, Int16 field) const;  ///< Empty for an unknown row or field.
+    GS::UniString rowText(Int16 row) const;            ///< The cells joined by TABs.
+    Int16 status(Int16 row) const;
+    std::optional<Color> color(Int16 row) const;
+
+    const std::vector<TabField>& tabFields() const { return fields; }
+    const std::vector<HeaderItem>& header() const { return headerItems; }
+    bool headerVisible() const { return visibleHeader; }
+    bool headerMovable() const { return movableHeader; }
+
+    /// How many insertions the full list has refused.
+    std::uint64_t rowsLost() const { return lost; }
+    bool drawingEnabled() const { return drawing; }
+
+private:
+    friend struct DialogAccess;
+    struct Row {
+        GS::UniString text;
+        Int16 status = 0;
+        std::optional<Color> color;
+    };
+    std::vector<Row> rows;
+    std::vector<TabField> fields;
+    std::vector<HeaderItem> headerItems;
+    std::uint64_t lost = 0;
+    bool lastInsertionLost = false;
+    bool visibleHeader = false, movableHeader = false, sortableHeader = false;
+    bool drawing = true;
+};
+
+struct Item {
+    Int16 number = 0;
+    ItemKind kind = ItemKind::StaticText;
+    Rect rect;
+    GS::UniString text;
+    std::unique_ptr<List> list;  ///< For ItemKind::List only.
+};
+
+/// An open modal dialog. Lives from before DG_MSG_INIT until DGModalDialog returns.
+class HOST_API Dialog {
+public:
+    Int16 id() const { return dialogId; }
+    Int16 resourceId() const { return resource; }
+    const GS::UniString& title() const { return titleText; }
+    int width() const { return currentWidth; }
+    int height() const { return currentHeight; }
+    bool growable() const { return canGrow; }
+    int minimumWidth() const { return leastWidth; }
+    int minimumHeight() const { return leastHeight; }
+
+    /// In order of their numbers.
+    const std::vector<Item>& items() const { return allItems; }
+    const Item* item(Int16 number) const;
+    const List* list(Int16 number) const;
+
+    /// True once the handler ended the dialog; no further action has an effect.
+    bool ended() const { return hasEnded; }
+    Int16 result() const { return endResult; }
+
+    // The user's actions. Each returns false, and does nothing, where the dialog has ended or the item is not of the
+    // kind that takes the action.
+
+    bool clickItem(Int16 number);
+    /// A click in a list. @param row  0 for the empty space below the rows. @param x  from the list's left edge.
+    bool clickRow(Int16 number, Int16 row, Int16 x);
+    bool typeText(Int16 number, const GS::UniString& text);
+    /// Grows (or shrinks) the dialog; never below its minimum size: the growth delivered is what was possible.
+    bool resize(int horizontal, int vertical);
+    bool pressReturn() { return clickItem(DG_OK); }
+    bool pressEscape() { return clickItem(DG_CANCEL); }
+
+private:
+    friend struct DialogAccess;
+    Int16 dialogId = 0, resource = 0;
+    GS::UniString titleText;
+    int currentWidth = 0, currentHeight = 0, leastWidth = 0, leastHeight = 0;
+    bool canGrow = false;
+    std::vector<Item> allItems;
+    DGDialogHandler handler = nullptr;
+    DGUserData userData = 0;
+    bool hasEnded = false;
+    Int16 endResult = 0;
+};
+
+struct FileFilter {
+    GS::UniString description;
+    GS::UniString extension;  ///< Without the point.
+};
+
+struct FileRequest {
+    GS::UniString title;
+    std::vector<FileFilter> filters;
+    std::size_t currentFilter = 0;
+};
+
+/// A front end's part. All calls come on the user's thread, from inside an add-on's command.
+class HOST_API View {
+public:
+    virtual ~View();
+
+    /// Shows the dialog and brings the user's actions until dialog.ended(). Called after DG_MSG_INIT. A dialog that is
+    /// still open when this returns is closed as by Escape; if its handler refuses even that, it is ended with 0.
+    virtual void runModal(Dialog& dialog) = 0;
+
+    /// Lets the user pick a file. @return its path, or nothing: cancelled.
+    virtual std::optional<std::string> pickFile(const FileRequest& request) = 0;
+
+    /// Something in the dialog changed: an item's text or place, or a list's content. Not called between
+    /// DGListDisableDraw and DGListEnableDraw, nor for each item between DGBeginMoveGrowItems and its end, but once
+    /// after them. @param item  0 = more than one.
+    virtual void changed(Dialog& dialog, Int16 item);
+};
+
+/// The front end in charge; null (the state at start) means nobody is there: a modal dialog is closed right after its
+/// initialisation, a file dialog is cancelled. @return the one before.
+HOST_API View* setView(View* view);
+
+/// The open dialogs, the innermost last.
+HOST_API const std::vector<Dialog*>& openDialogs();
+
+/// Where debug output goes; an empty function (the state at start) drops it. @return the one before.
+using DebugSink = std::function<void(const char* text)>;
+HOST_API DebugSink setDebugSink(DebugSink sink);
+
+/// The system beep; an empty function (the state at start) writes BEL to standard error if that is a terminal.
+using BeepSink = std::function<void()>;
+HOST_API BeepSink setBeepSink(BeepSink sink);
+
+/// The help folders that add-ons have registered, for the host's help menu.
+struct HelpLocation {
+    UInt32 developerId;
+    Int32 localId;
+    std::string path;
+};
+HOST_API std::vector<HelpLocation> helpLocations();
+
+/// Names of the string list's entries; empty where there is no such list. For menus.
+HOST_API std::vector<GS::UniString> stringList(GSResModule module, Int32 resID);
+
+/// While deferred, GSRoot_DelayInitImage answers true; runDelayedStarts ends that state and calls the hooks kept.
+HOST_API void deferImageStarts(bool defer);
+HOST_API void runDelayedStarts();
+
+}  // namespace frontend

@@ -1,0 +1,35 @@
+#pragma once
+// GS::Array: the host's array container.
+
+#include "GSRoot.hpp"
+
+#include <vector>
+
+namespace GS {
+
+/// A growable array with value semantics. It owns its elements. Indices count from 0.
+template <class Type>
+class Array {
+public:
+    using ConstIterator = typename std::vector<Type>::const_iterator;
+
+    USize GetSize() const { return static_cast<USize>(elements.size()); }
+    bool IsEmpty() const { return elements.empty(); }
+
+    /// @pre index < GetSize().
+    Type& operator[](UIndex index) { return elements[index]; }
+    const Type& operator[](UIndex index) const { return elements[index]; }
+
+    void Push(const Type& element) { elements.push_back(element); }
+    void Push(Type&& element) { elements.push_back(static_cast<Type&&>(element)); }
+    void Clear() { elements.clear(); }
+    void SetCapacity(USize capacity) { elements.reserve(capacity); }
+
+    ConstIterator begin() const { return elements.begin(); }
+    ConstIterator end() const { return elements.end(); }
+
+private:
+    std::vector<Type> elements;
+};
+
+}  // namespace GS

@@ -1,0 +1,62 @@
+#pragma once
+// How every function of the building model fails: a value or an Error, passed up untouched. Only the outermost caller
+// prints.
+
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <variant>
+
+namespace model {
+
+/// What kind of failure; the services turn a kind into the host's error code.
+enum class ErrorKind : std::uint8_t {
+    CannotRead,    ///< A file that is missing, not readable, or not what it should be.
+    CannotWrite,   ///< A file that could not be written; the old one is untouched.
+    BadId,         ///< No element of that identifier.
+    BadParameter,  ///< The null GUID and the like.
+    BadName,       ///< No such attribute; an empty property, set or system name.
+    ReadOnly,      ///< GlobalId.
+    BadValue,      ///< The text is no value of the declared type.
+    Refused,       ///< An edit outside a command; an instance that is not understood and so not edited.
+    Nesting,       ///< A command inside a command.
+};
+
+/// `message` is complete for a person: what, where, what to do. No line end, no trailing period.
+struct Error {
+    ErrorKind kind;
+    std::string message;
+};
+
+template <class Value>
+class [[nodiscard]] Result {
+public:
+    Result(Value value) : content(std::in_place_index<0>, std::move(value)) {}
+    Result(Error error) : content(std::in_place_index<1>, std::move(error)) {}
+
+    explicit operator bool() const { return content.index() == 0; }
+    Value& operator*() { return std::get<0>(content); }
+    const Value& operator*() const { return std::get<0>(content); }
+    Value* operator->() { return &std::get<0>(content); }
+    const Value* operator->() const { return &std::get<0>(content); }
+    const Error& error() const { return std::get<1>(content); }
+
+private:
+    std::variant<Value, Error> content;
+};
+
+/// A result without a value.
+class [[nodiscard]] Status {
+public:
+    Status() = default;
+    Status(Error error) : failure(std::move(error)), failed(true) {}
+
+    explicit operator bool() const { return !failed; }
+    const Error& error() const { return failure; }
+
+private:
+    Error failure{};
+    bool failed = false;
+};
+
+}  // namespace model

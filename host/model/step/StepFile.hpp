@@ -1,0 +1,126 @@
+#pragma once
+// A file in clear-text encoding (ISO 10303-21), held as the bytes it came with, an index of its instances, and the
+// changes made since. Saving writes every byte as it was except the instances that changed and the new ones.
+
+#include "model/Progress.hpp"
+#include "model/Result.hpp"
+#include "model/step/StepSyntax.hpp"
+
+#include <cstddef>
+#include <filesystem>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace model::step {
+
+/// An instance's place in the file's index: file order, new instances behind. Valid as long as the StepFile lives;
+/// undone new instances keep their place but are absent.
+using Slot = std::uint32_t;
+inline constexpr Slot NoSlot = 0xFFFFFFFFU;
+
+/// A keyword as the file's index knows it: upper case, numbered in order of first appearance.
+using KeywordCode = std::uint16_t;
+inline constexpr KeywordCode NoKeyword = 0xFFFFU;
+
+/// Something wrong in the file that does not keep it from being opened.
+struct Remark {
+    std::uint64_t line = 0;    ///< From 1; 0 where it concerns the whole file.
+    std::uint64_t offset = 0;  ///< Bytes from the beginning.
+    std::string message;
+};
+
+struct OpenOptions {
+    Progress progress;
+};
+
+struct SaveOptions {
+    Progress progress;
+    /// Write even where another program changed the file since it was opened.
+    bool force = false;
+};
+
+class StepFile {
+public:
+    /// Reads a .ifc file, or the model in an .ifczip. One pass over the bytes; only ids, keywords and places are kept.
+    static Result<std::unique_ptr<StepFile>> open(const std::filesystem::path& path, const OpenOptions& options = {});
+    /// The same for bytes in memory (tests, fuzzing).
+    static Result<std::unique_ptr<StepFile>> fromBytes(std::string bytes);
+    ~StepFile();
+
+    // --- What the file says of itself ---
+    const std::vector<std::string>& schemaNames() const;  ///< FILE_SCHEMA, decoded, as written.
+    const std::vector<Remark>& remarks() const;
+    std::uint64_t byteCount() const;
+
+    // --- Instances as they are now ---
+    std::size_t instanceCount() const;  ///< Places, absent ones included.
+    Slot find(InstanceId id) const;     ///< NoSlot where there is none, or where the file has several of that id.
+    bool present(Slot slot) const;
+    InstanceId id(Slot slot) const;
+    KeywordCode keyword(Slot slot) const;  ///< NoKeyword for a complex instance.
+    std::string_view keywordText(KeywordCode code) const;
+    KeywordCode keywordCode(std::string_view upperCase) const;  ///< NoKeyword where the file does not use it.
+    std::size_t keywordCount() const;
+    /// From '#' to ';'. Valid until the instance is changed.
+    std::string_view text(Slot slot) const;
+    /// text() and splitInstance in one.
+    bool read(Slot slot, Instance& out) const;
+
+    // --- Changes. Only between begin and commit or rollback. ---
+    Status begin();  ///< ErrorKind::Nesting where a command is open.
+    bool open() const;
+    /// Puts `newText` in place of the value, which must be a view into text(slot). Every other byte of the instance
+    /// stays. The views into this instance's text are invalid after it.
+    Status replaceValue(Slot slot, Value value, std::string_view newText);
+    /// Adds one element to an Aggregate value of the instance, or removes the element `member` of it, leaving the rest
+    /// as found.
+    Status addToAggregate(Slot slot, Value aggregate, std::string_view element);
+    Status removeFromAggregate(Slot slot, Value aggregate, std::string_view member);
+    /// Adds an instance at the end of the data section that `neighbour` stands in.
+    /// @param body  "IFCWALL('...',$)" without id and semicolon. The id is the next above the highest in the file,
+    /// those
+    ///              in comments and dangling references included.
+    Result<Slot> append(std::string_view body, Slot neighbour);
+    Status erase(Slot slot);
+
+    /// Ends the command. @return true where it changed anything: then it is an undo step.
+    bool commit(std::string name);
+    void rollback();
+
+    bool canUndo() const;
+    bool canRedo() const;
+    std::string undoName() const;
+    std::string redoName() const;
+    bool undo();
+    bool redo();
+    /// True where the bytes differ from those last opened or saved.
+    bool modified() const;
+    /// Grows by one with each change, undo and redo: what is cached of the file is valid for one revision.
+    std::uint64_t revision() const;
+
+    /// The slots changed between two revisions are not kept; the caller drops its caches by revision. The journal of
+    /// the current command is here for callers that keep indexes of the file.
+    struct Listener {
+        virtual ~Listener() = default;
+        virtual void beforeChange(Slot slot) = 0;  ///< The instance still has its old text.
+        virtual void afterChange(Slot slot) = 0;   ///< It has the new one, or is absent.
+    };
+    void setListener(Listener* listener);
+
+    /// Writes the file. Goes to a temporary file in the target's folder, is synced, renamed over the target, and the
+    /// folder synced: at every moment the old file or the new one is there whole. Mode bits stay; a symbolic link stays
+    /// a link. An unchanged model is written byte for byte.
+    Status save(const std::filesystem::path& path, const SaveOptions& options = {});
+    /// The bytes that save would write.
+    std::string bytes() const;
+
+private:
+    struct Content;
+    explicit StepFile(std::unique_ptr<Content> content);
+    std::unique_ptr<Content> content;
+};
+
+}  // namespace model::step

@@ -1,0 +1,12 @@
+# What every target of the project is compiled with: one interface library, so that no target forgets a part of it.
+add_library(project_options INTERFACE)
+target_compile_features(project_options INTERFACE cxx_std_20)
+target_compile_options(project_options INTERFACE
+  -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor -Woverloaded-virtual
+  -Wold-style-cast -Wcast-align -Wnull-dereference -Wformat=2 -Wimplicit-fallthrough)
+
+if(SANITIZERS)
+  target_compile_options(project_options INTERFACE
+    -fsanitize=${SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(project_options INTERFACE -fsanitize=${SANITIZERS})
+endif()
