@@ -97,8 +97,11 @@ struct API_MenuRegistration {
 };
 static_assert(sizeof(API_MenuRegistration) == 32);
 
-/// The host's environment requests.
+// The host's environment requests. Any other code: APIERR_NOTSUPPORTED; a parameter missing: APIERR_BADPARS.
+/// Where a special folder is. par1: const Int32*, the folder; par2: IO::Location*, set. APIERR_BADPARS for any folder
+/// but API_HelpFolder.
 inline constexpr UInt32 APIEnv_GetSpecFolder = GSFourCharCode("GSPF");
+/// Which host this is. par1: API_ReleaseNumber*, filled.
 inline constexpr UInt32 APIEnv_Application = GSFourCharCode("APPL");
 
 /// A special folder of 'GSPF': the folder that holds the help of add-ons.
@@ -157,13 +160,28 @@ static_assert(sizeof(API_PolyArc) == 16);
 
 // --- Requests to the user ------------------------------------------------------------------------------------------
 
+// Codes of ACAPI_Interface. Any other: APIERR_NOTSUPPORTED; a parameter missing: APIERR_BADPARS.
+/// A point. par1: API_GetPointType*. APIERR_CANCEL where the user cancels, or where no model window is open.
 inline constexpr UInt32 APIIo_GetPoint = GSFourCharCode("IPOI");
+/// A line. par1: API_GetLineType*. Cancelled like a point.
 inline constexpr UInt32 APIIo_GetLine = GSFourCharCode("ILIN");
+/// An arc. par1: API_GetArcType*. Cancelled like a point; APIERR_REFUSEDPAR where the clicks lie on one line.
 inline constexpr UInt32 APIIo_GetArc = GSFourCharCode("IARC");
+/// The states of a menu item of the add-on's own. par1: const API_MenuReference*; par2: UInt32*, the
+/// API_MenuItemFlags, written. APIERR_BADID for a menu it has not registered, APIERR_BADINDEX for an unknown item.
 inline constexpr UInt32 APIIo_GetMenuItemFlags = GSFourCharCode("GMIF");
+/// The same parameters; the flags are read.
 inline constexpr UInt32 APIIo_SetMenuItemFlags = GSFourCharCode("SMIF");
+
+// Codes of ACAPI_Goodies. Any other: APIERR_NOTSUPPORTED; a parameter missing: APIERR_BADPARS.
+/// The display name of an element type. par1: the API_ElemTypeID itself, widened to a pointer; par2: GS::UniString*.
+/// An unknown type: APIERR_BADPARS, the text stays.
 inline constexpr UInt32 APIAny_GetElemTypeName = GSFourCharCode("GETN");
+/// The element nearest to a point, by the origin of its placement in plan. par1: const API_ElemSearchPars*; par2:
+/// API_Elem_Head*, filled. APIERR_NOMORE where there is none within the distance.
 inline constexpr UInt32 APIAny_SearchElement = GSFourCharCode("SELM");
+/// The element type that a neig identifier belongs to. par1: const API_NeigID*; par2: API_ElemTypeID*. APIERR_BADPARS
+/// for an unknown one.
 inline constexpr UInt32 APIAny_NeigToElem = GSFourCharCode("NTOE");
 
 /// 'IPOI': a clicked point. Zeroed by the caller, who sets the prompt.
@@ -187,14 +205,15 @@ struct API_GetLineType {
 };
 static_assert(sizeof(API_GetLineType) == 448);
 
-/// 'IARC': an arc.
+/// 'IARC': an arc. The user's click gives its bulge: the arc runs from start to end through the clicked point. Without
+/// `startCoordGiven` the user is asked for the start and the end first.
 struct API_GetArcType {
     char prompt[256];
     unsigned char startCoordGiven;  ///< 1: `startCoord` and `endCoord` hold the line that opens the arc.
     unsigned char reserved;
     unsigned char negArc;  ///< Answer: the arc runs clockwise.
     unsigned char reserved2[5];
-    API_Coord3D origo;
+    API_Coord3D origo;  ///< Answer: the centre.
     API_Coord3D startCoord;
     API_Coord3D endCoord;
     unsigned char reserved3[96];
