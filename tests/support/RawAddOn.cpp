@@ -1,0 +1,36 @@
+#include "support/RawAddOn.hpp"
+
+#include "support/HostFixture.hpp"
+
+#include <dlfcn.h>
+
+#include <stdexcept>
+
+namespace testing_support {
+
+RawAddOn::RawAddOn() : RawAddOn(realBundle()) {}
+
+RawAddOn::RawAddOn(const std::filesystem::path& bundle) {
+    const std::filesystem::path file = bundle / "Contents" / "Linux" / bundle.stem();
+    image = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (image == nullptr) throw std::runtime_error(dlerror());
+    const auto getExported = reinterpret_cast<GetExportedFuncAddrsProc*>(symbol("GetExportedFuncAddrs"));
+    if (getExported == nullptr) throw std::runtime_error("no GetExportedFuncAddrs in " + file.string());
+    getExported(&exported);
+}
+
+RawAddOn::~RawAddOn() {
+    dlclose(image);
+}
+
+GSErrCode RawAddOn::bind() {
+    const auto setImported = reinterpret_cast<SetImportedFuncAddrsProc*>(symbol("SetImportedFuncAddrs"));
+    if (setImported == nullptr) throw std::runtime_error("no SetImportedFuncAddrs");
+    return setImported(table.data());
+}
+
+void* RawAddOn::symbol(const char* name) const {
+    return dlsym(image, name);
+}
+
+}  // namespace testing_support

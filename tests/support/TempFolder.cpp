@@ -1,0 +1,39 @@
+#include "support/TempFolder.hpp"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <system_error>
+
+namespace testing_support {
+
+TempFolder::TempFolder() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "modelhost-test-XXXXXX").string();
+    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder: " + pattern);
+    folder = pattern;
+}
+
+TempFolder::~TempFolder() {
+    std::error_code ignored;  // A folder left behind is no reason to end a test program.
+    std::filesystem::remove_all(folder, ignored);
+}
+
+std::filesystem::path TempFolder::write(std::string_view name, std::string_view bytes) const {
+    std::filesystem::path file = folder / name;
+    std::ofstream stream(file, std::ios::binary);
+    stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    stream.close();
+    if (!stream) throw std::runtime_error("cannot write " + file.string());
+    return file;
+}
+
+std::string bytesOf(const std::filesystem::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    EXPECT_TRUE(stream.is_open()) << file;
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
+
+}  // namespace testing_support
