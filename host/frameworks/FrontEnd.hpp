@@ -185,6 +185,14 @@ struct HelpLocation {
 };
 HOST_API std::vector<HelpLocation> helpLocations();
 
+/// How the dialog manager calls an add-on's handler: `call(argument)` runs it to its end. The host's services put theirs
+/// in, so that no exception and no crash of a handler passes through the frames of the front end.
+/// @return false where the handler did not come to its end: the dialog is then over, with result 0, and its handler gets
+///         no further message.
+using AddOnCaller = bool (*)(void (*call)(void* argument), void* argument);
+/// Null (the state at start) means that the handler is called as it is. @return the one before.
+HOST_API AddOnCaller setAddOnCaller(AddOnCaller caller);
+
 /// Names of the string list's entries; empty where there is no such list. For menus.
 HOST_API std::vector<GS::UniString> stringList(GSResModule module, Int32 resID);
 
