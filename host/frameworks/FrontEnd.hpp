@@ -8,7 +8,7 @@
 
 #include "DialogManager.hpp"
 
-#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -58,6 +58,7 @@ public:
     const std::vector<HeaderItem>& header() const { return headerItems; }
     bool headerVisible() const { return visibleHeader; }
     bool headerMovable() const { return movableHeader; }
+    bool headerSortable() const { return sortableHeader; }
 
     /// How many insertions the full list has refused.
     std::uint64_t rowsLost() const { return lost; }
@@ -108,14 +109,17 @@ public:
     bool ended() const { return hasEnded; }
     Int16 result() const { return endResult; }
 
-    // The user's actions. Each returns false, and does nothing, where the dialog has ended or the item is not of the
-    // kind that takes the action.
+    // The user's actions. Each returns false, and does nothing, where the dialog has ended, where its handler is at
+    // work on a message (a dialog that it opened is in front then) or where the item is not of the kind that takes the
+    // action.
 
+    /// Clicks a button.
     bool clickItem(Int16 number);
     /// A click in a list. @param row  0 for the empty space below the rows. @param x  from the list's left edge.
     bool clickRow(Int16 number, Int16 row, Int16 x);
     bool typeText(Int16 number, const GS::UniString& text);
-    /// Grows (or shrinks) the dialog; never below its minimum size: the growth delivered is what was possible.
+    /// Grows (or shrinks) the dialog; never below its minimum size: the growth delivered is what was possible. Where
+    /// that is nothing, no message is. @return false for a dialog of fixed size, too.
     bool resize(int horizontal, int vertical);
     bool pressReturn() { return clickItem(DG_OK); }
     bool pressEscape() { return clickItem(DG_CANCEL); }
@@ -129,6 +133,9 @@ private:
     std::vector<Item> allItems;
     DGDialogHandler handler = nullptr;
     DGUserData userData = 0;
+    bool isShown = false;    ///< A view knows of it.
+    bool inMessage = false;  ///< The handler is at work.
+    bool moving = false;     ///< Between DGBeginMoveGrowItems and its end.
     bool hasEnded = false;
     Int16 endResult = 0;
 };
@@ -158,7 +165,8 @@ public:
 
     /// Something in the dialog changed: an item's text or place, or a list's content. Not called between
     /// DGListDisableDraw and DGListEnableDraw, nor for each item between DGBeginMoveGrowItems and its end, but once
-    /// after them. @param item  0 = more than one.
+    /// after them; and not before runModal. The handler is at work: what the user does meanwhile is refused.
+    /// @param item  0 = more than one.
     virtual void changed(Dialog& dialog, Int16 item);
 };
 
@@ -185,9 +193,10 @@ struct HelpLocation {
 };
 HOST_API std::vector<HelpLocation> helpLocations();
 
-/// How the dialog manager calls an add-on's handler: `call(argument)` runs it to its end. The host's services put theirs
-/// in, so that no exception and no crash of a handler passes through the frames of the front end.
-/// @return false where the handler did not come to its end: the dialog is then over, with result 0, and its handler gets
+/// How the dialog manager calls an add-on's handler: `call(argument)` runs it to its end. The host's services put
+/// theirs in, so that no exception and no crash of a handler passes through the frames of the front end.
+/// @return false where the handler did not come to its end: the dialog is then over, with result 0, and its handler
+/// gets
 ///         no further message.
 using AddOnCaller = bool (*)(void (*call)(void* argument), void* argument);
 /// Null (the state at start) means that the handler is called as it is. @return the one before.
@@ -195,6 +204,11 @@ HOST_API AddOnCaller setAddOnCaller(AddOnCaller caller);
 
 /// Names of the string list's entries; empty where there is no such list. For menus.
 HOST_API std::vector<GS::UniString> stringList(GSResModule module, Int32 resID);
+/// The title of a menu; empty where there is no such menu.
+HOST_API GS::UniString menuTitle(GSResModule module, Int32 resID);
+
+/// How many Core Foundation objects are alive; what was created and not released is a leak.
+HOST_API std::size_t liveCoreFoundationObjects();
 
 /// While deferred, GSRoot_DelayInitImage answers true; runDelayedStarts ends that state and calls the hooks kept.
 HOST_API void deferImageStarts(bool defer);

@@ -44,7 +44,8 @@ CF_STANDIN_API CFMutableStringRef CFStringCreateMutableCopy(CFAllocatorRef alloc
 CF_STANDIN_API void CFStringNormalize(CFMutableStringRef text, CFStringNormalizationForm form);
 /* Writes the whole text with its terminator, or writes no usable text and returns false where it does not fit. */
 CF_STANDIN_API Boolean CFStringGetCString(CFStringRef text, char* buffer, CFIndex bufferSize, CFStringEncoding encoding);
-/* The object must not be null. */
+/* The object must not be null. A reference to no live object is reported to the debug output and let pass. */
+CF_STANDIN_API CFTypeRef CFRetain(CFTypeRef object);
 CF_STANDIN_API void CFRelease(CFTypeRef object);
 
 #ifdef __cplusplus

@@ -1,0 +1,193 @@
+// An open dialog: its life, its messages and the user's actions.
+
+#include "DialogAccess.hpp"
+#include "ResourceModule.hpp"
+
+#include <algorithm>
+#include <limits>
+
+namespace frontend {
+
+namespace {
+
+constexpr int MostSize = std::numeric_limits<Int16>::max();
+
+std::vector<Dialog*>& dialogStack() {
+    static std::vector<Dialog*> dialogs;
+    return dialogs;
+}
+
+/// A number that no open dialog has and, as far as the numbers go round, no recent one had.
+Int16 nextDialogId() {
+    static Int16 last = 0;
+    do {
+        last = last == std::numeric_limits<Int16>::max() ? Int16{1} : static_cast<Int16>(last + 1);
+    } while (DialogAccess::find(last) != nullptr);
+    return last;
+}
+
+/// Keeps a dialog among the open ones, also when a handler or a view throws.
+class OpenDialog {
+public:
+    explicit OpenDialog(Dialog& dialog) { dialogStack().push_back(&dialog); }
+    OpenDialog(const OpenDialog&) = delete;
+    OpenDialog& operator=(const OpenDialog&) = delete;
+    ~OpenDialog() { dialogStack().pop_back(); }
+};
+
+/// Sets a flag for as long as it lives.
+class Raised {
+public:
+    explicit Raised(bool& raised) : flag(raised) { flag = true; }
+    Raised(const Raised&) = delete;
+    Raised& operator=(const Raised&) = delete;
+    ~Raised() { flag = false; }
+
+private:
+    bool& flag;
+};
+
+DGMessageData resizeData(int horizontal, int vertical) {
+    return static_cast<DGMessageData>(static_cast<UInt16>(horizontal)) |
+           static_cast<DGMessageData>(static_cast<UInt16>(vertical)) << 16;
+}
+
+template <class Items>
+auto itemNumbered(Items& items, Int16 number) {
+    const auto found =
+        std::find_if(items.begin(), items.end(), [number](const Item& it) { return it.number == number; });
+    return found == items.end() ? nullptr : &*found;
+}
+
+}  // namespace
+
+const std::vector<Dialog*>& openDialogs() {
+    return dialogStack();
+}
+
+const Item* Dialog::item(Int16 number) const {
+    return itemNumbered(allItems, number);
+}
+
+const List* Dialog::list(Int16 number) const {
+    const Item* const found = item(number);
+    return found == nullptr ? nullptr : found->list.get();
+}
+
+bool Dialog::clickItem(Int16 number) {
+    const Item* const clicked = item(number);
+    if (clicked == nullptr || clicked->kind != ItemKind::Button) return false;
+    return DialogAccess::click(*this, number, 0);
+}
+
+bool Dialog::clickRow(Int16 number, Int16 row, Int16 x) {
+    const List* const clicked = list(number);
+    if (clicked == nullptr || row < 0 || row > clicked->rowCount()) return false;
+    const DGListClick place{row, x};
+    return DialogAccess::click(*this, number, reinterpret_cast<DGMessageData>(&place));
+}
+
+bool Dialog::typeText(Int16 number, const GS::UniString& text) {
+    Item* const target = itemNumbered(allItems, number);
+    if (!DialogAccess::takesActions(*this) || target == nullptr || target->kind != ItemKind::EditText) return false;
+    target->text = text;
+    return true;
+}
+
+bool Dialog::resize(int horizontal, int vertical) {
+    if (!DialogAccess::takesActions(*this) || !canGrow) return false;
+    const auto grown = [](int size, int growth, int least) {
+        return static_cast<int>(std::clamp<Int64>(Int64{size} + growth, least, MostSize));
+    };
+    const int width = grown(currentWidth, horizontal, leastWidth);
+    const int height = grown(currentHeight, vertical, leastHeight);
+    const DGMessageData growth = resizeData(width - currentWidth, height - currentHeight);
+    currentWidth = width;
+    currentHeight = height;
+    if (growth != 0) DialogAccess::deliver(*this, DG_MSG_RESIZE, 0, growth);
+    return true;
+}
+
+Dialog DialogAccess::create(const frameworks::DialogDefinition& definition, Int16 resourceId, DGDialogHandler handler,
+                            DGUserData userData) {
+    Dialog dialog;
+    dialog.dialogId = nextDialogId();
+    dialog.resource = resourceId;
+    dialog.titleText = definition.title;
+    dialog.currentWidth = definition.width;
+    dialog.currentHeight = definition.height;
+    dialog.leastWidth = definition.minimumWidth;
+    dialog.leastHeight = definition.minimumHeight;
+    dialog.canGrow = definition.growable;
+    dialog.handler = handler;
+    dialog.userData = userData;
+    for (const auto& [number, item] : definition.items) {
+        auto list = item.kind == ItemKind::List ? std::make_unique<List>() : nullptr;
+        dialog.allItems.push_back({number, item.kind, item.rect, item.text, std::move(list)});
+    }
+    return dialog;
+}
+
+Int16 DialogAccess::run(Dialog& dialog) {
+    const OpenDialog open(dialog);
+    deliver(dialog, DG_MSG_INIT, 0, 0);
+    if (View* const view = currentView()) {
+        dialog.isShown = true;
+        view->runModal(dialog);
+        dialog.isShown = false;
+    }
+    if (!dialog.hasEnded) dialog.pressEscape();
+    dialog.hasEnded = true;
+    deliver(dialog, DG_MSG_CLOSE, 0, 0);
+    return dialog.endResult;
+}
+
+Dialog* DialogAccess::find(Int16 dialogId) {
+    const auto& dialogs = dialogStack();
+    const auto found =
+        std::find_if(dialogs.rbegin(), dialogs.rend(), [dialogId](const Dialog* it) { return it->id() == dialogId; });
+    return found == dialogs.rend() ? nullptr : *found;
+}
+
+Item* DialogAccess::item(Dialog& dialog, Int16 number) {
+    return itemNumbered(dialog.allItems, number);
+}
+
+List* DialogAccess::list(Dialog& dialog, Int16 number) {
+    Item* const found = item(dialog, number);
+    return found == nullptr ? nullptr : found->list.get();
+}
+
+Int16 DialogAccess::deliver(Dialog& dialog, Int16 message, Int16 item, DGMessageData data) {
+    Int16 answer = 0;
+    {
+        const Raised atWork(dialog.inMessage);
+        answer = dialog.handler(message, dialog.dialogId, item, dialog.userData, data);
+    }
+    // A handler that forgot DGEndMoveGrowItems must not leave the view blind to everything that follows.
+    endMoving(dialog);
+    return answer;
+}
+
+bool DialogAccess::click(Dialog& dialog, Int16 item, DGMessageData data) {
+    if (!takesActions(dialog)) return false;
+    dialog.endResult = deliver(dialog, DG_MSG_CLICK, item, data);
+    dialog.hasEnded = dialog.endResult != 0;
+    return true;
+}
+
+bool DialogAccess::endMoving(Dialog& dialog) {
+    if (!dialog.moving) return false;
+    dialog.moving = false;
+    changed(dialog, 0);
+    return true;
+}
+
+void DialogAccess::changed(Dialog& dialog, Int16 item) {
+    if (!dialog.isShown || dialog.moving) return;
+    const List* const itsList = list(dialog, item);
+    if (itsList != nullptr && !itsList->drawing) return;
+    if (View* const view = currentView()) view->changed(dialog, item);
+}
+
+}  // namespace frontend

@@ -1,0 +1,88 @@
+#include "File.hpp"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+
+namespace IO {
+
+namespace {
+
+constexpr USize BufferSize = 64 * 1024;
+
+/// Repeats a system call for as long as a signal interrupts it.
+template <class Call>
+auto retried(Call call) {
+    auto result = call();
+    while (result < 0 && errno == EINTR) result = call();
+    return result;
+}
+
+bool isFolder(int descriptor) {
+    struct stat status {};
+    return fstat(descriptor, &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+}  // namespace
+
+File::File(const Location& place, OnNotFound) : location(place) {}
+
+File::~File() {
+    Close();
+}
+
+GSErrCode File::Open(OpenMode, OnAccessDenied) {
+    Close();
+    if (location.GetStatus() != Location::StatusOK) return ErrNotFound;
+    const GS::UniString::CStr path = location.GetPath().ToCStr();
+    const int opened = retried([&path] { return open(path, O_RDONLY | O_CLOEXEC); });
+    if (opened < 0) return errno == ENOENT || errno == ENOTDIR ? ErrNotFound : ErrAccessDenied;
+    if (isFolder(opened)) {
+        // A folder opens well enough and fails on the first read only; the caller is told now.
+        close(opened);
+        return ErrAccessDenied;
+    }
+    descriptor = opened;
+    buffer = new char[BufferSize];
+    begin = end = 0;
+    return NoError;
+}
+
+GSErrCode File::ReadBin(char* target, USize count, USize* readCount) {
+    if (readCount != nullptr) *readCount = 0;
+    if (descriptor < 0) return ErrNotOpen;
+    USize done = 0;
+    GSErrCode result = NoError;
+    while (done < count) {
+        if (begin == end) {
+            const ssize_t got = retried([this] { return read(descriptor, buffer, BufferSize); });
+            begin = 0;
+            end = got > 0 ? static_cast<USize>(got) : 0;
+            if (got <= 0) {
+                result = got == 0 ? ErrEndOfFile : ErrRead;
+                break;
+            }
+        }
+        const USize part = std::min(count - done, end - begin);
+        std::memcpy(target + done, buffer + begin, part);
+        begin += part;
+        done += part;
+    }
+    if (readCount != nullptr) *readCount = done;
+    return result;
+}
+
+GSErrCode File::Close() {
+    if (descriptor < 0) return ErrNotOpen;
+    close(descriptor);  // Nothing was written, so its result says nothing that matters.
+    descriptor = -1;
+    delete[] buffer;
+    buffer = nullptr;
+    return NoError;
+}
+
+}  // namespace IO

@@ -1,0 +1,10 @@
+#include "Location.hpp"
+
+namespace IO {
+
+GSErrCode Location::ToDisplayText(GS::UniString* text) const {
+    if (text != nullptr) *text = path;
+    return GetStatus();
+}
+
+}  // namespace IO

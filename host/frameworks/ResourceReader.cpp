@@ -1,0 +1,289 @@
+#include "ResourceReader.hpp"
+
+#include "ResourceTokens.hpp"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <fstream>
+#include <optional>
+
+namespace frameworks {
+
+namespace {
+
+constexpr int MostNumber = 32767;  // Resource numbers, item numbers and sizes are signed 16-bit values.
+
+struct Fault {
+    std::string message;
+};
+
+/// Takes the tokens of a line one after the other; throws a Fault for one that is not as it should be.
+class LineReader {
+public:
+    explicit LineReader(std::vector<Token> list) : tokens(std::move(list)) {}
+
+    bool atEnd() const { return at == tokens.size(); }
+    bool atText() const { return !atEnd() && tokens[at].kind == Token::Kind::Text; }
+
+    std::string word(const char* expected) {
+        if (atEnd() || atText()) throw Fault{std::string(expected) + " is missing"};
+        return tokens[at++].word;
+    }
+
+    void keyword(const char* expected) {
+        const std::string found = word(expected);
+        if (found != expected) throw Fault{"'" + found + "' stands where '" + expected + "' is expected"};
+    }
+
+    int number(const char* what, int least) {
+        const std::string digits = word(what);
+        int value = 0;
+        const auto parsed = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+        if (parsed.ec != std::errc() || parsed.ptr != digits.data() + digits.size() || value < least ||
+            value > MostNumber)
+            throw Fault{std::string(what) + " is '" + digits + "', not a number from " + std::to_string(least) +
+                        " to " + std::to_string(MostNumber)};
+        return value;
+    }
+
+    GS::UniString text(const char* what) {
+        if (!atText()) throw Fault{std::string(what) + " in quotes is missing"};
+        return tokens[at++].text;
+    }
+
+    GS::UniString optionalText() { return atText() ? tokens[at++].text : GS::UniString(); }
+
+    void end() const {
+        if (!atEnd()) throw Fault{"something follows the end of the definition"};
+    }
+
+private:
+    std::vector<Token> tokens;
+    std::size_t at = 0;
+};
+
+std::optional<TextListKind> textListKind(const std::string& word) {
+    if (word == "strings") return TextListKind::Strings;
+    if (word == "menu") return TextListKind::Menu;
+    if (word == "fixed") return TextListKind::Fixed;
+    return {};
+}
+
+std::optional<frontend::ItemKind> itemKind(const std::string& word) {
+    if (word == "button") return frontend::ItemKind::Button;
+    if (word == "edit") return frontend::ItemKind::EditText;
+    if (word == "text") return frontend::ItemKind::StaticText;
+    if (word == "list") return frontend::ItemKind::List;
+    return {};
+}
+
+std::string describe(const Origin& origin) {
+    return origin.file + ":" + std::to_string(origin.line);
+}
+
+void report(const Origin& origin, const std::string& message) {
+    DBPrintf("%s: %s\n", describe(origin).c_str(), message.c_str());
+}
+
+std::optional<std::string> readWhole(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::string content;
+    std::array<char, 4096> part;
+    while (file.read(part.data(), part.size()) || file.gcount() > 0)
+        content.append(part.data(), static_cast<std::size_t>(file.gcount()));
+    if (!file.is_open() || !file.eof() || file.bad()) return {};
+    return content;
+}
+
+/// Reads one file into a module, line by line.
+class FileReader {
+public:
+    FileReader(const std::filesystem::path& path, ResourceModule& target) : module(target), origin{path.string(), 0} {}
+
+    bool read() {
+        const auto content = readWhole(origin.file);
+        if (!content) {
+            report(origin, "the file cannot be read");
+            return false;
+        }
+        std::string_view rest = *content;
+        if (rest.starts_with("\xEF\xBB\xBF")) rest.remove_prefix(3);
+        bool faultless = true;
+        while (!rest.empty()) {
+            const std::size_t length = std::min(rest.find('\n'), rest.size());
+            faultless = readLine(rest.substr(0, length)) && faultless;
+            rest.remove_prefix(std::min(length + 1, rest.size()));
+        }
+        return faultless;
+    }
+
+private:
+    bool readLine(std::string_view line) {
+        ++origin.line;
+        if (line.ends_with('\r')) line.remove_suffix(1);
+        try {
+            std::string fault;
+            LineReader reader(tokenize(line, fault));
+            if (!fault.empty()) throw Fault{fault};
+            if (!reader.atEnd()) readDefinition(reader);
+            return true;
+        } catch (const Fault& fault) {
+            report(origin, fault.message);
+            return false;
+        }
+    }
+
+    void readDefinition(LineReader& line) {
+        if (line.atText()) {
+            if (list == nullptr) throw Fault{"a text outside of a string list"};
+            list->texts.push_back(line.text("a text"));
+            line.end();
+            return;
+        }
+        const std::string word = line.word("a definition");
+        if (const auto kind = itemKind(word)) {
+            readItem(line, *kind);
+        } else if (const auto listKind = textListKind(word)) {
+            beginList(line, *listKind);
+        } else if (word == "dialog") {
+            beginDialog(line);
+        } else {
+            // What follows belongs to it, whatever was meant: it must not end up in the definition above.
+            leaveDefinition();
+            throw Fault{"unknown definition '" + word + "'"};
+        }
+    }
+
+    void leaveDefinition() {
+        list = nullptr;
+        dialog = nullptr;
+    }
+
+    void beginList(LineReader& line, TextListKind kind) {
+        leaveDefinition();
+        spare = TextList{kind, {}, {}, origin};
+        list = &spare;  // Until the line has proved good, so that a fault in it is reported once, not for every text.
+        const int number = line.number("the list's number", 1);
+        if (kind == TextListKind::Menu) spare.title = line.text("the menu's title");
+        line.end();
+        const auto [entry, isNew] = module.lists.try_emplace(number, spare);
+        if (!isNew) throw Fault{"the number is taken by the list of " + describe(entry->second.origin)};
+        list = &entry->second;
+    }
+
+    void beginDialog(LineReader& line) {
+        leaveDefinition();
+        spareDialog = DialogDefinition();
+        spareDialog.origin = origin;
+        dialog = &spareDialog;
+        const int number = line.number("the dialog's number", 1);
+        spareDialog.title = line.text("the dialog's title");
+        line.keyword("size");
+        spareDialog.minimumWidth = spareDialog.width = line.number("the width", 1);
+        spareDialog.minimumHeight = spareDialog.height = line.number("the height", 1);
+        if (!line.atEnd()) readGrowth(line);
+        line.end();
+        const auto [entry, isNew] = module.dialogs.try_emplace(number, spareDialog);
+        if (!isNew) throw Fault{"the number is taken by the dialog of " + describe(entry->second.origin)};
+        dialog = &entry->second;
+    }
+
+    void readGrowth(LineReader& line) {
+        line.keyword("grow");
+        spareDialog.growable = true;
+        spareDialog.minimumWidth = line.number("the minimum width", 1);
+        spareDialog.minimumHeight = line.number("the minimum height", 1);
+        if (spareDialog.minimumWidth > spareDialog.width || spareDialog.minimumHeight > spareDialog.height)
+            throw Fault{"the minimum size exceeds the size"};
+    }
+
+    void readItem(LineReader& line, frontend::ItemKind kind) {
+        if (dialog == nullptr) throw Fault{"an item outside of a dialog"};
+        DialogItemDefinition item;
+        item.kind = kind;
+        item.origin = origin;
+        item.number = static_cast<Int16>(line.number("the item's number", 1));
+        line.keyword("at");
+        item.rect.left = line.number("the left edge", 0);
+        item.rect.top = line.number("the top edge", 0);
+        line.keyword("size");
+        item.rect.right = item.rect.left + line.number("the width", 1);
+        item.rect.bottom = item.rect.top + line.number("the height", 1);
+        if (std::max(item.rect.right, item.rect.bottom) > MostNumber) throw Fault{"the item ends too far out"};
+        if (kind != frontend::ItemKind::List) item.text = line.optionalText();
+        line.end();
+        const auto [entry, isNew] = dialog->items.try_emplace(item.number, item);
+        if (!isNew) throw Fault{"the number is taken by the item of " + describe(entry->second.origin)};
+    }
+
+    ResourceModule& module;
+    Origin origin;
+    // What the next lines belong to: at most one of the two.
+    TextList* list = nullptr;
+    DialogDefinition* dialog = nullptr;
+    TextList spare;
+    DialogDefinition spareDialog;
+};
+
+void translate(const GS::UniString& translation, GS::UniString& text) {
+    if (!translation.IsEmpty()) text = translation;
+}
+
+void translate(const DialogDefinition& translation, DialogDefinition& dialog, bool& faultless) {
+    translate(translation.title, dialog.title);
+    for (const auto& [number, item] : translation.items) {
+        const auto original = dialog.items.find(number);
+        if (original != dialog.items.end() && original->second.kind == item.kind) {
+            translate(item.text, original->second.text);
+            continue;
+        }
+        report(item.origin, "the dialog has no such item of this kind to translate");
+        faultless = false;
+    }
+}
+
+}  // namespace
+
+bool readDefinitions(const std::filesystem::path& folder, ResourceModule& module) {
+    std::error_code error;
+    std::vector<std::filesystem::path> files;
+    for (auto entry = std::filesystem::directory_iterator(folder, error);
+         !error && entry != std::filesystem::directory_iterator(); entry.increment(error))
+        if (entry->path().extension() == ".res") files.push_back(entry->path());
+    if (error) {
+        report({folder.string(), 0}, "the folder cannot be read");
+        return false;
+    }
+    std::sort(files.begin(), files.end());
+    bool faultless = true;
+    for (const std::filesystem::path& file : files) faultless = FileReader(file, module).read() && faultless;
+    return faultless;
+}
+
+bool applyTranslation(const ResourceModule& translation, ResourceModule& module) {
+    bool faultless = true;
+    for (const auto& [number, list] : translation.lists) {
+        const auto original = module.lists.find(number);
+        if (original == module.lists.end() || original->second.kind != list.kind || list.kind == TextListKind::Fixed ||
+            list.texts.size() > original->second.texts.size()) {
+            report(list.origin, "no translatable list of this kind, number and length");
+            faultless = false;
+            continue;
+        }
+        translate(list.title, original->second.title);
+        for (std::size_t i = 0; i < list.texts.size(); ++i) translate(list.texts[i], original->second.texts[i]);
+    }
+    for (const auto& [number, dialog] : translation.dialogs) {
+        const auto original = module.dialogs.find(number);
+        if (original != module.dialogs.end()) {
+            translate(dialog, original->second, faultless);
+            continue;
+        }
+        report(dialog.origin, "no dialog of this number to translate");
+        faultless = false;
+    }
+    return faultless;
+}
+
+}  // namespace frameworks

@@ -1,0 +1,189 @@
+#include "UniString.hpp"
+
+#include "NarrowText.hpp"
+
+#include <algorithm>
+#include <limits>
+#include <memory>
+#include <new>
+
+namespace GS {
+
+namespace {
+
+icu::UnicodeString& text(unsigned char (&storage)[64]) {
+    return *std::launder(reinterpret_cast<icu::UnicodeString*>(storage));
+}
+
+const icu::UnicodeString& text(const unsigned char (&storage)[64]) {
+    return *std::launder(reinterpret_cast<const icu::UnicodeString*>(storage));
+}
+
+std::string_view narrowView(const char* narrow) {
+    return narrow == nullptr ? std::string_view() : std::string_view(narrow);
+}
+
+/// ICU marks a text that it has no memory for as bogus instead of throwing.
+void requireMemory(const icu::UnicodeString& result) {
+    if (result.isBogus()) throw std::bad_alloc();
+}
+
+UIndex toIndex(std::size_t position) {
+    return position == std::u16string_view::npos ? MaxUIndex : static_cast<UIndex>(position);
+}
+
+}  // namespace
+
+UniString::UniString() {
+    static_assert(sizeof(icu::UnicodeString) <= sizeof storage && alignof(icu::UnicodeString) <= 8);
+    new (storage) icu::UnicodeString();
+}
+
+UniString::UniString(const char* narrow) {
+    new (storage) icu::UnicodeString(frameworks::decodeNarrow(narrowView(narrow)));
+}
+
+UniString::UniString(const char* narrow, USize byteCount) {
+    new (storage) icu::UnicodeString(
+        frameworks::decodeNarrow(narrow == nullptr ? std::string_view() : std::string_view(narrow, byteCount)));
+}
+
+UniString::UniString(const char16_t* units, USize count) {
+    if (count > static_cast<USize>(std::numeric_limits<Int32>::max())) throw std::bad_alloc();
+    if (units == nullptr) count = 0;
+    new (storage) icu::UnicodeString(units, static_cast<Int32>(count));
+    requireMemory(text(storage));
+}
+
+UniString::UniString(const UniString& other) {
+    new (storage) icu::UnicodeString(text(other.storage));
+    requireMemory(text(storage));
+}
+
+UniString::UniString(UniString&& other) noexcept {
+    new (storage) icu::UnicodeString(std::move(text(other.storage)));
+    text(other.storage).remove();  // A text that was moved from is bogus to ICU; here it is an empty one.
+}
+
+UniString::~UniString() {
+    std::destroy_at(&text(storage));
+}
+
+UniString& UniString::operator=(const UniString& other) {
+    text(storage) = text(other.storage);
+    requireMemory(text(storage));
+    return *this;
+}
+
+UniString& UniString::operator=(UniString&& other) noexcept {
+    if (this == &other) return *this;
+    text(storage) = std::move(text(other.storage));
+    text(other.storage).remove();
+    return *this;
+}
+
+UniString& UniString::operator=(const char* narrow) {
+    text(storage) = frameworks::decodeNarrow(narrowView(narrow));
+    return *this;
+}
+
+USize UniString::GetLength() const {
+    return static_cast<USize>(text(storage).length());
+}
+
+const char16_t* UniString::GetUnits() const {
+    return text(storage).getBuffer();
+}
+
+char16_t UniString::operator[](UIndex at) const {
+    return at < GetLength() ? text(storage).charAt(static_cast<Int32>(at)) : char16_t{0xFFFF};
+}
+
+void UniString::Clear() {
+    text(storage).remove();
+}
+
+UniString& UniString::Append(const UniString& tail) {
+    return Insert(MaxUIndex, tail);
+}
+
+UniString& UniString::Insert(UIndex at, const UniString& inserted) {
+    const Int32 position = static_cast<Int32>(std::min(at, GetLength()));
+    if (&inserted == this) {
+        const icu::UnicodeString copy(text(storage));
+        text(storage).insert(position, copy);
+    } else {
+        text(storage).insert(position, text(inserted.storage));
+    }
+    requireMemory(text(storage));
+    return *this;
+}
+
+UniString& UniString::Delete(UIndex from, Int64 count) {
+    const USize length = GetLength();
+    if (from >= length || count <= 0) return *this;
+    const Int64 clipped = std::min<Int64>(count, length - from);
+    text(storage).remove(static_cast<Int32>(from), static_cast<Int32>(clipped));
+    return *this;
+}
+
+UniString& UniString::DeleteFrom(UIndex from) {
+    return Delete(from, std::numeric_limits<Int64>::max());
+}
+
+UniString& UniString::ReplaceAll(const UniString& pattern, const UniString& replacement) {
+    const std::u16string_view source = View();
+    const std::u16string_view searched = pattern.View();
+    std::size_t found = searched.empty() ? source.npos : source.find(searched);
+    if (found == source.npos) return *this;
+    icu::UnicodeString result;
+    const auto append = [&result](std::u16string_view part) {
+        result.append(part.data(), static_cast<Int32>(part.size()));
+    };
+    std::size_t done = 0;
+    for (; found != source.npos; found = source.find(searched, done)) {
+        append(source.substr(done, found - done));
+        append(replacement.View());
+        done = found + searched.size();
+    }
+    append(source.substr(done));
+    requireMemory(result);
+    text(storage) = std::move(result);
+    return *this;
+}
+
+// The searches go through the view: ICU's own never find half a surrogate pair, but positions here count code units.
+
+UIndex UniString::FindFirst(char16_t unit, UIndex from) const {
+    return toIndex(View().find(unit, from));
+}
+
+UIndex UniString::FindFirst(const UniString& pattern, UIndex from) const {
+    return toIndex(View().find(pattern.View(), from));
+}
+
+UIndex UniString::FindLast(char16_t unit) const {
+    return toIndex(View().rfind(unit));
+}
+
+UniString UniString::GetSubstring(Int64 from, Int64 count) const {
+    const Int64 length = GetLength();
+    const Int64 begin = std::clamp<Int64>(from, 0, length);
+    // A start before the text uses up some of the count; the subtraction cannot overflow, both being of one sign.
+    const Int64 left = from < 0 && count > 0 ? std::max<Int64>(count + from, 0) : count;
+    const Int64 clipped = std::clamp<Int64>(left, 0, length - begin);
+    return UniString(View().substr(static_cast<std::size_t>(begin), static_cast<std::size_t>(clipped)));
+}
+
+UniString::CStr::CStr(const UniString& source) : text(inlineText) {
+    const std::size_t needed = frameworks::encodeNarrow(source.View(), inlineText, sizeof inlineText);
+    if (needed < sizeof inlineText) return;
+    text = new char[needed + 1];
+    frameworks::encodeNarrow(source.View(), text, needed + 1);
+}
+
+UniString::CStr::~CStr() {
+    if (text != inlineText) delete[] text;
+}
+
+}  // namespace GS
