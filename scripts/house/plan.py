@@ -51,8 +51,8 @@ class House(Builder):
                                  None, None, None, (model,), units)
 
     def subcontext(self, name, model, view):
-        return self.add("IfcGeometricRepresentationSubContext", name, "Model", DERIVED, DERIVED, DERIVED, DERIVED, model,
-                        None, Enum(view), None)
+        return self.add("IfcGeometricRepresentationSubContext", name, "Model", DERIVED, DERIVED, DERIVED, DERIVED,
+                        model, None, Enum(view), None)
 
     def units(self):
         def si(kind, name, prefix=None):

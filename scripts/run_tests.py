@@ -1,0 +1,140 @@
+#!/usr/bin/env python3
+"""Runs every test program of a build and every test script, and counts.
+
+usage: run_tests.py BUILD [TEXT]         TEXT: only the tests whose name holds it
+       run_tests.py --script FILE OUT [TEXT]   (its own: one test script in a process of its own)
+
+A test program is an executable in BUILD/tests, a test script tests/*/test_*.py with unittest cases. Both find the
+project's folder, the built programs and the real models in the environment: PROJECT_DIR, BINARY_DIR, MODELS_DIR. A
+program that crashes, or says nothing about its tests, counts as one failed test.
+"""
+
+import concurrent.futures
+import importlib.util
+import json
+import os
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+from pathlib import Path
+
+PROJECT = Path(__file__).resolve().parent.parent
+TIME_LIMIT = 900  # Seconds for one program.
+
+
+class Outcome:
+    def __init__(self, passed=0, failed=0, skipped=0, messages=()):
+        self.passed, self.failed, self.skipped, self.messages = passed, failed, skipped, list(messages)
+
+    def __add__(self, other):
+        return Outcome(self.passed + other.passed, self.failed + other.failed, self.skipped + other.skipped,
+                       self.messages + other.messages)
+
+    def ran(self):
+        return self.passed + self.failed + self.skipped
+
+
+def outcome_of_program(report):
+    """From GoogleTest's own report. Cases left out by the filter are not in it as run, and not counted."""
+    total = Outcome()
+    for suite in report["testsuites"]:
+        for case in suite["testsuite"]:
+            name = f"{suite['name']}.{case['name']}"
+            if case.get("failures"):
+                total += Outcome(failed=1, messages=[f"{name}\n{f['failure']}" for f in case["failures"]])
+            elif case["result"] == "SKIPPED" or case["name"].startswith("DISABLED_"):
+                total += Outcome(skipped=1)
+            elif case["status"] == "RUN":
+                total += Outcome(passed=1)
+    return total
+
+
+def command_for(test, report, text):
+    if test.suffix == ".py":
+        return [sys.executable, __file__, "--script", str(test), str(report), text]
+    return [str(test), f"--gtest_output=json:{report}", "--gtest_brief=1", *([f"--gtest_filter=*{text}*"] if text else [])]
+
+
+def run(test, build, text):
+    """@return (seconds, Outcome)"""
+    environment = dict(os.environ, PROJECT_DIR=str(PROJECT), BINARY_DIR=str(build / "bin"),
+                       MODELS_DIR=str(PROJECT.parent / "shared" / "models"))
+    begin = time.monotonic()
+    with tempfile.TemporaryDirectory() as folder:
+        report = Path(folder) / "report.json"
+        try:
+            done = subprocess.run(command_for(test, report, text), env=environment, cwd=folder, stdin=subprocess.DEVNULL,
+                                  stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=TIME_LIMIT)
+            output, status = done.stdout.decode(errors="replace"), done.returncode
+        except subprocess.TimeoutExpired as late:
+            output, status = (late.stdout or b"").decode(errors="replace"), f"stopped after {TIME_LIMIT} s"
+        outcome = Outcome()
+        if report.exists():
+            found = json.loads(report.read_text(encoding="utf-8"))
+            outcome = Outcome(**found) if test.suffix == ".py" else outcome_of_program(found)
+        # A status that the report does not account for: a crash, a leak found at exit, a hook that failed.
+        if status != 0 and not outcome.failed:
+            outcome += Outcome(failed=1, messages=[f"{test.name} ended with {status}\n{output[-4000:]}"])
+    return time.monotonic() - begin, outcome
+
+
+def run_script(path, report, text):
+    """Runs one test script's unittest cases here and writes the counts."""
+    sys.path.insert(0, str(path.parent))
+    spec = importlib.util.spec_from_file_location(path.stem, path)
+    module = importlib.util.module_from_spec(spec)
+    spec.loader.exec_module(module)
+    suite = unittest.TestSuite(case for case in cases(unittest.defaultTestLoader.loadTestsFromModule(module))
+                               if text in case.id())
+    result = Counts()
+    suite.run(result)
+    bad = result.failures + result.errors
+    failed = {case.id().split(" (")[0] for case, _ in bad}  # A case's sub-tests bear its name and more in brackets.
+    report.write_text(json.dumps({
+        "passed": result.passed, "failed": len(failed), "skipped": len(result.skipped),
+        "messages": [f"{case.id()}\n{trace}" for case, trace in bad] +
+                    [f"skipped {case.id()}: {why}" for case, why in result.skipped]}), encoding="utf-8")
+    return 1 if bad else 0
+
+
+class Counts(unittest.TestResult):
+    passed = 0
+
+    def addSuccess(self, test):
+        self.passed += 1
+
+
+def cases(suite):
+    for item in suite:
+        yield from cases(item) if isinstance(item, unittest.TestSuite) else [item]
+
+
+def main(build, text):
+    programs = [p for p in sorted((build / "tests").iterdir()) if p.is_file() and os.access(p, os.X_OK)]
+    tests = programs + sorted(PROJECT.glob("tests/*/test_*.py"))
+    total = Outcome()
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        waiting = {pool.submit(run, test, build, text): test for test in tests}
+        for future in concurrent.futures.as_completed(waiting):
+            seconds, outcome = future.result()
+            total += outcome
+            if text and not outcome.ran():
+                continue
+            test = waiting[future]
+            name = str(test.relative_to(PROJECT)) if test.suffix == ".py" else test.name
+            print(f"{'FAILED' if outcome.failed else 'ok    '} {name:<44} {outcome.ran():5} tests {seconds:7.1f} s")
+            for message in outcome.messages:
+                print("       " + message.rstrip().replace("\n", "\n       "))
+            sys.stdout.flush()
+    if not total.ran():
+        print(f"no test's name holds {text!r}" if text else "there is no test")
+    print(f"{total.passed} passed, {total.failed} failed, {total.skipped} skipped")
+    return 1 if total.failed or not total.ran() else 0
+
+
+if __name__ == "__main__":
+    if sys.argv[1] == "--script":
+        sys.exit(run_script(Path(sys.argv[2]), Path(sys.argv[3]), sys.argv[4]))
+    sys.exit(main(Path(sys.argv[1]).resolve(), sys.argv[2] if len(sys.argv) > 2 else ""))

@@ -1,0 +1,36 @@
+"""Every header can be included first, and twice."""
+
+import concurrent.futures
+import os
+import shutil
+import subprocess
+import unittest
+
+from project import INCLUDE_ROOTS, PROJECT, Rules, files
+
+
+def qt_flags():
+    found = subprocess.run(["pkg-config", "--cflags", "Qt6Widgets"], capture_output=True, text=True)
+    return found.stdout.split() if found.returncode == 0 else None
+
+
+def complaint(header, flags):
+    text = f'#include "{PROJECT / header}"\n#include "{PROJECT / header}"\n'
+    roots = [f"-I{PROJECT / root}" for root in INCLUDE_ROOTS]
+    done = subprocess.run(["g++", "-std=c++20", "-fPIC", "-fsyntax-only", *roots, *flags, "-x", "c++", "-"], input=text,
+                          capture_output=True, text=True)
+    return f"{header}\n{done.stderr}" if done.returncode else ""
+
+
+@unittest.skipUnless(shutil.which("g++"), "g++ is not installed")
+class Headers(Rules):
+    def test_each_compiles_alone(self):
+        flags = qt_flags()
+        headers = [h for h in files(".hpp") if flags is not None or not h.as_posix().startswith("host/desktop/")]
+        self.assertTrue(headers)
+        with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+            self.expect_none(filter(None, pool.map(lambda header: complaint(header, flags or []), headers)))
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,74 @@
+"""Which folder may include what. The add-on must build against another host kit, the model must stand alone."""
+
+import re
+import unittest
+
+from project import Rules, includes, read, resolve, sources
+
+# What a foreign header belongs to; the first pattern that matches the name counts.
+LIBRARIES = (
+    ("ICU", r"unicode/.+\.h$"),
+    ("zip", r"zip\.h$"),
+    ("uuid", r"uuid/uuid\.h$"),
+    ("fmt", r"fmt/.+\.h$"),
+    ("json", r"nlohmann/.+"),
+    ("CLI", r"CLI/.+"),
+    ("Qt", r"Q[A-Z]\w+$|Qt\w+/.+|q\w+\.h$"),
+    ("standard", r"[a-z_]+$|std(def|int|bool|arg)\.h$"),
+    ("macOS", r"mach-o/.+\.h$"),
+    ("system", r"[a-z_/]+\.h$"),
+)
+
+# Folder -> (folders of the project, foreign libraries). What is not listed is forbidden.
+MAY_INCLUDE = {
+    "Src/": (("Src/", "binding/", "host/include/"), ("standard",)),
+    "binding/": (("binding/", "Src/", "host/include/"), ("standard", "macOS")),
+    "host/include/": (("host/include/",), ("standard",)),
+    "host/model/": (("host/model/",), ("standard", "system", "ICU", "zip")),
+    "host/frameworks/": (("host/frameworks/", "host/include/"), ("standard", "system", "ICU", "uuid")),
+    "host/services/": (("host/services/", "host/frameworks/", "host/include/", "host/model/"),
+                       ("standard", "system", "ICU", "fmt")),
+    "host/console/": (("host/",), ("standard", "system", "ICU", "fmt", "json", "CLI")),
+    "host/desktop/": (("host/",), ("standard", "system", "ICU", "fmt", "Qt")),
+}
+PROGRAMS = ("host/console/", "host/desktop/")
+WRITTEN_BY_THE_BUILD = (".moc", ".inc")
+
+
+def library_of(name):
+    return next((library for library, pattern in LIBRARIES if re.match(pattern, name)), "unknown")
+
+
+def included(folder):
+    """(place, the project's file or None, name) of each include line of the folder."""
+    for path in sources(folder):
+        for number, name, quoted in includes(path):
+            own = resolve(path, name, quoted)
+            if own or not name.endswith(WRITTEN_BY_THE_BUILD):
+                yield f"{path}:{number}", own, name
+
+
+class IncludeRules(Rules):
+    def test_each_folder_includes_only_what_it_may(self):
+        for folder, (folders, libraries) in MAY_INCLUDE.items():
+            self.assertTrue(sources(folder), f"no sources in {folder}: has it moved?")
+            self.expect_none(f"{place}: {folder} may not include {own or name}"
+                             for place, own, name in included(folder)
+                             if not (own.as_posix().startswith(folders) if own else library_of(name) in libraries))
+
+    def test_programs_do_not_include_each_other(self):
+        for folder in PROGRAMS:
+            others = tuple(set(PROGRAMS) - {folder})
+            self.expect_none(f"{place}: {own}" for place, own, _ in included(folder)
+                             if own and own.as_posix().startswith(others))
+
+    def test_only_the_two_programs_have_a_main(self):
+        having = [path.as_posix() for path in sources("Src/", "binding/", "host/")
+                  if re.search(r"^int main\(", read(path), re.MULTILINE)]
+        self.expect_none(path for path in having if not path.startswith(PROGRAMS))
+        for folder in PROGRAMS:
+            self.assertEqual(len([path for path in having if path.startswith(folder)]), 1, f"mains in {folder}")
+
+
+if __name__ == "__main__":
+    unittest.main()
