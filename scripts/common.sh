@@ -5,26 +5,23 @@ project=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 say() { printf '%s\n' "$*" >&2; }
 fail() { say "${0##*/}: $*"; exit 1; }
 
-as_root() {
-    if [ "$(id -u)" = 0 ]; then "$@"
-    elif command -v sudo >/dev/null; then sudo "$@"
-    else fail "must install $missing; run this as root, or install sudo"
-    fi
+# Installs those of the packages named that are not there. A system without dpkg has its own names for them; there the
+# build says what it does not find.
+need() {
+    command -v dpkg-query >/dev/null || return 0
+    local installed missing root= log=$project/build/install.log
+    installed=$(dpkg-query -W -f '${db:Status-Status} ${Package}\n' "$@" 2>/dev/null | sed -n 's/^installed //p') || true
+    missing=$(printf '%s\n' "$@" | grep -vxF -e "$installed" | tr '\n' ' ') || return 0
+    [ "$(id -u)" = 0 ] || root=sudo
+    [ -z "$root" ] || command -v sudo >/dev/null || fail "install these, or run this as root or with sudo: $missing"
+    say "Installing $missing"
+    mkdir -p "$project/build"
+    install_packages $missing >"$log" 2>&1 || { tail -n 20 "$log" >&2; fail "could not install $missing"; }
 }
 
-# Installs those of the packages named that are not there. Costs a few milliseconds where all are.
-need() {
-    missing=
-    local package
-    for package in "$@"; do
-        [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || missing="$missing $package"
-    done
-    [ -n "$missing" ] || return 0
-    say "Installing$missing"
-    local log=$project/build/install.log
-    mkdir -p "$project/build"
-    { as_root apt-get -q update &&
-        as_root env DEBIAN_FRONTEND=noninteractive apt-get -qy --no-install-recommends install $missing; } >"$log" 2>&1 || { tail -n 20 "$log" >&2; fail "could not install$missing (all of it: build/install.log)"; }
+install_packages() {
+    $root apt-get -q update &&
+        $root env DEBIAN_FRONTEND=noninteractive apt-get -qy --no-install-recommends install "$@"
 }
 
 packages() { sed -n 's/^\([a-z][^ ]*\) .*/\1/p' "$project/scripts/packages"; }

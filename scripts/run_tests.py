@@ -54,7 +54,7 @@ def outcome_of_program(report):
 def command_for(test, report, text):
     if test.suffix == ".py":
         return [sys.executable, __file__, "--script", str(test), str(report), text]
-    return [str(test), f"--gtest_output=json:{report}", "--gtest_brief=1", *([f"--gtest_filter=*{text}*"] if text else [])]
+    return [str(test), f"--gtest_output=json:{report}", "--gtest_brief=1", f"--gtest_filter=*{text}*"]
 
 
 def run(test, build, text):
@@ -65,8 +65,8 @@ def run(test, build, text):
     with tempfile.TemporaryDirectory() as folder:
         report = Path(folder) / "report.json"
         try:
-            done = subprocess.run(command_for(test, report, text), env=environment, cwd=folder, stdin=subprocess.DEVNULL,
-                                  stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=TIME_LIMIT)
+            done = subprocess.run(command_for(test, report, text), env=environment, cwd=folder, timeout=TIME_LIMIT,
+                                  stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
             output, status = done.stdout.decode(errors="replace"), done.returncode
         except subprocess.TimeoutExpired as late:
             output, status = (late.stdout or b"").decode(errors="replace"), f"stopped after {TIME_LIMIT} s"

@@ -62,8 +62,8 @@ class Text(Rules):
 
     @unittest.skipUnless(shutil.which("clang-format-14"), "clang-format-14 is not installed")
     def test_sources_are_formatted(self):
-        done = subprocess.run(["clang-format-14", "--dry-run", "--Werror", *map(str, files(".hpp", ".cpp"))], cwd=PROJECT,
-                              capture_output=True, text=True)
+        command = ["clang-format-14", "--dry-run", "--Werror", *map(str, files(".hpp", ".cpp"))]
+        done = subprocess.run(command, cwd=PROJECT, capture_output=True, text=True)
         self.expect_none(line for line in done.stderr.splitlines() if "error:" in line)
         self.assertEqual(done.returncode, 0, done.stderr)
 
