@@ -1,0 +1,147 @@
+#include "services/AddOn.hpp"
+
+#include "services/ErrorCodes.hpp"
+
+#include <fmt/format.h>
+
+#include <cstring>
+#include <vector>
+
+namespace host {
+
+namespace {
+
+constexpr UInt32 InterfaceVersion = 0x00130001;
+constexpr UInt32 ApiVersion = 19000;
+
+model::Error cannot(std::string reason) {
+    return {model::ErrorKind::CannotRead, std::move(reason)};
+}
+
+/// Handles are never freed: an address that comes back would make a stale handle valid again.
+void* newClientHandle() {
+    static std::vector<std::unique_ptr<char>> handles;
+    return handles.emplace_back(std::make_unique<char>()).get();
+}
+
+/// A buffer of the add-on's, which need not have been terminated.
+template <std::size_t size>
+std::string textOf(const char (&buffer)[size]) {
+    return {buffer, strnlen(buffer, size)};
+}
+
+model::Status checkVersions(const ExportedFunctions& exported) {
+    if (exported.interfaceVersion != InterfaceVersion) {
+        return cannot(fmt::format("its interface version is {:#010x}, this host's is {:#010x}",
+                                  exported.interfaceVersion, InterfaceVersion));
+    }
+    if (exported.apiVersion != ApiVersion) {
+        return cannot(fmt::format("it is built for version {} of the host interface, this host has version {}",
+                                  exported.apiVersion, ApiVersion));
+    }
+    return {};
+}
+
+model::Status checkFunctions(const ExportedFunctions& exported) {
+    const char* missing = exported.checkEnvironment == nullptr    ? "checkEnvironment"
+                          : exported.registerInterface == nullptr ? "registerInterface"
+                          : exported.initialize == nullptr        ? "initialize"
+                          : exported.freeData == nullptr          ? "freeData"
+                                                                  : nullptr;
+    if (missing != nullptr) return cannot(fmt::format("its record has no function {}", missing));
+    return {};
+}
+
+}  // namespace
+
+AddOn::AddOn(const std::filesystem::path& bundle)
+    : bundleName((bundle.has_filename() ? bundle : bundle.parent_path()).stem().string()),
+      clientHandle(newClientHandle()) {}
+
+model::Result<std::unique_ptr<AddOn>> AddOn::open(const std::filesystem::path& bundle) {
+    std::unique_ptr<AddOn> addOn(new AddOn(bundle));
+    auto image = AddOnImage::load(bundle);
+    if (!image) return image.error();
+    addOn->image = std::move(*image);
+    if (const model::Status read = addOn->readRecord(); !read) return read.error();
+    addOn->resourceModule = RSOpenResourceFile(bundle.c_str());
+    if (addOn->resourceModule == InvalidResModule) return cannot("its resource file cannot be read");
+    return addOn;
+}
+
+model::Status AddOn::readRecord() {
+    const auto fault = call("GetExportedFuncAddrs", [this] { image->getExported()(&exported); });
+    if (fault) return cannot(*fault);
+    // The version first: the rest of a record of another version may mean something else.
+    if (const model::Status known = checkVersions(exported); !known) return known;
+    return checkFunctions(exported);
+}
+
+model::Status AddOn::start(const HostFunction* table) {
+    if (const model::Status bound = bind(table); !bound) return bound;
+    if (const model::Status willing = checkEnvironment(); !willing) return willing;
+    stage = Stage::Registering;
+    const model::Status registered =
+        step("registerInterface", [](AddOn& addOn) { return addOn.exported.registerInterface(); });
+    stage = Stage::Registered;
+    if (!registered) return registered;
+    stage = Stage::Initialized;
+    return step("initialize", [](AddOn& addOn) { return addOn.exported.initialize(addOn.clientHandle); });
+}
+
+model::Status AddOn::bind(const HostFunction* table) {
+    GSErrCode answer = NoError;
+    const auto fault = call("SetImportedFuncAddrs", [&] { answer = image->setImported()(table); });
+    if (fault) return cannot(*fault);
+    if (answer != NoError) return cannot(fmt::format("it refused the host's functions: {}", errorName(answer)));
+    return {};
+}
+
+model::Status AddOn::checkEnvironment() {
+    API_EnvirParams environment{};
+    API_AddonType answer = APIAddon_DontRegister;
+    const auto fault = call("checkEnvironment", [&] { answer = exported.checkEnvironment(&environment); });
+    if (fault) return cannot(*fault);
+    if (answer == APIAddon_DontRegister) return cannot("it does not want to run in this host");
+    addOnName = textOf(environment.addOnInfo.name);
+    addOnDescription = textOf(environment.addOnInfo.description);
+    if (addOnName.empty()) addOnName = bundleName;
+    return {};
+}
+
+model::Status AddOn::step(std::string_view function, GSErrCode (*body)(AddOn&)) {
+    GSErrCode answer = NoError;
+    const auto fault = call(function, [&] { answer = body(*this); });
+    if (fault) return cannot(*fault);
+    if (answer != NoError) return cannot(fmt::format("its {} failed: {}", function, errorName(answer)));
+    return {};
+}
+
+void AddOn::stop() {
+    const bool started = stage == Stage::Registered || stage == Stage::Initialized;
+    if (!started || hasCrashed) return;
+    static_cast<void>(call("freeData", [this] { exported.freeData(); }));  // It goes either way.
+    stage = Stage::Stopped;
+}
+
+AddOn::~AddOn() {
+    if (hasCrashed) image->keepLoaded();
+    image.reset();
+    if (resourceModule != InvalidResModule) RSCloseResourceFile(resourceModule);
+}
+
+std::string AddOn::refusal(std::string_view where) const {
+    return fmt::format("the add-on {} crashed before: {} is not called any more", bundleName, where);
+}
+
+std::string AddOn::faultMessage(std::string_view where, const CallFault& fault) {
+    if (!fault.crashed) return fmt::format("the add-on {} let {} out of {}", bundleName, fault.what, where);
+    hasCrashed = true;
+    return fmt::format(
+        "the add-on {} crashed in {} ({}); it is not called any more. The model is as it was before the command: save "
+        "a "
+        "copy and start the program again",
+        bundleName, where, fault.what);
+}
+
+}  // namespace host

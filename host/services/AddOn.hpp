@@ -1,0 +1,81 @@
+#pragma once
+// A loaded add-on on its way through the load sequence of HostTable.hpp. Every call into its code goes through here.
+
+#include "HostTable.hpp"
+#include "ResourceManager.hpp"
+#include "model/Result.hpp"
+#include "services/AddOnImage.hpp"
+#include "services/CallGuard.hpp"
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace host {
+
+class AddOn {
+public:
+    /// Steps 1 and 2: loads the image, reads and checks its record, opens its resource file.
+    static model::Result<std::unique_ptr<AddOn>> open(const std::filesystem::path& bundle);
+    /// Step 8. After stop().
+    ~AddOn();
+    AddOn(const AddOn&) = delete;
+    AddOn& operator=(const AddOn&) = delete;
+
+    /// Steps 3 to 5. Fails with what went wrong; the add-on is then to be stopped and destroyed.
+    model::Status start(const HostFunction* table);
+    /// Step 7, where step 5 was reached. The host's operations still answer meanwhile.
+    void stop();
+
+    const std::string& name() const { return addOnName; }
+    const std::string& description() const { return addOnDescription; }
+    GSResModule resources() const { return resourceModule; }
+
+    /// The add-on's handle: an address of the host's own, never used again while the program runs, so that a stale one
+    /// is known as such.
+    void* client() const { return clientHandle; }
+    bool registering() const { return stage == Stage::Registering; }
+    /// Whether the load sequence has reached initialize: the client handle is valid.
+    bool initialized() const { return stage == Stage::Initialized; }
+    bool crashed() const { return hasCrashed; }
+    /// Whether a call into the add-on is under way.
+    bool busy() const { return depth > 0; }
+
+    /// Runs `body`, which calls the add-on's code. @param where  "the menu command", for the message.
+    /// @return nothing, or a complete message where the code crashed or threw. After a crash nothing is run any more.
+    template <class Body>
+    std::optional<std::string> call(std::string_view where, Body body) {
+        if (hasCrashed) return refusal(where);
+        ++depth;
+        std::optional<CallFault> fault = guarded(image->code(), body);
+        --depth;
+        if (!fault) return std::nullopt;
+        return faultMessage(where, *fault);
+    }
+
+private:
+    enum class Stage { Opened, Registering, Registered, Initialized, Stopped };
+
+    explicit AddOn(const std::filesystem::path& bundle);
+    model::Status readRecord();
+    model::Status bind(const HostFunction* table);
+    model::Status checkEnvironment();
+    model::Status step(std::string_view function, GSErrCode (*body)(AddOn&));
+    std::string refusal(std::string_view where) const;
+    std::string faultMessage(std::string_view where, const CallFault& fault);
+
+    std::string bundleName;
+    std::unique_ptr<AddOnImage> image;
+    FaultWatch faultWatch;
+    ExportedFunctions exported{};
+    GSResModule resourceModule = InvalidResModule;
+    void* clientHandle = nullptr;
+    std::string addOnName, addOnDescription;
+    Stage stage = Stage::Opened;
+    bool hasCrashed = false;
+    int depth = 0;
+};
+
+}  // namespace host

@@ -1,0 +1,44 @@
+#pragma once
+// An add-on's bundle and the image in it.
+
+#include "HostTable.hpp"
+#include "model/Result.hpp"
+#include "services/CodeRange.hpp"
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+namespace host {
+
+/// The image of a bundle: Contents/Linux/NAME, where NAME is CFBundleExecutable of the bundle's Info.plist, or the
+/// bundle's own name without its extension where the Info.plist does not say.
+std::filesystem::path imageOf(const std::filesystem::path& bundle);
+
+/// A loaded image with both entry points. Its start hook has run.
+class AddOnImage {
+public:
+    /// Fails with what is wrong with the bundle, without its path: the caller knows it.
+    static model::Result<std::unique_ptr<AddOnImage>> load(const std::filesystem::path& bundle);
+    /// Unloads the image; its end hook runs.
+    ~AddOnImage();
+    AddOnImage(const AddOnImage&) = delete;
+    AddOnImage& operator=(const AddOnImage&) = delete;
+
+    GetExportedFuncAddrsProc* getExported() const { return exportedProc; }
+    SetImportedFuncAddrsProc* setImported() const { return importedProc; }
+    const CodeRange& code() const { return codeRange; }
+
+    /// Leaves the image in memory for good: after a crash nothing of it may run any more, its end hook included.
+    void keepLoaded() { handle = nullptr; }
+
+private:
+    explicit AddOnImage(void* image);
+
+    void* handle;
+    CodeRange codeRange;
+    GetExportedFuncAddrsProc* exportedProc;
+    SetImportedFuncAddrsProc* importedProc;
+};
+
+}  // namespace host

@@ -1,0 +1,121 @@
+#include "services/CallGuard.hpp"
+
+#include "GSException.hpp"
+
+#include <ucontext.h>
+
+#include <array>
+#include <csetjmp>
+#include <csignal>
+#include <cstddef>
+#include <exception>
+#include <iterator>
+
+namespace host {
+
+namespace {
+
+struct Guard {
+    Guard* outer;
+    CodeRange code;
+    sigjmp_buf place;
+};
+
+/// The guarded calls under way on this thread.
+thread_local Guard* innermost = nullptr;
+
+struct WatchedSignal {
+    int number;
+    const char* name;
+    struct sigaction before;
+};
+WatchedSignal watchedSignals[] = {{SIGSEGV, "a segmentation fault", {}},
+                                  {SIGBUS, "a bus error", {}},
+                                  {SIGFPE, "an arithmetic fault", {}},
+                                  {SIGILL, "an illegal instruction", {}}};
+
+WatchedSignal* watched(int number) {
+    for (WatchedSignal& signal : watchedSignals) {
+        if (signal.number == number) return &signal;
+    }
+    return nullptr;
+}
+
+/// The address of the instruction that faulted; 0 on processors that are not known here, whose faults end the program.
+std::uintptr_t faultingInstruction(const void* context) {
+    const mcontext_t& machine = static_cast<const ucontext_t*>(context)->uc_mcontext;
+#if defined(__x86_64__)
+    return static_cast<std::uintptr_t>(machine.gregs[REG_RIP]);
+#elif defined(__aarch64__)
+    return machine.pc;
+#else
+    static_cast<void>(machine);
+    return 0;
+#endif
+}
+
+extern "C" void onFault(int number, siginfo_t* info, void* context) {
+    Guard* const guard = innermost;
+    const bool fromProcessor = info->si_code > 0;  // Not sent by kill() or raise().
+    if (guard != nullptr && fromProcessor && guard->code.contains(faultingInstruction(context))) {
+        siglongjmp(guard->place, number);
+    }
+    // Not the add-on's: the handler before gets it, when the instruction is tried again.
+    const WatchedSignal* signal = watched(number);
+    sigaction(number, &signal->before, nullptr);
+    if (!fromProcessor) raise(number);
+}
+
+/// The handler needs a stack of its own: the add-on's may be what is used up.
+void provideSignalStack() {
+    static constexpr std::size_t size = 64 * 1024;
+    static thread_local std::array<char, size> memory;
+    static thread_local bool provided = false;
+    if (provided) return;
+    stack_t stack{};
+    stack.ss_sp = memory.data();
+    stack.ss_size = memory.size();
+    provided = sigaltstack(&stack, nullptr) == 0;
+}
+
+std::optional<CallFault> catchingExceptions(void (*call)(void*), void* argument) {
+    try {
+        call(argument);
+        return std::nullopt;
+    } catch (const GS::GSException& exception) {
+        return CallFault{false, std::string("an exception: ") + exception.GetMessage().ToCStr().Get()};
+    } catch (const std::exception& exception) {
+        return CallFault{false, std::string("an exception: ") + exception.what()};
+    } catch (...) {
+        return CallFault{false, "an exception of an unknown kind"};
+    }
+}
+
+}  // namespace
+
+std::optional<CallFault> runGuarded(const CodeRange& code, void (*call)(void*), void* argument) {
+    provideSignalStack();
+    Guard guard{innermost, code, {}};
+    if (const int fault = sigsetjmp(guard.place, 1); fault != 0) {
+        innermost = guard.outer;
+        return CallFault{true, watched(fault)->name};
+    }
+    innermost = &guard;
+    std::optional<CallFault> result = catchingExceptions(call, argument);
+    innermost = guard.outer;
+    return result;
+}
+
+FaultWatch::FaultWatch() {
+    struct sigaction action {};
+    action.sa_sigaction = &onFault;
+    action.sa_flags = SA_SIGINFO | SA_ONSTACK;
+    sigemptyset(&action.sa_mask);
+    for (WatchedSignal& signal : watchedSignals) sigaction(signal.number, &action, &signal.before);
+}
+
+FaultWatch::~FaultWatch() {
+    for (const WatchedSignal& signal : watchedSignals) sigaction(signal.number, &signal.before, nullptr);
+}
+
+}  // namespace host

@@ -1,0 +1,168 @@
+#include "services/Host.hpp"
+
+#include "frameworks/FrontEnd.hpp"
+#include "services/ErrorCodes.hpp"
+#include "services/FunctionTable.hpp"
+#include "services/Session.hpp"
+
+#include <fmt/format.h>
+
+#include <stdexcept>
+#include <utility>
+
+namespace host {
+
+namespace {
+
+model::Error busy(const char* what) {
+    return {model::ErrorKind::Refused, fmt::format("cannot {} while a command of the add-on runs", what)};
+}
+
+/// How the dialog manager calls a handler.
+bool callHandler(void (*call)(void*), void* argument) {
+    Session& host = session();
+    if (!host.addOn) {
+        call(argument);
+        return true;
+    }
+    const auto fault = host.addOn->call("a dialog handler", [&] { call(argument); });
+    if (fault) host.report.write(*fault, true);
+    return !fault;
+}
+
+}  // namespace
+
+struct Host::Content {
+    Session session;
+    frontend::AddOnCaller callerBefore = nullptr;
+};
+
+Host::Host() : content(std::make_unique<Content>()) {
+    if (!setSession(&content->session)) throw std::logic_error("there is a Host already");
+    fillFunctionTable(content->session.table.data());
+    content->callerBefore = frontend::setAddOnCaller(&callHandler);
+}
+
+Host::~Host() {
+    unloadAddOn();
+    frontend::setAddOnCaller(content->callerBefore);
+    setSession(nullptr);
+}
+
+// --- Model ---
+
+model::Status Host::openModel(const std::filesystem::path& path, const model::OpenOptions& options) {
+    if (content->session.busy()) return busy("open a model");
+    auto opened = model::Model::open(path, options);
+    if (!opened) return opened.error();
+    content->session.replaceModel(std::move(*opened));
+    return {};
+}
+
+void Host::adoptModel(std::unique_ptr<model::Model> model) {
+    if (!content->session.busy()) content->session.replaceModel(std::move(model));
+}
+
+void Host::closeModel() {
+    if (!content->session.busy()) content->session.replaceModel(nullptr);
+}
+
+model::Model* Host::model() {
+    return content->session.model.get();
+}
+
+bool Host::undo() {
+    return !content->session.busy() && model() != nullptr && model()->undo();
+}
+
+bool Host::redo() {
+    return !content->session.busy() && model() != nullptr && model()->redo();
+}
+
+model::Status Host::save(const std::filesystem::path& path, const model::SaveOptions& options) {
+    if (model() == nullptr) return model::Error{model::ErrorKind::CannotWrite, "there is no open model to save"};
+    // Between commands of a busy add-on the model is whole: a dialog that is open keeps nobody from saving.
+    if (model()->commandOpen()) return busy("save the model");
+    return model()->save(path, options);
+}
+
+// --- Add-on ---
+
+model::Status Host::loadAddOn(const std::filesystem::path& bundle) {
+    Session& host = content->session;
+    const auto failure = [&](const std::string& reason) {
+        return model::Error{model::ErrorKind::CannotRead,
+                            fmt::format("cannot load the add-on {}: {}", bundle.string(), reason)};
+    };
+    if (host.addOn) return failure("another one is loaded");
+    auto opened = AddOn::open(bundle);
+    if (!opened) return failure(opened.error().message);
+    host.addOn = std::move(*opened);
+    const model::Status started = host.addOn->start(host.table.data());
+    if (started) return {};
+    unloadAddOn();
+    return failure(started.error().message);
+}
+
+void Host::unloadAddOn() {
+    Session& host = content->session;
+    if (!host.addOn || host.busy()) return;
+    host.addOn->stop();
+    host.menus.clear();
+    host.addOn.reset();
+}
+
+bool Host::addOnLoaded() const {
+    return content->session.addOn != nullptr;
+}
+
+const std::string& Host::addOnName() const {
+    static const std::string none;
+    return addOnLoaded() ? content->session.addOn->name() : none;
+}
+
+const std::string& Host::addOnDescription() const {
+    static const std::string none;
+    return addOnLoaded() ? content->session.addOn->description() : none;
+}
+
+const std::vector<Menu>& Host::menus() const {
+    return content->session.menus.all();
+}
+
+GSErrCode Host::pickMenuItem(Int16 menuStrResID, Int32 itemIndex) {
+    Session& host = content->session;
+    const API_MenuReference reference{menuStrResID, itemIndex, 0};
+    MenuItem* item = nullptr;
+    if (host.menus.find(reference, item) != NoError) return APIERR_BADINDEX;
+    if (!item->enabled || host.busy()) return APIERR_REFUSEDCMD;
+    APIMenuCommandProc* const handler = host.menus.handler(menuStrResID);
+    if (handler == nullptr) return APIERR_REFUSEDCMD;
+    host.menuParams = {reference};
+    GSErrCode result = NoError;
+    const auto fault = host.addOn->call("a menu command", [&] { result = handler(&host.menuParams); });
+    host.menuParams = {};
+    if (!fault) return result;
+    host.report.write(*fault, true);
+    return APIERR_COMMANDFAILED;
+}
+
+// --- Front end ---
+
+void Host::setPointPicker(PointPicker picker) {
+    content->session.picker = std::move(picker);
+}
+
+const std::vector<ReportLine>& Host::report() const {
+    return content->session.report.lines();
+}
+
+void Host::setReportSink(ReportSink sink) {
+    content->session.report.setSink(std::move(sink));
+}
+
+HostFunction* Host::table() {
+    return content->session.table.data();
+}
+
+}  // namespace host

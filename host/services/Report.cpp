@@ -1,0 +1,26 @@
+#include "services/Report.hpp"
+
+#include <utility>
+
+namespace host {
+
+void Report::write(std::string text, bool alert) {
+    written.push_back({std::move(text), alert});
+    if (!sink) return;
+    const ReportLine line = written.back();  // A copy: what the sink starts may write further lines.
+    sink(line);
+}
+
+std::string utf8(const GS::UniString& text) {
+    return text.ToCStr().Get();
+}
+
+std::string utf8(std::u16string_view text) {
+    return utf8(GS::UniString(text));
+}
+
+std::string guidText(const API_Guid& guid) {
+    return utf8(APIGuid2GSGuid(guid).ToUniString());
+}
+
+}  // namespace host

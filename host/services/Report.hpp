@@ -1,0 +1,28 @@
+#pragma once
+// The host's report: what add-ons write into it, and every edit and command that the host refused, with the reason.
+
+#include "APITypes.hpp"
+#include "services/Host.hpp"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace host {
+
+class Report {
+public:
+    void write(std::string text, bool alert = false);
+    void setSink(Host::ReportSink receiver) { sink = std::move(receiver); }
+    const std::vector<ReportLine>& lines() const { return written; }
+
+private:
+    std::vector<ReportLine> written;
+    Host::ReportSink sink;
+};
+
+std::string utf8(const GS::UniString& text);
+std::string utf8(std::u16string_view text);
+std::string guidText(const API_Guid& guid);
+
+}  // namespace host
