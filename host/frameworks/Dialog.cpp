@@ -131,7 +131,7 @@ Dialog DialogAccess::create(const frameworks::DialogDefinition& definition, Int1
 Int16 DialogAccess::run(Dialog& dialog) {
     const OpenDialog open(dialog);
     deliver(dialog, DG_MSG_INIT, 0, 0);
-    if (View* const view = currentView()) {
+    if (View* const view = currentView(); view != nullptr && !dialog.hasEnded) {
         dialog.isShown = true;
         view->runModal(dialog);
         dialog.isShown = false;
@@ -159,10 +159,16 @@ List* DialogAccess::list(Dialog& dialog, Int16 number) {
 }
 
 Int16 DialogAccess::deliver(Dialog& dialog, Int16 message, Int16 item, DGMessageData data) {
+    if (dialog.handlerGone) return 0;
     Int16 answer = 0;
+    auto call = [&] { answer = dialog.handler(message, dialog.dialogId, item, dialog.userData, data); };
     {
         const Raised atWork(dialog.inMessage);
-        answer = dialog.handler(message, dialog.dialogId, item, dialog.userData, data);
+        dialog.handlerGone = !callAddOn(call);
+    }
+    if (dialog.handlerGone) {
+        dialog.hasEnded = true;
+        answer = 0;
     }
     // A handler that forgot DGEndMoveGrowItems must not leave the view blind to everything that follows.
     endMoving(dialog);
@@ -172,7 +178,7 @@ Int16 DialogAccess::deliver(Dialog& dialog, Int16 message, Int16 item, DGMessage
 bool DialogAccess::click(Dialog& dialog, Int16 item, DGMessageData data) {
     if (!takesActions(dialog)) return false;
     dialog.endResult = deliver(dialog, DG_MSG_CLICK, item, data);
-    dialog.hasEnded = dialog.endResult != 0;
+    dialog.hasEnded = dialog.hasEnded || dialog.endResult != 0;
     return true;
 }
 

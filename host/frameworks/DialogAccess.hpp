@@ -15,6 +15,13 @@ inline constexpr Int16 MostFields = 255;
 /// The front end in charge, or null.
 View* currentView();
 
+/// @return false where the handler did not come to its end.
+bool callAddOn(void (*call)(void* argument), void* argument);
+template <class Call>
+bool callAddOn(Call& call) {
+    return callAddOn([](void* argument) { (*static_cast<Call*>(argument))(); }, &call);
+}
+
 struct DialogAccess {
     using Row = List::Row;
 

@@ -133,9 +133,10 @@ private:
     std::vector<Item> allItems;
     DGDialogHandler handler = nullptr;
     DGUserData userData = 0;
-    bool isShown = false;    ///< A view knows of it.
-    bool inMessage = false;  ///< The handler is at work.
-    bool moving = false;     ///< Between DGBeginMoveGrowItems and its end.
+    bool isShown = false;      ///< A view knows of it.
+    bool inMessage = false;    ///< The handler is at work.
+    bool handlerGone = false;  ///< It did not come to the end of a message.
+    bool moving = false;       ///< Between DGBeginMoveGrowItems and its end.
     bool hasEnded = false;
     Int16 endResult = 0;
 };
@@ -196,8 +197,7 @@ HOST_API std::vector<HelpLocation> helpLocations();
 /// How the dialog manager calls an add-on's handler: `call(argument)` runs it to its end. The host's services put
 /// theirs in, so that no exception and no crash of a handler passes through the frames of the front end.
 /// @return false where the handler did not come to its end: the dialog is then over, with result 0, and its handler
-/// gets
-///         no further message.
+///         gets no further message.
 using AddOnCaller = bool (*)(void (*call)(void* argument), void* argument);
 /// Null (the state at start) means that the handler is called as it is. @return the one before.
 HOST_API AddOnCaller setAddOnCaller(AddOnCaller caller);

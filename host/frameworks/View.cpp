@@ -7,6 +7,7 @@ namespace frontend {
 namespace {
 
 View* viewInCharge = nullptr;
+AddOnCaller callerInCharge = nullptr;
 
 }  // namespace
 
@@ -20,6 +21,16 @@ View* currentView() {
 
 View* setView(View* view) {
     return std::exchange(viewInCharge, view);
+}
+
+AddOnCaller setAddOnCaller(AddOnCaller caller) {
+    return std::exchange(callerInCharge, caller);
+}
+
+bool callAddOn(void (*call)(void* argument), void* argument) {
+    if (callerInCharge != nullptr) return callerInCharge(call, argument);
+    call(argument);
+    return true;
 }
 
 }  // namespace frontend
