@@ -1,0 +1,17 @@
+#pragma once
+// The command line's words, read into the options of one command.
+
+#include "console/Options.hpp"
+
+#include <optional>
+#include <string>
+#include <variant>
+
+namespace console {
+
+using Command = std::variant<ImportOptions, LookupOptions, ListOptions, ExportOptions, ScriptOptions>;
+
+/// Throws Failure for wrong usage. Nothing where help or the version was asked for and printed.
+std::optional<Command> parseCommandLine(int argc, const char* const* argv);
+
+}  // namespace console

@@ -1,0 +1,86 @@
+#include "console/Session.hpp"
+
+#include "console/Failure.hpp"
+#include "console/output/Interrupts.hpp"
+#include "console/output/Messages.hpp"
+#include "console/output/Text.hpp"
+
+#include <fmt/format.h>
+
+#include <cstdio>
+
+namespace console {
+namespace {
+
+std::string opening(const std::filesystem::path& path) {
+    return fmt::format("Opening {}", path.filename().string());
+}
+
+}  // namespace
+
+Session::Session(const CommonOptions& commonOptions, std::filesystem::path modelPath)
+    : options(commonOptions), path(std::move(modelPath)) {
+    theHost.setReportSink([](const host::ReportLine& line) { say(line.text); });
+    {
+        ProgressLine progress(opening(path));
+        throwUnlessDone(theHost.openModel(path, {progress.callback()}));
+    }
+    for (const std::string& remark : model().remarks()) say(remark);
+    if (options.debug) frontend::setDebugSink([](const char* text) { std::fputs(text, stderr); });
+}
+
+Session::~Session() {
+    theHost.unloadAddOn();
+    frontend::setDebugSink({});
+}
+
+void Session::loadAddOn() {
+    throwUnlessDone(theHost.loadAddOn(options.addOn.empty() ? host::defaultBundle() : options.addOn));
+}
+
+void Session::runMenuCommand(Int32 item, frontend::View& view) {
+    const auto place = findMenuItem(theHost, item);
+    if (!place) throw Failure(noSuchMenuItem(theHost, item));
+    const ViewInCharge inCharge(view);
+    const GSErrCode error = theHost.pickMenuItem(place->menu, place->item);
+    if (error != NoError)
+        throw Failure(fmt::format("the add-on's menu item {} ended with error 0x{:08X}; nothing was saved", item,
+                                  static_cast<UInt32>(error)));
+}
+
+void Session::save(const std::filesystem::path& target) {
+    InterruptGuard guard;
+    model::Status status;
+    {
+        ProgressLine progress(fmt::format("Saving {}", target.filename().string()));
+        status = theHost.save(target, {InterruptGuard::cancelling(progress.callback()), options.force});
+    }
+    if (!status && InterruptGuard::interrupted()) {
+        say(fmt::format("interrupted; {} was not written", target.string()));
+        InterruptGuard::dieIfInterrupted();
+    }
+    throwUnlessDone(status);
+}
+
+std::vector<std::string> Session::reportTexts() const {
+    std::vector<std::string> texts;
+    for (const host::ReportLine& line : theHost.report()) texts.push_back(wellFormed(line.text));
+    return texts;
+}
+
+std::optional<MenuPlace> findMenuItem(const host::Host& host, Int32 number) {
+    for (const host::Menu& menu : host.menus()) {
+        const auto count = static_cast<Int32>(menu.items.size());
+        if (number >= 1 && number <= count) return MenuPlace{menu.menuStrResID, number};
+        number -= count;
+    }
+    return std::nullopt;
+}
+
+std::string noSuchMenuItem(const host::Host& host, Int32 number) {
+    std::size_t count = 0;
+    for (const host::Menu& menu : host.menus()) count += menu.items.size();
+    return fmt::format("the add-on's menus have no item {}; they have {}", number, count);
+}
+
+}  // namespace console

@@ -1,0 +1,64 @@
+#pragma once
+// One run of modelhost: the model it works on, the add-on, and what both say to the user.
+
+#include "console/Options.hpp"
+#include "frameworks/FrontEnd.hpp"
+#include "services/Host.hpp"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace console {
+
+class Session {
+public:
+    /// Opens the model, showing progress, and says its remarks. Throws Failure.
+    Session(const CommonOptions& options, std::filesystem::path modelPath);
+    ~Session();
+
+    const std::filesystem::path& modelPath() const { return path; }
+    model::Model& model() { return *theHost.model(); }
+    host::Host& host() { return theHost; }
+
+    /// Throws Failure.
+    void loadAddOn();
+
+    /// Picks the add-on's menu item (from 1, over all of its menus) with `view` in charge, and runs its command to the
+    /// end. Throws Failure where there is no such item or the add-on answers with an error.
+    void runMenuCommand(Int32 item, frontend::View& view);
+
+    /// Saves, showing progress. An interrupt while it writes ends the program and leaves the old file. Throws Failure.
+    void save(const std::filesystem::path& target);
+
+    /// The refusals and notes of the host's report, UTF-8.
+    std::vector<std::string> reportTexts() const;
+
+private:
+    CommonOptions options;
+    std::filesystem::path path;
+    host::Host theHost;
+};
+
+/// Puts a view in charge for as long as it lives.
+class ViewInCharge {
+public:
+    explicit ViewInCharge(frontend::View& view) : previous(frontend::setView(&view)) {}
+    ~ViewInCharge() { frontend::setView(previous); }
+    ViewInCharge(const ViewInCharge&) = delete;
+    ViewInCharge& operator=(const ViewInCharge&) = delete;
+
+private:
+    frontend::View* previous;
+};
+
+/// A menu item's place among all items of the add-on's menus.
+struct MenuPlace {
+    Int16 menu = 0;
+    Int32 item = 0;
+};
+/// @param number  from 1. Nothing where the menus have no such item.
+std::optional<MenuPlace> findMenuItem(const host::Host& host, Int32 number);
+std::string noSuchMenuItem(const host::Host& host, Int32 number);
+
+}  // namespace console

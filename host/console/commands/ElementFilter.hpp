@@ -1,0 +1,32 @@
+#pragma once
+// Which elements a command is about: --type and --class.
+
+#include "model/Model.hpp"
+#include "model/ifc/Schema.hpp"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace console {
+
+class ElementFilter {
+public:
+    /// @param type      display name in any case, empty: any.
+    /// @param ifcClass  in any case, itself or a class below it; empty: any.
+    /// Throws Failure for a class that the model's schema does not have.
+    ElementFilter(const model::Model& model, std::string type, const std::string& ifcClass);
+
+    bool takes(const model::ElementInfo& info) const;
+
+    /// The elements taken, in the order of the file. Throws Failure for a type that is no element's.
+    std::vector<model::Element> elements() const;
+
+private:
+    const model::Model& model;
+    std::string type;
+    const model::ifc::Schema* schema = nullptr;
+    const model::ifc::Entity* ifcClass = nullptr;
+};
+
+}  // namespace console

@@ -1,0 +1,105 @@
+#include "console/Commands.hpp"
+#include "console/Session.hpp"
+#include "console/commands/ElementFilter.hpp"
+#include "console/export/Exporter.hpp"
+#include "console/output/Json.hpp"
+#include "console/output/Messages.hpp"
+#include "console/output/OutputFile.hpp"
+#include "console/output/SafeText.hpp"
+#include "console/output/StandardOutput.hpp"
+#include "console/output/Terminal.hpp"
+#include "console/output/Text.hpp"
+
+#include <fmt/format.h>
+
+namespace console {
+namespace {
+
+std::string lineOf(const ExportedValue& value) {
+    return fmt::format("{}\t{}\t{}\t{}\n", value.guid, value.item, value.value, value.value);
+}
+
+JsonValue jsonOf(const ExportedValue& value) {
+    return JsonValue::array({value.guid, value.item, value.value, value.value});
+}
+
+JsonValue jsonOf(const LeftOut::Group& group) {
+    return {{"item", group.item},
+            {"reason", explain(group.obstacle)},
+            {"count", group.count},
+            {"examples", group.examples}};
+}
+
+/// Where the lines go: into a file, into the JSON document, or to standard output, where a terminal is not sent control
+/// characters that a model's texts may hold.
+class Lines {
+public:
+    explicit Lines(const ExportOptions& options)
+        : json(options.common.format == Format::Json), terminal(Terminal::standardOutput().present) {
+        if (options.output) file.emplace(*options.output);
+    }
+
+    void take(const ExportedValue& value) {
+        if (json) document.push_back(jsonOf(value));
+        if (file) return file->write(lineOf(value));
+        if (json) return;
+        print(terminal ? fmt::format("{}\t{}\t{}\t{}\n", value.guid, visible(value.item), visible(value.value),
+                                     visible(value.value))
+                       : lineOf(value));
+    }
+
+    void finish() {
+        if (file) file->commit();
+        file.reset();
+    }
+
+    JsonValue& asJson() { return document; }
+
+private:
+    bool json;
+    bool terminal;
+    std::optional<OutputFile> file;
+    JsonValue document = JsonValue::array();
+};
+
+void printAsJson(Lines& lines, const Exporter& exporter, const ExportOptions& options) {
+    JsonValue document;
+    document["lines"] = std::move(lines.asJson());
+    document["leftOut"] = JsonValue::array();
+    for (const LeftOut::Group& group : exporter.leftOut().groups()) document["leftOut"].push_back(jsonOf(group));
+    if (options.output) document["saved"] = wellFormed(options.output->string());
+    printDocument(document);
+}
+
+void sayWhatIsMissing(const Exporter& exporter) {
+    for (const LeftOut::Group& group : exporter.leftOut().groups()) say(LeftOut::text(group));
+    for (const auto& [item, count] : exporter.ambiguous())
+        say(
+            fmt::format("{} of {} stand in several property sets: the import shows the last and writes the first; "
+                        "check them with 'modelhost lookup'",
+                        count == 1 ? "1 value" : fmt::format("{} values", count), item));
+}
+
+}  // namespace
+
+ExitStatus runExport(const ExportOptions& options) {
+    Session session(options.common, options.model);
+    const ElementFilter filter(session.model(), options.type, options.ifcClass);
+    const std::vector<model::Element> elements = filter.elements();
+    Lines lines(options);
+    Exporter exporter(session.model(), options.items, [&lines](const ExportedValue& value) { lines.take(value); });
+    {
+        ProgressLine progress("Exporting");
+        for (std::size_t i = 0; i < elements.size(); ++i) {
+            progress.show(i, elements.size());
+            exporter.write(elements[i]);
+        }
+    }
+    lines.finish();
+    if (options.common.format == Format::Json) printAsJson(lines, exporter, options);
+    sayWhatIsMissing(exporter);
+    if (options.output) say(fmt::format("{} lines written to {}", exporter.lineCount(), options.output->string()));
+    return ExitStatus::Done;
+}
+
+}  // namespace console

@@ -1,0 +1,82 @@
+#include "console/Commands.hpp"
+#include "console/Session.hpp"
+#include "console/import/Hints.hpp"
+#include "console/import/ImportReport.hpp"
+#include "console/import/ImportUser.hpp"
+#include "console/import/ReviewProgress.hpp"
+#include "console/import/UpdateFile.hpp"
+#include "console/output/Messages.hpp"
+#include "console/output/StandardOutput.hpp"
+#include "console/output/Text.hpp"
+
+namespace console {
+namespace {
+
+constexpr Int32 ImportMenuItem = 1;
+
+UpdateFileFindings scan(UpdateFile& updates, model::Model& model) {
+    return updates.scan([&model](const model::Guid& guid) { return model.find(guid).has_value(); });
+}
+
+ImportPlan planOf(const ImportOptions& options, const UpdateFile& updates, std::uint64_t lines) {
+    return {updates.pathForAddOn(), updates.name(), lines, options.tick, options.apply};
+}
+
+void workTheDialog(Session& session, ImportUser& user, const ImportPlan& plan) {
+    {
+        const ReviewProgress progress(plan.shownName, plan.lines);
+        session.runMenuCommand(ImportMenuItem, user);
+    }
+    if (!user.problem().empty()) throw Failure(user.problem());
+}
+
+ImportReport reportOf(Session& session, const ImportUser& user, const UpdateFile& updates,
+                      const UpdateFileFindings& findings) {
+    ImportReport report;
+    report.modelPath = wellFormed(session.modelPath().string());
+    report.schema = session.model().schemaName();
+    report.elements = session.model().elementCount();
+    report.duplicateGlobalIds = session.model().duplicateGlobalIds();
+    report.invalidGlobalIds = session.model().invalidGlobalIds();
+    report.updatesPath = wellFormed(updates.name());
+    report.header = user.header();
+    report.review = user.review();
+    report.result = user.result();
+    report.summary = summarize(findings.lines, report.review, report.result, user.rowsLost());
+    report.hints = hintsFor(findings, {report.summary.rows, report.summary.rowsLost});
+    return report;
+}
+
+/// An unchanged model is not written over itself; a copy asked for by name is made in any case.
+void save(Session& session, const ImportOptions& options, ImportReport& report) {
+    if (!options.apply || (options.inPlace && !session.model().modified())) return;
+    const std::filesystem::path target = options.inPlace ? options.model : *options.output;
+    session.save(target);
+    report.saved = wellFormed(target.string());
+}
+
+void printReport(const ImportReport& report, Format format) {
+    if (format == Format::Json) return printAsJson(report);
+    if (format == Format::Table) return print(asTable(report, Terminal::standardOutput()));
+    print(asTsv(report));
+    for (const std::string& hint : report.hints) say("hint: " + hint);
+}
+
+}  // namespace
+
+ExitStatus runImport(const ImportOptions& options) {
+    UpdateFile updates(options.updates);
+    Session session(options.common, options.model);
+    const UpdateFileFindings findings = scan(updates, session.model());
+    session.loadAddOn();
+    const ImportPlan plan = planOf(options, updates, findings.pieces);
+    ImportUser user(plan);
+    workTheDialog(session, user, plan);
+    ImportReport report = reportOf(session, user, updates, findings);
+    save(session, options, report);
+    report.report = session.reportTexts();
+    printReport(report, options.common.format);
+    return report.summary.errors > 0 ? ExitStatus::RowsFailed : ExitStatus::Done;
+}
+
+}  // namespace console

@@ -1,0 +1,71 @@
+#include "console/Commands.hpp"
+#include "console/Session.hpp"
+#include "console/commands/ElementFilter.hpp"
+#include "console/output/GuidText.hpp"
+#include "console/output/Json.hpp"
+#include "console/output/Messages.hpp"
+#include "console/output/StandardOutput.hpp"
+#include "console/output/Table.hpp"
+#include "console/output/Text.hpp"
+#include "console/output/Tsv.hpp"
+
+#include <fmt/format.h>
+
+namespace console {
+namespace {
+
+const std::vector<std::string> Header{"GUID", "GlobalId", "Class", "Type", "Name"};
+
+std::vector<std::string> record(const model::Model& model, model::Element element) {
+    const model::ElementInfo info = model.info(element);
+    return {guidText(info.guid), info.globalId, info.ifcClass, std::string(info.typeName), toUtf8(model.name(element))};
+}
+
+void printAsTable(const model::Model& model, const std::vector<model::Element>& elements) {
+    Table table(Header);
+    for (const model::Element element : elements) {
+        Table::Row row;
+        for (std::string& text : record(model, element)) row.push_back({std::move(text)});
+        table.add(std::move(row));
+    }
+    print(table.layOut(Terminal::standardOutput()));
+}
+
+void printAsTsv(const model::Model& model, const std::vector<model::Element>& elements) {
+    print(tsvLine(Header));
+    for (const model::Element element : elements) print(tsvLine(record(model, element)));
+}
+
+void printAsJson(const model::Model& model, const std::vector<model::Element>& elements) {
+    JsonValue list = JsonValue::array();
+    for (const model::Element element : elements) {
+        const std::vector<std::string> texts = record(model, element);
+        list.push_back(
+            {{"guid", texts[0]}, {"globalId", texts[1]}, {"class", texts[2]}, {"type", texts[3]}, {"name", texts[4]}});
+    }
+    JsonValue document;
+    document["elements"] = std::move(list);
+    printDocument(document);
+}
+
+}  // namespace
+
+ExitStatus runList(const ListOptions& options) {
+    Session session(options.common, options.model);
+    const ElementFilter filter(session.model(), options.type, options.ifcClass);
+    const std::vector<model::Element> elements = filter.elements();
+    switch (options.common.format) {
+        case Format::Table:
+            printAsTable(session.model(), elements);
+            break;
+        case Format::Tsv:
+            printAsTsv(session.model(), elements);
+            break;
+        case Format::Json:
+            printAsJson(session.model(), elements);
+            break;
+    }
+    return ExitStatus::Done;
+}
+
+}  // namespace console

@@ -1,0 +1,19 @@
+#include "console/Commands.hpp"
+#include "console/Session.hpp"
+#include "console/output/Messages.hpp"
+#include "console/script/ScriptUser.hpp"
+
+namespace console {
+
+ExitStatus runScript(const ScriptOptions& options) {
+    StepReader steps(options.steps);
+    Session session(options.common, options.model);
+    session.loadAddOn();
+    ScriptUser user(session, steps);
+    const bool allDone = user.run();
+    if (session.model().modified())
+        say("the model was changed and not saved; add a step such as {\"save\":\"out.ifc\"}");
+    return allDone ? ExitStatus::Done : ExitStatus::Failed;
+}
+
+}  // namespace console

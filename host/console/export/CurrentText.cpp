@@ -1,0 +1,80 @@
+#include "console/export/CurrentText.hpp"
+
+#include "console/output/Text.hpp"
+
+#include <fmt/format.h>
+
+namespace console {
+namespace {
+
+using Source = CurrentText::Source;
+
+std::u16string widen(std::string_view ascii) {
+    return {ascii.begin(), ascii.end()};
+}
+
+std::u16string logicalText(std::int64_t code) {
+    switch (code) {
+        case 0:
+            return u"false";
+        case 1:
+            return u"unknown";
+        case 2:
+            return u"true";
+        default:
+            return {};
+    }
+}
+
+std::u16string valueText(const model::PropertyValue& value) {
+    switch (value.primitive) {
+        case model::Primitive::Integer:
+            return widen(std::to_string(value.integer));
+        case model::Primitive::Real:
+            return widen(fmt::format("{:f}", value.real));
+        case model::Primitive::Boolean:
+            return value.boolean ? u"true" : u"false";
+        case model::Primitive::Logical:
+            return logicalText(value.integer);
+        case model::Primitive::String:
+            return value.string;
+        case model::Primitive::Other:
+            break;
+    }
+    return {};
+}
+
+void takeProperty(CurrentText& current, const model::Property& property) {
+    current.ambiguous = current.source == Source::Property;
+    current.source = Source::Property;
+    current.plain = property.kind == model::PropertyKind::Single && property.value.primitive != model::Primitive::Other;
+    current.text = current.plain ? valueText(property.value) : std::u16string();
+}
+
+void takeClassification(CurrentText& current, const model::ClassificationReference& reference) {
+    current.source = Source::Classification;
+    current.text = reference.itemReference.value_or(u"");
+    current.classificationName = reference.name.value_or(u"");
+}
+
+}  // namespace
+
+CurrentText currentText(const ElementData& element, std::u16string_view itemName) {
+    // The first kind of data that has the item supplies the value; within it, the last of that name.
+    CurrentText current;
+    const std::string attributeName = toUtf8(itemName);
+    for (const model::Attribute& attribute : element.attributes) {
+        if (attribute.name != attributeName) continue;
+        current.source = Source::Attribute;
+        current.text = attribute.value;
+    }
+    if (current.source != Source::None) return current;
+    for (const model::Property& property : element.properties)
+        if (property.name == itemName) takeProperty(current, property);
+    if (current.source != Source::None) return current;
+    for (const model::ClassificationReference& reference : element.classifications)
+        if (reference.system == itemName) takeClassification(current, reference);
+    return current;
+}
+
+}  // namespace console

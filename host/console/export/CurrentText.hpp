@@ -1,0 +1,33 @@
+#pragma once
+// What the review list will show as an item's current value, by the rules by which the add-on finds and prints it. An
+// exported line must come back with the remark that old and new values are the same; so the two must not differ.
+
+#include "model/Model.hpp"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace console {
+
+/// An element's IFC data, read once for all items.
+struct ElementData {
+    std::vector<model::Attribute> attributes;
+    std::vector<model::Property> properties;
+    std::vector<model::ClassificationReference> classifications;
+};
+
+struct CurrentText {
+    enum class Source : std::uint8_t { None, Attribute, Property, Classification };
+
+    Source source = Source::None;
+    std::u16string text;                ///< As compared with the update's value.
+    std::u16string classificationName;  ///< Goes behind the text in braces.
+    bool plain = true;                  ///< False: a list, a range and so on, of which the text is only a placeholder.
+    bool ambiguous = false;  ///< Several properties of that name: the last is shown, the first would be written.
+};
+
+/// @param itemName  the designation up to its "[".
+CurrentText currentText(const ElementData& element, std::u16string_view itemName);
+
+}  // namespace console

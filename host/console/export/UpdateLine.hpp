@@ -1,0 +1,43 @@
+#pragma once
+// One line of an update file from an element's current value, or the reason why there can be none.
+
+#include "console/export/CurrentText.hpp"
+
+#include <cstdint>
+#include <string>
+
+namespace console {
+
+/// Why an item of an element is left out. In the order in which the reasons are told.
+enum class Obstacle : std::uint8_t {
+    None,
+    NoItem,       ///< The element has no such item.
+    NoName,       ///< The review list refuses every change of an element without a Name.
+    NoGuid,       ///< The null GUID names no element.
+    NoText,       ///< A list, a range and the like.
+    LineBreaker,  ///< TAB, CR, LF or a zero: they end a cell, a line or its text.
+    Brace,        ///< "{" ends the value.
+    BooleanCode,  ///< ".T." and ".F." are read as true and false.
+    NoUnicode,    ///< An unpaired surrogate.
+    TooLong,      ///< The line would be cut.
+};
+inline constexpr std::size_t ObstacleCount = 10;
+
+/// A complete clause.
+const char* explain(Obstacle obstacle);
+
+struct UpdateLine {
+    Obstacle obstacle = Obstacle::None;
+    std::string value;  ///< Third and fourth field.
+};
+
+/// The element's part of it.
+struct LineSubject {
+    std::string guid;  ///< 36 characters.
+    bool nullGuid = false;
+    bool named = false;
+};
+
+UpdateLine updateLine(const LineSubject& subject, std::string_view item, const CurrentText& current);
+
+}  // namespace console

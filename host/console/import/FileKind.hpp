@@ -1,0 +1,17 @@
+#pragma once
+// What a file that should be text is by its first bytes.
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace console {
+
+inline constexpr std::size_t BytesThatTell = 65536;
+
+enum class FileKind : std::uint8_t { Text, TextWithByteOrderMark, Utf16, Binary };
+
+/// @param beginning  the file's first bytes, as many as there are, at most BytesThatTell.
+FileKind tellFileKind(std::string_view beginning);
+
+}  // namespace console

@@ -1,0 +1,52 @@
+#pragma once
+// Everything that an import has to tell, and the three forms in which it is told.
+
+#include "console/output/ListRows.hpp"
+#include "console/output/Terminal.hpp"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace console {
+
+struct ImportSummary {
+    std::uint64_t lines = 0;     ///< Of the update file that are not empty.
+    std::uint64_t rows = 0;      ///< Of the review list.
+    std::uint64_t tickable = 0;  ///< Rows of status 0 before Apply.
+    std::uint64_t ticked = 0;    ///< Rows that bore a tick when Apply was, or would have been, pressed.
+    std::uint64_t done = 0;
+    std::uint64_t errors = 0;
+    std::uint64_t rowsLost = 0;
+};
+
+struct ImportReport {
+    std::string modelPath;
+    std::string schema;
+    std::uint64_t elements = 0;
+    std::uint64_t duplicateGlobalIds = 0;
+    std::uint64_t invalidGlobalIds = 0;
+    std::string updatesPath;
+    std::vector<std::string> header;
+    std::vector<ListRow> review;
+    std::optional<std::vector<ListRow>> result;  ///< After Apply.
+    ImportSummary summary;
+    std::vector<std::string> hints;
+    std::vector<std::string> report;
+    std::optional<std::string> saved;
+
+    /// The list as the user last saw it.
+    const std::vector<ListRow>& rows() const { return result ? *result : review; }
+};
+
+ImportSummary summarize(std::uint64_t lines, const std::vector<ListRow>& review,
+                        const std::optional<std::vector<ListRow>>& result, std::uint64_t rowsLost);
+
+/// The list with row numbers, what came of it in one sentence, the hints, the file saved.
+std::string asTable(const ImportReport& report, const Terminal& terminal);
+/// Header and rows only.
+std::string asTsv(const ImportReport& report);
+void printAsJson(const ImportReport& report);
+
+}  // namespace console

@@ -1,0 +1,69 @@
+#pragma once
+// The user of the import dialog: answers the file dialog, ticks rows, presses Apply, reads the list, closes.
+
+#include "console/import/TickChoice.hpp"
+#include "console/output/ListRows.hpp"
+#include "console/output/Messages.hpp"
+#include "frameworks/FrontEnd.hpp"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace console {
+
+struct ImportPlan {
+    std::string updates;  ///< What the user picks in the file dialog.
+    std::string shownName;
+    std::uint64_t lines = 0;  ///< Of the update file, for the progress line.
+    TickChoice tick;
+    bool apply = false;
+};
+
+class ImportUser : public frontend::View {
+public:
+    explicit ImportUser(ImportPlan plan);
+    ~ImportUser() override;
+
+    void runModal(frontend::Dialog& dialog) override;
+    std::optional<std::string> pickFile(const frontend::FileRequest& request) override;
+    void changed(frontend::Dialog& dialog, Int16 item) override;
+
+    // --- What was seen, once the command has ended ---
+    /// Why the user closed the dialog without doing what was planned; empty where all went as planned.
+    const std::string& problem() const { return trouble; }
+    const std::vector<std::string>& header() const { return headerTexts; }
+    const std::vector<ListRow>& review() const { return reviewRows; }  ///< As ticked, before Apply.
+    const std::optional<std::vector<ListRow>>& result() const { return resultRows; }
+    std::uint64_t rowsLost() const { return lost; }
+
+private:
+    bool tickRows(frontend::Dialog& dialog);
+    void apply(frontend::Dialog& dialog);
+
+    ImportPlan plan;
+    std::string trouble;
+    std::vector<std::string> headerTexts;
+    std::vector<ListRow> reviewRows;
+    std::optional<std::vector<ListRow>> resultRows;
+    std::uint64_t lost = 0;
+    bool dialogSeen = false;
+    std::optional<ProgressLine> applying;
+    int firstUnfinished = 1;  ///< While applying: the row that the pass has come to.
+};
+
+/// Texts and columns of the review list by which a person reads it.
+namespace reviewlist {
+inline constexpr std::size_t TickColumn = 0;
+inline constexpr std::size_t MessageColumn = 7;
+inline constexpr const char* Ticked = "[X]";
+inline constexpr const char* Done = "Done";
+inline constexpr const char* Error = "error!";
+
+bool ticked(const ListRow& row);
+bool done(const ListRow& row);
+bool failed(const ListRow& row);
+}  // namespace reviewlist
+
+}  // namespace console

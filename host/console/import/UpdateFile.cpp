@@ -1,0 +1,71 @@
+#include "console/import/UpdateFile.hpp"
+
+#include "console/Failure.hpp"
+#include "console/output/Text.hpp"
+
+#include <fmt/format.h>
+#include <sys/stat.h>
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+
+namespace console {
+namespace {
+
+constexpr std::size_t BlockSize = 1U << 16U;
+
+[[noreturn]] void fail(const std::filesystem::path& path, std::string_view what, std::string_view remedy) {
+    throw Failure(fmt::format("cannot read the update file {}: {}; {}", path.string(), what, remedy));
+}
+
+[[noreturn]] void failWithError(const std::filesystem::path& path) {
+    fail(path, std::strerror(errno), "check its name and that you may read it");
+}
+
+bool isStandardInput(const std::filesystem::path& path) {
+    return path == "-";
+}
+
+}  // namespace
+
+UpdateFile::UpdateFile(std::filesystem::path thePath) : path(std::move(thePath)), addOnPath(path.string()) {
+    if (isStandardInput(path)) {
+        keepCopy(stdin);
+        return;
+    }
+    file.reset(std::fopen(path.c_str(), "rb"));
+    if (!file) failWithError(path);
+    struct stat status {};
+    if (fstat(fileno(file.get()), &status) != 0) failWithError(path);
+    if (S_ISDIR(status.st_mode)) fail(path, "it is a folder", "name a file in it");
+    // The add-on reads the file a second time, by a name that is text.
+    if (!S_ISREG(status.st_mode) || !isWellFormed(addOnPath)) keepCopy(file.get());
+}
+
+void UpdateFile::keepCopy(std::FILE* source) {
+    File copy(std::tmpfile());
+    if (!copy) failWithError(path);
+    std::array<char, BlockSize> block;
+    std::size_t count = 0;
+    while ((count = std::fread(block.data(), 1, block.size(), source)) > 0)
+        if (std::fwrite(block.data(), 1, count, copy.get()) != count) failWithError(path);
+    if (std::ferror(source) != 0 || std::fflush(copy.get()) != 0) failWithError(path);
+    std::rewind(copy.get());
+    addOnPath = fmt::format("/proc/self/fd/{}", fileno(copy.get()));
+    file = std::move(copy);
+}
+
+UpdateFileFindings UpdateFile::scan(const UpdateFileScan::Knows& knows) {
+    UpdateFileScan scan(knows);
+    std::array<char, BlockSize> block;
+    std::size_t count = 0;
+    while ((count = std::fread(block.data(), 1, block.size(), file.get())) > 0) scan.read({block.data(), count});
+    if (std::ferror(file.get()) != 0) failWithError(path);
+    UpdateFileFindings findings = scan.finish();
+    if (findings.lines == 0) fail(path, "it holds no lines", "write one change a line: GUID, item, old and new value");
+    if (findings.binary) fail(path, "it is no text file", "save the table as tab-delimited text in UTF-8");
+    return findings;
+}
+
+}  // namespace console

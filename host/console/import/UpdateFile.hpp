@@ -1,0 +1,41 @@
+#pragma once
+// The update file as the console opens it: told apart from what is no update file before the add-on, which would show
+// an empty list in silence, gets it.
+
+#include "console/import/UpdateFileScan.hpp"
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+namespace console {
+
+class UpdateFile {
+public:
+    /// @param path  "-" is standard input. Throws Failure where the file cannot be read.
+    explicit UpdateFile(std::filesystem::path path);
+
+    /// For messages.
+    std::string name() const { return path.string(); }
+
+    /// Reads it whole. Throws Failure where that fails, or where the file is empty or no text.
+    UpdateFileFindings scan(const UpdateFileScan::Knows& knows);
+
+    /// A path by which the add-on can open it, as long as this object lives.
+    const std::string& pathForAddOn() const { return addOnPath; }
+
+private:
+    struct Close {
+        void operator()(std::FILE* file) const { std::fclose(file); }
+    };
+    using File = std::unique_ptr<std::FILE, Close>;
+
+    void keepCopy(std::FILE* source);
+
+    std::filesystem::path path;
+    File file;
+    std::string addOnPath;
+};
+
+}  // namespace console

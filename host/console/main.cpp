@@ -1,0 +1,46 @@
+// modelhost: the stand-in host for a terminal and for scripts.
+
+#include "console/CommandLine.hpp"
+#include "console/Commands.hpp"
+#include "console/output/Messages.hpp"
+#include "console/output/StandardOutput.hpp"
+
+#include <cstdio>
+#include <new>
+
+namespace {
+
+using namespace console;
+
+ExitStatus run(const Command& command) {
+    struct Runner {
+        ExitStatus operator()(const ImportOptions& options) const { return runImport(options); }
+        ExitStatus operator()(const LookupOptions& options) const { return runLookup(options); }
+        ExitStatus operator()(const ListOptions& options) const { return runList(options); }
+        ExitStatus operator()(const ExportOptions& options) const { return runExport(options); }
+        ExitStatus operator()(const ScriptOptions& options) const { return runScript(options); }
+    };
+    return std::visit(Runner{}, command);
+}
+
+ExitStatus runProgram(int argc, const char* const* argv) {
+    const auto command = parseCommandLine(argc, argv);
+    const ExitStatus status = command ? run(*command) : ExitStatus::Done;
+    flushStandardOutput();
+    return status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return static_cast<int>(runProgram(argc, argv));
+    } catch (const console::Failure& failure) {
+        console::say(failure.what());
+    } catch (const std::bad_alloc&) {
+        console::say("there is not enough memory for this model; close other programs or use a larger machine");
+    } catch (const std::exception& error) {
+        console::say(std::string("internal error: ") + error.what() + "; please report it with the command used");
+    }
+    return static_cast<int>(console::ExitStatus::Failed);
+}

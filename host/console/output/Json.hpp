@@ -1,0 +1,23 @@
+#pragma once
+// JSON as the commands print it: keys in the order in which they were set, always valid UTF-8.
+
+#include "console/output/ListRows.hpp"
+
+#include <nlohmann/json.hpp>
+
+#include <string>
+
+namespace console {
+
+using JsonValue = nlohmann::ordered_json;
+
+/// {"columns": [...], "status": 0, "color": null or [red, green, blue]}
+JsonValue toJson(const ListRow& row);
+JsonValue toJson(const std::vector<ListRow>& rows);
+
+/// Indented on a terminal, one line in a file or pipe; ends with a line end.
+void printDocument(const JsonValue& document);
+/// One line, out at once: its reader may be waiting for it.
+void printLine(const JsonValue& object);
+
+}  // namespace console

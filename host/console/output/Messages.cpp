@@ -1,0 +1,75 @@
+#include "console/output/Messages.hpp"
+
+#include "console/output/DisplayWidth.hpp"
+#include "console/output/SafeText.hpp"
+#include "console/output/Terminal.hpp"
+
+#include <fmt/format.h>
+
+#include <chrono>
+#include <cstdio>
+
+namespace console {
+namespace {
+
+constexpr double Patience = 1.0;  ///< Seconds before anything shows.
+constexpr double Interval = 0.1;  ///< Seconds between two showings.
+
+/// Whether the last line of the terminal holds progress, which a message must wipe first.
+bool progressShown = false;
+
+double now() {
+    using namespace std::chrono;
+    return duration<double>(steady_clock::now().time_since_epoch()).count();
+}
+
+void write(std::string_view text) {
+    std::fwrite(text.data(), 1, text.size(), stderr);
+    std::fflush(stderr);
+}
+
+void wipeProgress() {
+    if (!progressShown) return;
+    write("\r\x1B[K");
+    progressShown = false;
+}
+
+std::string duration(double seconds) {
+    const auto whole = static_cast<long>(seconds + 0.5);
+    return whole < 120 ? fmt::format("{} s", whole) : fmt::format("{} min", (whole + 30) / 60);
+}
+
+}  // namespace
+
+void say(std::string_view message) {
+    wipeProgress();
+    write(fmt::format("modelhost: {}\n", visible(message)));
+}
+
+ProgressLine::ProgressLine(std::string operationText)
+    : operation(visible(operationText)), started(now()), terminal(Terminal::standardError().present) {}
+
+ProgressLine::~ProgressLine() {
+    wipeProgress();
+}
+
+void ProgressLine::show(std::uint64_t done, std::uint64_t total) {
+    if (!terminal || total == 0) return;
+    const double time = now();
+    if (time - started < Patience || time - lastShown < Interval) return;
+    lastShown = time;
+    const double share = done < total ? static_cast<double>(done) / static_cast<double>(total) : 1.0;
+    std::string line = fmt::format("{}  {:.0f} %", operation, share * 100.0);
+    if (share > 0.0) line += fmt::format("  {} left", duration((time - started) * (1.0 - share) / share));
+    write("\r\x1B[K" + cutToWidth(line, Terminal::standardError().width - 1));
+    progressShown = true;
+}
+
+model::Progress ProgressLine::callback() {
+    return [this](std::uint64_t done, std::uint64_t total) {
+        show(done, total);
+        return true;
+    };
+}
+
+}  // namespace console

@@ -1,0 +1,36 @@
+#pragma once
+// Everything said on standard error: one line a message, and on a terminal a line that shows how far a long operation
+// has come.
+
+#include "model/Progress.hpp"
+
+#include <string>
+#include <string_view>
+
+namespace console {
+
+/// "modelhost: MESSAGE". Control characters are shown as pictures.
+void say(std::string_view message);
+
+/// Shows nothing before a second has passed, and nothing at all where standard error is no terminal.
+/// "Opening house.ifc  45 %  12 s left"
+class ProgressLine {
+public:
+    explicit ProgressLine(std::string operation);
+    ~ProgressLine();
+    ProgressLine(const ProgressLine&) = delete;
+    ProgressLine& operator=(const ProgressLine&) = delete;
+
+    /// Cheap enough to be called for every row.
+    void show(std::uint64_t done, std::uint64_t total);
+    /// For the model's long operations. Refers to this object. Never cancels.
+    model::Progress callback();
+
+private:
+    std::string operation;
+    double started;
+    double lastShown = 0.0;
+    bool terminal;
+};
+
+}  // namespace console

@@ -1,0 +1,89 @@
+#include "console/output/OutputFile.hpp"
+
+#include "console/Failure.hpp"
+#include "console/output/Messages.hpp"
+
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+
+namespace console {
+namespace {
+
+/// What a file made by open would get; mkstemp's are for the owner only.
+mode_t newFileMode() {
+    const mode_t mask = umask(0);
+    umask(mask);
+    return 0666 & ~mask;
+}
+
+}  // namespace
+
+OutputFile::OutputFile(std::filesystem::path theTarget) : target(std::move(theTarget)) {
+    std::error_code ignored;
+    // A symbolic link stays one: what it points at is replaced.
+    if (const auto real = std::filesystem::canonical(target, ignored); !ignored) target = real;
+    const auto status = std::filesystem::status(target, ignored);
+    if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status))
+        file = std::fopen(target.c_str(), "wb");
+    else
+        openTemporary();
+    if (file == nullptr) fail();
+}
+
+OutputFile::~OutputFile() {
+    close();
+}
+
+void OutputFile::openTemporary() {
+    std::string name = target.string() + ".XXXXXX";
+    const int descriptor = mkstemp(name.data());
+    if (descriptor < 0) fail();
+    temporary = name;
+    struct stat old {};
+    const mode_t mode = stat(target.c_str(), &old) == 0 ? old.st_mode & 07777 : newFileMode();
+    if (fchmod(descriptor, mode) != 0) {
+        ::close(descriptor);
+        return;
+    }
+    file = fdopen(descriptor, "wb");
+}
+
+void OutputFile::write(std::string_view text) {
+    if (std::fwrite(text.data(), 1, text.size(), file) != text.size()) fail();
+    stopIfInterrupted();
+}
+
+void OutputFile::commit() {
+    if (std::fflush(file) != 0) fail();
+    if (!temporary.empty() && fsync(fileno(file)) != 0) fail();
+    stopIfInterrupted();
+    if (!temporary.empty() && std::rename(temporary.c_str(), target.c_str()) != 0) fail();
+    temporary.clear();
+}
+
+void OutputFile::close() {
+    if (file != nullptr) std::fclose(file);
+    file = nullptr;
+    if (!temporary.empty()) unlink(temporary.c_str());
+    temporary.clear();
+}
+
+void OutputFile::fail() const {
+    throw Failure(
+        fmt::format("cannot write {}: {}; choose another place with -o", target.string(), std::strerror(errno)));
+}
+
+void OutputFile::stopIfInterrupted() {
+    if (!InterruptGuard::interrupted()) return;
+    close();
+    say(fmt::format("interrupted; {} was not written", target.string()));
+    InterruptGuard::dieIfInterrupted();
+}
+
+}  // namespace console

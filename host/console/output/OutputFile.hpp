@@ -1,0 +1,37 @@
+#pragma once
+// A text file that the console writes: whole or not at all.
+
+#include "console/output/Interrupts.hpp"
+
+#include <cstdio>
+#include <filesystem>
+#include <string_view>
+
+namespace console {
+
+/// Writes to a temporary file beside the target, which takes its place at commit. A target that is no regular file (a
+/// pipe, a device) is written straight away. An interrupt ends the program and leaves the target as it was. Every
+/// failure throws Failure.
+class OutputFile {
+public:
+    explicit OutputFile(std::filesystem::path target);
+    ~OutputFile();
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+
+    void write(std::string_view text);
+    void commit();
+
+private:
+    void openTemporary();
+    void close();
+    [[noreturn]] void fail() const;
+    void stopIfInterrupted();
+
+    InterruptGuard guard;
+    std::filesystem::path target;
+    std::filesystem::path temporary;  ///< Empty once there is none.
+    std::FILE* file = nullptr;
+};
+
+}  // namespace console

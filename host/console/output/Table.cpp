@@ -1,0 +1,104 @@
+#include "console/output/Table.hpp"
+
+#include "console/output/DisplayWidth.hpp"
+#include "console/output/SafeText.hpp"
+
+#include <algorithm>
+#include <numeric>
+
+namespace console {
+namespace {
+
+constexpr int Gap = 2;
+/// A cut column still shows a letter or two; on a terminal too narrow even for that, lines wrap.
+constexpr int LeastWidth = 3;
+
+const char* sequence(Style style) {
+    switch (style) {
+        case Style::Bold:
+            return "\x1B[1m";
+        case Style::Dim:
+            return "\x1B[2m";
+        case Style::Red:
+            return "\x1B[31m";
+        case Style::Green:
+            return "\x1B[32m";
+        case Style::Plain:
+            break;
+    }
+    return "";
+}
+
+/// The largest cap for which the columns, each no wider than the cap, fit into `room`.
+int widestCap(const std::vector<int>& widths, int room) {
+    int low = LeastWidth, high = *std::max_element(widths.begin(), widths.end());
+    while (low < high) {
+        const int cap = (low + high + 1) / 2;
+        const int total = std::accumulate(widths.begin(), widths.end(), 0,
+                                          [cap](int sum, int width) { return sum + std::min(width, cap); });
+        if (total <= room)
+            low = cap;
+        else
+            high = cap - 1;
+    }
+    return low;
+}
+
+void fit(std::vector<int>& widths, int lineWidth) {
+    const int room = lineWidth - Gap * (static_cast<int>(widths.size()) - 1);
+    if (std::accumulate(widths.begin(), widths.end(), 0) <= room) return;
+    const std::vector<int> natural = widths;
+    const int cap = widestCap(natural, room);
+    for (int& width : widths) width = std::min(width, cap);
+    // What is left over by the equal cap goes to the columns that were cut, from the left.
+    int rest = room - std::accumulate(widths.begin(), widths.end(), 0);
+    for (std::size_t column = 0; column < widths.size() && rest > 0; ++column)
+        if (widths[column] < natural[column]) ++widths[column], --rest;
+}
+
+void appendCell(std::string& line, const TableCell& cell, int width, bool last, bool colour) {
+    const std::string text = cutToWidth(cell.text, width);
+    const bool styled = colour && cell.style != Style::Plain && !text.empty();
+    if (styled) line += sequence(cell.style);
+    line += text;
+    if (styled) line += "\x1B[0m";
+    if (!last) line.append(static_cast<std::size_t>(width - displayWidth(text) + Gap), ' ');
+}
+
+}  // namespace
+
+Table::Table(std::vector<std::string> header) {
+    Row row;
+    for (std::string& text : header) row.push_back({std::move(text), Style::Bold});
+    add(std::move(row));
+}
+
+void Table::add(Row row) {
+    if (!rows.empty()) row.resize(rows.front().size());
+    for (TableCell& cell : row) cell.text = visible(cell.text);
+    rows.push_back(std::move(row));
+}
+
+std::vector<int> Table::naturalWidths() const {
+    std::vector<int> widths(rows.front().size(), 0);
+    for (const Row& row : rows)
+        for (std::size_t column = 0; column < widths.size(); ++column)
+            widths[column] = std::max(widths[column], displayWidth(row[column].text));
+    return widths;
+}
+
+std::string Table::layOut(const Terminal& terminal) const {
+    std::vector<int> widths = naturalWidths();
+    if (terminal.width > 0 && !widths.empty()) fit(widths, terminal.width);
+    std::string text;
+    for (const Row& row : rows) {
+        std::string line;
+        for (std::size_t column = 0; column < row.size(); ++column)
+            appendCell(line, row[column], widths[column], column + 1 == row.size(), terminal.colour);
+        line.erase(line.find_last_not_of(' ') + 1);
+        text.append(line).append("\n");
+    }
+    return text;
+}
+
+}  // namespace console

@@ -1,0 +1,72 @@
+#pragma once
+// The scripted user. Reads steps wherever a person would act: before a command, in an open dialog, in the file dialog,
+// in the model window. Each step is answered when the next one is about to be read, so that the answer tells what the
+// step led to: a dialog that opened or closed, a file asked for, the end of the command.
+
+#include "console/Session.hpp"
+#include "console/script/StepReader.hpp"
+
+#include <deque>
+#include <optional>
+#include <string>
+
+namespace console {
+
+class ScriptUser : public frontend::View {
+public:
+    ScriptUser(Session& session, StepReader& steps);
+    ~ScriptUser() override;
+
+    /// Runs the script to its end. @return whether every step could be done. Throws Failure where the answers cannot be
+    /// written.
+    bool run();
+
+    void runModal(frontend::Dialog& dialog) override;
+    std::optional<std::string> pickFile(const frontend::FileRequest& request) override;
+
+private:
+    // The flow of steps and answers (ScriptUser.cpp).
+    std::optional<host::PickedPoint> pickPoint(const std::string& prompt);
+    std::optional<Step> nextStep();
+    void answerLastStep();
+    void perform(const Step& step);
+    void fail(const std::string& text);
+    /// Adds to the answer that is still to be given.
+    void tell(const char* what, JsonValue value);
+
+    // The steps (ScriptActions.cpp).
+    using Action = void (ScriptUser::*)(const JsonValue& step);
+    struct Verb;
+    static const Verb* findVerb(const JsonValue& step);
+    /// The add-on is at work: the menus, undo and saving are out of reach. Fails the step if so.
+    bool refusedWhileCommandRuns();
+    /// The dialog in front; where there is none, fails the step and returns null.
+    frontend::Dialog* dialogInFront();
+
+    void menu(const JsonValue& step);
+    void file(const JsonValue& step);
+    void click(const JsonValue& step);
+    void text(const JsonValue& step);
+    void resize(const JsonValue& step);
+    void dump(const JsonValue& step);
+    void point(const JsonValue& step);
+    void undo(const JsonValue& step);
+    void redo(const JsonValue& step);
+    void save(const JsonValue& step);
+    void menus(const JsonValue& step);
+    void report(const JsonValue& step);
+
+    Session& session;
+    StepReader& steps;
+    std::uint64_t currentLine = 0;
+    JsonValue answer;  ///< Null where no step waits for its answer.
+    bool allDone = true;
+    bool commandRuns = false;
+    std::optional<std::string> outputFailure;
+    const frontend::FileRequest* openFileDialog = nullptr;
+    bool pointAsked = false;
+    std::deque<std::optional<std::string>> fileAnswers;
+    std::deque<std::optional<host::PickedPoint>> pointAnswers;
+};
+
+}  // namespace console
