@@ -1,12 +1,13 @@
 #include "Bundle.hpp"
 
+#include "CoreFoundationObjects.hpp"
+#include "NativePaths.hpp"
+
 #include <dlfcn.h>
 
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
-
-#include "CoreFoundationObjects.hpp"
 
 CFBundleRef GSCFXBundleCreateFromMachHeader(CFAllocatorRef, const void* imageHeader) {
     Dl_info image{};
@@ -15,6 +16,9 @@ CFBundleRef GSCFXBundleCreateFromMachHeader(CFAllocatorRef, const void* imageHea
     if (resolved == nullptr) return nullptr;
     std::filesystem::path folder = std::filesystem::path(resolved.get()).parent_path();
     for (; folder.has_relative_path(); folder = folder.parent_path())
-        if (folder.filename() == "Contents") return frameworks::createBundle(folder.parent_path().native());
-    return nullptr;
+        if (folder.filename() == "Contents") break;
+    if (!folder.has_relative_path()) return nullptr;
+    const std::string bundle = folder.parent_path().native();
+    frameworks::rememberPath(bundle);
+    return frameworks::createBundle(bundle);
 }

@@ -2,16 +2,16 @@
 // text with a count of references. Live objects are registered, so a reference that is null, released once too often or
 // no reference at all is told apart and reported instead of followed.
 
+#include "CoreFoundationObjects.hpp"
+#include "FrontEnd.hpp"
+#include "NarrowText.hpp"
+
 #include <CoreFoundation/CoreFoundation.h>
 #include <unicode/normalizer2.h>
 
 #include <algorithm>
 #include <memory>
 #include <unordered_map>
-
-#include "CoreFoundationObjects.hpp"
-#include "FrontEnd.hpp"
-#include "NarrowText.hpp"
 
 extern "C" const CFAllocatorRef kCFAllocatorDefault = nullptr;
 

@@ -1,5 +1,7 @@
 #include "File.hpp"
 
+#include "NativePaths.hpp"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -38,8 +40,8 @@ File::~File() {
 GSErrCode File::Open(OpenMode, OnAccessDenied) {
     Close();
     if (location.GetStatus() != Location::StatusOK) return ErrNotFound;
-    const GS::UniString::CStr path = location.GetPath().ToCStr();
-    const int opened = retried([&path] { return open(path, O_RDONLY | O_CLOEXEC); });
+    const std::string path = frameworks::nativePath(location.GetPath().ToCStr());
+    const int opened = retried([&path] { return open(path.c_str(), O_RDONLY | O_CLOEXEC); });
     if (opened < 0) return errno == ENOENT || errno == ENOTDIR ? ErrNotFound : ErrAccessDenied;
     if (isFolder(opened)) {
         // A folder opens well enough and fails on the first read only; the caller is told now.

@@ -1,5 +1,6 @@
 #include "DialogAccess.hpp"
 #include "FileTypes.hpp"
+#include "NativePaths.hpp"
 
 namespace DG {
 
@@ -34,6 +35,7 @@ bool FileDialog::Invoke() {
     if (view == nullptr) return false;
     const auto path = view->pickFile({title, content->filters, content->currentFilter});
     if (!path || path->empty()) return false;
+    frameworks::rememberPath(*path);
     content->selected = IO::Location(path->c_str());
     return true;
 }

@@ -1,6 +1,6 @@
 #include "ResourceManager.hpp"
 
-#include "NarrowText.hpp"
+#include "NativePaths.hpp"
 #include "ResourceModule.hpp"
 #include "ResourceReader.hpp"
 
@@ -70,7 +70,8 @@ const ResourceModule* openModule(GSResModule module) {
 GSResModule RSOpenResourceFile(const char* bundlePath) {
     if (bundlePath == nullptr || *bundlePath == '\0') return InvalidResModule;
     frameworks::ResourceModule module;
-    if (!frameworks::readModule(std::filesystem::path(bundlePath) / "Contents" / "Resources", module))
+    if (!frameworks::readModule(std::filesystem::path(frameworks::nativePath(bundlePath)) / "Contents" / "Resources",
+                                module))
         return InvalidResModule;
     // A number is never given twice, so a module that was closed stays unknown.
     static GSResModule last = 0;

@@ -4,7 +4,7 @@
 
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <stdexcept>
 #include <system_error>
 
@@ -33,7 +33,9 @@ std::filesystem::path TempFolder::write(std::string_view name, std::string_view 
 std::string bytesOf(const std::filesystem::path& file) {
     std::ifstream stream(file, std::ios::binary);
     EXPECT_TRUE(stream.is_open()) << file;
-    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+    std::ostringstream bytes;
+    bytes << stream.rdbuf();
+    return bytes.str();
 }
 
 }  // namespace testing_support
