@@ -4,7 +4,7 @@
 #include <fmt/format.h>
 
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <system_error>
 
 namespace host {
@@ -46,9 +46,9 @@ model::Status checkBundle(const fs::path& bundle, const fs::path& image) {
 }  // namespace
 
 fs::path imageOf(const fs::path& bundle) {
-    std::ifstream stream(bundle / "Contents" / "Info.plist", std::ios::binary);
-    const std::string propertyList{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-    const std::string executable = textOfKey(propertyList, "CFBundleExecutable");
+    std::ostringstream propertyList;
+    propertyList << std::ifstream(bundle / "Contents" / "Info.plist", std::ios::binary).rdbuf();
+    const std::string executable = textOfKey(propertyList.str(), "CFBundleExecutable");
     // A path that ends in a separator has no last component.
     const fs::path folder = bundle.has_filename() ? bundle : bundle.parent_path();
     return folder / "Contents" / "Linux" / (executable.empty() ? folder.stem() : fs::path(executable));

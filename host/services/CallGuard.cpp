@@ -41,6 +41,11 @@ WatchedSignal* watched(int number) {
     return nullptr;
 }
 
+std::string nameOf(int number) {
+    const WatchedSignal* signal = watched(number);
+    return signal == nullptr ? "signal " + std::to_string(number) : signal->name;
+}
+
 /// The address of the instruction that faulted; 0 on processors that are not known here, whose faults end the program.
 std::uintptr_t faultingInstruction(const void* context) {
     const mcontext_t& machine = static_cast<const ucontext_t*>(context)->uc_mcontext;
@@ -62,7 +67,7 @@ extern "C" void onFault(int number, siginfo_t* info, void* context) {
     }
     // Not the add-on's: the handler before gets it, when the instruction is tried again.
     const WatchedSignal* signal = watched(number);
-    sigaction(number, &signal->before, nullptr);
+    if (signal != nullptr) sigaction(number, &signal->before, nullptr);
     if (!fromProcessor) raise(number);
 }
 
@@ -98,7 +103,7 @@ std::optional<CallFault> runGuarded(const CodeRange& code, void (*call)(void*), 
     Guard guard{innermost, code, {}};
     if (const int fault = sigsetjmp(guard.place, 1); fault != 0) {
         innermost = guard.outer;
-        return CallFault{true, watched(fault)->name};
+        return CallFault{true, nameOf(fault)};
     }
     innermost = &guard;
     std::optional<CallFault> result = catchingExceptions(call, argument);

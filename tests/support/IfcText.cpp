@@ -21,9 +21,9 @@ std::string reference(Id id) {
 }
 
 std::string references(const std::vector<Id>& ids) {
-    std::string list;
-    for (Id id : ids) list += (list.empty() ? "(" : ",") + reference(id);
-    return list + ")";
+    std::vector<std::string> list;
+    for (Id id : ids) list.push_back(reference(id));
+    return fmt::format("({})", fmt::join(list, ","));
 }
 
 std::string optionalText(std::string_view text) {

@@ -1,0 +1,9 @@
+// Has no GetExportedFuncAddrs.
+
+#include "HostTable.hpp"
+
+extern "C" HOST_API GSErrCode SetImportedFuncAddrs(const HostFunction*);
+
+GSErrCode SetImportedFuncAddrs(const HostFunction*) {
+    return NoError;
+}

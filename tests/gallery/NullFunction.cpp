@@ -1,0 +1,5 @@
+// Leaves a function out of its record.
+
+#include "AddOn.hpp"
+
+const gallery::Behaviour gallery::behaviour = {.leaveOutFreeData = true};
