@@ -1,0 +1,28 @@
+#include "desktop/WaitCursor.hpp"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <utility>
+
+namespace desktop {
+
+int WaitCursor::depth = 0;
+
+WaitCursor::WaitCursor() {
+    if (depth++ == 0) QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+WaitCursor::~WaitCursor() {
+    if (--depth == 0) QGuiApplication::restoreOverrideCursor();
+}
+
+WaitCursor::Pause::Pause() : held(std::exchange(depth, 0)) {
+    if (held) QGuiApplication::restoreOverrideCursor();
+}
+
+WaitCursor::Pause::~Pause() {
+    depth = held;
+    if (held) QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+}  // namespace desktop

@@ -1,0 +1,287 @@
+#include "desktop/dialogs/AddOnDialog.hpp"
+
+#include "desktop/Text.hpp"
+#include "desktop/WaitCursor.hpp"
+#include "desktop/dialogs/RowListView.hpp"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScreen>
+#include <QSettings>
+#include <QTimer>
+#include <algorithm>
+
+namespace desktop {
+
+namespace {
+
+QRect toQRect(const frontend::Rect& rect) {
+    return {rect.left, rect.top, rect.width(), rect.height()};
+}
+
+/// A text whose ampersands are letters, not marks of shortcut keys.
+QString withoutShortcut(QString text) {
+    return text.replace(u'&', QStringLiteral("&&"));
+}
+
+}  // namespace
+
+AddOnDialog::AddOnDialog(frontend::Dialog& shown, QWidget* parent)
+    : QDialog(parent), dialog(shown), canvas(new QWidget(this)), banner(new QLabel(this)) {
+    setObjectName(QStringLiteral("dialog%1").arg(dialog.resourceId()));
+    setWindowTitle(toQString(dialog.title()));
+    setAccessibleName(windowTitle());
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    setSizeGripEnabled(dialog.growable());
+
+    banner->setObjectName(QStringLiteral("notice"));
+    banner->setAccessibleName(QStringLiteral("Notice"));
+    banner->setTextFormat(Qt::PlainText);
+    banner->setWordWrap(true);
+    banner->setMargin(8);
+    banner->setAutoFillBackground(true);
+    banner->setBackgroundRole(QPalette::ToolTipBase);
+    banner->setForegroundRole(QPalette::ToolTipText);
+    banner->hide();
+
+    makeItems();
+    orderTabs();
+    showRowsLost();
+    setSize();
+    placeItems();
+}
+
+QWidget* AddOnDialog::itemWidget(Int16 number) const {
+    const auto found = widgets.find(number);
+    return found == widgets.end() ? nullptr : found->second;
+}
+
+RowListView* AddOnDialog::list(Int16 number) const {
+    return qobject_cast<RowListView*>(itemWidget(number));
+}
+
+void AddOnDialog::run() {
+    const WaitCursor::Pause usable;
+    chooseFocus();
+    show();
+    ready = true;
+    Q_EMIT contentChanged();
+    if (!dialog.ended()) loop.exec();
+    QSettings().setValue(settingsKey(), QSize(dialog.width(), dialog.height()));
+    hide();
+}
+
+void AddOnDialog::noteChange() {
+    if (changePending) return;
+    changePending = true;
+    QTimer::singleShot(0, this, &AddOnDialog::takeChanges);
+}
+
+/// Brings one action to the handler. An action that comes while one is under way (the handler may show a message or
+/// ask for a point, and events go on meanwhile) is dropped: the host delivers one message at a time.
+template <class Action>
+void AddOnDialog::deliver(Action action) {
+    if (delivering || dialog.ended()) return;
+    delivering = true;
+    action();
+    delivering = false;
+    noteChange();
+    if (dialog.ended()) loop.quit();
+}
+
+void AddOnDialog::makeItems() {
+    for (const frontend::Item& item : dialog.items()) {
+        QWidget* widget = makeItem(item);
+        widget->setObjectName(QStringLiteral("item%1").arg(item.number));
+        widgets[item.number] = widget;
+    }
+}
+
+QWidget* AddOnDialog::makeItem(const frontend::Item& item) {
+    const QString text = toQString(item.text);
+    const Int16 number = item.number;
+    switch (item.kind) {
+        case frontend::ItemKind::Button: {
+            auto* button = new QPushButton(withoutShortcut(text), canvas);
+            button->setAccessibleName(text);
+            // Return is item 1 wherever the focus is, so no other button may take it.
+            button->setAutoDefault(false);
+            button->setDefault(number == DG_OK);
+            connect(button, &QPushButton::clicked, this, [this, number] {
+                const WaitCursor busy;
+                deliver([&] { dialog.clickItem(number); });
+            });
+            return button;
+        }
+        case frontend::ItemKind::EditText: {
+            auto* edit = new QLineEdit(text, canvas);
+            edit->setAccessibleName(QStringLiteral("Text field %1 of %2").arg(number).arg(windowTitle()));
+            connect(edit, &QLineEdit::textEdited, this, [this, number](const QString& typed) {
+                deliver([&] { dialog.typeText(number, toUniString(typed)); });
+            });
+            return edit;
+        }
+        case frontend::ItemKind::List:
+            return makeList(item);
+        case frontend::ItemKind::StaticText:
+            break;
+    }
+    auto* label = new QLabel(text, canvas);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setAccessibleName(text);
+    return label;
+}
+
+RowListView* AddOnDialog::makeList(const frontend::Item& item) {
+    const Int16 number = item.number;
+    auto* view = new RowListView(*item.list, canvas);
+    view->setAccessibleName(QStringLiteral("List of %1").arg(windowTitle()));
+    connect(view, &RowListView::rowClicked, this,
+            [this, number](Int16 row, Int16 x) { deliver([&] { dialog.clickRow(number, row, x); }); });
+    connect(view->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this, number](const QModelIndex& index) { Q_EMIT currentRowChanged(number, index.row()); });
+    return view;
+}
+
+/// In reading order, whatever the items' numbers are; a line are those whose tops are near each other.
+void AddOnDialog::orderTabs() {
+    std::vector<const frontend::Item*> items;
+    for (const frontend::Item& item : dialog.items()) items.push_back(&item);
+    std::stable_sort(items.begin(), items.end(), [](const frontend::Item* a, const frontend::Item* b) {
+        constexpr int lineHeight = 12;
+        const int lineA = a->rect.top / lineHeight, lineB = b->rect.top / lineHeight;
+        return lineA != lineB ? lineA < lineB : a->rect.left < b->rect.left;
+    });
+    for (std::size_t i = 1; i < items.size(); ++i) {
+        setTabOrder(widgets[items[i - 1]->number], widgets[items[i]->number]);
+    }
+}
+
+void AddOnDialog::chooseFocus() {
+    const auto of = [&](frontend::ItemKind kind) -> QWidget* {
+        for (const frontend::Item& item : dialog.items()) {
+            if (item.kind == kind) return widgets[item.number];
+        }
+        return nullptr;
+    };
+    if (auto* edit = qobject_cast<QLineEdit*>(of(frontend::ItemKind::EditText))) {
+        edit->setFocus();
+        edit->selectAll();
+    } else if (auto* view = qobject_cast<RowListView*>(of(frontend::ItemKind::List))) {
+        view->setFocus();
+        view->showRow(0);
+    }
+}
+
+void AddOnDialog::takeChanges() {
+    changePending = false;
+    if (delivering) return;  // taken when the message is through
+    showRowsLost();
+    placeItems();
+    takeTexts();
+    followSize();
+    for (const auto& [number, widget] : widgets) {
+        auto* view = qobject_cast<RowListView*>(widget);
+        if (view && dialog.list(number)->drawingEnabled()) view->refresh();
+    }
+    Q_EMIT contentChanged();
+}
+
+void AddOnDialog::placeItems() {
+    canvas->setGeometry(0, bannerHeight(), width(), height() - bannerHeight());
+    for (const frontend::Item& item : dialog.items()) widgets[item.number]->setGeometry(toQRect(item.rect));
+}
+
+void AddOnDialog::takeTexts() {
+    for (const frontend::Item& item : dialog.items()) {
+        const QString text = toQString(item.text);
+        QWidget* widget = widgets[item.number];
+        if (auto* edit = qobject_cast<QLineEdit*>(widget); edit && edit->text() != text) edit->setText(text);
+        if (auto* label = qobject_cast<QLabel*>(widget)) label->setText(text);
+        if (auto* button = qobject_cast<QPushButton*>(widget)) button->setText(withoutShortcut(text));
+    }
+}
+
+void AddOnDialog::showRowsLost() {
+    std::uint64_t lost = 0;
+    for (const frontend::Item& item : dialog.items()) {
+        if (item.list) lost += item.list->rowsLost();
+    }
+    if (lost == 0 || !banner->isHidden()) return;
+    banner->setText(QStringLiteral("The list is full: %1 more %2 not shown, since a list holds at most %3 rows. Split "
+                                   "the file and import its parts one after the other.")
+                        .arg(number(static_cast<qint64>(lost)),
+                             lost == 1 ? QStringLiteral("row is") : QStringLiteral("rows are"),
+                             number(DG_LIST_MAX_ROWS)));
+    banner->show();
+    setSize();
+}
+
+int AddOnDialog::bannerHeight() const {
+    return banner->isHidden() ? 0 : banner->heightForWidth(std::max(width(), dialog.width()));
+}
+
+void AddOnDialog::setSize() {
+    const int extra = banner->isHidden() ? 0 : banner->heightForWidth(dialog.minimumWidth());
+    if (dialog.growable()) {
+        setMinimumSize(dialog.minimumWidth(), dialog.minimumHeight() + extra);
+        const QSize size = wantedSize();
+        resize(size.width(), size.height() + extra);
+        dialog.resize(size.width() - dialog.width(), size.height() - dialog.height());
+        resize(dialog.width(), dialog.height() + bannerHeight());
+    } else {
+        setFixedSize(dialog.width(), dialog.height() + bannerHeight());
+    }
+    banner->setGeometry(0, 0, width(), bannerHeight());
+}
+
+/// The size that the user gave this dialog the last time, as far as the screen has room for it; else the add-on's.
+QSize AddOnDialog::wantedSize() const {
+    const QSize kept = ready ? size() : QSettings().value(settingsKey()).toSize();
+    const QSize wanted = kept.isValid() ? kept : QSize(dialog.width(), dialog.height());
+    return wanted.boundedTo(screen()->availableSize()).expandedTo({dialog.minimumWidth(), dialog.minimumHeight()});
+}
+
+void AddOnDialog::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    banner->setGeometry(0, 0, width(), bannerHeight());
+    followSize();
+}
+
+/// The window's size is the user's wish; the handler answers it by moving the items, which shows in the same frame.
+void AddOnDialog::followSize() {
+    if (!ready) return;
+    const int horizontal = width() - dialog.width();
+    const int vertical = height() - bannerHeight() - dialog.height();
+    if (horizontal || vertical) deliver([&] { dialog.resize(horizontal, vertical); });
+    placeItems();
+}
+
+void AddOnDialog::reject() {
+    deliver([&] { dialog.pressEscape(); });
+}
+
+/// The close box is a click on item 2; the handler decides whether the dialog ends.
+void AddOnDialog::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    reject();
+}
+
+void AddOnDialog::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        const WaitCursor busy;
+        deliver([&] { dialog.pressReturn(); });
+        return;
+    }
+    QDialog::keyPressEvent(event);
+}
+
+QString AddOnDialog::settingsKey() const {
+    return QStringLiteral("dialogs/%1/size").arg(dialog.resourceId());
+}
+
+}  // namespace desktop

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "frameworks/FrontEnd.hpp"
+
+#include <QDialog>
+#include <QEventLoop>
+#include <map>
+
+class QLabel;
+
+namespace desktop {
+
+class RowListView;
+
+/// An add-on's dialog in a window. The dialog manager owns its items, their places and texts; this shows them and
+/// carries the user's actions there, one at a time.
+///
+/// While it runs, commands are closed to the user, but the model can still be looked at: in the plan, the table and
+/// the data of an element. So the window does not block the others.
+class AddOnDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    AddOnDialog(frontend::Dialog& dialog, QWidget* parent);
+
+    /// Shows the dialog until its handler ends it.
+    void run();
+    /// Something in the dialog changed; shown once all that belongs together has happened.
+    void noteChange();
+
+    const frontend::Dialog& content() const { return dialog; }
+    QWidget* itemWidget(Int16 number) const;
+    RowListView* list(Int16 number) const;
+    QLabel* notice() const { return banner; }
+
+    /// Escape and the close box.
+    void reject() override;
+
+Q_SIGNALS:
+    /// The rows or their look changed, or the dialog has just come up.
+    void contentChanged();
+    void currentRowChanged(Int16 item, int row);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    template <class Action>
+    void deliver(Action action);
+    void makeItems();
+    QWidget* makeItem(const frontend::Item& item);
+    RowListView* makeList(const frontend::Item& item);
+    void orderTabs();
+    void chooseFocus();
+    void takeChanges();
+    void placeItems();
+    void takeTexts();
+    void showRowsLost();
+    int bannerHeight() const;
+    void setSize();
+    void followSize();
+    QSize wantedSize() const;
+    QString settingsKey() const;
+
+    frontend::Dialog& dialog;
+    QWidget* canvas;
+    QLabel* banner;
+    std::map<Int16, QWidget*> widgets;
+    QEventLoop loop;
+    bool delivering = false;
+    bool changePending = false;
+    bool ready = false;  ///< Sizes set before the window shows are no wish of the user's.
+};
+
+}  // namespace desktop

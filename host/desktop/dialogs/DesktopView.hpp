@@ -1,0 +1,41 @@
+#pragma once
+
+#include "frameworks/FrontEnd.hpp"
+
+#include <QObject>
+#include <map>
+
+class QWidget;
+
+namespace desktop {
+
+class AddOnDialog;
+
+/// The front end in charge while it lives: shows the add-on's dialogs and asks for files, over one window.
+class DesktopView : public QObject, public frontend::View {
+    Q_OBJECT
+
+public:
+    explicit DesktopView(QWidget* window);
+    ~DesktopView() override;
+
+    void runModal(frontend::Dialog& dialog) override;
+    std::optional<std::string> pickFile(const frontend::FileRequest& request) override;
+    void changed(frontend::Dialog& dialog, Int16 item) override;
+
+    /// The innermost dialog that is open, or null.
+    AddOnDialog* current() const;
+
+Q_SIGNALS:
+    void dialogOpened(desktop::AddOnDialog* dialog);
+    void dialogClosed();
+
+private:
+    void place(AddOnDialog& dialog) const;
+
+    QWidget* window;
+    std::map<frontend::Dialog*, AddOnDialog*> open;
+    frontend::View* before;
+};
+
+}  // namespace desktop

@@ -1,0 +1,72 @@
+#include "desktop/dialogs/ReviewRows.hpp"
+
+#include "desktop/Text.hpp"
+
+namespace desktop {
+
+namespace {
+
+constexpr std::size_t guidLength = 36;
+
+/// @return the row's cells, which point into `text`.
+std::vector<std::u16string_view> cellsOf(std::u16string_view text) {
+    std::vector<std::u16string_view> cells;
+    while (true) {
+        const std::size_t tab = text.find(u'\t');
+        cells.push_back(text.substr(0, tab));
+        if (tab == std::u16string_view::npos) return cells;
+        text.remove_prefix(tab + 1);
+    }
+}
+
+}  // namespace
+
+Mark rowMark(const frontend::List& list, Int16 row) {
+    const GS::UniString text = list.rowText(row);
+    const std::u16string_view units = text.View();
+    const auto endsWith = [&](std::u16string_view end) { return units.ends_with(end); };
+    if (endsWith(u"\terror!")) return Mark::Error;
+    if (endsWith(u"\tDone")) return Mark::Done;
+    if (list.status(row) != DG_IS_ENABLE) return Mark::Unchanged;
+    if (units.starts_with(u"[X]\t")) return Mark::Ticked;
+    return Mark::Open;
+}
+
+void ReviewRows::read(const frontend::List& list) {
+    const Int16 count = list.rowCount();
+    if (static_cast<std::size_t>(count) < elements.size()) elements.clear();
+    for (Int16 row = static_cast<Int16>(elements.size()); row < count; ++row) {
+        elements.push_back(findElement(list, static_cast<Int16>(row + 1)));
+    }
+    current = {};
+    for (int row = 0; row < count; ++row) {
+        const auto& element = elements[static_cast<std::size_t>(row)];
+        if (element) current.add(*element, rowMark(list, static_cast<Int16>(row + 1)));
+    }
+}
+
+std::optional<model::Element> ReviewRows::element(int row) const {
+    if (row < 0 || static_cast<std::size_t>(row) >= elements.size()) return std::nullopt;
+    return elements[static_cast<std::size_t>(row)];
+}
+
+std::vector<int> ReviewRows::rowsOf(model::Element element) const {
+    std::vector<int> rows;
+    for (std::size_t row = 0; row < elements.size(); ++row) {
+        if (elements[row] == element) rows.push_back(static_cast<int>(row));
+    }
+    return rows;
+}
+
+std::optional<model::Element> ReviewRows::findElement(const frontend::List& list, Int16 row) const {
+    const GS::UniString text = list.rowText(row);
+    for (const std::u16string_view cell : cellsOf(text.View())) {
+        if (cell.size() != guidLength) continue;
+        const auto guid = guidFromText(QStringView(cell.data(), static_cast<qsizetype>(cell.size())));
+        if (!guid) continue;
+        if (const auto element = model.find(*guid)) return element;
+    }
+    return std::nullopt;
+}
+
+}  // namespace desktop

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "desktop/plan/PlanMarks.hpp"
+#include "frameworks/FrontEnd.hpp"
+#include "model/Model.hpp"
+
+#include <vector>
+
+namespace desktop {
+
+/// Which elements the rows of an open dialog's list are about, and how these rows stand.
+///
+/// Any list qualifies whose rows have an element's GUID in one of their cells; nothing else of the add-on is known here
+/// but the texts that its rows show.
+class ReviewRows {
+public:
+    explicit ReviewRows(const model::Model& source) : model(source) {}
+
+    /// Reads the list anew. GUIDs are looked up only for rows that were not there before.
+    void read(const frontend::List& list);
+
+    /// The element of a row, counted from 0.
+    std::optional<model::Element> element(int row) const;
+    /// The rows about an element, counted from 0, in the list's order.
+    std::vector<int> rowsOf(model::Element element) const;
+    const PlanMarks& marks() const { return current; }
+
+private:
+    std::optional<model::Element> findElement(const frontend::List& list, Int16 row) const;
+
+    const model::Model& model;
+    std::vector<std::optional<model::Element>> elements;
+    PlanMarks current;
+};
+
+/// How a row stands, from what it shows.
+Mark rowMark(const frontend::List& list, Int16 row);
+
+}  // namespace desktop

@@ -1,0 +1,84 @@
+#include "desktop/dialogs/RowListModel.hpp"
+
+#include "desktop/Text.hpp"
+
+namespace desktop {
+
+namespace {
+
+/// The dialog manager counts rows and columns from 1, Qt from 0.
+Int16 counted1(int index) {
+    return static_cast<Int16>(index + 1);
+}
+
+/// A cell is one line; a line break in a text of the model would push the rest of it out of sight.
+QString onOneLine(QString text) {
+    for (QChar& c : text) {
+        if (c == u'\n' || c == u'\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator) c = u' ';
+    }
+    return text;
+}
+
+}  // namespace
+
+RowListModel::RowListModel(const frontend::List& list, QObject* parent)
+    : QAbstractTableModel(parent),
+      rows(list),
+      shownRows(list.rowCount()),
+      shownColumns(static_cast<int>(list.tabFields().size())) {}
+
+void RowListModel::refresh() {
+    const int nowRows = rows.rowCount();
+    const int nowColumns = static_cast<int>(rows.tabFields().size());
+    if (nowColumns != shownColumns || nowRows < shownRows) {
+        beginResetModel();
+        shownRows = nowRows;
+        shownColumns = nowColumns;
+        endResetModel();
+        return;
+    }
+    if (nowRows > shownRows) {
+        beginInsertRows({}, shownRows, nowRows - 1);
+        shownRows = nowRows;
+        endInsertRows();
+    }
+    if (shownRows && shownColumns) Q_EMIT dataChanged(index(0, 0), index(shownRows - 1, shownColumns - 1));
+    if (shownColumns) Q_EMIT headerDataChanged(Qt::Horizontal, 0, shownColumns - 1);
+}
+
+QString RowListModel::cellText(int row, int column) const {
+    return toQString(rows.cell(counted1(row), counted1(column)));
+}
+
+int RowListModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : shownRows;
+}
+
+int RowListModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : shownColumns;
+}
+
+QVariant RowListModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid() || index.row() >= shownRows) return {};
+    if (role == Qt::DisplayRole) return onOneLine(cellText(index.row(), index.column()));
+    if (role == Qt::ForegroundRole) return foreground(index.row());
+    return {};
+}
+
+QVariant RowListModel::foreground(int row) const {
+    if (const auto color = rows.color(counted1(row))) {
+        return QColor::fromRgba64(color->red, color->green, color->blue);
+    }
+    if (rows.status(counted1(row)) != DG_IS_ENABLE) return disabled;
+    return {};
+}
+
+QVariant RowListModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal) return {};
+    if (role == Qt::TextAlignmentRole) return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
+    const auto& header = rows.header();
+    if (role != Qt::DisplayRole || section < 0 || static_cast<std::size_t>(section) >= header.size()) return {};
+    return toQString(header[static_cast<std::size_t>(section)].text);
+}
+
+}  // namespace desktop

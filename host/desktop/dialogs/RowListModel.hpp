@@ -1,0 +1,40 @@
+#pragma once
+
+#include "frameworks/FrontEnd.hpp"
+
+#include <QAbstractTableModel>
+#include <QColor>
+
+namespace desktop {
+
+/// An add-on's list as table rows. Nothing is copied: each cell is read from the dialog manager when it is painted.
+class RowListModel : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    /// @param list  lives as long as its dialog, which outlives this model.
+    explicit RowListModel(const frontend::List& list, QObject* parent = nullptr);
+
+    /// The list's content has changed. Rows that stay keep their place and their selection.
+    void refresh();
+    /// Used for rows that are not enabled and bear no colour of their own.
+    void setDisabledColor(const QColor& color) { disabled = color; }
+
+    const frontend::List& list() const { return rows; }
+    /// The cell as the add-on set it.
+    QString cellText(int row, int column) const;
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    QVariant foreground(int row) const;
+
+    const frontend::List& rows;
+    int shownRows = 0, shownColumns = 0;
+    QColor disabled;
+};
+
+}  // namespace desktop

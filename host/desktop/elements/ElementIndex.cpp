@@ -1,0 +1,222 @@
+#include "desktop/elements/ElementIndex.hpp"
+
+#include "desktop/Text.hpp"
+
+#include <QHash>
+#include <QStringList>
+#include <algorithm>
+#include <numeric>
+
+namespace desktop {
+
+namespace {
+
+constexpr std::int32_t storeyTypeId = 1003;
+
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+/// Length of the run of digits at the front.
+std::size_t digitsAt(std::string_view text) {
+    return static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isDigit) - text.begin());
+}
+
+std::string_view withoutZeros(std::string_view digits) {
+    digits.remove_prefix(std::min(digits.find_first_not_of('0'), digits.size()));
+    return digits;
+}
+
+/// Could the word be a part of a GUID's text? Shorter ones would find elements that nobody meant.
+bool looksLikeGuidPart(const QString& word) {
+    return word.size() >= 4 && std::all_of(word.begin(), word.end(), [](QChar c) {
+               return (c >= u'0' && c <= u'9') || (c >= u'a' && c <= u'f') || c == u'-';
+           });
+}
+
+}  // namespace
+
+bool naturalLess(std::string_view a, std::string_view b) {
+    while (!a.empty() && !b.empty()) {
+        const std::size_t digitsA = digitsAt(a), digitsB = digitsAt(b);
+        if (digitsA && digitsB) {
+            const std::string_view numberA = withoutZeros(a.substr(0, digitsA));
+            const std::string_view numberB = withoutZeros(b.substr(0, digitsB));
+            if (numberA.size() != numberB.size()) return numberA.size() < numberB.size();
+            if (numberA != numberB) return numberA < numberB;
+            a.remove_prefix(digitsA);
+            b.remove_prefix(digitsB);
+        } else {
+            if (a.front() != b.front()) {
+                return static_cast<unsigned char>(a.front()) < static_cast<unsigned char>(b.front());
+            }
+            a.remove_prefix(1);
+            b.remove_prefix(1);
+        }
+    }
+    return a.size() < b.size();
+}
+
+/// A word of the filter, with the answers for the shared texts worked out.
+struct ElementIndex::Word {
+    std::string folded;
+    std::string guidPart;  ///< Empty: no part of a GUID.
+    std::optional<model::Guid> guid;
+    std::vector<bool> storeys, types, classes;
+};
+
+ElementIndex::ElementIndex(const model::Model& source) {
+    const auto count = static_cast<model::Element>(source.elementCount());
+    rows.resize(count);
+    guids.resize(count);
+    QHash<QString, std::uint16_t> typeNumbers, classNumbers;
+    const auto shared = [](QHash<QString, std::uint16_t>& numbers, std::vector<Shared>& texts, const QString& text) {
+        const auto known = numbers.constFind(text);
+        if (known != numbers.constEnd()) return *known;
+        const auto next = static_cast<std::uint16_t>(texts.size());
+        texts.push_back({text, text.toCaseFolded()});
+        numbers.insert(text, next);
+        return next;
+    };
+    std::vector<QString> storeyOf(count);
+    for (model::Element element = 0; element < count; ++element) {
+        const model::ElementInfo info = source.info(element);
+        rows[element].type = shared(typeNumbers, types, toQString(info.typeName));
+        rows[element].ifcClass = shared(classNumbers, classes, toQString(info.ifcClass));
+        rows[element].typeId = info.typeId;
+        guids[element] = info.guid;
+        storeyOf[element] = toQString(source.storey(element));
+    }
+    gatherStoreys(source, storeyOf);
+    refreshNames(source);
+}
+
+void ElementIndex::gatherStoreys(const model::Model& source, std::vector<QString>& storeyOf) {
+    QHash<QString, std::uint32_t> numbers;
+    const auto numberOf = [&](const QString& name) {
+        const auto known = numbers.constFind(name);
+        if (known != numbers.constEnd()) return *known;
+        const auto next = static_cast<std::uint32_t>(storeyList.size());
+        storeyList.push_back({name, {}, 0});
+        numbers.insert(name, next);
+        return next;
+    };
+    for (model::Element element = 0; element < size(); ++element) {
+        if (rows[element].typeId == storeyTypeId) {
+            const QString name = toQString(source.name(element));
+            if (const auto origin = source.placement(element)) storeyList[numberOf(name)].elevation = origin->z;
+            if (storeyOf[element].isEmpty()) storeyOf[element] = name;  // a storey stands in itself
+        }
+        rows[element].storey = numberOf(storeyOf[element]);
+        ++storeyList[rows[element].storey].elementCount;
+    }
+
+    std::vector<std::uint32_t> order(storeyList.size());
+    std::iota(order.begin(), order.end(), 0U);
+    std::stable_sort(order.begin(), order.end(), [&](std::uint32_t a, std::uint32_t b) {
+        const StoreyInfo &left = storeyList[a], &right = storeyList[b];
+        if (left.name.isEmpty() != right.name.isEmpty()) return right.name.isEmpty();
+        if (left.elevation.has_value() != right.elevation.has_value()) return left.elevation.has_value();
+        return left.elevation && *left.elevation < *right.elevation;
+    });
+    std::vector<StoreyInfo> ordered;
+    std::vector<std::uint32_t> place(storeyList.size());
+    for (const std::uint32_t old : order) {
+        place[old] = static_cast<std::uint32_t>(ordered.size());
+        ordered.push_back(std::move(storeyList[old]));
+    }
+    storeyList = std::move(ordered);
+    for (Row& row : rows) row.storey = place[row.storey];
+}
+
+void ElementIndex::refreshNames(const model::Model& source) {
+    nameKeys.clear();
+    nameEnds.clear();
+    nameEnds.reserve(rows.size());
+    for (model::Element element = 0; element < size(); ++element) {
+        nameKeys += toQString(source.name(element)).toCaseFolded().toStdString();
+        nameEnds.push_back(nameKeys.size());
+    }
+    nameKeys.shrink_to_fit();
+}
+
+std::string_view ElementIndex::nameKey(model::Element element) const {
+    const std::uint64_t begin = element ? nameEnds[element - 1] : 0;
+    return std::string_view(nameKeys).substr(begin, nameEnds[element] - begin);
+}
+
+std::vector<model::Element> ElementIndex::sorted(ElementColumn column, bool descending) const {
+    std::vector<model::Element> order(rows.size());
+    std::iota(order.begin(), order.end(), 0U);
+    const auto ranked = [](const std::vector<Shared>& texts) {
+        std::vector<std::size_t> byText(texts.size()), rank(texts.size());
+        std::iota(byText.begin(), byText.end(), std::size_t{0});
+        std::sort(byText.begin(), byText.end(),
+                  [&](std::size_t a, std::size_t b) { return texts[a].folded < texts[b].folded; });
+        for (std::size_t i = 0; i < byText.size(); ++i) rank[byText[i]] = i;
+        return rank;
+    };
+    const auto sortBy = [&](const auto& less) {
+        if (descending) {
+            std::stable_sort(order.begin(), order.end(), [&](auto a, auto b) { return less(b, a); });
+        } else {
+            std::stable_sort(order.begin(), order.end(), less);
+        }
+    };
+    switch (column) {
+        case ElementColumn::Storey:
+            sortBy([&](auto a, auto b) { return rows[a].storey < rows[b].storey; });
+            break;
+        case ElementColumn::Type:
+            sortBy([&, rank = ranked(types)](auto a, auto b) { return rank[rows[a].type] < rank[rows[b].type]; });
+            break;
+        case ElementColumn::Class:
+            sortBy([&, rank = ranked(classes)](auto a, auto b) {
+                return rank[rows[a].ifcClass] < rank[rows[b].ifcClass];
+            });
+            break;
+        case ElementColumn::Name:
+            sortBy([&](auto a, auto b) { return naturalLess(nameKey(a), nameKey(b)); });
+            break;
+        case ElementColumn::Guid:
+            sortBy([&](auto a, auto b) { return guids[a] < guids[b]; });
+            break;
+    }
+    return order;
+}
+
+ElementIndex::Word ElementIndex::prepare(const QString& text) const {
+    const QString folded = text.toCaseFolded();
+    Word word;
+    word.folded = folded.toStdString();
+    if (looksLikeGuidPart(folded)) word.guidPart = text.toUpper().toStdString();
+    if (text.size() == 22) word.guid = guidFromText(text);
+    for (const StoreyInfo& storey : storeyList) word.storeys.push_back(storey.name.toCaseFolded().contains(folded));
+    for (const Shared& type : types) word.types.push_back(type.folded.contains(folded));
+    for (const Shared& ifcClass : classes) word.classes.push_back(ifcClass.folded.contains(folded));
+    return word;
+}
+
+bool ElementIndex::matches(model::Element element, const Word& word) const {
+    const Row& row = rows[element];
+    if (word.types[row.type] || word.classes[row.ifcClass] || word.storeys[row.storey]) return true;
+    if (nameKey(element).find(word.folded) != std::string_view::npos) return true;
+    if (word.guid && *word.guid == guids[element]) return true;
+    if (word.guidPart.empty()) return false;
+    const auto guid = guidCharacters(guids[element]);
+    return std::string_view(guid.data(), guid.size()).find(word.guidPart) != std::string_view::npos;
+}
+
+std::vector<model::Element> ElementIndex::filtered(const std::vector<model::Element>& order,
+                                                   const QString& text) const {
+    std::vector<Word> words;
+    for (const QString& part : text.simplified().split(u' ', Qt::SkipEmptyParts)) words.push_back(prepare(part));
+    if (words.empty()) return order;
+    std::vector<model::Element> kept;
+    std::copy_if(order.begin(), order.end(), std::back_inserter(kept), [&](model::Element element) {
+        return std::all_of(words.begin(), words.end(), [&](const Word& word) { return matches(element, word); });
+    });
+    return kept;
+}
+
+}  // namespace desktop

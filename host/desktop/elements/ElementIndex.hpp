@@ -1,0 +1,78 @@
+#pragma once
+// What the element table shows, sorts and searches, gathered from the model once.
+//
+// A filter must answer while the user types, with hundreds of thousands of elements. So the texts that repeat (storeys,
+// types, classes) are kept once each and searched once per word; names are kept ready in lower case, end to end in one
+// block; GUIDs stay 16 bytes and are compared as text only for words that could be a part of one.
+
+#include "model/Model.hpp"
+
+#include <QString>
+#include <string>
+#include <vector>
+
+namespace desktop {
+
+enum class ElementColumn : std::uint8_t { Storey, Type, Name, Guid, Class };
+inline constexpr int elementColumnCount = 5;
+
+/// One of the building's storeys, or the place of the elements that stand in none.
+struct StoreyInfo {
+    QString name;  ///< Empty for "in none".
+    std::optional<double> elevation;
+    std::uint32_t elementCount = 0;
+};
+
+/// Plain data: may be built on another thread than the one that uses it.
+class ElementIndex {
+public:
+    explicit ElementIndex(const model::Model& source);
+
+    std::uint32_t size() const { return static_cast<std::uint32_t>(rows.size()); }
+    const QString& type(model::Element element) const { return types[rows[element].type].text; }
+    const QString& ifcClass(model::Element element) const { return classes[rows[element].ifcClass].text; }
+    const model::Guid& guid(model::Element element) const { return guids[element]; }
+    std::int32_t typeId(model::Element element) const { return rows[element].typeId; }
+
+    /// Lowest first; those of unknown height after them, "in none" last.
+    const std::vector<StoreyInfo>& storeys() const { return storeyList; }
+    /// Position of the element's storey in storeys().
+    std::uint32_t storey(model::Element element) const { return rows[element].storey; }
+
+    /// All elements in the order of a column; elements that are equal there stay in file order.
+    std::vector<model::Element> sorted(ElementColumn column, bool descending) const;
+    /// Those of `order` that have every word of `text` in one of their columns. Case does not matter.
+    std::vector<model::Element> filtered(const std::vector<model::Element>& order, const QString& text) const;
+
+    /// Takes the names from the model anew, after an edit, undo or redo.
+    void refreshNames(const model::Model& source);
+
+private:
+    struct Row {
+        std::uint32_t storey = 0;
+        std::uint16_t type = 0, ifcClass = 0;
+        std::int32_t typeId = 0;
+    };
+    struct Shared {
+        QString text;
+        QString folded;
+    };
+    struct Word;
+
+    void gatherStoreys(const model::Model& source, std::vector<QString>& storeyOf);
+    std::string_view nameKey(model::Element element) const;
+    Word prepare(const QString& text) const;
+    bool matches(model::Element element, const Word& word) const;
+
+    std::vector<Row> rows;
+    std::vector<model::Guid> guids;
+    std::vector<Shared> types, classes;
+    std::vector<StoreyInfo> storeyList;
+    std::string nameKeys;                 ///< UTF-8, case folded, end to end.
+    std::vector<std::uint64_t> nameEnds;  ///< Where each element's key ends in nameKeys.
+};
+
+/// Order of two texts in which runs of digits count as numbers: "wall 9" before "wall 10".
+bool naturalLess(std::string_view a, std::string_view b);
+
+}  // namespace desktop

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "desktop/elements/ElementTableModel.hpp"
+
+#include <QWidget>
+
+class QLabel;
+class QLineEdit;
+class QTableView;
+
+namespace desktop {
+
+/// The middle of the main window: the filter, the table of elements and how many are shown.
+class ElementPanel : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit ElementPanel(QWidget* parent = nullptr);
+
+    void setSource(const model::Model* source, const ElementIndex* index);
+    void refresh();
+
+    std::optional<model::Element> current() const;
+    /// Makes the element's row the current one; clears a filter that hides it.
+    void select(model::Element element);
+    void focusFilter();
+
+    QTableView* table() const { return view; }
+    QLineEdit* filterField() const { return filter; }
+
+Q_SIGNALS:
+    void currentChanged();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void applyFilter();
+    void restoreCurrent(std::optional<model::Element> element);
+    void showCount();
+    void copyRow();
+
+    ElementTableModel* model;
+    QLineEdit* filter;
+    QTableView* view;
+    QLabel* count;
+    std::optional<model::Element> chosen;  ///< Stays chosen while a filter hides it.
+    bool changing = false;                 ///< Rows are being exchanged; the view's selection means nothing.
+};
+
+}  // namespace desktop

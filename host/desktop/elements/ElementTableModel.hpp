@@ -1,0 +1,47 @@
+#pragma once
+
+#include "desktop/elements/ElementIndex.hpp"
+
+#include <QAbstractTableModel>
+
+namespace desktop {
+
+/// The elements as table rows: sorted and filtered by the index, their texts made only for the rows on the screen.
+class ElementTableModel : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    using QAbstractTableModel::QAbstractTableModel;
+
+    /// Both are the caller's and stay until the next call; null for no model.
+    void setSource(const model::Model* newSource, const ElementIndex* newIndex);
+    void setFilter(const QString& text);
+    /// The index has changed: sorts and filters anew.
+    void refresh();
+
+    std::optional<model::Element> element(int row) const;
+    /// -1 where the filter hides it.
+    int rowOf(model::Element element) const;
+    QString text(model::Element element, ElementColumn column) const;
+
+    /// Number of elements, shown or not.
+    int total() const { return elements ? static_cast<int>(elements->size()) : 0; }
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    void sort(int column, Qt::SortOrder order) override;
+
+private:
+    void apply();
+
+    const model::Model* source = nullptr;
+    const ElementIndex* elements = nullptr;
+    std::vector<model::Element> order, shown;
+    QString filter;
+    int sortColumn = -1;  ///< -1: file order.
+    Qt::SortOrder sortOrder = Qt::AscendingOrder;
+};
+
+}  // namespace desktop

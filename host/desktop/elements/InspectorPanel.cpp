@@ -1,0 +1,193 @@
+#include "desktop/elements/InspectorPanel.hpp"
+
+#include "desktop/Text.hpp"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLocale>
+#include <QScrollBar>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+namespace desktop {
+
+namespace {
+
+QTreeWidgetItem* addRow(QTreeWidgetItem* group, const QString& name, const QString& value) {
+    auto* row = new QTreeWidgetItem(group, {name, value});
+    row->setToolTip(0, asPlainToolTip(name));
+    if (!value.isEmpty()) row->setToolTip(1, asPlainToolTip(value));
+    return row;
+}
+
+QString primitiveText(const model::PropertyValue& value) {
+    switch (value.primitive) {
+        case model::Primitive::Integer:
+            return QString::number(value.integer);
+        case model::Primitive::Real:
+            return QString::number(value.real, 'g', QLocale::FloatingPointShortest);
+        case model::Primitive::Boolean:
+            return value.boolean ? QStringLiteral("true") : QStringLiteral("false");
+        case model::Primitive::Logical:
+            return value.integer == 2   ? QStringLiteral("true")
+                   : value.integer == 1 ? QStringLiteral("unknown")
+                                        : QStringLiteral("false");
+        case model::Primitive::String:
+        case model::Primitive::Other:
+            break;
+    }
+    return toQString(value.string);
+}
+
+}  // namespace
+
+QString valueText(const model::Property& property) {
+    switch (property.kind) {
+        case model::PropertyKind::Single:
+            return primitiveText(property.value);
+        case model::PropertyKind::List:
+            return QStringLiteral("(list of values)");
+        case model::PropertyKind::Bounded:
+            return QStringLiteral("(bounded value)");
+        case model::PropertyKind::Enumerated:
+            return QStringLiteral("(enumerated value)");
+        case model::PropertyKind::Table:
+            return QStringLiteral("(table of values)");
+        case model::PropertyKind::Reference:
+            return QStringLiteral("(reference)");
+    }
+    return {};
+}
+
+InspectorPanel::InspectorPanel(QWidget* parent)
+    : QWidget(parent), heading(new QLabel(this)), view(new QTreeWidget(this)) {
+    heading->setObjectName(QStringLiteral("elementHeading"));
+    heading->setTextFormat(Qt::PlainText);
+    heading->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    heading->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    view->setObjectName(QStringLiteral("inspector"));
+    view->setAccessibleName(QStringLiteral("Data of the selected element"));
+    view->setHeaderLabels({QStringLiteral("Name"), QStringLiteral("Value")});
+    view->header()->setDefaultSectionSize(fontMetrics().averageCharWidth() * 28);
+    view->setUniformRowHeights(true);
+    view->setAlternatingRowColors(true);
+    view->setIndentation(14);
+    view->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    view->installEventFilter(this);
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(6, 6, 6, 6);
+    all->addWidget(heading);
+    all->addWidget(view, 1);
+    connect(view, &QTreeWidget::itemCollapsed, this, [this](QTreeWidgetItem* item) { closedGroups += item->text(0); });
+    connect(view, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem* item) { closedGroups -= item->text(0); });
+    show(nullptr, std::nullopt);
+}
+
+void InspectorPanel::show(const model::Model* source, std::optional<model::Element> element) {
+    const int scrolled = view->verticalScrollBar()->value();
+    view->setUpdatesEnabled(false);
+    view->clear();
+    if (source && element) {
+        const QString name = toQString(source->name(*element));
+        const QString type = toQString(source->info(*element).typeName);
+        heading->setText(name.isEmpty() ? type : QStringLiteral("%1 – %2").arg(name, type));
+        addIdentity(*source, *element);
+        addAttributes(*source, *element);
+        addProperties(*source, *element);
+        addClassifications(*source, *element);
+    } else {
+        heading->setText(source ? QStringLiteral("No element selected") : QString());
+    }
+    view->verticalScrollBar()->setValue(scrolled);
+    view->setUpdatesEnabled(true);
+}
+
+QTreeWidgetItem* InspectorPanel::group(const QString& title) {
+    auto* item = new QTreeWidgetItem(view, {title});
+    QFont font = view->font();
+    font.setBold(true);
+    item->setFont(0, font);
+    item->setFirstColumnSpanned(true);
+    item->setExpanded(!closedGroups.contains(title));
+    return item;
+}
+
+void InspectorPanel::addIdentity(const model::Model& source, model::Element element) {
+    const model::ElementInfo info = source.info(element);
+    QTreeWidgetItem* identity = group(QStringLiteral("Element"));
+    addRow(identity, QStringLiteral("GUID"), guidText(info.guid));
+    addRow(identity, QStringLiteral("Class"), toQString(info.ifcClass));
+    addRow(identity, QStringLiteral("Storey"), toQString(source.storey(element)));
+    addRow(identity, QStringLiteral("Instance"), QStringLiteral("#%1").arg(info.instanceId));
+    if (source.hasDuplicates(element)) {
+        addRow(identity, QStringLiteral("Note"), QStringLiteral("Others in the file bear the same GlobalId"));
+    }
+}
+
+void InspectorPanel::addAttributes(const model::Model& source, model::Element element) {
+    QTreeWidgetItem* attributes = group(QStringLiteral("Attributes"));
+    const auto read = source.attributes(element);
+    if (!read) {
+        addRow(attributes, QStringLiteral("Not readable"), toQString(read.error().message));
+        return;
+    }
+    for (const model::Attribute& attribute : *read) {
+        addRow(attributes, toQString(attribute.name), toQString(attribute.value));
+    }
+}
+
+void InspectorPanel::addProperties(const model::Model& source, model::Element element) {
+    const auto read = source.properties(element);
+    if (!read) {
+        addRow(group(QStringLiteral("Properties")), QStringLiteral("Not readable"), toQString(read.error().message));
+        return;
+    }
+    QHash<QString, QTreeWidgetItem*> sets;
+    for (const model::Property& property : *read) {
+        QString title = toQString(property.set);
+        if (property.inherited) title += QStringLiteral(" (from the type)");
+        QTreeWidgetItem*& set = sets[title];
+        if (!set) set = group(title);
+        QTreeWidgetItem* row = addRow(set, toQString(property.name), valueText(property));
+        if (property.kind != model::PropertyKind::Single) {
+            row->setForeground(1, palette().brush(QPalette::Disabled, QPalette::Text));
+        }
+    }
+}
+
+void InspectorPanel::addClassifications(const model::Model& source, model::Element element) {
+    const auto read = source.classifications(element);
+    if (read && read->empty()) return;
+    QTreeWidgetItem* references = group(QStringLiteral("Classification references"));
+    if (!read) {
+        addRow(references, QStringLiteral("Not readable"), toQString(read.error().message));
+        return;
+    }
+    for (const model::ClassificationReference& reference : *read) {
+        const QString code = toQString(reference.itemReference.value_or(u""));
+        const QString name = toQString(reference.name.value_or(u""));
+        addRow(references, toQString(reference.system), QString(code + u' ' + name).trimmed());
+    }
+}
+
+void InspectorPanel::copySelection() {
+    QStringList lines;
+    for (const QTreeWidgetItem* item : view->selectedItems()) {
+        lines += item->childCount() ? item->text(0) : item->text(0) + u'\t' + item->text(1);
+    }
+    if (!lines.isEmpty()) QApplication::clipboard()->setText(lines.join(u'\n'));
+}
+
+bool InspectorPanel::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == view && event->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {
+        copySelection();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+}  // namespace desktop

@@ -1,0 +1,118 @@
+#include "desktop/plan/PlanGeometry.hpp"
+
+#include <QElapsedTimer>
+#include <algorithm>
+#include <cmath>
+
+namespace desktop {
+
+namespace {
+
+/// How long reading may hold up other events: short enough for a smooth scroll.
+constexpr qint64 sliceMs = 8;
+constexpr std::int32_t openingTypeId = 1006;
+
+double areaOf(const QPolygonF& outline) {
+    double twice = 0;
+    for (qsizetype i = 0; i < outline.size(); ++i) {
+        const QPointF a = outline[i], b = outline[(i + 1) % outline.size()];
+        twice += a.x() * b.y() - b.x() * a.y();
+    }
+    return std::abs(twice) / 2;
+}
+
+}  // namespace
+
+PlanLayer planLayer(std::int32_t typeId) {
+    switch (typeId) {
+        case 10:    // mesh
+        case 1001:  // site
+        case 1002:  // building
+        case 1003:  // storey
+            return PlanLayer::Ground;
+        case 17:
+            return PlanLayer::Zone;
+        case 8:  // slab
+        case 9:  // roof
+            return PlanLayer::Floor;
+        case 1:   // wall
+        case 2:   // column
+        case 37:  // curtain wall
+            return PlanLayer::Structure;
+        case 4:  // window
+        case 5:  // door
+            return PlanLayer::Filling;
+        default:
+            return PlanLayer::Object;
+    }
+}
+
+PlanGeometry::PlanGeometry(QObject* parent) : QObject(parent) {
+    timer.setInterval(0);
+    connect(&timer, &QTimer::timeout, this, &PlanGeometry::readSome);
+}
+
+void PlanGeometry::setSource(const model::Model* newSource, const ElementIndex* newIndex) {
+    timer.stop();
+    source = newSource;
+    elements = newIndex;
+    wanted.clear();
+    read.clear();
+    if (!elements) return;
+    read.resize(elements->storeys().size());
+    for (model::Element element = 0; element < elements->size(); ++element) {
+        // An opening has the outline of its window or door, and would only hide it.
+        if (elements->typeId(element) != openingTypeId) read[elements->storey(element)].elements.push_back(element);
+    }
+    for (Storey& storey : read) {
+        std::stable_sort(storey.elements.begin(), storey.elements.end(), [&](model::Element a, model::Element b) {
+            return planLayer(elements->typeId(a)) < planLayer(elements->typeId(b));
+        });
+    }
+}
+
+void PlanGeometry::request(const std::vector<std::uint32_t>& storeys) {
+    wanted = storeys;
+    if (!complete(wanted)) timer.start();
+}
+
+bool PlanGeometry::complete(const std::vector<std::uint32_t>& storeys) const {
+    return std::all_of(storeys.begin(), storeys.end(), [&](std::uint32_t number) { return read[number].complete(); });
+}
+
+const Footprint* PlanGeometry::find(model::Element element) const {
+    if (!elements || element >= elements->size()) return nullptr;
+    const auto& footprints = read[elements->storey(element)].footprints;
+    const auto found = std::find_if(footprints.begin(), footprints.end(),
+                                    [&](const Footprint& footprint) { return footprint.element == element; });
+    return found == footprints.end() ? nullptr : &*found;
+}
+
+void PlanGeometry::readSome() {
+    QElapsedTimer clock;
+    clock.start();
+    for (const std::uint32_t number : wanted) {
+        while (!read[number].complete() && clock.elapsed() < sliceMs) readNext(read[number]);
+    }
+    if (complete(wanted)) timer.stop();
+    Q_EMIT grown();
+}
+
+void PlanGeometry::readNext(Storey& storey) {
+    Footprint footprint;
+    footprint.element = storey.elements[storey.done++];
+    footprint.layer = planLayer(elements->typeId(footprint.element));
+    for (const model::Point& point : source->footprint(footprint.element))
+        footprint.outline << QPointF(point.x, point.y);
+    if (footprint.outline.isEmpty()) {
+        // A building or storey has an origin, which is no place in it.
+        const auto origin = source->placement(footprint.element);
+        if (!origin || footprint.layer == PlanLayer::Ground) return;
+        footprint.outline << QPointF(origin->x, origin->y);
+    }
+    footprint.box = footprint.outline.boundingRect();
+    footprint.area = areaOf(footprint.outline);
+    storey.footprints.push_back(std::move(footprint));
+}
+
+}  // namespace desktop

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "desktop/elements/ElementIndex.hpp"
+
+#include <QObject>
+#include <QPolygonF>
+#include <QRectF>
+#include <QTimer>
+
+namespace desktop {
+
+/// What is drawn under what: areas first, then what stands on them.
+enum class PlanLayer : std::uint8_t { Ground, Zone, Floor, Object, Structure, Filling };
+
+/// An element's outline seen from above, in the model's coordinates.
+struct Footprint {
+    model::Element element = 0;
+    PlanLayer layer = PlanLayer::Object;
+    QPolygonF outline;  ///< One point for an element of which only the place is known.
+    QRectF box;
+    double area = 0;
+};
+
+/// The footprints of the model's elements by storey. They are read from the model piece by piece between other events,
+/// and only for the storeys that somebody looks at.
+class PlanGeometry : public QObject {
+    Q_OBJECT
+
+public:
+    explicit PlanGeometry(QObject* parent = nullptr);
+
+    /// Both are the caller's and stay until the next call; null for no model.
+    void setSource(const model::Model* newSource, const ElementIndex* newIndex);
+    /// Starts to read these storeys (positions in ElementIndex::storeys) before all others.
+    void request(const std::vector<std::uint32_t>& storeys);
+    bool complete(const std::vector<std::uint32_t>& storeys) const;
+
+    /// What has been read so far, in the order to draw.
+    const std::vector<Footprint>& storey(std::uint32_t number) const { return read[number].footprints; }
+    const Footprint* find(model::Element element) const;
+    const ElementIndex* index() const { return elements; }
+
+Q_SIGNALS:
+    void grown();
+
+private:
+    struct Storey {
+        std::vector<model::Element> elements;
+        std::vector<Footprint> footprints;
+        std::size_t done = 0;
+        bool complete() const { return done == elements.size(); }
+    };
+    void readSome();
+    void readNext(Storey& storey);
+
+    const model::Model* source = nullptr;
+    const ElementIndex* elements = nullptr;
+    std::vector<Storey> read;
+    std::vector<std::uint32_t> wanted;
+    QTimer timer;
+};
+
+PlanLayer planLayer(std::int32_t typeId);
+
+}  // namespace desktop

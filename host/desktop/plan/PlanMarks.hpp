@@ -1,0 +1,37 @@
+#pragma once
+
+#include "model/Model.hpp"
+
+#include <array>
+#include <unordered_map>
+
+namespace desktop {
+
+/// How an element's row in an open review stands. Of an element with several rows the greatest counts: what needs the
+/// user's eye comes before what is settled.
+enum class Mark : std::uint8_t { None, Unchanged, Done, Open, Ticked, Error };
+inline constexpr std::size_t markCount = 6;
+
+/// The elements marked in the plan.
+class PlanMarks {
+public:
+    void add(model::Element element, Mark mark) {
+        Mark& known = marks[element];
+        if (known < mark) known = mark;
+        ++rows[static_cast<std::size_t>(mark)];
+    }
+    Mark of(model::Element element) const {
+        const auto found = marks.find(element);
+        return found == marks.end() ? Mark::None : found->second;
+    }
+    bool empty() const { return marks.empty(); }
+    const std::unordered_map<model::Element, Mark>& all() const { return marks; }
+    /// How many rows stand so.
+    std::size_t rowCount(Mark mark) const { return rows[static_cast<std::size_t>(mark)]; }
+
+private:
+    std::unordered_map<model::Element, Mark> marks;
+    std::array<std::size_t, markCount> rows{};
+};
+
+}  // namespace desktop

@@ -1,0 +1,127 @@
+#include "desktop/plan/PlanPainter.hpp"
+
+#include "desktop/Text.hpp"
+#include "desktop/plan/PlanColors.hpp"
+
+#include <QPainter>
+#include <algorithm>
+
+namespace desktop {
+
+namespace {
+
+/// Marks in the order of the legend.
+constexpr Mark legendOrder[] = {Mark::Error, Mark::Ticked, Mark::Open, Mark::Done, Mark::Unchanged};
+/// A marked element smaller than this gets a dot of this size, to be found in a plan of the whole building.
+constexpr double leastMark = 9;
+
+}  // namespace
+
+bool PlanPainter::inSight(const Footprint& footprint) const {
+    const QRectF visible = viewport.visible();
+    const QRectF& box = footprint.box;  // may be without width or height, which QRectF::intersects takes for empty
+    return box.left() <= visible.right() && box.right() >= visible.left() && box.top() <= visible.bottom() &&
+           box.bottom() >= visible.top();
+}
+
+QPolygonF PlanPainter::onScreen(const Footprint& footprint) const {
+    QPolygonF points;
+    points.reserve(footprint.outline.size());
+    for (const QPointF& point : footprint.outline) points << viewport.toScreen(point);
+    return points;
+}
+
+void PlanPainter::drawStorey(const std::vector<Footprint>& footprints) {
+    std::optional<PlanLayer> layer;
+    for (const Footprint& footprint : footprints) {
+        if (!inSight(footprint)) continue;
+        if (layer != footprint.layer) {
+            layer = footprint.layer;
+            const PlanStyle style = planStyle(colors, *layer);
+            painter.setPen(QPen(style.line, 1));
+            painter.setBrush(style.fill);
+        }
+        const QRectF size = viewport.toScreen(footprint.box);
+        if (footprint.outline.size() < 2 || (size.width() < 1 && size.height() < 1)) {
+            painter.drawPoint(size.center());
+        } else {
+            painter.drawPolygon(onScreen(footprint));
+        }
+    }
+}
+
+void PlanPainter::drawMarks(const std::vector<Footprint>& footprints, const PlanMarks& marks) {
+    std::vector<std::pair<Mark, const Footprint*>> marked;
+    for (const Footprint& footprint : footprints) {
+        const Mark mark = marks.of(footprint.element);
+        if (mark != Mark::None && inSight(footprint)) marked.emplace_back(mark, &footprint);
+    }
+    std::stable_sort(marked.begin(), marked.end(), [](const auto& a, const auto& b) {
+        return a.first != b.first ? a.first < b.first : a.second->area > b.second->area;
+    });
+    for (const auto& [mark, footprint] : marked) {
+        const QColor line = markColor(colors, mark);
+        QColor fill = line;
+        // A slab's mark must not hide what stands on it.
+        fill.setAlphaF(footprint->layer <= PlanLayer::Floor ? 0.22F : 0.6F);
+        painter.setPen(QPen(line, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.setBrush(fill);
+        const QRectF size = viewport.toScreen(footprint->box);
+        if (size.width() < leastMark && size.height() < leastMark) {
+            painter.drawEllipse(size.center(), leastMark / 2, leastMark / 2);
+        } else {
+            painter.drawPolygon(onScreen(*footprint));
+        }
+    }
+}
+
+void PlanPainter::drawSelection(const Footprint& footprint) {
+    const QColor color = colors.color(QPalette::Highlight);
+    QColor halo = colors.color(QPalette::Base);
+    halo.setAlphaF(0.85F);
+    painter.setBrush(Qt::NoBrush);
+    const QRectF size = viewport.toScreen(footprint.box);
+    const bool small = size.width() < leastMark && size.height() < leastMark;
+    for (const QPen& pen : {QPen(halo, 6), QPen(color, 3)}) {
+        painter.setPen(pen);
+        if (small) {
+            painter.drawEllipse(size.center(), leastMark, leastMark);
+        } else {
+            painter.drawPolygon(onScreen(footprint));
+        }
+    }
+}
+
+void PlanPainter::drawLegend(const PlanMarks& marks) {
+    QStringList texts;
+    std::vector<Mark> used;
+    for (const Mark mark : legendOrder) {
+        if (!marks.rowCount(mark)) continue;
+        used.push_back(mark);
+        texts += QStringLiteral("%1 %2").arg(number(static_cast<qint64>(marks.rowCount(mark))), markText(mark));
+    }
+    if (used.empty()) return;
+    const QFontMetricsF metrics(painter.font());
+    const double line = metrics.height() + 2, padding = 8, swatch = 10, gap = 7, margin = 8;
+    double width = 0;
+    for (const QString& text : texts) width = std::max(width, metrics.horizontalAdvance(text));
+    const double height = line * static_cast<double>(used.size()) + 2 * padding;
+    QRectF box(margin, viewport.size.height() - height - margin, width + swatch + gap + 2 * padding, height);
+    QColor background = colors.color(QPalette::Window);
+    background.setAlphaF(0.93F);
+    QColor frame = colors.color(QPalette::Text);
+    frame.setAlphaF(0.25F);
+    painter.setPen(frame);
+    painter.setBrush(background);
+    painter.drawRoundedRect(box, 4, 4);
+    double y = box.top() + padding;
+    for (std::size_t i = 0; i < used.size(); ++i, y += line) {
+        const QRectF square(box.left() + padding, y + (line - swatch) / 2, swatch, swatch);
+        painter.fillRect(square, markColor(colors, used[i]));
+        painter.setPen(colors.color(QPalette::WindowText));
+        painter.drawText(QRectF(square.right() + gap, y, width + 1, line), Qt::AlignVCenter | Qt::AlignLeft,
+                         texts[static_cast<qsizetype>(i)]);
+    }
+}
+
+}  // namespace desktop

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "desktop/plan/PlanView.hpp"
+#include "services/Host.hpp"
+
+#include <QWidget>
+
+class QComboBox;
+
+namespace desktop {
+
+/// The plan with its choice of storeys and its zoom buttons.
+class PlanPanel : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit PlanPanel(QWidget* parent = nullptr);
+
+    void setSource(const model::Model* source, const ElementIndex* index);
+    /// The marks are the caller's and stay until the next call; null for none. With `choose` the plan goes to the
+    /// storey with most of them if the one in sight has none.
+    void setMarks(const PlanMarks* marks, bool choose);
+    /// Selects an element; a plan of another storey changes to the element's.
+    void showElement(std::optional<model::Element> element);
+
+    /// Lets the user click a point. @return nothing: cancelled.
+    std::optional<host::PickedPoint> pickPoint(const QString& prompt);
+    bool picking() const { return isPicking; }
+    void cancelPicking();
+
+    PlanView* view() const { return plan; }
+    QComboBox* storeyChoice() const { return choice; }
+
+Q_SIGNALS:
+    void elementClicked(model::Element element);
+    void pickingEnded();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void fillChoice();
+    void labelChoice();
+    void showChosen();
+    void chooseStorey(std::uint32_t storey);
+    std::optional<std::uint32_t> chosenStorey() const;
+    std::vector<std::size_t> markedPerStorey() const;
+    double heightOfPlan() const;
+
+    const ElementIndex* elements = nullptr;
+    const PlanMarks* marks = nullptr;
+    PlanGeometry* geometry;
+    PlanView* plan;
+    QComboBox* choice;
+    bool isPicking = false;
+};
+
+}  // namespace desktop

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "desktop/plan/PlanGeometry.hpp"
+#include "desktop/plan/PlanMarks.hpp"
+#include "desktop/plan/PlanViewport.hpp"
+
+#include <QPixmap>
+#include <QWidget>
+
+class QLabel;
+
+namespace desktop {
+
+/// The plan itself: draws storeys' footprints with their marks, zooms (wheel, + and -), pans (drag, arrows), and tells
+/// which element was clicked.
+class PlanView : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit PlanView(PlanGeometry* geometry, QWidget* parent = nullptr);
+
+    void setStoreys(const std::vector<std::uint32_t>& numbers);
+    void setMarks(const PlanMarks* shown);
+    /// The element drawn with the selection's frame; brought into sight where it is not.
+    void setSelected(std::optional<model::Element> element);
+    void fit();
+    void zoomBy(double factor);
+
+    /// Until the next call with an empty prompt, a click asks for a point instead of selecting.
+    void setPrompt(const QString& text);
+
+    /// The smallest footprint at a point of the model, marked ones first if `preferMarked`.
+    std::optional<model::Element> hit(const QPointF& point, bool preferMarked) const;
+    const PlanViewport& viewport() const { return port; }
+
+    QSize sizeHint() const override { return {480, 360}; }
+    QSize minimumSizeHint() const override { return {160, 120}; }
+
+Q_SIGNALS:
+    void elementClicked(model::Element element);
+    void pointClicked(QPointF point);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool event(QEvent* event) override;
+
+private:
+    void click(const QPointF& pixel);
+    void moved();
+    void redraw();
+    void renderNow();
+    QRectF extent() const;
+    std::size_t footprintCount() const;
+    void placePrompt();
+    QString toolTipAt(const QPointF& pixel) const;
+
+    PlanGeometry* geometry;
+    std::vector<std::uint32_t> storeys;
+    const PlanMarks* marks = nullptr;
+    std::optional<model::Element> selected;
+    PlanViewport port;
+    bool fitted = true;  ///< Nobody has zoomed or panned: the whole storey stays in sight as it grows.
+
+    QPixmap drawing;  ///< The footprints as last drawn, for `drawnPort`.
+    PlanViewport drawnPort;
+    bool outdated = true;
+    QTimer settle;
+
+    QPointF pressedAt, draggedFrom;
+    bool pressed = false, dragging = false;
+    QLabel* promptLabel;
+};
+
+}  // namespace desktop

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "desktop/window/Busy.hpp"
+#include "desktop/window/Document.hpp"
+
+#include <QObject>
+#include <vector>
+
+class QAction;
+class QMainWindow;
+class QMenu;
+
+namespace desktop {
+
+/// The menus that the add-on registered, with its texts, prompts, check marks and disabled items.
+class AddOnMenu : public QObject {
+    Q_OBJECT
+
+public:
+    AddOnMenu(QMainWindow* window, host::Host& host, Document& document, Busy& busy);
+
+    /// Takes the menus anew, after an add-on was loaded.
+    void rebuild();
+    /// The action of an item, from 1; null where there is none.
+    QAction* action(Int16 menuStrResID, Int32 itemIndex) const;
+
+Q_SIGNALS:
+    /// A command ended; `error` is its error code.
+    void commandEnded(GSErrCode error);
+
+private:
+    struct Entry {
+        Int16 menu;
+        Int32 item;
+        QAction* action;
+    };
+    void update();
+    void pick(Int16 menu, Int32 item);
+
+    QMainWindow* window;
+    host::Host& host;
+    Document& document;
+    Busy& busy;
+    std::vector<QMenu*> menus;
+    std::vector<Entry> entries;
+};
+
+}  // namespace desktop

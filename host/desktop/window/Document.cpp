@@ -1,0 +1,60 @@
+#include "desktop/window/Document.hpp"
+
+#include "desktop/Text.hpp"
+
+namespace desktop {
+
+Document::Document(host::Host& owner, QObject* parent) : QObject(parent), host(owner) {}
+
+void Document::adopt(Opened opened, const QString& path) {
+    Q_EMIT closing();
+    host.adoptModel(std::move(opened.model));
+    elements = std::move(opened.index);
+    file = path;
+    revision = model()->revision();
+    Q_EMIT replaced();
+    Q_EMIT fileChanged();
+}
+
+void Document::close() {
+    if (!isOpen()) return;
+    Q_EMIT closing();
+    host.closeModel();
+    elements.reset();
+    file.clear();
+    Q_EMIT replaced();
+    Q_EMIT fileChanged();
+}
+
+model::Status Document::save(const QString& path, const model::Progress& progress) {
+    model::SaveOptions options;
+    options.progress = progress;
+    const model::Status status = host.save(toPath(path), options);
+    if (status) {
+        file = path;
+        Q_EMIT fileChanged();
+    }
+    return status;
+}
+
+bool Document::modified() const {
+    return isOpen() && model()->modified();
+}
+
+void Document::undo() {
+    if (host.undo()) noteCommand();
+}
+
+void Document::redo() {
+    if (host.redo()) noteCommand();
+}
+
+void Document::noteCommand() {
+    if (!isOpen() || model()->revision() == revision) return;
+    revision = model()->revision();
+    elements->refreshNames(*model());
+    Q_EMIT edited();
+    Q_EMIT fileChanged();
+}
+
+}  // namespace desktop

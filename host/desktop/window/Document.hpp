@@ -1,0 +1,57 @@
+#pragma once
+
+#include "desktop/elements/ElementIndex.hpp"
+#include "services/Host.hpp"
+
+#include <QObject>
+#include <QString>
+#include <memory>
+
+namespace desktop {
+
+/// The model that is open, its file and its index. Knows no window.
+class Document : public QObject {
+    Q_OBJECT
+
+public:
+    explicit Document(host::Host& host, QObject* parent = nullptr);
+
+    /// A model read from a file, with the index made for it.
+    struct Opened {
+        std::unique_ptr<model::Model> model;
+        std::unique_ptr<ElementIndex> index;
+    };
+    void adopt(Opened opened, const QString& path);
+    void close();
+    model::Status save(const QString& path, const model::Progress& progress);
+
+    bool isOpen() const { return elements != nullptr; }
+    bool modified() const;
+    const QString& path() const { return file; }
+    /// Null where none is open.
+    model::Model* model() const { return host.model(); }
+    const ElementIndex* index() const { return elements.get(); }
+
+    void undo();
+    void redo();
+    /// Looks whether a command has changed the model.
+    void noteCommand();
+
+Q_SIGNALS:
+    /// Another model is open, or none. Comes after `closing` and the new one's adoption.
+    void replaced();
+    /// The model is about to go: nobody may use it or its index from here on.
+    void closing();
+    /// The same model's content changed.
+    void edited();
+    /// The file's name or whether it is saved changed.
+    void fileChanged();
+
+private:
+    host::Host& host;
+    std::unique_ptr<ElementIndex> elements;
+    QString file;
+    std::uint64_t revision = 0;
+};
+
+}  // namespace desktop

@@ -1,0 +1,190 @@
+#include "desktop/window/FileMenu.hpp"
+
+#include "desktop/Text.hpp"
+#include "desktop/window/FileTasks.hpp"
+#include "desktop/window/RecentFiles.hpp"
+
+#include <QAction>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QSettings>
+#include <QStatusBar>
+
+namespace desktop {
+
+namespace {
+
+const QString folderKey = QStringLiteral("folders/models");
+const QString modelFilter = QStringLiteral("IFC models (*.ifc *.ifczip *.ifcZIP *.IFC);;All files (*)");
+
+void showError(QWidget* window, const QString& title, const model::Error& error) {
+    QMessageBox box(QMessageBox::Critical, title, title, QMessageBox::Ok, window);
+    box.setObjectName(QStringLiteral("errorMessage"));
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(toQString(error.message).toHtmlEscaped() + u'.');
+    box.exec();
+}
+
+}  // namespace
+
+FileMenu::FileMenu(QMainWindow* owner, Document& shown, Busy& shared)
+    : QObject(owner), window(owner), document(shown), busy(shared) {
+    fileMenu = window->menuBar()->addMenu(QStringLiteral("&File"));
+    openItem =
+        add(QStringLiteral("&Open…"), QKeySequence::Open, QStringLiteral("Open a model"), &FileMenu::openByDialog);
+    recentMenu = fileMenu->addMenu(QStringLiteral("Open &Recent"));
+    fileMenu->addSeparator();
+    saveItem = add(QStringLiteral("&Save"), QKeySequence::Save, QStringLiteral("Save the model to its file"),
+                   &FileMenu::saveAction);
+    saveAsItem = add(QStringLiteral("Save &As…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
+                     QStringLiteral("Save the model to another file"), &FileMenu::saveAsAction);
+    fileMenu->addSeparator();
+    closeItem = add(QStringLiteral("&Close"), QKeySequence(Qt::CTRL | Qt::Key_W), QStringLiteral("Close the model"),
+                    &FileMenu::closeAction);
+    quitItem = add(QStringLiteral("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), QStringLiteral("Leave the program"),
+                   &FileMenu::quit);
+    connect(recentMenu, &QMenu::aboutToShow, this, &FileMenu::fillRecent);
+    connect(&document, &Document::fileChanged, this, &FileMenu::update);
+    connect(&busy, &Busy::changed, this, &FileMenu::update);
+    update();
+}
+
+QAction* FileMenu::add(const QString& text, const QKeySequence& key, const QString& prompt, void (FileMenu::*what)()) {
+    auto* action = fileMenu->addAction(text);
+    action->setShortcut(key);
+    action->setStatusTip(prompt);
+    connect(action, &QAction::triggered, this, what);
+    return action;
+}
+
+void FileMenu::update() {
+    const bool free = !busy.active();
+    openItem->setEnabled(free);
+    recentMenu->setEnabled(free && !RecentFiles::list().isEmpty());
+    saveItem->setEnabled(free && document.modified());
+    saveAsItem->setEnabled(free && document.isOpen());
+    closeItem->setEnabled(free && document.isOpen());
+    quitItem->setEnabled(free);
+}
+
+void FileMenu::fillRecent() {
+    recentMenu->clear();
+    for (const QString& path : RecentFiles::list()) {
+        // Names alone may be equal; the folder tells them apart.
+        const QFileInfo file(path);
+        QString text = QStringLiteral("%1 – %2").arg(file.fileName(), file.absolutePath());
+        auto* action = recentMenu->addAction(text.replace(u'&', QStringLiteral("&&")));
+        action->setStatusTip(path);
+        connect(action, &QAction::triggered, this, [this, path] { open(path); });
+    }
+    recentMenu->addSeparator();
+    connect(recentMenu->addAction(QStringLiteral("&Clear List")), &QAction::triggered, this, [this] {
+        RecentFiles::clear();
+        update();
+    });
+}
+
+void FileMenu::openByDialog() {
+    if (!mayLoseModel()) return;
+    QFileDialog dialog(window, QStringLiteral("Open Model"));
+    dialog.setObjectName(QStringLiteral("openDialog"));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setNameFilters(modelFilter.split(QStringLiteral(";;")));
+    dialog.setDirectory(QSettings().value(folderKey, QDir::homePath()).toString());
+    if (dialog.exec() == QDialog::Accepted) open(dialog.selectedFiles().constFirst());
+}
+
+bool FileMenu::open(const QString& path) {
+    if (busy.active() || !mayLoseModel()) return false;
+    std::optional<model::Result<Document::Opened>> opened;
+    {
+        const Busy::Guard guard(busy);
+        opened = openWithProgress(window, path);
+    }
+    if (!opened) {
+        window->statusBar()->showMessage(QStringLiteral("Opening cancelled"), 5000);
+        return false;
+    }
+    if (!*opened) {
+        if (!QFileInfo::exists(path)) RecentFiles::remove(path);
+        showError(window, QStringLiteral("%1 could not be opened").arg(QFileInfo(path).fileName()), opened->error());
+        return false;
+    }
+    const QFileInfo file(path);
+    QSettings().setValue(folderKey, file.absolutePath());
+    RecentFiles::add(path);
+    document.adopt(std::move(**opened), file.absoluteFilePath());
+    return true;
+}
+
+bool FileMenu::save() {
+    return document.isOpen() && saveTo(document.path());
+}
+
+bool FileMenu::saveAs() {
+    if (!document.isOpen()) return false;
+    QFileDialog dialog(window, QStringLiteral("Save Model As"));
+    dialog.setObjectName(QStringLiteral("saveDialog"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setNameFilters(modelFilter.split(QStringLiteral(";;")));
+    dialog.setDefaultSuffix(QFileInfo(document.path()).suffix());
+    dialog.setDirectory(QFileInfo(document.path()).absolutePath());
+    dialog.selectFile(QFileInfo(document.path()).fileName());
+    return dialog.exec() == QDialog::Accepted && saveTo(dialog.selectedFiles().constFirst());
+}
+
+bool FileMenu::saveTo(const QString& path) {
+    std::optional<model::Status> status;
+    {
+        const Busy::Guard guard(busy);
+        status = saveWithProgress(window, document, path);
+    }
+    if (!status) {
+        window->statusBar()->showMessage(QStringLiteral("Saving cancelled; the file is as it was"), 5000);
+        return false;
+    }
+    if (!*status) {
+        showError(window, QStringLiteral("%1 could not be saved").arg(QFileInfo(path).fileName()), status->error());
+        return false;
+    }
+    RecentFiles::add(path);
+    window->statusBar()->showMessage(QStringLiteral("Saved %1").arg(path), 5000);
+    return true;
+}
+
+bool FileMenu::mayLoseModel() {
+    if (busy.active()) return false;
+    if (!document.modified()) return true;
+    QMessageBox box(QMessageBox::Question, QStringLiteral("Unsaved Changes"),
+                    QStringLiteral("Save the changes to %1?").arg(QFileInfo(document.path()).fileName()),
+                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, window);
+    box.setObjectName(QStringLiteral("unsavedQuestion"));
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(QStringLiteral("Changes that are not saved are lost."));
+    box.setDefaultButton(QMessageBox::Save);
+    switch (box.exec()) {
+        case QMessageBox::Save:
+            return save();
+        case QMessageBox::Discard:
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool FileMenu::close() {
+    if (!mayLoseModel()) return false;
+    document.close();
+    return true;
+}
+
+void FileMenu::quit() {
+    window->close();
+}
+
+}  // namespace desktop

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "desktop/window/Busy.hpp"
+#include "desktop/window/Document.hpp"
+
+#include <QObject>
+
+class QAction;
+class QMainWindow;
+class QMenu;
+
+namespace desktop {
+
+/// The File menu and what it does: opening, recent files, saving, closing, and the question about unsaved changes.
+class FileMenu : public QObject {
+    Q_OBJECT
+
+public:
+    FileMenu(QMainWindow* window, Document& document, Busy& busy);
+
+    QMenu* menu() const { return fileMenu; }
+
+    /// Asks about unsaved changes first. A file that cannot be opened is said in a message; the model that was open
+    /// stays. @return whether it is open now.
+    bool open(const QString& path);
+    void openByDialog();
+    bool save();
+    bool saveAs();
+    bool close();
+    /// @return false: the user wants to go on with the model, or saving it failed.
+    bool mayLoseModel();
+
+private:
+    QAction* add(const QString& text, const QKeySequence& key, const QString& prompt, void (FileMenu::*what)());
+    void fillRecent();
+    void update();
+    bool saveTo(const QString& path);
+    void quit();
+    void saveAction() { save(); }
+    void saveAsAction() { saveAs(); }
+    void closeAction() { close(); }
+
+    QMainWindow* window;
+    Document& document;
+    Busy& busy;
+    QMenu* fileMenu;
+    QMenu* recentMenu;
+    QAction *openItem, *saveItem, *saveAsItem, *closeItem, *quitItem;
+};
+
+}  // namespace desktop

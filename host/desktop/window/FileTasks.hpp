@@ -1,0 +1,18 @@
+#pragma once
+// Opening and saving with a window that shows how far it is and takes a cancel.
+
+#include "desktop/window/Document.hpp"
+
+class QWidget;
+
+namespace desktop {
+
+/// Reads a model on a thread of its own: reading is plain work on the file, and the window stays alive meanwhile.
+/// @return nothing where the user cancelled.
+std::optional<model::Result<Document::Opened>> openWithProgress(QWidget* window, const QString& path);
+
+/// Saves on the user's thread, since the model is the add-on's too; the window is served in between.
+/// @return nothing where the user cancelled.
+std::optional<model::Status> saveWithProgress(QWidget* window, Document& document, const QString& path);
+
+}  // namespace desktop
