@@ -10,7 +10,8 @@ fail() { say "${0##*/}: $*"; exit 1; }
 need() {
     command -v dpkg-query >/dev/null || return 0
     local installed missing root= log=$project/build/install.log
-    installed=$(dpkg-query -W -f '${db:Status-Status} ${Package}\n' "$@" 2>/dev/null | sed -n 's/^installed //p') || true
+    installed=$(dpkg-query -W -f '${db:Status-Status} ${Package}\n' "$@" 2>/dev/null |
+        sed -n 's/^installed //p') || true
     missing=$(printf '%s\n' "$@" | grep -vxF -e "$installed" | tr '\n' ' ') || return 0
     [ "$(id -u)" = 0 ] || root=sudo
     [ -z "$root" ] || command -v sudo >/dev/null || fail "install these, or run this as root or with sudo: $missing"

@@ -50,13 +50,15 @@ class Runner(unittest.TestCase):
                          (1, "1 passed, 1 failed, 0 skipped"))
 
     def test_a_crash_counts_as_a_failure(self):
-        self.assertEqual(self.run_on(a=f"#!{sys.executable}\nimport os\nos.abort()\n"), (1, "0 passed, 1 failed, 0 skipped"))
+        crash = f"#!{sys.executable}\nimport os\nos.abort()\n"
+        self.assertEqual(self.run_on(a=crash), (1, "0 passed, 1 failed, 0 skipped"))
 
     def test_a_bad_end_after_good_cases_counts_as_a_failure(self):
         self.assertEqual(self.run_on(a=program(case("x"), status=23)), (1, "1 passed, 1 failed, 0 skipped"))
 
     def test_cases_left_out_are_not_counted(self):
-        self.assertEqual(self.run_on(a=program(case("x"), case("y", "SUPPRESSED"))), (0, "1 passed, 0 failed, 0 skipped"))
+        self.assertEqual(self.run_on(a=program(case("x"), case("y", "SUPPRESSED"))),
+                         (0, "1 passed, 0 failed, 0 skipped"))
 
     def test_a_run_without_any_test_fails(self):
         self.assertEqual(self.run_on(), (1, "0 passed, 0 failed, 0 skipped"))
