@@ -1,0 +1,321 @@
+#include "DialogFixture.hpp"
+
+#include <gtest/gtest.h>
+
+using frontend::Dialog;
+using frontend::Rect;
+using testing_support::DialogTest;
+using testing_support::Message;
+using testing_support::ScriptedView;
+using testing_support::utf8;
+
+namespace {
+
+constexpr Int16 NoDialog[] = {0, -1, -2, 1, 255, 32767, -32768};
+constexpr Int16 NoItem[] = {0, -1, -2, 6, 99, 32767, -32768};
+
+}  // namespace
+
+TEST_F(DialogTest, LifeIsInitialisationThenActionsThenClose) {
+    onClick = [](Int16 item) { return item == DG_CANCEL ? item : Int16{0}; };
+    const Int16 result = open([&](Dialog& dialog) {
+        EXPECT_EQ(messages, (std::vector<Message>{{DG_MSG_INIT, 0, 0}})) << "it comes before the dialog shows";
+        EXPECT_TRUE(dialog.clickItem(1));
+        EXPECT_FALSE(dialog.ended());
+        EXPECT_TRUE(dialog.clickItem(2));
+        EXPECT_TRUE(dialog.ended());
+    });
+    EXPECT_EQ(result, 2);
+    EXPECT_EQ(messages, (std::vector<Message>{
+                            {DG_MSG_INIT, 0, 0}, {DG_MSG_CLICK, 1, 0}, {DG_MSG_CLICK, 2, 0}, {DG_MSG_CLOSE, 0, 0}}));
+    EXPECT_EQ(lastUserData, UserData);
+    EXPECT_TRUE(frontend::openDialogs().empty());
+}
+
+TEST_F(DialogTest, ShowsWhatItsDefinitionSays) {
+    open([](Dialog& dialog) {
+        EXPECT_EQ(dialog.resourceId(), Resource);
+        EXPECT_EQ(utf8(dialog.title()), "A dialog");
+        EXPECT_EQ(dialog.width(), 400);
+        EXPECT_EQ(dialog.height(), 300);
+        EXPECT_TRUE(dialog.growable());
+        EXPECT_EQ(dialog.minimumWidth(), 200);
+        EXPECT_EQ(dialog.minimumHeight(), 100);
+        ASSERT_EQ(dialog.items().size(), 5U);
+        for (std::size_t i = 0; i < 5; ++i) EXPECT_EQ(dialog.items()[i].number, static_cast<Int16>(i + 1));
+        EXPECT_EQ(dialog.item(3)->kind, frontend::ItemKind::EditText);
+        EXPECT_EQ(utf8(dialog.item(3)->text), "initial");
+        EXPECT_EQ(dialog.item(3)->rect, (Rect{10, 10, 110, 30}));
+        EXPECT_NE(dialog.list(5), nullptr);
+        EXPECT_EQ(dialog.list(1), nullptr);
+        EXPECT_EQ(dialog.item(99), nullptr);
+        EXPECT_EQ(frontend::openDialogs(), std::vector<Dialog*>{&dialog});
+    });
+}
+
+TEST_F(DialogTest, ReturnClicksItemOneAndEscapeItemTwo) {
+    onClick = [](Int16 item) { return static_cast<Int16>(item + 10); };
+    EXPECT_EQ(open([](Dialog& dialog) { EXPECT_TRUE(dialog.pressReturn()); }), 11);
+    EXPECT_EQ(open([](Dialog& dialog) { EXPECT_TRUE(dialog.pressEscape()); }), 12);
+}
+
+TEST_F(DialogTest, IsClosedAsByEscapeWhereTheViewLeavesItOpen) {
+    onClick = [](Int16 item) { return item; };
+    EXPECT_EQ(open([](Dialog&) {}), 2);
+    onClick = [](Int16) { return Int16{0}; };
+    EXPECT_EQ(open([](Dialog&) {}), 0) << "even a handler that refuses to close is left";
+    EXPECT_EQ(messages.back(), (Message{DG_MSG_CLOSE, 0, 0}));
+}
+
+TEST_F(DialogTest, IsClosedAtOnceWhereNobodyIsThere) {
+    onClick = [](Int16 item) { return item; };
+    EXPECT_EQ(openWithoutView(), 2);
+    EXPECT_EQ(messages, (std::vector<Message>{{DG_MSG_INIT, 0, 0}, {DG_MSG_CLICK, 2, 0}, {DG_MSG_CLOSE, 0, 0}}));
+}
+
+TEST_F(DialogTest, EndedDialogTakesNoAction) {
+    onClick = [](Int16 item) { return item; };
+    const Int16 result = open([&](Dialog& dialog) {
+        dialog.clickItem(1);
+        const std::size_t before = messages.size();
+        EXPECT_FALSE(dialog.clickItem(2));
+        EXPECT_FALSE(dialog.clickRow(5, 0, 0));
+        EXPECT_FALSE(dialog.typeText(3, "late"));
+        EXPECT_FALSE(dialog.resize(10, 10));
+        EXPECT_EQ(messages.size(), before);
+    });
+    EXPECT_EQ(result, 1);
+}
+
+TEST_F(DialogTest, ActionNeedsAnItemOfItsKind) {
+    open([&](Dialog& dialog) {
+        for (const Int16 number : {Int16{3}, Int16{4}, Int16{5}, Int16{0}, Int16{-1}, Int16{32767}})
+            EXPECT_FALSE(dialog.clickItem(number)) << number;
+        EXPECT_FALSE(dialog.clickRow(1, 0, 0));
+        EXPECT_FALSE(dialog.clickRow(5, 1, 0)) << "there is no row";
+        EXPECT_FALSE(dialog.clickRow(5, -1, 0));
+        EXPECT_FALSE(dialog.typeText(4, "static"));
+        EXPECT_FALSE(dialog.typeText(99, "nowhere"));
+        EXPECT_EQ(messages.size(), 1U);
+    });
+}
+
+TEST_F(DialogTest, ClickInAListTellsRowAndPosition) {
+    onInit = [&] { DGListInsertItem(id, List, DG_LIST_BOTTOM); };
+    open([&](Dialog& dialog) {
+        EXPECT_TRUE(dialog.clickRow(List, 1, 77));
+        EXPECT_EQ(lastClick.row, 1);
+        EXPECT_EQ(lastClick.x, 77);
+        EXPECT_TRUE(dialog.clickRow(List, 0, -5));
+        EXPECT_EQ(lastClick.row, 0);
+        EXPECT_EQ(lastClick.x, -5);
+    });
+}
+
+TEST_F(DialogTest, TypedTextIsWhatTheHandlerReads) {
+    open([&](Dialog& dialog) {
+        EXPECT_EQ(utf8(DGGetItemText(id, 3)), "initial");
+        EXPECT_TRUE(dialog.typeText(3, "typed"));
+        EXPECT_EQ(utf8(DGGetItemText(id, 3)), "typed");
+        EXPECT_EQ(DGSetItemText(id, 4, "label"), NoError);
+        EXPECT_EQ(utf8(dialog.item(4)->text), "label");
+        EXPECT_EQ(DGSetItemText(id, List, "a list has no text"), DG_ERR_BADPARS);
+        EXPECT_TRUE(DGGetItemText(id, List).IsEmpty());
+    });
+}
+
+TEST_F(DialogTest, GrowthGivenIsWhatWasPossible) {
+    struct {
+        int horizontal, vertical;
+        Int16 givenHorizontal, givenVertical;
+        int width, height;
+    } const cases[] = {{31, 10, 31, 10, 431, 310},
+                       {-31, 0, -31, 0, 400, 310},
+                       {-1000, -10, -200, -10, 200, 300},
+                       {INT_MAX, INT_MAX, 32567, 32467, 32767, 32767},
+                       {INT_MIN, INT_MIN, -32567, -32667, 200, 100}};
+    open([&](Dialog& dialog) {
+        for (const auto& each : cases) {
+            EXPECT_TRUE(dialog.resize(each.horizontal, each.vertical));
+            EXPECT_EQ(messages.back().message, DG_MSG_RESIZE);
+            EXPECT_EQ(DGResizeHorizontal(lastData), each.givenHorizontal);
+            EXPECT_EQ(DGResizeVertical(lastData), each.givenVertical);
+            EXPECT_EQ(dialog.width(), each.width);
+            EXPECT_EQ(dialog.height(), each.height);
+        }
+        const std::size_t before = messages.size();
+        EXPECT_TRUE(dialog.resize(-1, -1)) << "it is as small as it gets";
+        EXPECT_TRUE(dialog.resize(0, 0));
+        EXPECT_EQ(messages.size(), before);
+    });
+}
+
+TEST_F(DialogTest, DialogOfFixedSizeRefusesToGrow) {
+    open(
+        [&](Dialog& dialog) {
+            EXPECT_FALSE(dialog.growable());
+            EXPECT_FALSE(dialog.resize(5, 5));
+            EXPECT_EQ(dialog.width(), 100);
+            EXPECT_EQ(messages.size(), 1U);
+        },
+        FixedResource);
+}
+
+TEST_F(DialogTest, ItemsMoveAndGrowWithinSixteenBits) {
+    struct {
+        Int16 moveH, moveV, growH, growV;
+        Rect expected;
+    } const cases[] = {{5, -3, 0, 0, {15, 7, 115, 27}},
+                       {0, 0, 10, -5, {15, 7, 125, 22}},
+                       {0, 0, -32768, -32768, {15, 7, 15, 7}},
+                       {32767, 32767, 0, 0, {32767, 32767, 32767, 32767}},
+                       {-32768, -32768, 32767, 32767, {-1, -1, 32766, 32766}},
+                       {-32768, -32768, 0, 0, {-32768, -32768, -1, -1}},
+                       {0, 0, 32767, 32767, {-32768, -32768, 32766, 32766}},
+                       {-1, 0, 0, 0, {-32768, -32768, 32766, 32766}}};
+    open([&](Dialog& dialog) {
+        for (const auto& each : cases) {
+            EXPECT_EQ(DGMoveGrowItem(id, 3, each.moveH, each.moveV, each.growH, each.growV), NoError);
+            EXPECT_EQ(dialog.item(3)->rect, each.expected) << each.moveH << ' ' << each.growH;
+        }
+        EXPECT_EQ(DGMoveItem(id, 1, 31, 10), NoError);
+        EXPECT_EQ(dialog.item(1)->rect, (Rect{331, 280, 391, 300}));
+        EXPECT_EQ(DGGrowItem(id, 1, 1, 2), NoError);
+        EXPECT_EQ(dialog.item(1)->rect, (Rect{331, 280, 392, 302}));
+    });
+}
+
+TEST_F(DialogTest, UnknownDialogsAndItemsAreRefused) {
+    const auto refused = [](Int16 dialog, Int16 item) {
+        EXPECT_EQ(DGSetItemText(dialog, item, "x"), DG_ERR_BADPARS) << dialog << ' ' << item;
+        EXPECT_TRUE(DGGetItemText(dialog, item).IsEmpty()) << dialog << ' ' << item;
+        EXPECT_EQ(DGInvalidateItem(dialog, item), DG_ERR_BADPARS) << dialog << ' ' << item;
+        EXPECT_EQ(DGMoveItem(dialog, item, 1, 1), DG_ERR_BADPARS) << dialog << ' ' << item;
+        EXPECT_EQ(DGGrowItem(dialog, item, 1, 1), DG_ERR_BADPARS) << dialog << ' ' << item;
+    };
+    open([&](Dialog&) {
+        for (const Int16 item : NoItem) refused(id, item);
+        for (const Int16 dialog : NoDialog)
+            if (dialog != id) refused(dialog, 3);
+        EXPECT_EQ(DGBeginMoveGrowItems(-1), DG_ERR_BADPARS);
+        EXPECT_EQ(DGEndMoveGrowItems(-1), DG_ERR_BADPARS);
+    });
+    refused(id, 3);  // The number of a dialog that has ended.
+}
+
+TEST_F(DialogTest, UnknownResourceOrHandlerOpensNothing) {
+    for (const Int16 resource : NoDialog)
+        EXPECT_EQ(DGModalDialog(module, resource, module, handler(), 0), 0) << resource;
+    EXPECT_EQ(DGModalDialog(InvalidResModule, Resource, module, handler(), 0), 0);
+    EXPECT_EQ(DGModalDialog(module + 1, Resource, module, handler(), 0), 0);
+    EXPECT_EQ(DGModalDialog(module, Resource, module, nullptr, 0), 0);
+    EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(DialogTest, NumberOfAnEndedDialogIsNotGivenAtOnceAgain) {
+    open([](Dialog&) {});
+    const Int16 first = id;
+    open([&](Dialog&) { EXPECT_NE(id, first); });
+}
+
+// --- A dialog within a dialog --------------------------------------------------------------------------------------
+
+TEST_F(DialogTest, OuterDialogWaitsWhileAnInnerOneIsOpen) {
+    Dialog* outer = nullptr;
+    bool innerShown = false;
+    Int16 innerResult = -1;
+    onClick = [&](Int16 item) {
+        if (item != 1 || innerShown) return item;
+        innerShown = true;
+        innerResult = open([&](Dialog& inner) {
+            EXPECT_EQ(frontend::openDialogs(), (std::vector<Dialog*>{outer, &inner}));
+            EXPECT_NE(inner.id(), outer->id());
+            EXPECT_FALSE(outer->clickItem(2)) << "the inner one is in front";
+            EXPECT_FALSE(outer->resize(5, 5));
+            EXPECT_EQ(DGSetItemText(outer->id(), 3, "from within"), NoError) << "the add-on may still change it";
+            inner.clickItem(2);
+        });
+        return Int16{0};
+    };
+    const Int16 outerResult = open([&](Dialog& dialog) {
+        outer = &dialog;
+        dialog.clickItem(1);
+        EXPECT_TRUE(innerShown);
+        EXPECT_FALSE(dialog.ended());
+        EXPECT_EQ(utf8(dialog.item(3)->text), "from within");
+        dialog.clickItem(1);
+    });
+    EXPECT_EQ(innerResult, 2);
+    EXPECT_EQ(outerResult, 1);
+}
+
+TEST_F(DialogTest, HandlerThatThrowsLeavesNoDialogOpen) {
+    onClick = [](Int16) -> Int16 { throw GS::GSException("from the handler"); };
+    EXPECT_THROW(open([](Dialog& dialog) { dialog.clickItem(1); }), GS::GSException);
+    EXPECT_TRUE(frontend::openDialogs().empty());
+    EXPECT_EQ(DGSetItemText(id, 3, "x"), DG_ERR_BADPARS);
+}
+
+// --- What the view is told -----------------------------------------------------------------------------------------
+
+TEST_F(DialogTest, ViewIsToldOfChangesOnceTheDialogShows) {
+    onInit = [&] {
+        DGSetItemText(id, 3, "before it shows");
+        DGInvalidateItem(id, List);
+    };
+    open([&](Dialog&) {
+        EXPECT_EQ(view().changes(), 0);
+        DGSetItemText(id, 3, "x");
+        EXPECT_EQ(view().changes(), 1);
+        DGMoveItem(id, 3, 1, 1);
+        EXPECT_EQ(view().changes(), 2);
+        DGInvalidateItem(id, 3);
+        EXPECT_EQ(view().changes(), 3);
+        DGListInsertItem(id, List, DG_LIST_BOTTOM);
+        EXPECT_EQ(view().changes(), 4);
+        DGListSetItemStatus(id, List, 7, 2);
+        EXPECT_EQ(view().changes(), 4) << "a refused operation changes nothing";
+    });
+}
+
+TEST_F(DialogTest, ViewIsToldOnceAfterItemsMoved) {
+    open([&](Dialog&) {
+        EXPECT_EQ(DGEndMoveGrowItems(id), DG_ERR_BADPARS) << "nothing was begun";
+        EXPECT_EQ(DGBeginMoveGrowItems(id), NoError);
+        DGMoveItem(id, 1, 1, 1);
+        DGGrowItem(id, List, 1, 1);
+        EXPECT_EQ(view().changes(), 0);
+        EXPECT_EQ(DGEndMoveGrowItems(id), NoError);
+        EXPECT_EQ(view().changes(), 1);
+    });
+}
+
+TEST_F(DialogTest, HandlerThatForgetsToEndTheMovingIsHelped) {
+    onClick = [&](Int16) {
+        DGBeginMoveGrowItems(id);
+        DGMoveItem(id, 1, 1, 1);
+        return Int16{0};
+    };
+    open([&](Dialog& dialog) {
+        dialog.clickItem(1);
+        EXPECT_EQ(view().changes(), 1);
+        EXPECT_EQ(DGEndMoveGrowItems(id), DG_ERR_BADPARS);
+    });
+}
+
+TEST_F(DialogTest, ViewIsToldOnceAfterDrawingWasOff) {
+    open([&](Dialog& dialog) {
+        EXPECT_EQ(DGListDisableDraw(id, List), NoError);
+        EXPECT_FALSE(dialog.list(List)->drawingEnabled());
+        for (int i = 0; i < 10; ++i) DGListInsertItem(id, List, DG_LIST_BOTTOM);
+        DGInvalidateItem(id, List);
+        EXPECT_EQ(view().changes(), 0);
+        DGSetItemText(id, 3, "another item");
+        EXPECT_EQ(view().changes(), 1);
+        EXPECT_EQ(DGListEnableDraw(id, List), NoError);
+        EXPECT_EQ(view().changes(), 2);
+        EXPECT_EQ(DGListEnableDraw(id, List), NoError);
+        EXPECT_EQ(view().changes(), 2);
+        EXPECT_TRUE(dialog.list(List)->drawingEnabled());
+    });
+}
