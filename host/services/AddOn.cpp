@@ -135,12 +135,13 @@ std::string AddOn::refusal(std::string_view where) const {
 }
 
 std::string AddOn::faultMessage(std::string_view where, const CallFault& fault) {
-    if (!fault.crashed) return fmt::format("the add-on {} let {} out of {}", bundleName, fault.what, where);
+    if (!fault.crashed)
+        return fmt::format("the add-on {} let an exception out of {}: {}", bundleName, where, fault.what);
     hasCrashed = true;
     return fmt::format(
-        "the add-on {} crashed in {} ({}); it is not called any more. The model is as it was before the command: save "
-        "a "
-        "copy and start the program again",
+        "the add-on {} crashed in {} ({}) and is not called any more. An unfinished change of it is taken back; save "
+        "the "
+        "model under another name and start the program again",
         bundleName, where, fault.what);
 }
 

@@ -88,11 +88,11 @@ std::optional<CallFault> catchingExceptions(void (*call)(void*), void* argument)
         call(argument);
         return std::nullopt;
     } catch (const GS::GSException& exception) {
-        return CallFault{false, std::string("an exception: ") + exception.GetMessage().ToCStr().Get()};
+        return CallFault{false, exception.GetMessage().ToCStr().Get()};
     } catch (const std::exception& exception) {
-        return CallFault{false, std::string("an exception: ") + exception.what()};
+        return CallFault{false, exception.what()};
     } catch (...) {
-        return CallFault{false, "an exception of an unknown kind"};
+        return CallFault{false, "it is of an unknown kind"};
     }
 }
 

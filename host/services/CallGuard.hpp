@@ -20,7 +20,7 @@ namespace host {
 
 struct CallFault {
     bool crashed = false;  ///< Otherwise an exception.
-    std::string what;      ///< "a segmentation fault"; "an exception: " and its message.
+    std::string what;      ///< "a segmentation fault"; the exception's message.
 };
 
 /// Runs `call(argument)`. @param code  the add-on's. @return nothing where the call came to its end.

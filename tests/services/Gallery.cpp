@@ -1,0 +1,52 @@
+#include "Gallery.hpp"
+
+#include "Guid.hpp"
+
+namespace testing_support {
+
+IfcText houseWithWall(const std::string& schema) {
+    IfcText ifc(schema);
+    const auto upper =
+        ifc.element("IfcBuildingStorey", guidText(11), "Upper floor", {{"ObjectPlacement", ifc.placementAt(0, 0, 3)}});
+    ifc.element("IfcBuildingStorey", guidText(10), "Ground floor", {{"ObjectPlacement", ifc.placementAt(0, 0, 0)}});
+    const auto wall = ifc.element("IfcWall", guidText(1), "Wall-01", {{"ObjectPlacement", ifc.placementAt(10, 20, 0)}});
+    ifc.add("IfcRelContainedInSpatialStructure", {{"GlobalId", stepText(globalId(guidText(90)))},
+                                                  {"RelatedElements", "(#" + std::to_string(wall) + ")"},
+                                                  {"RelatingStructure", "#" + std::to_string(upper)}});
+    return ifc;
+}
+
+std::filesystem::path Gallery::bundle(const std::string& name) {
+    return std::filesystem::path(GALLERY_DIR) / (name + ".bundle");
+}
+
+std::string Gallery::loadFailure(const std::filesystem::path& path) {
+    const model::Status loaded = host.loadAddOn(path);
+    EXPECT_FALSE(loaded) << path << " loaded all the same";
+    EXPECT_FALSE(host.addOnLoaded());
+    EXPECT_TRUE(host.menus().empty());
+    if (loaded) return {};
+    const std::string prefix = "cannot load the add-on " + path.string() + ": ";
+    const std::string message = loaded.error().message;
+    EXPECT_THAT(message, ::testing::StartsWith(prefix));
+    return message.substr(prefix.size());
+}
+
+void Gallery::use(const std::string& addOn) {
+    openText(houseWithWall().text());
+    const model::Status loaded = host.loadAddOn(bundle(addOn));
+    ASSERT_TRUE(loaded) << loaded.error().message;
+}
+
+std::string Gallery::wallName() {
+    model::Guid guid;
+    GS::Guid parsed;
+    parsed.ConvertFromString(guidText(1).c_str());
+    std::copy(std::begin(parsed.bytes), std::end(parsed.bytes), guid.begin());
+    const auto wall = host.model()->find(guid);
+    EXPECT_TRUE(wall.has_value());
+    if (!wall) return {};
+    return GS::UniString(host.model()->name(*wall)).ToCStr().Get();
+}
+
+}  // namespace testing_support
