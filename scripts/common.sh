@@ -40,7 +40,8 @@ build() {
             { cat "$log" >&2; fail "configuring failed"; }
     fi
     say "Building build/$preset"
-    ninja -C "$folder" "$@" >"$log" 2>&1 || { complaints "$log" >&2; fail "the build failed (all of it: build/$preset.log)"; }
+    ninja -C "$folder" "$@" >"$log" 2>&1 ||
+        { complaints "$log" >&2; fail "the build failed (all of it: build/$preset.log)"; }
 }
 
 # What a failed build says, without the steps that went well and the commands' long lines.
