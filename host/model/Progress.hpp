@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 
@@ -8,5 +9,26 @@ namespace model {
 /// Called now and then during a long operation, at most some ten times a second.
 /// @param done, total  bytes. @return false to cancel: the operation ends with an error and leaves no trace.
 using Progress = std::function<bool(std::uint64_t done, std::uint64_t total)>;
+
+/// Keeps the calls of a Progress rare, however often the work reports.
+class Throttle {
+public:
+    explicit Throttle(const Progress& function) : progress(function), last(Clock::now()) {}
+
+    /// @return false where the operation is to be cancelled.
+    bool report(std::uint64_t done, std::uint64_t total) {
+        if (!progress) return true;
+        const Clock::time_point now = Clock::now();
+        if (now - last < std::chrono::milliseconds(100)) return true;
+        last = now;
+        return progress(done, total);
+    }
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    const Progress& progress;
+    Clock::time_point last;
+};
 
 }  // namespace model

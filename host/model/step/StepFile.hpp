@@ -32,19 +32,28 @@ struct Remark {
     std::string message;
 };
 
+class Disk;
+
 struct OpenOptions {
     Progress progress;
+    /// Takes the advisory lock on the file, so that other hosts learn that it is open here. For reading alone it is
+    /// not needed.
+    bool lock = true;
 };
 
 struct SaveOptions {
     Progress progress;
     /// Write even where another program changed the file since it was opened.
     bool force = false;
+    /// Null for the real one. Tests put one here that fails.
+    Disk* disk = nullptr;
 };
 
 class StepFile {
 public:
     /// Reads a .ifc file, or the model in an .ifczip. One pass over the bytes; only ids, keywords and places are kept.
+    /// Faults inside the file are no error, see remarks(). ErrorKind::CannotRead where the file cannot be read, is
+    /// being written, or is none in clear-text encoding.
     static Result<std::unique_ptr<StepFile>> open(const std::filesystem::path& path, const OpenOptions& options = {});
     /// The same for bytes in memory (tests, fuzzing).
     static Result<std::unique_ptr<StepFile>> fromBytes(std::string bytes);
@@ -54,6 +63,10 @@ public:
     const std::vector<std::string>& schemaNames() const;  ///< FILE_SCHEMA, decoded, as written.
     const std::vector<Remark>& remarks() const;
     std::uint64_t byteCount() const;
+    /// Another program has the file open for editing: it can be saved under other names only. Among the remarks, too.
+    bool readOnlyBecauseLocked() const;
+    /// That program, for a person: "modelhost (process 1234)". Empty where there is none.
+    const std::string& lockHolder() const;
 
     // --- Instances as they are now ---
     std::size_t instanceCount() const;  ///< Places, absent ones included.
@@ -74,9 +87,11 @@ public:
     bool open() const;
     /// Puts `newText` in place of the value, which must be a view into text(slot). Every other byte of the instance
     /// stays. The views into this instance's text are invalid after it.
+    /// Refused, like the two below: outside a command; an instance that is complex, absent or of a repeated id; a value
+    /// that is Malformed or Derived; a new text that is no value.
     Status replaceValue(Slot slot, Value value, std::string_view newText);
     /// Adds one element to an Aggregate value of the instance, or removes the element `member` of it, leaving the rest
-    /// as found.
+    /// as found. `member` is a view of the element, or a text that each element to be removed reads like.
     Status addToAggregate(Slot slot, Value aggregate, std::string_view element);
     Status removeFromAggregate(Slot slot, Value aggregate, std::string_view member);
     /// Adds an instance at the end of the data section that `neighbour` stands in.
@@ -112,14 +127,17 @@ public:
 
     /// Writes the file. Goes to a temporary file in the target's folder, is synced, renamed over the target, and the
     /// folder synced: at every moment the old file or the new one is there whole. Mode bits stay; a symbolic link stays
-    /// a link. An unchanged model is written byte for byte.
+    /// a link. An unchanged model is written byte for byte. A target named .ifczip is written as such an archive; the
+    /// file that was opened stays what it is.
+    /// ErrorKind::CannotWrite where another host has the target open, where another program changed it since it was
+    /// opened or saved here (see SaveOptions::force), and where writing fails: the old file is then untouched.
     Status save(const std::filesystem::path& path, const SaveOptions& options = {});
     /// The bytes that save would write.
     std::string bytes() const;
 
 private:
     struct Content;
-    explicit StepFile(std::unique_ptr<Content> content);
+    explicit StepFile(std::unique_ptr<Content> parts);
     std::unique_ptr<Content> content;
 };
 

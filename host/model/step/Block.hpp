@@ -1,0 +1,72 @@
+#pragma once
+// The characters that matter in 64 bytes at once, as bit masks: bit i speaks of byte i.
+
+#include <cstdint>
+#include <cstring>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
+namespace model::step {
+
+struct Block {
+    static constexpr std::size_t size = 64;
+
+    std::uint64_t semicolons, quotes, opening, closing, equals, slashes, hashes, controls;
+};
+
+#if defined(__SSE2__)
+
+/// All masks of 64 bytes. Those that a caller does not use are not computed once this is inlined.
+inline Block readBlock(const char* at) {
+    __m128i part[4];
+    std::memcpy(part, at, sizeof part);
+    const auto mask = [&part](auto compare) {
+        std::uint64_t bits = 0;
+        for (unsigned i = 0; i < 4; ++i)
+            bits |= static_cast<std::uint64_t>(static_cast<unsigned>(_mm_movemask_epi8(compare(part[i])))) << (16 * i);
+        return bits;
+    };
+    const auto same = [&mask](char c) {
+        return mask([c](__m128i bytes) { return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(c)); });
+    };
+    const auto control = [](__m128i bytes) { return _mm_cmpeq_epi8(_mm_min_epu8(bytes, _mm_set1_epi8(31)), bytes); };
+    return {same(';'), same('\''), same('('), same(')'), same('='), same('/'), same('#'), mask(control)};
+}
+
+#else
+
+inline Block readBlock(const char* at) {
+    Block block{};
+    for (unsigned i = 0; i < Block::size; ++i) {
+        const std::uint64_t bit = std::uint64_t{1} << i;
+        const auto note = [&](std::uint64_t& mask, bool there) { mask |= there ? bit : 0; };
+        const char c = at[i];
+        note(block.semicolons, c == ';');
+        note(block.quotes, c == '\'');
+        note(block.opening, c == '(');
+        note(block.closing, c == ')');
+        note(block.equals, c == '=');
+        note(block.slashes, c == '/');
+        note(block.hashes, c == '#');
+        note(block.controls, static_cast<unsigned char>(c) < 32);
+    }
+    return block;
+}
+
+#endif
+
+/// Bit i of the result is the parity of the bits 0 to i: with the quotes of a text, what is inside strings. The two
+/// apostrophes of a doubled one cancel each other out.
+constexpr std::uint64_t prefixParity(std::uint64_t bits) {
+    for (unsigned shift = 1; shift < 64; shift *= 2) bits ^= bits << shift;
+    return bits;
+}
+
+/// How many more bits `a` has than `b`.
+constexpr int difference(std::uint64_t a, std::uint64_t b) {
+    return __builtin_popcountll(a) - __builtin_popcountll(b);
+}
+
+}  // namespace model::step

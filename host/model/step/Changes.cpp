@@ -1,0 +1,208 @@
+#include "model/step/Changes.hpp"
+
+#include "model/step/HighestId.hpp"
+#include "model/step/Tokens.hpp"
+
+#include <algorithm>
+#include <functional>
+#include <limits>
+#include <utility>
+
+namespace model::step {
+
+namespace {
+
+std::uint64_t mixed(std::uint64_t number) {
+    number = (number ^ number >> 30U) * 0xBF58476D1CE4E5B9U;
+    number = (number ^ number >> 27U) * 0x94D049BB133111EBU;
+    return number ^ number >> 31U;
+}
+
+}  // namespace
+
+// --- Reading ---
+
+const ChangedInstance* Changes::lookUp(Slot slot) const {
+    const Place place = index.places[slot];
+    return place.changed() ? &changed[place.where()] : nullptr;
+}
+
+std::string_view Changes::original(const ChangedInstance& instance) const {
+    return index.bytes.substr(instance.offset, index.lengths[instance.slot]);
+}
+
+bool Changes::present(Slot slot) const {
+    const ChangedInstance* instance = lookUp(slot);
+    return instance == nullptr || instance->now.kind != TextState::Kind::Absent;
+}
+
+std::string_view Changes::text(Slot slot) const {
+    const ChangedInstance* instance = lookUp(slot);
+    if (instance == nullptr) return index.original(slot);
+    if (instance->now.kind == TextState::Kind::Original) return original(*instance);
+    return instance->now.text;
+}
+
+InstanceId Changes::id(Slot slot) const {
+    const ChangedInstance* instance = lookUp(slot);
+    if (instance != nullptr && instance->newId != 0) return instance->newId;
+    Cursor cursor(instance == nullptr ? index.original(slot) : original(*instance));
+    return scanId(cursor);
+}
+
+Slot Changes::find(InstanceId id) const {
+    Slot slot = NoSlot;
+    if (firstNewId != 0 && id >= firstNewId) {
+        if (id - firstNewId < newIds.size()) slot = newIds[id - firstNewId];
+    } else {
+        slot = index.ids.find(id);
+    }
+    return slot != NoSlot && present(slot) ? slot : NoSlot;
+}
+
+std::uint64_t Changes::offset(Slot slot) const {
+    const ChangedInstance* instance = lookUp(slot);
+    return instance == nullptr ? index.places[slot].where() : instance->offset;
+}
+
+std::uint32_t Changes::section(Slot slot) const {
+    const ChangedInstance* instance = lookUp(slot);
+    if (instance != nullptr && instance->newId != 0) return instance->section;
+    const auto after = std::upper_bound(index.sections.begin(), index.sections.end(), offset(slot),
+                                        [](std::uint64_t at, const Section& section) { return at < section.begin; });
+    return static_cast<std::uint32_t>(after - index.sections.begin()) - 1;
+}
+
+// --- Changing ---
+
+bool Changes::begin() {
+    if (running) return false;
+    running = true;
+    ++commandCount;
+    current = {};
+    current.otherNextId = nextId;
+    return true;
+}
+
+ChangedInstance& Changes::changeable(Slot slot) {
+    const Place place = index.places[slot];
+    if (place.changed()) return changed[place.where()];
+    ChangedInstance& instance = changed.emplace_back();
+    instance.slot = slot;
+    instance.offset = place.where();
+    index.places[slot] = {place.keyword(), true, changed.size() - 1};
+    return instance;
+}
+
+void Changes::set(Slot slot, TextState next) {
+    ChangedInstance& instance = changeable(slot);
+    if (next.kind == TextState::Kind::Changed && instance.newId == 0 && next.text == original(instance)) next = {};
+    if (instance.command != commandCount) {
+        instance.command = commandCount;
+        current.entries.push_back({static_cast<std::size_t>(index.places[slot].where()), instance.now});
+    }
+    exchange(instance, next);
+    ++changeCount;
+}
+
+/// Readers hold ids in 64 bits at most, often with a sign.
+bool Changes::reserveId() {
+    if (firstNewId == 0) firstNewId = highestId(index, *this) + 1;
+    if (nextId == 0) nextId = current.otherNextId = firstNewId;
+    return nextId < static_cast<InstanceId>(std::numeric_limits<std::int64_t>::max());
+}
+
+Slot Changes::append(std::string_view body, KeywordCode keyword, std::uint32_t section) {
+    if (index.places.size() >= NoSlot - 1 || !reserveId()) return NoSlot;
+    const auto slot = static_cast<Slot>(index.places.size());
+    index.places.push_back({keyword, true, changed.size()});
+    index.lengths.push_back(0);
+    ChangedInstance& instance = changed.emplace_back();
+    instance.slot = slot;
+    instance.newId = nextId++;
+    instance.section = section;
+    instance.now.kind = TextState::Kind::Absent;
+    std::string text = "#" + std::to_string(instance.newId) + "=";
+    text += body;
+    text += ';';
+    set(slot, {TextState::Kind::Changed, std::move(text)});
+    return slot;
+}
+
+/// What an instance adds to the fingerprint. An instance as the file has it adds nothing, nor does a new one while it
+/// is absent.
+std::uint64_t Changes::weight(const ChangedInstance& instance) const {
+    const std::uint64_t where = instance.newId == 0 ? instance.offset : ~std::uint64_t{instance.section};
+    switch (instance.now.kind) {
+        case TextState::Kind::Original:
+            return 0;
+        case TextState::Kind::Absent:
+            return instance.newId == 0 ? mixed(where + 1) : 0;
+        case TextState::Kind::Changed:
+            break;
+    }
+    return mixed(std::hash<std::string>()(instance.now.text) + mixed(where));
+}
+
+void Changes::exchange(ChangedInstance& instance, TextState& state) {
+    if (listener != nullptr) listener->beforeChange(instance.slot);
+    sum -= weight(instance);
+    std::swap(instance.now, state);
+    sum += weight(instance);
+    if (instance.newId != 0) rememberNewId(instance);
+    if (listener != nullptr) listener->afterChange(instance.slot);
+}
+
+/// After an undo the next new instance gets the same id again, in another slot.
+void Changes::rememberNewId(const ChangedInstance& instance) {
+    const auto at = static_cast<std::size_t>(instance.newId - firstNewId);
+    if (at >= newIds.size()) newIds.resize(at + 1, NoSlot);
+    newIds[at] = instance.now.kind == TextState::Kind::Absent ? NoSlot : instance.slot;
+}
+
+// --- Commands ---
+
+bool Changes::commit(std::string name) {
+    running = false;
+    std::erase_if(current.entries, [this](const Entry& entry) { return entry.other == changed[entry.instance].now; });
+    if (current.entries.empty()) {
+        nextId = current.otherNextId;
+        return false;
+    }
+    current.name = std::move(name);
+    undoable.push_back(std::move(current));
+    redoable.clear();
+    return true;
+}
+
+void Changes::rollback() {
+    running = false;
+    if (!current.entries.empty()) exchangeAll(current);
+    current = {};
+}
+
+void Changes::exchangeAll(Command& command) {
+    for (std::size_t i = command.entries.size(); i-- > 0;)
+        exchange(changed[command.entries[i].instance], command.entries[i].other);
+    std::reverse(command.entries.begin(), command.entries.end());
+    std::swap(nextId, command.otherNextId);
+    ++changeCount;
+}
+
+bool Changes::undo() {
+    if (!canUndo()) return false;
+    exchangeAll(undoable.back());
+    redoable.push_back(std::move(undoable.back()));
+    undoable.pop_back();
+    return true;
+}
+
+bool Changes::redo() {
+    if (!canRedo()) return false;
+    exchangeAll(redoable.back());
+    undoable.push_back(std::move(redoable.back()));
+    redoable.pop_back();
+    return true;
+}
+
+}  // namespace model::step

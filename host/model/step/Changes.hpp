@@ -1,0 +1,108 @@
+#pragma once
+// The instances as they are now: the index of the file with the changes laid over it, and the journal that undoes them.
+
+#include "model/step/Index.hpp"
+#include "model/step/StepFile.hpp"
+
+#include <deque>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace model::step {
+
+/// How an instance reads at one moment.
+struct TextState {
+    enum class Kind : std::uint8_t { Original, Changed, Absent };
+
+    Kind kind = Kind::Original;
+    std::string text;  ///< Of a Changed one.
+
+    bool operator==(const TextState&) const = default;
+};
+
+/// An instance that was changed at least once, or is new.
+struct ChangedInstance {
+    Slot slot = NoSlot;
+    std::uint64_t offset = 0;   ///< In the file; unused for a new one.
+    InstanceId newId = 0;       ///< Of a new one, 0 for one of the file.
+    std::uint32_t section = 0;  ///< That a new one is written in.
+    std::uint64_t command = 0;  ///< The last command that touched it.
+    TextState now;
+};
+
+class Changes {
+public:
+    explicit Changes(Index& target) : index(target) {}
+
+    bool present(Slot slot) const;
+    InstanceId id(Slot slot) const;
+    Slot find(InstanceId id) const;
+    std::string_view text(Slot slot) const;
+    /// Where an instance of the file stands in it.
+    std::uint64_t offset(Slot slot) const;
+    /// The data section it stands in.
+    std::uint32_t section(Slot slot) const;
+
+    bool begin();
+    bool open() const { return running; }
+    /// Lays `next` over the instance. Only while a command is open.
+    void set(Slot slot, TextState next);
+    /// Adds "#id=body;". @return NoSlot where there is no id left.
+    Slot append(std::string_view body, KeywordCode keyword, std::uint32_t section);
+    /// @return true where the command changed anything.
+    bool commit(std::string name);
+    void rollback();
+
+    bool undo();
+    bool redo();
+    bool canUndo() const { return !running && !undoable.empty(); }
+    bool canRedo() const { return !running && !redoable.empty(); }
+    std::string undoName() const { return canUndo() ? undoable.back().name : std::string(); }
+    std::string redoName() const { return canRedo() ? redoable.back().name : std::string(); }
+
+    std::uint64_t revision() const { return changeCount; }
+    /// Stands for the bytes that saving would write: equal for equal bytes, and 0 for those of the file as opened. It
+    /// is a sum over the changed instances, so that it costs nothing to keep and undoing leads back to the same number.
+    std::uint64_t fingerprint() const { return sum; }
+    void setListener(StepFile::Listener* newListener) { listener = newListener; }
+
+    const std::deque<ChangedInstance>& instances() const { return changed; }
+
+private:
+    /// An instance touched by a command, with the state that undoing (or then redoing) gives it.
+    struct Entry {
+        std::size_t instance;
+        TextState other;
+    };
+    struct Command {
+        std::string name;
+        std::vector<Entry> entries;
+        InstanceId otherNextId = 0;
+    };
+
+    ChangedInstance& changeable(Slot slot);
+    bool reserveId();
+    const ChangedInstance* lookUp(Slot slot) const;
+    std::string_view original(const ChangedInstance& instance) const;
+    std::uint64_t weight(const ChangedInstance& instance) const;
+    void exchange(ChangedInstance& instance, TextState& state);
+    void exchangeAll(Command& command);
+    void rememberNewId(const ChangedInstance& instance);
+
+    Index& index;
+    StepFile::Listener* listener = nullptr;
+    std::deque<ChangedInstance> changed;  ///< Never moves in memory: text() hands out views of short strings too.
+    std::vector<Slot> newIds;             ///< By id, from firstNewId on.
+    InstanceId firstNewId = 0;            ///< 0 until the first new instance asks.
+    InstanceId nextId = 0;
+    std::vector<Command> undoable, redoable;
+    Command current;
+    bool running = false;
+    std::uint64_t commandCount = 0;
+    std::uint64_t changeCount = 0;
+    std::uint64_t sum = 0;
+};
+
+}  // namespace model::step

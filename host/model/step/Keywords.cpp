@@ -1,0 +1,39 @@
+#include "model/step/Keywords.hpp"
+
+#include "model/step/Characters.hpp"
+
+namespace model::step {
+
+KeywordCode Keywords::add(std::string_view spelling) {
+    const std::string upper = toUpperCase(spelling);
+    const KeywordCode code = codeOf(upper);
+    if (spelling != upper && code != NoKeyword) insert(std::string(spelling), code);
+    return code;
+}
+
+KeywordCode Keywords::codeOf(const std::string& upperCase) {
+    const Entry& known = table[position(upperCase)];
+    if (known.text != nullptr) return known.code;
+    if (names.size() >= NoKeyword) return NoKeyword;
+    const auto code = static_cast<KeywordCode>(names.size());
+    names.push_back(upperCase);
+    insert(upperCase, code);
+    return code;
+}
+
+void Keywords::insert(const std::string& spelling, KeywordCode code) {
+    if ((used + 1) * 2 > table.size()) grow();
+    spellings.push_back(spelling);
+    const std::string& kept = spellings.back();
+    table[position(kept)] = {kept.data(), static_cast<std::uint32_t>(kept.size()), code};
+    ++used;
+}
+
+void Keywords::grow() {
+    std::vector<Entry> old(table.size() * 2);
+    old.swap(table);
+    for (const Entry& entry : old)
+        if (entry.text != nullptr) table[position({entry.text, entry.length})] = entry;
+}
+
+}  // namespace model::step

@@ -1,0 +1,80 @@
+#pragma once
+// The keywords of a file, numbered in order of first appearance. Looked up once for each instance, so that finding one
+// seen before costs a hash and a comparison of the bytes as they stand, whatever their case.
+
+#include "model/step/StepFile.hpp"
+
+#include <cstdint>
+#include <cstring>
+#include <deque>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace model::step {
+
+class Keywords {
+public:
+    Keywords() : table(512) {}
+
+    /// @return NoKeyword where the code numbers are used up.
+    KeywordCode intern(std::string_view spelling) {
+        const Entry& entry = table[position(spelling)];
+        return entry.text != nullptr ? entry.code : add(spelling);
+    }
+    KeywordCode find(std::string_view spelling) const {
+        const Entry& entry = table[position(spelling)];
+        return entry.text != nullptr ? entry.code : NoKeyword;
+    }
+    std::string_view text(KeywordCode code) const {
+        return code < names.size() ? std::string_view(names[code]) : std::string_view();
+    }
+    std::size_t size() const { return names.size(); }
+
+private:
+    /// One spelling; several may share a code.
+    struct Entry {
+        const char* text = nullptr;
+        std::uint32_t length = 0;
+        KeywordCode code = NoKeyword;
+    };
+
+    static std::uint64_t hash(std::string_view text) {
+        constexpr std::uint64_t factor = 0x9E3779B97F4A7C15U;
+        std::uint64_t sum = text.size() * factor;
+        const char* at = text.data();
+        std::size_t left = text.size();
+        for (; left >= 8; at += 8, left -= 8) {
+            std::uint64_t word = 0;
+            std::memcpy(&word, at, 8);
+            sum = (sum ^ word) * factor;
+            sum ^= sum >> 29U;
+        }
+        std::uint64_t word = 0;
+        for (; left > 0; --left, ++at) word = word << 8U | static_cast<unsigned char>(*at);
+        sum = (sum ^ word) * factor;
+        return sum ^ sum >> 32U;
+    }
+
+    /// Where the spelling is, or the free place for it.
+    std::size_t position(std::string_view spelling) const {
+        const std::size_t mask = table.size() - 1;
+        std::size_t at = hash(spelling) & mask;
+        while (table[at].text != nullptr && (table[at].length != spelling.size() ||
+                                             std::memcmp(table[at].text, spelling.data(), spelling.size()) != 0))
+            at = (at + 1) & mask;
+        return at;
+    }
+
+    KeywordCode add(std::string_view spelling);
+    KeywordCode codeOf(const std::string& upperCase);
+    void insert(const std::string& spelling, KeywordCode code);
+    void grow();
+
+    std::vector<Entry> table;  ///< Open addressing; its size is a power of two, at most half is used.
+    std::size_t used = 0;
+    std::deque<std::string> names;      ///< By code, upper case.
+    std::deque<std::string> spellings;  ///< Owns what the table points to.
+};
+
+}  // namespace model::step

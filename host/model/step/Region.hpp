@@ -1,0 +1,66 @@
+#pragma once
+// Memory straight from the kernel, for the file's bytes and the index over them. A page costs nothing until it is
+// touched, and growing moves page tables instead of bytes, so that neither estimates nor doubling copies are needed.
+
+#include <cstddef>
+#include <type_traits>
+#include <utility>
+
+namespace model::step {
+
+/// Private zeroed memory, readable and writable. Throws std::bad_alloc where the system has no more.
+class Region {
+public:
+    Region() = default;
+    explicit Region(std::size_t size);
+    Region(Region&& other) noexcept
+        : base(std::exchange(other.base, nullptr)), length(std::exchange(other.length, 0)) {}
+    Region& operator=(Region&& other) noexcept {
+        std::swap(base, other.base);
+        std::swap(length, other.length);
+        return *this;
+    }
+    ~Region();
+
+    char* data() { return base; }
+    const char* data() const { return base; }
+    std::size_t size() const { return length; }
+    /// Keeps the contents, moves them where necessary; what is added is zero.
+    void resize(std::size_t size);
+
+private:
+    char* base = nullptr;
+    std::size_t length = 0;
+};
+
+/// A vector for millions of small records. Its elements move in memory when it grows.
+template <class Element>
+class GrowingArray {
+    static_assert(std::is_trivially_copyable_v<Element>);
+
+public:
+    std::size_t size() const { return count; }
+    Element& operator[](std::size_t index) { return elements()[index]; }
+    const Element& operator[](std::size_t index) const { return elements()[index]; }
+
+    void push_back(Element element) {
+        if (count == capacity) grow();
+        elements()[count++] = element;
+    }
+
+private:
+    static constexpr std::size_t firstBytes = std::size_t{1} << 16U;
+
+    Element* elements() { return static_cast<Element*>(static_cast<void*>(memory.data())); }
+    const Element* elements() const { return static_cast<const Element*>(static_cast<const void*>(memory.data())); }
+    void grow() {
+        memory.resize(memory.size() == 0 ? firstBytes : memory.size() * 2);
+        capacity = memory.size() / sizeof(Element);
+    }
+
+    Region memory;
+    std::size_t count = 0;
+    std::size_t capacity = 0;
+};
+
+}  // namespace model::step

@@ -1,0 +1,22 @@
+#pragma once
+// Changing a part of an instance's text and leaving the rest as found: blanks, comments and spelling stay.
+
+#include "model/Result.hpp"
+#include "model/step/StepSyntax.hpp"
+
+#include <string>
+#include <string_view>
+
+namespace model::step {
+
+/// @param value  a view into `text`.
+Result<std::string> withValue(std::string_view text, Value value, std::string_view newText);
+/// @param aggregate  a view into `text`.
+Result<std::string> withElement(std::string_view text, Value aggregate, std::string_view element);
+/// Takes out the element that `member` is a view of, or else each one that reads like it.
+Result<std::string> withoutElement(std::string_view text, Value aggregate, std::string_view member);
+
+/// "KEYWORD(...)" as a new instance has it.
+bool isInstanceBody(std::string_view body, std::string_view& keyword);
+
+}  // namespace model::step

@@ -1,0 +1,166 @@
+#include "model/step/StepFile.hpp"
+
+#include "model/step/Splice.hpp"
+#include "model/step/StepFileContent.hpp"
+
+namespace model::step {
+
+namespace {
+
+Error refused(InstanceId id, const std::string& why) {
+    return {ErrorKind::Refused, "the instance #" + std::to_string(id) + " is not edited: " + why};
+}
+
+}  // namespace
+
+// --- What the file says of itself ---
+
+const std::vector<std::string>& StepFile::schemaNames() const {
+    return content->index.schemaNames;
+}
+const std::vector<Remark>& StepFile::remarks() const {
+    return content->index.remarks;
+}
+std::uint64_t StepFile::byteCount() const {
+    return content->bytes.size;
+}
+bool StepFile::readOnlyBecauseLocked() const {
+    return !content->lockedBy.empty();
+}
+const std::string& StepFile::lockHolder() const {
+    return content->lockedBy;
+}
+
+// --- Instances ---
+
+std::size_t StepFile::instanceCount() const {
+    return content->index.places.size();
+}
+Slot StepFile::find(InstanceId id) const {
+    return content->changes.find(id);
+}
+bool StepFile::present(Slot slot) const {
+    return content->changes.present(slot);
+}
+InstanceId StepFile::id(Slot slot) const {
+    return content->changes.id(slot);
+}
+KeywordCode StepFile::keyword(Slot slot) const {
+    return content->index.places[slot].keyword();
+}
+std::string_view StepFile::keywordText(KeywordCode code) const {
+    return content->index.keywords.text(code);
+}
+KeywordCode StepFile::keywordCode(std::string_view upperCase) const {
+    return content->index.keywords.find(upperCase);
+}
+std::size_t StepFile::keywordCount() const {
+    return content->index.keywords.size();
+}
+std::string_view StepFile::text(Slot slot) const {
+    return content->changes.text(slot);
+}
+bool StepFile::read(Slot slot, Instance& out) const {
+    return splitInstance(text(slot), out);
+}
+
+// --- Changes ---
+
+Status StepFile::begin() {
+    if (content->changes.begin()) return {};
+    return Error{ErrorKind::Nesting, "a command is open already"};
+}
+
+bool StepFile::open() const {
+    return content->changes.open();
+}
+
+/// Whether the instance can be edited now. Its id must lead back to it: of a repeated one nobody knows which is meant.
+Status StepFile::Content::checkEditable(Slot slot) const {
+    if (!changes.open()) return Error{ErrorKind::Refused, "a file is edited only inside a command"};
+    if (slot >= index.places.size()) return Error{ErrorKind::Refused, "there is no such instance"};
+    const InstanceId id = changes.id(slot);
+    if (!changes.present(slot)) return refused(id, "it is no longer there");
+    if (changes.find(id) != slot) return refused(id, "the file has several instances of this id");
+    if (index.places[slot].keyword() == NoKeyword) return refused(id, "it is a complex instance");
+    return {};
+}
+
+Status StepFile::Content::edit(Slot slot, Result<std::string> newText) {
+    if (!newText) return refused(changes.id(slot), newText.error().message);
+    changes.set(slot, {TextState::Kind::Changed, std::move(*newText)});
+    return {};
+}
+
+Status StepFile::replaceValue(Slot slot, Value value, std::string_view newText) {
+    if (Status editable = content->checkEditable(slot); !editable) return editable;
+    return content->edit(slot, withValue(text(slot), value, newText));
+}
+
+Status StepFile::addToAggregate(Slot slot, Value aggregate, std::string_view element) {
+    if (Status editable = content->checkEditable(slot); !editable) return editable;
+    return content->edit(slot, withElement(text(slot), aggregate, element));
+}
+
+Status StepFile::removeFromAggregate(Slot slot, Value aggregate, std::string_view member) {
+    if (Status editable = content->checkEditable(slot); !editable) return editable;
+    return content->edit(slot, withoutElement(text(slot), aggregate, member));
+}
+
+Result<Slot> StepFile::append(std::string_view body, Slot neighbour) {
+    Content& parts = *content;
+    std::string_view keyword;
+    if (!parts.changes.open()) return Error{ErrorKind::Refused, "a file is edited only inside a command"};
+    if (!isInstanceBody(body, keyword)) return Error{ErrorKind::Refused, "the new instance is malformed"};
+    if (parts.index.sections.empty()) return Error{ErrorKind::Refused, "the file has no section DATA"};
+    const bool known = neighbour < parts.index.places.size();
+    const auto last = static_cast<std::uint32_t>(parts.index.sections.size() - 1);
+    const KeywordCode code = parts.index.keywords.intern(keyword);
+    const Slot slot = parts.changes.append(body, code, known ? parts.changes.section(neighbour) : last);
+    if (slot == NoSlot) return Error{ErrorKind::Refused, "the file has no id left for a new instance"};
+    return slot;
+}
+
+Status StepFile::erase(Slot slot) {
+    if (Status editable = content->checkEditable(slot); !editable) return editable;
+    content->changes.set(slot, {TextState::Kind::Absent, {}});
+    return {};
+}
+
+// --- Commands ---
+
+bool StepFile::commit(std::string name) {
+    return content->changes.commit(std::move(name));
+}
+void StepFile::rollback() {
+    content->changes.rollback();
+}
+bool StepFile::canUndo() const {
+    return content->changes.canUndo();
+}
+bool StepFile::canRedo() const {
+    return content->changes.canRedo();
+}
+std::string StepFile::undoName() const {
+    return content->changes.undoName();
+}
+std::string StepFile::redoName() const {
+    return content->changes.redoName();
+}
+bool StepFile::undo() {
+    return content->changes.undo();
+}
+bool StepFile::redo() {
+    return content->changes.redo();
+}
+bool StepFile::modified() const {
+    return content->changes.fingerprint() != content->savedFingerprint;
+}
+std::uint64_t StepFile::revision() const {
+    return content->changes.revision();
+}
+void StepFile::setListener(Listener* listener) {
+    content->changes.setListener(listener);
+}
+
+}  // namespace model::step

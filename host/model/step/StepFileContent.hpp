@@ -1,0 +1,46 @@
+#pragma once
+// What a StepFile is made of.
+
+#include "model/step/Archive.hpp"
+#include "model/step/Changes.hpp"
+#include "model/step/FileReading.hpp"
+#include "model/step/Index.hpp"
+#include "model/step/StepFile.hpp"
+
+#include <filesystem>
+#include <map>
+#include <string>
+
+namespace model::step {
+
+struct StepFile::Content {
+    explicit Content(Bytes&& source) : bytes(std::move(source)), index(bytes.text()), changes(index) {}
+
+    Bytes bytes;
+    Index index;
+    Changes changes;
+    std::uint64_t savedFingerprint = 0;
+
+    // --- Where it came from; all empty for bytes in memory ---
+    std::filesystem::path path;  ///< Links followed.
+    FileHandle lock;             ///< Holds the advisory lock on the file at `path`.
+    std::string lockedBy;
+    Bytes archive;  ///< The whole .ifczip that the model came in: another program may change the file.
+    ModelEntry entry;
+    /// By path: the version opened, and those saved. Any other one found there is somebody else's.
+    std::map<std::filesystem::path, FileState> versions;
+
+    Status checkEditable(Slot slot) const;
+    Status edit(Slot slot, Result<std::string> newText);
+    Status save(const std::filesystem::path& path, const SaveOptions& options);
+
+private:
+    ModelEntry newEntry(const std::filesystem::path& target) const;
+    bool savesArchive(const std::filesystem::path& target) const;
+    Status saveAs(const std::filesystem::path& target, const SaveOptions& options, Disk& disk);
+    Status write(const std::filesystem::path& target, const FileState& old, const SaveOptions& options, Disk& disk);
+    Status writeArchive(const std::filesystem::path& target, const FileState& old, const SaveOptions& options,
+                        Disk& disk);
+};
+
+}  // namespace model::step

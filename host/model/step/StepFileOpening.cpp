@@ -1,0 +1,73 @@
+#include "model/step/Disk.hpp"
+#include "model/step/FileLock.hpp"
+#include "model/step/Indexer.hpp"
+#include "model/step/StepFileContent.hpp"
+
+#include <cstring>
+#include <new>
+
+namespace model::step {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The model's bytes, unpacked where they came in an archive.
+Status unpack(ReadFile& file, Bytes& archive, ModelEntry& entry, const Progress& progress) {
+    if (!isArchive(file.bytes.text())) return {};
+    Result<Bytes> model = readArchive(file.bytes.text(), entry, progress);
+    if (!model) return model.error();
+    archive = std::move(file.bytes);
+    file.bytes = std::move(*model);
+    return {};
+}
+
+std::string lockMessage(const std::string& holder) {
+    return "the file is open in " + holder + "; changes can be saved under another name only";
+}
+
+}  // namespace
+
+StepFile::StepFile(std::unique_ptr<Content> parts) : content(std::move(parts)) {}
+StepFile::~StepFile() = default;
+
+Result<std::unique_ptr<StepFile>> StepFile::open(const fs::path& path, const OpenOptions& options) try {
+    fs::path target;
+    if (const std::error_code error = Disk::real().resolve(path, target)) return cannotRead(path, error.message());
+    Result<ReadFile> file = readFile(target, options.progress);
+    if (!file) return file.error();
+    Bytes archive;
+    ModelEntry entry;
+    if (const Status unpacked = unpack(*file, archive, entry, options.progress); !unpacked)
+        return cannotRead(path, unpacked.error().message);
+    auto content = std::make_unique<Content>(std::move(file->bytes));
+    if (const Status indexed = indexFile(content->index, options.progress); !indexed)
+        return cannotRead(path, indexed.error().message);
+    content->path = target;
+    content->archive = std::move(archive);
+    content->entry = std::move(entry);
+    content->versions[target] = file->state;
+    if (options.lock) {
+        const LockResult locked = tryLock(file->handle);
+        if (locked == LockResult::Taken) content->lock = std::move(file->handle);
+        if (locked == LockResult::HeldByOther) {
+            content->lockedBy = holderOfLock(file->state);
+            content->index.remarks.push_back({0, 0, lockMessage(content->lockedBy)});
+        }
+    }
+    return std::unique_ptr<StepFile>(new StepFile(std::move(content)));
+} catch (const std::bad_alloc&) {
+    return cannotRead(path, "there is not enough memory to open it; close other programs and try again");
+}
+
+Result<std::unique_ptr<StepFile>> StepFile::fromBytes(std::string text) try {
+    Bytes bytes(text.size());
+    std::memcpy(bytes.memory.data(), text.data(), text.size());
+    auto content = std::make_unique<Content>(std::move(bytes));
+    if (const Status indexed = indexFile(content->index, {}); !indexed) return indexed.error();
+    return std::unique_ptr<StepFile>(new StepFile(std::move(content)));
+} catch (const std::bad_alloc&) {
+    return Error{ErrorKind::CannotRead, "there is not enough memory to open the model"};
+}
+
+}  // namespace model::step

@@ -1,0 +1,132 @@
+#include "model/step/Sweep.hpp"
+
+#include "model/step/Block.hpp"
+#include "model/step/Characters.hpp"
+
+#include <bit>
+
+namespace model::step {
+
+namespace {
+
+/// Longer ones are rare; and a string that is never closed must not send each line of a broken file to its end.
+constexpr std::ptrdiff_t longestInstance = std::ptrdiff_t{1} << 16U;
+
+bool isSpelledRight(std::string_view keyword) {
+    if (keyword.starts_with('!')) keyword.remove_prefix(1);
+    if (keyword.empty() || isDigit(keyword.front())) return false;
+    for (const char c : keyword)
+        if (!isKeywordCharacter(c)) return false;
+    return true;
+}
+
+class Sweeper {
+public:
+    Sweeper(const char* from, Index& target) : index(target), instance(from) {}
+
+    const char* run(const char* limit) {
+        const char* at = instance;
+        while (at < limit && at - instance < longestInstance && take(at)) at += Block::size;
+        return instance;
+    }
+
+private:
+    /// What is known of the instance so far.
+    struct Shape {
+        const char* equals = nullptr;
+        const char* opening = nullptr;  ///< The first parenthesis.
+        int depth = 0;
+        bool odd = false;  ///< It has a second '='.
+    };
+
+    bool take(const char* at) {
+        const Block block = readBlock(at);
+        const std::uint64_t inside = prefixParity(block.quotes) ^ inString;
+        Marks marks{block.equals & ~inside, block.opening & ~inside, block.closing & ~inside,
+                    (block.slashes & ~inside) | (block.controls & inside)};
+        std::uint64_t ends = block.semicolons & ~inside;
+        for (; ends != 0; ends &= ends - 1) {
+            const std::uint64_t upToEnd = ends ^ (ends - 1);
+            if (!note(at, marks.only(upToEnd)) || !finish(at + std::countr_zero(ends))) return false;
+            marks = marks.only(~upToEnd);
+        }
+        inString = (inside >> 63U) == 0 ? 0 : ~std::uint64_t{0};
+        return note(at, marks);
+    }
+
+    struct Marks {
+        std::uint64_t equals, opening, closing, suspicious;
+        Marks only(std::uint64_t bits) const {
+            return {equals & bits, opening & bits, closing & bits, suspicious & bits};
+        }
+    };
+
+    bool note(const char* at, const Marks& marks) {
+        if (marks.suspicious != 0) return false;
+        if (marks.equals != 0) {
+            shape.odd = shape.equals != nullptr || (marks.equals & (marks.equals - 1)) != 0;
+            shape.equals = at + std::countr_zero(marks.equals);
+        }
+        if (marks.opening != 0 && shape.opening == nullptr) shape.opening = at + std::countr_zero(marks.opening);
+        shape.depth += difference(marks.opening, marks.closing);
+        return !shape.odd;
+    }
+
+    /// "#12 = KEYWORD ( ... ) ;" from instance to semicolon.
+    bool finish(const char* semicolon) {
+        if (shape.depth != 0 || shape.equals == nullptr || shape.opening == nullptr || shape.opening < shape.equals)
+            return false;
+        const char* at = instance;
+        while (isBlank(*at)) ++at;
+        const char* begin = at;
+        const InstanceId id = readId(at);
+        if (id == 0) return false;
+        const char* last = semicolon - 1;
+        while (isBlank(*last)) --last;
+        if (*last != ')') return false;
+        KeywordCode code = NoKeyword;
+        if (!readKeyword(code)) return false;
+        index.add(id, code, begin, semicolon + 1);
+        instance = semicolon + 1;
+        shape = {};
+        return true;
+    }
+
+    /// 0 where it is not of the usual form.
+    InstanceId readId(const char* at) const {
+        if (*at != '#') return 0;
+        const char* digits = ++at;
+        InstanceId id = 0;
+        for (; isDigit(*at); ++at) id = id * 10 + static_cast<InstanceId>(*at - '0');
+        const bool fits = at - digits <= 18;
+        while (isBlank(*at)) ++at;
+        return fits && at == shape.equals ? id : 0;
+    }
+
+    bool readKeyword(KeywordCode& code) {
+        const char* begin = shape.equals + 1;
+        const char* end = shape.opening;
+        while (isBlank(*begin)) ++begin;
+        while (end > begin && isBlank(end[-1])) --end;
+        if (begin == end) return true;
+        const std::string_view keyword(begin, static_cast<std::size_t>(end - begin));
+        code = index.keywords.find(keyword);
+        if (code != NoKeyword) return true;
+        if (!isSpelledRight(keyword)) return false;
+        code = index.keywords.intern(keyword);
+        return true;
+    }
+
+    Index& index;
+    const char* instance;  ///< Where the one being read began, blanks before it included.
+    std::uint64_t inString = 0;
+    Shape shape;
+};
+
+}  // namespace
+
+const char* sweep(const char* from, const char* limit, Index& index) {
+    return Sweeper(from, index).run(limit);
+}
+
+}  // namespace model::step
