@@ -24,6 +24,9 @@ using Guid = std::array<std::uint8_t, 16>;  ///< Bytes in the order of the text 
 std::string toGlobalId(const Guid& guid);
 std::optional<Guid> fromGlobalId(std::string_view globalId);
 
+/// The 36-character form, upper case.
+std::string guidText(const Guid& guid);
+
 /// An element's place in the model: file order. Valid as long as the model lives; no edit changes it.
 using Element = std::uint32_t;
 
@@ -105,6 +108,9 @@ public:
     /// Origin of the element's placement in the model's coordinates, the IfcLocalPlacement chain applied. Nothing where
     /// it has none or the chain is broken or circular.
     std::optional<Point> placement(Element element) const;
+    /// The element's outline in plan, for drawing: the convex hull of its geometry seen from above, counter-clockwise,
+    /// z the lowest of all. Empty where it has no geometry that can be read.
+    std::vector<Point> footprint(Element element) const;
 
     // --- IFC data, in the host's order ---
     Result<std::vector<Attribute>> attributes(Element element) const;
@@ -112,9 +118,15 @@ public:
     Result<std::vector<ClassificationReference>> classifications(Element element) const;
 
     // --- Edits: only inside a command ---
+    // What other elements see is not changed by them, whatever they share with this one. An equal value, and a property
+    // that is no single value, change nothing and succeed; a refused edit changes nothing. The message of a refusal is
+    // the value and the reason; the caller knows the element and the item.
     Status setAttribute(Element element, std::string_view name, std::u16string_view value);
     Status setProperty(Element element, const Property& property);
     Status setClassification(Element element, const ClassificationReference& reference);
+    /// What the user is to be told of the edits since the last call, complete lines: another instance with the same
+    /// GlobalId, another set of the same name.
+    std::vector<std::string> takeNotes();
 
     // --- Commands and undo ---
     /// Runs `body` as one undoable command. A body that returns a value other than 0 is rolled back; one that changed

@@ -1,0 +1,257 @@
+#include "model/Model.hpp"
+
+#include "model/ifc/AttributeData.hpp"
+#include "model/ifc/ClassificationData.hpp"
+#include "model/ifc/ClassificationEditor.hpp"
+#include "model/ifc/Footprint.hpp"
+#include "model/ifc/Placement.hpp"
+#include "model/ifc/PropertyData.hpp"
+#include "model/ifc/PropertyEditor.hpp"
+#include "model/ifc/Spatial.hpp"
+#include "model/ifc/Text.hpp"
+
+#include <unordered_set>
+
+namespace model {
+
+struct Model::Content {
+    Content(std::unique_ptr<step::StepFile> stepFile, ifc::SchemaVersion version)
+        : file(std::move(stepFile)), work(*file, version) {}
+
+    std::unique_ptr<step::StepFile> file;
+    // The indexes in it are made when they are first needed, by reading as well.
+    mutable ifc::Workspace work;
+    std::vector<std::string> remarks;
+    std::vector<std::string> notes;
+    std::unordered_set<Element> noted;  ///< Elements whose duplicates have been told of.
+
+    void collectRemarks();
+    Status edit(Element element, const std::function<Status()>& body);
+};
+
+namespace {
+
+std::string counted(std::uint64_t count, const std::string& one, const std::string& many) {
+    return count == 1 ? "1 " + one : std::to_string(count) + " " + many;
+}
+
+/// The first schema named that can be read.
+Result<ifc::SchemaVersion> schemaOf(const step::StepFile& file) {
+    std::string named;
+    for (const std::string& name : file.schemaNames()) {
+        if (const auto version = ifc::Schema::versionOf(name)) return *version;
+        named += (named.empty() ? "" : ", ") + name;
+    }
+    const std::string found = named.empty() ? "names no schema in FILE_SCHEMA" : "is of schema " + named;
+    return Error{ErrorKind::CannotRead, "the file " + found + "; IFC2X3, IFC4 and IFC4X3 can be read"};
+}
+
+}  // namespace
+
+void Model::Content::collectRemarks() {
+    for (const step::Remark& remark : file->remarks()) {
+        remarks.push_back((remark.line == 0 ? "" : "line " + std::to_string(remark.line) + ": ") + remark.message);
+    }
+    if (const auto count = work.elements.duplicates(); count > 0) {
+        remarks.push_back(
+            counted(count, "instance has", "instances have") +
+            " the GlobalId of an earlier one; of each GlobalId only the first instance is read and changed");
+    }
+    if (const auto count = work.elements.invalid(); count > 0) {
+        remarks.push_back(counted(count, "instance has", "instances have") +
+                          " no valid GlobalId (22 characters of 0-9 A-Z a-z _ $, the first at most 3) and cannot be "
+                          "addressed");
+    }
+}
+
+Status Model::Content::edit(Element element, const std::function<Status()>& body) {
+    if (!file->open()) return Error{ErrorKind::Refused, "the model can only be changed inside an undoable command"};
+    const std::uint64_t before = file->revision();
+    Status done = body();
+    const bool changed = done && file->revision() != before;
+    if (changed && work.elements.hasDuplicates(element) && noted.insert(element).second) {
+        notes.push_back("GlobalId " + toGlobalId(work.elements.guid(element)) +
+                        " stands in the file more than once; only the first instance, #" +
+                        std::to_string(file->id(work.elements.slot(element))) + ", is changed");
+    }
+    return done;
+}
+
+Model::Model(std::unique_ptr<Content> modelContent) : content(std::move(modelContent)) {}
+
+Model::~Model() = default;
+
+Result<std::unique_ptr<Model>> Model::open(const std::filesystem::path& path, const OpenOptions& options) {
+    auto file = step::StepFile::open(path, {options.progress});
+    if (!file) return file.error();
+    auto version = schemaOf(**file);
+    if (!version) return Error{version.error().kind, path.string() + ": " + version.error().message};
+    auto content = std::make_unique<Content>(std::move(*file), *version);
+    content->collectRemarks();
+    return std::unique_ptr<Model>(new Model(std::move(content)));
+}
+
+Result<std::unique_ptr<Model>> Model::fromBytes(std::string bytes) {
+    auto file = step::StepFile::fromBytes(std::move(bytes));
+    if (!file) return file.error();
+    auto version = schemaOf(**file);
+    if (!version) return version.error();
+    auto content = std::make_unique<Content>(std::move(*file), *version);
+    content->collectRemarks();
+    return std::unique_ptr<Model>(new Model(std::move(content)));
+}
+
+// --- The file ---
+
+std::string_view Model::schemaName() const {
+    return ifc::Schema::name(content->work.version);
+}
+
+std::uint64_t Model::duplicateGlobalIds() const {
+    return content->work.elements.duplicates();
+}
+
+std::uint64_t Model::invalidGlobalIds() const {
+    return content->work.elements.invalid();
+}
+
+const std::vector<std::string>& Model::remarks() const {
+    return content->remarks;
+}
+
+// --- Elements ---
+
+std::size_t Model::elementCount() const {
+    return content->work.elements.size();
+}
+
+std::optional<Element> Model::find(const Guid& guid) const {
+    return content->work.elements.find(guid);
+}
+
+ElementInfo Model::info(Element element) const {
+    ifc::Workspace& work = content->work;
+    const step::Slot slot = work.elements.slot(element);
+    const ifc::Class& cls = work.classes.of(slot);
+    const Guid& guid = work.elements.guid(element);
+    return {guid, toGlobalId(guid), std::string(cls.entity->name()), cls.type.id, cls.type.name, work.file.id(slot)};
+}
+
+std::u16string Model::name(Element element) const {
+    return ifc::attributeText(content->work, content->work.elements.slot(element), "Name");
+}
+
+std::string Model::storey(Element element) const {
+    const step::Slot storey = ifc::storeyOf(content->work, content->work.elements.slot(element));
+    return storey == step::NoSlot ? std::string{} : ifc::toUtf8(ifc::attributeText(content->work, storey, "Name"));
+}
+
+bool Model::hasDuplicates(Element element) const {
+    return content->work.elements.hasDuplicates(element);
+}
+
+std::optional<Point> Model::placement(Element element) const {
+    const auto frame = ifc::placementOf(content->work, content->work.elements.slot(element));
+    return frame ? std::optional(frame->origin) : std::nullopt;
+}
+
+std::vector<Point> Model::footprint(Element element) const {
+    return ifc::footprintOf(content->work, content->work.elements.slot(element));
+}
+
+// --- IFC data ---
+
+Result<std::vector<Attribute>> Model::attributes(Element element) const {
+    return ifc::readAttributes(content->work, element);
+}
+
+Result<std::vector<Property>> Model::properties(Element element) const {
+    return ifc::readProperties(content->work, content->work.elements.slot(element));
+}
+
+Result<std::vector<ClassificationReference>> Model::classifications(Element element) const {
+    return ifc::readClassifications(content->work, content->work.elements.slot(element));
+}
+
+// --- Edits ---
+
+Status Model::setAttribute(Element element, std::string_view name, std::u16string_view value) {
+    return content->edit(element, [&] { return ifc::setAttribute(content->work, element, name, value); });
+}
+
+Status Model::setProperty(Element element, const Property& property) {
+    return content->edit(element, [&] { return ifc::setProperty(content->work, element, property, content->notes); });
+}
+
+Status Model::setClassification(Element element, const ClassificationReference& reference) {
+    return content->edit(element, [&] { return ifc::setClassification(content->work, element, reference); });
+}
+
+std::vector<std::string> Model::takeNotes() {
+    return std::exchange(content->notes, {});
+}
+
+// --- Commands and undo ---
+
+Result<std::int32_t> Model::command(std::string name, const std::function<std::int32_t()>& body) {
+    if (Status begun = content->file->begin(); !begun) return begun.error();
+    std::int32_t result = 0;
+    try {
+        result = body();
+    } catch (...) {
+        content->file->rollback();
+        throw;
+    }
+    if (result != 0) {
+        content->file->rollback();
+    } else {
+        content->file->commit(std::move(name));
+    }
+    return result;
+}
+
+bool Model::commandOpen() const {
+    return content->file->open();
+}
+
+bool Model::canUndo() const {
+    return content->file->canUndo();
+}
+
+bool Model::canRedo() const {
+    return content->file->canRedo();
+}
+
+std::string Model::undoName() const {
+    return content->file->undoName();
+}
+
+std::string Model::redoName() const {
+    return content->file->redoName();
+}
+
+bool Model::undo() {
+    return content->file->undo();
+}
+
+bool Model::redo() {
+    return content->file->redo();
+}
+
+bool Model::modified() const {
+    return content->file->modified();
+}
+
+std::uint64_t Model::revision() const {
+    return content->file->revision();
+}
+
+Status Model::save(const std::filesystem::path& path, const SaveOptions& options) {
+    return content->file->save(path, {options.progress, options.force});
+}
+
+std::string Model::bytes() const {
+    return content->file->bytes();
+}
+
+}  // namespace model

@@ -1,0 +1,211 @@
+#include "model/ifc/ClassificationEditor.hpp"
+
+#include "model/ifc/ClassificationData.hpp"
+#include "model/ifc/Text.hpp"
+#include "model/ifc/ValueText.hpp"
+
+#include <algorithm>
+
+namespace model::ifc {
+
+namespace {
+
+using step::Slot;
+
+bool sameSource(const ClassificationReference& a, const ClassificationReference& b) {
+    return a.source == b.source && a.edition == b.edition && a.classificationName == b.classificationName;
+}
+
+bool sameEntry(const ClassificationReference& a, const ClassificationReference& b) {
+    return a.location == b.location && a.itemReference == b.itemReference && a.name == b.name;
+}
+
+std::string stepText(const std::optional<std::u16string>& text) {
+    return text ? step::encodeString(*text) : "$";
+}
+
+class ClassificationEditor {
+public:
+    ClassificationEditor(Workspace& workspace, Element element, const ClassificationReference& target)
+        : work(workspace), edit(workspace, element), wanted(target) {}
+
+    Status run() {
+        if (wanted.system.empty()) return Error{ErrorKind::BadName, "the classification system has no label"};
+        if (const auto own = findBy(edit.slot())) return isSettled(own->data) ? Status{} : change(*own);
+        const Slot type = work.typeObject(edit.slot());
+        const auto inherited = type == step::NoSlot ? std::nullopt : findBy(type);
+        return inherited && isSettled(inherited->data) ? Status{} : create();
+    }
+
+private:
+    std::optional<AssignedClassification> findBy(Slot object);
+    bool isSettled(const ClassificationReference& held) const {
+        return sameEntry(held, wanted) && sameSource(held, wanted);
+    }
+
+    Status change(const AssignedClassification& held);
+    Status changeInPlace(Slot reference, const std::string& source);
+    Status create();
+
+    Status checkTexts() const;
+    Status checkReadable(Slot reference) const;
+    void fill(Draft& reference, const std::string& source) const;
+    /// "#12", a classification that fits, made if there is none; "$" where nothing is said of it.
+    Result<std::string> source();
+    std::string relationPurpose() const { return "classification relation " + toUtf8(wanted.system); }
+
+    Workspace& work;
+    ElementEdit edit;
+    const ClassificationReference& wanted;
+};
+
+std::optional<AssignedClassification> ClassificationEditor::findBy(Slot object) {
+    auto assigned = assignedClassifications(work, object);
+    const auto found = std::find_if(assigned.begin(), assigned.end(), [&](const AssignedClassification& candidate) {
+        return candidate.data.system == wanted.system;
+    });
+    return found == assigned.end() ? std::nullopt : std::optional(std::move(*found));
+}
+
+Status ClassificationEditor::change(const AssignedClassification& held) {
+    for (const Slot slot : {edit.slot(), held.relation, held.reference}) {
+        if (Status editable = edit.check(slot); !editable) return editable;
+    }
+    if (Status fits = checkTexts(); !fits) return fits;
+    if (Status readable = checkReadable(held.reference); !readable) return readable;
+    const bool isReference = work.classes.of(held.reference).role == Role::ClassificationReference;
+    std::string newSource = held.classification == step::NoSlot ? "$" : edit.reference(held.classification);
+    if (isReference) {
+        // Not the classification itself but the chain that leads to it.
+        step::Instance instance;
+        work.file.read(held.reference, instance);
+        newSource = argument(instance, work.classes.of(held.reference), Field::ReferencedSource).text;
+    }
+    if (!sameSource(held.data, wanted)) {
+        Result<std::string> other = source();
+        if (!other) return other.error();
+        newSource = std::move(*other);
+    }
+    if (isReference && edit.isAlone(held.relation) && edit.isUsedOnlyBy(held.reference, held.relation)) {
+        return changeInPlace(held.reference, newSource);
+    }
+    Draft draft = isReference ? edit.copyOf(held.reference) : Draft(*work.schema.entity("IfcClassificationReference"));
+    fill(draft, newSource);
+    const Result<Slot> added = edit.add(draft, held.relation);
+    if (!added) return added.error();
+    return edit.relink(held.relation, Field::Relating, held.reference, *added, relationPurpose());
+}
+
+Status ClassificationEditor::changeInPlace(Slot reference, const std::string& newSource) {
+    const std::pair<Field, std::string> texts[] = {{Field::Location, stepText(wanted.location)},
+                                                   {Field::ItemReference, stepText(wanted.itemReference)},
+                                                   {Field::Name, stepText(wanted.name)},
+                                                   {Field::ReferencedSource, newSource}};
+    for (const auto& [field, text] : texts) {
+        step::Instance instance;
+        work.file.read(reference, instance);
+        const step::Value held = argument(instance, work.classes.of(reference), field);
+        std::u16string before, after;
+        // The same text may be written in several ways; what is equal stays as it is.
+        const bool same = held.kind == step::ValueKind::String && text.front() == '\'' &&
+                          step::decodeString(held.text, before) == step::Decoding::Exact &&
+                          step::decodeString(text, after) == step::Decoding::Exact && before == after;
+        if (same || held.text == text || held.text.empty()) continue;
+        if (Status replaced = work.file.replaceValue(reference, held, text); !replaced) return replaced;
+    }
+    return {};
+}
+
+Status ClassificationEditor::create() {
+    if (Status editable = edit.check(edit.slot()); !editable) return editable;
+    if (Status fits = checkTexts(); !fits) return fits;
+    const Result<std::string> newSource = source();
+    if (!newSource) return newSource.error();
+    Draft reference(*work.schema.entity("IfcClassificationReference"));
+    fill(reference, *newSource);
+    const Result<Slot> added = edit.add(reference, edit.slot());
+    if (!added) return added.error();
+    Draft relation = edit.newRoot("IfcRelAssociatesClassification", relationPurpose());
+    relation.set("Name", step::encodeString(wanted.system))
+        .set("RelatedObjects", '(' + referenceText(edit.id()) + ')')
+        .set("RelatingClassification", edit.reference(*added));
+    const Result<Slot> related = edit.add(relation, edit.slot());
+    return related ? Status{} : Status{related.error()};
+}
+
+Status ClassificationEditor::checkTexts() const {
+    const auto fits = [&](std::string_view entity, std::string_view attribute, const std::u16string& text) -> Status {
+        const Entity& cls = *work.schema.entity(entity);
+        const int place = cls.attributeIndex(attribute);
+        if (place < 0) return {};
+        Status within = checkText(text, cls.attributes()[static_cast<std::size_t>(place)].type);
+        if (within) return within;
+        return Error{ErrorKind::BadValue, std::string(attribute) + " " + inQuotes(text) + " " + within.error().message};
+    };
+    if (Status label = fits("IfcRelAssociatesClassification", "Name", wanted.system); !label) {
+        return Error{ErrorKind::BadName, label.error().message};
+    }
+    const auto entry = [&](std::string_view attribute, const std::optional<std::u16string>& text) {
+        return text ? fits("IfcClassificationReference", attribute, *text) : Status{};
+    };
+    for (const Status& status :
+         {entry("Location", wanted.location), entry("ItemReference", wanted.itemReference),
+          entry("Identification", wanted.itemReference), entry("Name", wanted.name),
+          fits("IfcClassification", "Source", wanted.source), fits("IfcClassification", "Edition", wanted.edition),
+          fits("IfcClassification", "Name", wanted.classificationName)}) {
+        if (!status) return status;
+    }
+    return {};
+}
+
+/// A text that cannot be decoded is not overwritten blindly, nor is an instance that lacks the place for one.
+Status ClassificationEditor::checkReadable(Slot reference) const {
+    const Class& cls = work.classes.of(reference);
+    step::Instance instance;
+    if (cls.role != Role::ClassificationReference || !work.file.read(reference, instance)) return {};
+    for (const Field field : {Field::Location, Field::ItemReference, Field::Name, Field::ReferencedSource}) {
+        const step::Value held = argument(instance, cls, field);
+        if (held.text.empty()) {
+            return Error{ErrorKind::Refused, "the file gives " + edit.reference(reference) + " too few attributes"};
+        }
+        std::u16string text;
+        const bool readable =
+            held.kind != step::ValueKind::String || step::decodeString(held.text, text) != step::Decoding::Undecodable;
+        if (!readable) {
+            return Error{ErrorKind::Refused, "the file holds a text that cannot be decoded, " + std::string(held.text) +
+                                                 "; mend it in the program that wrote it"};
+        }
+    }
+    return {};
+}
+
+void ClassificationEditor::fill(Draft& reference, const std::string& newSource) const {
+    reference.set("Location", stepText(wanted.location))
+        .set("ItemReference", stepText(wanted.itemReference))   // IFC2X3
+        .set("Identification", stepText(wanted.itemReference))  // later
+        .set("Name", stepText(wanted.name))
+        .set("ReferencedSource", newSource);
+}
+
+Result<std::string> ClassificationEditor::source() {
+    if (wanted.source.empty() && wanted.edition.empty() && wanted.classificationName.empty()) return std::string("$");
+    if (const Slot found = work.classificationIndex.find(wanted); found != step::NoSlot) return edit.reference(found);
+    const Entity& entity = *work.schema.entity("IfcClassification");
+    Draft draft(entity);
+    for (const auto& [name, text] : {std::pair{"Source", &wanted.source}, std::pair{"Edition", &wanted.edition},
+                                     std::pair{"Name", &wanted.classificationName}}) {
+        const bool optional = entity.attributes()[static_cast<std::size_t>(entity.attributeIndex(name))].optional;
+        if (!text->empty() || !optional) draft.set(name, step::encodeString(*text));
+    }
+    const Result<Slot> added = edit.add(draft, edit.slot());
+    if (!added) return added.error();
+    return edit.reference(*added);
+}
+
+}  // namespace
+
+Status setClassification(Workspace& work, Element element, const ClassificationReference& reference) {
+    return ClassificationEditor(work, element, reference).run();
+}
+
+}  // namespace model::ifc

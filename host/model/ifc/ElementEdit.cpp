@@ -1,0 +1,153 @@
+#include "model/ifc/ElementEdit.hpp"
+
+#include "model/ifc/InstanceScan.hpp"
+
+namespace model::ifc {
+
+namespace {
+
+using step::Slot;
+
+/// The first "#12" of that id in the text of an argument; empty where there is none.
+std::string_view findToken(std::string_view argument, step::InstanceId id) {
+    std::string_view found;
+    forEachReferenceIn(argument, [&](std::string_view token) {
+        if (tokenId(token) == id) found = token;
+        return found.empty();
+    });
+    return found;
+}
+
+}  // namespace
+
+ElementEdit::ElementEdit(Workspace& workspace, Element edited)
+    : work(workspace), element(edited), own(work.elements.slot(edited)), ownId(work.file.id(own)) {}
+
+Status ElementEdit::check(Slot slot) const {
+    const std::string name = referenceText(work.file.id(slot));
+    step::Instance instance;
+    if (!work.file.read(slot, instance) || instance.complex) {
+        return Error{ErrorKind::Refused, "instance " + name + " is not well formed"};
+    }
+    if (work.file.find(work.file.id(slot)) != slot) {
+        return Error{ErrorKind::Refused, "the file has several instances " + name + ", so none of them can be changed"};
+    }
+    return {};
+}
+
+bool ElementEdit::isAlone(Slot relation) const {
+    bool named = false, others = false;
+    const auto arguments = argumentBit(work.classes.of(relation).place(Field::Related));
+    forEachReference(work.file.text(relation), arguments, [&](unsigned, std::string_view token) {
+        (tokenId(token) == ownId ? named : others) = true;
+        return !others;
+    });
+    return named && !others;
+}
+
+bool ElementEdit::isUsedOnlyBy(Slot instance, Slot user) const {
+    bool only = true;
+    work.references.forEachUse(instance, [&](const Use& use) {
+        only = use.user == user;
+        return only;
+    });
+    return only;
+}
+
+bool ElementEdit::isOwn(Slot instance) const {
+    bool ownOnly = true;
+    work.references.forEachUse(instance, [&](const Use& use) {
+        const Class& cls = work.classes.of(use.user);
+        ownOnly = cls.place(Field::Related) >= 0 && cls.place(Field::Relating) == use.argument && isAlone(use.user);
+        return ownOnly;
+    });
+    return ownOnly;
+}
+
+Result<Slot> ElementEdit::add(const Draft& draft, Slot neighbour) {
+    return work.file.append(draft.body(), neighbour);
+}
+
+Draft ElementEdit::newRoot(std::string_view entityName, const std::string& purpose) {
+    const Entity& entity = *work.schema.entity(entityName);
+    Draft draft(entity);
+    setRoot(draft, entity, purpose);
+    return draft;
+}
+
+Draft ElementEdit::copyOfRoot(Slot original, const std::string& purpose) {
+    Draft draft = copyOf(original);
+    setRoot(draft, *work.classes.of(original).entity, purpose);
+    return draft;
+}
+
+Draft ElementEdit::copyOf(Slot original) const {
+    step::Instance instance;
+    work.file.read(original, instance);
+    return {*work.classes.of(original).entity, instance};
+}
+
+void ElementEdit::setRoot(Draft& draft, const Entity& entity, const std::string& purpose) {
+    draft.set("GlobalId", work.newRoots.globalId(work.elements.guid(element), purpose));
+    const int place = entity.attributeIndex("OwnerHistory");
+    if (place < 0 || entity.attributes()[static_cast<std::size_t>(place)].optional) return;
+    // The element's own: who is responsible for the element is responsible for what describes it.
+    const std::string_view history = argumentText(own, Field::OwnerHistory);
+    if (step::referenceId({step::ValueKind::Reference, history}) != 0) draft.set("OwnerHistory", std::string(history));
+}
+
+std::string_view ElementEdit::argumentText(Slot slot, Field field) const {
+    step::Instance instance;
+    if (!work.file.read(slot, instance)) return {};
+    return argument(instance, work.classes.of(slot), field).text;
+}
+
+std::string_view ElementEdit::attributeName(Slot slot, Field field) const {
+    const Class& cls = work.classes.of(slot);
+    return cls.entity->attributes()[static_cast<std::size_t>(cls.place(field))].name;
+}
+
+std::string ElementEdit::withReference(Slot instance, Field field, Slot from, Slot to) const {
+    const std::string_view held = argumentText(instance, field);
+    const std::string_view token = findToken(held, work.file.id(from));
+    if (token.empty()) return std::string(held);
+    const auto at = static_cast<std::size_t>(token.data() - held.data());
+    return std::string(held.substr(0, at)) + reference(to) + std::string(held.substr(at + token.size()));
+}
+
+Status ElementEdit::replaceReference(Slot instance, Field field, Slot from, Slot to) {
+    // A list may name it more than once.
+    for (;;) {
+        const std::string_view token = findToken(argumentText(instance, field), work.file.id(from));
+        if (token.empty()) return {};
+        Status replaced = work.file.replaceValue(instance, {step::ValueKind::Reference, token}, reference(to));
+        if (!replaced) return replaced;
+    }
+}
+
+Status ElementEdit::relink(Slot relation, Field field, Slot from, Slot to, const std::string& purpose) {
+    if (isAlone(relation)) return replaceReference(relation, field, from, to);
+    Draft draft = copyOfRoot(relation, purpose);
+    draft.set(attributeName(relation, Field::Related), '(' + referenceText(ownId) + ')');
+    draft.set(attributeName(relation, field), withReference(relation, field, from, to));
+    if (Status left = leave(relation); !left) return left;
+    const Result<Slot> added = add(draft, relation);
+    return added ? Status{} : Status{added.error()};
+}
+
+Status ElementEdit::leave(Slot relation) {
+    const Workspace::Unobserved unobserved(work);
+    for (;;) {
+        step::Instance instance;
+        if (!work.file.read(relation, instance)) return check(relation);
+        const step::Value related = argument(instance, work.classes.of(relation), Field::Related);
+        const std::string_view token = findToken(related.text, ownId);
+        if (token.empty()) break;
+        Status removed = work.file.removeFromAggregate(relation, related, token);
+        if (!removed) return removed;
+    }
+    work.references.forget(own, relation, work.classes.of(relation).place(Field::Related));
+    return {};
+}
+
+}  // namespace model::ifc

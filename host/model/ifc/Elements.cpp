@@ -1,0 +1,82 @@
+#include "model/ifc/Elements.hpp"
+
+#include "model/ifc/InstanceScan.hpp"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+
+namespace model::ifc {
+
+namespace {
+
+constexpr Element Free = 0xFFFFFFFFU;
+
+/// GlobalIds of one source often share most of their bits; all sixteen bytes take part.
+std::size_t hashOf(const Guid& guid) {
+    std::uint64_t high = 0, low = 0;
+    std::memcpy(&high, guid.data(), 8);
+    std::memcpy(&low, guid.data() + 8, 8);
+    std::uint64_t hash = (high ^ std::rotl(low, 32)) * 0x9E3779B97F4A7C15ULL;
+    hash ^= hash >> 32U;
+    return static_cast<std::size_t>(hash * 0xD6E8FEB86659FD93ULL >> 16U);
+}
+
+}  // namespace
+
+std::optional<Guid> globalIdOf(std::string_view instanceText) {
+    const std::string_view text = leadingString(instanceText, 0);
+    return text.size() < 2 ? std::nullopt : fromGlobalId(text.substr(1, text.size() - 2));
+}
+
+Elements::Elements(const step::StepFile& file, Classes& classes) {
+    for (step::Slot slot = 0; slot < file.instanceCount(); ++slot) {
+        if (classes.ofKeyword(file.keyword(slot)).role != Role::Product) continue;
+        if (const auto guid = globalIdOf(file.text(slot))) {
+            add(slot, *guid);
+        } else {
+            ++invalidCount;
+        }
+    }
+    std::sort(duplicated.begin(), duplicated.end());
+    duplicated.erase(std::unique(duplicated.begin(), duplicated.end()), duplicated.end());
+}
+
+void Elements::add(step::Slot slot, const Guid& guid) {
+    if (buckets.size() < 2 * (slots.size() + 1)) grow();
+    Element& bucket = buckets[bucketOf(guid)];
+    if (bucket != Free) {
+        ++duplicateCount;
+        duplicated.push_back(bucket);
+        return;
+    }
+    bucket = static_cast<Element>(slots.size());
+    slots.push_back(slot);
+    guids.push_back(guid);
+}
+
+/// Where the GUID is, or where it would go.
+std::size_t Elements::bucketOf(const Guid& guid) const {
+    const std::size_t mask = buckets.size() - 1;
+    std::size_t bucket = hashOf(guid) & mask;
+    while (buckets[bucket] != Free && guids[buckets[bucket]] != guid) bucket = (bucket + 1) & mask;
+    return bucket;
+}
+
+void Elements::grow() {
+    constexpr std::size_t Smallest = 64;
+    buckets.assign(std::max(Smallest, 2 * buckets.size()), Free);
+    for (Element element = 0; element < guids.size(); ++element) buckets[bucketOf(guids[element])] = element;
+}
+
+std::optional<Element> Elements::find(const Guid& guid) const {
+    if (buckets.empty()) return std::nullopt;
+    const Element element = buckets[bucketOf(guid)];
+    return element == Free ? std::nullopt : std::optional<Element>(element);
+}
+
+bool Elements::hasDuplicates(Element element) const {
+    return std::binary_search(duplicated.begin(), duplicated.end(), element);
+}
+
+}  // namespace model::ifc

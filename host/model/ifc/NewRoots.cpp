@@ -1,0 +1,71 @@
+#include "model/ifc/NewRoots.hpp"
+
+#include "model/ifc/Elements.hpp"
+
+#include <uuid/uuid.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace model::ifc {
+
+namespace {
+
+/// The name space of all GlobalIds made here. Never to be changed: files hold GlobalIds that follow from it.
+constexpr Guid NameSpace = {0x6B, 0x1D, 0x4C, 0x52, 0x8E, 0x07, 0x4F, 0x3A,
+                            0x9C, 0x61, 0x2F, 0xD4, 0x77, 0x0B, 0xE5, 0x18};
+
+/// A version 5 UUID (RFC 4122: from a name, by SHA-1).
+Guid namedGuid(const std::string& name) {
+    Guid guid{};
+    uuid_generate_sha1(guid.data(), NameSpace.data(), name.data(), name.size());
+    return guid;
+}
+
+std::uint64_t fingerprint(const Guid& guid) {
+    std::uint64_t high = 0, low = 0;
+    std::memcpy(&high, guid.data(), 8);
+    std::memcpy(&low, guid.data() + 8, 8);
+    return high * 0x9E3779B97F4A7C15ULL ^ low;
+}
+
+}  // namespace
+
+NewRoots::NewRoots(const step::StepFile& stepFile, Classes& knownClasses) : file(stepFile), classes(knownClasses) {}
+
+std::string NewRoots::globalId(const Guid& element, std::string_view purpose) {
+    if (!built) build();
+    const std::string name = guidText(element) + ' ' + std::string(purpose);
+    Guid guid = namedGuid(name);
+    for (unsigned number = 2; isTaken(guid); ++number) guid = namedGuid(name + ' ' + std::to_string(number));
+    return '\'' + toGlobalId(guid) + '\'';
+}
+
+void NewRoots::build() {
+    built = true;
+    firstNew = static_cast<step::Slot>(file.instanceCount());
+    for (step::Slot slot = 0; slot < firstNew; ++slot) {
+        if (!classes.ofKeyword(file.keyword(slot)).rooted || !file.present(slot)) continue;
+        if (const auto guid = globalIdOf(file.text(slot))) taken.push_back(fingerprint(*guid));
+    }
+    std::sort(taken.begin(), taken.end());
+}
+
+bool NewRoots::isTaken(const Guid& guid) const {
+    return std::binary_search(taken.begin(), taken.end(), fingerprint(guid)) || takenByNew.contains(fingerprint(guid));
+}
+
+std::optional<Guid> NewRoots::addedGuid(step::Slot slot) {
+    if (!built || slot < firstNew || !file.present(slot)) return std::nullopt;
+    return classes.of(slot).rooted ? globalIdOf(file.text(slot)) : std::nullopt;
+}
+
+void NewRoots::beforeChange(step::Slot slot) {
+    if (const auto guid = addedGuid(slot)) takenByNew.erase(fingerprint(*guid));
+}
+
+void NewRoots::afterChange(step::Slot slot) {
+    if (const auto guid = addedGuid(slot)) takenByNew.insert(fingerprint(*guid));
+}
+
+}  // namespace model::ifc

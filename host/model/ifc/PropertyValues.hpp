@@ -1,0 +1,33 @@
+#pragma once
+// The nominal value of a single-value property, between the file and the host's record.
+
+#include "model/Model.hpp"
+#include "model/ifc/Schema.hpp"
+#include "model/step/StepSyntax.hpp"
+
+namespace model::ifc {
+
+/// `$` gives an empty string of no type. A value that the record cannot hold (an integer beyond 64 bits, a measure that
+/// is an aggregate) gives Primitive::Other.
+PropertyValue readNominalValue(step::Value nominal, const Schema& schema);
+
+/// Whether both hold the same value; their types are not compared. Of Primitive::Other there is no value to compare:
+/// two such are the same.
+bool sameContent(const PropertyValue& a, const PropertyValue& b);
+
+/// The whole nominal value in STEP form, "IFCLABEL('60')", for a property that has none. A string of no type becomes an
+/// IfcLabel, an IfcText where it is longer than a label may be.
+/// @return ErrorKind::BadValue with the value and the reason.
+Result<std::string> encodeNominalValue(const PropertyValue& value, const Schema& schema);
+
+/// A part of an instance's text and what is to stand there.
+struct Replacement {
+    step::Value part;
+    std::string text;
+};
+
+/// How a nominal value takes another value and keeps its type: only the inner token changes.
+/// @return ErrorKind::BadValue as above; ErrorKind::Refused where what is there is not understood.
+Result<Replacement> replaceNominalValue(step::Value nominal, const PropertyValue& value, const Schema& schema);
+
+}  // namespace model::ifc

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "model/ifc/Classes.hpp"
+#include "model/ifc/InstanceScan.hpp"
+
+#include <unordered_map>
+#include <vector>
+
+namespace model::ifc {
+
+/// One mention of an instance in an argument of another.
+struct Use {
+    step::Slot user;
+    std::uint8_t argument;
+    bool live;
+};
+
+/// Who refers to whom: of the instances that describe elements (relations, property sets, properties, classification
+/// references, and whatever else the schema lets refer to these), never of geometry. Made in one pass over the file
+/// when first asked, then kept up to date change by change, at a cost that does not depend on the size of the model.
+class References {
+public:
+    References(const step::StepFile& file, Classes& classes, const Schema& schema);
+
+    /// Calls visit(const Use&) for the uses of `target` in file order until it returns false.
+    template <class Visit>
+    void forEachUse(step::Slot target, Visit&& visit) {
+        if (!built) build();
+        if (std::size_t{target} + 1 < offsets.size()) {
+            for (std::uint32_t i = offsets[target]; i < offsets[target + 1]; ++i) {
+                if (uses[i].live && !visit(uses[i])) return;
+            }
+        }
+        if (added.empty()) return;
+        if (const auto found = added.find(file.id(target)); found != added.end()) {
+            for (const Use& use : found->second) {
+                if (use.live && !visit(use)) return;
+            }
+        }
+    }
+
+    /// To be told of every change of the file, but those that forget() tells of.
+    void beforeChange(step::Slot slot);
+    void afterChange(step::Slot slot);
+
+    /// Forgets every use of `target` in that argument of `user`.
+    void forget(step::Slot target, step::Slot user, int argument);
+
+private:
+    // By id, since an instance that is undone and made anew has another slot, and within an undo step the instances
+    // come and go in any order.
+    struct Mention {
+        step::InstanceId target;
+        std::uint8_t argument;
+        auto operator<=>(const Mention&) const = default;
+    };
+
+    void build();
+    std::uint64_t keptArguments(step::KeywordCode keyword);
+    std::uint64_t keptArgumentsOf(const Class& cls) const;
+    void mentions(step::Slot user, std::vector<Mention>& out);
+    void add(const Mention& mention, step::Slot user);
+    void remove(const Mention& mention, step::Slot user);
+    Use* find(const Mention& mention, step::Slot user, bool live);
+
+    const step::StepFile& file;
+    Classes& classes;
+    const Schema& schema;
+    bool built = false;
+    std::vector<std::uint64_t> kept;  // by keyword code: a bit for each argument worth keeping; Unknown until asked
+    // The file as it was when the index was made: uses[offsets[t]] to uses[offsets[t + 1]] are those of slot t, in file
+    // order. A use that ends is marked, one that comes back is revived.
+    std::vector<std::uint32_t> offsets;
+    std::vector<Use> uses;
+    std::unordered_map<step::InstanceId, std::vector<Use>> added;  // what came later, by the target's id
+    std::vector<Mention> before, after;                            // kept to save allocations
+};
+
+}  // namespace model::ifc

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "model/ifc/ClassificationIndex.hpp"
+#include "model/ifc/Elements.hpp"
+#include "model/ifc/Links.hpp"
+#include "model/ifc/NewRoots.hpp"
+#include "model/ifc/PropertySets.hpp"
+#include "model/ifc/References.hpp"
+
+namespace model::ifc {
+
+/// An open file with everything kept about it. Each index is made when first needed and follows every change.
+class Workspace final : private step::StepFile::Listener {
+public:
+    Workspace(step::StepFile& file, SchemaVersion version);
+    ~Workspace() override;
+    Workspace(const Workspace&) = delete;
+    Workspace& operator=(const Workspace&) = delete;
+
+    /// Slots of `object`'s relations of a role that name it on their many side, in file order.
+    template <class Visit>
+    void forEachRelation(step::Slot object, Role role, Visit&& visit) {
+        references.forEachUse(object, [&](const Use& use) {
+            const Class& cls = classes.of(use.user);
+            return cls.role != role || cls.place(Field::Related) != use.argument || visit(use.user);
+        });
+    }
+
+    /// The type object of an element: of several, the first in the file. NoSlot where it has none.
+    step::Slot typeObject(step::Slot object);
+
+    /// While one exists, changes of the file are not looked into. For a change whose effect the caller knows: taking
+    /// one of ten thousand elements out of a relation must not cost a look at the others.
+    class Unobserved {
+    public:
+        explicit Unobserved(Workspace& workspace) : owner(workspace) { owner.observing = false; }
+        ~Unobserved() { owner.observing = true; }
+        Unobserved(const Unobserved&) = delete;
+        Unobserved& operator=(const Unobserved&) = delete;
+
+    private:
+        Workspace& owner;
+    };
+
+    step::StepFile& file;
+    const SchemaVersion version;
+    const Schema& schema;
+    Classes classes;
+    Elements elements;
+    References references;
+    Links links;
+    PropertySets propertySets;
+    NewRoots newRoots;
+    ClassificationIndex classificationIndex;
+
+private:
+    void beforeChange(step::Slot slot) override;
+    void afterChange(step::Slot slot) override;
+
+    bool observing = true;
+};
+
+}  // namespace model::ifc
