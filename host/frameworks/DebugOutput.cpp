@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <cstring>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -32,6 +31,10 @@ struct Conversion {
     char letter = '\0';  ///< '\0' where it is none.
 };
 
+bool isOneOf(char letter, std::string_view letters) {
+    return letters.find(letter) != letters.npos;
+}
+
 class ConversionParser {
 public:
     explicit ConversionParser(std::string_view text) : source(text) {}
@@ -39,25 +42,22 @@ public:
     Conversion parse() {
         Conversion result;
         at = 1;
-        for (; contains("-+ #0", peek()); ++at)
-            if (!contains(result.flags, peek())) result.flags += peek();
+        for (; peekedIn("-+ #0"); ++at)
+            if (!peekedIn(result.flags)) result.flags += peek();
         result.width = parseNumber();
         if (peek() == '.') {
             ++at;
             result.precision = std::max(parseNumber(), 0);
         }
-        for (; contains("hljztLq", peek()); ++at) result.isLong = result.isLong || peek() != 'h';
-        if (contains("diuxXocsfFeEgGaAp", peek())) result.letter = source[at++];
+        for (; peekedIn("hljztLq"); ++at) result.isLong = result.isLong || peek() != 'h';
+        if (peekedIn("diuxXocsfFeEgGaAp")) result.letter = source[at++];
         result.source = source.substr(0, at);
         return result;
     }
 
 private:
-    static bool contains(std::string_view set, char character) {
-        return character != '\0' && set.find(character) != set.npos;
-    }
-
     char peek() const { return at < source.size() ? source[at] : '\0'; }
+    bool peekedIn(std::string_view letters) const { return isOneOf(peek(), letters); }
 
     /// @return -1 where no digit stands.
     int parseNumber() {
@@ -71,11 +71,20 @@ private:
     std::size_t at = 0;
 };
 
+/// Whether the C library defines what a flag does to a conversion.
+bool flagApplies(char flag, char letter) {
+    if (flag == '#') return isOneOf(letter, "xXofFeEgGaA");
+    return flag == '-' || !isOneOf(letter, "csp");
+}
+
 /// The C format of one value, made of checked pieces only.
 std::string rebuilt(const Conversion& conversion, const char* lengthModifier, int mostPrecision) {
-    std::string format = '%' + conversion.flags;
+    std::string format = "%";
+    for (const char flag : conversion.flags)
+        if (flagApplies(flag, conversion.letter)) format += flag;
     if (conversion.width >= 0) format += std::to_string(std::min(conversion.width, MostDigits));
-    if (conversion.precision >= 0) format += '.' + std::to_string(std::min(conversion.precision, mostPrecision));
+    if (conversion.precision >= 0 && !isOneOf(conversion.letter, "cp"))
+        format += '.' + std::to_string(std::min(conversion.precision, mostPrecision));
     return format + lengthModifier + conversion.letter;
 }
 
@@ -107,20 +116,18 @@ void appendInteger(std::string& output, const Conversion& conversion, Int64 valu
 
 /// @return false where the argument's kind does not match the conversion.
 bool appendArgument(std::string& output, const Conversion& conversion, const DBArgument& argument) {
-    const auto takes = [&conversion](const char* letters) {
-        return std::strchr(letters, conversion.letter) != nullptr;
-    };
     switch (argument.kind) {
         case DBArgument::Kind::Integer:
             if (conversion.letter == 'c') {
+                if ((argument.integer & 0xFF) == 0) return false;  // It would end the text that the sink gets.
                 appendFormatted(output, rebuilt(conversion, "", MostDigits), static_cast<int>(argument.integer & 0xFF));
                 return true;
             }
-            if (!takes("diuxXo")) return false;
+            if (!isOneOf(conversion.letter, "diuxXo")) return false;
             appendInteger(output, conversion, argument.integer);
             return true;
         case DBArgument::Kind::Real:
-            if (!takes("fFeEgGaA")) return false;
+            if (!isOneOf(conversion.letter, "fFeEgGaA")) return false;
             appendFormatted(output, rebuilt(conversion, "", MostDigits), argument.real);
             return true;
         case DBArgument::Kind::Text:

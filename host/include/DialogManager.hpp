@@ -85,9 +85,10 @@ HOST_API GSErrCode DGMoveGrowItem(Int16 dialogId, Int16 item, Int16 moveH, Int16
 
 HOST_API GSErrCode DGListDisableDraw(Int16 dialogId, Int16 item);
 HOST_API GSErrCode DGListEnableDraw(Int16 dialogId, Int16 item);
-/// The inner width of the list.
+/// The width of the list's rectangle.
 HOST_API Int16 DGListGetItemWidth(Int16 dialogId, Int16 item);
 
+/// @param count  up to 255. While it is 0 a row may have any cells up to that number.
 HOST_API GSErrCode DGListSetTabFieldCount(Int16 dialogId, Int16 item, Int16 count);
 /// @param begin, end  horizontal extent from the list's left edge, both inclusive.
 /// @param justification  0 = left. @param truncation  0 = cut at the end.
@@ -109,7 +110,7 @@ HOST_API GSErrCode DGListSetHeaderItemText(Int16 dialogId, Int16 item, Int16 hea
 /// 0 to DG_LIST_MAX_ROWS.
 HOST_API Int16 DGListGetItemCount(Int16 dialogId, Int16 item);
 /// Inserts an empty row of status 0 before row `position`, at the end with DG_LIST_BOTTOM.
-/// @return 0, DG_ERR_BADPARS or DG_ERR_LISTFULL.
+/// @return 0, DG_ERR_BADPARS (no such row to insert before) or DG_ERR_LISTFULL.
 HOST_API GSErrCode DGListInsertItem(Int16 dialogId, Int16 item, Int16 position);
 HOST_API GSErrCode DGListSetItemText(Int16 dialogId, Int16 item, Int16 row, const GS::UniString& text);
 HOST_API GSErrCode DGListSetItemStatus(Int16 dialogId, Int16 item, Int16 row, Int16 status);
@@ -117,6 +118,7 @@ HOST_API GSErrCode DGListSetItemStatus(Int16 dialogId, Int16 item, Int16 row, In
 HOST_API Int16 DGListGetItemStatus(Int16 dialogId, Int16 item, Int16 row);
 /// Components from 0 to 0xFFFF.
 HOST_API GSErrCode DGListSetItemColor(Int16 dialogId, Int16 item, Int16 row, UInt16 red, UInt16 green, UInt16 blue);
+/// Replaces one cell; in a row of too few cells empty ones come before it. A TAB in the text begins a further cell.
 HOST_API GSErrCode DGListSetTabItemText(Int16 dialogId, Int16 item, Int16 row, Int16 field, const GS::UniString& text);
 HOST_API GS::UniString DGListGetTabItemText(Int16 dialogId, Int16 item, Int16 row, Int16 field);
 

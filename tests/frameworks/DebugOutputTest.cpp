@@ -44,7 +44,8 @@ TEST(DebugOutput, IntegersArePrintedInEachForm) {
     EXPECT_EQ(printed("%lX", -1L), "FFFFFFFFFFFFFFFF");
     EXPECT_EQ(printed("%hhd", 300), "300") << "lengths cut nothing";
     EXPECT_EQ(printed("[%5d|%-5d|%05d|%+d|% d|%.3d]", 42, 42, 42, 42, 42, 42), "[   42|42   |00042|+42| 42|042]");
-    EXPECT_EQ(printed("%c%c", 'o', 'k'), "ok");
+    EXPECT_EQ(printed("%c%c[%-3c]", 'o', 'k', 'x'), "ok[x  ]");
+    EXPECT_EQ(printed("%c!", 0), "%c!") << "a zero byte would end the line";
 }
 
 TEST(DebugOutput, RealsArePrintedInEachForm) {
@@ -64,7 +65,8 @@ TEST(DebugOutput, TextsArePaddedAndShortened) {
 }
 
 TEST(DebugOutput, AddressIsPrinted) {
-    EXPECT_EQ(printed("%p", reinterpret_cast<const void*>(std::uintptr_t{0x1234})), "0x1234");
+    const void* const address = reinterpret_cast<const void*>(std::uintptr_t{0x1234});
+    EXPECT_EQ(printed("%p[%8p]", address, address), "0x1234[  0x1234]");
 }
 
 TEST(DebugOutput, ConversionWithoutAMatchingArgumentIsPrintedAsItStands) {
@@ -75,6 +77,11 @@ TEST(DebugOutput, ConversionWithoutAMatchingArgumentIsPrintedAsItStands) {
     EXPECT_EQ(printed("%n", 5), "%n");
     EXPECT_EQ(printed("%s-%s", 5, "kept"), "%s-kept") << "it uses up its argument";
     EXPECT_EQ(printed("%*d", 5, 6), "%*d");
+}
+
+TEST(DebugOutput, FlagsWithoutAMeaningAreDropped) {
+    EXPECT_EQ(printed("[%05s|%#s|%+s]", "a", "b", "c"), "[    a|b|c]");
+    EXPECT_EQ(printed("[%#d|%03c|%.5c]", 1, 'a', 'b'), "[1|  a|b]");
 }
 
 TEST(DebugOutput, ExcessArgumentsAreLetPass) {

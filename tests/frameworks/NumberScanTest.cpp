@@ -1,8 +1,10 @@
 #include "Support.hpp"
 
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 
 #include <cmath>
+#include <cstdlib>
 #include <optional>
 
 using GS::UniString;
@@ -130,4 +132,28 @@ TEST(NumberScan, OtherFormatsConvertNothing) {
     EXPECT_EQ(UniString("5").SScanf("%i", static_cast<Int64*>(nullptr)), 0);
     EXPECT_EQ(integer, 1);
     EXPECT_EQ(real, 1);
+}
+
+namespace {
+
+std::string textOf(const char* characters) {
+    return *rc::gen::container<std::string>(rc::gen::elementOf(std::string(characters)));
+}
+
+}  // namespace
+
+// In the "C" locale, which tests run in, and without words and hexadecimal reals the C library has the same rules.
+
+RC_GTEST_PROP(NumberScan, IntegerIsWhatTheCLibraryReads, ()) {
+    const std::string text = textOf("00123456789789+-  xXabfFgG.");
+    char* end = nullptr;
+    const long long expected = std::strtoll(text.c_str(), &end, 0);
+    RC_ASSERT(scanInteger(text.c_str()) == (end == text.c_str() ? std::nullopt : std::optional<Int64>(expected)));
+}
+
+RC_GTEST_PROP(NumberScan, RealIsWhatTheCLibraryReads, ()) {
+    const std::string text = textOf("0012345678999+-  ..eE,");
+    char* end = nullptr;
+    const double expected = std::strtod(text.c_str(), &end);
+    RC_ASSERT(scanReal(text.c_str()) == (end == text.c_str() ? std::nullopt : std::optional<double>(expected)));
 }

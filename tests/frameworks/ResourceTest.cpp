@@ -3,6 +3,7 @@
 #include "support/TempFolder.hpp"
 
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -245,6 +246,18 @@ TEST_F(ResourceTest, FolderWithoutDefinitionsIsAnEmptyModule) {
     fs::create_directories(bundle.path() / "Contents/Resources");
     ASSERT_TRUE(open());
     EXPECT_EQ(text(1, 1), "none");
+}
+
+RC_GTEST_FIXTURE_PROP(ResourceTest, AnyFileIsTakenOrItsFaultsAreReported, ()) {
+    const std::vector<std::string> words = {
+        "strings", "menu", "fixed", "dialog", "button", "edit", "text",     "list", "at", "size", "grow", "1", "2",
+        "32767",   "-1",   "x",     "#",      "\n",     "\n",   "\"text\"", "\"",   "\\", "\xFF", "\t",   "\r"};
+    std::string content;
+    for (const std::string& word : *rc::gen::container<std::vector<std::string>>(rc::gen::elementOf(words)))
+        content += word + " ";
+    define("a.res", content);
+    const bool taken = open();
+    RC_ASSERT(taken == output.text.empty());
 }
 
 // --- The user's language -------------------------------------------------------------------------------------------
