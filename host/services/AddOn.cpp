@@ -117,11 +117,13 @@ model::Status AddOn::step(std::string_view function, GSErrCode (*body)(AddOn&)) 
     return {};
 }
 
-void AddOn::stop() {
+std::optional<std::string> AddOn::stop() {
     const bool started = stage == Stage::Registered || stage == Stage::Initialized;
-    if (!started || hasCrashed) return;
-    static_cast<void>(call("freeData", [this] { exported.freeData(); }));  // It goes either way.
+    if (!started || hasCrashed) return std::nullopt;
+    // Its result is of no use: the add-on goes either way.
+    const auto fault = call("freeData", [this] { exported.freeData(); });
     stage = Stage::Stopped;
+    return fault;
 }
 
 AddOn::~AddOn() {

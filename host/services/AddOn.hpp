@@ -26,8 +26,8 @@ public:
 
     /// Steps 3 to 5. Fails with what went wrong; the add-on is then to be stopped and destroyed.
     model::Status start(const HostFunction* table);
-    /// Step 7, where step 5 was reached. The host's operations still answer meanwhile.
-    void stop();
+    /// Step 7, where step 5 was reached. The host's operations still answer meanwhile. @return as call().
+    std::optional<std::string> stop();
 
     const std::string& name() const { return addOnName; }
     const std::string& description() const { return addOnDescription; }

@@ -4,12 +4,11 @@
 
 #include <ucontext.h>
 
-#include <array>
 #include <csetjmp>
 #include <csignal>
 #include <cstddef>
 #include <exception>
-#include <iterator>
+#include <memory>
 
 namespace host {
 
@@ -71,16 +70,21 @@ extern "C" void onFault(int number, siginfo_t* info, void* context) {
     if (!fromProcessor) raise(number);
 }
 
-/// The handler needs a stack of its own: the add-on's may be what is used up.
+/// The handler needs a stack of its own: the add-on's may be what is used up. One that somebody provided already (a
+/// sanitizer does, and frees it again) is as good.
 void provideSignalStack() {
     static constexpr std::size_t size = 64 * 1024;
-    static thread_local std::array<char, size> memory;
+    static thread_local std::unique_ptr<char[]> memory;
     static thread_local bool provided = false;
     if (provided) return;
+    provided = true;
     stack_t stack{};
-    stack.ss_sp = memory.data();
-    stack.ss_size = memory.size();
-    provided = sigaltstack(&stack, nullptr) == 0;
+    if (sigaltstack(nullptr, &stack) == 0 && (stack.ss_flags & SS_DISABLE) == 0) return;
+    memory = std::make_unique<char[]>(size);
+    stack = {};
+    stack.ss_sp = memory.get();
+    stack.ss_size = size;
+    sigaltstack(&stack, nullptr);
 }
 
 std::optional<CallFault> catchingExceptions(void (*call)(void*), void* argument) {

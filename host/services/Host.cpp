@@ -107,7 +107,7 @@ model::Status Host::loadAddOn(const std::filesystem::path& bundle) {
 void Host::unloadAddOn() {
     Session& host = content->session;
     if (!host.addOn || host.busy()) return;
-    host.addOn->stop();
+    if (const auto fault = host.addOn->stop()) host.report.write(*fault);
     host.menus.clear();
     host.addOn.reset();
 }

@@ -60,7 +60,7 @@ GSErrCode runCommand(GSErrCode (*command)()) {
 
 // Without the sanitizers' own checks, which would stop the program before the processor notices anything.
 __attribute__((no_sanitize("address", "undefined"))) void writeToNowhere() {
-    int* volatile nowhere = nullptr;
+    volatile int* volatile nowhere = nullptr;
     *nowhere = 1;
 }
 

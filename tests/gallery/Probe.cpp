@@ -7,7 +7,7 @@ namespace {
 std::function<void()> test;
 
 GSErrCode runTest(const API_MenuParams*) {
-    test();
+    if (test) test();
     return NoError;
 }
 

@@ -1,8 +1,6 @@
 // What an add-on may do wrong once it runs, and what the host makes of it.
 
-#include "Gallery.hpp"
-
-#include "APITypes.hpp"
+#include "Probe.hpp"
 
 #include <csignal>
 
@@ -16,7 +14,7 @@ using CrashIsAResult = Gallery;
 using NoExceptionLeaves = Gallery;
 using FailedCommandRollsBack = Gallery;
 using CommandsDoNotNest = Gallery;
-using EditsInCommands = Gallery;
+using EditsInCommands = Probe;
 using MenuRecord = Gallery;
 using ClientHandle = Gallery;
 using RegistrationInTime = Gallery;
