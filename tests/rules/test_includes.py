@@ -24,7 +24,7 @@ MAY_INCLUDE = {
     "Src/": (("Src/", "binding/", "host/include/"), ("standard",)),
     "binding/": (("binding/", "Src/", "host/include/"), ("standard", "macOS")),
     "host/include/": (("host/include/",), ("standard",)),
-    "host/model/": (("host/model/",), ("standard", "system", "ICU", "zip")),
+    "host/model/": (("host/model/",), ("standard", "system", "ICU", "zip", "uuid")),
     "host/frameworks/": (("host/frameworks/", "host/include/"), ("standard", "system", "ICU", "uuid")),
     "host/services/": (("host/services/", "host/frameworks/", "host/include/", "host/model/"),
                        ("standard", "system", "ICU", "fmt")),
