@@ -1,0 +1,177 @@
+// What the binding does without a slot of the host: resource texts, memory, the image's own place, its end.
+
+#include "FailingMemory.hpp"
+#include "HelperAddOn.hpp"
+
+#include <gmock/gmock.h>
+
+#include <dlfcn.h>
+
+#include <cstring>
+
+using namespace testing_support;
+
+namespace {
+
+class OwnModule : public ::testing::Test {
+protected:
+    RawHelpers addOn;
+};
+
+// --- Texts of the resources ----------------------------------------------------------------------------------------
+
+class ResourceTexts : public OwnModule {
+protected:
+    std::string text(Int16 resID, Int32 index) {
+        char buffer[260];
+        std::memset(buffer, '!', sizeof buffer);
+        found = addOn->ACAPI_Resource_GetLocStr(buffer, resID, index, addOn->ACAPI_GetOwnResModule());
+        EXPECT_EQ(std::string(buffer + 256, 4), "!!!!");
+        return buffer;
+    }
+    bool found = false;
+};
+
+TEST_F(ResourceTexts, AreReadByNumber) {
+    EXPECT_EQ(text(420, 3), "Tür");
+    EXPECT_TRUE(found);
+}
+
+TEST_F(ResourceTexts, AreCutBetweenTwoCharacters) {
+    EXPECT_EQ(text(420, 1).size(), 255U);
+    const std::string cut = text(420, 2);
+    EXPECT_EQ(cut.size(), 254U);
+    EXPECT_EQ(cut.back(), '3');
+}
+
+TEST_F(ResourceTexts, UnknownOnesAreEmpty) {
+    for (const auto& [list, index] : {std::pair<Int16, Int32>{420, 0}, {420, 4}, {421, 1}, {430, 1}}) {
+        EXPECT_EQ(text(list, index), "") << list << "/" << index;
+        EXPECT_FALSE(found);
+    }
+}
+
+TEST_F(ResourceTexts, AreReadWholeAsUnicode) {
+    GS::UniString whole;
+    EXPECT_TRUE(addOn->ACAPI_Resource_GetLocUStr(&whole, 420, 2, addOn->ACAPI_GetOwnResModule()));
+    EXPECT_EQ(whole.GetLength(), 255U);
+    EXPECT_FALSE(addOn->ACAPI_Resource_GetLocUStr(&whole, 420, 9, addOn->ACAPI_GetOwnResModule()));
+}
+
+TEST_F(ResourceTexts, FixedOnesHaveListsOfTheirOwn) {
+    char buffer[256];
+    EXPECT_TRUE(addOn->ACAPI_Resource_GetFixStr(buffer, 430, 1, addOn->ACAPI_GetOwnResModule()));
+    EXPECT_STREQ(buffer, "Fixed");
+    EXPECT_FALSE(addOn->ACAPI_Resource_GetFixStr(buffer, 420, 3, addOn->ACAPI_GetOwnResModule()));
+    EXPECT_STREQ(buffer, "");
+}
+
+// --- Memory --------------------------------------------------------------------------------------------------------
+
+TEST_F(OwnModule, BlocksAreFreedAndForgotten) {
+    GSPtr ptr = BMAllocatePtr(8, ALLOCATE_CLEAR, 0);
+    GSHandle handle = BMAllocateHandle(8, ALLOCATE_CLEAR, 0);
+    addOn->ACAPI_FreePtr(&ptr);
+    addOn->ACAPI_DisposeHandle(&handle);
+    EXPECT_EQ(ptr, nullptr);
+    EXPECT_EQ(handle, nullptr);
+    addOn->ACAPI_FreePtr(&ptr);
+    addOn->ACAPI_DisposeHandle(&handle);
+    EXPECT_EQ(liveHandles(), 0);
+}
+
+TEST_F(OwnModule, BlocksOfBlocksAreFreedWithTheirMembers) {
+    GSHandle handles[3] = {BMAllocateHandle(8, 0, 0), nullptr, BMAllocateHandle(0, 0, 0)};
+    GSHandle array = BMAllocateHandle(sizeof handles, 0, 0);
+    std::memcpy(*array, handles, sizeof handles);
+    addOn->ACAPI_DisposeHandleArray(&array);
+    EXPECT_EQ(array, nullptr);
+    EXPECT_EQ(liveHandles(), 0);
+
+    GSPtr ptrs[2] = {BMAllocatePtr(8, 0, 0), BMAllocatePtr(8, 0, 0)};
+    GSPtr ptrArray = BMAllocatePtr(sizeof ptrs, 0, 0);
+    std::memcpy(ptrArray, ptrs, sizeof ptrs);
+    addOn->ACAPI_FreePtrArray(&ptrArray);
+    EXPECT_EQ(ptrArray, nullptr);
+    addOn->ACAPI_FreePtrArray(&ptrArray);
+    addOn->ACAPI_DisposeHandleArray(&array);
+}
+
+// --- The image's own place -----------------------------------------------------------------------------------------
+
+TEST_F(OwnModule, OwnLocationIsTheBundle) {
+    IO::Location location;
+    EXPECT_EQ(addOn->ACAPI_GetOwnLocation(location), NoError);
+    EXPECT_EQ(narrow(location.GetPath()), helperBundle().string());
+    EXPECT_EQ(*addOn->gOwnLocationData, *addOn->GetBundlePath_bundlePath);
+    EXPECT_STREQ(*addOn->gDllFileName, "helperaddon.bundle");
+}
+
+TEST_F(OwnModule, NoBundleHasNoPathAndNoResources) {
+    EXPECT_EQ(addOn->GetBundlePath(nullptr), *addOn->GetBundlePath_emptyStr);
+    EXPECT_STREQ(addOn->DllMainImp_GetLocation(nullptr), "");
+    EXPECT_STREQ(addOn->DllMainImp_GetResModuleSpec(nullptr), "");
+    EXPECT_EQ(addOn->DllMainImp_OpenResModule(nullptr), -1);
+    EXPECT_EQ(addOn->DllMainImp_OpenResModuleFromSpec(nullptr), -1);
+    const char* const noPath = nullptr;
+    EXPECT_EQ(addOn->DllMainImp_OpenResModuleFromSpec(&noPath), -1);
+}
+
+TEST_F(OwnModule, ResourceModuleIsOpenedFromASpecAndClosed) {
+    const std::string path = helperBundle().string();
+    const char* const spec = path.c_str();
+    const GSResModule module = addOn->DllMainImp_OpenResModuleFromSpec(&spec);
+    ASSERT_NE(module, -1);
+    char name[256];
+    EXPECT_TRUE(addOn->ACAPI_Resource_GetLocStr(name, 32000, 1, module));
+    EXPECT_STREQ(name, "Helpers");
+    addOn->DllMainImp_CloseResModule(module);
+    EXPECT_FALSE(addOn->ACAPI_Resource_GetLocStr(name, 32000, 1, module));
+}
+
+TEST(ImageOutsideOfABundle, HasNoLocationAndNoResources) {
+    TempFolder folder;
+    const std::filesystem::path copy = folder.path() / "helperaddon";
+    std::filesystem::copy(helperBundle() / "Contents" / "Linux" / "helperaddon", copy);
+    void* const image = dlopen(copy.c_str(), RTLD_NOW | RTLD_LOCAL);
+    ASSERT_NE(image, nullptr) << dlerror();
+    const Helpers& helpers = *reinterpret_cast<GetHelpersProc*>(dlsym(image, "GetHelpers"))();
+
+    IO::Location location("/not/cleared");
+    EXPECT_EQ(helpers.ACAPI_GetOwnLocation(location), APIERR_NOTINIT);
+    EXPECT_EQ(location.GetStatus(), IO::Location::StatusError);
+    EXPECT_STREQ(*helpers.gOwnLocationData, "");
+    EXPECT_STREQ(*helpers.gDllFileName, "");
+    EXPECT_EQ(helpers.ACAPI_GetOwnResModule(), -1);
+    dlclose(image);
+}
+
+// --- Abnormal end --------------------------------------------------------------------------------------------------
+
+TEST(AbnormalEnd, CallsTheHookBetweenTheTwoHalvesOfItsLine) {
+    static DebugCapture* output = nullptr;
+    DebugCapture debug;
+    output = &debug;
+    {
+        auto addOn = std::make_unique<RawHelpers>();
+        addOn->bind();
+        addOn->initialize();
+        (*addOn)->ACAPI_SetDllTermHookProc([] { output->text += "[hook]"; });
+        *(*addOn)->gImpList_Inited = 0;  // Keeps the test's own ending of the add-on's use from being heard.
+    }
+    EXPECT_EQ(debug.text, "Abnormal add-on termination (\"" + helperBundle().string() +
+                              "\"), calling custom DllTermHookProc\n[hook]");
+}
+
+TEST(RegularEnd, DoesNotCallTheHook) {
+    DebugCapture debug;
+    {
+        RawHelpers addOn;
+        addOn.bind();
+        addOn.initialize();
+        addOn->ACAPI_SetDllTermHookProc([] { ADD_FAILURE() << "called at a regular end"; });
+    }
+    EXPECT_EQ(debug.text, "");
+}
+
+}  // namespace
