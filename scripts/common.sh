@@ -45,4 +45,4 @@ build() {
 }
 
 # What a failed build says, without the steps that went well and the commands' long lines.
-complaints() { grep -vE '^(\[|ninja: Entering|/[^ ]*/(ccache|c\+\+) )' "$1" | head -n 80; }
+complaints() { grep -vE '^(\[|-- |ninja: Entering|/[^ ]*/(ccache|c\+\+) )' "$1" | head -n 80; }

@@ -5,6 +5,8 @@ import re
 # A string, a comment, or the end of an instance.
 LANDMARK = re.compile(rb"'(?:[^']|'')*'|/\*.*?\*/|;", re.DOTALL)
 COMMENT = re.compile(rb"/\*.*?\*/", re.DOTALL)
+UPDATABLE = re.compile(rb"\s*#\d+\s*=\s*(IFCPROPERTYSINGLEVALUE|IFCCLASSIFICATIONREFERENCE|\w+\s*\(\s*'[0-3][\w$]{21}')",
+                       re.IGNORECASE)
 INSTANCE = re.compile(rb"\s*#0*(\d+)\s*=")
 
 
@@ -31,12 +33,14 @@ def split(content):
 
 
 class Difference:
-    """What an edit did to a file: ids of instances changed, added and lost; whether the rest is as it was."""
+    """What updates did to a file: ids of instances changed, added and lost; whether the rest is as it was."""
 
     def __init__(self, before, after):
         old, old_others = split(before)
         new, new_others = split(after)
         self.changed = {number for number in old if number in new and old[number] != new[number]}
+        # Updates touch instances with a GlobalId, properties and references: never geometry, units or materials.
+        self.beyond_updates = [old[n] for n in self.changed if not UPDATABLE.match(COMMENT.sub(b" ", old[n]))]
         self.added = set(new) - set(old)
         self.lost = set(old) - set(new)
         # Blanks between the last instance and the end of the section belong to the instance that is added there.

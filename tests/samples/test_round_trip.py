@@ -54,6 +54,7 @@ class RoundTrip(unittest.TestCase):
         self.assertTrue(difference.frame_kept, "header, comments or section ends differ")
         self.assertTrue(difference.order_kept, "instances have moved")
         self.assertTrue(difference.changed)
+        self.assertEqual(difference.beyond_updates, [])
         self.assertGreater(min(difference.added), difference.highest_before)
 
     def test_the_same_updates_give_the_same_bytes(self):
