@@ -126,6 +126,33 @@ TEST_F(BundleTest, ResourcesAreFoundBelowAFolderInAnotherNormalForm) {
     RSCloseResourceFile(module);
 }
 
+TEST_F(BundleTest, TextIsBroughtToEachNormalForm) {
+    struct {
+        CFStringNormalizationForm form;
+        const char* expected;
+    } const cases[] = {{kCFStringNormalizationFormC, "\xC3\xBC\xEF\xAC\x81"},
+                       {kCFStringNormalizationFormD, "u\xCC\x88\xEF\xAC\x81"},
+                       {kCFStringNormalizationFormKC,
+                        "\xC3\xBC"
+                        "fi"},
+                       {kCFStringNormalizationFormKD,
+                        "u\xCC\x88"
+                        "fi"}};
+    const LoadedProbe probe(folder / "u\xCC\x88\xEF\xAC\x81" / "Contents");
+    const CFURLRef url = CFBundleCopyBundleURL(probe.bundle);
+    const CFStringRef name = CFURLCopyLastPathComponent(url);
+    for (const auto& each : cases) {
+        const CFMutableStringRef text = CFStringCreateMutableCopy(kCFAllocatorDefault, 0, name);
+        CFStringNormalize(text, each.form);
+        char buffer[16] = {};
+        EXPECT_EQ(CFStringGetCString(text, buffer, sizeof buffer, kCFStringEncodingUTF8), 1);
+        EXPECT_STREQ(buffer, each.expected) << each.form;
+        CFRelease(text);
+    }
+    CFRelease(name);
+    CFRelease(url);
+}
+
 TEST_F(BundleTest, ReferenceLivesUntilItsLastRelease) {
     const LoadedProbe probe(folder / "Probe.bundle" / "Contents");
     const CFURLRef url = CFBundleCopyBundleURL(probe.bundle);

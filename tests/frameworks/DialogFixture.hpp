@@ -72,6 +72,7 @@ protected:
     ScriptedView& view() { return *present; }
 
     std::function<void()> onInit = [] {};
+    std::function<void()> onResize = [] {};
     std::function<Int16(Int16)> onClick = [](Int16) { return Int16{0}; };
 
     GSResModule module = InvalidResModule;
@@ -90,6 +91,7 @@ private:
         if (inList) lastClick = *reinterpret_cast<const DGListClick*>(data);
         messages.push_back({message, item, inList ? 0 : data});
         if (message == DG_MSG_INIT) onInit();
+        if (message == DG_MSG_RESIZE) onResize();
         return message == DG_MSG_CLICK ? onClick(item) : Int16{1};
     }
 

@@ -256,6 +256,65 @@ TEST_F(DialogTest, HandlerThatThrowsLeavesNoDialogOpen) {
     EXPECT_EQ(DGSetItemText(id, 3, "x"), DG_ERR_BADPARS);
 }
 
+// --- A handler that does not come to its end -----------------------------------------------------------------------
+
+namespace {
+
+/// Lets no exception of a handler through, as the host's services do.
+bool callGuarded(void (*call)(void*), void* argument) {
+    try {
+        call(argument);
+        return true;
+    } catch (const GS::GSException&) {
+        return false;
+    }
+}
+
+class GuardedDialogTest : public DialogTest {
+protected:
+    GuardedDialogTest() : before(frontend::setAddOnCaller(callGuarded)) {}
+    ~GuardedDialogTest() override { frontend::setAddOnCaller(before); }
+
+    [[noreturn]] static void fail() { throw GS::GSException("from the handler"); }
+
+private:
+    frontend::AddOnCaller before;
+};
+
+}  // namespace
+
+TEST_F(GuardedDialogTest, FailureInAClickEndsTheDialogWithoutFurtherMessages) {
+    onClick = [](Int16) -> Int16 { fail(); };
+    const Int16 result = open([](Dialog& dialog) {
+        EXPECT_TRUE(dialog.clickItem(1));
+        EXPECT_TRUE(dialog.ended());
+        EXPECT_FALSE(dialog.clickItem(2));
+    });
+    EXPECT_EQ(result, 0);
+    EXPECT_EQ(messages, (std::vector<Message>{{DG_MSG_INIT, 0, 0}, {DG_MSG_CLICK, 1, 0}}));
+    EXPECT_TRUE(frontend::openDialogs().empty());
+}
+
+TEST_F(GuardedDialogTest, FailureInAResizeEndsTheDialogAndItsMoving) {
+    onResize = [&] {
+        DGBeginMoveGrowItems(id);
+        fail();
+    };
+    EXPECT_EQ(open([&](Dialog& dialog) {
+                  EXPECT_TRUE(dialog.resize(5, 5));
+                  EXPECT_TRUE(dialog.ended());
+                  EXPECT_EQ(DGEndMoveGrowItems(id), DG_ERR_BADPARS);
+              }),
+              0);
+}
+
+TEST_F(GuardedDialogTest, FailureBeforeTheDialogShowsKeepsItFromShowing) {
+    onInit = [] { fail(); };
+    const ScriptedView view;  // It fails the test where it is asked to show a dialog.
+    EXPECT_EQ(openWithoutView(), 0);
+    EXPECT_EQ(messages, (std::vector<Message>{{DG_MSG_INIT, 0, 0}}));
+}
+
 // --- What the view is told -----------------------------------------------------------------------------------------
 
 TEST_F(DialogTest, ViewIsToldOfChangesOnceTheDialogShows) {

@@ -1,5 +1,6 @@
 #include "ResourceManager.hpp"
 #include "Support.hpp"
+#include "support/ScriptedView.hpp"
 #include "support/TempFolder.hpp"
 
 #include <gtest/gtest.h>
@@ -285,6 +286,25 @@ TEST_F(TranslationTest, TextsOfTheUsersLanguageReplaceTheOriginals) {
     EXPECT_EQ(text(3, 1), "Punkt");
     EXPECT_EQ(utf8(frontend::menuTitle(module, 3)), "Men\xC3\xBC");
     EXPECT_EQ(fixedText(2, 1), "fixed");
+}
+
+TEST_F(TranslationTest, DialogKeepsItsPlacesAndGetsTheUsersTexts) {
+    define("de.lproj/a.res",
+           "dialog 4 \"Titel\" size 9 9\nbutton 1 at 9 9 size 9 9 \"Schlie\xC3\x9F"
+           "en\"\n");
+    const Locale german("de_DE.UTF-8");
+    ASSERT_TRUE(open()) << output.text;
+    testing_support::ScriptedView view;
+    view.inNextDialog([](frontend::Dialog& dialog) {
+        EXPECT_EQ(utf8(dialog.title()), "Titel");
+        EXPECT_EQ(dialog.width(), 100);
+        EXPECT_EQ(utf8(dialog.item(1)->text),
+                  "Schlie\xC3\x9F"
+                  "en");
+        EXPECT_EQ(dialog.item(1)->rect, (frontend::Rect{1, 2, 4, 6}));
+    });
+    DGModalDialog(
+        module, 4, module, [](Int16, Int16, Int16, DGUserData, DGMessageData) { return Int16{0}; }, 0);
 }
 
 TEST_F(TranslationTest, LanguageIsTheFirstVariableThatIsSet) {
