@@ -32,11 +32,13 @@ std::string_view Changes::original(const ChangedInstance& instance) const {
 }
 
 bool Changes::present(Slot slot) const {
+    if (!known(slot)) return false;
     const ChangedInstance* instance = lookUp(slot);
     return instance == nullptr || instance->now.kind != TextState::Kind::Absent;
 }
 
 std::string_view Changes::text(Slot slot) const {
+    if (!known(slot)) return {};
     const ChangedInstance* instance = lookUp(slot);
     if (instance == nullptr) return index.original(slot);
     if (instance->now.kind == TextState::Kind::Original) return original(*instance);
@@ -44,6 +46,7 @@ std::string_view Changes::text(Slot slot) const {
 }
 
 InstanceId Changes::id(Slot slot) const {
+    if (!known(slot)) return 0;
     const ChangedInstance* instance = lookUp(slot);
     if (instance != nullptr && instance->newId != 0) return instance->newId;
     Cursor cursor(instance == nullptr ? index.original(slot) : original(*instance));
@@ -107,9 +110,14 @@ void Changes::set(Slot slot, TextState next) {
 
 /// Readers hold ids in 64 bits at most, often with a sign.
 bool Changes::reserveId() {
-    if (firstNewId == 0) firstNewId = highestId(index, *this) + 1;
+    constexpr auto largest = static_cast<InstanceId>(std::numeric_limits<std::int64_t>::max());
+    if (firstNewId == 0) {
+        const InstanceId highest = highestId(index, *this);
+        if (highest >= largest) return false;
+        firstNewId = highest + 1;
+    }
     if (nextId == 0) nextId = current.otherNextId = firstNewId;
-    return nextId < static_cast<InstanceId>(std::numeric_limits<std::int64_t>::max());
+    return nextId < largest;
 }
 
 Slot Changes::append(std::string_view body, KeywordCode keyword, std::uint32_t section) {

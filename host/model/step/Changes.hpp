@@ -36,6 +36,8 @@ class Changes {
 public:
     explicit Changes(Index& target) : index(target) {}
 
+    /// Of NoSlot, and any other slot that does not exist, these tell nothing.
+    bool known(Slot slot) const { return slot < index.places.size(); }
     bool present(Slot slot) const;
     InstanceId id(Slot slot) const;
     Slot find(InstanceId id) const;

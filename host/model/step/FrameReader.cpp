@@ -46,7 +46,7 @@ bool FrameReader::readMagic() {
 bool FrameReader::readPart() {
     if (cancelled) return false;
     if (!skipBlanks(cursor)) {
-        endTruncated(cursor.problem);
+        remark(cursor.at, std::string(cursor.problem) + "; nothing behind it is used");
         return false;
     }
     const char* at = cursor.at;

@@ -15,12 +15,9 @@ std::string_view withoutPlus(std::string_view text) {
 
 /// from_chars reports numbers too small for a double like those too large; the former are zero.
 bool tooSmall(std::string_view digits) {
-    double scaled = 0.0;
     const std::size_t exponent = digits.find_first_of("Ee");
     if (exponent != std::string_view::npos) return digits.substr(exponent + 1).starts_with('-');
-    const std::string mantissa(digits.substr(0, digits.find('.')));
-    std::from_chars(mantissa.data(), mantissa.data() + mantissa.size(), scaled);
-    return scaled == 0.0;
+    return digits.substr(0, digits.find('.')).find_first_of("123456789") == std::string_view::npos;
 }
 
 /// Digits with a decimal exponent, as a person would write the number: without an exponent as long as the zeros that

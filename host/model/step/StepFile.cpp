@@ -46,7 +46,7 @@ InstanceId StepFile::id(Slot slot) const {
     return content->changes.id(slot);
 }
 KeywordCode StepFile::keyword(Slot slot) const {
-    return content->index.places[slot].keyword();
+    return content->changes.known(slot) ? content->index.places[slot].keyword() : NoKeyword;
 }
 std::string_view StepFile::keywordText(KeywordCode code) const {
     return content->index.keywords.text(code);
@@ -78,7 +78,7 @@ bool StepFile::open() const {
 /// Whether the instance can be edited now. Its id must lead back to it: of a repeated one nobody knows which is meant.
 Status StepFile::Content::checkEditable(Slot slot) const {
     if (!changes.open()) return Error{ErrorKind::Refused, "a file is edited only inside a command"};
-    if (slot >= index.places.size()) return Error{ErrorKind::Refused, "there is no such instance"};
+    if (!changes.known(slot)) return Error{ErrorKind::Refused, "there is no such instance"};
     const InstanceId id = changes.id(slot);
     if (!changes.present(slot)) return refused(id, "it is no longer there");
     if (changes.find(id) != slot) return refused(id, "the file has several instances of this id");
@@ -113,7 +113,7 @@ Result<Slot> StepFile::append(std::string_view body, Slot neighbour) {
     if (!parts.changes.open()) return Error{ErrorKind::Refused, "a file is edited only inside a command"};
     if (!isInstanceBody(body, keyword)) return Error{ErrorKind::Refused, "the new instance is malformed"};
     if (parts.index.sections.empty()) return Error{ErrorKind::Refused, "the file has no section DATA"};
-    const bool known = neighbour < parts.index.places.size();
+    const bool known = parts.changes.known(neighbour);
     const auto last = static_cast<std::uint32_t>(parts.index.sections.size() - 1);
     const KeywordCode code = parts.index.keywords.intern(keyword);
     const Slot slot = parts.changes.append(body, code, known ? parts.changes.section(neighbour) : last);

@@ -68,7 +68,7 @@ public:
     /// That program, for a person: "modelhost (process 1234)". Empty where there is none.
     const std::string& lockHolder() const;
 
-    // --- Instances as they are now ---
+    // --- Instances as they are now. NoSlot may be asked about: it is not present and has no id, keyword and text. ---
     std::size_t instanceCount() const;  ///< Places, absent ones included.
     Slot find(InstanceId id) const;     ///< NoSlot where there is none, or where the file has several of that id.
     bool present(Slot slot) const;

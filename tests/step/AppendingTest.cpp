@@ -1,0 +1,205 @@
+// New instances: where they are written, and their ids.
+
+#include "step/StepText.hpp"
+
+namespace step_tests {
+namespace {
+
+using ::testing::HasSubstr;
+
+const std::string header = "ISO-10303-21;\nHEADER;\nFILE_SCHEMA(('IFC4'));\nENDSEC;\n";
+
+struct Addition {
+    const char* name;
+    std::string before;
+    std::string after;
+};
+
+std::ostream& operator<<(std::ostream& out, const Addition& addition) {
+    return out << addition.before;
+}
+
+class Appending : public ::testing::TestWithParam<Addition> {};
+
+TEST_P(Appending, GoesToTheEndOfTheNeighboursSection) {
+    Editing edit(GetParam().before);
+    ASSERT_TRUE(edit.append("B('x')", 1));
+    EXPECT_EQ(edit.file->bytes(), GetParam().after);
+    ASSERT_TRUE(edit.file->undo());
+    EXPECT_EQ(edit.file->bytes(), GetParam().before);
+    EXPECT_FALSE(edit.file->modified());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Places, Appending,
+    ::testing::Values(
+        Addition{"LineFeeds", header + "DATA;\n#1=A();\nENDSEC;\nEND-ISO-10303-21;\n",
+                 header + "DATA;\n#1=A();\n#2=B('x');\nENDSEC;\nEND-ISO-10303-21;\n"},
+        Addition{"CarriageReturnLineFeeds", header + "DATA;\r\n#1=A();\r\nENDSEC;\r\nEND-ISO-10303-21;",
+                 header + "DATA;\r\n#1=A();\r\n#2=B('x');\r\nENDSEC;\r\nEND-ISO-10303-21;"},
+        Addition{"CarriageReturns", header + "DATA;\r#1=A();\rENDSEC;\rEND-ISO-10303-21;",
+                 header + "DATA;\r#1=A();\r#2=B('x');\rENDSEC;\rEND-ISO-10303-21;"},
+        Addition{"MixedTakesThatOfTheLineBefore", header + "DATA;\n#1=A();\r\nENDSEC;\nEND-ISO-10303-21;",
+                 header + "DATA;\n#1=A();\r\n#2=B('x');\r\nENDSEC;\nEND-ISO-10303-21;"},
+        Addition{"OneLine", "ISO-10303-21;HEADER;ENDSEC;DATA;#1=A();ENDSEC;END-ISO-10303-21;",
+                 "ISO-10303-21;HEADER;ENDSEC;DATA;#1=A();#2=B('x');ENDSEC;END-ISO-10303-21;"},
+        Addition{"EndOfSectionOnTheLastLine", header + "DATA;\n#1=A();ENDSEC;\nEND-ISO-10303-21;\n",
+                 header + "DATA;\n#1=A();\n#2=B('x');\nENDSEC;\nEND-ISO-10303-21;\n"},
+        Addition{"EndOfSectionIndented", header + "DATA;\n  #1=A();\n  ENDSEC;\nEND-ISO-10303-21;\n",
+                 header + "DATA;\n  #1=A();\n#2=B('x');\n  ENDSEC;\nEND-ISO-10303-21;\n"},
+        Addition{"BehindTheLastComment", header + "DATA;\n#1=A();\n/* end */\nENDSEC;\nEND-ISO-10303-21;\n",
+                 header + "DATA;\n#1=A();\n/* end */\n#2=B('x');\nENDSEC;\nEND-ISO-10303-21;\n"},
+        Addition{"NotIntoALateComment", header + "DATA;\n#1=A();\n/* end\n*/ ENDSEC;\nEND-ISO-10303-21;\n",
+                 header + "DATA;\n#1=A();\n/* end\n*/ \n#2=B('x');\nENDSEC;\nEND-ISO-10303-21;\n"},
+        Addition{"EndOfSectionInAString", header + "DATA;\n#1=A('ENDSEC;');\nENDSEC;\nEND-ISO-10303-21;\n",
+                 header + "DATA;\n#1=A('ENDSEC;');\n#2=B('x');\nENDSEC;\nEND-ISO-10303-21;\n"},
+        Addition{"TheFirstOfTwoSections",
+                 header + "DATA;\n#1=A();\nENDSEC;\nDATA;\n#5=C();\nENDSEC;\nEND-ISO-10303-21;\n",
+                 header + "DATA;\n#1=A();\n#6=B('x');\nENDSEC;\nDATA;\n#5=C();\nENDSEC;\nEND-ISO-10303-21;\n"},
+        Addition{"TheSecondOfTwoSections",
+                 header + "DATA;\n#5=C();\nENDSEC;\nDATA;\n#1=A();\nENDSEC;\nEND-ISO-10303-21;\n",
+                 header + "DATA;\n#5=C();\nENDSEC;\nDATA;\n#1=A();\n#6=B('x');\nENDSEC;\nEND-ISO-10303-21;\n"},
+        Addition{"EndOfSectionMissing", header + "DATA;\n#1=A();\nEND-ISO-10303-21;\n",
+                 header + "DATA;\n#1=A();\n#2=B('x');\nEND-ISO-10303-21;\n"},
+        Addition{"FileCutBehindALine", header + "DATA;\n#1=A();\n", header + "DATA;\n#1=A();\n#2=B('x');\n"},
+        Addition{"FileCutInALine", header + "DATA;\n#1=A();", header + "DATA;\n#1=A();\n#2=B('x');\n"},
+        Addition{"InFrontOfWhatWasCut", header + "DATA;\n#1=A();\n#2=C('x",
+                 header + "DATA;\n#1=A();\n#3=B('x');\n#2=C('x"},
+        Addition{"InFrontOfMalformedText", header + "DATA;\n#1=A();\n#2=C('x;\nENDSEC;\nEND-ISO-10303-21;\n",
+                 header + "DATA;\n#1=A();\n#3=B('x');\n#2=C('x;\nENDSEC;\nEND-ISO-10303-21;\n"}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+struct Highest {
+    const char* name;
+    std::string data;
+    InstanceId next;
+};
+
+class NewIds : public ::testing::TestWithParam<Highest> {};
+
+TEST_P(NewIds, AreAboveEveryIdMentioned) {
+    Editing edit(fileOf(GetParam().data));
+    const auto slot = edit.append("B()", 1);
+    ASSERT_TRUE(slot);
+    EXPECT_EQ(edit.file->id(*slot), GetParam().next);
+    EXPECT_EQ(edit.file->find(GetParam().next), *slot);
+    EXPECT_EQ(edit.file->keywordText(edit.file->keyword(*slot)), "B");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Mentions, NewIds,
+    ::testing::Values(Highest{"ByInstances", "#1=A();\n#90=A();\n#7=A();\n", 91},
+                      Highest{"ByDanglingReferences", "#1=A((#2,#50),#4);\n", 51},
+                      Highest{"ByComments", "#1=A();\n/* was #60=C(); */\n", 61},
+                      Highest{"ByCommentsInInstances", "#1=A(/* #70 isn't */'x');\n", 71},
+                      Highest{"NotByStrings", "#1=A('#80');\n#2=A('it''s #81');\n", 3},
+                      Highest{"NotByStringsOverManyBlocks",
+                              "#1=A('" + std::string(200, 'x') + "#80" + std::string(200, 'y') + "',#5);\n", 6},
+                      Highest{"ByReferencesBehindStrings", "#1=A('" + std::string(200, 'x') + "',#80);\n", 81},
+                      Highest{"ByMalformedInstances", "#1=A();\n#95=A(;\n#2=B();\n", 96},
+                      Highest{"ByLeadingZeros", "#1=A(#0000000000000000000000055);\n", 56},
+                      Highest{"Beyond32Bits", "#1=A();\n#4294967295=A();\n", 4294967296}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST(NewId, IsAboveThoseOfLinkSections) {
+    Editing edit(header + "REFERENCE;\n#77=<http://x>;\nENDSEC;\nDATA;\n#1=A();\nENDSEC;\nEND-ISO-10303-21;\n");
+    const auto slot = edit.append("B()", 1);
+    ASSERT_TRUE(slot);
+    EXPECT_EQ(edit.file->id(*slot), 78U);
+}
+
+TEST(NewId, MustFitSixtyFourBitsWithSign) {
+    Editing edit(fileOf("#1=A();\n#18446744073709551615=A();\n"));
+    const auto slot = edit.append("B()", 1);
+    ASSERT_FALSE(slot);
+    EXPECT_EQ(slot.error().kind, ErrorKind::Refused);
+    EXPECT_THAT(slot.error().message, HasSubstr("no id left"));
+}
+
+TEST(NewInstances, AreWrittenInTheOrderOfTheirIds) {
+    Editing edit(fileOf("#1=A();\n"));
+    ASSERT_TRUE(edit.append("B(1)", 1));
+    ASSERT_TRUE(edit.append("B(2)", 2));
+    ASSERT_TRUE(edit.append("B(3)", 1));
+    EXPECT_EQ(dataOf(edit.file->bytes()), "#1=A();\n#2=B(1);\n#3=B(2);\n#4=B(3);\n");
+}
+
+TEST(NewInstances, CanBeChangedAndErased) {
+    Editing edit(fileOf("#1=A();\n"));
+    ASSERT_TRUE(edit.append("B(1)", 1));
+    ASSERT_TRUE(edit.replace(2, 0, "'changed'"));
+    EXPECT_EQ(dataOf(edit.file->bytes()), "#1=A();\n#2=B('changed');\n");
+    ASSERT_TRUE(edit.erase(2));
+    EXPECT_EQ(dataOf(edit.file->bytes()), "#1=A();\n");
+    EXPECT_FALSE(edit.file->modified());
+    // The id of an erased instance may stand in somebody's notes: it is not given away again.
+    const auto next = edit.append("B(3)", 1);
+    EXPECT_EQ(edit.file->id(*next), 3U);
+}
+
+TEST(NewInstances, GetTheSameIdsAfterAnUndo) {
+    Editing edit(fileOf("#1=A();\n"));
+    ASSERT_TRUE(edit.append("B(1)", 1));
+    const std::string bytes = edit.file->bytes();
+    ASSERT_TRUE(edit.file->undo());
+    EXPECT_EQ(edit.file->find(2), NoSlot);
+    const auto again = edit.append("B(1)", 1);
+    EXPECT_EQ(edit.file->id(*again), 2U);
+    EXPECT_EQ(edit.file->find(2), *again);
+    EXPECT_EQ(edit.file->bytes(), bytes);
+}
+
+TEST(NewInstances, GetTheSameIdsAfterARollback) {
+    Editing edit(fileOf("#1=A();\n"));
+    ASSERT_TRUE(edit.file->begin());
+    ASSERT_TRUE(edit.file->append("B(1)", 0));
+    edit.file->rollback();
+    EXPECT_EQ(edit.file->find(2), NoSlot);
+    const auto again = edit.append("B(1)", 1);
+    EXPECT_EQ(edit.file->id(*again), 2U);
+}
+
+TEST(NewInstances, UndoneBeforeOneThatNeverAppendedKeepTheirIds) {
+    Editing edit(fileOf("#1=A(1);\n"));
+    ASSERT_TRUE(edit.replace(1, 0, "2"));
+    ASSERT_TRUE(edit.append("B(1)", 1));
+    ASSERT_TRUE(edit.file->undo());
+    ASSERT_TRUE(edit.file->undo());
+    ASSERT_TRUE(edit.file->redo());
+    ASSERT_TRUE(edit.file->redo());
+    EXPECT_EQ(dataOf(edit.file->bytes()), "#1=A(2);\n#2=B(1);\n");
+    const auto next = edit.append("B(2)", 1);
+    EXPECT_EQ(edit.file->id(*next), 3U);
+}
+
+TEST(Append, RefusesWhatIsNoInstance) {
+    Editing edit(fileOf("#1=A();\n"));
+    for (const std::string_view body :
+         {"", "B", "B(", "B(1", "B(1);", "B(1)C(2)", "(B(1)C(2))", "1B()", " B()", "B('x)"}) {
+        const auto slot = edit.append(body, 1);
+        ASSERT_FALSE(slot) << body;
+        EXPECT_EQ(slot.error().kind, ErrorKind::Refused);
+    }
+    EXPECT_FALSE(edit.file->modified());
+}
+
+TEST(Append, OutsideACommandIsRefused) {
+    const auto file = opened(fileOf("#1=A();\n"));
+    EXPECT_EQ(file->append("B()", 0).error().kind, ErrorKind::Refused);
+}
+
+TEST(Append, WithoutADataSectionIsRefused) {
+    Editing edit(header + "END-ISO-10303-21;\n");
+    ASSERT_TRUE(edit.file->begin());
+    EXPECT_THAT(edit.file->append("B()", NoSlot).error().message, HasSubstr("no section DATA"));
+}
+
+TEST(Append, WithoutANeighbourGoesToTheLastSection) {
+    Editing edit(header + "DATA;\nENDSEC;\nDATA;\nENDSEC;\nEND-ISO-10303-21;\n");
+    ASSERT_TRUE(edit.file->begin());
+    ASSERT_TRUE(edit.file->append("B()", NoSlot));
+    EXPECT_EQ(edit.file->bytes(), header + "DATA;\nENDSEC;\nDATA;\n#1=B();\nENDSEC;\nEND-ISO-10303-21;\n");
+}
+
+}  // namespace
+}  // namespace step_tests
