@@ -9,6 +9,8 @@
 #include "console/output/StandardOutput.hpp"
 #include "console/output/Text.hpp"
 
+#include <fmt/format.h>
+
 namespace console {
 namespace {
 
@@ -59,7 +61,7 @@ void printReport(const ImportReport& report, Format format) {
     if (format == Format::Json) return printAsJson(report);
     if (format == Format::Table) return print(asTable(report, Terminal::standardOutput()));
     print(asTsv(report));
-    for (const std::string& hint : report.hints) say("hint: " + hint);
+    for (const std::string& hint : report.hints) say(fmt::format("hint: {}", hint));
 }
 
 }  // namespace

@@ -32,7 +32,7 @@ Obstacle obstacleOf(const LineSubject& subject, const CurrentText& current) {
 
 std::string fieldText(const CurrentText& current) {
     std::string text = toUtf8(current.text);
-    if (!current.classificationName.empty()) text += "{" + toUtf8(current.classificationName) + "}";
+    if (!current.classificationName.empty()) text.append("{").append(toUtf8(current.classificationName)).append("}");
     return text;
 }
 

@@ -56,7 +56,7 @@ std::string ending(const ImportReport& report) {
 
 std::string asTable(const ImportReport& report, const Terminal& terminal) {
     std::string text = list(report, terminal);
-    text += "\n" + outcome(report);
+    text.append("\n").append(outcome(report));
     for (const std::string& hint : report.hints) text += fmt::format("Hint: {}.\n", visible(hint));
     return text + ending(report);
 }

@@ -61,7 +61,7 @@ void ProgressLine::show(std::uint64_t done, std::uint64_t total) {
     const double share = done < total ? static_cast<double>(done) / static_cast<double>(total) : 1.0;
     std::string line = fmt::format("{}  {:.0f} %", operation, share * 100.0);
     if (share > 0.0) line += fmt::format("  {} left", duration((time - started) * (1.0 - share) / share));
-    write("\r\x1B[K" + cutToWidth(line, Terminal::standardError().width - 1));
+    write(fmt::format("\r\x1B[K{}", cutToWidth(line, Terminal::standardError().width - 1)));
     progressShown = true;
 }
 

@@ -1,0 +1,107 @@
+#include "ModelHostRun.hpp"
+
+#include "support/TempFolder.hpp"
+
+#include <fcntl.h>
+#include <pty.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdlib>
+#include <stdexcept>
+#include <utility>
+
+namespace console_tests {
+namespace {
+
+constexpr int CouldNotStart = 127;
+
+void redirect(int descriptor, const std::filesystem::path& file, int flags) {
+    const int opened = open(file.c_str(), flags, 0600);
+    if (opened < 0 || dup2(opened, descriptor) < 0) _exit(CouldNotStart);
+    close(opened);
+}
+
+void wait(pid_t child, Outcome& outcome) {
+    int status = 0;
+    if (waitpid(child, &status, 0) != child) throw std::runtime_error("modelhost could not be waited for");
+    if (WIFEXITED(status)) outcome.status = WEXITSTATUS(status);
+    if (WIFSIGNALED(status)) outcome.signal = WTERMSIG(status);
+    if (outcome.status == CouldNotStart) throw std::runtime_error("modelhost could not be started");
+}
+
+std::string readAll(int descriptor) {
+    std::string text;
+    std::array<char, 4096> block;
+    // A terminal whose other end is closed answers with an error, not with an end of file.
+    for (ssize_t count = 0; (count = read(descriptor, block.data(), block.size())) > 0;)
+        text.append(block.data(), static_cast<std::size_t>(count));
+    return text;
+}
+
+}  // namespace
+
+ModelHostRun::ModelHostRun(std::filesystem::path theFolder) : folder(std::move(theFolder)) {}
+
+ModelHostRun& ModelHostRun::with(const std::string& variable, const std::string& value) {
+    variables[variable] = value;
+    return *this;
+}
+
+ModelHostRun& ModelHostRun::input(std::string text) {
+    standardInput = std::move(text);
+    return *this;
+}
+
+ModelHostRun& ModelHostRun::outputTo(std::filesystem::path file) {
+    outputFile = std::move(file);
+    return *this;
+}
+
+void ModelHostRun::become(const std::vector<std::string>& arguments) const {
+    if (chdir(folder.c_str()) != 0) _exit(CouldNotStart);
+    for (const char* variable : {"COLUMNS", "NO_COLOR"}) unsetenv(variable);
+    for (const auto& [name, value] : variables) setenv(name.c_str(), value.c_str(), 1);
+    const std::string program = BINARY_DIR "/modelhost";
+    std::vector<char*> words{const_cast<char*>(program.c_str())};
+    for (const std::string& argument : arguments) words.push_back(const_cast<char*>(argument.c_str()));
+    words.push_back(nullptr);
+    execv(program.c_str(), words.data());
+    _exit(CouldNotStart);
+}
+
+Outcome ModelHostRun::run(const std::vector<std::string>& arguments) const {
+    const testing_support::TempFolder kept;
+    const auto in = kept.write("in", standardInput);
+    const auto out = outputFile.empty() ? kept.write("out", "") : outputFile;
+    const auto err = kept.write("err", "");
+    const pid_t child = fork();
+    if (child == 0) {
+        redirect(STDIN_FILENO, in, O_RDONLY);
+        redirect(STDOUT_FILENO, out, O_WRONLY);
+        redirect(STDERR_FILENO, err, O_WRONLY);
+        become(arguments);
+    }
+    Outcome outcome;
+    wait(child, outcome);
+    if (outputFile.empty()) outcome.out = testing_support::bytesOf(out);
+    outcome.err = testing_support::bytesOf(err);
+    return outcome;
+}
+
+Outcome ModelHostRun::runOnTerminal(const std::vector<std::string>& arguments, int columns) const {
+    winsize size{};
+    size.ws_row = 50;
+    size.ws_col = static_cast<unsigned short>(columns);
+    int terminal = -1;
+    const pid_t child = forkpty(&terminal, nullptr, nullptr, &size);
+    if (child == 0) become(arguments);
+    Outcome outcome;
+    outcome.out = readAll(terminal);
+    wait(child, outcome);
+    close(terminal);
+    return outcome;
+}
+
+}  // namespace console_tests

@@ -1,0 +1,78 @@
+// What a person sees on a terminal.
+
+#include "ConsoleTest.hpp"
+#include "console/output/DisplayWidth.hpp"
+
+namespace console_tests {
+namespace {
+
+class OnTerminal : public ConsoleTest {
+protected:
+    OnTerminal() {
+        updates({{WallGuid, "FireRating[WallCommon]", "F 90", "F 120"},
+                 {WallGuid, "IsExternal", "", ".T."},
+                 {NamelessGuid, "Name", "", "和室和室和室和室和室"},
+                 {DoorGuid, "OverallHeight", "", "high"}});
+    }
+
+    std::string shown(int columns, const std::string& noColor = "") {
+        return modelhost()
+            .with("TERM", "xterm-256color")
+            .with("NO_COLOR", noColor)
+            .runOnTerminal({"import", "house.ifc", "updates.txt", "--apply", "-o", "out.ifc"}, columns)
+            .out;
+    }
+};
+
+/// The list's lines: up to the empty line under it, without the report's lines.
+Fields tableLines(const std::string& text) {
+    Fields lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) {
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        if (line.empty()) break;
+        if (!line.starts_with("modelhost:")) lines.push_back(line);
+    }
+    return lines;
+}
+
+class TerminalWidth : public OnTerminal, public testing::WithParamInterface<int> {};
+
+TEST_P(TerminalWidth, IsNeverExceededByTheTable) {
+    const Fields lines = tableLines(shown(GetParam(), "1"));
+    ASSERT_THAT(lines, SizeIs(5));
+    for (const std::string& line : lines) EXPECT_LE(console::displayWidth(line), GetParam()) << line;
+}
+
+INSTANTIATE_TEST_SUITE_P(Columns, TerminalWidth, testing::Values(60, 80, 100, 132));
+
+TEST_F(OnTerminal, ColoursTellWhatBecameOfARow) {
+    const std::string text = shown(200);
+    EXPECT_THAT(text, HasSubstr("\x1B[32mDone\x1B[0m"));
+    EXPECT_THAT(text, HasSubstr("\x1B[31merror!\x1B[0m"));
+    EXPECT_THAT(text, HasSubstr("\x1B[31m" + NamelessGuid));
+    EXPECT_THAT(text, HasSubstr("\x1B[2mIsExternal\x1B[0m"));
+}
+
+TEST_F(OnTerminal, NoColorIsRespected) {
+    EXPECT_THAT(shown(200, "1"), Not(HasSubstr("\x1B")));
+}
+
+TEST_F(OnTerminal, ColumnsCountForAPipeToo) {
+    const Outcome outcome = modelhost().with("COLUMNS", "60").run({"import", "house.ifc", "updates.txt"});
+    for (const std::string& line : tableLines(outcome.out)) EXPECT_LE(console::displayWidth(line), 60) << line;
+    EXPECT_THAT(outcome.out, HasSubstr("…"));
+}
+
+TEST_F(OnTerminal, ExportedValuesDoNotSpeakToTheTerminal) {
+    testing_support::IfcText ifc;
+    ifc.element("IfcWall", WallGuid, "placeholder");
+    std::string text = ifc.text();
+    text.replace(text.find("'placeholder'"), 13, "'\\X2\\001B\\X0\\[2J'");
+    write("house.ifc", text);
+    EXPECT_THAT(modelhost().runOnTerminal({"export", "house.ifc", "--items", "Name"}, 80).out, HasSubstr("␛[2J"));
+    EXPECT_THAT(run({"export", "house.ifc", "--items", "Name"}).out, HasSubstr("\x1B[2J"));
+}
+
+}  // namespace
+}  // namespace console_tests

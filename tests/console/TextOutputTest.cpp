@@ -1,0 +1,107 @@
+#include "console/output/DisplayWidth.hpp"
+#include "console/output/SafeText.hpp"
+#include "console/output/Table.hpp"
+#include "console/output/Text.hpp"
+#include "console/output/Tsv.hpp"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace console {
+namespace {
+
+using namespace std::string_literals;
+
+TEST(DisplayWidth, CountsColumnsOfATerminal) {
+    EXPECT_EQ(displayWidth(""), 0);
+    EXPECT_EQ(displayWidth("Wall"), 4);
+    EXPECT_EQ(displayWidth("Tür"), 3);
+    EXPECT_EQ(displayWidth("Tu\u0308r"), 3);
+    EXPECT_EQ(displayWidth("和室"), 4);
+    EXPECT_EQ(displayWidth("ﾊﾝｶｸ"), 4);
+    EXPECT_EQ(displayWidth("\xFF"), 1);
+}
+
+TEST(CutToWidth, NeverExceedsTheWidth) {
+    EXPECT_EQ(cutToWidth("Wall", 4), "Wall");
+    EXPECT_EQ(cutToWidth("Wall-01", 4), "Wal…");
+    EXPECT_EQ(cutToWidth("和室和室", 5), "和室…");
+    EXPECT_EQ(cutToWidth("和室和室", 4), "和…");
+    EXPECT_EQ(cutToWidth("Tu\u0308rblatt", 4), "Tu\u0308r…");
+    EXPECT_EQ(cutToWidth("Wall", 0), "");
+}
+
+TEST(VisibleText, HoldsNothingThatATerminalObeys) {
+    EXPECT_EQ(visible("a\tb\r\nc"), "a␉b␍␊c");
+    EXPECT_EQ(visible("\x1B[31mred\x07"), "␛[31mred␇");
+    EXPECT_EQ(visible("\0\x7F"s), "␀␡");
+    EXPECT_EQ(visible("\u009B1m"), "\uFFFD1m");
+    EXPECT_EQ(visible("abc\u202Ecba"), "abc\uFFFDcba");
+    EXPECT_EQ(visible("\xFFok"), "\uFFFDok");
+    EXPECT_EQ(visible("Tür 補修"), "Tür 補修");
+}
+
+TEST(EscapedText, FitsIntoACellAndCanBeReadBack) {
+    EXPECT_EQ(escaped("a\tb\r\nc\\d"), "a\\tb\\r\\nc\\\\d");
+    EXPECT_EQ(escaped("\x1B\0"s), "\\u001B\\u0000");
+    EXPECT_EQ(escaped("\u009B"), "\\u009B");
+    EXPECT_EQ(escaped("Tür 補修"), "Tür 補修");
+}
+
+TEST(TsvLine, SeparatesCellsByTabs) {
+    EXPECT_EQ(tsvLine({"a", "", "b\tc"}), "a\t\tb\\tc\n");
+}
+
+TEST(Utf8Text, IsValidWhateverTheUnitsAre) {
+    EXPECT_EQ(toUtf8(std::u16string_view(u"a\xD800z")), "a\uFFFDz");
+    EXPECT_EQ(toUtf8(std::u16string_view(u"\xDC00\xD800")), "\uFFFD\uFFFD");
+    EXPECT_EQ(toUtf8(std::u16string_view(u"\U0001F3E0")), "\U0001F3E0");
+    EXPECT_EQ(toUtf8(std::u16string_view(u"a\0b", 3)), "a\0b"s);
+    EXPECT_TRUE(isWellFormed(std::u16string_view(u"\U0001F3E0")));
+    EXPECT_FALSE(isWellFormed(std::u16string_view(u"a\xD800z")));
+    EXPECT_FALSE(isWellFormed(std::u16string_view(u"\xDC00")));
+}
+
+Table doors() {
+    Table table({"Name", "Remark"});
+    table.add({{"Haustür"}, {"Done", Style::Green}});
+    table.add({{"和室"}, {"error!", Style::Red}});
+    return table;
+}
+
+TEST(Table, AlignsColumnsByDisplayWidth) {
+    EXPECT_EQ(doors().layOut({}), "Name     Remark\nHaustür  Done\n和室     error!\n");
+}
+
+TEST(Table, ColoursOnlyWhereATerminalWantsIt) {
+    EXPECT_THAT(doors().layOut({true, true, 80}), testing::HasSubstr("\x1B[31merror!\x1B[0m"));
+    EXPECT_THAT(doors().layOut({true, false, 80}), testing::Not(testing::HasSubstr("\x1B")));
+}
+
+TEST(Table, CutsTheWidestColumnsUntilALineFits) {
+    Table table({"A", "B", "C"});
+    table.add({{"short"}, {std::string(60, 'b')}, {std::string(60, 'c')}});
+    for (const int width : {20, 40, 79, 200}) {
+        const std::string text = table.layOut({true, false, width});
+        for (std::size_t start = 0; start < text.size(); start = text.find('\n', start) + 1)
+            EXPECT_LE(displayWidth(text.substr(start, text.find('\n', start) - start)), width);
+        EXPECT_THAT(text, testing::HasSubstr("short")) << width;
+    }
+}
+
+TEST(Table, UsesTheWholeWidthWhenItCuts) {
+    Table table({"A", "B"});
+    table.add({{std::string(60, 'a')}, {std::string(61, 'b')}});
+    const std::string text = table.layOut({true, false, 41});
+    const std::string row = text.substr(text.find('\n') + 1);
+    EXPECT_EQ(displayWidth(row.substr(0, row.find('\n'))), 41);
+}
+
+TEST(Table, PrintsEverythingWithoutALimit) {
+    Table table({"A"});
+    table.add({{std::string(1000, 'a')}});
+    EXPECT_THAT(table.layOut({}), testing::HasSubstr(std::string(1000, 'a')));
+}
+
+}  // namespace
+}  // namespace console
