@@ -166,7 +166,17 @@ Result<std::vector<Attribute>> Model::attributes(Element element) const {
 }
 
 Result<std::vector<Property>> Model::properties(Element element) const {
-    return ifc::readProperties(content->work, content->work.elements.slot(element));
+    std::vector<Property> properties;
+    visitProperties(element, [&](const PropertyView& view) {
+        const PropertyValue value{std::string(view.type),     view.primitive, view.integer, view.real, view.boolean,
+                                  std::u16string(view.string)};
+        properties.push_back({std::u16string(view.set), std::u16string(view.name), view.kind, view.inherited, value});
+    });
+    return properties;
+}
+
+void Model::visitProperties(Element element, const std::function<void(const PropertyView&)>& visit) const {
+    ifc::forEachProperty(content->work, content->work.elements.slot(element), visit);
 }
 
 Result<std::vector<ClassificationReference>> Model::classifications(Element element) const {

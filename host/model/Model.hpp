@@ -65,6 +65,20 @@ struct Property {
     PropertyValue value;
 };
 
+/// A property without copies of its texts: they are valid during the visit.
+struct PropertyView {
+    std::u16string_view set;
+    std::u16string_view name;
+    PropertyKind kind = PropertyKind::Single;
+    bool inherited = false;
+    std::string_view type;
+    Primitive primitive = Primitive::String;
+    std::int64_t integer = 0;
+    double real = 0.0;
+    bool boolean = false;
+    std::u16string_view string;
+};
+
 struct ClassificationReference {
     std::u16string system;  ///< The label: the relation's Name, or the classification's name where that is empty.
     std::optional<std::u16string> location, name, itemReference;
@@ -115,6 +129,8 @@ public:
     // --- IFC data, in the host's order ---
     Result<std::vector<Attribute>> attributes(Element element) const;
     Result<std::vector<Property>> properties(Element element) const;
+    /// The same without building a list: for reviewing thousands of lines.
+    void visitProperties(Element element, const std::function<void(const PropertyView&)>& visit) const;
     Result<std::vector<ClassificationReference>> classifications(Element element) const;
 
     // --- Edits: only inside a command ---

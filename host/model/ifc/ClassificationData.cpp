@@ -58,11 +58,11 @@ void readReference(Workspace& work, AssignedClassification& assigned) {
 std::vector<AssignedClassification> assignedClassifications(Workspace& work, Slot object) {
     std::vector<AssignedClassification> result;
     work.forEachRelation(object, Role::AssociatesClassification, [&](Slot relation) {
-        const auto& relating = work.links.of(relation, Field::Relating);
-        if (relating.empty()) return true;
-        const Role role = work.classes.of(relating.front()).role;
+        const Slot reference = work.links.first(relation, Field::Relating);
+        if (reference == step::NoSlot) return true;
+        const Role role = work.classes.of(reference).role;
         if (role != Role::ClassificationReference && role != Role::Classification) return true;
-        AssignedClassification assigned{relation, relating.front(), step::NoSlot, {}};
+        AssignedClassification assigned{relation, reference, step::NoSlot, {}};
         readReference(work, assigned);
         assigned.data.system = labelOf(work, relation);
         if (assigned.data.system.empty()) assigned.data.system = assigned.data.classificationName;
@@ -73,7 +73,6 @@ std::vector<AssignedClassification> assignedClassifications(Workspace& work, Slo
 }
 
 std::vector<ClassificationReference> readClassifications(Workspace& work, Slot element) {
-    work.links.trim();
     std::vector<ClassificationReference> references;
     for (auto& own : assignedClassifications(work, element)) references.push_back(std::move(own.data));
     const Slot type = work.typeObject(element);

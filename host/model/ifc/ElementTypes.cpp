@@ -50,4 +50,11 @@ std::string_view elementTypeName(std::int32_t id) {
     return row == Rows.end() ? std::string_view() : row->type.name;
 }
 
+std::vector<std::string_view> elementTypeNames() {
+    std::vector<std::string_view> names;
+    for (const Row& row : Rows)
+        if (std::find(names.begin(), names.end(), row.type.name) == names.end()) names.push_back(row.type.name);
+    return names;
+}
+
 }  // namespace model::ifc

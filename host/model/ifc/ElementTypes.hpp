@@ -16,4 +16,7 @@ ElementType elementTypeOf(const Entity& product);
 /// The display name of a type identifier; empty for an unknown one.
 std::string_view elementTypeName(std::int32_t id);
 
+/// Every display name once.
+std::vector<std::string_view> elementTypeNames();
+
 }  // namespace model::ifc

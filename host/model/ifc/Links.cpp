@@ -14,10 +14,22 @@ std::uint64_t keyOf(step::Slot slot, Field field) {
 
 Links::Links(const step::StepFile& stepFile, Classes& knownClasses) : file(stepFile), classes(knownClasses) {}
 
-const std::vector<step::Slot>& Links::of(step::Slot slot, Field field) {
+std::vector<step::Slot> Links::of(step::Slot slot, Field field) {
+    // A short text is scanned faster than it is looked up; and so only what is long takes memory.
+    constexpr std::size_t Short = 512;
+    if (file.text(slot).size() <= Short) return read(slot, field);
     const auto [entry, isNew] = known.try_emplace(keyOf(slot, field));
-    std::vector<step::Slot>& slots = entry->second;
-    if (!isNew) return slots;
+    if (isNew) entry->second = read(slot, field);
+    return entry->second;
+}
+
+step::Slot Links::first(step::Slot slot, Field field) {
+    const auto slots = of(slot, field);
+    return slots.empty() ? step::NoSlot : slots.front();
+}
+
+std::vector<step::Slot> Links::read(step::Slot slot, Field field) const {
+    std::vector<step::Slot> slots;
     const std::uint64_t arguments = argumentBit(classes.of(slot).place(field));
     if (arguments == 0) return slots;
     forEachReference(file.text(slot), arguments, [&](unsigned, std::string_view token) {
@@ -31,11 +43,6 @@ void Links::forget(step::Slot slot) {
     for (const Field field : {Field::Relating, Field::Overriding, Field::HasPropertySets, Field::HasProperties}) {
         known.erase(keyOf(slot, field));
     }
-}
-
-void Links::trim() {
-    constexpr std::size_t Most = 100'000;
-    if (known.size() > Most) known.clear();
 }
 
 }  // namespace model::ifc

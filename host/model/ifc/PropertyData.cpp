@@ -25,6 +25,13 @@ std::vector<Override> overridesOf(Workspace& work, const std::vector<AssignedSet
     return overrides;
 }
 
+bool visitSet(const DecodedSet& decoded, Slot set, const PropertyVisit& visit) {
+    for (std::size_t i = 0; i < decoded.size(); ++i) {
+        if (!visit(decoded.property(i), {decoded.slot(i), set, step::NoSlot})) return false;
+    }
+    return true;
+}
+
 /// Lists a set as the element sees it: overridden properties in the place of the set's own, further ones behind.
 class OverriddenSet {
 public:
@@ -33,59 +40,50 @@ public:
         for (const Override& candidate : overrides) {
             if (candidate.set != set) continue;
             for (const Slot slot : candidate.properties) {
-                auto property = work.propertySets.property(slot, base->name);
-                if (property && find(property->name) == nullptr) {
-                    replacements.push_back({std::move(*property), {slot, set, candidate.relation}, false});
-                }
+                const DecodedSet& decoded = work.propertySets.single(slot, base.name());
+                if (decoded.size() == 0 || find(decoded.property(0).name) != nullptr) continue;
+                replacements.push_back({decoded.property(0), {slot, set, candidate.relation}, false});
             }
         }
     }
 
-    bool visitAll(const std::function<bool(const ListedProperty&)>& visit) {
-        for (std::size_t i = 0; i < base->properties.size(); ++i) {
-            Replacement* replacement = find(base->properties[i].name);
-            if (replacement != nullptr && replacement->visited) continue;
-            if (replacement != nullptr) replacement->visited = true;
-            const bool goOn = replacement != nullptr
-                                  ? visit({replacement->property, replacement->place})
-                                  : visit({base->properties[i], {base->slots[i], set, step::NoSlot}});
+    bool visitAll(const PropertyVisit& visit) {
+        for (std::size_t i = 0; i < base.size(); ++i) {
+            Replacement* replacement = find(base.property(i).name);
+            const bool goOn = replacement == nullptr ? visit(base.property(i), {base.slot(i), set, step::NoSlot})
+                                                     : visitOnce(*replacement, visit);
             if (!goOn) return false;
         }
-        return std::all_of(replacements.begin(), replacements.end(), [&](const Replacement& replacement) {
-            return replacement.visited || visit({replacement.property, replacement.place});
-        });
+        return std::all_of(replacements.begin(), replacements.end(),
+                           [&](Replacement& replacement) { return visitOnce(replacement, visit); });
     }
 
 private:
     struct Replacement {
-        Property property;
+        PropertyView property;
         PropertyPlace place;
         bool visited;
     };
 
-    Replacement* find(const std::u16string& name) {
+    Replacement* find(std::u16string_view name) {
         const auto found = std::find_if(replacements.begin(), replacements.end(),
                                         [&](const Replacement& candidate) { return candidate.property.name == name; });
         return found == replacements.end() ? nullptr : &*found;
     }
 
+    static bool visitOnce(Replacement& replacement, const PropertyVisit& visit) {
+        if (std::exchange(replacement.visited, true)) return true;
+        return visit(replacement.property, replacement.place);
+    }
+
     Slot set;
-    std::shared_ptr<const DecodedSet> base;
+    const DecodedSet& base;
     std::vector<Replacement> replacements;
 };
 
-bool visitSet(const DecodedSet& decoded, Slot set, const std::function<bool(const ListedProperty&)>& visit) {
-    for (std::size_t i = 0; i < decoded.properties.size(); ++i) {
-        if (!visit({decoded.properties[i], {decoded.slots[i], set, step::NoSlot}})) return false;
-    }
-    return true;
-}
-
-/// Whether one of the listed properties has that set and name. Properties of one set stand together, so that a set of
-/// another name is passed over quickly.
-bool isAmong(const std::vector<Property>& own, const Property& sought) {
-    return std::any_of(own.begin(), own.end(), [&](const Property& property) {
-        return property.set == sought.set && property.name == sought.name;
+bool isAmong(const std::vector<PropertyView>& own, const PropertyView& sought) {
+    return std::any_of(own.begin(), own.end(), [&](const PropertyView& property) {
+        return property.name == sought.name && property.set == sought.set;
     });
 }
 
@@ -106,45 +104,44 @@ std::vector<AssignedSet> assignedSets(Workspace& work, Slot element) {
     return assigned;
 }
 
-void forEachOwnProperty(Workspace& work, const std::vector<AssignedSet>& assigned,
-                        const std::function<bool(const ListedProperty&)>& visit) {
+void forEachOwnProperty(Workspace& work, const std::vector<AssignedSet>& assigned, const PropertyVisit& visit) {
     const std::vector<Override> overrides = overridesOf(work, assigned);
     for (auto current = assigned.begin(); current != assigned.end(); ++current) {
         const bool seen = std::any_of(assigned.begin(), current,
                                       [&](const AssignedSet& earlier) { return earlier.set == current->set; });
         if (seen) continue;
-        const bool goOn = overrides.empty() ? visitSet(*work.propertySets.of(current->set), current->set, visit)
+        const bool goOn = overrides.empty() ? visitSet(work.propertySets.of(current->set), current->set, visit)
                                             : OverriddenSet(work, current->set, overrides).visitAll(visit);
         if (!goOn) return;
     }
 }
 
-void forEachTypeProperty(Workspace& work, Slot element, const std::function<bool(const ListedProperty&)>& visit) {
+void forEachTypeProperty(Workspace& work, Slot element, const PropertyVisit& visit) {
     const Slot type = work.typeObject(element);
     if (type == step::NoSlot) return;
     for (const Slot set : work.links.of(type, Field::HasPropertySets)) {
         if (work.classes.of(set).role != Role::PropertySet) continue;
-        if (!visitSet(*work.propertySets.of(set), set, visit)) return;
+        if (!visitSet(work.propertySets.of(set), set, visit)) return;
     }
 }
 
-std::vector<Property> readProperties(Workspace& work, Slot element) {
-    work.links.trim();
-    std::vector<Property> properties;
-    forEachOwnProperty(work, assignedSets(work, element), [&](const ListedProperty& listed) {
-        properties.push_back(listed.property);
+void forEachProperty(Workspace& work, Slot element, const std::function<void(const PropertyView&)>& visit) {
+    work.propertySets.trim();
+    std::vector<PropertyView> own;
+    const bool hasType = work.typeObject(element) != step::NoSlot;
+    forEachOwnProperty(work, assignedSets(work, element), [&](const PropertyView& property, const PropertyPlace&) {
+        if (hasType) own.push_back(property);
+        visit(property);
         return true;
     });
-    std::vector<Property> inherited;
-    forEachTypeProperty(work, element, [&](const ListedProperty& listed) {
-        if (!isAmong(properties, listed.property)) inherited.push_back(listed.property);
+    if (!hasType) return;
+    forEachTypeProperty(work, element, [&](const PropertyView& property, const PropertyPlace&) {
+        if (isAmong(own, property)) return true;
+        PropertyView inherited = property;
+        inherited.inherited = true;
+        visit(inherited);
         return true;
     });
-    for (Property& property : inherited) {
-        property.inherited = true;
-        properties.push_back(std::move(property));
-    }
-    return properties;
 }
 
 }  // namespace model::ifc

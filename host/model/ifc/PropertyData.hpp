@@ -18,23 +18,19 @@ struct PropertyPlace {
     step::Slot overriding = step::NoSlot;  ///< The IfcRelOverridesProperties that holds it; NoSlot where its set does.
 };
 
-/// One listed property with its place, valid during the visit.
-struct ListedProperty {
-    const Property& property;
-    PropertyPlace place;
-};
+/// One listed property with its place, valid during the visit. @return false to end the visit.
+using PropertyVisit = std::function<bool(const PropertyView& property, const PropertyPlace& place)>;
 
 /// The property sets that relations give to the element, in file order; a set given twice stands twice.
 std::vector<AssignedSet> assignedSets(Workspace& work, step::Slot element);
 
-/// The element's own properties in the host's order; a set given twice is listed once. Until visit returns false.
-void forEachOwnProperty(Workspace& work, const std::vector<AssignedSet>& assigned,
-                        const std::function<bool(const ListedProperty&)>& visit);
+/// The element's own properties in the host's order; a set given twice is listed once.
+void forEachOwnProperty(Workspace& work, const std::vector<AssignedSet>& assigned, const PropertyVisit& visit);
 
-/// The properties of the element's type object, those the element has itself included. Until visit returns false.
-void forEachTypeProperty(Workspace& work, step::Slot element, const std::function<bool(const ListedProperty&)>& visit);
+/// The properties of the element's type object, those that the element has itself included.
+void forEachTypeProperty(Workspace& work, step::Slot element, const PropertyVisit& visit);
 
 /// Own properties, then those inherited from the type object.
-std::vector<Property> readProperties(Workspace& work, step::Slot element);
+void forEachProperty(Workspace& work, step::Slot element, const std::function<void(const PropertyView&)>& visit);
 
 }  // namespace model::ifc

@@ -13,10 +13,10 @@ namespace {
 
 using step::Slot;
 
-/// A listed property, taken out of its visit.
+/// A property of the wanted name, and whether there is nothing to do about it: it is no single value, or has the value.
 struct FoundProperty {
-    Property property;
     PropertyPlace place;
+    bool settled;
 };
 
 class PropertyEditor {
@@ -29,10 +29,11 @@ public:
           assigned(assignedSets(work, edit.slot())) {}
 
     Status run() {
+        work.propertySets.trim();
         if (Status named = checkNames(); !named) return named;
         if (const auto own = findOwn()) return changeOwn(*own);
         const auto inherited = findInherited();
-        if (wanted.kind != PropertyKind::Single || (inherited && isSettled(inherited->property))) return {};
+        if (wanted.kind != PropertyKind::Single || (inherited && inherited->settled)) return {};
         if (inherited) return overrideInherited(inherited->place.property);
         return create();
     }
@@ -41,11 +42,12 @@ private:
     Status checkNames() const;
     std::optional<FoundProperty> findOwn() const;
     std::optional<FoundProperty> findInherited() const;
-    bool matches(const Property& property) const { return property.set == wanted.set && property.name == wanted.name; }
-    /// Nothing to do: no single value, or the same one.
-    bool isSettled(const Property& held) const {
+    bool matches(const PropertyView& property) const {
+        return property.set == wanted.set && property.name == wanted.name;
+    }
+    bool isSettled(const PropertyView& held) const {
         return held.kind != PropertyKind::Single || wanted.kind != PropertyKind::Single ||
-               sameContent(held.value, wanted.value);
+               sameContent(held, wanted.value);
     }
 
     Status changeOwn(const FoundProperty& found);
@@ -86,8 +88,8 @@ Status PropertyEditor::checkNames() const {
 
 std::optional<FoundProperty> PropertyEditor::findOwn() const {
     std::optional<FoundProperty> found;
-    forEachOwnProperty(work, assigned, [&](const ListedProperty& listed) {
-        if (matches(listed.property)) found = FoundProperty{listed.property, listed.place};
+    forEachOwnProperty(work, assigned, [&](const PropertyView& property, const PropertyPlace& place) {
+        if (matches(property)) found = FoundProperty{place, isSettled(property)};
         return !found;
     });
     return found;
@@ -95,15 +97,15 @@ std::optional<FoundProperty> PropertyEditor::findOwn() const {
 
 std::optional<FoundProperty> PropertyEditor::findInherited() const {
     std::optional<FoundProperty> found;
-    forEachTypeProperty(work, edit.slot(), [&](const ListedProperty& listed) {
-        if (matches(listed.property)) found = FoundProperty{listed.property, listed.place};
+    forEachTypeProperty(work, edit.slot(), [&](const PropertyView& property, const PropertyPlace& place) {
+        if (matches(property)) found = FoundProperty{place, isSettled(property)};
         return !found;
     });
     return found;
 }
 
 Status PropertyEditor::changeOwn(const FoundProperty& found) {
-    if (isSettled(found.property)) return {};
+    if (found.settled) return {};
     noteNamesakes();
     const PropertyPlace& place = found.place;
     if (Status editable = edit.check(place.property); !editable) return editable;
@@ -295,7 +297,7 @@ Slot PropertyEditor::overridingRelation(Slot set) const {
 
 Slot PropertyEditor::ownSetOfName() {
     const auto found = std::find_if(assigned.begin(), assigned.end(), [&](const AssignedSet& assignment) {
-        return work.propertySets.of(assignment.set)->name == wanted.set;
+        return work.propertySets.of(assignment.set).name() == wanted.set;
     });
     return found == assigned.end() ? step::NoSlot : found->set;
 }
@@ -305,7 +307,7 @@ void PropertyEditor::noteNamesakes() {
     std::vector<Slot> namesakes;
     for (const AssignedSet& assignment : assigned) {
         const bool known = std::find(namesakes.begin(), namesakes.end(), assignment.set) != namesakes.end();
-        if (!known && work.propertySets.of(assignment.set)->name == wanted.set) namesakes.push_back(assignment.set);
+        if (!known && work.propertySets.of(assignment.set).name() == wanted.set) namesakes.push_back(assignment.set);
     }
     if (namesakes.size() < 2) return;
     notes.push_back("the element has " + std::to_string(namesakes.size()) + " property sets " + inQuotes(wanted.set) +

@@ -1,7 +1,5 @@
 #include "model/ifc/PropertySets.hpp"
 
-#include "model/ifc/PropertyValues.hpp"
-
 namespace model::ifc {
 
 std::u16string stringArgument(const step::Instance& instance, const Class& cls, Field field) {
@@ -11,67 +9,99 @@ std::u16string stringArgument(const step::Instance& instance, const Class& cls, 
     return text;
 }
 
+PropertyView DecodedSet::property(std::size_t index) const {
+    const Row& row = rows[index];
+    return {name(),        text(row.name), row.kind, false,       row.type,
+            row.primitive, row.integer,    row.real, row.boolean, text(row.string)};
+}
+
 PropertySets::PropertySets(const step::StepFile& stepFile, Classes& knownClasses, const Schema& facts)
-    : file(stepFile), classes(knownClasses), schema(facts) {}
+    : file(stepFile),
+      classes(knownClasses),
+      schema(facts),
+      // A part of the file's size: reviewing a large model must not keep a decoded copy of all of it.
+      byteLimit((std::size_t{4} << 20U) + file.byteCount() / 8) {}
 
-std::shared_ptr<const DecodedSet> PropertySets::of(step::Slot set) {
-    // Bounded, or reviewing a large model would keep a decoded copy of all of it in memory.
-    constexpr std::size_t MostProperties = 50'000;
+const DecodedSet& PropertySets::of(step::Slot set) {
     const auto found = known.find(set);
-    if (found != known.end()) return found->second;
-    if (knownProperties > MostProperties) {
-        known.clear();
-        knownProperties = 0;
-    }
-    auto decoded = decode(set);
-    knownProperties += decoded->properties.size() + 1;
-    known.emplace(set, decoded);
-    return decoded;
+    return found == known.end() ? keep(set, decode(set)) : found->second;
 }
 
-std::optional<Property> PropertySets::property(step::Slot slot, const std::u16string& setName) {
+const DecodedSet& PropertySets::single(step::Slot property, std::u16string_view setName) {
+    const auto found = known.find(property);
+    if (found != known.end() && found->second.name() == setName) return found->second;
+    drop(property);
+    DecodedSet set;
+    set.texts = setName;
+    set.setName.length = static_cast<std::uint32_t>(setName.size());
+    addRow(property, set);
+    return keep(property, std::move(set));
+}
+
+void PropertySets::trim() {
+    if (knownBytes <= byteLimit) return;
+    known.clear();
+    knownBytes = 0;
+}
+
+const DecodedSet& PropertySets::keep(step::Slot slot, DecodedSet set) {
+    knownBytes += set.bytes();
+    return known.emplace(slot, std::move(set)).first->second;
+}
+
+void PropertySets::drop(step::Slot slot) {
+    const auto found = known.find(slot);
+    if (found == known.end()) return;
+    knownBytes -= found->second.bytes();
+    known.erase(found);
+}
+
+DecodedSet PropertySets::decode(step::Slot slot) {
+    DecodedSet set;
     const Class& cls = classes.of(slot);
-    if (cls.role != Role::SimpleProperty || !file.read(slot, propertyInstance)) return std::nullopt;
-    Property property;
-    property.set = setName;
-    property.name = stringArgument(propertyInstance, cls, Field::Name);
-    property.kind = cls.propertyKind;
-    if (cls.propertyKind == PropertyKind::Single) {
-        property.value = readNominalValue(argument(propertyInstance, cls, Field::NominalValue), schema);
+    if (cls.role != Role::PropertySet || !file.read(slot, setInstance)) return set;
+    set.setName = addText(argument(setInstance, cls, Field::Name), set);
+    if (!step::splitAggregate(argument(setInstance, cls, Field::HasProperties), members)) return set;
+    set.rows.reserve(members.size());
+    for (const step::Value& member : members) {
+        const step::Slot property = file.find(step::referenceId(member));
+        if (property != step::NoSlot) addRow(property, set);
     }
-    return property;
+    set.texts.shrink_to_fit();
+    return set;
 }
 
-std::shared_ptr<const DecodedSet> PropertySets::decode(step::Slot set) {
-    auto decoded = std::make_shared<DecodedSet>();
-    const Class& cls = classes.of(set);
-    if (cls.role != Role::PropertySet || !file.read(set, setInstance)) return decoded;
-    decoded->name = stringArgument(setInstance, cls, Field::Name);
-    if (!step::splitAggregate(argument(setInstance, cls, Field::HasProperties), members)) return decoded;
-    decoded->properties.reserve(members.size());
-    decoded->slots.reserve(members.size());
-    for (const step::Value& member : members) {
-        const step::Slot slot = file.find(step::referenceId(member));
-        if (slot == step::NoSlot) continue;
-        if (auto listed = property(slot, decoded->name)) {
-            decoded->properties.push_back(std::move(*listed));
-            decoded->slots.push_back(slot);
-        }
+void PropertySets::addRow(step::Slot property, DecodedSet& set) {
+    const Class& cls = classes.of(property);
+    if (cls.role != Role::SimpleProperty || !file.read(property, propertyInstance)) return;
+    DecodedSet::Row row{property, {}, {}, cls.propertyKind, Primitive::String, false, {}, 0, 0};
+    row.name = addText(argument(propertyInstance, cls, Field::Name), set);
+    if (cls.propertyKind == PropertyKind::Single) {
+        const NominalValue value = readNominalValue(argument(propertyInstance, cls, Field::NominalValue), schema);
+        row.primitive = value.primitive;
+        row.integer = value.integer;
+        row.real = value.real;
+        row.boolean = value.boolean;
+        row.type = value.typeKnown ? value.type : *unknownTypes.emplace(value.type).first;
+        if (value.primitive == Primitive::String) row.string = addText(value.string, set);
     }
-    return decoded;
+    set.rows.push_back(row);
+}
+
+DecodedSet::Part PropertySets::addText(step::Value string, DecodedSet& set) {
+    if (string.kind != step::ValueKind::String) return {};
+    step::decodeString(string.text, decoded);
+    const auto begin = static_cast<std::uint32_t>(set.texts.size());
+    set.texts += decoded;
+    return {begin, static_cast<std::uint32_t>(decoded.size())};
 }
 
 void PropertySets::forget(step::Slot slot, References& references) {
     if (known.empty()) return;
-    const auto drop = [&](step::Slot set) {
-        const auto found = known.find(set);
-        if (found == known.end()) return;
-        knownProperties -= found->second->properties.size() + 1;
-        known.erase(found);
-    };
     const Role role = classes.of(slot).role;
-    if (role == Role::PropertySet) drop(slot);
-    if (role != Role::SimpleProperty) return;
+    if (role != Role::PropertySet && role != Role::SimpleProperty) return;
+    drop(slot);
+    if (role == Role::PropertySet) return;
     references.forEachUse(slot, [&](const Use& use) {
         drop(use.user);
         return true;

@@ -1,19 +1,48 @@
 #pragma once
 
 #include "model/ifc/Classes.hpp"
+#include "model/ifc/PropertyValues.hpp"
 #include "model/ifc/References.hpp"
 
-#include <memory>
+#include <set>
 #include <unordered_map>
 #include <vector>
 
 namespace model::ifc {
 
-/// An IfcPropertySet with its properties as the host lists them: complex ones are left out.
-struct DecodedSet {
-    std::u16string name;
-    std::vector<Property> properties;
-    std::vector<step::Slot> slots;  ///< Of the properties, one each.
+/// An IfcPropertySet with its properties as the host lists them: complex ones are left out. All texts stand in one
+/// buffer, since a review reads thousands of sets.
+class DecodedSet {
+public:
+    std::u16string_view name() const { return text(setName); }
+    std::size_t size() const { return rows.size(); }
+    step::Slot slot(std::size_t index) const { return rows[index].slot; }
+    /// Its texts are valid as long as the set lives.
+    PropertyView property(std::size_t index) const;
+
+private:
+    friend class PropertySets;
+
+    struct Part {
+        std::uint32_t begin = 0, length = 0;
+    };
+    struct Row {
+        step::Slot slot;
+        Part name, string;
+        PropertyKind kind;
+        Primitive primitive;
+        bool boolean;
+        std::string_view type;
+        std::int64_t integer;
+        double real;
+    };
+
+    std::u16string_view text(Part part) const { return std::u16string_view(texts).substr(part.begin, part.length); }
+    std::size_t bytes() const { return sizeof(*this) + rows.capacity() * sizeof(Row) + 2 * texts.capacity(); }
+
+    Part setName;
+    std::vector<Row> rows;
+    std::u16string texts;
 };
 
 /// Property sets, decoded once: the lines of an update file that concern one element stand together, and elements share
@@ -22,23 +51,34 @@ class PropertySets {
 public:
     PropertySets(const step::StepFile& file, Classes& classes, const Schema& schema);
 
-    std::shared_ptr<const DecodedSet> of(step::Slot set);
-    /// One property that is not in a set (an overriding one). Nothing for a complex property or what is none.
-    std::optional<Property> property(step::Slot slot, const std::u16string& setName);
+    /// Valid until a change of the set or one of its properties, or trim().
+    const DecodedSet& of(step::Slot set);
+    /// A property that is not in the set it is listed with (an overriding one), as a set of one; of none where it is
+    /// complex or no property.
+    const DecodedSet& single(step::Slot property, std::u16string_view setName);
+    /// Keeps the memory within bounds. To be called where nothing of the above is held.
+    void trim();
 
     /// Of a change to the instance: drops what was decoded from it.
     void forget(step::Slot slot, References& references);
 
 private:
-    std::shared_ptr<const DecodedSet> decode(step::Slot set);
+    const DecodedSet& keep(step::Slot slot, DecodedSet set);
+    void drop(step::Slot slot);
+    DecodedSet decode(step::Slot set);
+    void addRow(step::Slot property, DecodedSet& set);
+    DecodedSet::Part addText(step::Value string, DecodedSet& set);
 
     const step::StepFile& file;
     Classes& classes;
     const Schema& schema;
-    std::unordered_map<step::Slot, std::shared_ptr<const DecodedSet>> known;
-    std::size_t knownProperties = 0;
-    step::Instance setInstance, propertyInstance;  // kept to save allocations
+    std::size_t byteLimit;
+    std::size_t knownBytes = 0;
+    std::unordered_map<step::Slot, DecodedSet> known;  // by the slot of the set, or of the single property
+    std::set<std::string, std::less<>> unknownTypes;   // rows refer to these names
+    step::Instance setInstance, propertyInstance;      // kept to save allocations
     std::vector<step::Value> members;
+    std::u16string decoded;
 };
 
 /// The text of a string argument; empty for anything else.

@@ -81,7 +81,7 @@ std::optional<Logical> readLogical(Value value) {
 }
 
 /// Sets the member that counts. @return false where the file's value is none of that base type.
-bool readContent(Value inner, PropertyValue& out) {
+bool readContent(Value inner, NominalValue& out) {
     switch (out.primitive) {
         case Primitive::Integer: {
             const auto number = readInteger(inner);
@@ -104,7 +104,7 @@ bool readContent(Value inner, PropertyValue& out) {
             return logical.has_value();
         }
         case Primitive::String:
-            out.string = valueText(inner, BaseType::String);
+            out.string = inner;
             return inner.kind == ValueKind::String;
         case Primitive::Other:
             break;
@@ -171,8 +171,9 @@ Result<std::string> encodeContent(const PropertyValue& value, BaseType base, con
 
 }  // namespace
 
-PropertyValue readNominalValue(Value nominal, const Schema& schema) {
-    PropertyValue value;
+NominalValue readNominalValue(Value nominal, const Schema& schema) {
+    NominalValue value;
+    value.string.kind = ValueKind::Unset;
     if (nominal.kind == ValueKind::Unset || nominal.kind == ValueKind::Derived) return value;
     const auto [keyword, inner] = nominalParts(nominal);
     if (keyword.empty()) {
@@ -182,24 +183,25 @@ PropertyValue readNominalValue(Value nominal, const Schema& schema) {
         value.primitive = primitiveOf(type->base);
     } else {
         value.type = keyword;
+        value.typeKnown = false;
         value.primitive = Primitive::Other;
     }
     if (!readContent(inner, value)) value.primitive = Primitive::Other;
     return value;
 }
 
-bool sameContent(const PropertyValue& a, const PropertyValue& b) {
-    if (a.primitive != b.primitive) return false;
-    switch (a.primitive) {
+bool sameContent(const PropertyView& held, const PropertyValue& wanted) {
+    if (held.primitive != wanted.primitive) return false;
+    switch (held.primitive) {
         case Primitive::Integer:
         case Primitive::Logical:
-            return a.integer == b.integer;
+            return held.integer == wanted.integer;
         case Primitive::Real:
-            return a.real == b.real;
+            return held.real == wanted.real;
         case Primitive::Boolean:
-            return a.boolean == b.boolean;
+            return held.boolean == wanted.boolean;
         case Primitive::String:
-            return a.string == b.string;
+            return held.string == wanted.string;
         case Primitive::Other:
             break;
     }

@@ -7,13 +7,24 @@
 
 namespace model::ifc {
 
+/// A nominal value as read; which member counts is told by `primitive`.
+struct NominalValue {
+    std::string_view type;  ///< In the schema's spelling, or the file's where the schema does not know it.
+    bool typeKnown = true;  ///< `type` outlives the file's text.
+    Primitive primitive = Primitive::String;
+    std::int64_t integer = 0;  ///< Also the logical's code.
+    double real = 0.0;
+    bool boolean = false;
+    step::Value string;  ///< Not decoded. Unset where there is no value.
+};
+
 /// `$` gives an empty string of no type. A value that the record cannot hold (an integer beyond 64 bits, a measure that
 /// is an aggregate) gives Primitive::Other.
-PropertyValue readNominalValue(step::Value nominal, const Schema& schema);
+NominalValue readNominalValue(step::Value nominal, const Schema& schema);
 
 /// Whether both hold the same value; their types are not compared. Of Primitive::Other there is no value to compare:
 /// two such are the same.
-bool sameContent(const PropertyValue& a, const PropertyValue& b);
+bool sameContent(const PropertyView& held, const PropertyValue& wanted);
 
 /// The whole nominal value in STEP form, "IFCLABEL('60')", for a property that has none. A string of no type becomes an
 /// IfcLabel, an IfcText where it is longer than a label may be.

@@ -3,16 +3,19 @@
 #include "model/ifc/SchemaTables.hpp"
 
 #include <algorithm>
+#include <array>
 
 namespace model::ifc {
 
 namespace {
 
+char upperCaseLetter(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
 std::string upperCase(std::string_view text) {
     std::string upper(text);
-    for (char& c : upper) {
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-    }
+    std::transform(upper.begin(), upper.end(), upper.begin(), upperCaseLetter);
     return upper;
 }
 
@@ -113,14 +116,26 @@ std::string_view Schema::name(SchemaVersion version) {
     return "IFC4X3";
 }
 
+namespace {
+
+/// By a name of any case; null where there is none.
+template <class Map>
+typename Map::mapped_type lookUp(const Map& map, std::string_view name) {
+    std::array<char, 64> upper{};  // No schema has a name that long.
+    if (name.size() > upper.size()) return nullptr;
+    std::transform(name.begin(), name.end(), upper.begin(), upperCaseLetter);
+    const auto found = map.find(std::string_view(upper.data(), name.size()));
+    return found == map.end() ? nullptr : found->second;
+}
+
+}  // namespace
+
 const Entity* Schema::entity(std::string_view keyword) const {
-    const auto found = entityByKeyword.find(upperCase(keyword));
-    return found == entityByKeyword.end() ? nullptr : found->second;
+    return lookUp(entityByKeyword, keyword);
 }
 
 const DefinedType* Schema::type(std::string_view keyword) const {
-    const auto found = typeByKeyword.find(upperCase(keyword));
-    return found == typeByKeyword.end() ? nullptr : found->second;
+    return lookUp(typeByKeyword, keyword);
 }
 
 bool Schema::canReferTo(std::string_view typeName, const Entity& target) const {

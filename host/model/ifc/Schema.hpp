@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <optional>
 #include <span>
@@ -91,9 +92,17 @@ public:
 
 private:
     explicit Schema(SchemaVersion version);
+    /// Finds by a view without building a string: a type is looked up for every property read.
+    struct Hash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
+    };
+    template <class Value>
+    using ByKeyword = std::unordered_map<std::string, Value, Hash, std::equal_to<>>;
+
     std::vector<Entity> entities;
-    std::unordered_map<std::string, const Entity*> entityByKeyword;     // upper case
-    std::unordered_map<std::string, const DefinedType*> typeByKeyword;  // upper case
+    ByKeyword<const Entity*> entityByKeyword;     // upper case
+    ByKeyword<const DefinedType*> typeByKeyword;  // upper case
 };
 
 }  // namespace model::ifc

@@ -11,8 +11,7 @@ Slot parentOf(Workspace& work, Slot object) {
     for (const Role role : {Role::Contains, Role::Decomposes, Role::Fills, Role::Voids}) {
         Slot parent = step::NoSlot;
         work.forEachRelation(object, role, [&](Slot relation) {
-            const auto& relating = work.links.of(relation, Field::Relating);
-            if (!relating.empty()) parent = relating.front();
+            parent = work.links.first(relation, Field::Relating);
             return parent == step::NoSlot;
         });
         if (parent != step::NoSlot) return parent;
@@ -23,7 +22,6 @@ Slot parentOf(Workspace& work, Slot object) {
 }  // namespace
 
 Slot storeyOf(Workspace& work, Slot element) {
-    work.links.trim();
     // A chain longer than any building is a circle.
     constexpr int Longest = 64;
     Slot current = parentOf(work, element);

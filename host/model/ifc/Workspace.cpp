@@ -23,8 +23,7 @@ Workspace::~Workspace() {
 step::Slot Workspace::typeObject(step::Slot object) {
     step::Slot type = step::NoSlot;
     forEachRelation(object, Role::DefinesByType, [&](step::Slot relation) {
-        const auto& relating = links.of(relation, Field::Relating);
-        if (!relating.empty()) type = relating.front();
+        type = links.first(relation, Field::Relating);
         return type == step::NoSlot;
     });
     return type;
