@@ -146,27 +146,35 @@ TEST(ImageOutsideOfABundle, HasNoLocationAndNoResources) {
     dlclose(image);
 }
 
-// --- Abnormal end --------------------------------------------------------------------------------------------------
+// --- The image's end -----------------------------------------------------------------------------------------------
 
-TEST(AbnormalEnd, CallsTheHookBetweenTheTwoHalvesOfItsLine) {
-    static DebugCapture* output = nullptr;
+/// Images of their own: one that another test holds open as well would not end.
+class ImageEnd : public ::testing::Test {
+protected:
+    void SetUp() override { std::filesystem::copy(helperBundle(), bundle, std::filesystem::copy_options::recursive); }
+
+    TempFolder folder;
+    const std::filesystem::path bundle = folder.path() / helperBundle().filename();
     DebugCapture debug;
-    output = &debug;
+};
+
+TEST_F(ImageEnd, CallsTheHookAfterItsLineWhereTheUseNeverEnded) {
+    static std::string* output = nullptr;
+    output = &debug.text;
     {
-        auto addOn = std::make_unique<RawHelpers>();
-        addOn->bind();
-        addOn->initialize();
-        (*addOn)->ACAPI_SetDllTermHookProc([] { output->text += "[hook]"; });
-        *(*addOn)->gImpList_Inited = 0;  // Keeps the test's own ending of the add-on's use from being heard.
+        RawHelpers addOn(bundle);
+        addOn.bind();
+        addOn.initialize();
+        addOn->ACAPI_SetDllTermHookProc([] { *output += "[hook]"; });
+        *addOn->gImpList_Inited = 0;  // Keeps the test's own ending of the use from being heard.
     }
-    EXPECT_EQ(debug.text, "Abnormal add-on termination (\"" + helperBundle().string() +
-                              "\"), calling custom DllTermHookProc\n[hook]");
+    EXPECT_EQ(debug.text,
+              "Abnormal add-on termination (\"" + bundle.string() + "\"), calling custom DllTermHookProc\n[hook]");
 }
 
-TEST(RegularEnd, DoesNotCallTheHook) {
-    DebugCapture debug;
+TEST_F(ImageEnd, IsSilentAndCallsNoHookAfterARegularEnd) {
     {
-        RawHelpers addOn;
+        RawHelpers addOn(bundle);
         addOn.bind();
         addOn.initialize();
         addOn->ACAPI_SetDllTermHookProc([] { ADD_FAILURE() << "called at a regular end"; });
