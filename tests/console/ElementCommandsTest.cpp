@@ -64,7 +64,8 @@ protected:
         std::vector<std::string> arguments{"list", "house.ifc"};
         arguments.insert(arguments.end(), filter.begin(), filter.end());
         Fields result;
-        for (const Json& element : json(arguments)["elements"]) result.push_back(element["guid"]);
+        const Json document = json(arguments);
+        for (const Json& element : document["elements"]) result.push_back(element["guid"]);
         return result;
     }
 };
@@ -103,9 +104,9 @@ TEST_F(ListCommand, PrintsValidJsonWhateverTheNames) {
     testing_support::IfcText ifc;
     ifc.element("IfcWall", WallGuid, "placeholder");
     std::string text = ifc.text();
-    text.replace(text.find("'placeholder'"), 13, "'\\X2\\D800\\X0\\ tab\\X2\\0009\\X0\\ \\X2\\548C5BA4\\X0\\'");
+    text.replace(text.find("'placeholder'"), 13, "'T\xFCr\\X2\\0009\\X0\\\\X2\\548C5BA4\\X0\\'");
     write("house.ifc", text);
-    EXPECT_EQ(json({"list", "house.ifc"})["elements"][0]["name"], "\uFFFD tab\t 和室");
+    EXPECT_EQ(json({"list", "house.ifc"})["elements"][0]["name"], "Tür\t和室");
 }
 
 }  // namespace

@@ -18,10 +18,10 @@ LineNotes notes(std::initializer_list<std::uint64_t> lines) {
 }
 
 TEST(LineNumbers, AreReadAsASentence) {
-    EXPECT_EQ(lineNumbers(notes({4})), "line 4");
-    EXPECT_EQ(lineNumbers(notes({4, 17})), "lines 4 and 17");
-    EXPECT_EQ(lineNumbers(notes({1, 2, 3, 4, 5})), "lines 1, 2, 3, 4 and 5");
-    EXPECT_EQ(lineNumbers(notes({1, 2, 3, 4, 5, 6, 7})), "lines 1, 2, 3, 4, 5 and 2 more");
+    EXPECT_EQ(numbered("line", notes({4})), "line 4");
+    EXPECT_EQ(numbered("line", notes({4, 17})), "lines 4 and 17");
+    EXPECT_EQ(numbered("line", notes({1, 2, 3, 4, 5})), "lines 1, 2, 3, 4 and 5");
+    EXPECT_EQ(numbered("line", notes({1, 2, 3, 4, 5, 6, 7})), "lines 1, 2, 3, 4, 5 and 2 more");
 }
 
 TEST(Hints, AreNoneWhereEveryLineGaveARow) {
@@ -86,6 +86,21 @@ TEST(Hints, NameALastLineWithoutEndAndAByteOrderMark) {
     findings.lineWithoutEnd = 12;
     EXPECT_THAT(hintsFor(findings, {0, 0}),
                 ElementsAre(HasSubstr("byte-order mark"), AllOf(HasSubstr("Line 12"), HasSubstr("not imported"))));
+}
+
+ListRow row(const std::string& property, const std::string& message) {
+    return {{"[X]", "Wall-01", "Wall", "GUID", property, "", "new", message}, DG_IS_ENABLE, {}};
+}
+
+TEST(HintForUnknownItems, NamesTheRowsThatOnlyABracketCouldHelp) {
+    const std::string notFound = " Property not found.";
+    const std::vector<ListRow> review{row("Slope", notFound), row("Note[Custom]", notFound), row("Name", ""),
+                                      row("Tilt", notFound)};
+    const std::vector<ListRow> failed(4, row("", "error!")), done(4, row("", "Done"));
+    EXPECT_EQ(hintForUnknownItems(review, failed),
+              "Nothing on the element has the name in rows 1 and 4: to create a property, write its set in brackets, "
+              "such as Slope[WallCommon]");
+    EXPECT_EQ(hintForUnknownItems(review, done), std::nullopt);
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include "model/ifc/Schema.hpp"
 
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace console {
@@ -14,15 +13,15 @@ class ElementFilter {
 public:
     /// @param type      display name in any case, empty: any.
     /// @param ifcClass  in any case, itself or a class below it; empty: any.
-    /// Throws Failure for a class that the model's schema does not have.
+    /// Throws Failure for a type that the host does not know and a class that the model's schema does not have.
     ElementFilter(const model::Model& model, std::string type, const std::string& ifcClass);
 
-    bool takes(const model::ElementInfo& info) const;
-
-    /// The elements taken, in the order of the file. Throws Failure for a type that is no element's.
+    /// The elements taken, in the order of the file.
     std::vector<model::Element> elements() const;
 
 private:
+    bool takes(const model::ElementInfo& info) const;
+
     const model::Model& model;
     std::string type;
     const model::ifc::Schema* schema = nullptr;

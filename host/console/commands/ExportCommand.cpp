@@ -75,9 +75,10 @@ void sayWhatIsMissing(const Exporter& exporter) {
     for (const LeftOut::Group& group : exporter.leftOut().groups()) say(LeftOut::text(group));
     for (const auto& [item, count] : exporter.ambiguous())
         say(
-            fmt::format("{} of {} stand in several property sets: the import shows the last and writes the first; "
+            fmt::format("{} of {}: the name stands in several property sets, of which the import shows the last and "
+                        "writes the first; "
                         "check them with 'modelhost lookup'",
-                        count == 1 ? "1 value" : fmt::format("{} values", count), item));
+                        counted(count, "value"), item));
 }
 
 }  // namespace
@@ -98,7 +99,8 @@ ExitStatus runExport(const ExportOptions& options) {
     lines.finish();
     if (options.common.format == Format::Json) printAsJson(lines, exporter, options);
     sayWhatIsMissing(exporter);
-    if (options.output) say(fmt::format("{} lines written to {}", exporter.lineCount(), options.output->string()));
+    if (options.output)
+        say(fmt::format("{} written to {}", counted(exporter.lineCount(), "line"), options.output->string()));
     return ExitStatus::Done;
 }
 

@@ -46,6 +46,8 @@ ImportReport reportOf(Session& session, const ImportUser& user, const UpdateFile
     report.result = user.result();
     report.summary = summarize(findings.lines, report.review, report.result, user.rowsLost());
     report.hints = hintsFor(findings, {report.summary.rows, report.summary.rowsLost});
+    if (report.result)
+        if (auto hint = hintForUnknownItems(report.review, *report.result)) report.hints.push_back(std::move(*hint));
     return report;
 }
 

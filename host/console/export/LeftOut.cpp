@@ -1,5 +1,7 @@
 #include "console/export/LeftOut.hpp"
 
+#include "console/output/Text.hpp"
+
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
@@ -23,9 +25,8 @@ std::vector<LeftOut::Group> LeftOut::groups() const {
 }
 
 std::string LeftOut::text(const Group& group) {
-    std::string text =
-        fmt::format("{} of {} left out: {} ({}", group.count == 1 ? "1 value" : fmt::format("{} values", group.count),
-                    group.item, explain(group.obstacle), fmt::join(group.examples, ", "));
+    std::string text = fmt::format("{} of {} left out: {} ({}", counted(group.count, "value"), group.item,
+                                   explain(group.obstacle), fmt::join(group.examples, ", "));
     if (group.count > group.examples.size()) text += fmt::format(" and {} more", group.count - group.examples.size());
     return text + ")";
 }

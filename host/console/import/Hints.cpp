@@ -1,18 +1,17 @@
 #include "console/import/Hints.hpp"
 
+#include "console/import/ReviewList.hpp"
+#include "console/output/Text.hpp"
+
 #include <fmt/format.h>
 
 namespace console {
 namespace {
 
-std::string countOf(std::uint64_t count, const char* noun) {
-    return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
-}
-
 /// One hint where there are such lines. `{}` in the text stands for the lines, with a capital.
 void hint(std::vector<std::string>& hints, const LineNotes& notes, std::string_view text) {
     if (notes.count == 0) return;
-    std::string lines = lineNumbers(notes);
+    std::string lines = numbered("line", notes);
     lines.front() = 'L';
     hints.push_back(lines.append(text));
 }
@@ -20,9 +19,9 @@ void hint(std::vector<std::string>& hints, const LineNotes& notes, std::string_v
 std::string reasons(const UpdateFileFindings& findings) {
     std::string text;
     if (findings.noGuid.count > 0)
-        text += fmt::format("; the first field is no GUID of 36 characters in {}", lineNumbers(findings.noGuid));
+        text += fmt::format("; the first field is no GUID of 36 characters in {}", numbered("line", findings.noGuid));
     if (findings.unknownElement.count > 0)
-        text += fmt::format("; no element has the GUID in {}", lineNumbers(findings.unknownElement));
+        text += fmt::format("; no element has the GUID in {}", numbered("line", findings.unknownElement));
     return text;
 }
 
@@ -31,7 +30,7 @@ void hintLinesWithoutRow(std::vector<std::string>& hints, const UpdateFileFindin
     const std::uint64_t shown = counts.rows + counts.rowsLost;
     if (findings.pieces <= shown) return;
     hints.push_back(fmt::format("{} gave no row{}: check the model and the GUIDs, 'modelhost list' prints them",
-                                countOf(findings.pieces - shown, "line"), reasons(findings)));
+                                counted(findings.pieces - shown, "line"), reasons(findings)));
 }
 
 void hintEncoding(std::vector<std::string>& hints, const UpdateFileFindings& findings) {
@@ -63,8 +62,8 @@ void hintLayout(std::vector<std::string>& hints, const UpdateFileFindings& findi
 
 }  // namespace
 
-std::string lineNumbers(const LineNotes& notes) {
-    std::string text = notes.count == 1 ? "line " : "lines ";
+std::string numbered(std::string_view noun, const LineNotes& notes) {
+    std::string text = fmt::format("{}{} ", noun, notes.count == 1 ? "" : "s");
     for (std::size_t i = 0; i < notes.first.size(); ++i) {
         const bool last = i + 1 == notes.count;
         if (i > 0) text += last ? " and " : ", ";
@@ -80,7 +79,7 @@ std::vector<std::string> hintsFor(const UpdateFileFindings& findings, const Revi
         hints.push_back(
             fmt::format("{} did not fit into the list, which holds {}: split the update file and import "
                         "the parts one after the other",
-                        countOf(counts.rowsLost, "row"), counts.rows));
+                        counted(counts.rowsLost, "row"), counts.rows));
     if (findings.utf16) {
         // Every other finding would only be a consequence of this one.
         hints.emplace_back(
@@ -92,6 +91,18 @@ std::vector<std::string> hintsFor(const UpdateFileFindings& findings, const Revi
     hintEncoding(hints, findings);
     hintLayout(hints, findings);
     return hints;
+}
+
+std::optional<std::string> hintForUnknownItems(const std::vector<ListRow>& review, const std::vector<ListRow>& result) {
+    LineNotes rows;
+    for (std::size_t i = 0; i < result.size() && i < review.size(); ++i)
+        if (reviewlist::failed(result[i]) && reviewlist::namesNothing(review[i])) rows.add(i + 1);
+    if (rows.count == 0) return std::nullopt;
+    const std::string& item = review[rows.first.front() - 1].columns[reviewlist::PropertyColumn];
+    return fmt::format(
+        "Nothing on the element has the name in {}: to create a property, write its set in brackets, "
+        "such as {}[WallCommon]",
+        numbered("row", rows), item);
 }
 
 }  // namespace console

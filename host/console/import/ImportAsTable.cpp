@@ -1,7 +1,8 @@
 #include "console/import/ImportReport.hpp"
-#include "console/import/ImportUser.hpp"
+#include "console/import/ReviewList.hpp"
 #include "console/output/SafeText.hpp"
 #include "console/output/Table.hpp"
+#include "console/output/Text.hpp"
 
 #include <fmt/format.h>
 
@@ -34,15 +35,11 @@ std::string list(const ImportReport& report, const Terminal& terminal) {
     return table.layOut(terminal);
 }
 
-std::string counted(std::uint64_t count, const char* one, const char* many) {
-    return fmt::format("{} {}", count, count == 1 ? one : many);
-}
-
 std::string outcome(const ImportReport& report) {
     const ImportSummary& summary = report.summary;
-    std::string text = fmt::format("{}, {}: {} tickable, {} ticked", counted(summary.lines, "line", "lines"),
-                                   counted(summary.rows, "row", "rows"), summary.tickable, summary.ticked);
-    if (report.result) text += fmt::format(", {} done, {}", summary.done, counted(summary.errors, "error", "errors"));
+    std::string text = fmt::format("{}, {}: {} tickable, {} ticked", counted(summary.lines, "line"),
+                                   counted(summary.rows, "row"), summary.tickable, summary.ticked);
+    if (report.result) text += fmt::format(", {} done, {}", summary.done, counted(summary.errors, "error"));
     return text + ".\n";
 }
 

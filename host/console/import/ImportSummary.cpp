@@ -1,5 +1,5 @@
 #include "console/import/ImportReport.hpp"
-#include "console/import/ImportUser.hpp"
+#include "console/import/ReviewList.hpp"
 
 #include <algorithm>
 

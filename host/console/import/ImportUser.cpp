@@ -1,10 +1,9 @@
 #include "console/import/ImportUser.hpp"
 
+#include "console/import/ReviewList.hpp"
 #include "console/output/Text.hpp"
 
 #include <fmt/format.h>
-
-#include <algorithm>
 
 namespace console {
 namespace {
@@ -15,27 +14,7 @@ constexpr Int16 CloseButton = 2;
 constexpr Int16 SelectAllButton = 3;
 constexpr Int16 ReviewList = 5;
 
-bool holds(const ListRow& row, std::size_t column, const char* text) {
-    return column < row.columns.size() && row.columns[column] == text;
-}
-
 }  // namespace
-
-namespace reviewlist {
-
-bool ticked(const ListRow& row) {
-    return holds(row, TickColumn, Ticked);
-}
-
-bool done(const ListRow& row) {
-    return holds(row, MessageColumn, Done);
-}
-
-bool failed(const ListRow& row) {
-    return holds(row, MessageColumn, Error);
-}
-
-}  // namespace reviewlist
 
 ImportUser::ImportUser(ImportPlan thePlan) : plan(std::move(thePlan)), trouble("the add-on opened no review list") {}
 

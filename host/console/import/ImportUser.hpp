@@ -53,17 +53,4 @@ private:
     int firstUnfinished = 1;  ///< While applying: the row that the pass has come to.
 };
 
-/// Texts and columns of the review list by which a person reads it.
-namespace reviewlist {
-inline constexpr std::size_t TickColumn = 0;
-inline constexpr std::size_t MessageColumn = 7;
-inline constexpr const char* Ticked = "[X]";
-inline constexpr const char* Done = "Done";
-inline constexpr const char* Error = "error!";
-
-bool ticked(const ListRow& row);
-bool done(const ListRow& row);
-bool failed(const ListRow& row);
-}  // namespace reviewlist
-
 }  // namespace console

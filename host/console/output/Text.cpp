@@ -2,6 +2,7 @@
 
 #include "console/output/Characters.hpp"
 
+#include <fmt/format.h>
 #include <unicode/unistr.h>
 #include <unicode/utf16.h>
 
@@ -47,6 +48,10 @@ bool isWellFormed(std::u16string_view units) {
         ++at;
     }
     return true;
+}
+
+std::string counted(std::uint64_t count, std::string_view noun) {
+    return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
 }
 
 bool equalIgnoringCase(std::string_view a, std::string_view b) {

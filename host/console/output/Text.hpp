@@ -3,6 +3,7 @@
 
 #include "UniString.hpp"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -24,6 +25,9 @@ bool isWellFormed(std::string_view bytes);
 
 /// Whether every surrogate has its other half, so that the text can be written as UTF-8 and read back.
 bool isWellFormed(std::u16string_view units);
+
+/// "1 line", "2 lines"
+std::string counted(std::uint64_t count, std::string_view noun);
 
 /// Equal but for the case of ASCII letters.
 bool equalIgnoringCase(std::string_view a, std::string_view b);
