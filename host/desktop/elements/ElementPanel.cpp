@@ -75,9 +75,10 @@ ElementPanel::ElementPanel(QWidget* parent)
     all->addWidget(view, 1);
 
     connect(filter, &QLineEdit::textChanged, this, &ElementPanel::applyFilter);
-    connect(view->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this](const QModelIndex& row) {
-        if (changing || !row.isValid()) return;
-        chosen = model->element(row.row());
+    // The selection and not the current row: a table that gets the focus makes its first row the current one by itself.
+    connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this](const QItemSelection& rows) {
+        if (changing || rows.isEmpty()) return;
+        chosen = model->element(rows.first().top());
         Q_EMIT currentChanged();
     });
     // Sorting resets the rows; the same element stays the current one and in sight.
@@ -169,7 +170,7 @@ bool ElementPanel::eventFilter(QObject* watched, QEvent* event) {
         }
         const bool down = key->key() == Qt::Key_Down || key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
         if (watched == filter && down && model->rowCount() > 0) {
-            if (!view->currentIndex().isValid()) view->selectRow(0);
+            if (!view->selectionModel()->hasSelection()) view->selectRow(0);
             view->setFocus(Qt::TabFocusReason);
             return true;
         }

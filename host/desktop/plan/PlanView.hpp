@@ -32,6 +32,8 @@ public:
     /// The smallest footprint at a point of the model, marked ones first if `preferMarked`.
     std::optional<model::Element> hit(const QPointF& point, bool preferMarked) const;
     const PlanViewport& viewport() const { return port; }
+    /// Whether all that it is to show has been read.
+    bool complete() const { return !storeys.empty() && geometry->complete(storeys); }
 
     QSize sizeHint() const override { return {480, 360}; }
     QSize minimumSizeHint() const override { return {160, 120}; }

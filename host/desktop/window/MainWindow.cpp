@@ -193,7 +193,11 @@ bool MainWindow::loadAddOn(const std::filesystem::path& bundle) {
     const QString reason = toQString(status.error().message);
     reportPanel->append(reason, true);
     QTimer::singleShot(0, this, [this, reason] {
-        QMessageBox::warning(this, QStringLiteral("The add-on could not be loaded"), reason);
+        QMessageBox box(QMessageBox::Warning, QStringLiteral("Add-On"),
+                        QStringLiteral("The add-on could not be loaded."), QMessageBox::Ok, this);
+        box.setObjectName(QStringLiteral("addOnMessage"));
+        box.setInformativeText(reason.toHtmlEscaped());
+        box.exec();
     });
     return false;
 }

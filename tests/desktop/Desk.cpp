@@ -1,0 +1,208 @@
+#include "Desk.hpp"
+
+#include "Display.hpp"
+#include "desktop/Text.hpp"
+#include "desktop/window/FileMenu.hpp"
+
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QSettings>
+
+namespace desktop_tests {
+
+namespace {
+
+constexpr int patienceMs = 15000;
+
+QWidget* findWindow(const QString& name) {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (widget->objectName() == name && widget->isVisible() && widget->windowHandle() &&
+            widget->windowHandle()->isExposed()) {
+            return widget;
+        }
+    }
+    return nullptr;
+}
+
+/// A window that nobody expected would keep the test waiting for ever.
+void closeAllDialogs() {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (auto* dialog = qobject_cast<QDialog*>(widget); dialog && dialog->isVisible()) dialog->reject();
+    }
+}
+
+void waitFor(const QString& name, const std::function<void(QWidget&)>& act, int leftMs) {
+    if (QWidget* shown = findWindow(name)) {
+        shown->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(shown));
+        act(*shown);
+        return;
+    }
+    if (leftMs <= 0) {
+        ADD_FAILURE() << "no window " << name.toStdString() << " came up";
+        closeAllDialogs();
+        return;
+    }
+    constexpr int pauseMs = 10;
+    QTimer::singleShot(pauseMs, qApp, [=] { waitFor(name, act, leftMs - pauseMs); });
+}
+
+/// Without a window manager nobody gives the focus back to a window when another one closes.
+void activate(QWidget& window) {
+    if (window.isActiveWindow() || window.windowType() == Qt::Popup) return;
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+}
+
+}  // namespace
+
+void Desk::SetUp() {
+    if (!Display::available()) GTEST_SKIP() << "Xvfb is not installed, so there is no display to test windows on";
+    QSettings().clear();
+    start();
+}
+
+void Desk::TearDown() {
+    main.reset();
+}
+
+void Desk::start(const std::filesystem::path& bundle) {
+    main.reset();
+    main = std::make_unique<desktop::MainWindow>();
+    main->show();
+    main->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(main.get()));
+    const auto real = std::filesystem::path(BINARY_DIR) / "ZUNACAddin19.bundle";
+    ASSERT_TRUE(main->loadAddOn(bundle.empty() ? real : bundle));
+}
+
+void Desk::openSample() {
+    model = folder.write("house.ifc", bytesOf(std::filesystem::path(PROJECT_DIR) / "samples" / "house.ifc"));
+    openFile(model);
+}
+
+void Desk::openFile(const std::filesystem::path& path) {
+    ASSERT_TRUE(main->openFile(desktop::pathText(path)));
+    QCoreApplication::processEvents();
+}
+
+QAction* Desk::menuItem(const QString& menu, const QString& item) {
+    for (QAction* title : main->menuBar()->actions()) {
+        if (title->text().remove(u'&') != menu) continue;
+        Q_EMIT title->menu()->aboutToShow();
+        for (QAction* action : title->menu()->actions()) {
+            if (action->text().remove(u'&').startsWith(item)) return action;
+        }
+    }
+    return nullptr;
+}
+
+void Desk::pick(const QString& menu, const QString& item) {
+    for (QAction* title : main->menuBar()->actions()) {
+        if (title->text().remove(u'&') != menu) continue;
+        clickAt(*main->menuBar(), main->menuBar()->actionGeometry(title).center());
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(title->menu()));
+        for (QAction* action : title->menu()->actions()) {
+            if (!action->text().remove(u'&').startsWith(item)) continue;
+            EXPECT_TRUE(action->isEnabled()) << item.toStdString();
+            if (!action->isEnabled()) break;
+            clickAt(*title->menu(), title->menu()->actionGeometry(action).center());
+            return;
+        }
+        title->menu()->close();
+    }
+    FAIL() << "no item " << item.toStdString() << " in menu " << menu.toStdString();
+}
+
+void Desk::review(std::string_view updates, const std::function<void(desktop::AddOnDialog&)>& user) {
+    reviewFile(folder.write("updates.txt", updates), user);
+}
+
+void Desk::reviewFile(const std::filesystem::path& file, const std::function<void(desktop::AddOnDialog&)>& user) {
+    whenShown<QFileDialog>(QStringLiteral("addOnFileDialog"), [=, this](QFileDialog& dialog) {
+        whenShown<desktop::AddOnDialog>(QStringLiteral("dialog32501"), [user](desktop::AddOnDialog& review) {
+            user(review);
+            if (review.isVisible()) clickItem(review, closeItem);
+        });
+        auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        ASSERT_NE(name, nullptr);
+        name->setFocus();
+        type(dialog, desktop::pathText(file));
+        press(dialog, Qt::Key_Return);
+    });
+    pick(QStringLiteral("Quillmarsh"), QStringLiteral("Import Updates"));
+}
+
+void Desk::lookUp(const std::function<void(desktop::AddOnDialog&)>& user) {
+    whenShown<desktop::AddOnDialog>(QStringLiteral("dialog32500"), [user](desktop::AddOnDialog& dialog) {
+        user(dialog);
+        if (dialog.isVisible()) clickItem(dialog, closeItem);
+    });
+    pick(QStringLiteral("Quillmarsh"), QStringLiteral("Look Up"));
+}
+
+std::shared_ptr<QString> Desk::answer(const QString& name, QMessageBox::StandardButton button) {
+    auto text = std::make_shared<QString>();
+    whenShown<QMessageBox>(name, [=](QMessageBox& box) {
+        *text = box.text() + u'\n' + box.informativeText();
+        click(*box.button(button));
+    });
+    return text;
+}
+
+void Desk::whenWindow(const QString& name, std::function<void(QWidget&)> act) {
+    QTimer::singleShot(0, qApp, [=] { waitFor(name, act, patienceMs); });
+}
+
+void clickAt(QWidget& widget, const QPoint& place, Qt::KeyboardModifiers modifiers) {
+    QWidget* window = widget.window();
+    QTest::mouseClick(window->windowHandle(), Qt::LeftButton, modifiers, widget.mapTo(window, place));
+}
+
+void click(QWidget& widget) {
+    clickAt(widget, widget.rect().center());
+}
+
+void press(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    activate(*window.window());
+    QTest::keyClick(window.window()->windowHandle(), key, modifiers);
+}
+
+void type(QWidget& window, const QString& text) {
+    for (const QChar c : text)
+        QTest::sendKeyEvent(QTest::Click, window.window()->windowHandle(), Qt::Key_unknown, c, {});
+}
+
+desktop::RowListView& listOf(desktop::AddOnDialog& dialog, Int16 item) {
+    return *dialog.list(item);
+}
+
+void clickItem(desktop::AddOnDialog& dialog, Int16 item) {
+    click(*dialog.itemWidget(item));
+    QCoreApplication::processEvents();
+}
+
+void clickCell(desktop::AddOnDialog& dialog, int row, int column, Int16 item) {
+    desktop::RowListView& list = listOf(dialog, item);
+    const QModelIndex index = list.model()->index(row - 1, column - 1);
+    list.scrollTo(index);
+    clickAt(*list.viewport(), list.visualRect(index).center());
+    QCoreApplication::processEvents();
+}
+
+QString cell(desktop::AddOnDialog& dialog, int row, int column, Int16 item) {
+    return listOf(dialog, item).model()->index(row - 1, column - 1).data().toString();
+}
+
+QColor cellColor(desktop::AddOnDialog& dialog, int row, int column, Int16 item) {
+    return listOf(dialog, item).model()->index(row - 1, column - 1).data(Qt::ForegroundRole).value<QColor>();
+}
+
+int rowCount(desktop::AddOnDialog& dialog, Int16 item) {
+    return listOf(dialog, item).model()->rowCount();
+}
+
+}  // namespace desktop_tests

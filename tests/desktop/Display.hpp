@@ -1,0 +1,26 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <string>
+
+namespace desktop_tests {
+
+/// An X server without a screen, for this process alone, so that the tests neither disturb a desktop nor depend on one.
+/// It ends with this object, and with the process if that comes to a sudden end.
+class Display {
+public:
+    Display();
+    ~Display();
+    Display(const Display&) = delete;
+    Display& operator=(const Display&) = delete;
+
+    /// Whether one is there; otherwise Xvfb is not installed, and every test of a window is skipped.
+    static bool available();
+
+private:
+    pid_t server = -1;
+    std::string name;
+};
+
+}  // namespace desktop_tests

@@ -1,0 +1,79 @@
+// How elements are ordered and found.
+
+#include "Desk.hpp"
+#include "desktop/elements/ElementIndex.hpp"
+
+namespace desktop_tests {
+
+TEST(NaturalOrder, RunsOfDigitsCountAsNumbers) {
+    struct Pair {
+        const char *first, *second;
+    };
+    constexpr Pair ordered[] = {
+        {"wall 9", "wall 10"}, {"wall", "wall 1"}, {"", "a"},  {"a1b2", "a1b10"},
+        {"a-1", "b"},          {"a01b", "a1c"},    {"1", "a"}, {"99999999999999999998", "99999999999999999999"}};
+    for (const auto& [first, second] : ordered) {
+        EXPECT_TRUE(desktop::naturalLess(first, second)) << first << " | " << second;
+        EXPECT_FALSE(desktop::naturalLess(second, first)) << second << " | " << first;
+    }
+}
+
+TEST(NaturalOrder, EqualTextsAreNotLess) {
+    for (const char* text : {"", "a", "wall 10", "007"}) EXPECT_FALSE(desktop::naturalLess(text, text)) << text;
+}
+
+class Elements : public ::testing::Test {
+protected:
+    void SetUp() override {
+        auto read = model::Model::open(std::string(PROJECT_DIR) + "/samples/house.ifc");
+        ASSERT_TRUE(read) << read.error().message;
+        model = std::move(*read);
+        index = std::make_unique<desktop::ElementIndex>(*model);
+    }
+    std::size_t found(const char* words) {
+        return index->filtered(index->sorted(desktop::ElementColumn::Guid, false), QString::fromUtf8(words)).size();
+    }
+    std::unique_ptr<model::Model> model;
+    std::unique_ptr<desktop::ElementIndex> index;
+};
+
+TEST_F(Elements, StoreysAreListedFromTheLowestUp) {
+    std::optional<double> below;
+    for (const desktop::StoreyInfo& storey : index->storeys()) {
+        if (!storey.elevation) continue;
+        EXPECT_GE(*storey.elevation, below.value_or(*storey.elevation)) << storey.name.toStdString();
+        below = storey.elevation;
+    }
+    EXPECT_TRUE(below.has_value());
+}
+
+TEST_F(Elements, EachOrderHasEveryElementOnceAndDescendingIsTheReverseOfDistinctKeys) {
+    using desktop::ElementColumn;
+    for (const auto column :
+         {ElementColumn::Storey, ElementColumn::Type, ElementColumn::Name, ElementColumn::Guid, ElementColumn::Class}) {
+        auto order = index->sorted(column, true);
+        std::sort(order.begin(), order.end());
+        ASSERT_EQ(order.size(), index->size());
+        for (model::Element i = 0; i < index->size(); ++i) EXPECT_EQ(order[i], i);
+    }
+    auto up = index->sorted(ElementColumn::Guid, false);
+    std::reverse(up.begin(), up.end());
+    EXPECT_EQ(up, index->sorted(ElementColumn::Guid, true));
+}
+
+TEST_F(Elements, EveryWordOfTheFilterMustBeSomewhere) {
+    EXPECT_EQ(found(""), index->size());
+    EXPECT_EQ(found("   "), index->size());
+    EXPECT_GT(found("wall"), 0U);
+    EXPECT_EQ(found("WALL"), found("wall"));
+    EXPECT_EQ(found("wall nosuchthing"), 0U);
+    EXPECT_EQ(found("4b77f0f7-86aa"), 1U);
+    EXPECT_EQ(found("4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9"), 1U);
+}
+
+TEST_F(Elements, LetterThatIsAlsoAHexDigitFindsNoGuids) {
+    for (model::Element it = 0; it < index->size(); ++it) ASSERT_FALSE(index->type(it).contains(u'7'));
+    EXPECT_LT(found("7"), index->size());
+}
+
+}  // namespace desktop_tests

@@ -1,0 +1,78 @@
+// The lookup dialog by mouse and keyboard.
+
+#include "Desk.hpp"
+
+#include <QLineEdit>
+
+namespace desktop_tests {
+
+using desktop::AddOnDialog;
+
+class LookingUp : public Desk {
+protected:
+    void SetUp() override {
+        Desk::SetUp();
+        if (!IsSkipped()) openSample();
+    }
+    static QLineEdit& field(AddOnDialog& dialog) { return *qobject_cast<QLineEdit*>(dialog.itemWidget(guidField)); }
+    /// The value beside a name; empty where the list has no such row.
+    static QString value(AddOnDialog& dialog, const QString& name) {
+        for (int row = 1; row <= rowCount(dialog, lookupList); ++row) {
+            if (cell(dialog, row, 1, lookupList) == name) return cell(dialog, row, 2, lookupList);
+        }
+        return {};
+    }
+};
+
+TEST_F(LookingUp, ReturnLooksUpTheGuidThatIsThereAtFirst) {
+    lookUp([](AddOnDialog& dialog) {
+        EXPECT_SOON(field(dialog).hasFocus());
+        EXPECT_EQ(field(dialog).text(), QStringLiteral("4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9"));
+        press(dialog, Qt::Key_Return);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(value(dialog, QStringLiteral("GUID")), field(dialog).text());
+        EXPECT_EQ(value(dialog, QStringLiteral("Type")), QStringLiteral("Wall"));
+        EXPECT_EQ(value(dialog, QStringLiteral("FireRating[Pset_WallCommon]")), QStringLiteral("F 90-AB"));
+    });
+}
+
+TEST_F(LookingUp, TypedGuidReplacesTheOneThatWasThere) {
+    lookUp([](AddOnDialog& dialog) {
+        type(dialog, QStringLiteral("A32931C7-B3B2-4117-8D6A-3038DD4E9A78"));
+        clickItem(dialog, lookupItem);
+        EXPECT_EQ(value(dialog, QStringLiteral("Type")), QStringLiteral("Door"));
+    });
+}
+
+TEST_F(LookingUp, UnknownGuidGivesTheErrorsName) {
+    lookUp([](AddOnDialog& dialog) {
+        type(dialog, QStringLiteral("00000000-0000-4000-8000-000000000000"));
+        press(dialog, Qt::Key_Return);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(value(dialog, QStringLiteral("Error")), QStringLiteral("BADID"));
+    });
+}
+
+TEST_F(LookingUp, SecondLookUpAddsItsRowsBelow) {
+    lookUp([](AddOnDialog& dialog) {
+        clickItem(dialog, lookupItem);
+        const int once = rowCount(dialog, lookupList);
+        clickItem(dialog, lookupItem);
+        EXPECT_GT(once, 3);
+        EXPECT_EQ(rowCount(dialog, lookupList), 2 * once);
+    });
+}
+
+TEST_F(LookingUp, GrownWindowGrowsFieldAndListAndMovesTheButtons) {
+    lookUp([](AddOnDialog& dialog) {
+        const QRect button = dialog.itemWidget(lookupItem)->geometry();
+        const QRect edit = dialog.itemWidget(guidField)->geometry();
+        const QRect list = listOf(dialog, lookupList).geometry();
+        dialog.resize(dialog.width() + 40, dialog.height() + 20);
+        EXPECT_SOON(dialog.itemWidget(lookupItem)->geometry() == button.translated(40, 20));
+        EXPECT_EQ(dialog.itemWidget(guidField)->geometry(), edit.adjusted(0, 0, 40, 0));
+        EXPECT_EQ(listOf(dialog, lookupList).geometry(), list.adjusted(0, 0, 40, 20));
+    });
+}
+
+}  // namespace desktop_tests

@@ -1,0 +1,327 @@
+// The main window: opening, saving, closing, the element table, the element's data, the menus.
+
+#include "Desk.hpp"
+#include "desktop/Text.hpp"
+#include "desktop/elements/ElementPanel.hpp"
+#include "desktop/elements/InspectorPanel.hpp"
+#include "desktop/report/DebugPanel.hpp"
+#include "desktop/report/ReportPanel.hpp"
+#include "desktop/window/FileMenu.hpp"
+#include "desktop/window/HelpMenu.hpp"
+#include "desktop/window/RecentFiles.hpp"
+
+#include <QAccessible>
+#include <QClipboard>
+#include <QDropEvent>
+#include <QFileDialog>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QStatusBar>
+#include <QTableView>
+#include <QTreeWidget>
+#include <clocale>
+#include <cstdio>
+
+namespace desktop_tests {
+
+namespace {
+
+using testing::HasSubstr;
+
+const QString wall = QStringLiteral("4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9");
+
+}  // namespace
+
+class Window : public Desk {
+protected:
+    QTableView& table() { return *window().elements().table(); }
+    QString shown(int row, int column) { return table().model()->index(row, column).data().toString(); }
+    void filter(const QString& text) {
+        window().elements().focusFilter();
+        press(window(), Qt::Key_Backspace);
+        type(window(), text);
+    }
+    /// Changes an element's name by the add-on, so that there is something unsaved.
+    void change() {
+        review(wall.toStdString() + "\tName\t\tChanged wall\n", [](desktop::AddOnDialog& dialog) {
+            clickItem(dialog, selectAllItem);
+            clickItem(dialog, applyItem);
+        });
+        ASSERT_TRUE(window().document().modified());
+    }
+    void drop(const QString& path) {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(path)});
+        QDragEnterEvent enter({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(&window(), &enter);
+        if (!enter.isAccepted()) return;
+        QDropEvent event({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(&window(), &event);
+    }
+    /// The value of the inspector's row of that name.
+    QString inspected(const QString& name) {
+        const auto found = window().inspector().tree()->findItems(name, Qt::MatchExactly | Qt::MatchRecursive);
+        return found.isEmpty() ? QString() : found.first()->text(1);
+    }
+};  // namespace desktop_tests
+
+TEST_F(Window, TitleNamesTheFileAndMarksUnsavedChanges) {
+    openSample();
+    EXPECT_EQ(window().windowTitle(), QStringLiteral("house.ifc[*] – Model Host"));
+    EXPECT_FALSE(window().isWindowModified());
+    change();
+    EXPECT_TRUE(window().isWindowModified());
+}
+
+TEST_F(Window, TableListsEveryElement) {
+    openSample();
+    EXPECT_EQ(table().model()->rowCount(), static_cast<int>(window().document().model()->elementCount()));
+}
+
+TEST_F(Window, FilterTakesWordsFromAnyColumnAsTheyAreTyped) {
+    openSample();
+    const int all = table().model()->rowCount();
+    filter(QStringLiteral("wall"));
+    const int walls = table().model()->rowCount();
+    ASSERT_GT(walls, 0);
+    EXPECT_LT(walls, all);
+    for (int row = 0; row < walls; ++row) {
+        QString line;
+        for (int column = 0; column < 5; ++column) line += shown(row, column) + u' ';
+        EXPECT_TRUE(line.contains(QStringLiteral("wall"), Qt::CaseInsensitive)) << line.toStdString();
+    }
+    press(window(), Qt::Key_Escape);
+    EXPECT_EQ(table().model()->rowCount(), all);
+}
+
+TEST_F(Window, FilterFindsAnElementByGuidOrGlobalId) {
+    openSample();
+    filter(wall);
+    ASSERT_EQ(table().model()->rowCount(), 1);
+    EXPECT_EQ(shown(0, 3), wall);
+    press(window(), Qt::Key_A, Qt::ControlModifier);
+    filter(QString::fromStdString(model::toGlobalId(*desktop::guidFromText(wall))));
+    ASSERT_EQ(table().model()->rowCount(), 1);
+    EXPECT_EQ(shown(0, 3), wall);
+}
+
+TEST_F(Window, ClickOnAHeaderSortsAndKeepsTheSelectedElement) {
+    openSample();
+    filter(wall);
+    press(window(), Qt::Key_Return);
+    press(window(), Qt::Key_F, Qt::ControlModifier);
+    press(window(), Qt::Key_Escape);
+    const auto chosen = window().elements().current();
+    ASSERT_TRUE(chosen.has_value());
+    QHeaderView* header = table().horizontalHeader();
+    clickAt(*header->viewport(), {header->sectionViewportPosition(1) + 10, header->height() / 2});
+    for (int row = 1; row < table().model()->rowCount(); ++row) {
+        EXPECT_LE(shown(row - 1, 1).toCaseFolded(), shown(row, 1).toCaseFolded()) << row;
+    }
+    EXPECT_EQ(window().elements().current(), chosen);
+    EXPECT_EQ(shown(table().currentIndex().row(), 3), wall);
+}
+
+TEST_F(Window, SelectedElementsDataIsShownAndItsGuidCopied) {
+    openSample();
+    filter(wall);
+    press(window(), Qt::Key_Down);
+    EXPECT_EQ(inspected(QStringLiteral("FireRating")), QStringLiteral("F 90-AB"));
+    EXPECT_EQ(inspected(QStringLiteral("Class")).left(7), QStringLiteral("IfcWall"));
+    EXPECT_THAT(inspected(QStringLiteral("UniFormat Classification")).toStdString(), HasSubstr("B2010"));
+    press(window(), Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), wall);
+}
+
+TEST_F(Window, AppliedNameIsInTableAndInspectorAtOnceAndGoneAfterUndo) {
+    openSample();
+    filter(wall);
+    press(window(), Qt::Key_Down);
+    const QString before = shown(0, 2);
+    change();
+    EXPECT_EQ(shown(0, 2), QStringLiteral("Changed wall"));
+    EXPECT_EQ(inspected(QStringLiteral("Name")), QStringLiteral("Changed wall"));
+    pick(QStringLiteral("Edit"), QStringLiteral("Undo"));
+    EXPECT_EQ(shown(0, 2), before);
+    EXPECT_EQ(inspected(QStringLiteral("Name")), before);
+}
+
+TEST_F(Window, MissingFileIsSaidWithItsNameAndLeavesTheOpenModel) {
+    openSample();
+    const auto text = answer(QStringLiteral("errorMessage"), QMessageBox::Ok);
+    EXPECT_FALSE(window().openFile(QStringLiteral("/nowhere/at-all.ifc")));
+    EXPECT_THAT(text->toStdString(), HasSubstr("at-all.ifc"));
+    EXPECT_TRUE(window().document().isOpen());
+}
+
+TEST_F(Window, FileThatIsNoModelIsRefusedWithAReason) {
+    const auto path = folder.write("letter.ifc", "Dear Sir or Madam\n");
+    const auto text = answer(QStringLiteral("errorMessage"), QMessageBox::Ok);
+    EXPECT_FALSE(window().openFile(desktop::pathText(path)));
+    EXPECT_THAT(text->toStdString(), HasSubstr("letter.ifc"));
+    EXPECT_GT(text->size(), 40);
+    EXPECT_FALSE(window().document().isOpen());
+}
+
+TEST_F(Window, DroppedFileOpens) {
+    const auto path = folder.write("dropped.ifc", bytesOf(std::string(PROJECT_DIR) + "/samples/house.ifc"));
+    drop(desktop::pathText(path));
+    EXPECT_SOON(window().document().path() == desktop::pathText(path));
+}
+
+TEST_F(Window, RecentFilesListTheLastOneFirstAndOpenIt) {
+    openSample();
+    const auto second = folder.write("second.ifc", bytesOf(model));
+    openFile(second);
+    EXPECT_EQ(desktop::RecentFiles::list(), (QStringList{desktop::pathText(second), desktop::pathText(model)}));
+    start();
+    menuItem(QStringLiteral("File"), QStringLiteral("Open Recent"))->menu()->aboutToShow();
+    menuItem(QStringLiteral("File"), QStringLiteral("Open Recent"))->menu()->actions().at(1)->trigger();
+    EXPECT_EQ(window().document().path(), desktop::pathText(model));
+}
+
+TEST_F(Window, CloseWithUnsavedChangesCanBeCancelled) {
+    openSample();
+    change();
+    const auto text = answer(QStringLiteral("unsavedQuestion"), QMessageBox::Cancel);
+    window().close();
+    EXPECT_THAT(text->toStdString(), HasSubstr("house.ifc"));
+    EXPECT_TRUE(window().isVisible());
+    EXPECT_TRUE(window().document().modified());
+}
+
+TEST_F(Window, CloseWithUnsavedChangesCanDropThem) {
+    openSample();
+    const std::string before = bytesOf(model);
+    change();
+    answer(QStringLiteral("unsavedQuestion"), QMessageBox::Discard);
+    window().close();
+    EXPECT_FALSE(window().isVisible());
+    EXPECT_EQ(bytesOf(model), before);
+}
+
+TEST_F(Window, CloseWithUnsavedChangesCanSaveThem) {
+    openSample();
+    change();
+    answer(QStringLiteral("unsavedQuestion"), QMessageBox::Save);
+    window().close();
+    EXPECT_FALSE(window().isVisible());
+    EXPECT_THAT(bytesOf(model), HasSubstr("'Changed wall'"));
+}
+
+TEST_F(Window, OpeningAnotherModelAsksAboutUnsavedChangesToo) {
+    openSample();
+    change();
+    answer(QStringLiteral("unsavedQuestion"), QMessageBox::Cancel);
+    EXPECT_FALSE(window().openFile(desktop::pathText(model)));
+    EXPECT_TRUE(window().document().modified());
+}
+
+TEST_F(Window, SaveAsWritesTheNewFileAndLeavesTheOldOne) {
+    openSample();
+    const std::string before = bytesOf(model);
+    change();
+    whenShown<QFileDialog>(QStringLiteral("saveDialog"), [this](QFileDialog& dialog) {
+        auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        name->setFocus();
+        name->selectAll();
+        type(dialog, desktop::pathText(folder.path() / "other"));
+        press(dialog, Qt::Key_Return);
+    });
+    press(window(), Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_THAT(bytesOf(folder.path() / "other.ifc"), HasSubstr("'Changed wall'"));
+    EXPECT_EQ(bytesOf(model), before);
+    EXPECT_THAT(window().windowTitle().toStdString(), HasSubstr("other.ifc"));
+    EXPECT_FALSE(window().isWindowModified());
+}
+
+TEST_F(Window, SaveIntoAMissingFolderIsRefusedAndTheModelStaysUnsaved) {
+    openSample();
+    change();
+    std::filesystem::remove_all(folder.path());
+    const auto text = answer(QStringLiteral("errorMessage"), QMessageBox::Ok);
+    EXPECT_FALSE(window().fileMenu().save());
+    EXPECT_THAT(text->toStdString(), HasSubstr("house.ifc could not be saved"));
+    EXPECT_TRUE(window().document().modified());
+}
+
+TEST_F(Window, AddOnsMenuHasItsTextsAndItsPromptsInTheStatusBar) {
+    openSample();
+    QAction* item = menuItem(QStringLiteral("Quillmarsh"), QStringLiteral("Look Up Element"));
+    ASSERT_NE(item, nullptr);
+    EXPECT_EQ(item->statusTip(),
+              QStringLiteral("Show the IFC attributes, properties and classifications of one element"));
+    const auto titles = window().menuBar()->actions();
+    const auto title = std::find_if(titles.begin(), titles.end(),
+                                    [](QAction* it) { return it->text() == QStringLiteral("Quillmarsh"); });
+    ASSERT_NE(title, titles.end());
+    clickAt(*window().menuBar(), window().menuBar()->actionGeometry(*title).center());
+    press(*(*title)->menu(), Qt::Key_Down);
+    press(*(*title)->menu(), Qt::Key_Down);
+    EXPECT_EQ(window().statusBar()->currentMessage(), item->statusTip());
+    press(*(*title)->menu(), Qt::Key_Escape);
+}
+
+TEST_F(Window, AddOnsItemsWaitForAModel) {
+    EXPECT_FALSE(menuItem(QStringLiteral("Quillmarsh"), QStringLiteral("Import"))->isEnabled());
+    openSample();
+    EXPECT_TRUE(menuItem(QStringLiteral("Quillmarsh"), QStringLiteral("Import"))->isEnabled());
+}
+
+TEST_F(Window, HelpOpensTheFolderThatHoldsTheAddOn) {
+    QString opened;
+    window().helpMenu().openFolder = [&](const QString& path) {
+        opened = path;
+        return true;
+    };
+    menuItem(QStringLiteral("Help"), QStringLiteral("Add-On Help"))->trigger();
+    EXPECT_EQ(QDir(opened).canonicalPath(), QDir(QStringLiteral(BINARY_DIR)).canonicalPath());
+}
+
+TEST_F(Window, AboutNamesTheAddOn) {
+    const auto text = answer(QStringLiteral("aboutMessage"), QMessageBox::Ok);
+    menuItem(QStringLiteral("Help"), QStringLiteral("About"))->trigger();
+    EXPECT_THAT(text->toStdString(), HasSubstr("Quillmarsh Updates"));
+}
+
+TEST_F(Window, DebugOutputShowsOnDemandWhatTheAddOnPrinted) {
+    EXPECT_FALSE(window().debug().isVisible());
+    pick(QStringLiteral("View"), QStringLiteral("Debug Output"));
+    EXPECT_TRUE(window().debug().isVisible());
+    EXPECT_THAT(window().debug().text().toStdString(), HasSubstr("ZUNACAddon:: Additional Help at:"));
+}
+
+TEST_F(Window, AddOnThatCannotRunIsSaidInAMessageAndInTheReport) {
+    main.reset();
+    main = std::make_unique<desktop::MainWindow>();
+    main->show();
+    const auto text = answer(QStringLiteral("addOnMessage"), QMessageBox::Ok);
+    EXPECT_FALSE(main->loadAddOn("/nowhere/Nothing.bundle"));
+    EXPECT_THAT(main->report().lines().join(u'\n').toStdString(), HasSubstr("/nowhere/Nothing.bundle"));
+    EXPECT_SOON(!text->isEmpty());
+}
+
+TEST_F(Window, NumbersKeepTheirPointInEveryLocale) {
+    ASSERT_STREQ(std::getenv("LC_NUMERIC"), "de_DE.UTF-8") << "the locale to withstand";
+    EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
+    char text[16];
+    std::snprintf(text, sizeof text, "%.1f", 0.5);
+    EXPECT_STREQ(text, "0.5");
+}
+
+TEST_F(Window, EveryControlHasAnAccessibleName) {
+    openSample();
+    for (const QWidget* widget : window().findChildren<QWidget*>()) {
+        if (!widget->isVisible() || widget->focusPolicy() == Qt::NoFocus) continue;
+        if (widget->objectName().startsWith(QStringLiteral("qt_"))) continue;
+        QAccessibleInterface* control = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(widget));
+        ASSERT_NE(control, nullptr);
+        EXPECT_FALSE(control->text(QAccessible::Name).isEmpty())
+            << widget->metaObject()->className() << ' ' << widget->objectName().toStdString();
+    }
+}
+
+}  // namespace desktop_tests
