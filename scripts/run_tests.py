@@ -4,9 +4,9 @@
 usage: run_tests.py BUILD [TEXT]         TEXT: only the tests whose name holds it
        run_tests.py --script FILE OUT [TEXT]   (its own: one test script in a process of its own)
 
-A test program is an executable in BUILD/tests, a test script tests/*/test_*.py with unittest cases. Both find the
-project's folder, the built programs and the real models in the environment: PROJECT_DIR, BINARY_DIR, MODELS_DIR. A
-program that crashes, or says nothing about its tests, counts as one failed test.
+A test program is BUILD/tests/*_tests (GoogleTest), a test script tests/*/test_*.py (unittest). Both find the project's
+folder, the built programs and the real models in the environment: PROJECT_DIR, BINARY_DIR, MODELS_DIR. A program that
+crashes, or says nothing about its tests, counts as one failed test.
 """
 
 import concurrent.futures
@@ -112,8 +112,7 @@ def cases(suite):
 
 
 def main(build, text):
-    programs = [p for p in sorted((build / "tests").iterdir()) if p.is_file() and os.access(p, os.X_OK)]
-    tests = programs + sorted(PROJECT.glob("tests/*/test_*.py"))
+    tests = [*sorted(PROJECT.glob("tests/*/test_*.py")), *sorted((build / "tests").glob("*_tests"))]
     total = Outcome()
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         waiting = {pool.submit(run, test, build, text): test for test in tests}

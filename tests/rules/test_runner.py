@@ -1,7 +1,7 @@
 """The script that counts the tests: what fails, crashes or is left out must show in its last line."""
 
 import json
-import os
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -28,17 +28,19 @@ sys.exit({status})
 
 
 class Runner(unittest.TestCase):
-    def run_on(self, text="no script has this in its name", **programs):
-        """(exit status, last line)"""
+    def run_on(self, **programs):
+        """Runs the script in a project that has nothing but these programs. @return (exit status, last line)"""
         with tempfile.TemporaryDirectory() as name:
-            folder = Path(name) / "tests"
-            folder.mkdir()
+            script = Path(name) / "scripts/run_tests.py"
+            script.parent.mkdir()
+            shutil.copy(PROJECT / "scripts/run_tests.py", script)
+            folder = Path(name) / "build/tests"
+            folder.mkdir(parents=True)
             for program_name, content in programs.items():
-                path = folder / program_name
+                path = folder / f"{program_name}_tests"
                 path.write_text(content, encoding="utf-8")
                 path.chmod(0o755)
-            done = subprocess.run([sys.executable, PROJECT / "scripts/run_tests.py", name, text], capture_output=True,
-                                  text=True, env=dict(os.environ, PYTHONDONTWRITEBYTECODE="1"))
+            done = subprocess.run([sys.executable, script, folder.parent], capture_output=True, text=True)
         return done.returncode, done.stdout.splitlines()[-1]
 
     def test_counts_the_cases_of_all_programs(self):

@@ -5,8 +5,8 @@ import re
 # A string, a comment, or the end of an instance.
 LANDMARK = re.compile(rb"'(?:[^']|'')*'|/\*.*?\*/|;", re.DOTALL)
 COMMENT = re.compile(rb"/\*.*?\*/", re.DOTALL)
-UPDATABLE = re.compile(rb"\s*#\d+\s*=\s*(IFCPROPERTYSINGLEVALUE|IFCCLASSIFICATIONREFERENCE|\w+\s*\(\s*'[0-3][\w$]{21}')",
-                       re.IGNORECASE)
+UPDATABLE = re.compile(
+    rb"\s*#\d+\s*=\s*(IFCPROPERTYSINGLEVALUE|IFCCLASSIFICATIONREFERENCE|\w+\s*\(\s*'[0-3][\w$]{21}')", re.IGNORECASE)
 INSTANCE = re.compile(rb"\s*#0*(\d+)\s*=")
 
 

@@ -43,8 +43,7 @@ def classification_entry(relation):
 
 
 class Snapshot:
-    """By instance id, for every object, type and relation: its attributes; for objects and types also the properties and
-    classification references."""
+    """By instance id, for every object and type: its attributes, properties and classification references."""
 
     def __init__(self, path):
         self.file = ifcopenshell.open(str(path))
