@@ -44,11 +44,11 @@ INSTANTIATE_TEST_SUITE_P(
         Token{"#0012", ValueKind::Reference}, Token{"()", ValueKind::Aggregate}, Token{"(1,2)", ValueKind::Aggregate},
         Token{"((1),('a)'),())", ValueKind::Aggregate}, Token{"IFCLABEL('x')", ValueKind::Typed},
         Token{"IfcLabel ( 'x' )", ValueKind::Typed}, Token{"!MINE(1)", ValueKind::Typed},
-        Token{"A(B(.T.))", ValueKind::Typed}, Token{"abc", ValueKind::Malformed},
-        Token{"1.#IND", ValueKind::Malformed}, Token{"1.E", ValueKind::Malformed}, Token{"-", ValueKind::Malformed},
-        Token{".T", ValueKind::Malformed}, Token{"..", ValueKind::Malformed}, Token{"\"0X\"", ValueKind::Malformed},
-        Token{"#", ValueKind::Malformed}, Token{"#PI", ValueKind::Malformed}, Token{"@3", ValueKind::Malformed},
-        Token{"1 2", ValueKind::Malformed}, Token{"#1#2", ValueKind::Malformed}, Token{"$$", ValueKind::Malformed},
+        Token{"A(B(.T.))", ValueKind::Typed}, Token{"abc", ValueKind::Malformed}, Token{"1.#IND", ValueKind::Malformed},
+        Token{"1.E", ValueKind::Malformed}, Token{"-", ValueKind::Malformed}, Token{".T", ValueKind::Malformed},
+        Token{"..", ValueKind::Malformed}, Token{"\"0X\"", ValueKind::Malformed}, Token{"#", ValueKind::Malformed},
+        Token{"#PI", ValueKind::Malformed}, Token{"@3", ValueKind::Malformed}, Token{"1 2", ValueKind::Malformed},
+        Token{"#1#2", ValueKind::Malformed}, Token{"$$", ValueKind::Malformed},
         Token{"IFCLABEL 'x'", ValueKind::Malformed}, Token{"a(1)b", ValueKind::Malformed}));
 
 TEST(SplitInstance, TellsTheParts) {

@@ -6,7 +6,10 @@
 #include <zip.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <cstring>
 #include <memory>
+#include <new>
 #include <vector>
 
 namespace model::step {
@@ -47,9 +50,20 @@ Error unwritable(const std::string& reason) {
     return {ErrorKind::CannotWrite, "packing the model failed: " + reason};
 }
 
-/// A source of bytes in memory which is written to as well. Holds one reference; opening an archive takes another.
+/// A source of bytes in memory, to read from. Holds one reference; opening an archive takes another.
 SourceHandle memorySource(std::string_view bytes, ZipError& error) {
     return SourceHandle(zip_source_buffer_create(bytes.data(), bytes.size(), 0, &error.value));
+}
+
+/// The same to write to. It gets a copy of its own: libzip 1.7 keeps the beginning of an archive that does not change,
+/// and in the end frees that whoever it belongs to.
+SourceHandle writableSource(std::string_view bytes, ZipError& error) {
+    void* copy = bytes.empty() ? nullptr : std::malloc(bytes.size());
+    if (copy == nullptr && !bytes.empty()) throw std::bad_alloc();
+    if (copy != nullptr) std::memcpy(copy, bytes.data(), bytes.size());
+    zip_source_t* source = zip_source_buffer_create(copy, bytes.size(), 1, &error.value);
+    if (source == nullptr) std::free(copy);
+    return SourceHandle(source);
 }
 
 ArchiveHandle openArchive(zip_source_t* source, int flags, ZipError& error) {
@@ -175,7 +189,7 @@ Result<std::string> writeArchive(std::string_view archive, const ModelEntry& ent
                                  std::span<const std::string_view> model, const Progress& progress) {
     ZipError error;
     const bool isNew = archive.empty();
-    const SourceHandle source = memorySource(archive, error);
+    const SourceHandle source = writableSource(archive, error);
     ArchiveHandle opened = source ? openArchive(source.get(), isNew ? ZIP_CREATE | ZIP_TRUNCATE : 0, error) : nullptr;
     if (opened == nullptr) return unwritable(error.text());
     PackingProgress packing{Throttle(progress)};

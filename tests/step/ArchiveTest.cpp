@@ -1,0 +1,197 @@
+// Models in .ifczip archives.
+
+#include "step/StepText.hpp"
+#include "support/TempFolder.hpp"
+
+#include <zip.h>
+
+#include <fstream>
+#include <map>
+
+namespace step_tests {
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::HasSubstr;
+using testing_support::bytesOf;
+using testing_support::TempFolder;
+
+const std::string before = fileOf("#1=A(1);\n");
+const std::string after = fileOf("#1=A(2);\n");
+
+struct Entry {
+    std::string name;
+    std::string bytes;
+    int method = ZIP_CM_DEFLATE;
+};
+
+class Archives : public ::testing::Test {
+protected:
+    fs::path archive(const std::string& name, const std::vector<Entry>& entries) {
+        const fs::path path = folder.path() / name;
+        zip_t* zip = zip_open(path.c_str(), ZIP_CREATE | ZIP_TRUNCATE, nullptr);
+        for (const Entry& entry : entries) {
+            zip_source_t* source = zip_source_buffer(zip, entry.bytes.data(), entry.bytes.size(), 0);
+            const zip_int64_t at = zip_file_add(zip, entry.name.c_str(), source, 0);
+            EXPECT_GE(at, 0);
+            zip_set_file_compression(zip, static_cast<zip_uint64_t>(at), entry.method, 0);
+            zip_file_set_mtime(zip, static_cast<zip_uint64_t>(at), 1'000'000'000, 0);
+        }
+        EXPECT_EQ(zip_close(zip), 0);
+        return path;
+    }
+
+    static std::vector<Entry> entries(const fs::path& path) {
+        std::vector<Entry> found;
+        zip_t* zip = zip_open(path.c_str(), ZIP_RDONLY | ZIP_CHECKCONS, nullptr);
+        if (zip == nullptr) throw std::runtime_error("no archive: " + path.string());
+        for (zip_int64_t i = 0; i < zip_get_num_entries(zip, 0); ++i) {
+            zip_stat_t stat{};
+            zip_stat_index(zip, static_cast<zip_uint64_t>(i), 0, &stat);
+            std::string bytes(stat.size, '\0');
+            zip_file_t* file = zip_fopen_index(zip, static_cast<zip_uint64_t>(i), 0);
+            EXPECT_EQ(zip_fread(file, bytes.data(), bytes.size()), static_cast<zip_int64_t>(bytes.size()));
+            zip_fclose(file);
+            found.push_back({stat.name, bytes, stat.comp_method});
+        }
+        zip_close(zip);
+        return found;
+    }
+
+    static std::unique_ptr<StepFile> open(const fs::path& path) {
+        auto file = StepFile::open(path);
+        if (!file) throw std::runtime_error(file.error().message);
+        return std::move(*file);
+    }
+
+    static void edit(StepFile& file) {
+        ASSERT_TRUE(file.begin());
+        ASSERT_TRUE(file.replaceValue(0, argument(file, 1, 0), "2"));
+        ASSERT_TRUE(file.commit("Edit"));
+    }
+
+    std::string openingError(const fs::path& path) {
+        const auto file = StepFile::open(path);
+        if (file) return "it was opened";
+        EXPECT_EQ(file.error().kind, ErrorKind::CannotRead);
+        EXPECT_THAT(file.error().message, HasSubstr(path.string()));
+        return file.error().message;
+    }
+
+    TempFolder folder;
+};
+
+TEST_F(Archives, OpenTheOneModelInThem) {
+    for (const char* name : {"house.ifc", "HOUSE.IFC", "a/b/house.ifc", "../../etc/house.ifc"}) {
+        const auto file = open(archive("a.ifczip", {{"readme.txt", "hello"}, {name, before}}));
+        EXPECT_EQ(file->bytes(), before) << name;
+        EXPECT_EQ(file->byteCount(), before.size());
+    }
+}
+
+TEST_F(Archives, UneditedAreSavedByteForByte) {
+    const fs::path path = archive("a.ifczip", {{"readme.txt", "hello"}, {"house.ifc", before}});
+    const std::string bytes = bytesOf(path);
+    const auto file = open(path);
+    ASSERT_TRUE(file->save(folder.path() / "b.ifczip"));
+    EXPECT_EQ(bytesOf(folder.path() / "b.ifczip"), bytes);
+    edit(*file);
+    ASSERT_TRUE(file->undo());
+    ASSERT_TRUE(file->save(path));
+    EXPECT_EQ(bytesOf(path), bytes);
+}
+
+TEST_F(Archives, EditedKeepTheirOtherEntries) {
+    const std::string picture(5000, 'p');
+    for (const int method : {ZIP_CM_STORE, ZIP_CM_DEFLATE}) {
+        const fs::path path = archive(
+            "a.ifczip", {{"a.png", picture, ZIP_CM_STORE}, {"x/house.ifc", before, method}, {"z.txt", "hello"}});
+        const auto file = open(path);
+        edit(*file);
+        const Status saved = file->save(path);
+        ASSERT_TRUE(saved) << saved.error().message;
+        const auto now = entries(path);
+        ASSERT_EQ(now.size(), 3U);
+        EXPECT_EQ(now[0].bytes, picture);
+        EXPECT_EQ(now[0].method, ZIP_CM_STORE);
+        EXPECT_EQ(now[1].name, "x/house.ifc");
+        EXPECT_EQ(now[1].bytes, after);
+        EXPECT_EQ(now[1].method, method);
+        EXPECT_EQ(now[2].bytes, "hello");
+    }
+}
+
+TEST_F(Archives, OfTheSameEditsHaveTheSameBytes) {
+    const fs::path path = archive("a.ifczip", {{"house.ifc", before}});
+    for (const char* name : {"b.ifczip", "c.ifczip"}) {
+        const auto file = open(path);
+        edit(*file);
+        ASSERT_TRUE(file->save(folder.path() / name));
+    }
+    EXPECT_EQ(bytesOf(folder.path() / "b.ifczip"), bytesOf(folder.path() / "c.ifczip"));
+}
+
+TEST_F(Archives, AreMadeAndUnpackedByTheTargetsName) {
+    const auto plain = open(folder.write("house.ifc", before));
+    edit(*plain);
+    ASSERT_TRUE(plain->save(folder.path() / "villa.IfcZip"));
+    const auto made = entries(folder.path() / "villa.IfcZip");
+    ASSERT_EQ(made.size(), 1U);
+    EXPECT_EQ(made[0].name, "villa.ifc");
+    EXPECT_EQ(made[0].bytes, after);
+    const auto packed = open(folder.path() / "villa.IfcZip");
+    ASSERT_TRUE(packed->save(folder.path() / "back.ifc"));
+    EXPECT_EQ(bytesOf(folder.path() / "back.ifc"), after);
+}
+
+TEST_F(Archives, StayArchivesWhateverTheyAreNamed) {
+    const fs::path path = archive("misnamed.ifc", {{"house.ifc", before}});
+    const auto file = open(path);
+    edit(*file);
+    ASSERT_TRUE(file->save(path));
+    EXPECT_EQ(entries(path).at(0).bytes, after);
+}
+
+TEST_F(Archives, OverwrittenByOthersAreStillSavedWhole) {
+    const fs::path path = archive("a.ifczip", {{"z.txt", "hello"}, {"house.ifc", before}});
+    const auto file = open(path);
+    edit(*file);
+    fs::resize_file(path, 0);
+    ASSERT_TRUE(file->save(folder.path() / "b.ifczip"));
+    EXPECT_EQ(entries(folder.path() / "b.ifczip").at(0).bytes, "hello");
+}
+
+TEST_F(Archives, WithoutExactlyOneModelAreRefused) {
+    EXPECT_THAT(openingError(archive("a.ifczip", {{"readme.txt", "hello"}})), HasSubstr("no .ifc file"));
+    EXPECT_THAT(openingError(archive("b.ifczip", {{"a.ifc", before}, {"b.ifc", before}})), HasSubstr("several"));
+    EXPECT_THAT(openingError(archive("c.ifczip", {{".ifc", before}})), HasSubstr("no .ifc file"));
+    EXPECT_THAT(openingError(archive("d.ifczip", {{"a.ifc", "hello"}})), HasSubstr("ISO-10303-21"));
+}
+
+TEST_F(Archives, ThatAreDamagedAreRefused) {
+    const fs::path path = archive("a.ifczip", {{"house.ifc", before, ZIP_CM_STORE}});
+    std::string bytes = bytesOf(path);
+    const std::size_t wall = bytes.find("#1=A(1)");
+    std::string flipped = bytes;
+    flipped[wall + 5] = '7';
+    EXPECT_THAT(openingError(folder.write("flipped.ifczip", flipped)), HasSubstr("damaged"));
+    EXPECT_THAT(openingError(folder.write("cut.ifczip", bytes.substr(0, bytes.size() / 2))), HasSubstr("damaged"));
+    EXPECT_THAT(openingError(folder.write("start.ifczip", bytes.substr(0, 4))), HasSubstr("damaged"));
+}
+
+TEST_F(Archives, ThatWouldFillTheMemoryAreRefused) {
+    const fs::path bomb = archive("bomb.ifczip", {{"house.ifc", before + std::string(std::size_t{200} << 20U, ' ')}});
+    EXPECT_LT(fs::file_size(bomb), 1000000U);
+    EXPECT_THAT(openingError(bomb), HasSubstr("no model does"));
+}
+
+TEST_F(Archives, EncryptedAreRefused) {
+    const fs::path path = archive("a.ifczip", {{"house.ifc", before}});
+    zip_t* zip = zip_open(path.c_str(), 0, nullptr);
+    ASSERT_EQ(zip_file_set_encryption(zip, 0, ZIP_EM_AES_256, "secret"), 0);
+    ASSERT_EQ(zip_close(zip), 0);
+    EXPECT_THAT(openingError(path), HasSubstr("encrypted"));
+}
+
+}  // namespace
+}  // namespace step_tests

@@ -1,0 +1,81 @@
+#include "step/FaultyDisk.hpp"
+
+#include <memory>
+#include <thread>
+
+namespace step_tests {
+
+using model::step::FileState;
+using model::step::TemporaryFile;
+namespace fs = std::filesystem;
+
+class FakeTemporaryFile final : public TemporaryFile {
+public:
+    explicit FakeTemporaryFile(FaultyDisk& owner) : disk(owner) { ++disk.temporaries; }
+    ~FakeTemporaryFile() override {
+        if (!replaced) --disk.temporaries;
+    }
+
+    std::error_code write(std::span<const std::string_view> pieces) override {
+        const std::error_code error = disk.step("write");
+        std::this_thread::sleep_for(disk.slowness);
+        for (const std::string_view piece : pieces) bytes += piece;
+        // A disk that gets full has taken the first part.
+        if (error) bytes.resize(bytes.size() / 2);
+        return error;
+    }
+    std::error_code takeOver(const FileState&, const fs::path&) override { return disk.step("takeOver"); }
+    std::error_code sync() override { return disk.step("sync"); }
+    std::error_code replace(const fs::path& target) override {
+        if (const std::error_code error = disk.step("replace")) return error;
+        disk.put(target.string(), bytes);
+        replaced = true;
+        --disk.temporaries;
+        return {};
+    }
+
+private:
+    FaultyDisk& disk;
+    std::string bytes;
+    bool replaced = false;
+};
+
+void FaultyDisk::put(const std::string& path, const std::string& bytes) {
+    files[path] = bytes;
+    times[path] = ++clock;
+}
+
+std::error_code FaultyDisk::step(const char* name) {
+    calls.emplace_back(name);
+    if (calls.size() == intruding)
+        for (auto& [path, bytes] : files) put(path, "written by somebody else");
+    return calls.size() - 1 == failing ? failure : std::error_code();
+}
+
+std::error_code FaultyDisk::resolve(const fs::path& path, fs::path& target) {
+    target = path;
+    return step("resolve");
+}
+
+std::error_code FaultyDisk::state(const fs::path& path, FileState& state) {
+    state = {};
+    if (const std::error_code error = step("state")) return error;
+    const auto file = files.find(path.string());
+    if (file == files.end()) return {};
+    state.exists = state.regular = state.writable = true;
+    state.size = file->second.size();
+    state.modified = times[path.string()];
+    return {};
+}
+
+std::error_code FaultyDisk::createTemporary(const fs::path&, std::unique_ptr<TemporaryFile>& file) {
+    if (const std::error_code error = step("create")) return error;
+    file = std::make_unique<FakeTemporaryFile>(*this);
+    return {};
+}
+
+std::error_code FaultyDisk::syncFolder(const fs::path&) {
+    return step("syncFolder");
+}
+
+}  // namespace step_tests
