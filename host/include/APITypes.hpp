@@ -120,8 +120,7 @@ struct API_Elem_Head {
     API_ElemTypeID typeID;
     UInt32 reserved;
     API_Guid guid;
-    Int16 floorInd;  ///< Storey, counted from the lowest: 0.
-    unsigned char reserved2[86];
+    unsigned char reserved2[88];
 };
 static_assert(sizeof(API_Elem_Head) == 112);
 

@@ -25,7 +25,6 @@ std::string nameOf(const API_Guid& guid) {
 
 void Session::replaceModel(std::unique_ptr<model::Model> replacement) {
     records.clear();
-    storeys.clear();
     plan.clear();
     model = std::move(replacement);
 }

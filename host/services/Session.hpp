@@ -9,7 +9,6 @@
 #include "services/PlanIndex.hpp"
 #include "services/RecordCache.hpp"
 #include "services/Report.hpp"
-#include "services/Storeys.hpp"
 
 #include <array>
 #include <memory>
@@ -30,7 +29,6 @@ struct Session {
 
     // What is known of the model beside the model; gone with it.
     RecordCaches records;
-    Storeys storeys;
     PlanIndex plan;
 
     bool busy() const { return addOn && addOn->busy(); }

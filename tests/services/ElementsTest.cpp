@@ -22,14 +22,13 @@ void* asParameter(API_ElemTypeID type) {
     return reinterpret_cast<void*>(std::intptr_t{type});
 }
 
-TEST_F(ElementFromGuid, HeaderTellsTypeAndStorey) {
+TEST_F(ElementFromGuid, HeaderTellsTheType) {
     probe();
     inCommand([&] {
         API_Element wall = elementOf(guidText(1));
         EXPECT_EQ(named(call<HostSlot::Element_Get>(&wall, UInt32{0})), "NoError");
         EXPECT_EQ(wall.header.typeID, 1);
         EXPECT_EQ(wall.header.guid, apiGuid(guidText(1)));
-        EXPECT_EQ(wall.header.floorInd, 1);
         EXPECT_EQ(wall.parentType, 0);
     });
 }
@@ -40,7 +39,6 @@ TEST_F(ElementFromGuid, HeaderAloneIsTheSame) {
         API_Elem_Head header = elementOf(guidText(1)).header;
         EXPECT_EQ(named(call<HostSlot::Element_GetHeader>(&header, UInt32{0})), "NoError");
         EXPECT_EQ(header.typeID, 1);
-        EXPECT_EQ(header.floorInd, 1);
     });
 }
 
@@ -77,7 +75,6 @@ TEST_F(ElementFromGuid, AnotherModelMeansOtherElements) {
         API_Element door = elementOf(guidText(1));
         EXPECT_EQ(named(call<HostSlot::Element_Get>(&door, UInt32{0})), "NoError");
         EXPECT_EQ(door.header.typeID, 5);
-        EXPECT_EQ(door.header.floorInd, 0);
     });
 }
 

@@ -10,9 +10,7 @@ namespace {
 GSErrCode fillHeader(API_Elem_Head& header) {
     model::Element element{};
     if (const GSErrCode unknown = findElement(header.guid, element); unknown != NoError) return unknown;
-    const model::Model& model = *session().model;
-    header.typeID = model.info(element).typeId;
-    header.floorInd = session().storeys.floorOf(model, element);
+    header.typeID = session().model->info(element).typeId;
     return NoError;
 }
 

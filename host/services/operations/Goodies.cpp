@@ -33,7 +33,6 @@ GSErrCode searchElement(const API_ElemSearchPars* search, API_Elem_Head* header)
     *header = {};
     header->typeID = info.typeId;
     std::memcpy(header->guid.bytes, info.guid.data(), sizeof header->guid.bytes);
-    header->floorInd = host.storeys.floorOf(*host.model, *found);
     return NoError;
 }
 
