@@ -2,6 +2,8 @@
 
 #include "model/ifc/InstanceScan.hpp"
 
+#include <algorithm>
+
 namespace model::ifc {
 
 namespace {
@@ -26,7 +28,9 @@ ElementEdit::ElementEdit(Workspace& workspace, Element edited)
 Status ElementEdit::check(Slot slot) const {
     const std::string name = referenceText(work.file.id(slot));
     step::Instance instance;
-    if (!work.file.read(slot, instance) || instance.complex) {
+    const bool readable = work.file.read(slot, instance) && !instance.complex;
+    const auto malformed = [](const step::Value& value) { return value.kind == step::ValueKind::Malformed; };
+    if (!readable || std::any_of(instance.arguments.begin(), instance.arguments.end(), malformed)) {
         return Error{ErrorKind::Refused, "instance " + name + " is not well formed"};
     }
     if (work.file.find(work.file.id(slot)) != slot) {
