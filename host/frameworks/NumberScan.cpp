@@ -52,11 +52,10 @@ private:
     std::u16string_view rest;
 };
 
-/// Skips a prefix of the base. "0x" without a digit behind it is the number 0.
+/// Skips a prefix of the base. "0x" without a digit behind it leaves none: it is the number 0.
 int skipBase(Cursor& cursor) {
     if (cursor.peek() != u'0') return 10;
-    const bool hexadecimal = (cursor.peek(1) == u'x' || cursor.peek(1) == u'X') && isDigit(cursor.peek(2), 16);
-    if (!hexadecimal) return 8;
+    if (cursor.peek(1) != u'x' && cursor.peek(1) != u'X') return 8;
     cursor.skip(2);
     return 16;
 }

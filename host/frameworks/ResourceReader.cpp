@@ -149,52 +149,55 @@ private:
         } else if (word == "dialog") {
             beginDialog(line);
         } else {
-            // What follows belongs to it, whatever was meant: it must not end up in the definition above.
-            leaveDefinition();
+            takeWhatFollows();
             throw Fault{"unknown definition '" + word + "'"};
         }
     }
 
-    void leaveDefinition() {
-        list = nullptr;
-        dialog = nullptr;
+    /// Lets texts and items go nowhere until a definition has proved good, so that a fault in one is reported once and
+    /// not again for every line of it.
+    void takeWhatFollows() {
+        spare = TextList();
+        spareDialog = DialogDefinition();
+        list = &spare;
+        dialog = &spareDialog;
     }
 
     void beginList(LineReader& line, TextListKind kind) {
-        leaveDefinition();
-        spare = TextList{kind, {}, {}, origin};
-        list = &spare;  // Until the line has proved good, so that a fault in it is reported once, not for every text.
+        takeWhatFollows();
+        TextList begun{kind, {}, {}, origin};
         const int number = line.number("the list's number", 1);
-        if (kind == TextListKind::Menu) spare.title = line.text("the menu's title");
+        if (kind == TextListKind::Menu) begun.title = line.text("the menu's title");
         line.end();
-        const auto [entry, isNew] = module.lists.try_emplace(number, spare);
+        const auto [entry, isNew] = module.lists.try_emplace(number, begun);
         if (!isNew) throw Fault{"the number is taken by the list of " + describe(entry->second.origin)};
         list = &entry->second;
+        dialog = nullptr;
     }
 
     void beginDialog(LineReader& line) {
-        leaveDefinition();
-        spareDialog = DialogDefinition();
-        spareDialog.origin = origin;
-        dialog = &spareDialog;
+        takeWhatFollows();
+        DialogDefinition begun;
+        begun.origin = origin;
         const int number = line.number("the dialog's number", 1);
-        spareDialog.title = line.text("the dialog's title");
+        begun.title = line.text("the dialog's title");
         line.keyword("size");
-        spareDialog.minimumWidth = spareDialog.width = line.number("the width", 1);
-        spareDialog.minimumHeight = spareDialog.height = line.number("the height", 1);
-        if (!line.atEnd()) readGrowth(line);
+        begun.minimumWidth = begun.width = line.number("the width", 1);
+        begun.minimumHeight = begun.height = line.number("the height", 1);
+        if (!line.atEnd()) readGrowth(line, begun);
         line.end();
-        const auto [entry, isNew] = module.dialogs.try_emplace(number, spareDialog);
+        const auto [entry, isNew] = module.dialogs.try_emplace(number, begun);
         if (!isNew) throw Fault{"the number is taken by the dialog of " + describe(entry->second.origin)};
         dialog = &entry->second;
+        list = nullptr;
     }
 
-    void readGrowth(LineReader& line) {
+    static void readGrowth(LineReader& line, DialogDefinition& target) {
         line.keyword("grow");
-        spareDialog.growable = true;
-        spareDialog.minimumWidth = line.number("the minimum width", 1);
-        spareDialog.minimumHeight = line.number("the minimum height", 1);
-        if (spareDialog.minimumWidth > spareDialog.width || spareDialog.minimumHeight > spareDialog.height)
+        target.growable = true;
+        target.minimumWidth = line.number("the minimum width", 1);
+        target.minimumHeight = line.number("the minimum height", 1);
+        if (target.minimumWidth > target.width || target.minimumHeight > target.height)
             throw Fault{"the minimum size exceeds the size"};
     }
 
@@ -219,7 +222,7 @@ private:
 
     ResourceModule& module;
     Origin origin;
-    // What the next lines belong to: at most one of the two.
+    // What the next texts and items belong to; null where they have no place.
     TextList* list = nullptr;
     DialogDefinition* dialog = nullptr;
     TextList spare;

@@ -109,12 +109,7 @@ UniString& UniString::Append(const UniString& tail) {
 
 UniString& UniString::Insert(UIndex at, const UniString& inserted) {
     const Int32 position = static_cast<Int32>(std::min(at, GetLength()));
-    if (&inserted == this) {
-        const icu::UnicodeString copy(text(storage));
-        text(storage).insert(position, copy);
-    } else {
-        text(storage).insert(position, text(inserted.storage));
-    }
+    text(storage).insert(position, text(inserted.storage));
     requireMemory(text(storage));
     return *this;
 }

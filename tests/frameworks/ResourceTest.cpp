@@ -228,9 +228,9 @@ TEST_F(ResourceTest, FaultInADialogsItemIsReported) {
 
 TEST_F(ResourceTest, EveryFaultIsReportedOnceAndItsFollowersAreNot) {
     define("a.res", "menu x \"Title\"\n\"first\"\n\"second\"\ndialog 0 \"Title\" size 1 1\nbutton 1 at 0 0 size 1 1\n");
-    define("b.res", "strings 5 5\n\"first\"\n");
+    define("b.res", "strings 5 5\n\"first\"\ndialgo 5\nbutton 1 at 0 0 size 1 1\nstring 6\n\"first\"\n");
     EXPECT_FALSE(open());
-    EXPECT_EQ(std::count(output.text.begin(), output.text.end(), '\n'), 3) << output.text;
+    EXPECT_EQ(std::count(output.text.begin(), output.text.end(), '\n'), 5) << output.text;
 }
 
 TEST_F(ResourceTest, WhatCannotBeReadIsRefused) {
