@@ -25,17 +25,6 @@ std::optional<std::u16string> fromRecord(const API_IFCOptionalText& record) {
     return record.present ? std::optional(units(record.text)) : std::nullopt;
 }
 
-API_IFCPropertyValue toRecord(const model::PropertyValue& value) {
-    API_IFCPropertyValue record;
-    record.valueType = narrow(value.type);
-    record.primitiveType = static_cast<Int32>(value.primitive);
-    record.integerValue = value.integer;
-    record.realValue = value.real;
-    record.booleanValue = value.boolean ? 1 : 0;
-    record.stringValue = GS::UniString(value.string);
-    return record;
-}
-
 model::PropertyValue fromRecord(const API_IFCPropertyValue& record) {
     model::PropertyValue value;
     value.type = utf8(record.valueType);
@@ -69,13 +58,19 @@ API_IFCAttribute toRecord(const model::Attribute& attribute) {
     return {narrow(attribute.name), GS::UniString(attribute.value)};
 }
 
-API_IFCProperty toRecord(const model::Property& property) {
+API_IFCProperty toRecord(const model::PropertyView& property) {
     API_IFCProperty record;
     record.head.propertySetName = GS::UniString(property.set);
     record.head.propertyName = GS::UniString(property.name);
     record.head.kind = static_cast<Int32>(property.kind);
     record.head.inherited = property.inherited;
-    record.singleValue.nominalValue = toRecord(property.value);
+    API_IFCPropertyValue& value = record.singleValue.nominalValue;
+    value.valueType = narrow(property.type);
+    value.primitiveType = static_cast<Int32>(property.primitive);
+    value.integerValue = property.integer;
+    value.realValue = property.real;
+    value.booleanValue = property.boolean ? 1 : 0;
+    value.stringValue = GS::UniString(property.string);
     return record;
 }
 

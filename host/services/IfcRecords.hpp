@@ -7,7 +7,7 @@
 namespace host {
 
 API_IFCAttribute toRecord(const model::Attribute& attribute);
-API_IFCProperty toRecord(const model::Property& property);
+API_IFCProperty toRecord(const model::PropertyView& property);
 API_IFCClassificationReference toRecord(const model::ClassificationReference& reference);
 
 /// @pre the kind and the primitive type of the record are known ones; see isKnown.

@@ -24,7 +24,6 @@ std::string nameOf(const API_Guid& guid) {
 }  // namespace
 
 void Session::replaceModel(std::unique_ptr<model::Model> replacement) {
-    records.clear();
     plan.clear();
     model = std::move(replacement);
 }

@@ -7,7 +7,6 @@
 #include "services/Host.hpp"
 #include "services/Menus.hpp"
 #include "services/PlanIndex.hpp"
-#include "services/RecordCache.hpp"
 #include "services/Report.hpp"
 
 #include <array>
@@ -28,7 +27,6 @@ struct Session {
     API_MenuParams menuParams{};
 
     // What is known of the model beside the model; gone with it.
-    RecordCaches records;
     PlanIndex plan;
 
     bool busy() const { return addOn && addOn->busy(); }

@@ -9,32 +9,28 @@ namespace host::services {
 
 namespace {
 
-/// The element's records, from the cache or read by `read` and converted.
+/// Room made beforehand: more than most elements have.
+constexpr USize ExpectedProperties = 64;
+
+/// Lets `read` fill a new array for the element; on an error the caller's array stays as it was.
 template <class Record, class Read>
-GSErrCode recordsOf(const API_Guid& guid, RecordCache<Record>& cache, Read read, const GS::Array<Record>*& records) {
+GSErrCode handOut(const API_Guid& guid, GS::Array<Record>* target, Read read) {
+    if (target == nullptr) return APIERR_BADPARS;
     model::Element element{};
     if (const GSErrCode unknown = findElement(guid, element); unknown != NoError) return unknown;
-    const model::Model& model = *session().model;
-    const std::uint64_t revision = model.revision();
-    records = cache.find(element, revision);
-    if (records != nullptr) return NoError;
-    const auto data = (model.*read)(element);
-    if (!data) return errorCode(data.error().kind);
-    GS::Array<Record> converted;
-    converted.SetCapacity(static_cast<USize>(data->size()));
-    for (const auto& item : *data) converted.Push(toRecord(item));
-    records = &cache.put(element, revision, std::move(converted));
+    GS::Array<Record> records;
+    const model::Status done = read(*session().model, element, records);
+    if (!done) return errorCode(done.error().kind);
+    *target = std::move(records);
     return NoError;
 }
 
-/// Hands a copy to the caller; on an error the caller's array stays as it was.
-template <class Record, class Read>
-GSErrCode handOut(const API_Guid& guid, RecordCache<Record>& cache, Read read, GS::Array<Record>* target) {
-    if (target == nullptr) return APIERR_BADPARS;
-    const GS::Array<Record>* records = nullptr;
-    const GSErrCode failed = recordsOf(guid, cache, read, records);
-    if (failed == NoError) *target = *records;
-    return failed;
+template <class Data, class Record>
+model::Status convert(const model::Result<std::vector<Data>>& data, GS::Array<Record>& records) {
+    if (!data) return data.error();
+    records.SetCapacity(static_cast<USize>(data->size()));
+    for (const Data& item : *data) records.Push(toRecord(item));
+    return {};
 }
 
 /// Finds the element and lets `set` write to it; a refusal goes into the report.
@@ -60,27 +56,27 @@ std::string designation(const API_IFCPropertyHead& head) {
 }  // namespace
 
 GSErrCode Element_GetIFCAttributes(void*, const API_Guid& guid, bool, GS::Array<API_IFCAttribute>* attributes) {
-    return handOut(guid, session().records.attributes, &model::Model::attributes, attributes);
+    return handOut(guid, attributes, [](const model::Model& model, model::Element element, auto& records) {
+        return convert(model.attributes(element), records);
+    });
 }
 
 GSErrCode Element_GetIFCProperties(void*, const API_Guid& guid, bool storedOnly,
                                    GS::Array<API_IFCProperty>* properties) {
-    auto& cache = session().records.properties;
-    if (!storedOnly) return handOut(guid, cache, &model::Model::properties, properties);
-    if (properties == nullptr) return APIERR_BADPARS;
-    const GS::Array<API_IFCProperty>* records = nullptr;
-    const GSErrCode failed = recordsOf(guid, cache, &model::Model::properties, records);
-    if (failed != NoError) return failed;
-    properties->Clear();
-    for (const API_IFCProperty& record : *records) {
-        if (!record.head.inherited) properties->Push(record);
-    }
-    return NoError;
+    return handOut(guid, properties, [&](const model::Model& model, model::Element element, auto& records) {
+        records.SetCapacity(ExpectedProperties);
+        model.visitProperties(element, [&](const model::PropertyView& property) {
+            if (!storedOnly || !property.inherited) records.Push(toRecord(property));
+        });
+        return model::Status{};
+    });
 }
 
 GSErrCode Element_GetIFCClassificationReferences(void*, const API_Guid& guid, bool,
                                                  GS::Array<API_IFCClassificationReference>* references) {
-    return handOut(guid, session().records.classifications, &model::Model::classifications, references);
+    return handOut(guid, references, [](const model::Model& model, model::Element element, auto& records) {
+        return convert(model.classifications(element), records);
+    });
 }
 
 GSErrCode Element_SetIFCAttribute(void*, const API_Guid& guid, const API_IFCAttribute& attribute) {
