@@ -46,8 +46,11 @@ CLI::App& addCommand(CLI::App& app, const char* name, const char* description, C
     addPath(command, "--addon", common.addOn, "add-on to load; default: the bundle beside this program")
         ->type_name("BUNDLE");
     command.add_flag("--debug", common.debug, "the add-on's debug output, on standard error");
-    command.add_flag("--force", common.force, "save even where another program changed the file since it was opened");
     return command;
+}
+
+void addForce(CLI::App& command, CommonOptions& common) {
+    command.add_flag("--force", common.force, "save even over a file that another program changed meanwhile");
 }
 
 void addFilter(CLI::App& command, std::string& type, std::string& ifcClass) {
@@ -68,6 +71,7 @@ void addImport(CLI::App& app, Words& words) {
     command.add_flag("--apply", words.import.apply, "apply the ticked rows; without it nothing is changed");
     command.add_option("-o,--output", words.output, "save the changed model here")->type_name("OUT.ifc");
     command.add_flag("--in-place", words.import.inPlace, "save the changed model over MODEL");
+    addForce(command, words.import.common);
     command.footer(
         "Exit status: 0 done, 1 wrong usage or a file that cannot be read or written, 2 a ticked row ended in error.\n"
         "Example: modelhost import house.ifc updates.txt --tick 1,4-9 --apply -o changed.ifc");
@@ -109,6 +113,7 @@ void addScript(CLI::App& app, Words& words) {
     addPath(command, "STEPS", words.script.steps, "one JSON object a line; - reads standard input")
         ->required()
         ->type_name("");
+    addForce(command, words.script.common);
     command.footer("Steps: docs/scripting.md. Example: {\"menu\":1} {\"file\":\"updates.txt\"} {\"click\":3}");
 }
 
@@ -171,7 +176,7 @@ std::optional<Command> parseCommandLine(int argc, const char* const* argv) {
         print(std::string(version.what()) + "\n");
         return std::nullopt;
     } catch (const CLI::CallForHelp&) {
-        print(app.get_subcommands().empty() ? app.help() : app.get_subcommands().front()->help());
+        print(app.get_subcommands().empty() ? app.help() : app.get_subcommands().front()->help("modelhost"));
         return std::nullopt;
     } catch (const CLI::ParseError& error) {
         throw Failure(fmt::format("{}; see {}", error.what(), usage(app)));

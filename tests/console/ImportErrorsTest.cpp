@@ -47,6 +47,10 @@ TEST_F(ImportErrors, AnUnreadableUpdateFileIsNamed) {
     expectError(run({"import", "house.ifc", "updates.txt"}), {"updates.txt", "Permission denied"});
 }
 
+TEST_F(ImportErrors, AnUpdateFileWhoseReadingFailsIsNamed) {
+    expectError(run({"import", "house.ifc", "/proc/self/mem"}), {"/proc/self/mem", "Input/output error"});
+}
+
 struct BadModel {
     const char* what;
     std::string bytes;

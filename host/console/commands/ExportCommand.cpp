@@ -99,6 +99,9 @@ ExitStatus runExport(const ExportOptions& options) {
     lines.finish();
     if (options.common.format == Format::Json) printAsJson(lines, exporter, options);
     sayWhatIsMissing(exporter);
+    if (exporter.lineCount() > DG_LIST_MAX_ROWS)
+        say(fmt::format("{} are more than one import can show, which is {}; split them, for example with 'split -l {}'",
+                        counted(exporter.lineCount(), "line"), DG_LIST_MAX_ROWS, DG_LIST_MAX_ROWS));
     if (options.output)
         say(fmt::format("{} written to {}", counted(exporter.lineCount(), "line"), options.output->string()));
     return ExitStatus::Done;
