@@ -28,6 +28,7 @@ protected:
         EXPECT_SOON(geometryRead());
     }
     bool geometryRead() { return window().plan().view()->complete(); }
+    QComboBox& choice() { return *window().plan().storeyChoice(); }
     desktop::PlanView& view() { return *window().plan().view(); }
     model::Element element(const QString& guid) {
         return *window().document().model()->find(*desktop::guidFromText(guid));
@@ -51,13 +52,20 @@ TEST_F(Plan, ClickOnAnElementSelectsItInTheTable) {
     EXPECT_EQ(window().elements().current(), element(wall));
 }
 
-TEST_F(Plan, SelectingAnElementOfAnotherStoreyShowsThatStorey) {
+TEST_F(Plan, SelectingAnElementShowsItsStoreyAndOneWithoutLeavesThePlan) {
     const desktop::ElementIndex& index = *window().document().index();
-    QComboBox* choice = window().plan().storeyChoice();
+    int expected = choice().currentData().toInt();
+    int changes = 0;
     for (model::Element it = 0; it < index.size(); ++it) {
         window().elements().select(it);
-        EXPECT_EQ(choice->currentData().toInt(), static_cast<int>(index.storey(it)));
+        const auto storey = index.storey(it);
+        if (!index.storeys()[storey].name.isEmpty()) {
+            changes += static_cast<int>(storey) != expected;
+            expected = static_cast<int>(storey);
+        }
+        EXPECT_EQ(choice().currentData().toInt(), expected) << it;
     }
+    EXPECT_GT(changes, 0) << "the sample has more than one storey";
 }
 
 TEST_F(Plan, WheelZoomsAboutTheCursorAndFitShowsAllAgain) {
@@ -90,17 +98,15 @@ TEST_F(Plan, DragMovesThePlanAndSelectsNothing) {
 
 TEST_F(Plan, RowsOfTheOpenReviewAreMarkedAsTheyStand) {
     const std::string updates = wall.toStdString() + "\tName\t\tNew name\n";
-    review(updates,
-           [&](desktop::AddOnDialog& dialog) {
-               const auto counts = [&] { return view().accessibleDescription().toStdString(); };
-               EXPECT_SOON(view().accessibleDescription() == QStringLiteral("1 not ticked"));
-               clickCell(dialog, 1, 1);
-               EXPECT_EQ(counts(), "1 ticked");
-               clickItem(dialog, applyItem);
-               EXPECT_EQ(counts(), "1 done");
-               EXPECT_THAT(window().plan().storeyChoice()->currentText().toStdString(), HasSubstr("1 element"));
-           }  // namespace desktop_tests
-    );
+    review(updates, [&](desktop::AddOnDialog& dialog) {
+        const auto counts = [&] { return view().accessibleDescription().toStdString(); };
+        EXPECT_SOON(view().accessibleDescription() == QStringLiteral("1 not ticked"));
+        clickCell(dialog, 1, 1);
+        EXPECT_EQ(counts(), "1 ticked");
+        clickItem(dialog, applyItem);
+        EXPECT_EQ(counts(), "1 done");
+        EXPECT_THAT(choice().currentText().toStdString(), HasSubstr("1 of 1 marked"));
+    });
     EXPECT_EQ(view().accessibleDescription(), QString()) << "the marks go with the dialog";
 }
 
@@ -127,6 +133,39 @@ TEST_F(Plan, ClickOnAMarkedElementGoesToItsRow) {
         clickAt(view(), placeOf(element(wall)));
         EXPECT_EQ(listOf(dialog).currentIndex().row(), 1);
     });
+}
+
+TEST_F(Plan, LookedUpElementIsSelectedEverywhereAndNothingIsMarked) {
+    lookUp([&](desktop::AddOnDialog& dialog) {
+        press(dialog, Qt::Key_Return);
+        EXPECT_SOON(window().elements().current() == element(wall));
+        EXPECT_EQ(view().accessibleDescription(), QString());
+    });
+}
+
+/// Contrast as the accessibility guidelines for the web define it: 3 is the least for what is to be told apart.
+double contrast(const QColor& a, const QColor& b) {
+    const auto luminance = [](const QColor& color) {
+        const auto linear = [](double part) {
+            return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+    };
+    const double first = luminance(a), second = luminance(b);
+    return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
+}
+
+TEST(PlanColors, MarksAreToldFromThePaperInLightAndInDark) {
+    using desktop::Mark;
+    for (const auto& palette : {QPalette(Qt::white, Qt::white), QPalette(QColor(40, 40, 40), QColor(35, 35, 35))}) {
+        const QColor paper = palette.color(QPalette::Base);
+        for (const Mark mark : {Mark::Unchanged, Mark::Done, Mark::Ticked, Mark::Error}) {
+            EXPECT_GE(contrast(desktop::markColor(palette, mark), paper), 3)
+                << desktop::markText(mark).toStdString() << " on " << paper.name().toStdString();
+        }
+        EXPECT_GE(contrast(desktop::markColor(palette, Mark::Open), paper), 2.3) << "amber is never dark";
+        EXPECT_GE(contrast(desktop::planStyle(palette, desktop::PlanLayer::Structure).fill, paper), 2.3);
+    }
 }
 
 }  // namespace desktop_tests

@@ -66,7 +66,7 @@ protected:
         const auto found = window().inspector().tree()->findItems(name, Qt::MatchExactly | Qt::MatchRecursive);
         return found.isEmpty() ? QString() : found.first()->text(1);
     }
-};  // namespace desktop_tests
+};
 
 TEST_F(Window, TitleNamesTheFileAndMarksUnsavedChanges) {
     openSample();

@@ -70,7 +70,9 @@ void AddOnDialog::run() {
     ready = true;
     Q_EMIT contentChanged();
     if (!dialog.ended()) loop.exec();
-    QSettings().setValue(settingsKey(), QSize(dialog.width(), dialog.height()));
+    QSettings settings;
+    settings.setValue(settingsKey("size"), QSize(dialog.width(), dialog.height()));
+    settings.setValue(settingsKey("place"), pos());
     hide();
 }
 
@@ -241,7 +243,7 @@ void AddOnDialog::setSize() {
 
 /// The size that the user gave this dialog the last time, as far as the screen has room for it; else the add-on's.
 QSize AddOnDialog::wantedSize() const {
-    const QSize kept = ready ? size() : QSettings().value(settingsKey()).toSize();
+    const QSize kept = ready ? size() : QSettings().value(settingsKey("size")).toSize();
     const QSize wanted = kept.isValid() ? kept : QSize(dialog.width(), dialog.height());
     return wanted.boundedTo(screen()->availableSize()).expandedTo({dialog.minimumWidth(), dialog.minimumHeight()});
 }
@@ -280,8 +282,14 @@ void AddOnDialog::keyPressEvent(QKeyEvent* event) {
     QDialog::keyPressEvent(event);
 }
 
-QString AddOnDialog::settingsKey() const {
-    return QStringLiteral("dialogs/%1/size").arg(dialog.resourceId());
+std::optional<QPoint> AddOnDialog::keptPlace() const {
+    const QVariant place = QSettings().value(settingsKey("place"));
+    if (!place.isValid()) return std::nullopt;
+    return place.toPoint();
+}
+
+QString AddOnDialog::settingsKey(const char* what) const {
+    return QStringLiteral("dialogs/%1/%2").arg(QString::number(dialog.resourceId()), QString::fromLatin1(what));
 }
 
 }  // namespace desktop

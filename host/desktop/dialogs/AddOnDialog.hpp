@@ -28,6 +28,9 @@ public:
     /// Something in the dialog changed; shown once all that belongs together has happened.
     void noteChange();
 
+    /// Where this dialog stood when it was closed the last time.
+    std::optional<QPoint> keptPlace() const;
+
     const frontend::Dialog& content() const { return dialog; }
     QWidget* itemWidget(Int16 number) const;
     RowListView* list(Int16 number) const;
@@ -62,7 +65,7 @@ private:
     void setSize();
     void followSize();
     QSize wantedSize() const;
-    QString settingsKey() const;
+    QString settingsKey(const char* what) const;
 
     frontend::Dialog& dialog;
     QWidget* canvas;

@@ -29,7 +29,8 @@ QStringList nameFilters(const frontend::FileRequest& request) {
 
 }  // namespace
 
-DesktopView::DesktopView(QWidget* shownOver) : window(shownOver), before(frontend::setView(this)) {}
+DesktopView::DesktopView(QWidget* shownOver, QWidget* keepFree)
+    : window(shownOver), free(keepFree), before(frontend::setView(this)) {}
 
 DesktopView::~DesktopView() {
     frontend::setView(before);
@@ -45,16 +46,19 @@ void DesktopView::runModal(frontend::Dialog& dialog) {
     Q_EMIT dialogClosed();
 }
 
-/// In the lower left of the main window: the plan in its upper right stays in sight beside a review.
+/// Where the user left this dialog the last time; at first to the left of what is to be kept free, as low as the
+/// window.
 void DesktopView::place(AddOnDialog& dialog) const {
-    const QRect frame = window->frameGeometry();
     const QRect room = window->screen()->availableGeometry();
-    constexpr int margin = 24;
-    QRect wanted(frame.left() + margin, frame.bottom() - dialog.height() - margin, dialog.width(), dialog.height());
-    wanted.moveRight(std::min(wanted.right(), room.right()));
-    wanted.moveBottom(std::min(wanted.bottom(), room.bottom()));
-    wanted.moveTopLeft({std::max(wanted.left(), room.left()), std::max(wanted.top(), room.top())});
-    dialog.move(wanted.topLeft());
+    const QMargins frame(window->geometry().left() - window->frameGeometry().left(),
+                         window->geometry().top() - window->frameGeometry().top(), 0, 0);
+    constexpr int gap = 12;
+    QPoint place = dialog.keptPlace().value_or(QPoint(free->mapToGlobal(QPoint(0, 0)).x() - dialog.width() - gap,
+                                                      window->frameGeometry().bottom() - dialog.height() - gap));
+    const auto within = [](int wanted, int least, int most) { return std::max(least, std::min(wanted, most)); };
+    place.setX(within(place.x(), room.left(), room.right() - dialog.width()));
+    place.setY(within(place.y(), room.top(), room.bottom() - dialog.height() - frame.top()));
+    dialog.move(place);
 }
 
 std::optional<std::string> DesktopView::pickFile(const frontend::FileRequest& request) {

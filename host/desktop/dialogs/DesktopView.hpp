@@ -16,7 +16,8 @@ class DesktopView : public QObject, public frontend::View {
     Q_OBJECT
 
 public:
-    explicit DesktopView(QWidget* window);
+    /// @param keepFree  what the dialogs should leave in sight where the screen has room for both.
+    DesktopView(QWidget* window, QWidget* keepFree);
     ~DesktopView() override;
 
     void runModal(frontend::Dialog& dialog) override;
@@ -33,7 +34,7 @@ Q_SIGNALS:
 private:
     void place(AddOnDialog& dialog) const;
 
-    QWidget* window;
+    QWidget *window, *free;
     std::map<frontend::Dialog*, AddOnDialog*> open;
     frontend::View* before;
 };

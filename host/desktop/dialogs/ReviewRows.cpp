@@ -2,6 +2,8 @@
 
 #include "desktop/Text.hpp"
 
+#include <algorithm>
+
 namespace desktop {
 
 namespace {
@@ -24,6 +26,7 @@ std::vector<std::u16string_view> cellsOf(std::u16string_view text) {
 Mark rowMark(const frontend::List& list, Int16 row) {
     const GS::UniString text = list.rowText(row);
     const std::u16string_view units = text.View();
+    if (!units.starts_with(u"[")) return Mark::None;
     const auto endsWith = [&](std::u16string_view end) { return units.ends_with(end); };
     if (endsWith(u"\terror!")) return Mark::Error;
     if (endsWith(u"\tDone")) return Mark::Done;
@@ -41,13 +44,20 @@ void ReviewRows::read(const frontend::List& list) {
     current = {};
     for (int row = 0; row < count; ++row) {
         const auto& element = elements[static_cast<std::size_t>(row)];
-        if (element) current.add(*element, rowMark(list, static_cast<Int16>(row + 1)));
+        if (!element) continue;
+        if (const Mark mark = rowMark(list, static_cast<Int16>(row + 1)); mark != Mark::None)
+            current.add(*element, mark);
     }
 }
 
 std::optional<model::Element> ReviewRows::element(int row) const {
     if (row < 0 || static_cast<std::size_t>(row) >= elements.size()) return std::nullopt;
     return elements[static_cast<std::size_t>(row)];
+}
+
+std::optional<model::Element> ReviewRows::lastElement() const {
+    const auto found = std::find_if(elements.rbegin(), elements.rend(), [](const auto& it) { return it.has_value(); });
+    return found == elements.rend() ? std::nullopt : *found;
 }
 
 std::vector<int> ReviewRows::rowsOf(model::Element element) const {

@@ -11,7 +11,8 @@ namespace desktop {
 /// Which elements the rows of an open dialog's list are about, and how these rows stand.
 ///
 /// Any list qualifies whose rows have an element's GUID in one of their cells; nothing else of the add-on is known here
-/// but the texts that its rows show.
+/// but the texts that its rows show. Rows that begin with a tick text are updates, and marked; others only name
+/// elements.
 class ReviewRows {
 public:
     explicit ReviewRows(const model::Model& source) : model(source) {}
@@ -24,6 +25,8 @@ public:
     /// The rows about an element, counted from 0, in the list's order.
     std::vector<int> rowsOf(model::Element element) const;
     const PlanMarks& marks() const { return current; }
+    /// The element named last, by the list's order; nothing where no row names one.
+    std::optional<model::Element> lastElement() const;
 
 private:
     std::optional<model::Element> findElement(const frontend::List& list, Int16 row) const;
@@ -33,7 +36,7 @@ private:
     PlanMarks current;
 };
 
-/// How a row stands, from what it shows.
+/// How a row stands, from what it shows; None for a row that is no update.
 Mark rowMark(const frontend::List& list, Int16 row);
 
 }  // namespace desktop

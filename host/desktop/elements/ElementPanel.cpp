@@ -16,8 +16,8 @@ namespace desktop {
 
 namespace {
 
-/// Widths that show usual texts whole, in characters.
-constexpr int columnCharacters[elementColumnCount] = {14, 12, 26, 40, 24};
+/// Widths that show usual texts whole, in characters; 0 = what is left.
+constexpr int columnCharacters[elementColumnCount] = {15, 13, 0, 38, 22};
 
 void setUpTable(QTableView* view) {
     view->setObjectName(QStringLiteral("elements"));
@@ -36,7 +36,7 @@ void setUpTable(QTableView* view) {
     view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     view->verticalHeader()->setDefaultSectionSize(view->fontMetrics().height() + 6);
     view->horizontalHeader()->setHighlightSections(false);
-    view->horizontalHeader()->setStretchLastSection(true);
+    view->horizontalHeader()->setMinimumSectionSize(view->fontMetrics().averageCharWidth() * 8);
     view->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     view->horizontalHeader()->setSortIndicatorClearable(true);
     view->horizontalHeader()->setAccessibleName(QStringLiteral("Columns of the elements"));
@@ -62,8 +62,11 @@ ElementPanel::ElementPanel(QWidget* parent)
     view->setModel(model);
     view->setSortingEnabled(true);
     view->installEventFilter(this);
+    // Names have what the other columns leave.
+    view->horizontalHeader()->setSectionResizeMode(static_cast<int>(ElementColumn::Name), QHeaderView::Stretch);
     for (int column = 0; column < elementColumnCount; ++column) {
-        view->setColumnWidth(column, view->fontMetrics().averageCharWidth() * columnCharacters[column]);
+        if (columnCharacters[column])
+            view->setColumnWidth(column, view->fontMetrics().averageCharWidth() * columnCharacters[column]);
     }
 
     auto* top = new QHBoxLayout;
@@ -114,14 +117,14 @@ std::optional<model::Element> ElementPanel::current() const {
 }
 
 void ElementPanel::select(model::Element element) {
-    if (model->rowOf(element) < 0) filter->clear();
-    const bool another = chosen != element;
+    if (chosen == element) return;
     chosen = element;
     {
         const QScopedValueRollback hold(changing, true);
+        view->clearSelection();
         restoreCurrent(chosen);
     }
-    if (another) Q_EMIT currentChanged();
+    Q_EMIT currentChanged();
 }
 
 void ElementPanel::focusFilter() {

@@ -21,7 +21,7 @@ public:
     void refresh();
 
     std::optional<model::Element> current() const;
-    /// Makes the element's row the current one; clears a filter that hides it.
+    /// Makes the element's row the current one. A filter that hides it stays: the element is chosen all the same.
     void select(model::Element element);
     void focusFilter();
 

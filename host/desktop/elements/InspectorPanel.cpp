@@ -71,7 +71,7 @@ InspectorPanel::InspectorPanel(QWidget* parent)
     view->setObjectName(QStringLiteral("inspector"));
     view->setAccessibleName(QStringLiteral("Data of the selected element"));
     view->setHeaderLabels({QStringLiteral("Name"), QStringLiteral("Value")});
-    view->header()->setDefaultSectionSize(fontMetrics().averageCharWidth() * 28);
+    view->header()->setDefaultSectionSize(fontMetrics().averageCharWidth() * 22);
     view->setUniformRowHeights(true);
     view->setAlternatingRowColors(true);
     view->setIndentation(14);

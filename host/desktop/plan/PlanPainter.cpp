@@ -106,7 +106,8 @@ void PlanPainter::drawLegend(const PlanMarks& marks) {
     double width = 0;
     for (const QString& text : texts) width = std::max(width, metrics.horizontalAdvance(text));
     const double height = line * static_cast<double>(used.size()) + 2 * padding;
-    QRectF box(margin, viewport.size.height() - height - margin, width + swatch + gap + 2 * padding, height);
+    const double across = width + swatch + gap + 2 * padding;
+    const QRectF box(viewport.size.width() - across - margin, viewport.size.height() - height - margin, across, height);
     QColor background = colors.color(QPalette::Window);
     background.setAlphaF(0.93F);
     QColor frame = colors.color(QPalette::Text);

@@ -20,7 +20,7 @@ public:
     /// Those of the storey that bear a mark, the most urgent on top.
     void drawMarks(const std::vector<Footprint>& footprints, const PlanMarks& marks);
     void drawSelection(const Footprint& footprint);
-    /// In the lower left corner: each mark in use with its colour and number of rows.
+    /// In the lower right corner: each mark in use with its colour and number of rows.
     void drawLegend(const PlanMarks& marks);
 
 private:

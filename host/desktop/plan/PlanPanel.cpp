@@ -90,23 +90,19 @@ void PlanPanel::fillChoice() {
     showChosen();
 }
 
+/// Says beside each storey how many of the marked elements it has, so that none is missed on another one.
 void PlanPanel::labelChoice() {
     const std::vector<std::size_t> marked = markedPerStorey();
-    const auto withCount = [](const QString& name, std::size_t count) {
-        if (!count) return name;
-        return QStringLiteral("%1 – %2").arg(name,
-                                             counted(static_cast<qint64>(count), "element to see", "elements to see"));
-    };
+    const std::size_t all = std::accumulate(marked.begin(), marked.end(), std::size_t{0});
     for (int entry = 0; entry < choice->count(); ++entry) {
         const int storey = choice->itemData(entry).toInt();
-        QString text;
-        if (storey == allStoreys) {
-            text =
-                withCount(QStringLiteral("All storeys"), std::accumulate(marked.begin(), marked.end(), std::size_t{0}));
-        } else {
-            const QString& name = elements->storeys()[static_cast<std::size_t>(storey)].name;
-            text = withCount(name.isEmpty() ? QStringLiteral("(in no storey)") : name,
-                             marked[static_cast<std::size_t>(storey)]);
+        const auto position = static_cast<std::size_t>(std::max(storey, 0));
+        const std::size_t here = storey == allStoreys ? all : marked[position];
+        QString text = storey == allStoreys ? QStringLiteral("All storeys") : elements->storeys()[position].name;
+        if (text.isEmpty()) text = QStringLiteral("(in no storey)");
+        if (here) {
+            text += QStringLiteral(" – %1 of %2 marked")
+                        .arg(number(static_cast<qint64>(here)), number(static_cast<qint64>(all)));
         }
         if (choice->itemText(entry) != text) choice->setItemText(entry, text);
     }
@@ -153,7 +149,8 @@ void PlanPanel::setMarks(const PlanMarks* shown, bool choose) {
 void PlanPanel::showElement(std::optional<model::Element> element) {
     if (element && elements) {
         const auto now = chosenStorey();
-        if (now && *now != elements->storey(*element)) chooseStorey(elements->storey(*element));
+        const std::uint32_t wanted = elements->storey(*element);
+        if (now && *now != wanted && !elements->storeys()[wanted].name.isEmpty()) chooseStorey(wanted);
     }
     plan->setSelected(element);
 }

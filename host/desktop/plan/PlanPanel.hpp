@@ -20,7 +20,8 @@ public:
     /// The marks are the caller's and stay until the next call; null for none. With `choose` the plan goes to the
     /// storey with most of them if the one in sight has none.
     void setMarks(const PlanMarks* marks, bool choose);
-    /// Selects an element; a plan of another storey changes to the element's.
+    /// Selects an element; a plan of another storey changes to the element's. Site, building and what else stands in no
+    /// storey leave the plan as it is.
     void showElement(std::optional<model::Element> element);
 
     /// Lets the user click a point. @return nothing: cancelled.

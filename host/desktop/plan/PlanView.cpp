@@ -216,7 +216,7 @@ void PlanView::paintEvent(QPaintEvent*) {
     if (marks) plan.drawLegend(*marks);
     if (!storeys.empty() && !geometry->complete(storeys)) {
         painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
-        painter.drawText(rect().adjusted(8, 8, -8, -8), Qt::AlignRight | Qt::AlignBottom,
+        painter.drawText(rect().adjusted(8, 8, -8, -8), Qt::AlignLeft | Qt::AlignBottom,
                          QStringLiteral("Reading the geometry…"));
     }
 }

@@ -168,7 +168,7 @@ void MainWindow::connectPanels() {
 }
 
 void MainWindow::connectHost() {
-    frontEnd = std::make_unique<DesktopView>(this);
+    frontEnd = std::make_unique<DesktopView>(this, planDock);
     connect(frontEnd.get(), &DesktopView::dialogOpened, this, &MainWindow::showDialog);
     connect(frontEnd.get(), &DesktopView::dialogClosed, this, [this] { review.reset(); });
     frontend::setDebugSink([this](const char* text) { debugPanel->append(text); });
@@ -243,7 +243,7 @@ void MainWindow::showReportLine(const host::ReportLine& line) {
 }
 
 void MainWindow::showDialog(AddOnDialog* dialog) {
-    review = std::make_unique<Review>(*doc, *planPanel, *dialog);
+    review = std::make_unique<Review>(*doc, *planPanel, *table, *dialog);
 }
 
 /// A dialog that stands before the plan makes room until the user has answered.

@@ -1,11 +1,13 @@
 #include "desktop/window/Review.hpp"
 
 #include "desktop/dialogs/RowListView.hpp"
+#include "desktop/elements/ElementPanel.hpp"
 #include "desktop/plan/PlanPanel.hpp"
 
 namespace desktop {
 
-Review::Review(Document& shown, PlanPanel& panel, AddOnDialog& open) : document(shown), plan(panel), dialog(open) {
+Review::Review(Document& shown, PlanPanel& panel, ElementPanel& table, AddOnDialog& open)
+    : document(shown), plan(panel), elements(table), dialog(open) {
     for (const frontend::Item& item : dialog.content().items()) {
         if (!listItem && item.kind == frontend::ItemKind::List) listItem = item.number;
     }
@@ -25,12 +27,24 @@ void Review::takeRows() {
     document.noteCommand();
     rows->read(*dialog.content().list(listItem));
     plan.setMarks(rows->marks().empty() ? nullptr : &rows->marks(), !shownBefore);
-    shownBefore = shownBefore || !rows->marks().empty();
+    if (rows->marks().empty()) {
+        showNewest();
+    } else if (!shownBefore) {
+        shownBefore = true;
+        selectRow(listItem, dialog.list(listItem)->currentIndex().row());
+    }
+}
+
+/// A list of no updates answers a question about an element; the one asked for last is the one to show.
+void Review::showNewest() {
+    const auto last = rows->lastElement();
+    if (last && last != newest) elements.select(*last);
+    newest = last;
 }
 
 void Review::selectRow(Int16 item, int row) {
     if (item != listItem) return;
-    if (const auto element = rows->element(row)) plan.showElement(element);
+    if (const auto element = rows->element(row)) elements.select(*element);
 }
 
 /// Clicking on goes through the rows of an element that has several.

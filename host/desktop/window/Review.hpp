@@ -9,27 +9,31 @@
 
 namespace desktop {
 
+class ElementPanel;
 class PlanPanel;
 
-/// Ties an open dialog to the plan: the elements of its rows are marked there, the element of its current row is
-/// selected, and a click on an element in the plan goes to its row.
+/// Ties an open dialog to the main window: the elements of its rows are marked in the plan, the element of its current
+/// row is the selected one everywhere, and a click on an element in the plan goes to its row.
 class Review : public QObject {
     Q_OBJECT
 
 public:
-    Review(Document& document, PlanPanel& plan, AddOnDialog& dialog);
+    Review(Document& document, PlanPanel& plan, ElementPanel& elements, AddOnDialog& dialog);
     ~Review() override;
 
 private:
     void takeRows();
+    void showNewest();
     void selectRow(Int16 item, int row);
     void showRowOf(model::Element element);
 
     Document& document;
     PlanPanel& plan;
+    ElementPanel& elements;
     AddOnDialog& dialog;
     Int16 listItem = 0;  ///< The dialog's first list; 0 where it has none.
     std::unique_ptr<ReviewRows> rows;
+    std::optional<model::Element> newest;
     bool shownBefore = false;
 };
 
