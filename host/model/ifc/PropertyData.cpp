@@ -81,6 +81,56 @@ private:
     std::vector<Replacement> replacements;
 };
 
+/// The sets in the order of the properties; each once.
+template <class Visit>
+void forEachDistinctSet(const std::vector<AssignedSet>& assigned, Visit&& visit) {
+    for (auto current = assigned.begin(); current != assigned.end(); ++current) {
+        const bool seen = std::any_of(assigned.begin(), current,
+                                      [&](const AssignedSet& earlier) { return earlier.set == current->set; });
+        if (!seen && !visit(current->set)) return;
+    }
+}
+
+std::vector<Slot> setsOfType(Workspace& work, Slot element) {
+    const Slot type = work.typeObject(element);
+    if (type == step::NoSlot) return {};
+    std::vector<Slot> sets = work.links.of(type, Field::HasPropertySets);
+    std::erase_if(sets, [&](Slot set) { return work.classes.of(set).role != Role::PropertySet; });
+    return sets;
+}
+
+const SetsOfElement& setsOf(Workspace& work, Slot element) {
+    if (const SetsOfElement* known = work.elementSets.find(element)) return *known;
+    SetsOfElement sets;
+    const auto assigned = assignedSets(work, element);
+    forEachDistinctSet(assigned, [&](Slot set) {
+        sets.own.push_back(&work.propertySets.of(set));
+        return true;
+    });
+    for (const Slot set : setsOfType(work, element)) sets.type.push_back(&work.propertySets.of(set));
+    sets.overridden = std::any_of(assigned.begin(), assigned.end(),
+                                  [](const AssignedSet& assignment) { return assignment.overriding; });
+    return work.elementSets.keep(element, std::move(sets));
+}
+
+bool has(const std::vector<const DecodedSet*>& sets, const PropertyView& sought) {
+    return std::any_of(sets.begin(), sets.end(), [&](const DecodedSet* set) {
+        return set->name() == sought.set && set->find(sought.name) < set->size();
+    });
+}
+
+/// Own properties of an element with overriding relations. @return what was visited.
+std::vector<PropertyView> visitOverridden(Workspace& work, Slot element,
+                                          const std::function<void(const PropertyView&)>& visit) {
+    std::vector<PropertyView> own;
+    forEachOwnProperty(work, assignedSets(work, element), [&](const PropertyView& property, const PropertyPlace&) {
+        own.push_back(property);
+        visit(property);
+        return true;
+    });
+    return own;
+}
+
 bool isAmong(const std::vector<PropertyView>& own, const PropertyView& sought) {
     return std::any_of(own.begin(), own.end(), [&](const PropertyView& property) {
         return property.name == sought.name && property.set == sought.set;
@@ -106,42 +156,37 @@ std::vector<AssignedSet> assignedSets(Workspace& work, Slot element) {
 
 void forEachOwnProperty(Workspace& work, const std::vector<AssignedSet>& assigned, const PropertyVisit& visit) {
     const std::vector<Override> overrides = overridesOf(work, assigned);
-    for (auto current = assigned.begin(); current != assigned.end(); ++current) {
-        const bool seen = std::any_of(assigned.begin(), current,
-                                      [&](const AssignedSet& earlier) { return earlier.set == current->set; });
-        if (seen) continue;
-        const bool goOn = overrides.empty() ? visitSet(work.propertySets.of(current->set), current->set, visit)
-                                            : OverriddenSet(work, current->set, overrides).visitAll(visit);
-        if (!goOn) return;
-    }
+    forEachDistinctSet(assigned, [&](Slot set) {
+        return overrides.empty() ? visitSet(work.propertySets.of(set), set, visit)
+                                 : OverriddenSet(work, set, overrides).visitAll(visit);
+    });
 }
 
 void forEachTypeProperty(Workspace& work, Slot element, const PropertyVisit& visit) {
-    const Slot type = work.typeObject(element);
-    if (type == step::NoSlot) return;
-    for (const Slot set : work.links.of(type, Field::HasPropertySets)) {
-        if (work.classes.of(set).role != Role::PropertySet) continue;
+    for (const Slot set : setsOfType(work, element)) {
         if (!visitSet(work.propertySets.of(set), set, visit)) return;
     }
 }
 
 void forEachProperty(Workspace& work, Slot element, const std::function<void(const PropertyView&)>& visit) {
     work.propertySets.trim();
-    std::vector<PropertyView> own;
-    const bool hasType = work.typeObject(element) != step::NoSlot;
-    forEachOwnProperty(work, assignedSets(work, element), [&](const PropertyView& property, const PropertyPlace&) {
-        if (hasType) own.push_back(property);
-        visit(property);
-        return true;
-    });
-    if (!hasType) return;
-    forEachTypeProperty(work, element, [&](const PropertyView& property, const PropertyPlace&) {
-        if (isAmong(own, property)) return true;
-        PropertyView inherited = property;
-        inherited.inherited = true;
-        visit(inherited);
-        return true;
-    });
+    const SetsOfElement& sets = setsOf(work, element);
+    std::vector<PropertyView> overridden;
+    if (sets.overridden) {
+        overridden = visitOverridden(work, element, visit);
+    } else {
+        for (const DecodedSet* set : sets.own) {
+            for (std::size_t i = 0; i < set->size(); ++i) visit(set->property(i));
+        }
+    }
+    for (const DecodedSet* set : sets.type) {
+        for (std::size_t i = 0; i < set->size(); ++i) {
+            PropertyView inherited = set->property(i);
+            if (sets.overridden ? isAmong(overridden, inherited) : has(sets.own, inherited)) continue;
+            inherited.inherited = true;
+            visit(inherited);
+        }
+    }
 }
 
 }  // namespace model::ifc

@@ -1,5 +1,7 @@
 #include "model/ifc/PropertySets.hpp"
 
+#include <algorithm>
+
 namespace model::ifc {
 
 std::u16string stringArgument(const step::Instance& instance, const Class& cls, Field field) {
@@ -13,6 +15,12 @@ PropertyView DecodedSet::property(std::size_t index) const {
     const Row& row = rows[index];
     return {name(),        text(row.name), row.kind, false,       row.type,
             row.primitive, row.integer,    row.real, row.boolean, text(row.string)};
+}
+
+std::size_t DecodedSet::find(std::u16string_view sought) const {
+    const auto row =
+        std::find_if(rows.begin(), rows.end(), [&](const Row& candidate) { return text(candidate.name) == sought; });
+    return static_cast<std::size_t>(row - rows.begin());
 }
 
 PropertySets::PropertySets(const step::StepFile& stepFile, Classes& knownClasses, const Schema& facts)
@@ -42,6 +50,7 @@ void PropertySets::trim() {
     if (knownBytes <= byteLimit) return;
     known.clear();
     knownBytes = 0;
+    ++trims;
 }
 
 const DecodedSet& PropertySets::keep(step::Slot slot, DecodedSet set) {

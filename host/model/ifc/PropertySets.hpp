@@ -16,6 +16,8 @@ class DecodedSet {
 public:
     std::u16string_view name() const { return text(setName); }
     std::size_t size() const { return rows.size(); }
+    /// Index of the first property of that name; size() where there is none.
+    std::size_t find(std::u16string_view name) const;
     step::Slot slot(std::size_t index) const { return rows[index].slot; }
     /// Its texts are valid as long as the set lives.
     PropertyView property(std::size_t index) const;
@@ -58,6 +60,8 @@ public:
     const DecodedSet& single(step::Slot property, std::u16string_view setName);
     /// Keeps the memory within bounds. To be called where nothing of the above is held.
     void trim();
+    /// Grows with each trim() that dropped what was held.
+    std::uint64_t generation() const { return trims; }
 
     /// Of a change to the instance: drops what was decoded from it.
     void forget(step::Slot slot, References& references);
@@ -74,6 +78,7 @@ private:
     const Schema& schema;
     std::size_t byteLimit;
     std::size_t knownBytes = 0;
+    std::uint64_t trims = 0;
     std::unordered_map<step::Slot, DecodedSet> known;  // by the slot of the set, or of the single property
     std::set<std::string, std::less<>> unknownTypes;   // rows refer to these names
     step::Instance setInstance, propertyInstance;      // kept to save allocations

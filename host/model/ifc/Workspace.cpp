@@ -11,6 +11,7 @@ Workspace::Workspace(step::StepFile& stepFile, SchemaVersion schemaVersion)
       references(file, classes, schema),
       links(file, classes),
       propertySets(file, classes, schema),
+      elementSets(file, propertySets),
       newRoots(file, classes),
       classificationIndex(file, classes) {
     file.setListener(this);

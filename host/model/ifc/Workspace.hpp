@@ -1,10 +1,10 @@
 #pragma once
 
 #include "model/ifc/ClassificationIndex.hpp"
+#include "model/ifc/ElementSets.hpp"
 #include "model/ifc/Elements.hpp"
 #include "model/ifc/Links.hpp"
 #include "model/ifc/NewRoots.hpp"
-#include "model/ifc/PropertySets.hpp"
 #include "model/ifc/References.hpp"
 
 namespace model::ifc {
@@ -50,6 +50,7 @@ public:
     References references;
     Links links;
     PropertySets propertySets;
+    ElementSets elementSets;
     NewRoots newRoots;
     ClassificationIndex classificationIndex;
 
