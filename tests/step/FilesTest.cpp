@@ -40,6 +40,16 @@ std::vector<std::string> names(const fs::path& folder) {
     return found;
 }
 
+/// Root may write everything, so that root acts as somebody else meanwhile.
+Status saveWithoutPrivileges(StepFile& file, const fs::path& path) {
+    constexpr uid_t nobody = 65534;
+    const uid_t user = ::geteuid();
+    if (user == 0 && ::seteuid(nobody) != 0) throw std::runtime_error("cannot become somebody else");
+    Status saved = file.save(path);
+    if (::seteuid(user) != 0) throw std::runtime_error("cannot become oneself again");
+    return saved;
+}
+
 class Files : public ::testing::Test {
 protected:
     void TearDown() override {
@@ -212,12 +222,7 @@ TEST_F(Files, ThatAreWriteProtectedAreNotReplaced) {
     ::chmod(folder.path().c_str(), 0777);
     const auto file = openFile(house);
     edit(*file);
-    // Root may write everything, so that root has to act as somebody else for a moment.
-    const uid_t user = ::geteuid();
-    constexpr uid_t nobody = 65534;
-    if (user == 0) ASSERT_EQ(::seteuid(nobody), 0);
-    const Status saved = file->save(house);
-    ASSERT_EQ(::seteuid(user), 0);
+    const Status saved = saveWithoutPrivileges(*file, house);
     ASSERT_FALSE(saved);
     EXPECT_THAT(saved.error().message, HasSubstr("write-protected"));
     EXPECT_EQ(bytesOf(house), before);
@@ -228,11 +233,7 @@ TEST_F(Files, InAFolderThatMayNotBeWrittenAreNotReplaced) {
     ::chmod(folder.path().c_str(), 0555);
     const auto file = openFile(house);
     edit(*file);
-    const uid_t user = ::geteuid();
-    constexpr uid_t nobody = 65534;
-    if (user == 0) ASSERT_EQ(::seteuid(nobody), 0);
-    const Status saved = file->save(house);
-    ASSERT_EQ(::seteuid(user), 0);
+    const Status saved = saveWithoutPrivileges(*file, house);
     ::chmod(folder.path().c_str(), 0755);
     ASSERT_FALSE(saved);
     EXPECT_THAT(saved.error().message, HasSubstr("Permission denied; the folder or the file may not be written"));

@@ -24,19 +24,68 @@ std::string version(char digit) {
     return fileOf(data);
 }
 
-/// Sets every string to another digit and saves, until killed.
-[[noreturn]] void saveForEver(const std::filesystem::path& path) {
-    auto file = StepFile::open(path);
-    for (char digit = '1'; file; digit = digit == '9' ? '0' : static_cast<char>(digit + 1)) {
-        if (!(*file)->begin()) break;
-        const std::string text = "'" + std::string(40, digit) + "'";
-        Instance instance;
-        for (Slot slot = 0; slot < (*file)->instanceCount(); ++slot)
-            if ((*file)->read(slot, instance)) (void)(*file)->replaceValue(slot, instance.arguments[0], text);
-        (*file)->commit("Edit");
-        if (!(*file)->save(path)) break;
+/// A program that sets every string to another digit and saves, until it is killed.
+class SavingProgram {
+public:
+    SavingProgram(const std::filesystem::path& path, char firstDigit) {
+        if (::pipe(pipe) != 0) throw std::runtime_error("no pipe");
+        process = ::fork();
+        if (process == 0) run(path, firstDigit);
     }
-    ::_exit(1);
+    ~SavingProgram() {
+        ::close(pipe[0]);
+        ::close(pipe[1]);
+    }
+    SavingProgram(const SavingProgram&) = delete;
+    SavingProgram& operator=(const SavingProgram&) = delete;
+
+    /// Until it begins to save or has saved.
+    void waitForSign() {
+        char sign = 0;
+        EXPECT_EQ(::read(pipe[0], &sign, 1), 1);
+    }
+    void kill() {
+        int status = 0;
+        ::kill(process, SIGKILL);
+        EXPECT_EQ(::waitpid(process, &status, 0), process);
+        EXPECT_TRUE(WIFSIGNALED(status)) << "saving failed";
+    }
+
+private:
+    void sign() {
+        if (::write(pipe[1], "s", 1) != 1) ::_exit(1);
+    }
+
+    [[noreturn]] void run(const std::filesystem::path& path, char digit) {
+        for (auto file = StepFile::open(path); file; digit = digit == '9' ? '0' : static_cast<char>(digit + 1)) {
+            if (!(*file)->begin()) break;
+            const std::string text = "'" + std::string(40, digit) + "'";
+            Instance instance;
+            for (Slot slot = 0; slot < (*file)->instanceCount(); ++slot)
+                if ((*file)->read(slot, instance)) (void)(*file)->replaceValue(slot, instance.arguments[0], text);
+            (*file)->commit("Edit");
+            sign();
+            if (!(*file)->save(path)) break;
+            sign();
+        }
+        ::_exit(1);
+    }
+
+    int pipe[2] = {};
+    pid_t process = -1;
+};
+
+using Clock = std::chrono::steady_clock;
+
+/// On this machine, in this build.
+Clock::duration durationOfASave(const std::filesystem::path& path) {
+    SavingProgram program(path, '1');
+    program.waitForSign();
+    const Clock::time_point begin = Clock::now();
+    program.waitForSign();
+    const Clock::duration duration = Clock::now() - begin;
+    program.kill();
+    return duration;
 }
 
 TEST(KilledSave, LeavesOneWholeVersion) {
@@ -44,24 +93,24 @@ TEST(KilledSave, LeavesOneWholeVersion) {
     std::vector<std::string> versions;
     for (char digit = '0'; digit <= '9'; ++digit) versions.push_back(version(digit));
     const auto path = folder.write("house.ifc", versions[0]);
+    const Clock::duration save = durationOfASave(path);
     std::mt19937 random(20240229);
-    std::uniform_int_distribution<int> microseconds(0, 60000);
+    std::uniform_real_distribution<double> part(0.0, 1.5);
     int replaced = 0;
+    int untouched = 0;
     for (int kill = 0; kill < 50; ++kill) {
         const std::string before = bytesOf(path);
-        const pid_t child = ::fork();
-        if (child == 0) saveForEver(path);
-        std::this_thread::sleep_for(std::chrono::microseconds(microseconds(random)));
-        ::kill(child, SIGKILL);
-        int status = 0;
-        ASSERT_EQ(::waitpid(child, &status, 0), child);
-        ASSERT_TRUE(WIFSIGNALED(status)) << "saving failed";
+        SavingProgram program(path, before == versions[1] ? '2' : '1');
+        program.waitForSign();
+        std::this_thread::sleep_for(save * part(random));
+        program.kill();
         const std::string after = bytesOf(path);
         ASSERT_NE(std::find(versions.begin(), versions.end(), after), versions.end()) << "kill " << kill;
-        replaced += after == before ? 0 : 1;
+        ++(after == before ? untouched : replaced);
     }
-    // Otherwise the kills came too early to try anything.
+    // Otherwise the kills came too early or too late to try anything.
     EXPECT_GT(replaced, 0);
+    EXPECT_GT(untouched, 0);
 }
 
 }  // namespace
