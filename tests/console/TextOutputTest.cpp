@@ -89,6 +89,20 @@ TEST(Table, CutsTheWidestColumnsUntilALineFits) {
     }
 }
 
+TEST(Table, CutsFirstWhatMayYieldFirstAndLastWhatIsWorthNothingCut) {
+    Table table({"A", "B", "C"});
+    table.yield(0, Yield::First);
+    table.yield(2, Yield::Last);
+    table.add({{std::string(20, 'a')}, {std::string(20, 'b')}, {std::string(20, 'c')}});
+    const auto row = [&table](int width) {
+        const std::string text = table.layOut({true, false, width});
+        return text.substr(text.find('\n') + 1);
+    };
+    EXPECT_EQ(row(60), "aaaaaaaaaaaaaaa…  bbbbbbbbbbbbbbbbbbbb  cccccccccccccccccccc\n");
+    EXPECT_EQ(row(43), "aaaaaaaa…  bbbbbbbbb…  cccccccccccccccccccc\n");
+    EXPECT_EQ(row(26), "aaaaaaaa…  bb…  ccccccccc…\n");
+}
+
 TEST(Table, UsesTheWholeWidthWhenItCuts) {
     Table table({"A", "B"});
     table.add({{std::string(60, 'a')}, {std::string(61, 'b')}});

@@ -23,6 +23,8 @@ std::vector<std::string> record(const model::Model& model, model::Element elemen
 
 void printAsTable(const model::Model& model, const std::vector<model::Element>& elements) {
     Table table(Header);
+    table.yield(0, Yield::Last);
+    table.yield(1, Yield::First);
     for (const model::Element element : elements) {
         Table::Row row;
         for (std::string& text : record(model, element)) row.push_back({std::move(text)});

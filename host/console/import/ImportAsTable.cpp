@@ -31,6 +31,7 @@ std::string list(const ImportReport& report, const Terminal& terminal) {
     std::vector<std::string> header{"Row"};
     header.insert(header.end(), report.header.begin(), report.header.end());
     Table table(std::move(header));
+    if (report.header.size() > reviewlist::GuidColumn) table.yield(1 + reviewlist::GuidColumn, Yield::First);
     for (std::size_t i = 0; i < report.rows().size(); ++i) table.add(tableRow(i + 1, report.rows()[i]));
     return table.layOut(terminal);
 }

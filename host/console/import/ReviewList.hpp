@@ -6,6 +6,7 @@
 namespace console::reviewlist {
 
 inline constexpr std::size_t TickColumn = 0;
+inline constexpr std::size_t GuidColumn = 3;
 inline constexpr std::size_t PropertyColumn = 4;
 inline constexpr std::size_t MessageColumn = 7;
 inline constexpr const char* Ticked = "[X]";

@@ -12,6 +12,8 @@ namespace {
 constexpr int Gap = 2;
 /// A cut column still shows a letter or two; on a terminal too narrow even for that, lines wrap.
 constexpr int LeastWidth = 3;
+/// The first group of a GUID and the ellipsis.
+constexpr int LeastWidthOfFirst = 9;
 
 const char* sequence(Style style) {
     switch (style) {
@@ -29,13 +31,17 @@ const char* sequence(Style style) {
     return "";
 }
 
-/// The largest cap for which the columns, each no wider than the cap, fit into `room`.
-int widestCap(const std::vector<int>& widths, int room) {
-    int low = LeastWidth, high = *std::max_element(widths.begin(), widths.end());
+int sum(const std::vector<int>& widths) {
+    return std::accumulate(widths.begin(), widths.end(), 0);
+}
+
+/// The largest cap for which the columns, each no wider than the cap, fit into `room`; never below `least`.
+int widestCap(const std::vector<int>& widths, int room, int least) {
+    int low = least, high = std::max(least, *std::max_element(widths.begin(), widths.end()));
     while (low < high) {
         const int cap = (low + high + 1) / 2;
         const int total = std::accumulate(widths.begin(), widths.end(), 0,
-                                          [cap](int sum, int width) { return sum + std::min(width, cap); });
+                                          [cap](int all, int width) { return all + std::min(width, cap); });
         if (total <= room)
             low = cap;
         else
@@ -44,16 +50,20 @@ int widestCap(const std::vector<int>& widths, int room) {
     return low;
 }
 
-void fit(std::vector<int>& widths, int lineWidth) {
-    const int room = lineWidth - Gap * (static_cast<int>(widths.size()) - 1);
-    if (std::accumulate(widths.begin(), widths.end(), 0) <= room) return;
+/// Cuts the widest until all fit into `room`.
+void cutEvenly(std::vector<int>& widths, int room, int least) {
+    if (widths.empty() || sum(widths) <= room) return;
     const std::vector<int> natural = widths;
-    const int cap = widestCap(natural, room);
+    const int cap = widestCap(natural, room, least);
     for (int& width : widths) width = std::min(width, cap);
     // What is left over by the equal cap goes to the columns that were cut, from the left.
-    int rest = room - std::accumulate(widths.begin(), widths.end(), 0);
+    int rest = room - sum(widths);
     for (std::size_t column = 0; column < widths.size() && rest > 0; ++column)
         if (widths[column] < natural[column]) ++widths[column], --rest;
+}
+
+int leastWidth(Yield when) {
+    return when == Yield::First ? LeastWidthOfFirst : LeastWidth;
 }
 
 void appendCell(std::string& line, const TableCell& cell, int width, bool last, bool colour) {
@@ -70,6 +80,7 @@ void appendCell(std::string& line, const TableCell& cell, int width, bool last, 
 Table::Table(std::vector<std::string> header) {
     Row row;
     for (std::string& text : header) row.push_back({std::move(text), Style::Bold});
+    yields.resize(row.size(), Yield::Evenly);
     add(std::move(row));
 }
 
@@ -85,6 +96,20 @@ std::vector<int> Table::naturalWidths() const {
         for (std::size_t column = 0; column < widths.size(); ++column)
             widths[column] = std::max(widths[column], displayWidth(row[column].text));
     return widths;
+}
+
+void Table::fit(std::vector<int>& widths, int lineWidth) const {
+    const int room = lineWidth - Gap * (static_cast<int>(widths.size()) - 1);
+    for (const Yield when : {Yield::First, Yield::Evenly, Yield::Last}) {
+        std::vector<int> group;
+        for (std::size_t column = 0; column < widths.size(); ++column)
+            if (yields[column] == when) group.push_back(widths[column]);
+        const int others = sum(widths) - sum(group);
+        cutEvenly(group, room - others, leastWidth(when));
+        auto next = group.begin();
+        for (std::size_t column = 0; column < widths.size(); ++column)
+            if (yields[column] == when) widths[column] = *next++;
+    }
 }
 
 std::string Table::layOut(const Terminal& terminal) const {

@@ -16,6 +16,13 @@ struct TableCell {
     Style style = Style::Plain;
 };
 
+/// When a column gives way on a terminal that is too narrow for all of them.
+enum class Yield : std::uint8_t {
+    First,   ///< Its beginning says enough.
+    Evenly,  ///< The widest of these is cut first.
+    Last,    ///< Worth nothing when it is cut.
+};
+
 class Table {
 public:
     using Row = std::vector<TableCell>;
@@ -23,14 +30,18 @@ public:
     explicit Table(std::vector<std::string> header);
     /// Missing cells at the end are empty.
     void add(Row row);
-    bool empty() const { return rows.empty(); }
+    /// @param column  from 0; without this call it yields evenly.
+    void yield(std::size_t column, Yield when) { yields.at(column) = when; }
 
-    /// Every line ends with a line end. Where the terminal has a width, the widest columns are cut until a line fits.
+    /// Every line ends with a line end. Where the terminal has a width, columns are cut until a line fits.
     std::string layOut(const Terminal& terminal) const;
 
 private:
     std::vector<int> naturalWidths() const;
+    void fit(std::vector<int>& widths, int lineWidth) const;
+
     std::vector<Row> rows;  ///< The header first.
+    std::vector<Yield> yields;
 };
 
 }  // namespace console

@@ -74,8 +74,7 @@ void ScriptUser::perform(const Step& step) {
     if (verb == nullptr) return fail("this step is unknown; docs/scripting.md lists the steps");
     for (const auto& [member, value] : step.object.items())
         if (!verb->knows(member)) return fail(fmt::format("a \"{}\" step has no \"{}\"", verb->name, member));
-    answer = JsonValue::object();
-    answer[verb->name] = step.object[verb->name];
+    answer = step.object;
     (this->*verb->action)(step.object);
 }
 
@@ -133,8 +132,7 @@ void ScriptUser::text(const JsonValue& step) {
     const auto item = number(step, "item", 0);
     if (!step["text"].is_string() || !item) return fail("\"text\" takes a text, \"item\" the number of an edit text");
     if (!dialog->typeText(*item, toUniString(step["text"].get<std::string>())))
-        return fail(fmt::format("the dialog has no edit text {}", *item));
-    tell("item", *item);
+        fail(fmt::format("the dialog has no edit text {}", *item));
 }
 
 void ScriptUser::resize(const JsonValue& step) {
