@@ -8,7 +8,7 @@ ElementSets::ElementSets(const step::StepFile& stepFile, const PropertySets& set
 const SetsOfElement* ElementSets::find(step::Slot element) {
     constexpr std::size_t Most = 100'000;
     if (revision != file.revision() || generation != propertySets.generation() || known.size() > Most) {
-        known.clear();
+        known = {};  // Not clear(): that would pass over as many buckets as there ever were, with every edit.
         revision = file.revision();
         generation = propertySets.generation();
     }
