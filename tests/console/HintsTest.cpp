@@ -98,8 +98,8 @@ TEST(HintForUnknownItems, NamesTheRowsThatOnlyABracketCouldHelp) {
                                       row("Tilt", notFound)};
     const std::vector<ListRow> failed(4, row("", "error!")), done(4, row("", "Done"));
     EXPECT_EQ(hintForUnknownItems(review, failed),
-              "Nothing on the element has the name in rows 1 and 4: to create a property, write its set in brackets, "
-              "such as Slope[WallCommon]");
+              "Nothing on the element has the name in rows 1 and 4: to create a property, write a set behind it, as in "
+              "Slope[Custom] for Pset_Custom");
     EXPECT_EQ(hintForUnknownItems(review, done), std::nullopt);
 }
 

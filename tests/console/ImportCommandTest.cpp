@@ -283,7 +283,7 @@ TEST_F(ImportCommand, EveryErrorOfTheSampleIsExplained) {
         json({"import", samples + "house.ifc", samples + "updates.txt", "--apply", "-o", "out.ifc"}, 2);
     EXPECT_GT(document["summary"]["done"], 0);
     EXPECT_THAT(document["report"], HasText("CEILING"));
-    EXPECT_THAT(document["hints"], HasText("Slope[WallCommon]"));
+    EXPECT_THAT(document["hints"], HasText("Slope[Custom]"));
 }
 
 }  // namespace

@@ -100,8 +100,8 @@ std::optional<std::string> hintForUnknownItems(const std::vector<ListRow>& revie
     if (rows.count == 0) return std::nullopt;
     const std::string& item = review[rows.first.front() - 1].columns[reviewlist::PropertyColumn];
     return fmt::format(
-        "Nothing on the element has the name in {}: to create a property, write its set in brackets, "
-        "such as {}[WallCommon]",
+        "Nothing on the element has the name in {}: to create a property, write a set behind it, as in "
+        "{}[Custom] for Pset_Custom",
         numbered("row", rows), item);
 }
 
