@@ -292,7 +292,7 @@ void ACAPI_FreePtrArray(GSPtr* array) {
     if (array == nullptr || *array == nullptr) return;
     const auto count = static_cast<std::size_t>(BMGetPtrSize(*array)) / sizeof(GSPtr);
     for (std::size_t i = 0; i < count; ++i) {
-        GSPtr member;
+        GSPtr member = nullptr;
         std::memcpy(&member, *array + i * sizeof member, sizeof member);
         BMKillPtr(&member);
     }
@@ -303,7 +303,7 @@ void ACAPI_DisposeHandleArray(GSHandle* array) {
     if (array == nullptr || *array == nullptr) return;
     const auto count = static_cast<std::size_t>(BMGetHandleSize(*array)) / sizeof(GSHandle);
     for (std::size_t i = 0; i < count; ++i) {
-        GSHandle member;
+        GSHandle member = nullptr;
         std::memcpy(&member, **array + i * sizeof member, sizeof member);
         BMKillHandle(&member);
     }

@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include <chrono>
+#include <cmath>
 #include <cstdio>
 
 namespace console {
@@ -35,7 +36,7 @@ void wipeProgress() {
 }
 
 std::string duration(double seconds) {
-    const auto whole = static_cast<long>(seconds + 0.5);
+    const auto whole = std::lround(seconds);
     return whole < 120 ? fmt::format("{} s", whole) : fmt::format("{} min", (whole + 30) / 60);
 }
 
@@ -46,7 +47,7 @@ void say(std::string_view message) {
     write(fmt::format("modelhost: {}\n", visible(message)));
 }
 
-ProgressLine::ProgressLine(std::string operationText)
+ProgressLine::ProgressLine(std::string_view operationText)
     : operation(visible(operationText)), started(now()), terminal(Terminal::standardError().present) {}
 
 ProgressLine::~ProgressLine() {

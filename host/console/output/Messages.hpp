@@ -16,7 +16,7 @@ void say(std::string_view message);
 /// "Opening house.ifc  45 %  12 s left"
 class ProgressLine {
 public:
-    explicit ProgressLine(std::string operation);
+    explicit ProgressLine(std::string_view operation);
     ~ProgressLine();
     ProgressLine(const ProgressLine&) = delete;
     ProgressLine& operator=(const ProgressLine&) = delete;

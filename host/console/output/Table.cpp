@@ -72,7 +72,8 @@ void appendCell(std::string& line, const TableCell& cell, int width, bool last, 
     if (styled) line += sequence(cell.style);
     line += text;
     if (styled) line += "\x1B[0m";
-    if (!last) line.append(static_cast<std::size_t>(width - displayWidth(text) + Gap), ' ');
+    const int blanks = width - displayWidth(text) + Gap;
+    if (!last) line.append(static_cast<std::size_t>(blanks), ' ');
 }
 
 }  // namespace
