@@ -73,15 +73,15 @@ model::Status AddOn::readRecord() {
     const auto fault = call("GetExportedFuncAddrs", [this] { image->getExported()(&exported); });
     if (fault) return cannot(*fault);
     // The version first: the rest of a record of another version may mean something else.
-    if (const model::Status known = checkVersions(exported); !known) return known;
+    if (model::Status known = checkVersions(exported); !known) return known;
     return checkFunctions(exported);
 }
 
 model::Status AddOn::start(const HostFunction* table) {
-    if (const model::Status bound = bind(table); !bound) return bound;
-    if (const model::Status willing = checkEnvironment(); !willing) return willing;
+    if (model::Status bound = bind(table); !bound) return bound;
+    if (model::Status willing = checkEnvironment(); !willing) return willing;
     stage = Stage::Registering;
-    const model::Status registered =
+    model::Status registered =
         step("registerInterface", [](AddOn& addOn) { return addOn.exported.registerInterface(); });
     stage = Stage::Registered;
     if (!registered) return registered;
@@ -121,7 +121,7 @@ std::optional<std::string> AddOn::stop() {
     const bool started = stage == Stage::Registered || stage == Stage::Initialized;
     if (!started || hasCrashed) return std::nullopt;
     // Its result is of no use: the add-on goes either way.
-    const auto fault = call("freeData", [this] { exported.freeData(); });
+    auto fault = call("freeData", [this] { exported.freeData(); });
     stage = Stage::Stopped;
     return fault;
 }

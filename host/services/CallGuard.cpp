@@ -73,7 +73,7 @@ extern "C" void onFault(int number, siginfo_t* info, void* context) {
 /// The handler needs a stack of its own: the add-on's may be what is used up. One that somebody provided already (a
 /// sanitizer does, and frees it again) is as good.
 void provideSignalStack() {
-    static constexpr std::size_t size = 64 * 1024;
+    static constexpr std::size_t size = 0x10000;
     static thread_local std::unique_ptr<char[]> memory;
     static thread_local bool provided = false;
     if (provided) return;

@@ -50,30 +50,38 @@ public:
     Host& operator=(const Host&) = delete;
 
     // --- Model ---
+    // While a menu command runs the model is not exchanged: opening fails, adopting and closing have no effect.
+
+    /// Opens a file in place of the open model, which stays where that fails.
     model::Status openModel(const std::filesystem::path& path, const model::OpenOptions& options = {});
     void adoptModel(std::unique_ptr<model::Model> model);
     void closeModel();
+    /// Null where none is open.
     model::Model* model();
 
     // --- Add-on ---
     /// Runs the load sequence of HostTable.hpp. Fails with a complete message: no such bundle, a missing entry point, a
     /// wrong version, a refused or failed start.
     model::Status loadAddOn(const std::filesystem::path& bundle);
-    /// Runs freeData, unloads the image. Done by the destructor, too.
+    /// Runs freeData, unloads the image. Done by the destructor, too. No effect while a command of it runs.
     void unloadAddOn();
     bool addOnLoaded() const;
+    /// What it answered to the environment check; empty where none is loaded.
     const std::string& addOnName() const;
     const std::string& addOnDescription() const;
 
     /// The menus that the add-on registered, with their items' present states.
     const std::vector<Menu>& menus() const;
     /// Picks an item (from 1). Runs the add-on's command to its end. @return the handler's error code;
-    /// APIERR_BADINDEX for no such item, APIERR_REFUSEDCMD for a disabled one or while a command runs.
+    /// APIERR_BADINDEX for no such item, APIERR_REFUSEDCMD for a disabled one or while a command runs,
+    /// APIERR_COMMANDFAILED where the command crashed or threw: the report says so.
     GSErrCode pickMenuItem(Int16 menuStrResID, Int32 itemIndex);
 
     // --- The user's other means ---
+    /// @return false where there is nothing to undo (redo), or a menu command runs.
     bool undo();
     bool redo();
+    /// Possible while a menu command runs, but not inside an undoable command.
     model::Status save(const std::filesystem::path& path, const model::SaveOptions& options = {});
     void setPointPicker(PointPicker picker);
 
