@@ -13,7 +13,10 @@ namespace model::step {
 struct Block {
     static constexpr std::size_t size = 64;
 
-    std::uint64_t semicolons, quotes, opening, closing, equals, slashes, hashes, controls;
+    std::uint64_t semicolons, quotes, opening, closing, equals, slashes, hashes;
+    std::uint64_t controls;     ///< Below the blank.
+    std::uint64_t beyondSlash;  ///< Letters, digits and all else that can stand neither behind a string nor behind its
+                                ///< first half.
 };
 
 #if defined(__SSE2__)
@@ -31,8 +34,10 @@ inline Block readBlock(const char* at) {
     const auto same = [&mask](char c) {
         return mask([c](__m128i bytes) { return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(c)); });
     };
-    const auto control = [](__m128i bytes) { return _mm_cmpeq_epi8(_mm_min_epu8(bytes, _mm_set1_epi8(31)), bytes); };
-    return {same(';'), same('\''), same('('), same(')'), same('='), same('/'), same('#'), mask(control)};
+    const auto upTo = [&mask](char c) {
+        return mask([c](__m128i bytes) { return _mm_cmpeq_epi8(_mm_min_epu8(bytes, _mm_set1_epi8(c)), bytes); });
+    };
+    return {same(';'), same('\''), same('('), same(')'), same('='), same('/'), same('#'), upTo(31), ~upTo('/')};
 }
 
 #else
@@ -51,6 +56,7 @@ inline Block readBlock(const char* at) {
         note(block.slashes, c == '/');
         note(block.hashes, c == '#');
         note(block.controls, static_cast<unsigned char>(c) < 32);
+        note(block.beyondSlash, static_cast<unsigned char>(c) > '/');
     }
     return block;
 }

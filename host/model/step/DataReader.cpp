@@ -16,8 +16,9 @@ constexpr std::ptrdiff_t stretch = std::ptrdiff_t{16} << 20U;  ///< Swept betwee
 
 void FrameReader::readData() {
     section = {offset(cursor.at), offset(cursor.at), offset(cursor.at)};
-    if (skipBlanks(cursor) && cursor.sees('(') && !scanList(cursor, nullptr)) remark(cursor.at, cursor.problem);
-    if (!passSemicolon()) remark(cursor.at, "the semicolon behind DATA is missing");
+    const char* begin = cursor.at;
+    const bool listed = skipBlanks(cursor) && (!cursor.sees('(') || scanList(cursor, nullptr));
+    if (!listed || !passSemicolon()) passMalformed(begin, "the beginning of the section DATA is malformed");
     noteSound();
     while (reportProgress()) {
         const char* limit = cursor.at + std::min(stretch, cursor.end - cursor.at);

@@ -72,7 +72,7 @@ bool FrameReader::readSection(std::string_view name) {
         readHeader();
     } else if (equalIgnoringCase(name, "DATA")) {
         readData();
-    } else if (equalIgnoringCase(name, "ANCHOR") || equalIgnoringCase(name, "REFERENCE")) {
+    } else if ((equalIgnoringCase(name, "ANCHOR") || equalIgnoringCase(name, "REFERENCE")) && passSemicolon()) {
         readLinks(name);
     } else if (equalIgnoringCase(name, "SIGNATURE")) {
         readSignature();
@@ -138,13 +138,13 @@ void FrameReader::readLinks(std::string_view keyword) {
 }
 
 void FrameReader::skipLinkToken() {
-    const char* at = cursor.at;
-    // A URI may hold any of the characters that mean something elsewhere, but no line end.
-    if (cursor.sees('<'))
-        while (!cursor.atEnd() && !isLineEnd(*cursor.at) && !cursor.sees('>')) ++cursor.at;
-    if (cursor.sees('\'') && skipString(cursor)) return;
-    if (!cursor.sees('>')) cursor.at = at;
-    ++cursor.at;
+    // URIs and strings may hold any of the characters that mean something elsewhere, but here no line ends: a quote or
+    // a bracket without its counterpart must not swallow the section's end.
+    const char closing = cursor.sees('<') ? '>' : cursor.sees('\'') ? '\'' : '\0';
+    const char* at = ++cursor.at;
+    if (closing == '\0') return;
+    while (!cursor.atEnd() && !isLineEnd(*cursor.at) && !cursor.sees(closing)) ++cursor.at;
+    cursor.at = cursor.sees(closing) ? cursor.at + 1 : at;
 }
 
 void FrameReader::readSignature() {

@@ -15,13 +15,23 @@ struct Edit {
     std::string_view text;
 };
 
-/// The line end that the lines before `at` have; empty where the section has none.
-std::string_view lineEndBefore(std::string_view bytes, const Section& section) {
-    const std::string_view lines = bytes.substr(section.begin, section.insertAt - section.begin);
+/// The line end that the lines before `at` have; empty where there are none.
+std::string_view lineEndBefore(std::string_view bytes, std::uint64_t at) {
+    const std::string_view lines = bytes.substr(0, at);
     const std::size_t last = lines.find_last_of("\r\n");
     if (last == std::string_view::npos) return {};
     const bool pair = last > 0 && lines[last] == '\n' && lines[last - 1] == '\r';
     return pair ? lines.substr(last - 1, 2) : lines.substr(last, 1);
+}
+
+/// What sets the first new instance off from the bytes before it. Behind malformed text a line of its own is the only
+/// way to be seen, even where the file has no lines.
+std::string_view separatorBefore(std::string_view bytes, std::uint64_t at, std::string_view lineEnd) {
+    std::uint64_t last = at;
+    while (last > 0 && (bytes[last - 1] == ' ' || bytes[last - 1] == '\t')) --last;
+    if (last > 0 && isLineEnd(bytes[last - 1])) return {};
+    if (!lineEnd.empty() || last == 0 || bytes[last - 1] == ';') return lineEnd;
+    return "\n";
 }
 
 /// An erased instance takes its line with it where it has one of its own.
@@ -62,9 +72,8 @@ void addInsertions(const Index& index, const Changes& changes, std::vector<Edit>
         Place& place = places[instance.section];
         const auto insert = [&edits, at](std::string_view text) { edits.push_back({at, at, text}); };
         if (!place.used) {
-            place = {lineEndBefore(index.bytes, index.sections[instance.section]), true};
-            const bool lineBegins = at > 0 && isLineEnd(index.bytes[at - 1]);
-            if (!lineBegins) insert(place.lineEnd);
+            place = {lineEndBefore(index.bytes, at), true};
+            insert(separatorBefore(index.bytes, at, place.lineEnd));
         }
         insert(instance.now.text);
         insert(place.lineEnd);

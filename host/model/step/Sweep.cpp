@@ -42,8 +42,10 @@ private:
     bool take(const char* at) {
         const Block block = readBlock(at);
         const std::uint64_t inside = prefixParity(block.quotes) ^ inString;
+        const std::uint64_t stringEnds = block.quotes & ~inside;
+        const std::uint64_t behindStrings = stringEnds << 1U | stringEndBefore;
         Marks marks{block.equals & ~inside, block.opening & ~inside, block.closing & ~inside,
-                    (block.slashes & ~inside) | (block.controls & inside)};
+                    (block.slashes & ~inside) | (block.controls & inside) | (block.beyondSlash & behindStrings)};
         std::uint64_t ends = block.semicolons & ~inside;
         for (; ends != 0; ends &= ends - 1) {
             const std::uint64_t upToEnd = ends ^ (ends - 1);
@@ -51,6 +53,7 @@ private:
             marks = marks.only(~upToEnd);
         }
         inString = (inside >> 63U) == 0 ? 0 : ~std::uint64_t{0};
+        stringEndBefore = stringEnds >> 63U;
         return note(at, marks);
     }
 
@@ -118,8 +121,9 @@ private:
     }
 
     Index& index;
-    const char* instance;  ///< Where the one being read began, blanks before it included.
-    std::uint64_t inString = 0;
+    const char* instance;               ///< Where the one being read began, blanks before it included.
+    std::uint64_t inString = 0;         ///< All ones where the last block ended inside a string.
+    std::uint64_t stringEndBefore = 0;  ///< 1 where it ended with the end of one.
     Shape shape;
 };
 
