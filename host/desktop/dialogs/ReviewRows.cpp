@@ -30,7 +30,7 @@ Mark rowMark(const frontend::List& list, Int16 row) {
     const auto endsWith = [&](std::u16string_view end) { return units.ends_with(end); };
     if (endsWith(u"\terror!")) return Mark::Error;
     if (endsWith(u"\tDone")) return Mark::Done;
-    if (list.status(row) != DG_IS_ENABLE) return Mark::Unchanged;
+    if (list.status(row) != DG_IS_ENABLE) return list.color(row) ? Mark::Error : Mark::Unchanged;
     if (units.starts_with(u"[X]\t")) return Mark::Ticked;
     return Mark::Open;
 }

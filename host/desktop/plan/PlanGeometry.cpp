@@ -53,12 +53,15 @@ PlanGeometry::PlanGeometry(QObject* parent) : QObject(parent) {
 }
 
 void PlanGeometry::setSource(const model::Model* newSource, const ElementIndex* newIndex) {
+    Q_EMIT clearing();
     timer.stop();
     source = newSource;
     elements = newIndex;
     wanted.clear();
     read.clear();
+    byElement.clear();
     if (!elements) return;
+    byElement.resize(elements->size());
     read.resize(elements->storeys().size());
     for (model::Element element = 0; element < elements->size(); ++element) {
         // An opening has the outline of its window or door, and would only hide it.
@@ -81,11 +84,7 @@ bool PlanGeometry::complete(const std::vector<std::uint32_t>& storeys) const {
 }
 
 const Footprint* PlanGeometry::find(model::Element element) const {
-    if (!elements || element >= elements->size()) return nullptr;
-    const auto& footprints = read[elements->storey(element)].footprints;
-    const auto found = std::find_if(footprints.begin(), footprints.end(),
-                                    [&](const Footprint& footprint) { return footprint.element == element; });
-    return found == footprints.end() ? nullptr : &*found;
+    return element < byElement.size() ? byElement[element] : nullptr;
 }
 
 void PlanGeometry::readSome() {
@@ -113,6 +112,7 @@ void PlanGeometry::readNext(Storey& storey) {
     footprint.box = footprint.outline.boundingRect();
     footprint.area = areaOf(footprint.outline);
     storey.footprints.push_back(std::move(footprint));
+    byElement[storey.footprints.back().element] = &storey.footprints.back();
 }
 
 }  // namespace desktop

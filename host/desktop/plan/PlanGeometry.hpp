@@ -6,6 +6,7 @@
 #include <QPolygonF>
 #include <QRectF>
 #include <QTimer>
+#include <deque>
 
 namespace desktop {
 
@@ -35,18 +36,20 @@ public:
     void request(const std::vector<std::uint32_t>& storeys);
     bool complete(const std::vector<std::uint32_t>& storeys) const;
 
-    /// What has been read so far, in the order to draw.
-    const std::vector<Footprint>& storey(std::uint32_t number) const { return read[number].footprints; }
+    /// What has been read so far, in the order to draw. A footprint stays where it is until the source changes.
+    const std::deque<Footprint>& storey(std::uint32_t number) const { return read[number].footprints; }
     const Footprint* find(model::Element element) const;
     const ElementIndex* index() const { return elements; }
 
 Q_SIGNALS:
     void grown();
+    /// The footprints are about to go.
+    void clearing();
 
 private:
     struct Storey {
         std::vector<model::Element> elements;
-        std::vector<Footprint> footprints;
+        std::deque<Footprint> footprints;
         std::size_t done = 0;
         bool complete() const { return done == elements.size(); }
     };
@@ -56,6 +59,7 @@ private:
     const model::Model* source = nullptr;
     const ElementIndex* elements = nullptr;
     std::vector<Storey> read;
+    std::vector<const Footprint*> byElement;
     std::vector<std::uint32_t> wanted;
     QTimer timer;
 };

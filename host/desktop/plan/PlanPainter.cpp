@@ -17,7 +17,7 @@ constexpr double leastMark = 9;
 
 }  // namespace
 
-bool PlanPainter::inSight(const Footprint& footprint) const {
+bool inSight(const Footprint& footprint, const PlanViewport& viewport) {
     const QRectF visible = viewport.visible();
     const QRectF& box = footprint.box;  // may be without width or height, which QRectF::intersects takes for empty
     return box.left() <= visible.right() && box.right() >= visible.left() && box.top() <= visible.bottom() &&
@@ -31,47 +31,34 @@ QPolygonF PlanPainter::onScreen(const Footprint& footprint) const {
     return points;
 }
 
-void PlanPainter::drawStorey(const std::vector<Footprint>& footprints) {
-    std::optional<PlanLayer> layer;
-    for (const Footprint& footprint : footprints) {
-        if (!inSight(footprint)) continue;
-        if (layer != footprint.layer) {
-            layer = footprint.layer;
-            const PlanStyle style = planStyle(colors, *layer);
-            painter.setPen(QPen(style.line, 1));
-            painter.setBrush(style.fill);
-        }
-        const QRectF size = viewport.toScreen(footprint.box);
-        if (footprint.outline.size() < 2 || (size.width() < 1 && size.height() < 1)) {
-            painter.drawPoint(size.center());
-        } else {
-            painter.drawPolygon(onScreen(footprint));
-        }
+void PlanPainter::setStyle(const Footprint& footprint, Mark mark) {
+    const std::pair wanted(footprint.layer, mark);
+    if (style == wanted) return;
+    style = wanted;
+    if (mark == Mark::None) {
+        const PlanStyle plain = planStyle(colors, footprint.layer);
+        painter.setPen(QPen(plain.line, 1));
+        painter.setBrush(plain.fill);
+        return;
     }
+    const QColor line = markColor(colors, mark);
+    QColor fill = line;
+    // A slab's mark must not hide what stands on it.
+    fill.setAlphaF(footprint.layer <= PlanLayer::Floor ? 0.22F : 0.6F);
+    painter.setPen(QPen(line, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(fill);
 }
 
-void PlanPainter::drawMarks(const std::vector<Footprint>& footprints, const PlanMarks& marks) {
-    std::vector<std::pair<Mark, const Footprint*>> marked;
-    for (const Footprint& footprint : footprints) {
-        const Mark mark = marks.of(footprint.element);
-        if (mark != Mark::None && inSight(footprint)) marked.emplace_back(mark, &footprint);
-    }
-    std::stable_sort(marked.begin(), marked.end(), [](const auto& a, const auto& b) {
-        return a.first != b.first ? a.first < b.first : a.second->area > b.second->area;
-    });
-    for (const auto& [mark, footprint] : marked) {
-        const QColor line = markColor(colors, mark);
-        QColor fill = line;
-        // A slab's mark must not hide what stands on it.
-        fill.setAlphaF(footprint->layer <= PlanLayer::Floor ? 0.22F : 0.6F);
-        painter.setPen(QPen(line, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        painter.setBrush(fill);
-        const QRectF size = viewport.toScreen(footprint->box);
-        if (size.width() < leastMark && size.height() < leastMark) {
-            painter.drawEllipse(size.center(), leastMark / 2, leastMark / 2);
-        } else {
-            painter.drawPolygon(onScreen(*footprint));
-        }
+void PlanPainter::draw(const Footprint& footprint, Mark mark) {
+    setStyle(footprint, mark);
+    const QRectF size = viewport.toScreen(footprint.box);
+    const double least = mark == Mark::None ? 1 : leastMark;
+    if (footprint.outline.size() > 1 && (size.width() >= least || size.height() >= least)) {
+        painter.drawPolygon(onScreen(footprint));
+    } else if (mark == Mark::None) {
+        painter.drawPoint(size.center());
+    } else {
+        painter.drawEllipse(size.center(), leastMark / 2, leastMark / 2);
     }
 }
 

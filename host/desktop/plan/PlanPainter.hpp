@@ -16,20 +16,23 @@ public:
     PlanPainter(QPainter& target, const PlanViewport& port, const QPalette& palette)
         : painter(target), viewport(port), colors(palette) {}
 
-    void drawStorey(const std::vector<Footprint>& footprints);
-    /// Those of the storey that bear a mark, the most urgent on top.
-    void drawMarks(const std::vector<Footprint>& footprints, const PlanMarks& marks);
+    /// @param mark  None: as part of the building.
+    void draw(const Footprint& footprint, Mark mark);
     void drawSelection(const Footprint& footprint);
     /// In the lower right corner: each mark in use with its colour and number of rows.
     void drawLegend(const PlanMarks& marks);
 
 private:
-    bool inSight(const Footprint& footprint) const;
+    void setStyle(const Footprint& footprint, Mark mark);
     QPolygonF onScreen(const Footprint& footprint) const;
 
     QPainter& painter;
     const PlanViewport& viewport;
     const QPalette& colors;
+    std::optional<std::pair<PlanLayer, Mark>> style;  ///< What pen and brush are set for.
 };
+
+/// Whether any of it is in the view.
+bool inSight(const Footprint& footprint, const PlanViewport& viewport);
 
 }  // namespace desktop

@@ -21,8 +21,10 @@ namespace {
 constexpr double fitMargin = 16;
 constexpr double zoomStep = 1.25;
 constexpr double hitPixels = 4;
-/// From this many footprints on, a moving plan shows its last drawing moved along, and is drawn anew when it rests.
-constexpr std::size_t manyFootprints = 4000;
+/// How long drawing may hold up other events. What is through in one go shows at once, as nearly every plan is.
+constexpr qint64 sliceMs = 12;
+/// While footprints come in, the plan is drawn anew this often.
+constexpr int growMs = 300;
 
 double distanceToLine(const QPointF& p, const QPointF& a, const QPointF& b) {
     const QPointF along = b - a;
@@ -59,12 +61,21 @@ PlanView::PlanView(PlanGeometry* source, QWidget* parent)
     promptLabel->setForegroundRole(QPalette::HighlightedText);
     promptLabel->setAttribute(Qt::WA_TransparentForMouseEvents);
     promptLabel->hide();
-    settle.setSingleShot(true);
-    settle.setInterval(90);
-    connect(&settle, &QTimer::timeout, this, &PlanView::redraw);
+    drawer.setInterval(0);
+    connect(&drawer, &QTimer::timeout, this, &PlanView::drawSome);
+    grow.setSingleShot(true);
+    grow.setInterval(growMs);
+    connect(&grow, &QTimer::timeout, this, &PlanView::takeGrowth);
     connect(geometry, &PlanGeometry::grown, this, [this] {
-        if (fitted) fit();
-        redraw();
+        if (geometry->complete(storeys)) {
+            takeGrowth();
+        } else if (!grow.isActive()) {
+            grow.start();
+        }
+    });
+    connect(geometry, &PlanGeometry::clearing, this, [this] {
+        building.clear();
+        marked.clear();
     });
 }
 
@@ -85,7 +96,7 @@ void PlanView::setMarks(const PlanMarks* shown) {
         }
     }
     setAccessibleDescription(counts.join(QStringLiteral(", ")));
-    redraw();
+    startMarks();
 }
 
 void PlanView::setSelected(std::optional<model::Element> element) {
@@ -101,23 +112,17 @@ void PlanView::setSelected(std::optional<model::Element> element) {
 
 /// What a fitted plan shows: the building, without the ground around it.
 QRectF PlanView::extent() const {
-    QRectF building, all;
+    QRectF inner, all;
     const auto add = [](QRectF& sum, const QRectF& box) { sum = sum.isNull() ? box : sum.united(box); };
     for (const std::uint32_t number : storeys) {
         for (const Footprint& footprint : geometry->storey(number)) {
             // United with another box, one without extent would be passed over.
             const QRectF box = footprint.box.adjusted(0, 0, 1e-6, 1e-6);
             add(all, box);
-            if (footprint.layer != PlanLayer::Ground && footprint.outline.size() > 1) add(building, box);
+            if (footprint.layer != PlanLayer::Ground && footprint.outline.size() > 1) add(inner, box);
         }
     }
-    return building.isNull() ? all : building;
-}
-
-std::size_t PlanView::footprintCount() const {
-    std::size_t count = 0;
-    for (const std::uint32_t number : storeys) count += geometry->storey(number).size();
-    return count;
+    return inner.isNull() ? all : inner;
 }
 
 void PlanView::fit() {
@@ -156,63 +161,84 @@ std::optional<model::Element> PlanView::hit(const QPointF& point, bool preferMar
     for (const std::uint32_t number : storeys) {
         for (const Footprint& footprint : geometry->storey(number)) {
             if (!touches(footprint, point, tolerance)) continue;
-            const bool marked = preferMarked && marks && marks->of(footprint.element) != Mark::None;
-            const bool better = !best || (marked != bestMarked ? marked : footprint.area < best->area);
+            const bool isMarked = preferMarked && marks && marks->of(footprint.element) != Mark::None;
+            const bool better = !best || (isMarked != bestMarked ? isMarked : footprint.area < best->area);
             if (!better) continue;
             best = &footprint;
-            bestMarked = marked;
+            bestMarked = isMarked;
         }
     }
     if (!best) return std::nullopt;
     return best->element;
 }
 
+void PlanView::takeGrowth() {
+    grow.stop();
+    if (fitted) {
+        fit();
+    } else {
+        redraw();
+    }
+}
+
+void PlanView::moved() {
+    fitted = false;
+    redraw();
+}
+
 void PlanView::redraw() {
-    outdated = true;
+    startBuilding();
+    startMarks();
+}
+
+void PlanView::startBuilding() {
+    std::vector<PlanDrawing::Item> items;
+    for (const std::uint32_t number : storeys) {
+        for (const Footprint& footprint : geometry->storey(number)) {
+            if (inSight(footprint, port)) items.push_back({&footprint, Mark::None});
+        }
+    }
+    building.start(port, devicePixelRatioF(), palette(), palette().color(QPalette::Base), std::move(items));
+    drawSome();
+}
+
+/// Over the building, and drawn without it when a tick changes: the most urgent on top, small ones on big ones.
+void PlanView::startMarks() {
+    std::vector<PlanDrawing::Item> items;
+    for (const std::uint32_t number : marks ? storeys : std::vector<std::uint32_t>()) {
+        for (const Footprint& footprint : geometry->storey(number)) {
+            const Mark mark = marks->of(footprint.element);
+            if (mark != Mark::None && inSight(footprint, port)) items.push_back({&footprint, mark});
+        }
+    }
+    std::sort(items.begin(), items.end(), [](const PlanDrawing::Item& a, const PlanDrawing::Item& b) {
+        if (a.mark != b.mark) return a.mark < b.mark;
+        if (a.footprint->area != b.footprint->area) return a.footprint->area > b.footprint->area;
+        return a.footprint->element < b.footprint->element;
+    });
+    marked.start(port, devicePixelRatioF(), palette(), Qt::transparent, std::move(items));
+    drawSome();
+}
+
+void PlanView::drawSome() {
+    const bool done = building.draw(sliceMs) && marked.draw(sliceMs);
+    if (done) {
+        drawer.stop();
+    } else if (!drawer.isActive()) {
+        drawer.start();
+    }
     update();
 }
 
-/// The plan has been zoomed or panned.
-void PlanView::moved() {
-    fitted = false;
-    if (footprintCount() < manyFootprints) {
-        redraw();
-    } else {
-        settle.start();
-        update();
-    }
-}
-
-void PlanView::renderNow() {
-    const qreal ratio = devicePixelRatioF();
-    drawing = QPixmap(size() * ratio);
-    drawing.setDevicePixelRatio(ratio);
-    drawing.fill(palette().color(QPalette::Base));
-    QPainter painter(&drawing);
-    painter.setRenderHint(QPainter::Antialiasing);
-    PlanPainter plan(painter, port, palette());
-    for (const std::uint32_t number : storeys) plan.drawStorey(geometry->storey(number));
-    if (marks) {
-        for (const std::uint32_t number : storeys) plan.drawMarks(geometry->storey(number), *marks);
-    }
-    drawnPort = port;
-    outdated = false;
-}
-
 void PlanView::paintEvent(QPaintEvent*) {
-    if (outdated || drawing.isNull()) renderNow();
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    if (drawnPort == port) {
-        painter.drawPixmap(0, 0, drawing);
-    } else {
-        painter.fillRect(rect(), palette().color(QPalette::Base));
-        painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        const QRectF then = drawnPort.visible();
-        painter.drawPixmap(port.toScreen(then), drawing, QRectF(drawing.rect()));
-    }
+    painter.fillRect(rect(), palette().color(QPalette::Base));
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    building.paint(painter, port);
+    marked.paint(painter, port);
     PlanPainter plan(painter, port, palette());
-    if (const Footprint* footprint = selected ? geometry->find(*selected) : nullptr) plan.drawSelection(*footprint);
+    const Footprint* footprint = selected ? geometry->find(*selected) : nullptr;
+    if (footprint && inSight(*footprint, port)) plan.drawSelection(*footprint);
     if (marks) plan.drawLegend(*marks);
     if (!storeys.empty() && !geometry->complete(storeys)) {
         painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "desktop/plan/PlanDrawing.hpp"
 #include "desktop/plan/PlanGeometry.hpp"
 #include "desktop/plan/PlanMarks.hpp"
 #include "desktop/plan/PlanViewport.hpp"
 
-#include <QPixmap>
 #include <QWidget>
 
 class QLabel;
@@ -55,11 +55,15 @@ protected:
 
 private:
     void click(const QPointF& pixel);
+    /// The plan has been zoomed or panned.
     void moved();
+    void takeGrowth();
+    /// What is drawn has changed.
     void redraw();
-    void renderNow();
+    void startBuilding();
+    void startMarks();
+    void drawSome();
     QRectF extent() const;
-    std::size_t footprintCount() const;
     void placePrompt();
     QString toolTipAt(const QPointF& pixel) const;
 
@@ -70,10 +74,9 @@ private:
     PlanViewport port;
     bool fitted = true;  ///< Nobody has zoomed or panned: the whole storey stays in sight as it grows.
 
-    QPixmap drawing;  ///< The footprints as last drawn, for `drawnPort`.
-    PlanViewport drawnPort;
-    bool outdated = true;
-    QTimer settle;
+    PlanDrawing building, marked;
+    QTimer drawer;  ///< Runs while one of them is being drawn.
+    QTimer grow;    ///< Runs while more footprints come in.
 
     QPointF pressedAt, draggedFrom;
     bool pressed = false, dragging = false;
