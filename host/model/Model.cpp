@@ -25,8 +25,11 @@ struct Model::Content {
     std::vector<std::string> notes;
     std::unordered_set<Element> noted;  ///< Elements whose duplicates have been told of.
 
+    using Edit = std::function<Status(std::vector<std::string>& notes)>;
+
     void collectRemarks();
-    Status edit(Element element, const std::function<Status()>& body);
+    Status edit(Element element, const Edit& body);
+    std::string describe(Element element);
 };
 
 namespace {
@@ -64,17 +67,24 @@ void Model::Content::collectRemarks() {
     }
 }
 
-Status Model::Content::edit(Element element, const std::function<Status()>& body) {
+Status Model::Content::edit(Element element, const Edit& body) {
     if (!file->open()) return Error{ErrorKind::Refused, "the model can only be changed inside an undoable command"};
     const std::uint64_t before = file->revision();
-    Status done = body();
+    std::vector<std::string> toTell;
+    Status done = body(toTell);
     const bool changed = done && file->revision() != before;
     if (changed && work.elements.hasDuplicates(element) && noted.insert(element).second) {
-        notes.push_back("GlobalId " + toGlobalId(work.elements.guid(element)) +
-                        " stands in the file more than once; only the first instance, #" +
-                        std::to_string(file->id(work.elements.slot(element))) + ", is changed");
+        toTell.push_back("its GlobalId stands in the file more than once; only the first instance, #" +
+                         std::to_string(file->id(work.elements.slot(element))) + ", is changed");
     }
+    for (const std::string& note : toTell) notes.push_back(describe(element) + ": " + note);
     return done;
+}
+
+/// "Wall 12 (A32931C7-...)"
+std::string Model::Content::describe(Element element) {
+    const std::string name = ifc::toUtf8(ifc::attributeText(work, work.elements.slot(element), "Name"));
+    return (name.empty() ? "" : name + " ") + "(" + guidText(work.elements.guid(element)) + ")";
 }
 
 Model::Model(std::unique_ptr<Content> modelContent) : content(std::move(modelContent)) {}
@@ -186,15 +196,17 @@ Result<std::vector<ClassificationReference>> Model::classifications(Element elem
 // --- Edits ---
 
 Status Model::setAttribute(Element element, std::string_view name, std::u16string_view value) {
-    return content->edit(element, [&] { return ifc::setAttribute(content->work, element, name, value); });
+    return content->edit(element, [&](auto&) { return ifc::setAttribute(content->work, element, name, value); });
 }
 
 Status Model::setProperty(Element element, const Property& property) {
-    return content->edit(element, [&] { return ifc::setProperty(content->work, element, property, content->notes); });
+    return content->edit(element,
+                         [&](auto& notes) { return ifc::setProperty(content->work, element, property, notes); });
 }
 
 Status Model::setClassification(Element element, const ClassificationReference& reference) {
-    return content->edit(element, [&] { return ifc::setClassification(content->work, element, reference); });
+    return content->edit(element,
+                         [&](auto& notes) { return ifc::setClassification(content->work, element, reference, notes); });
 }
 
 std::vector<std::string> Model::takeNotes() {

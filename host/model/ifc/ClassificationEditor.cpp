@@ -26,23 +26,27 @@ std::string stepText(const std::optional<std::u16string>& text) {
 
 class ClassificationEditor {
 public:
-    ClassificationEditor(Workspace& workspace, Element element, const ClassificationReference& target)
-        : work(workspace), edit(workspace, element), wanted(target) {}
+    ClassificationEditor(Workspace& workspace, Element element, const ClassificationReference& target,
+                         std::vector<std::string>& toTell)
+        : work(workspace), edit(workspace, element), wanted(target), notes(toTell) {}
 
     Status run() {
         if (wanted.system.empty()) return Error{ErrorKind::BadName, "the classification system has no label"};
-        if (const auto own = findBy(edit.slot())) return isSettled(own->data) ? Status{} : change(*own);
+        const auto own = findBy(edit.slot());
+        if (!own.empty()) return isSettled(own.front().data) ? Status{} : changeFirst(own);
         const Slot type = work.typeObject(edit.slot());
-        const auto inherited = type == step::NoSlot ? std::nullopt : findBy(type);
-        return inherited && isSettled(inherited->data) ? Status{} : create();
+        const auto inherited = type == step::NoSlot ? own : findBy(type);
+        return !inherited.empty() && isSettled(inherited.front().data) ? Status{} : create();
     }
 
 private:
-    std::optional<AssignedClassification> findBy(Slot object);
+    /// The object's classifications of the wanted label.
+    std::vector<AssignedClassification> findBy(Slot object);
     bool isSettled(const ClassificationReference& held) const {
         return sameEntry(held, wanted) && sameSource(held, wanted);
     }
 
+    Status changeFirst(const std::vector<AssignedClassification>& held);
     Status change(const AssignedClassification& held);
     Status changeInPlace(Slot reference, const std::string& source);
     Status create();
@@ -57,14 +61,24 @@ private:
     Workspace& work;
     ElementEdit edit;
     const ClassificationReference& wanted;
+    std::vector<std::string>& notes;
 };
 
-std::optional<AssignedClassification> ClassificationEditor::findBy(Slot object) {
+std::vector<AssignedClassification> ClassificationEditor::findBy(Slot object) {
     auto assigned = assignedClassifications(work, object);
-    const auto found = std::find_if(assigned.begin(), assigned.end(), [&](const AssignedClassification& candidate) {
-        return candidate.data.system == wanted.system;
-    });
-    return found == assigned.end() ? std::nullopt : std::optional(std::move(*found));
+    std::erase_if(assigned,
+                  [&](const AssignedClassification& candidate) { return candidate.data.system != wanted.system; });
+    return assigned;
+}
+
+/// Which of several of one label is meant nobody can tell; the first in the file is taken, and it is said.
+Status ClassificationEditor::changeFirst(const std::vector<AssignedClassification>& held) {
+    Status changed = change(held.front());
+    if (changed && held.size() > 1) {
+        notes.push_back("the element has " + std::to_string(held.size()) + " classifications " +
+                        inQuotes(wanted.system) + "; the first one was changed");
+    }
+    return changed;
 }
 
 Status ClassificationEditor::change(const AssignedClassification& held) {
@@ -204,8 +218,9 @@ Result<std::string> ClassificationEditor::source() {
 
 }  // namespace
 
-Status setClassification(Workspace& work, Element element, const ClassificationReference& reference) {
-    return ClassificationEditor(work, element, reference).run();
+Status setClassification(Workspace& work, Element element, const ClassificationReference& reference,
+                         std::vector<std::string>& notes) {
+    return ClassificationEditor(work, element, reference, notes).run();
 }
 
 }  // namespace model::ifc

@@ -40,7 +40,7 @@ public:
         for (const Override& candidate : overrides) {
             if (candidate.set != set) continue;
             for (const Slot slot : candidate.properties) {
-                const DecodedSet& decoded = work.propertySets.single(slot, base.name());
+                const DecodedSet& decoded = work.propertySets.overriding(slot, set);
                 if (decoded.size() == 0 || find(decoded.property(0).name) != nullptr) continue;
                 replacements.push_back({decoded.property(0), {slot, set, candidate.relation}, false});
             }

@@ -31,14 +31,14 @@ public:
     Status run() {
         work.propertySets.trim();
         if (Status named = checkNames(); !named) return named;
-        if (const auto own = findOwn()) return changeOwn(*own);
-        const auto inherited = findInherited();
-        if (wanted.kind != PropertyKind::Single || (inherited && inherited->settled)) return {};
-        if (inherited) return overrideInherited(inherited->place.property);
-        return create();
+        const std::uint64_t before = work.file.revision();
+        Status done = set();
+        if (done && work.file.revision() != before) noteNamesakes();
+        return done;
     }
 
 private:
+    Status set();
     Status checkNames() const;
     std::optional<FoundProperty> findOwn() const;
     std::optional<FoundProperty> findInherited() const;
@@ -63,9 +63,10 @@ private:
     Status giveSet(Slot set);
     Status relinkSet(Slot from, Slot to);
     Status checkSetAndRelations(Slot set) const;
+    Status checkOverrides(Slot set) const;
     Status checkNoComplexNamesake(Slot set) const;
 
-    /// The relation of the element's alone that overrides properties of the set, or any; NoSlot where there is none.
+    /// A relation that overrides properties of the set for the element; NoSlot where there is none.
     Slot overridingRelation(Slot set) const;
     Slot ownSetOfName();
     void noteNamesakes();
@@ -79,6 +80,13 @@ private:
     std::vector<std::string>& notes;
     std::vector<AssignedSet> assigned;
 };
+
+Status PropertyEditor::set() {
+    if (const auto own = findOwn()) return changeOwn(*own);
+    const auto inherited = findInherited();
+    if (wanted.kind != PropertyKind::Single || (inherited && inherited->settled)) return {};
+    return inherited ? overrideInherited(inherited->place.property) : create();
+}
 
 Status PropertyEditor::checkNames() const {
     if (wanted.set.empty()) return Error{ErrorKind::BadName, "the property set has no name"};
@@ -106,7 +114,6 @@ std::optional<FoundProperty> PropertyEditor::findInherited() const {
 
 Status PropertyEditor::changeOwn(const FoundProperty& found) {
     if (found.settled) return {};
-    noteNamesakes();
     const PropertyPlace& place = found.place;
     if (Status editable = edit.check(place.property); !editable) return editable;
     if (Status editable = checkSetAndRelations(place.set); !editable) return editable;
@@ -205,7 +212,6 @@ Status PropertyEditor::addProperty(const Draft& property) {
         const Result<Slot> newSet = addNewSet(*added);
         return newSet ? giveSet(*newSet) : Status{newSet.error()};
     }
-    noteNamesakes();
     if (Status editable = checkSetAndRelations(set); !editable) return editable;
     if (Status free = checkNoComplexNamesake(set); !free) return free;
     const Result<Slot> added = edit.add(property, set);
@@ -272,7 +278,22 @@ Status PropertyEditor::checkSetAndRelations(Slot set) const {
                                                  " are no well-formed list"};
         }
     }
-    return {};
+    return checkOverrides(set);
+}
+
+/// The first of several overriding relations counts. Splitting a shared one moves it behind the others, and another
+/// value would come to light.
+Status PropertyEditor::checkOverrides(Slot set) const {
+    std::size_t count = 0;
+    bool shared = false;
+    for (const AssignedSet& assignment : assigned) {
+        if (assignment.set != set || !assignment.overriding) continue;
+        ++count;
+        shared = shared || !edit.isAlone(assignment.relation);
+    }
+    if (count < 2 || !shared) return {};
+    return Error{ErrorKind::Refused, std::to_string(count) + " relations override properties of set " +
+                                         edit.reference(set) + " for the element, and other elements share them"};
 }
 
 /// Property names are unique in a set, also among the complex ones, which are not listed.

@@ -31,38 +31,46 @@ PropertySets::PropertySets(const step::StepFile& stepFile, Classes& knownClasses
       byteLimit((std::size_t{4} << 20U) + file.byteCount() / 8) {}
 
 const DecodedSet& PropertySets::of(step::Slot set) {
-    const auto found = known.find(set);
-    return found == known.end() ? keep(set, decode(set)) : found->second;
+    const auto [entry, isNew] = known.try_emplace(set);
+    if (isNew) {
+        entry->second = decode(set);
+        knownBytes += entry->second.bytes();
+    }
+    return entry->second;
 }
 
-const DecodedSet& PropertySets::single(step::Slot property, std::u16string_view setName) {
-    const auto found = known.find(property);
-    if (found != known.end() && found->second.name() == setName) return found->second;
-    drop(property);
-    DecodedSet set;
-    set.texts = setName;
-    set.setName.length = static_cast<std::uint32_t>(setName.size());
-    addRow(property, set);
-    return keep(property, std::move(set));
+const DecodedSet& PropertySets::overriding(step::Slot property, step::Slot set) {
+    const auto [entry, isNew] = knownOverriding.try_emplace({property, set});
+    DecodedSet& single = entry->second;
+    if (isNew) {
+        single.texts = of(set).name();
+        single.setName.length = static_cast<std::uint32_t>(single.texts.size());
+        addRow(property, single);
+        knownBytes += single.bytes();
+    }
+    return single;
 }
 
 void PropertySets::trim() {
     if (knownBytes <= byteLimit) return;
     known.clear();
+    knownOverriding.clear();
     knownBytes = 0;
     ++trims;
 }
 
-const DecodedSet& PropertySets::keep(step::Slot slot, DecodedSet set) {
-    knownBytes += set.bytes();
-    return known.emplace(slot, std::move(set)).first->second;
-}
-
-void PropertySets::drop(step::Slot slot) {
-    const auto found = known.find(slot);
+void PropertySets::dropSet(step::Slot set) {
+    const auto found = known.find(set);
     if (found == known.end()) return;
     knownBytes -= found->second.bytes();
     known.erase(found);
+}
+
+void PropertySets::dropOverriding(step::Slot property) {
+    const auto begin = knownOverriding.lower_bound({property, 0});
+    auto end = begin;
+    for (; end != knownOverriding.end() && end->first.first == property; ++end) knownBytes -= end->second.bytes();
+    knownOverriding.erase(begin, end);
 }
 
 DecodedSet PropertySets::decode(step::Slot slot) {
@@ -106,13 +114,13 @@ DecodedSet::Part PropertySets::addText(step::Value string, DecodedSet& set) {
 }
 
 void PropertySets::forget(step::Slot slot, References& references) {
-    if (known.empty()) return;
+    if (known.empty() && knownOverriding.empty()) return;
     const Role role = classes.of(slot).role;
-    if (role != Role::PropertySet && role != Role::SimpleProperty) return;
-    drop(slot);
-    if (role == Role::PropertySet) return;
+    if (role == Role::PropertySet) dropSet(slot);
+    if (role != Role::SimpleProperty) return;
+    dropOverriding(slot);
     references.forEachUse(slot, [&](const Use& use) {
-        drop(use.user);
+        dropSet(use.user);
         return true;
     });
 }

@@ -4,8 +4,10 @@
 #include "model/ifc/PropertyValues.hpp"
 #include "model/ifc/References.hpp"
 
+#include <map>
 #include <set>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace model::ifc {
@@ -55,9 +57,9 @@ public:
 
     /// Valid until a change of the set or one of its properties, or trim().
     const DecodedSet& of(step::Slot set);
-    /// A property that is not in the set it is listed with (an overriding one), as a set of one; of none where it is
+    /// A property that is listed with a set but not in it (an overriding one), as a set of one; of none where it is
     /// complex or no property.
-    const DecodedSet& single(step::Slot property, std::u16string_view setName);
+    const DecodedSet& overriding(step::Slot property, step::Slot set);
     /// Keeps the memory within bounds. To be called where nothing of the above is held.
     void trim();
     /// Grows with each trim() that dropped what was held.
@@ -67,8 +69,8 @@ public:
     void forget(step::Slot slot, References& references);
 
 private:
-    const DecodedSet& keep(step::Slot slot, DecodedSet set);
-    void drop(step::Slot slot);
+    void dropSet(step::Slot set);
+    void dropOverriding(step::Slot property);
     DecodedSet decode(step::Slot set);
     void addRow(step::Slot property, DecodedSet& set);
     DecodedSet::Part addText(step::Value string, DecodedSet& set);
@@ -79,9 +81,10 @@ private:
     std::size_t byteLimit;
     std::size_t knownBytes = 0;
     std::uint64_t trims = 0;
-    std::unordered_map<step::Slot, DecodedSet> known;  // by the slot of the set, or of the single property
-    std::set<std::string, std::less<>> unknownTypes;   // rows refer to these names
-    step::Instance setInstance, propertyInstance;      // kept to save allocations
+    std::unordered_map<step::Slot, DecodedSet> known;
+    std::map<std::pair<step::Slot, step::Slot>, DecodedSet> knownOverriding;  // by property and set; rare
+    std::set<std::string, std::less<>> unknownTypes;                          // rows refer to these names
+    step::Instance setInstance, propertyInstance;                             // kept to save allocations
     std::vector<step::Value> members;
     std::u16string decoded;
 };
