@@ -46,6 +46,7 @@ GSErrCode edit(const API_Guid& guid, const std::string& item, Set set) {
             return refuseEdit(guid, item, {model::ErrorKind::BadId, "the model has no such element"});
     }
     const model::Status done = set(*session().model, element);
+    for (const std::string& note : session().model->takeNotes()) session().report.write(note);
     return done ? NoError : refuseEdit(guid, item, done.error());
 }
 
