@@ -127,7 +127,7 @@ TEST(HostTable, EmptySlotsAnswerNotSupported) {
     RawAddOn addOn;
     EXPECT_EQ(addOn.bind(), NoError);
     EXPECT_EQ(addOn.exported.registerInterface(), APIERR_NOTSUPPORTED);
-    EXPECT_EQ(addOn.exported.initialize(&addOn), APIERR_NOTSUPPORTED);
+    EXPECT_EQ(addOn.initialize(&addOn), APIERR_NOTSUPPORTED);
     EXPECT_EQ(addOn.exported.freeData(), NoError);
 }
 
@@ -141,7 +141,7 @@ TEST(UnboundAddOn, RefusesEveryCallAndDoesNothing) {
     EXPECT_EQ(addOn.exported.checkEnvironment(&envir), APIAddon_DontRegister);
     EXPECT_STREQ(envir.addOnInfo.name, "");
     EXPECT_EQ(addOn.exported.registerInterface(), APIERR_GENERAL);
-    EXPECT_EQ(addOn.exported.initialize(&addOn), APIERR_GENERAL);
+    EXPECT_EQ(addOn.initialize(&addOn), APIERR_GENERAL);
     EXPECT_EQ(addOn.exported.freeData(), APIERR_GENERAL);
     EXPECT_EQ(debug.text, "");
 }
@@ -154,7 +154,7 @@ TEST(BoundAddOn, HandsItsClientHandleToTheHost) {
         return NoError;
     });
     addOn.bind();
-    EXPECT_EQ(addOn.exported.initialize(&addOn), NoError);
+    EXPECT_EQ(addOn.initialize(&addOn), NoError);
     EXPECT_EQ(handed, &addOn);
     addOn.exported.freeData();
 }
@@ -215,7 +215,7 @@ TEST(ImageStart, LongerBundlePathIsNoPathAndLeaksNothing) {
     RawAddOn addOn(bundle);
     addOn.bind();
     EXPECT_EQ(addOnName(addOn), "");
-    addOn.exported.initialize(&addOn);
+    addOn.initialize(&addOn);
     EXPECT_THAT(debug.text, HasSubstr("helpLoc is error\nZUNACAddon:: Additional Help at: \"\"\n"));
     EXPECT_EQ(frontend::liveCoreFoundationObjects(), before);
     addOn.exported.freeData();
@@ -226,7 +226,7 @@ TEST(ImageEnd, IsSilentAfterARegularEnd) {
     {
         RawAddOn addOn;
         addOn.bind();
-        addOn.exported.initialize(&addOn);
+        addOn.initialize(&addOn);
         addOn.exported.freeData();
         debug.text.clear();
     }
@@ -238,7 +238,7 @@ TEST(ImageEnd, ReportsAHostThatNeverEndedItsUse) {
     {
         RawAddOn addOn;
         addOn.bind();
-        addOn.exported.initialize(&addOn);
+        addOn.initialize(&addOn);
         debug.text.clear();
     }
     EXPECT_EQ(debug.text, "Abnormal add-on termination (\"" + realBundle().string() + "\")\n");

@@ -111,7 +111,7 @@ void FakeHost::start() {
     API_EnvirParams envir{};
     EXPECT_EQ(addOn.exported.checkEnvironment(&envir), APIAddon_Normal);
     EXPECT_EQ(addOn.exported.registerInterface(), NoError);
-    EXPECT_EQ(addOn.exported.initialize(&client), NoError);
+    EXPECT_EQ(addOn.initialize(&client), NoError);
 }
 
 GSErrCode FakeHost::pickMenuItem(Int32 item, Int16 menuResID) {

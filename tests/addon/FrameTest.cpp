@@ -62,7 +62,7 @@ TEST_F(Frame, MenuHandlerIsInstalledForTheMenu) {
 
 TEST_F(Frame, FailedMenuHandlerIsPassedBackAndHelpIsRegisteredAllTheSame) {
     host.handlerError = APIERR_BADID;
-    EXPECT_EQ(host.addOn.exported.initialize(&host.client), APIERR_BADID);
+    EXPECT_EQ(host.addOn.initialize(&host.client), APIERR_BADID);
     EXPECT_THAT(debug.text, HasSubstr("ZUNACAddon:: Initialize() ACAPI_Install_MenuHandler failed\n"));
     EXPECT_EQ(helpFolders().size(), 1U);
 }
@@ -84,7 +84,7 @@ TEST_F(Frame, HelpIsGoneAfterTheEnd) {
 TEST_F(Frame, FailedHelpRegistrationIsLoggedAndTheEndSucceedsAllTheSame) {
     const IO::Location taken("/taken");
     DG::RegisterAdditionalHelpLocation(0x58703953, -1312990621, &taken, nullptr, nullptr, nullptr, nullptr);
-    EXPECT_EQ(host.addOn.exported.initialize(&host.client), NoError);
+    EXPECT_EQ(host.addOn.initialize(&host.client), NoError);
     EXPECT_THAT(debug.text, HasSubstr("\"\nregister additional help failed\n"));
 
     DG::UnregisterAdditionalHelpLocation(0x58703953, -1312990621);
@@ -144,7 +144,7 @@ TEST_P(HelpFolder, IsCutFromTheBundlePath) {
     DebugCapture debug;
     const ScriptedBundlePath path(GetParam().bundle);
     FakeHost host;
-    EXPECT_EQ(host.addOn.exported.initialize(&host.client), NoError);
+    EXPECT_EQ(host.addOn.initialize(&host.client), NoError);
     EXPECT_THAT(debug.text, HasSubstr("Additional Help at: \"" + std::string(GetParam().help) + "\"\n"));
 }
 
@@ -159,7 +159,7 @@ TEST(HelpFolderAtTheRoot, IsNoLocationAndIsNotRegistered) {
     DebugCapture debug;
     const ScriptedBundlePath path("/ZUNAC.bundle");
     FakeHost host;
-    EXPECT_EQ(host.addOn.exported.initialize(&host.client), NoError);
+    EXPECT_EQ(host.addOn.initialize(&host.client), NoError);
     EXPECT_THAT(debug.text, HasSubstr("helpLoc is error\n"));
     EXPECT_THAT(debug.text, HasSubstr("register additional help failed\n"));
     EXPECT_TRUE(frontend::helpLocations().empty());

@@ -25,7 +25,7 @@ RawHelpers::~RawHelpers() {
 }
 
 void RawHelpers::initialize() {
-    exported.initialize(&client);
+    RawAddOn::initialize(&client);
 }
 
 void HostedHelpers::SetUp() {

@@ -267,10 +267,10 @@ TEST_F(Requests, TypesThatCannotBeClickedHaveNoNeig) {
 TEST_F(Requests, HeaderWithoutATypeIsCompletedInPlace) {
     API_Elem_Head head{};
     head.guid = SomeGuid;
-    head.floorInd = 12;
+    head.reserved2[0] = 12;
     onHeader = [](API_Elem_Head* asked) {
         EXPECT_EQ(asked->guid, SomeGuid);
-        EXPECT_EQ(asked->floorInd, 0);
+        EXPECT_EQ(asked->reserved2[0], 0);
         asked->typeID = 8;
         return NoError;
     };

@@ -30,6 +30,8 @@ public:
     }
     /// Hands the table over. @return the add-on's answer.
     GSErrCode bind();
+    /// Begins the add-on's use, with this handle.
+    GSErrCode initialize(void* client);
     /// An exported symbol, or null.
     void* symbol(const char* name) const;
 
