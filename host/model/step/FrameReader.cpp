@@ -172,7 +172,7 @@ void FrameReader::passMalformed(const char* begin, const std::string& what) {
     remark(begin, what);
     malformed = true;
     cursor.problem = nullptr;
-    cursor.at = nextStatement(begin + 1, cursor.end);
+    cursor.at = nextStatement(begin, cursor.end);
 }
 
 void FrameReader::passToSemicolon(const std::string& what) {

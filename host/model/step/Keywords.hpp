@@ -39,29 +39,44 @@ private:
         KeywordCode code = NoKeyword;
     };
 
+    static std::uint64_t word(const char* at) {
+        std::uint64_t bytes = 0;
+        std::memcpy(&bytes, at, sizeof bytes);
+        return bytes;
+    }
+
     static std::uint64_t hash(std::string_view text) {
         constexpr std::uint64_t factor = 0x9E3779B97F4A7C15U;
         std::uint64_t sum = text.size() * factor;
-        const char* at = text.data();
-        std::size_t left = text.size();
-        for (; left >= 8; at += 8, left -= 8) {
-            std::uint64_t word = 0;
-            std::memcpy(&word, at, 8);
-            sum = (sum ^ word) * factor;
+        const auto mix = [&sum](std::uint64_t bytes) {
+            sum = (sum ^ bytes) * factor;
             sum ^= sum >> 29U;
+        };
+        const std::size_t size = text.size();
+        for (std::size_t at = 0; at + 8 < size; at += 8) mix(word(text.data() + at));
+        if (size >= 8) {
+            mix(word(text.data() + size - 8));
+        } else {
+            std::uint64_t bytes = 0;
+            for (const char c : text) bytes = bytes << 8U | static_cast<unsigned char>(c);
+            mix(bytes);
         }
-        std::uint64_t word = 0;
-        for (; left > 0; --left, ++at) word = word << 8U | static_cast<unsigned char>(*at);
-        sum = (sum ^ word) * factor;
-        return sum ^ sum >> 32U;
+        return sum;
+    }
+
+    static bool equal(const char* a, const char* b, std::size_t size) {
+        if (size < 8) return std::memcmp(a, b, size) == 0;
+        for (std::size_t at = 0; at + 8 < size; at += 8)
+            if (word(a + at) != word(b + at)) return false;
+        return word(a + size - 8) == word(b + size - 8);
     }
 
     /// Where the spelling is, or the free place for it.
     std::size_t position(std::string_view spelling) const {
         const std::size_t mask = table.size() - 1;
         std::size_t at = hash(spelling) & mask;
-        while (table[at].text != nullptr && (table[at].length != spelling.size() ||
-                                             std::memcmp(table[at].text, spelling.data(), spelling.size()) != 0))
+        while (table[at].text != nullptr &&
+               (table[at].length != spelling.size() || !equal(table[at].text, spelling.data(), spelling.size())))
             at = (at + 1) & mask;
         return at;
     }

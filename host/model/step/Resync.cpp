@@ -24,9 +24,9 @@ bool beginsEnd(std::string_view text) {
 
 }  // namespace
 
-const char* nextStatement(const char* from, const char* end) {
+const char* nextStatement(const char* malformed, const char* end) {
     bool first = false;
-    for (const char* at = from; at != end; ++at) {
+    for (const char* at = malformed == end ? end : malformed + 1; at != end; ++at) {
         const char c = *at;
         const std::string_view text(at, static_cast<std::size_t>(end - at));
         if (first && c == '#' && beginsInstance(text)) return at;
