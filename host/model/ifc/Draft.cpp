@@ -1,5 +1,7 @@
 #include "model/ifc/Draft.hpp"
 
+#include "model/ifc/InstanceScan.hpp"
+
 namespace model::ifc {
 
 Draft::Draft(const Entity& cls) : entity(cls), keyword(cls.name()) {
@@ -13,11 +15,32 @@ Draft::Draft(const Entity& cls, const step::Instance& original) : entity(cls), k
     for (const step::Value& value : original.arguments) arguments.emplace_back(value.text);
 }
 
-Draft& Draft::set(std::string_view attribute, std::string stepText) {
+std::string* Draft::argument(std::string_view attribute) {
     const int place = entity.attributeIndex(attribute);
-    if (place >= 0 && static_cast<std::size_t>(place) < arguments.size()) {
-        arguments[static_cast<std::size_t>(place)] = std::move(stepText);
+    return place >= 0 && static_cast<std::size_t>(place) < arguments.size()
+               ? &arguments[static_cast<std::size_t>(place)]
+               : nullptr;
+}
+
+Draft& Draft::set(std::string_view attribute, std::string stepText) {
+    if (std::string* text = argument(attribute)) *text = std::move(stepText);
+    return *this;
+}
+
+Draft& Draft::replaceReference(std::string_view attribute, step::InstanceId from, step::InstanceId to) {
+    std::string* text = argument(attribute);
+    if (text == nullptr) return *this;
+    for (auto token = findReference(*text, from); !token.empty(); token = findReference(*text, from)) {
+        text->replace(static_cast<std::size_t>(token.data() - text->data()), token.size(), referenceText(to));
     }
+    return *this;
+}
+
+Draft& Draft::addReference(std::string_view attribute, step::InstanceId member) {
+    std::string* text = argument(attribute);
+    if (text == nullptr || !text->ends_with(')')) return *this;
+    const bool isEmpty = text->find('#') == std::string::npos;
+    text->insert(text->size() - 1, (isEmpty ? "" : ",") + referenceText(member));
     return *this;
 }
 
@@ -32,6 +55,15 @@ std::string Draft::body() const {
 
 std::string referenceText(step::InstanceId id) {
     return '#' + std::to_string(id);
+}
+
+std::string_view findReference(std::string_view argument, step::InstanceId id) {
+    std::string_view found;
+    forEachReferenceIn(argument, [&](std::string_view token) {
+        if (tokenId(token) == id) found = token;
+        return found.empty();
+    });
+    return found;
 }
 
 }  // namespace model::ifc

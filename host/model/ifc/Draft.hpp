@@ -15,15 +15,25 @@ public:
 
     /// An attribute that the class has not, or that the original was too short for, is left out.
     Draft& set(std::string_view attribute, std::string stepText);
+    /// Puts another reference in the place of one in an attribute, which may be a list.
+    Draft& replaceReference(std::string_view attribute, step::InstanceId from, step::InstanceId to);
+    /// Adds a reference to a list.
+    Draft& addReference(std::string_view attribute, step::InstanceId member);
     /// "IFCWALL('...',$)", what StepFile::append asks for.
     std::string body() const;
 
 private:
+    /// Null where there is no such attribute.
+    std::string* argument(std::string_view attribute);
+
     const Entity& entity;
     std::string keyword;
     std::vector<std::string> arguments;
 };
 
 std::string referenceText(step::InstanceId id);  ///< "#12"
+
+/// The first "#12" of that id in the text of an argument; empty where there is none.
+std::string_view findReference(std::string_view argument, step::InstanceId id);
 
 }  // namespace model::ifc

@@ -6,21 +6,7 @@
 
 namespace model::ifc {
 
-namespace {
-
 using step::Slot;
-
-/// The first "#12" of that id in the text of an argument; empty where there is none.
-std::string_view findToken(std::string_view argument, step::InstanceId id) {
-    std::string_view found;
-    forEachReferenceIn(argument, [&](std::string_view token) {
-        if (tokenId(token) == id) found = token;
-        return found.empty();
-    });
-    return found;
-}
-
-}  // namespace
 
 ElementEdit::ElementEdit(Workspace& workspace, Element edited)
     : work(workspace), element(edited), own(work.elements.slot(edited)), ownId(work.file.id(own)) {}
@@ -111,18 +97,10 @@ std::string_view ElementEdit::attributeName(Slot slot, Field field) const {
     return cls.entity->attributes()[static_cast<std::size_t>(cls.place(field))].name;
 }
 
-std::string ElementEdit::withReference(Slot instance, Field field, Slot from, Slot to) const {
-    const std::string_view held = argumentText(instance, field);
-    const std::string_view token = findToken(held, work.file.id(from));
-    if (token.empty()) return std::string(held);
-    const auto at = static_cast<std::size_t>(token.data() - held.data());
-    return std::string(held.substr(0, at)) + reference(to) + std::string(held.substr(at + token.size()));
-}
-
 Status ElementEdit::replaceReference(Slot instance, Field field, Slot from, Slot to) {
     // A list may name it more than once.
     for (;;) {
-        const std::string_view token = findToken(argumentText(instance, field), work.file.id(from));
+        const std::string_view token = findReference(argumentText(instance, field), work.file.id(from));
         if (token.empty()) return {};
         Status replaced = work.file.replaceValue(instance, {step::ValueKind::Reference, token}, reference(to));
         if (!replaced) return replaced;
@@ -132,8 +110,12 @@ Status ElementEdit::replaceReference(Slot instance, Field field, Slot from, Slot
 Status ElementEdit::relink(Slot relation, Field field, Slot from, Slot to, const std::string& purpose) {
     if (isAlone(relation)) return replaceReference(relation, field, from, to);
     Draft draft = copyOfRoot(relation, purpose);
+    draft.replaceReference(attributeName(relation, field), work.file.id(from), work.file.id(to));
+    return moveInto(draft, relation);
+}
+
+Status ElementEdit::moveInto(Draft& draft, Slot relation) {
     draft.set(attributeName(relation, Field::Related), '(' + referenceText(ownId) + ')');
-    draft.set(attributeName(relation, field), withReference(relation, field, from, to));
     if (Status left = leave(relation); !left) return left;
     const Result<Slot> added = add(draft, relation);
     return added ? Status{} : Status{added.error()};
@@ -141,17 +123,13 @@ Status ElementEdit::relink(Slot relation, Field field, Slot from, Slot to, const
 
 Status ElementEdit::leave(Slot relation) {
     const Workspace::Unobserved unobserved(work);
-    for (;;) {
-        step::Instance instance;
-        if (!work.file.read(relation, instance)) return check(relation);
-        const step::Value related = argument(instance, work.classes.of(relation), Field::Related);
-        const std::string_view token = findToken(related.text, ownId);
-        if (token.empty()) break;
-        Status removed = work.file.removeFromAggregate(relation, related, token);
-        if (!removed) return removed;
-    }
-    work.references.forget(own, relation, work.classes.of(relation).place(Field::Related));
-    return {};
+    step::Instance instance;
+    if (!work.file.read(relation, instance)) return check(relation);
+    const Class& cls = work.classes.of(relation);
+    Status left =
+        work.file.removeFromAggregate(relation, argument(instance, cls, Field::Related), referenceText(ownId));
+    if (left) work.references.forget(own, relation, cls.place(Field::Related));
+    return left;
 }
 
 }  // namespace model::ifc

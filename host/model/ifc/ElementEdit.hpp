@@ -38,16 +38,15 @@ public:
     /// Lets the element see `to` where it saw `from` in an argument of the relation: there, if the relation is the
     /// element's alone; otherwise in a copy of the relation, which the element leaves the old one for.
     Status relink(step::Slot relation, Field field, step::Slot from, step::Slot to, const std::string& purpose);
-    /// Takes the element out of a relation that others stay in.
-    Status leave(step::Slot relation);
+    /// Adds a copy of a relation for the element alone and takes the element out of the old one, which others stay in.
+    Status moveInto(Draft& copy, step::Slot relation);
 
-    /// The text of an argument of an instance with one reference replaced.
-    std::string withReference(step::Slot instance, Field field, step::Slot from, step::Slot to) const;
     std::string reference(step::Slot slot) const { return referenceText(work.file.id(slot)); }
     /// The name of the attribute that a class has for a field.
     std::string_view attributeName(step::Slot slot, Field field) const;
 
 private:
+    Status leave(step::Slot relation);
     void setRoot(Draft& draft, const Entity& entity, const std::string& purpose);
     std::string_view argumentText(step::Slot slot, Field field) const;
 

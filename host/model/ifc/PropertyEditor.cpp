@@ -58,9 +58,10 @@ private:
     Status changeInPlace(Slot property);
     Status putCopyInPlaceOf(const PropertyPlace& place);
     Status addToOverride(Slot overriding, Slot property);
+    Status addToList(Slot holder, Field field, Slot member);
     Status addProperty(const Draft& property);
-    Result<Slot> addNewSet(Slot property);
-    Status giveSet(Slot set);
+    Status addToSet(const Draft& property, Slot set);
+    Status addWithNewSet(const Draft& property);
     Status relinkSet(Slot from, Slot to);
     Status checkSetAndRelations(Slot set) const;
     Status checkOverrides(Slot set) const;
@@ -163,24 +164,24 @@ Status PropertyEditor::putCopyInPlaceOf(const PropertyPlace& place) {
         return addToOverride(overriding, *copy);
     }
     Draft set = edit.copyOfRoot(place.set, setPurpose());
-    set.set("HasProperties", edit.withReference(place.set, Field::HasProperties, place.property, *copy));
+    set.replaceReference("HasProperties", work.file.id(place.property), work.file.id(*copy));
     const Result<Slot> newSet = edit.add(set, place.set);
     return newSet ? relinkSet(place.set, *newSet) : Status{newSet.error()};
 }
 
 /// IFC2X3: the relation that already overrides some of a set's properties takes one more.
 Status PropertyEditor::addToOverride(Slot overriding, Slot property) {
-    step::Instance instance;
-    work.file.read(overriding, instance);
-    const auto list = argument(instance, work.classes.of(overriding), Field::Overriding);
-    if (edit.isAlone(overriding)) return work.file.addToAggregate(overriding, list, edit.reference(property));
-    std::string members(list.text);
-    members.insert(members.rfind(')'), ',' + edit.reference(property));
+    if (edit.isAlone(overriding)) return addToList(overriding, Field::Overriding, property);
     Draft draft = edit.copyOfRoot(overriding, relationPurpose());
-    draft.set("RelatedObjects", '(' + referenceText(edit.id()) + ')').set("OverridingProperties", std::move(members));
-    if (Status left = edit.leave(overriding); !left) return left;
-    const Result<Slot> added = edit.add(draft, overriding);
-    return added ? Status{} : Status{added.error()};
+    draft.addReference("OverridingProperties", work.file.id(property));
+    return edit.moveInto(draft, overriding);
+}
+
+Status PropertyEditor::addToList(Slot holder, Field field, Slot member) {
+    step::Instance instance;
+    work.file.read(holder, instance);
+    const auto list = argument(instance, work.classes.of(holder), field);
+    return work.file.addToAggregate(holder, list, edit.reference(member));
 }
 
 Status PropertyEditor::overrideInherited(Slot inherited) {
@@ -206,41 +207,33 @@ Status PropertyEditor::create() {
 Status PropertyEditor::addProperty(const Draft& property) {
     if (Status editable = edit.check(edit.slot()); !editable) return editable;
     const Slot set = ownSetOfName();
-    if (set == step::NoSlot) {
-        const Result<Slot> added = edit.add(property, edit.slot());
-        if (!added) return added.error();
-        const Result<Slot> newSet = addNewSet(*added);
-        return newSet ? giveSet(*newSet) : Status{newSet.error()};
-    }
+    return set == step::NoSlot ? addWithNewSet(property) : addToSet(property, set);
+}
+
+Status PropertyEditor::addToSet(const Draft& property, Slot set) {
     if (Status editable = checkSetAndRelations(set); !editable) return editable;
     if (Status free = checkNoComplexNamesake(set); !free) return free;
     const Result<Slot> added = edit.add(property, set);
     if (!added) return added.error();
-    step::Instance instance;
-    work.file.read(set, instance);
-    const auto members = argument(instance, work.classes.of(set), Field::HasProperties);
-    if (edit.isOwn(set)) return work.file.addToAggregate(set, members, edit.reference(*added));
-    std::string list(members.text);
-    const bool isEmpty = list.find('#') == std::string::npos;
-    list.insert(list.rfind(')'), (isEmpty ? "" : ",") + edit.reference(*added));
-    Draft draft = edit.copyOfRoot(set, setPurpose());
-    draft.set("HasProperties", std::move(list));
-    const Result<Slot> newSet = edit.add(draft, set);
+    if (edit.isOwn(set)) return addToList(set, Field::HasProperties, *added);
+    Draft copy = edit.copyOfRoot(set, setPurpose());
+    copy.addReference("HasProperties", work.file.id(*added));
+    const Result<Slot> newSet = edit.add(copy, set);
     return newSet ? relinkSet(set, *newSet) : Status{newSet.error()};
 }
 
-Result<Slot> PropertyEditor::addNewSet(Slot property) {
-    Draft draft = edit.newRoot("IfcPropertySet", setPurpose());
-    draft.set("Name", step::encodeString(wanted.set)).set("HasProperties", '(' + edit.reference(property) + ')');
-    return edit.add(draft, edit.slot());
-}
-
-Status PropertyEditor::giveSet(Slot set) {
-    Draft draft = edit.newRoot("IfcRelDefinesByProperties", relationPurpose());
-    draft.set("RelatedObjects", '(' + referenceText(edit.id()) + ')')
-        .set("RelatingPropertyDefinition", edit.reference(set));
-    const Result<Slot> added = edit.add(draft, edit.slot());
-    return added ? Status{} : Status{added.error()};
+Status PropertyEditor::addWithNewSet(const Draft& property) {
+    const Result<Slot> added = edit.add(property, edit.slot());
+    if (!added) return added.error();
+    Draft set = edit.newRoot("IfcPropertySet", setPurpose());
+    set.set("Name", step::encodeString(wanted.set)).set("HasProperties", '(' + edit.reference(*added) + ')');
+    const Result<Slot> newSet = edit.add(set, edit.slot());
+    if (!newSet) return newSet.error();
+    Draft relation = edit.newRoot("IfcRelDefinesByProperties", relationPurpose());
+    relation.set("RelatedObjects", '(' + referenceText(edit.id()) + ')')
+        .set("RelatingPropertyDefinition", edit.reference(*newSet));
+    const Result<Slot> related = edit.add(relation, edit.slot());
+    return related ? Status{} : Status{related.error()};
 }
 
 /// Lets every relation that gives the element one set give it the other.
