@@ -92,7 +92,7 @@ Model::Model(std::unique_ptr<Content> modelContent) : content(std::move(modelCon
 Model::~Model() = default;
 
 Result<std::unique_ptr<Model>> Model::open(const std::filesystem::path& path, const OpenOptions& options) {
-    auto file = step::StepFile::open(path, {options.progress});
+    auto file = step::StepFile::open(path, {options.progress, options.lock});
     if (!file) return file.error();
     auto version = schemaOf(**file);
     if (!version) return Error{version.error().kind, path.string() + ": " + version.error().message};
@@ -115,6 +115,10 @@ Result<std::unique_ptr<Model>> Model::fromBytes(std::string bytes) {
 
 std::string_view Model::schemaName() const {
     return ifc::Schema::name(content->work.version);
+}
+
+const std::string& Model::lockHolder() const {
+    return content->file->lockHolder();
 }
 
 std::uint64_t Model::duplicateGlobalIds() const {

@@ -87,6 +87,8 @@ struct ClassificationReference {
 
 struct OpenOptions {
     Progress progress;
+    /// Tells other hosts that the file is open for editing here. For reading alone it is not needed.
+    bool lock = true;
 };
 
 struct SaveOptions {
@@ -108,6 +110,9 @@ public:
     std::string_view schemaName() const;       ///< "IFC2X3", "IFC4", "IFC4X3".
     std::uint64_t duplicateGlobalIds() const;  ///< Instances of elements' classes beyond the first of a GlobalId.
     std::uint64_t invalidGlobalIds() const;
+    /// The program that has the file open for editing, "modelhost-desktop (process 1234)": the model can be saved under
+    /// other names only. Empty where there is none.
+    const std::string& lockHolder() const;
     /// What is worth telling the user about the file as opened, complete lines.
     const std::vector<std::string>& remarks() const;
 

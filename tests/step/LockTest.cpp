@@ -9,9 +9,7 @@
 namespace step_tests {
 namespace {
 
-using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 using testing_support::bytesOf;
 using testing_support::TempFolder;
 
@@ -43,8 +41,6 @@ TEST_F(Locking, TheSecondToOpenAFileIsToldWhoHasIt) {
     const auto second = open(house);
     EXPECT_TRUE(second->readOnlyBecauseLocked());
     EXPECT_EQ(second->lockHolder(), "this program itself");
-    EXPECT_THAT(remarks(*second), ElementsAre("0: the file is open in this program itself; changes can be saved under "
-                                              "another name only"));
 }
 
 TEST_F(Locking, AnotherProgramIsNamed) {
@@ -128,7 +124,6 @@ TEST_F(Locking, ReadersTakeNoLock) {
     const auto reader = open(house, false);
     const auto editor = open(house);
     EXPECT_FALSE(editor->readOnlyBecauseLocked());
-    EXPECT_THAT(remarks(*open(house, false)), IsEmpty());
 }
 
 TEST_F(Locking, AReaderThatSavesAfterAllRespectsLocks) {

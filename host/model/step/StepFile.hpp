@@ -63,7 +63,7 @@ public:
     const std::vector<std::string>& schemaNames() const;  ///< FILE_SCHEMA, decoded, as written.
     const std::vector<Remark>& remarks() const;
     std::uint64_t byteCount() const;
-    /// Another program has the file open for editing: it can be saved under other names only. Among the remarks, too.
+    /// Another program has the file open for editing: it can be saved under other names only.
     bool readOnlyBecauseLocked() const;
     /// That program, for a person: "modelhost (process 1234)". Empty where there is none.
     const std::string& lockHolder() const;

@@ -22,10 +22,6 @@ Status unpack(ReadFile& file, Bytes& archive, ModelEntry& entry, const Progress&
     return {};
 }
 
-std::string lockMessage(const std::string& holder) {
-    return "the file is open in " + holder + "; changes can be saved under another name only";
-}
-
 }  // namespace
 
 StepFile::StepFile(std::unique_ptr<Content> parts) : content(std::move(parts)) {}
@@ -50,10 +46,7 @@ Result<std::unique_ptr<StepFile>> StepFile::open(const fs::path& path, const Ope
     if (options.lock) {
         const LockResult locked = tryLock(file->handle);
         if (locked == LockResult::Taken) content->lock = std::move(file->handle);
-        if (locked == LockResult::HeldByOther) {
-            content->lockedBy = holderOfLock(file->state);
-            content->index.remarks.push_back({0, 0, lockMessage(content->lockedBy)});
-        }
+        if (locked == LockResult::HeldByOther) content->lockedBy = holderOfLock(file->state);
     }
     return std::unique_ptr<StepFile>(new StepFile(std::move(content)));
 } catch (const std::bad_alloc&) {
