@@ -2,6 +2,7 @@
 
 #include "services/Report.hpp"
 
+#include <algorithm>
 #include <optional>
 #include <string>
 
@@ -9,8 +10,13 @@ namespace host {
 
 namespace {
 
-GS::UniString narrow(std::string_view text) {
-    return GS::UniString(text.data(), static_cast<USize>(text.size()));
+/// A name of the schema, which is ASCII: no decoding needed.
+GS::UniString asciiText(std::string_view name) {
+    constexpr std::size_t longest = 64;
+    if (name.size() > longest) return GS::UniString(name.data(), static_cast<USize>(name.size()));
+    char16_t widened[longest];
+    std::copy(name.begin(), name.end(), widened);
+    return GS::UniString(widened, static_cast<USize>(name.size()));
 }
 
 std::u16string units(const GS::UniString& text) {
@@ -55,23 +61,15 @@ static_assert(same(model::Primitive::Integer, API_IFCIntegerType) && same(model:
 }  // namespace
 
 API_IFCAttribute toRecord(const model::Attribute& attribute) {
-    return {narrow(attribute.name), GS::UniString(attribute.value)};
+    return {asciiText(attribute.name), GS::UniString(attribute.value)};
 }
 
+// One expression, so that every text is made in its place: this runs for each property of each line reviewed.
 API_IFCProperty toRecord(const model::PropertyView& property) {
-    API_IFCProperty record;
-    record.head.propertySetName = GS::UniString(property.set);
-    record.head.propertyName = GS::UniString(property.name);
-    record.head.kind = static_cast<Int32>(property.kind);
-    record.head.inherited = property.inherited;
-    API_IFCPropertyValue& value = record.singleValue.nominalValue;
-    value.valueType = narrow(property.type);
-    value.primitiveType = static_cast<Int32>(property.primitive);
-    value.integerValue = property.integer;
-    value.realValue = property.real;
-    value.booleanValue = property.boolean ? 1 : 0;
-    value.stringValue = GS::UniString(property.string);
-    return record;
+    return {{GS::UniString(property.set), GS::UniString(property.name), static_cast<Int32>(property.kind),
+             property.inherited},
+            {{asciiText(property.type), static_cast<Int32>(property.primitive), property.integer, property.real,
+              static_cast<unsigned char>(property.boolean ? 1 : 0), GS::UniString(property.string)}}};
 }
 
 API_IFCClassificationReference toRecord(const model::ClassificationReference& reference) {
