@@ -56,8 +56,6 @@ RowListView::RowListView(const frontend::List& list, QWidget* parent)
     horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setSectionsClickable(false);
     horizontalHeader()->setHighlightSections(false);
-    // Nothing lies behind the last column; its texts may use what room there is.
-    horizontalHeader()->setStretchLastSection(true);
     setModel(rows);
     takePalette();
     placeColumns();
@@ -75,6 +73,7 @@ void RowListView::showRow(int row) {
 }
 
 /// A column reaches from its field's begin to the next field's, so that what is seen is where a click is counted.
+/// Nothing lies behind the last one: it has the room up to the scroll bar, be that less or more than its field.
 void RowListView::placeColumns() {
     const auto& fields = rows->list().tabFields();
     QHeaderView* header = horizontalHeader();
@@ -84,10 +83,15 @@ void RowListView::placeColumns() {
     for (int i = 0; i < count; ++i) {
         const frontend::TabField& field = fields[static_cast<std::size_t>(i)];
         const int begin = i == 0 ? 0 : field.begin;
-        const int end = i + 1 < count ? fields[static_cast<std::size_t>(i) + 1].begin : field.end + 1;
+        const int end = i + 1 < count ? fields[static_cast<std::size_t>(i) + 1].begin : viewport()->width();
         setColumnHidden(i, !field.status);
-        if (i + 1 < count && columnWidth(i) != end - begin) setColumnWidth(i, std::max(end - begin, 1));
+        if (columnWidth(i) != end - begin) setColumnWidth(i, std::max(end - begin, 1));
     }
+}
+
+void RowListView::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    placeColumns();
 }
 
 void RowListView::takePalette() {

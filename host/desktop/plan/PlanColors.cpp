@@ -67,7 +67,7 @@ QString markText(Mark mark) {
         case Mark::Ticked:
             return QStringLiteral("ticked");
         case Mark::Error:
-            return QStringLiteral("error");
+            return QStringLiteral("failed");
     }
     return {};
 }
