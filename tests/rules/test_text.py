@@ -52,7 +52,9 @@ class Text(Rules):
         self.expect_none(f"{place}: {len(line)} columns" for place, line in lines(*CODE) if len(line) > WIDEST)
 
     def test_lines_end_plainly(self):
-        self.expect_none(f"{place}: blanks at the end" for place, line in lines(*CODE, ".md") if line != line.rstrip())
+        # A TAB may end a line of output that a page shows: the last of its fields is empty.
+        self.expect_none(f"{place}: blanks at the end" for place, line in lines(*CODE, ".md")
+                         if line.rstrip("\t" if place.split(":")[0].endswith(".md") else "") != line.rstrip())
         self.expect_none(f"{path}: no line end after the last line" for path, text in texts(*CODE, ".md")
                          if text and not text.endswith("\n"))
         self.expect_none(f"{path}: a CR" for path, _ in texts(*CODE, ".md") if b"\r" in (PROJECT / path).read_bytes())
