@@ -116,6 +116,14 @@ TEST_F(Reviewing, ReturnIsApplyThoughAnotherButtonHasTheFocus) {
     });
 }
 
+TEST_F(Reviewing, ArrowKeysStayWithTheListWhenAButtonIsClicked) {
+    review(twoAndOne(), [](AddOnDialog& dialog) {
+        clickItem(dialog, selectAllItem);
+        press(dialog, Qt::Key_Down);
+        EXPECT_EQ(listOf(dialog).currentIndex().row(), 1);
+    });
+}
+
 TEST_F(Reviewing, SpaceClicksAllSelectedRows) {
     review(twoAndOne(), [](AddOnDialog& dialog) {
         press(dialog, Qt::Key_Down, Qt::ShiftModifier);

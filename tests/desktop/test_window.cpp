@@ -19,6 +19,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QProgressDialog>
 #include <QStatusBar>
 #include <QTableView>
 #include <QTreeWidget>
@@ -164,6 +165,34 @@ TEST_F(Window, FileThatIsNoModelIsRefusedWithAReason) {
     EXPECT_THAT(text->toStdString(), HasSubstr("letter.ifc"));
     EXPECT_GT(text->size(), 40);
     EXPECT_FALSE(window().document().isOpen());
+}
+
+TEST_F(Window, CancelledOpeningLeavesTheModelThatWasOpen) {
+    openSample();
+    const auto other = folder.write("other.ifc", bytesOf(model));
+    // The progress shows only for a file that takes a while; its cancel works from the beginning.
+    QTimer::singleShot(0, qApp, [] {
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            if (auto* progress = qobject_cast<QProgressDialog*>(widget)) Q_EMIT progress->canceled();
+        }
+    });
+    EXPECT_FALSE(window().openFile(desktop::pathText(other)));
+    EXPECT_EQ(window().document().path(), desktop::pathText(model));
+    EXPECT_EQ(window().statusBar()->currentMessage(), QStringLiteral("Opening cancelled"));
+}
+
+TEST_F(Window, CrashInADialogsHandlerEndsTheDialogAndNotTheProgram) {
+    start(GALLERY_DIR "/CrashesInDialogHandler.bundle");
+    openSample();
+    const auto text = answer(QStringLiteral("alertMessage"), QMessageBox::Ok);
+    const auto menu = window().menuBar()->actions().at(3);
+    whenShown<desktop::AddOnDialog>(QStringLiteral("dialog200"), [](desktop::AddOnDialog& dialog) {
+        if (auto* button = dialog.itemWidget(1)) click(*button);
+    });
+    pick(menu->text(), menu->menu()->actions().at(0)->text());
+    EXPECT_FALSE(text->isEmpty());
+    EXPECT_TRUE(frontend::openDialogs().empty());
+    EXPECT_TRUE(menuItem(QStringLiteral("File"), QStringLiteral("Save As"))->isEnabled());
 }
 
 TEST_F(Window, DroppedFileOpens) {

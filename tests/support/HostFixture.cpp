@@ -1,5 +1,7 @@
 #include "support/HostFixture.hpp"
 
+#include <cstdlib>
+
 // The add-on hands a help location to the host and by its contract never frees it, so that each start leaves one
 // behind. The add-on's image is gone when the leak checker looks, which leaves the call into it as the only name to go
 // by.
@@ -9,6 +11,13 @@ const char* __lsan_default_suppressions() {
 }
 
 namespace testing_support {
+
+namespace {
+
+/// Tests read the add-on's texts in its own language, whatever that of the person who runs them.
+[[maybe_unused]] const int neutralLanguage = setenv("LC_ALL", "C", 1);
+
+}  // namespace
 
 std::filesystem::path realBundle() {
     return std::filesystem::path(BINARY_DIR) / "ZUNACAddin19.bundle";

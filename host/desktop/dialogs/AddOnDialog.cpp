@@ -112,6 +112,8 @@ QWidget* AddOnDialog::makeItem(const frontend::Item& item) {
             // Return is item 1 wherever the focus is, so no other button may take it.
             button->setAutoDefault(false);
             button->setDefault(number == DG_OK);
+            // A click must not take the arrow keys away from the list.
+            button->setFocusPolicy(Qt::TabFocus);
             connect(button, &QPushButton::clicked, this, [this, number] {
                 const WaitCursor busy;
                 deliver([&] { dialog.clickItem(number); });
