@@ -61,6 +61,7 @@ def run(test, build, text):
     """@return (seconds, Outcome)"""
     environment = dict(os.environ, PROJECT_DIR=str(PROJECT), BINARY_DIR=str(build / "bin"),
                        MODELS_DIR=str(PROJECT.parent / "shared" / "models"))
+    environment.setdefault("LSAN_OPTIONS", f"print_suppressions=0:suppressions={PROJECT}/tests/support/leaks.supp")
     begin = time.monotonic()
     with tempfile.TemporaryDirectory() as folder:
         report = Path(folder) / "report.json"
