@@ -19,6 +19,11 @@ std::ptrdiff_t filesIn(const TempFolder& folder) {
     return std::distance(std::filesystem::directory_iterator(folder.path()), {});
 }
 
+/// A shell starts what runs in its background with interrupts ignored, and the tests with it.
+void takeInterrupts() {
+    std::signal(SIGINT, SIG_DFL);
+}
+
 TEST(OutputFile, IsThereOnlyAfterCommit) {
     const TempFolder folder;
     const auto target = folder.write("out.txt", "old");
@@ -51,6 +56,7 @@ TEST(OutputFileDeathTest, InterruptedEndsTheProgramAndLeavesTheOldFile) {
     const TempFolder folder;
     const auto target = folder.write("out.txt", "old");
     const auto interrupt = [&target] {
+        takeInterrupts();
         OutputFile file(target);
         file.write("new");
         std::raise(SIGINT);
@@ -74,6 +80,7 @@ TEST(InterruptGuardDeathTest, CancelsWhatRunsWhileItLives) {
 
 TEST(InterruptGuardDeathTest, PastItALaterInterruptEndsTheProgram) {
     const auto interrupt = [] {
+        takeInterrupts();
         { const InterruptGuard guard; }
         std::raise(SIGINT);
     };
