@@ -70,6 +70,7 @@ UniString::~UniString() {
 }
 
 UniString& UniString::operator=(const UniString& other) {
+    if (this == &other) return *this;
     text(storage) = text(other.storage);
     requireMemory(text(storage));
     return *this;

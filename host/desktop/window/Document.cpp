@@ -29,7 +29,7 @@ void Document::close() {
 model::Status Document::save(const QString& path, const model::Progress& progress) {
     model::SaveOptions options;
     options.progress = progress;
-    const model::Status status = host.save(toPath(path), options);
+    model::Status status = host.save(toPath(path), options);
     if (status) {
         file = path;
         Q_EMIT fileChanged();

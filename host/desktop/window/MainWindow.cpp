@@ -97,7 +97,7 @@ void MainWindow::makePanels() {
         addDock(QStringLiteral("Debug Output"), QStringLiteral("debugDock"), debugPanel, Qt::BottomDockWidgetArea);
     tabifyDockWidget(reportDock, debugDock);
     debugDock->hide();
-    const QSize size = sizeHint();
+    const QSize size = MainWindow::sizeHint();
     resizeDocks({planDock, elementDock}, {size.height() * 55 / 100, size.height() * 45 / 100}, Qt::Vertical);
     resizeDocks({planDock}, {size.width() * 2 / 5}, Qt::Horizontal);
     resizeDocks({reportDock}, {size.height() / 7}, Qt::Vertical);
@@ -179,7 +179,7 @@ void MainWindow::connectHost() {
 
 void MainWindow::restorePlaces() {
     const QSettings settings;
-    resize(sizeHint());
+    resize(MainWindow::sizeHint());
     restoreGeometry(settings.value(geometryKey).toByteArray());
     restoreState(settings.value(stateKey).toByteArray(), stateVersion);
 }
