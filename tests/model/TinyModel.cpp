@@ -199,8 +199,8 @@ model::Status Opened::setAttribute(model::Element element, std::string_view name
     return status;
 }
 
-model::Status Opened::setProperty(model::Element element, std::string_view set, std::string_view name,
-                                  std::string_view value, std::string_view newType) {
+model::Property Opened::wantedProperty(model::Element element, std::string_view set, std::string_view name,
+                                       std::string_view value, std::string_view newType) {
     const auto* type = Schema::of(*Schema::versionOf(model->schemaName())).type(newType);
     if (type == nullptr) throw std::invalid_argument("no type " + std::string(newType));
     model::Property wanted;
@@ -214,6 +214,12 @@ model::Status Opened::setProperty(model::Element element, std::string_view set, 
         wanted.value = valueOf(property.value.type, property.value.primitive, value);
         break;
     }
+    return wanted;
+}
+
+model::Status Opened::setProperty(model::Element element, std::string_view set, std::string_view name,
+                                  std::string_view value, std::string_view newType) {
+    const model::Property wanted = wantedProperty(element, set, name, value, newType);
     model::Status status;
     const auto ran = model->command("set property", [&] {
         status = model->setProperty(element, wanted);
@@ -233,8 +239,8 @@ model::Status Opened::setClassification(model::Element element, const model::Cla
     return status;
 }
 
-model::Status Opened::classify(model::Element element, std::string_view label, std::string_view item,
-                               std::string_view name) {
+model::ClassificationReference Opened::wantedReference(model::Element element, std::string_view label,
+                                                       std::string_view item, std::string_view name) {
     model::ClassificationReference wanted;
     const auto references = model->classifications(element);
     for (const auto& reference : *references) {
@@ -245,7 +251,12 @@ model::Status Opened::classify(model::Element element, std::string_view label, s
     wanted.system = utf16(label);
     wanted.itemReference = utf16(item);
     wanted.name = utf16(name);
-    return setClassification(element, wanted);
+    return wanted;
+}
+
+model::Status Opened::classify(model::Element element, std::string_view label, std::string_view item,
+                               std::string_view name) {
+    return setClassification(element, wantedReference(element, label, item, name));
 }
 
 std::string Opened::data(model::Element element) {

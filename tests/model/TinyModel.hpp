@@ -77,6 +77,11 @@ public:
     model::Status setProperty(model::Element element, std::string_view set, std::string_view name,
                               std::string_view value, std::string_view newType = "IfcLabel");
     model::Status setClassification(model::Element element, const model::ClassificationReference& reference);
+    /// What the two set, for commands of more than one change.
+    model::Property wantedProperty(model::Element element, std::string_view set, std::string_view name,
+                                   std::string_view value, std::string_view newType = "IfcLabel");
+    model::ClassificationReference wantedReference(model::Element element, std::string_view label,
+                                                   std::string_view item, std::string_view name);
     /// Item and name under a label; other fields as the element has them.
     model::Status classify(model::Element element, std::string_view label, std::string_view item,
                            std::string_view name);
