@@ -1,5 +1,7 @@
 #include "model/ifc/Classes.hpp"
 
+#include <algorithm>
+
 namespace model::ifc {
 
 namespace {
@@ -117,6 +119,12 @@ step::Value argument(const step::Instance& instance, const Class& cls, Field fie
         return {step::ValueKind::Unset, {}};
     }
     return instance.arguments[static_cast<std::size_t>(place)];
+}
+
+bool isWellFormed(const step::Instance& instance) {
+    return !instance.complex &&
+           std::none_of(instance.arguments.begin(), instance.arguments.end(),
+                        [](const step::Value& value) { return value.kind == step::ValueKind::Malformed; });
 }
 
 }  // namespace model::ifc

@@ -80,4 +80,7 @@ private:
 /// The argument for a field; Unset where the class has none such or the instance gives fewer arguments.
 step::Value argument(const step::Instance& instance, const Class& cls, Field field);
 
+/// Whether the instance can be changed: no complex one, and none of its arguments malformed.
+bool isWellFormed(const step::Instance& instance);
+
 }  // namespace model::ifc

@@ -12,20 +12,24 @@ ElementEdit::ElementEdit(Workspace& workspace, Element edited)
     : work(workspace), element(edited), own(work.elements.slot(edited)), ownId(work.file.id(own)) {}
 
 Status ElementEdit::check(Slot slot) const {
-    const std::string name = referenceText(work.file.id(slot));
-    step::Instance instance;
-    const bool readable = work.file.read(slot, instance) && !instance.complex;
-    const auto malformed = [](const step::Value& value) { return value.kind == step::ValueKind::Malformed; };
-    if (!readable || std::any_of(instance.arguments.begin(), instance.arguments.end(), malformed)) {
-        return Error{ErrorKind::Refused, "instance " + name + " is not well formed"};
-    }
-    if (work.file.find(work.file.id(slot)) != slot) {
+    const step::InstanceId id = work.file.id(slot);
+    const std::string name = referenceText(id);
+    if (!isReadable(slot)) return Error{ErrorKind::Refused, "instance " + name + " is not well formed"};
+    if (work.file.find(id) != slot) {
         return Error{ErrorKind::Refused, "the file has several instances " + name + ", so none of them can be changed"};
     }
     return {};
 }
 
+bool ElementEdit::isReadable(Slot slot) const {
+    if (const LongRelation* relation = work.longRelations.of(slot)) return relation->frame.has_value();
+    step::Instance instance;
+    return work.file.read(slot, instance) && isWellFormed(instance);
+}
+
 bool ElementEdit::isAlone(Slot relation) const {
+    const LongRelation* longRelation = work.longRelations.find(relation);
+    if (longRelation != nullptr && longRelation->namesSeveral) return false;
     bool named = false, others = false;
     const auto arguments = argumentBit(work.classes.of(relation).place(Field::Related));
     forEachReference(work.file.text(relation), arguments, [&](unsigned, std::string_view token) {
@@ -66,7 +70,8 @@ Draft ElementEdit::newRoot(std::string_view entityName, const std::string& purpo
 }
 
 Draft ElementEdit::copyOfRoot(Slot original, const std::string& purpose) {
-    Draft draft = copyOf(original);
+    const LongRelation* relation = work.longRelations.of(original);
+    Draft draft = relation != nullptr && relation->frame ? *relation->frame : copyOf(original);
     setRoot(draft, *work.classes.of(original).entity, purpose);
     return draft;
 }
@@ -122,14 +127,12 @@ Status ElementEdit::moveInto(Draft& draft, Slot relation) {
 }
 
 Status ElementEdit::leave(Slot relation) {
-    const Workspace::Unobserved unobserved(work);
-    step::Instance instance;
-    if (!work.file.read(relation, instance)) return check(relation);
-    const Class& cls = work.classes.of(relation);
-    Status left =
-        work.file.removeFromAggregate(relation, argument(instance, cls, Field::Related), referenceText(ownId));
-    if (left) work.references.forget(own, relation, cls.place(Field::Related));
-    return left;
+    const int place = work.classes.of(relation).place(Field::Related);
+    const Result<std::size_t> left = work.file.removeReferences(relation, static_cast<std::size_t>(place), ownId);
+    if (!left) return left.error();
+    work.references.forget(own, relation, place);
+    if (LongRelation* longRelation = work.longRelations.find(relation)) longRelation->namesSeveral = *left > 1;
+    return {};
 }
 
 }  // namespace model::ifc

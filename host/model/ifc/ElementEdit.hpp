@@ -26,8 +26,8 @@ public:
 
     /// Adds an instance to the data section of another.
     Result<step::Slot> add(const Draft& draft, step::Slot neighbour);
-    /// A draft of a new root, or of a copy of one, with a GlobalId of its own and an owner history where the schema
-    /// wants one.
+    /// A draft of a new root, or of a copy of one (of a relation without its many side), with a GlobalId of its own and
+    /// an owner history where the schema wants one.
     Draft newRoot(std::string_view entity, const std::string& purpose);
     Draft copyOfRoot(step::Slot original, const std::string& purpose);
     /// A draft of a copy of any instance. The original must be readable.
@@ -46,6 +46,7 @@ public:
     std::string_view attributeName(step::Slot slot, Field field) const;
 
 private:
+    bool isReadable(step::Slot slot) const;
     Status leave(step::Slot relation);
     void setRoot(Draft& draft, const Entity& entity, const std::string& purpose);
     std::string_view argumentText(step::Slot slot, Field field) const;

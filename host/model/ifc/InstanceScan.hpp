@@ -57,6 +57,9 @@ void forEachReference(std::string_view text, std::uint64_t arguments, Visit&& vi
 /// The argument at `place`, quotes included, if it is a string; empty otherwise. Reads no further than its end.
 std::string_view leadingString(std::string_view instanceText, int place);
 
+/// Bytes of an instance that is read as fast as what was found in it is looked up.
+inline constexpr std::size_t ShortText = 512;
+
 inline constexpr std::uint64_t AllArguments = ~std::uint64_t{0};
 
 /// The same for the text of one argument. Calls visit(token).

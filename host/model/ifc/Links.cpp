@@ -15,12 +15,9 @@ std::uint64_t keyOf(step::Slot slot, Field field) {
 Links::Links(const step::StepFile& stepFile, Classes& knownClasses) : file(stepFile), classes(knownClasses) {}
 
 std::vector<step::Slot> Links::of(step::Slot slot, Field field) {
-    // A short text is scanned faster than it is looked up; and so only what is long takes memory.
-    constexpr std::size_t Short = 512;
-    if (file.text(slot).size() <= Short) return read(slot, field);
-    const auto [entry, isNew] = known.try_emplace(keyOf(slot, field));
-    if (isNew) entry->second = read(slot, field);
-    return entry->second;
+    if (const auto found = known.find(keyOf(slot, field)); found != known.end()) return found->second;
+    if (file.text(slot).size() <= ShortText) return read(slot, field);
+    return known.emplace(keyOf(slot, field), read(slot, field)).first->second;
 }
 
 step::Slot Links::first(step::Slot slot, Field field) {
@@ -43,6 +40,11 @@ void Links::forget(step::Slot slot) {
     for (const Field field : {Field::Relating, Field::Overriding, Field::HasPropertySets, Field::HasProperties}) {
         known.erase(keyOf(slot, field));
     }
+}
+
+void Links::append(step::Slot slot, Field field, step::Slot target) {
+    const auto found = known.find(keyOf(slot, field));
+    if (found != known.end()) found->second.push_back(target);
 }
 
 }  // namespace model::ifc

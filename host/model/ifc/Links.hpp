@@ -19,6 +19,8 @@ public:
     step::Slot first(step::Slot slot, Field field);
 
     void forget(step::Slot slot);
+    /// Of a reference added to the end of an argument, and no other change.
+    void append(step::Slot slot, Field field, step::Slot target);
 
 private:
     std::vector<step::Slot> read(step::Slot slot, Field field) const;

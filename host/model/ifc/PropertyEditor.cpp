@@ -58,7 +58,6 @@ private:
     Status changeInPlace(Slot property);
     Status putCopyInPlaceOf(const PropertyPlace& place);
     Status addToOverride(Slot overriding, Slot property);
-    Status addToList(Slot holder, Field field, Slot member);
     Status addProperty(const Draft& property);
     Status addToSet(const Draft& property, Slot set);
     Status addWithNewSet(const Draft& property);
@@ -171,17 +170,10 @@ Status PropertyEditor::putCopyInPlaceOf(const PropertyPlace& place) {
 
 /// IFC2X3: the relation that already overrides some of a set's properties takes one more.
 Status PropertyEditor::addToOverride(Slot overriding, Slot property) {
-    if (edit.isAlone(overriding)) return addToList(overriding, Field::Overriding, property);
+    if (edit.isAlone(overriding)) return work.addToList(overriding, Field::Overriding, property);
     Draft draft = edit.copyOfRoot(overriding, relationPurpose());
     draft.addReference("OverridingProperties", work.file.id(property));
     return edit.moveInto(draft, overriding);
-}
-
-Status PropertyEditor::addToList(Slot holder, Field field, Slot member) {
-    step::Instance instance;
-    work.file.read(holder, instance);
-    const auto list = argument(instance, work.classes.of(holder), field);
-    return work.file.addToAggregate(holder, list, edit.reference(member));
 }
 
 Status PropertyEditor::overrideInherited(Slot inherited) {
@@ -215,7 +207,7 @@ Status PropertyEditor::addToSet(const Draft& property, Slot set) {
     if (Status free = checkNoComplexNamesake(set); !free) return free;
     const Result<Slot> added = edit.add(property, set);
     if (!added) return added.error();
-    if (edit.isOwn(set)) return addToList(set, Field::HasProperties, *added);
+    if (edit.isOwn(set)) return work.addToList(set, Field::HasProperties, *added);
     Draft copy = edit.copyOfRoot(set, setPurpose());
     copy.addReference("HasProperties", work.file.id(*added));
     const Result<Slot> newSet = edit.add(copy, set);

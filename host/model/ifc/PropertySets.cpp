@@ -113,6 +113,14 @@ DecodedSet::Part PropertySets::addText(step::Value string, DecodedSet& set) {
     return {begin, static_cast<std::uint32_t>(decoded.size())};
 }
 
+void PropertySets::append(step::Slot set, step::Slot property) {
+    const auto found = known.find(set);
+    if (found == known.end()) return;
+    knownBytes -= found->second.bytes();
+    addRow(property, found->second);
+    knownBytes += found->second.bytes();
+}
+
 void PropertySets::forget(step::Slot slot, References& references) {
     if (known.empty() && knownOverriding.empty()) return;
     const Role role = classes.of(slot).role;

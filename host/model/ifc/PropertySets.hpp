@@ -55,7 +55,7 @@ class PropertySets {
 public:
     PropertySets(const step::StepFile& file, Classes& classes, const Schema& schema);
 
-    /// Valid until a change of the set or one of its properties, or trim().
+    /// Its texts are valid until a change of the set or one of its properties, or trim().
     const DecodedSet& of(step::Slot set);
     /// A property that is listed with a set but not in it (an overriding one), as a set of one; of none where it is
     /// complex or no property.
@@ -65,6 +65,8 @@ public:
     /// Grows with each trim() that dropped what was held.
     std::uint64_t generation() const { return trims; }
 
+    /// Of a property added to the end of a set, and no other change.
+    void append(step::Slot set, step::Slot property);
     /// Of a change to the instance: drops what was decoded from it.
     void forget(step::Slot slot, References& references);
 

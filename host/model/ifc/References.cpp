@@ -116,20 +116,21 @@ Use* References::find(const Mention& mention, step::Slot user, bool live) {
     const auto matches = [&](const Use& use) {
         return use.user == user && use.argument == mention.argument && use.live == live;
     };
+    const auto beforeUser = [](const Use& use, step::Slot slot) { return use.user < slot; };
     // NoSlot is no place in the index, so an instance that is absent just now is looked up by its id alone.
     const step::Slot target = file.find(mention.target);
     if (std::size_t{target} + 1 < offsets.size()) {
         const auto begin = uses.begin() + offsets[target];
         const auto end = uses.begin() + offsets[target + 1U];
-        const auto before_user = [](const Use& use, step::Slot slot) { return use.user < slot; };
-        for (auto use = std::lower_bound(begin, end, user, before_user); use != end && use->user == user; ++use) {
+        for (auto use = std::lower_bound(begin, end, user, beforeUser); use != end && use->user == user; ++use) {
             if (matches(*use)) return &*use;
         }
     }
     const auto list = added.find(mention.target);
     if (list == added.end()) return nullptr;
-    const auto use = std::find_if(list->second.begin(), list->second.end(), matches);
-    return use == list->second.end() ? nullptr : &*use;
+    auto use = std::lower_bound(list->second.begin(), list->second.end(), user, beforeUser);
+    while (use != list->second.end() && use->user == user && !matches(*use)) ++use;
+    return use == list->second.end() || use->user != user ? nullptr : &*use;
 }
 
 void References::add(const Mention& mention, step::Slot user) {
@@ -150,6 +151,10 @@ void References::remove(const Mention& mention, step::Slot user) {
 void References::forget(step::Slot target, step::Slot user, int argument) {
     const Mention mention{file.id(target), static_cast<std::uint8_t>(argument)};
     while (Use* use = find(mention, user, true)) use->live = false;
+}
+
+void References::remember(step::Slot target, step::Slot user, int argument) {
+    if (built) add({file.id(target), static_cast<std::uint8_t>(argument)}, user);
 }
 
 }  // namespace model::ifc

@@ -39,12 +39,14 @@ public:
         }
     }
 
-    /// To be told of every change of the file, but those that forget() tells of.
+    /// To be told of every change of the file, but those that forget() and remember() tell of.
     void beforeChange(step::Slot slot);
     void afterChange(step::Slot slot);
 
     /// Forgets every use of `target` in that argument of `user`.
     void forget(step::Slot target, step::Slot user, int argument);
+    /// One more use of `target` in that argument of `user`.
+    void remember(step::Slot target, step::Slot user, int argument);
 
 private:
     // By id, since an instance that is undone and made anew has another slot, and within an undo step the instances

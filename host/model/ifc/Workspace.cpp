@@ -10,6 +10,7 @@ Workspace::Workspace(step::StepFile& stepFile, SchemaVersion schemaVersion)
       elements(file, classes),
       references(file, classes, schema),
       links(file, classes),
+      longRelations(file, classes),
       propertySets(file, classes, schema),
       elementSets(file, propertySets),
       newRoots(file, classes),
@@ -30,10 +31,26 @@ step::Slot Workspace::typeObject(step::Slot object) {
     return type;
 }
 
+Status Workspace::addToList(step::Slot holder, Field field, step::Slot member) {
+    const Class& cls = classes.of(holder);
+    step::Instance instance;
+    file.read(holder, instance);
+    observing = false;
+    Status added = file.addToAggregate(holder, argument(instance, cls, field), referenceText(file.id(member)));
+    observing = true;
+    if (!added) return added;
+    references.remember(member, holder, cls.place(field));
+    links.append(holder, field, member);
+    longRelations.forget(holder);
+    propertySets.append(holder, member);
+    return {};
+}
+
 void Workspace::beforeChange(step::Slot slot) {
     if (!observing) return;
     propertySets.forget(slot, references);
     links.forget(slot);
+    longRelations.forget(slot);
     references.beforeChange(slot);
     newRoots.beforeChange(slot);
 }
@@ -44,6 +61,7 @@ void Workspace::afterChange(step::Slot slot) {
     newRoots.afterChange(slot);
     propertySets.forget(slot, references);
     links.forget(slot);
+    longRelations.forget(slot);
 }
 
 }  // namespace model::ifc

@@ -4,6 +4,7 @@
 #include "model/ifc/ElementSets.hpp"
 #include "model/ifc/Elements.hpp"
 #include "model/ifc/Links.hpp"
+#include "model/ifc/LongRelations.hpp"
 #include "model/ifc/NewRoots.hpp"
 #include "model/ifc/References.hpp"
 
@@ -29,18 +30,9 @@ public:
     /// The type object of an element: of several, the first in the file. NoSlot where it has none.
     step::Slot typeObject(step::Slot object);
 
-    /// While one exists, changes of the file are not looked into. For a change whose effect the caller knows: taking
-    /// one of ten thousand elements out of a relation must not cost a look at the others.
-    class Unobserved {
-    public:
-        explicit Unobserved(Workspace& workspace) : owner(workspace) { owner.observing = false; }
-        ~Unobserved() { owner.observing = true; }
-        Unobserved(const Unobserved&) = delete;
-        Unobserved& operator=(const Unobserved&) = delete;
-
-    private:
-        Workspace& owner;
-    };
+    /// Adds a reference to the end of a list. What is kept about the list is added to, not made anew: a set may be
+    /// given one property after the other.
+    Status addToList(step::Slot holder, Field field, step::Slot member);
 
     step::StepFile& file;
     const SchemaVersion version;
@@ -49,6 +41,7 @@ public:
     Elements elements;
     References references;
     Links links;
+    LongRelations longRelations;
     PropertySets propertySets;
     ElementSets elementSets;
     NewRoots newRoots;

@@ -37,8 +37,9 @@ bool Changes::present(Slot slot) const {
     return instance == nullptr || instance->now.kind != TextState::Kind::Absent;
 }
 
-std::string_view Changes::text(Slot slot) const {
+std::string_view Changes::text(Slot slot) {
     if (!known(slot)) return {};
+    if (!removals.empty()) takeOut(slot);
     const ChangedInstance* instance = lookUp(slot);
     if (instance == nullptr) return index.original(slot);
     if (instance->now.kind == TextState::Kind::Original) return original(*instance);
@@ -97,15 +98,54 @@ ChangedInstance& Changes::changeable(Slot slot) {
     return instance;
 }
 
+/// The journal keeps the state that a command found the instance in.
+void Changes::remember(ChangedInstance& instance) {
+    if (instance.command == commandCount) return;
+    instance.command = commandCount;
+    current.entries.push_back({static_cast<std::size_t>(index.places[instance.slot].where()), instance.now});
+}
+
+/// A text that is the file's own again is no change.
+TextState Changes::changedTo(const ChangedInstance& instance, std::string newText) const {
+    if (instance.newId == 0 && newText == original(instance)) return {};
+    return {TextState::Kind::Changed, std::move(newText)};
+}
+
 void Changes::set(Slot slot, TextState next) {
+    takeOut(slot);
     ChangedInstance& instance = changeable(slot);
-    if (next.kind == TextState::Kind::Changed && instance.newId == 0 && next.text == original(instance)) next = {};
-    if (instance.command != commandCount) {
-        instance.command = commandCount;
-        current.entries.push_back({static_cast<std::size_t>(index.places[slot].where()), instance.now});
-    }
+    if (next.kind == TextState::Kind::Changed) next = changedTo(instance, std::move(next.text));
+    remember(instance);
     exchange(instance, next);
     ++changeCount;
+}
+
+std::optional<std::size_t> Changes::removeReferences(Slot slot, std::size_t argument, InstanceId member) {
+    auto pending = removals.find(slot);
+    if (pending != removals.end() && pending->second.argument() == argument) {
+        if (!pending->second.remove(member)) return std::nullopt;
+    } else {
+        auto fresh = ReferenceRemovals::of(text(slot), argument);
+        if (!fresh || !fresh->remove(member)) return std::nullopt;
+        pending = removals.emplace(slot, std::move(*fresh)).first;
+    }
+    remember(changeable(slot));
+    ++changeCount;
+    return pending->second.left();
+}
+
+/// Brings the text of the instance up to date.
+void Changes::takeOut(Slot slot) {
+    const auto pending = removals.extract(slot);
+    if (pending.empty()) return;
+    ChangedInstance& instance = changeable(slot);
+    const bool isOriginal = instance.now.kind == TextState::Kind::Original;
+    instance.now = changedTo(instance, pending.mapped().applyTo(isOriginal ? original(instance) : instance.now.text));
+    weighLater(instance);
+}
+
+void Changes::takeOutAll() {
+    while (!removals.empty()) takeOut(removals.begin()->first);
 }
 
 /// Readers hold ids in 64 bits at most, often with a sign.
@@ -152,11 +192,29 @@ std::uint64_t Changes::weight(const ChangedInstance& instance) const {
     return mixed(std::hash<std::string>()(instance.now.text) + mixed(where));
 }
 
+std::uint64_t Changes::fingerprint() {
+    takeOutAll();
+    for (const std::size_t place : notWeighed) {
+        ChangedInstance& instance = changed[place];
+        sum -= instance.weight;
+        instance.weight = weight(instance);
+        sum += instance.weight;
+        instance.weighed = true;
+    }
+    notWeighed.clear();
+    return sum;
+}
+
+void Changes::weighLater(ChangedInstance& instance) {
+    if (std::exchange(instance.weighed, false)) {
+        notWeighed.push_back(static_cast<std::size_t>(index.places[instance.slot].where()));
+    }
+}
+
 void Changes::exchange(ChangedInstance& instance, TextState& state) {
     if (listener != nullptr) listener->beforeChange(instance.slot);
-    sum -= weight(instance);
     std::swap(instance.now, state);
-    sum += weight(instance);
+    weighLater(instance);
     if (instance.newId != 0) rememberNewId(instance);
     if (listener != nullptr) listener->afterChange(instance.slot);
 }
@@ -171,6 +229,7 @@ void Changes::rememberNewId(const ChangedInstance& instance) {
 // --- Commands ---
 
 bool Changes::commit(std::string name) {
+    takeOutAll();
     running = false;
     std::erase_if(current.entries, [this](const Entry& entry) { return entry.other == changed[entry.instance].now; });
     if (current.entries.empty()) {
@@ -184,6 +243,7 @@ bool Changes::commit(std::string name) {
 }
 
 void Changes::rollback() {
+    takeOutAll();  // The listener is to see what it was told of go back.
     running = false;
     if (!current.entries.empty()) exchangeAll(current);
     current = {};

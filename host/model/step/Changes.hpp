@@ -2,12 +2,14 @@
 // The instances as they are now: the index of the file with the changes laid over it, and the journal that undoes them.
 
 #include "model/step/Index.hpp"
+#include "model/step/ReferenceRemovals.hpp"
 #include "model/step/StepFile.hpp"
 
 #include <deque>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace model::step {
@@ -30,6 +32,8 @@ struct ChangedInstance {
     std::uint32_t section = 0;  ///< That a new one is written in.
     std::uint64_t command = 0;  ///< The last command that touched it.
     TextState now;
+    std::uint64_t weight = 0;  ///< Its part of the fingerprint, of the time when that was last asked for.
+    bool weighed = true;       ///< Whether `weight` is that of `now`.
 };
 
 class Changes {
@@ -41,7 +45,8 @@ public:
     bool present(Slot slot) const;
     InstanceId id(Slot slot) const;
     Slot find(InstanceId id) const;
-    std::string_view text(Slot slot) const;
+    /// Takes out what removeReferences() was asked to.
+    std::string_view text(Slot slot);
     /// Where an instance of the file stands in it.
     std::uint64_t offset(Slot slot) const;
     /// The data section it stands in.
@@ -51,6 +56,10 @@ public:
     bool open() const { return running; }
     /// Lays `next` over the instance. Only while a command is open.
     void set(Slot slot, TextState next);
+    /// Takes the references to `member` out of an argument of an instance, in its text only when that is asked for.
+    /// Only while a command is open. @return How many others the argument still names; nothing where it does not name
+    /// it.
+    std::optional<std::size_t> removeReferences(Slot slot, std::size_t argument, InstanceId member);
     /// Adds "#id=body;". @return NoSlot where there is no id left.
     Slot append(std::string_view body, KeywordCode keyword, std::uint32_t section);
     /// @return true where the command changed anything.
@@ -66,11 +75,15 @@ public:
 
     std::uint64_t revision() const { return changeCount; }
     /// Stands for the bytes that saving would write: equal for equal bytes, and 0 for those of the file as opened. It
-    /// is a sum over the changed instances, so that it costs nothing to keep and undoing leads back to the same number.
-    std::uint64_t fingerprint() const { return sum; }
+    /// is a sum over the changed instances, so that asking costs no more than what changed since the last time, and
+    /// undoing leads back to the same number.
+    std::uint64_t fingerprint();
     void setListener(StepFile::Listener* newListener) { listener = newListener; }
 
-    const std::deque<ChangedInstance>& instances() const { return changed; }
+    const std::deque<ChangedInstance>& instances() {
+        takeOutAll();
+        return changed;
+    }
 
 private:
     /// An instance touched by a command, with the state that undoing (or then redoing) gives it.
@@ -89,22 +102,29 @@ private:
     const ChangedInstance* lookUp(Slot slot) const;
     std::string_view original(const ChangedInstance& instance) const;
     std::uint64_t weight(const ChangedInstance& instance) const;
+    TextState changedTo(const ChangedInstance& instance, std::string newText) const;
+    void remember(ChangedInstance& instance);
     void exchange(ChangedInstance& instance, TextState& state);
+    void takeOut(Slot slot);
+    void takeOutAll();
+    void weighLater(ChangedInstance& instance);
     void exchangeAll(Command& command);
     void rememberNewId(const ChangedInstance& instance);
 
     Index& index;
     StepFile::Listener* listener = nullptr;
     std::deque<ChangedInstance> changed;  ///< Never moves in memory: text() hands out views of short strings too.
-    std::vector<Slot> newIds;             ///< By id, from firstNewId on.
-    InstanceId firstNewId = 0;            ///< 0 until the first new instance asks.
+    std::unordered_map<Slot, ReferenceRemovals> removals;  ///< That no text shows yet; only while a command is open.
+    std::vector<Slot> newIds;                              ///< By id, from firstNewId on.
+    InstanceId firstNewId = 0;                             ///< 0 until the first new instance asks.
     InstanceId nextId = 0;
     std::vector<Command> undoable, redoable;
     Command current;
     bool running = false;
     std::uint64_t commandCount = 0;
     std::uint64_t changeCount = 0;
-    std::uint64_t sum = 0;
+    std::uint64_t sum = 0;                ///< Of the weights.
+    std::vector<std::size_t> notWeighed;  ///< Places in `changed`.
 };
 
 }  // namespace model::step

@@ -47,7 +47,7 @@ Edit erasure(std::string_view bytes, std::uint64_t begin, std::uint64_t end) {
     return {lineBegin, lineEnd, {}};
 }
 
-std::vector<Edit> editsInPlace(const Index& index, const Changes& changes) {
+std::vector<Edit> editsInPlace(const Index& index, Changes& changes) {
     std::vector<Edit> edits;
     for (const ChangedInstance& instance : changes.instances()) {
         if (instance.newId != 0 || instance.now.kind == TextState::Kind::Original) continue;
@@ -60,7 +60,7 @@ std::vector<Edit> editsInPlace(const Index& index, const Changes& changes) {
     return edits;
 }
 
-void addInsertions(const Index& index, const Changes& changes, std::vector<Edit>& edits) {
+void addInsertions(const Index& index, Changes& changes, std::vector<Edit>& edits) {
     struct Place {
         std::string_view lineEnd;
         bool used = false;
@@ -82,7 +82,7 @@ void addInsertions(const Index& index, const Changes& changes, std::vector<Edit>
 
 }  // namespace
 
-std::vector<std::string_view> pieces(const Index& index, const Changes& changes) {
+std::vector<std::string_view> pieces(const Index& index, Changes& changes) {
     std::vector<Edit> edits = editsInPlace(index, changes);
     addInsertions(index, changes, edits);
     std::stable_sort(edits.begin(), edits.end(), [](const Edit& a, const Edit& b) { return a.begin < b.begin; });

@@ -58,20 +58,6 @@ bool isSame(const Value& element, std::string_view member, std::string_view list
     return id != 0 && id == referenceId({ValueKind::Reference, member});
 }
 
-/// `text` without the elements marked, and without one comma for each of them.
-std::string withoutMarked(std::string_view text, const std::vector<Value>& elements, const std::vector<bool>& marked) {
-    const std::size_t first = static_cast<std::size_t>(std::find(marked.begin(), marked.end(), false) - marked.begin());
-    const char* firstKept = first < elements.size() ? elements[first].text.data() : endOf(elements.back().text);
-    std::string result(between(text.data(), elements.front().text.data()));
-    const char* copied = firstKept;
-    for (std::size_t i = first + 1; i < elements.size(); ++i) {
-        if (!marked[i]) continue;
-        result.append(between(copied, std::max(copied, endOf(elements[i - 1].text))));
-        copied = endOf(elements[i].text);
-    }
-    return result.append(between(copied, endOf(text)));
-}
-
 }  // namespace
 
 Result<std::string> withValue(std::string_view text, Value value, std::string_view newText) {
@@ -100,6 +86,19 @@ Result<std::string> withoutElement(std::string_view text, Value aggregate, std::
     for (std::size_t i = 0; i < elements.size(); ++i) marked[i] = isSame(elements[i], member, aggregate.text);
     if (std::find(marked.begin(), marked.end(), true) == marked.end()) return refused("the list has no such element");
     return withoutMarked(text, elements, marked);
+}
+
+std::string withoutMarked(std::string_view text, const std::vector<Value>& elements, const std::vector<bool>& marked) {
+    const std::size_t first = static_cast<std::size_t>(std::find(marked.begin(), marked.end(), false) - marked.begin());
+    const char* firstKept = first < elements.size() ? elements[first].text.data() : endOf(elements.back().text);
+    std::string result(between(text.data(), elements.front().text.data()));
+    const char* copied = firstKept;
+    for (std::size_t i = first + 1; i < elements.size(); ++i) {
+        if (!marked[i]) continue;
+        result.append(between(copied, std::max(copied, endOf(elements[i - 1].text))));
+        copied = endOf(elements[i].text);
+    }
+    return result.append(between(copied, endOf(text)));
 }
 
 bool isInstanceBody(std::string_view body, std::string_view& keyword) {

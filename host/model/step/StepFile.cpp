@@ -107,6 +107,12 @@ Status StepFile::removeFromAggregate(Slot slot, Value aggregate, std::string_vie
     return content->edit(slot, withoutElement(text(slot), aggregate, member));
 }
 
+Result<std::size_t> StepFile::removeReferences(Slot slot, std::size_t argument, InstanceId member) {
+    if (Status editable = content->checkEditable(slot); !editable) return editable.error();
+    if (const auto left = content->changes.removeReferences(slot, argument, member)) return *left;
+    return refused(content->changes.id(slot), "its list does not name #" + std::to_string(member));
+}
+
 Result<Slot> StepFile::append(std::string_view body, Slot neighbour) {
     Content& parts = *content;
     std::string_view keyword;

@@ -94,6 +94,10 @@ public:
     /// as found. `member` is a view of the element, or a text that each element to be removed reads like.
     Status addToAggregate(Slot slot, Value aggregate, std::string_view element);
     Status removeFromAggregate(Slot slot, Value aggregate, std::string_view member);
+    /// Takes every reference to `member` out of an aggregate argument. The text is rewritten when it is next asked for,
+    /// once for all removals until then, and the listener is not told: thousands of elements leave one relation.
+    /// @return How many other instances the argument still names.
+    Result<std::size_t> removeReferences(Slot slot, std::size_t argument, InstanceId member);
     /// Adds an instance at the end of the data section that `neighbour` stands in.
     /// @param body  "IFCWALL('...',$)" without id and semicolon. The id is the next above the highest in the file,
     /// those
