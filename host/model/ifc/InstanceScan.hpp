@@ -3,9 +3,13 @@
 
 #include "model/step/StepSyntax.hpp"
 
+#include <algorithm>
 #include <cstddef>
 
 namespace model::ifc {
+
+/// Arguments from here on count as one: no schema has classes of so many, but a class that no schema knows may.
+inline constexpr unsigned LastArgument = 62;
 
 /// Calls visit(argument, token) for every "#12" among the arguments whose bit is set in `arguments`, nested ones
 /// included, until it returns false. Strings, binaries and comments are passed over.
@@ -42,8 +46,9 @@ void forEachReference(std::string_view text, std::uint64_t arguments, Visit&& vi
             case '#': {
                 std::size_t end = at + 1;
                 while (end < text.size() && text[end] >= '0' && text[end] <= '9') ++end;
-                const bool wanted = depth > 0 && argument < 64 && (arguments >> argument & 1U) != 0;
-                if (wanted && !visit(argument, text.substr(at, end - at))) return;
+                const unsigned bit = std::min(argument, LastArgument);
+                const bool wanted = depth > 0 && (arguments >> bit & 1U) != 0;
+                if (wanted && !visit(bit, text.substr(at, end - at))) return;
                 at = end;
                 continue;
             }
