@@ -157,7 +157,7 @@ bool Changes::reserveId() {
         firstNewId = highest + 1;
     }
     if (nextId == 0) nextId = current.otherNextId = firstNewId;
-    return nextId < largest;
+    return nextId <= largest;
 }
 
 Slot Changes::append(std::string_view body, KeywordCode keyword, std::uint32_t section) {
