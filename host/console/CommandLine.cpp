@@ -100,7 +100,7 @@ void addExport(CLI::App& app, Words& words) {
         ->type_name("ITEMS");
     command.add_option("--item", words.singleItems, "one item exactly as it stands, commas and blanks included")
         ->type_name("ITEM")
-        ->expected(1);
+        ->allow_extra_args(false);
     addFilter(command, words.exporting.type, words.exporting.ifcClass);
     command.add_option("-o,--output", words.output, "write the lines here; default: standard output")
         ->type_name("UPDATES.txt");

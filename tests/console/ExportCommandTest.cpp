@@ -61,6 +61,16 @@ TEST_F(ExportCommand, TakesAnItemWithACommaAsItStands) {
     EXPECT_EQ(run({"export", "house.ifc", "--item", "Width, net [X]"}).out, WallGuid + "\tWidth, net [X]\t3\t3\n");
 }
 
+TEST_F(ExportCommand, TakesSeveralItemsAsTheyStand) {
+    testing_support::IfcText ifc;
+    const auto wall = ifc.element("IfcWall", WallGuid, "Wall-01");
+    for (const char* name : {"Width, net ", "-x", "Name"}) ifc.property(wall, "Pset_X", name, "IFCLABEL('3')");
+    write("house.ifc", ifc.text());
+    EXPECT_EQ(
+        run({"export", "--item", "Width, net [X]", "--item=-x", "house.ifc", "--items", "Name"}).out,
+        WallGuid + "\tName\tWall-01\tWall-01\n" + WallGuid + "\tWidth, net [X]\t3\t3\n" + WallGuid + "\t-x\t3\t3\n");
+}
+
 TEST_F(ExportCommand, PrintsJson) {
     const Json document = json({"export", "house.ifc", "--items", "FireRating"});
     EXPECT_EQ(document["lines"], Json({{WallGuid, "FireRating", "F 90", "F 90"}}));
