@@ -1,0 +1,117 @@
+// modelhost and the user's file: killed at any moment, interrupted, with links, and with what must be said of a file
+// before its new version replaces the old one.
+
+#include "ConsoleTest.hpp"
+
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <random>
+#include <thread>
+
+namespace console_tests {
+namespace {
+
+class SafeSaving : public ConsoleTest {
+protected:
+    SafeSaving() { updates({{WallGuid, "FireRating[WallCommon]", "F 90", "F 60"}}); }
+
+    Outcome apply(const std::string& model = "house.ifc") {
+        return run({"import", model, "updates.txt", "--tick", "all", "--apply", "--in-place", "--force"});
+    }
+    std::string inserted(const std::string& before, const std::string& text) {
+        std::string bytes = house();
+        return bytes.insert(bytes.rfind(before), text);
+    }
+};
+
+TEST_F(SafeSaving, OfASignedFileSaysThatTheSignatureIsNoLongerValid) {
+    write("house.ifc", house() + "SIGNATURE;\nMIIB\nENDSEC;\n");
+    const Outcome outcome = apply();
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_THAT(outcome.err, HasSubstr("the file is signed; saved with changes, its signature is no longer valid"));
+    EXPECT_THAT(bytes("house.ifc"), HasSubstr("'F 60'"));
+    EXPECT_TRUE(bytes("house.ifc").ends_with("SIGNATURE;\nMIIB\nENDSEC;\n"));
+}
+
+TEST_F(SafeSaving, OfAFileThatWasCutSaysSo) {
+    const std::string whole = house();
+    write("house.ifc", whole.substr(0, whole.rfind("ENDSEC")) + std::string(100, '\0'));
+    const Outcome outcome = apply();
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_THAT(outcome.err, HasSubstr("the file is not complete: ENDSEC and END-ISO-10303-21 are missing"));
+    EXPECT_TRUE(bytes("house.ifc").ends_with(std::string(100, '\0')));
+}
+
+TEST_F(SafeSaving, LeavesOtherNamesOfTheFileWithTheOldVersion) {
+    std::filesystem::create_hard_link(folder.path() / "house.ifc", folder.path() / "backup.ifc");
+    EXPECT_EQ(apply().status, 0);
+    EXPECT_THAT(bytes("house.ifc"), HasSubstr("'F 60'"));
+    EXPECT_EQ(bytes("backup.ifc"), house());
+}
+
+TEST_F(SafeSaving, KeepsModeBitsAndLinks) {
+    std::filesystem::rename(folder.path() / "house.ifc", folder.path() / "real.ifc");
+    ::chmod((folder.path() / "real.ifc").c_str(), 0604);
+    std::filesystem::create_symlink("real.ifc", folder.path() / "house.ifc");
+    EXPECT_EQ(apply().status, 0);
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.path() / "house.ifc"));
+    struct stat found {};
+    ASSERT_EQ(::stat((folder.path() / "real.ifc").c_str(), &found), 0);
+    EXPECT_EQ(found.st_mode & 07777U, 0604U);
+    EXPECT_THAT(bytes("real.ifc"), HasSubstr("'F 60'"));
+}
+
+using Clock = std::chrono::steady_clock;
+
+/// The program at work on its own; killed after a while, where it is not done before.
+/// @return how long it worked.
+Clock::duration runAndKill(const std::filesystem::path& folder, Clock::duration after) {
+    const Clock::time_point begin = Clock::now();
+    const pid_t process = ::fork();
+    if (process == 0) {
+        if (::chdir(folder.c_str()) != 0 || std::freopen("/dev/null", "w", stdout) == nullptr) ::_exit(1);
+        ::execl(BINARY_DIR "/modelhost", "modelhost", "import", "house.ifc", "updates.txt", "--tick", "all", "--apply",
+                "--in-place", static_cast<char*>(nullptr));
+        ::_exit(1);
+    }
+    int status = 0;
+    bool ended = false;
+    while (!ended && Clock::now() - begin < after) {
+        std::this_thread::sleep_for(std::chrono::microseconds(50));
+        ended = ::waitpid(process, &status, WNOHANG) == process;
+    }
+    if (!ended && ::kill(process, SIGKILL) == 0) ::waitpid(process, &status, 0);
+    return Clock::now() - begin;
+}
+
+TEST_F(SafeSaving, KilledAtAnyMomentLeavesOneWholeVersion) {
+    // Large enough that saving takes a good part of the time.
+    std::string comment = "/*";
+    while (comment.size() < (8U << 20U)) comment += " nothing but bytes to be written\n";
+    const std::string before = inserted("ENDSEC;", comment + "*/\n");
+    std::string after = before;
+    after.replace(after.find("'F 90'"), 6, "'F 60'");
+    write("house.ifc", before);
+    const Clock::duration whole = runAndKill(folder.path(), std::chrono::seconds(60));
+    ASSERT_EQ(bytes("house.ifc"), after);
+    std::mt19937 random(7);
+    std::uniform_real_distribution<double> part(0.0, 1.1);
+    int replaced = 0;
+    for (int kill = 0; kill < 60; ++kill) {
+        write("house.ifc", before);
+        runAndKill(folder.path(), std::chrono::duration_cast<Clock::duration>(whole * part(random)));
+        const std::string now = bytes("house.ifc");
+        ASSERT_TRUE(now == before || now == after) << "kill " << kill << ", " << now.size() << " bytes";
+        replaced += now == after ? 1 : 0;
+    }
+    // Otherwise the kills came too early or too late to try anything.
+    EXPECT_GT(replaced, 0);
+    EXPECT_LT(replaced, 60);
+}
+
+}  // namespace
+}  // namespace console_tests
