@@ -97,7 +97,7 @@ TEST_F(SafeSaving, KilledAtAnyMomentLeavesOneWholeVersion) {
     after.replace(after.find("'F 90'"), 6, "'F 60'");
     write("house.ifc", before);
     const Clock::duration whole = runAndKill(folder.path(), std::chrono::seconds(60));
-    ASSERT_EQ(bytes("house.ifc"), after);
+    ASSERT_TRUE(bytes("house.ifc") == after);
     std::mt19937 random(7);
     std::uniform_real_distribution<double> part(0.0, 1.1);
     int replaced = 0;
