@@ -301,6 +301,13 @@ RC_GTEST_PROP(RandomUpdates, OfTinyModelsAreSeenByTheNamedElementAlone, ()) {
     Opened model(original);
     RC_ASSERT(liveThrough(dice, model, 2 + dice.below(10), true) == "");
     RC_ASSERT(model->bytes() == original);
+    // What was done and undone before leaves no trace in what the same updates give.
+    Opened fresh(original);
+    Dice forUsed(seed), forFresh(seed);
+    for (int i = 0; i < 3; ++i) {
+        const Applied used(forUsed, model, 3), first(forFresh, fresh, 3);
+        RC_ASSERT(model->bytes() == fresh->bytes());
+    }
 }
 
 RC_GTEST_PROP(RandomUpdates, OfACommandThatFailsAreRolledBack, ()) {
