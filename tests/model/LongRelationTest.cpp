@@ -188,4 +188,29 @@ TEST(LongSet, TakesOneNewPropertyAfterTheOther) {
     EXPECT_EQ(opened->properties(0)->size(), 1U);
 }
 
+TEST(KnownSet, FollowsValuesThatGrowShrinkAndComeBack) {
+    TinyModel ifc;
+    const Id wall = ifc.element("IfcWall", "Wall");
+    ifc.give({wall}, ifc.set("S", {ifc.single("P", "IFCLABEL('old')"), ifc.single("N", "IFCREAL(1.5)"),
+                                   ifc.single("Q", "IFCLABEL('q')")}));
+    Opened opened(ifc);
+    std::vector<std::string> values{"old"};
+    for (const std::size_t length : {1U, 200U, 0U, 40U, 255U, 251U, 3U, 254U, 2U}) {
+        values.emplace_back(length, static_cast<char>('a' + values.size()));
+        ASSERT_TRUE(opened.setProperty(0, "S", "P", values.back()));
+        ASSERT_TRUE(opened.setProperty(0, "S", "N", std::to_string(length)));
+        EXPECT_EQ(opened.property(0, "S", "P"), values.back());
+        EXPECT_EQ(opened.property(0, "S", "N"), std::to_string(length));
+        EXPECT_EQ(opened.property(0, "S", "Q"), "q");
+        EXPECT_EQ(opened.snapshot(), Opened(opened->bytes()).snapshot());
+    }
+    while (!values.empty()) {
+        EXPECT_EQ(opened.property(0, "S", "P"), values.back());
+        values.pop_back();
+        EXPECT_TRUE(opened->undo() || values.empty()) << "the number";
+        EXPECT_TRUE(opened->undo() || values.empty());
+    }
+    EXPECT_EQ(opened->bytes(), ifc.text());
+}
+
 }  // namespace

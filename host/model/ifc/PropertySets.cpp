@@ -77,7 +77,7 @@ DecodedSet PropertySets::decode(step::Slot slot) {
     DecodedSet set;
     const Class& cls = classes.of(slot);
     if (cls.role != Role::PropertySet || !file.read(slot, setInstance)) return set;
-    set.setName = addText(argument(setInstance, cls, Field::Name), set);
+    set.setName = putText(argument(setInstance, cls, Field::Name), set, {});
     if (!step::splitAggregate(argument(setInstance, cls, Field::HasProperties), members)) return set;
     set.rows.reserve(members.size());
     for (const step::Value& member : members) {
@@ -85,32 +85,44 @@ DecodedSet PropertySets::decode(step::Slot slot) {
         if (property != step::NoSlot) addRow(property, set);
     }
     set.texts.shrink_to_fit();
+    set.textsWhenRead = set.texts.size();
     return set;
 }
 
 void PropertySets::addRow(step::Slot property, DecodedSet& set) {
-    const Class& cls = classes.of(property);
-    if (cls.role != Role::SimpleProperty || !file.read(property, propertyInstance)) return;
-    DecodedSet::Row row{property, {}, {}, cls.propertyKind, Primitive::String, false, {}, 0, 0};
-    row.name = addText(argument(propertyInstance, cls, Field::Name), set);
-    if (cls.propertyKind == PropertyKind::Single) {
-        const NominalValue value = readNominalValue(argument(propertyInstance, cls, Field::NominalValue), schema);
-        row.primitive = value.primitive;
-        row.integer = value.integer;
-        row.real = value.real;
-        row.boolean = value.boolean;
-        row.type = value.typeKnown ? value.type : *unknownTypes.emplace(value.type).first;
-        if (value.primitive == Primitive::String) row.string = addText(value.string, set);
-    }
-    set.rows.push_back(row);
+    DecodedSet::Row row;
+    if (readRow(property, set, row)) set.rows.push_back(row);
 }
 
-DecodedSet::Part PropertySets::addText(step::Value string, DecodedSet& set) {
+/// @param row  As it was read before; its texts are overwritten where the new ones are no longer.
+bool PropertySets::readRow(step::Slot property, DecodedSet& set, DecodedSet::Row& row) {
+    const Class& cls = classes.of(property);
+    if (cls.role != Role::SimpleProperty || !file.read(property, propertyInstance)) return false;
+    row.slot = property;
+    row.kind = cls.propertyKind;
+    row.name = putText(argument(propertyInstance, cls, Field::Name), set, row.name);
+    if (cls.propertyKind != PropertyKind::Single) return true;
+    const NominalValue value = readNominalValue(argument(propertyInstance, cls, Field::NominalValue), schema);
+    row.primitive = value.primitive;
+    row.integer = value.integer;
+    row.real = value.real;
+    row.boolean = value.boolean;
+    row.type = value.typeKnown ? value.type : *unknownTypes.emplace(value.type).first;
+    row.string = value.primitive == Primitive::String ? putText(value.string, set, row.string) : DecodedSet::Part{};
+    return true;
+}
+
+DecodedSet::Part PropertySets::putText(step::Value string, DecodedSet& set, DecodedSet::Part old) {
     if (string.kind != step::ValueKind::String) return {};
     step::decodeString(string.text, decoded);
+    const auto length = static_cast<std::uint32_t>(decoded.size());
+    if (length <= old.length) {
+        set.texts.replace(old.begin, length, decoded);
+        return {old.begin, length};
+    }
     const auto begin = static_cast<std::uint32_t>(set.texts.size());
     set.texts += decoded;
-    return {begin, static_cast<std::uint32_t>(decoded.size())};
+    return {begin, length};
 }
 
 void PropertySets::append(step::Slot set, step::Slot property) {
@@ -121,16 +133,34 @@ void PropertySets::append(step::Slot set, step::Slot property) {
     knownBytes += found->second.bytes();
 }
 
-void PropertySets::forget(step::Slot slot, References& references) {
+void PropertySets::beforeChange(step::Slot slot) {
     if (known.empty() && knownOverriding.empty()) return;
     const Role role = classes.of(slot).role;
     if (role == Role::PropertySet) dropSet(slot);
-    if (role != Role::SimpleProperty) return;
-    dropOverriding(slot);
+    if (role == Role::SimpleProperty) dropOverriding(slot);
+}
+
+void PropertySets::afterChange(step::Slot slot, References& references) {
+    beforeChange(slot);
+    if (known.empty() || classes.of(slot).role != Role::SimpleProperty) return;
     references.forEachUse(slot, [&](const Use& use) {
-        dropSet(use.user);
+        readAgain(use.user, slot);
         return true;
     });
+}
+
+/// One property of a set that is known: an update file changes one after the other of a set of many.
+void PropertySets::readAgain(step::Slot slot, step::Slot property) {
+    const auto found = known.find(slot);
+    if (found == known.end()) return;
+    DecodedSet& set = found->second;
+    knownBytes -= set.bytes();
+    const bool read = std::all_of(set.rows.begin(), set.rows.end(), [&](DecodedSet::Row& row) {
+        return row.slot != property || readRow(property, set, row);
+    });
+    knownBytes += set.bytes();
+    // Texts that grew leave their old places unused.
+    if (!read || set.texts.size() > 2 * set.textsWhenRead + 1000) dropSet(slot);
 }
 
 }  // namespace model::ifc

@@ -31,14 +31,14 @@ private:
         std::uint32_t begin = 0, length = 0;
     };
     struct Row {
-        step::Slot slot;
+        step::Slot slot = step::NoSlot;
         Part name, string;
-        PropertyKind kind;
-        Primitive primitive;
-        bool boolean;
+        PropertyKind kind = PropertyKind::Single;
+        Primitive primitive = Primitive::String;
+        bool boolean = false;
         std::string_view type;
-        std::int64_t integer;
-        double real;
+        std::int64_t integer = 0;
+        double real = 0;
     };
 
     std::u16string_view text(Part part) const { return std::u16string_view(texts).substr(part.begin, part.length); }
@@ -47,6 +47,7 @@ private:
     Part setName;
     std::vector<Row> rows;
     std::u16string texts;
+    std::size_t textsWhenRead = 0;  // length of the texts when nothing of them was unused
 };
 
 /// Property sets, decoded once: the lines of an update file that concern one element stand together, and elements share
@@ -67,15 +68,18 @@ public:
 
     /// Of a property added to the end of a set, and no other change.
     void append(step::Slot set, step::Slot property);
-    /// Of a change to the instance: drops what was decoded from it.
-    void forget(step::Slot slot, References& references);
+    /// To be told of every change of the file but append().
+    void beforeChange(step::Slot slot);
+    void afterChange(step::Slot slot, References& references);
 
 private:
     void dropSet(step::Slot set);
     void dropOverriding(step::Slot property);
     DecodedSet decode(step::Slot set);
     void addRow(step::Slot property, DecodedSet& set);
-    DecodedSet::Part addText(step::Value string, DecodedSet& set);
+    bool readRow(step::Slot property, DecodedSet& set, DecodedSet::Row& row);
+    void readAgain(step::Slot set, step::Slot property);
+    DecodedSet::Part putText(step::Value string, DecodedSet& set, DecodedSet::Part old);
 
     const step::StepFile& file;
     Classes& classes;

@@ -48,7 +48,7 @@ Status Workspace::addToList(step::Slot holder, Field field, step::Slot member) {
 
 void Workspace::beforeChange(step::Slot slot) {
     if (!observing) return;
-    propertySets.forget(slot, references);
+    propertySets.beforeChange(slot);
     links.forget(slot);
     longRelations.forget(slot);
     references.beforeChange(slot);
@@ -59,7 +59,7 @@ void Workspace::afterChange(step::Slot slot) {
     if (!observing) return;
     references.afterChange(slot);
     newRoots.afterChange(slot);
-    propertySets.forget(slot, references);
+    propertySets.afterChange(slot, references);
     links.forget(slot);
     longRelations.forget(slot);
 }
