@@ -187,13 +187,38 @@ TEST_F(Files, BehindACircleOfLinksAreRefused) {
     EXPECT_EQ(StepFile::open(folder.path() / "a.ifc").error().kind, ErrorKind::CannotRead);
 }
 
+TEST_F(Files, AreFollowedThroughFortyLinks) {
+    std::string target = "house.ifc";
+    for (int i = 1; i <= 41; ++i) {
+        const std::string link = "link" + std::to_string(i) + ".ifc";
+        fs::create_symlink(target, folder.path() / link);
+        target = link;
+    }
+    for (const char* link : {"link39.ifc", "link40.ifc"}) {
+        const auto file = openFile(folder.path() / link);
+        EXPECT_TRUE(file->save(folder.path() / link)) << link;
+        EXPECT_TRUE(fs::is_symlink(folder.path() / link));
+    }
+    EXPECT_EQ(StepFile::open(folder.path() / "link41.ifc").error().kind, ErrorKind::CannotRead);
+    EXPECT_EQ(openFile(house)->save(folder.path() / "link41.ifc").error().kind, ErrorKind::CannotWrite);
+}
+
+TEST_F(Files, OfSeveralNamesChangeUnderTheNameSavedAlone) {
+    fs::create_hard_link(house, folder.path() / "other.ifc");
+    const auto file = openFile(house);
+    edit(*file);
+    ASSERT_TRUE(file->save(house));
+    EXPECT_EQ(bytesOf(house), after);
+    EXPECT_EQ(bytesOf(folder.path() / "other.ifc"), before);
+}
+
 TEST_F(Files, ChangedByOthersSinceTheyWereOpenedAreNotOverwritten) {
     const auto file = openFile(house);
     edit(*file);
     folder.write("house.ifc", fileOf("#1=A(7);\n"));
     const Status saved = file->save(house);
     ASSERT_FALSE(saved);
-    EXPECT_EQ(saved.error().kind, ErrorKind::CannotWrite);
+    EXPECT_EQ(saved.error().kind, ErrorKind::ChangedSince);
     EXPECT_THAT(saved.error().message, HasSubstr("another program has changed the file"));
     EXPECT_EQ(bytesOf(house), fileOf("#1=A(7);\n"));
     SaveOptions options;
