@@ -51,8 +51,8 @@ std::uint64_t References::keptArgumentsOf(const Class& cls) const {
 }
 
 std::uint64_t References::keptArguments(step::KeywordCode keyword) {
-    // A complex instance is never read: it has no arguments of its own.
-    if (keyword == step::NoKeyword) return 0;
+    // Nothing is read of a complex instance, but it may use what others read.
+    if (keyword == step::NoKeyword) return AllArguments & ~Unknown;
     if (kept.size() <= keyword) kept.resize(keyword + 1U, Unknown);
     if (kept[keyword] == Unknown) kept[keyword] = keptArgumentsOf(classes.ofKeyword(keyword));
     return kept[keyword];
