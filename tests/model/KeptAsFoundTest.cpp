@@ -168,4 +168,23 @@ TEST(UnknownClass, IsAUserOfWhatAnyOfItsArgumentsNames) {
     }
 }
 
+TEST(ComplexInstance, IsAUserOfWhatItNames) {
+    for (const bool namesTheSet : {false, true}) {
+        TinyModel ifc;
+        const Id wall = ifc.element("IfcWall", "Wall");
+        const Id property = ifc.single("P", "IFCLABEL('old')"), set = ifc.set("S", {property});
+        ifc.give({wall}, set);
+        ifc.raw("(IFCFUTURETHING(1,$)IFCOTHERTHING('#9',(" + ref(namesTheSet ? set : property) + ")))");
+        Opened model(ifc);
+        ASSERT_TRUE(model.setProperty(0, "S", "P", "new"));
+        EXPECT_EQ(model.property(0, "S", "P"), "new");
+        const std::string bytes = model->bytes();
+        EXPECT_THAT(bytes, HasSubstr(ref(property) + "=IFCPROPERTYSINGLEVALUE('P',$,IFCLABEL('old'),$)"));
+        EXPECT_EQ(bytes.find("'S',$," + refs({property})) != std::string::npos, namesTheSet);
+        EXPECT_EQ(Opened(bytes).snapshot(), model.snapshot());
+        ASSERT_TRUE(model->undo());
+        EXPECT_EQ(model->bytes(), ifc.text());
+    }
+}
+
 }  // namespace

@@ -76,6 +76,7 @@ void addRelation(Dice& dice, TinyModel& ifc, const Objects& objects, const Ids& 
 /// Users of properties and sets that are no objects.
 void addOtherUsers(Dice& dice, TinyModel& ifc, const Ids& sets, const Ids& properties) {
     if (dice.oneIn(4)) ifc.raw("IFCFUTURERELATION(" + ref(dice.pick(sets)) + "," + ref(dice.pick(properties)) + ")");
+    if (dice.oneIn(6)) ifc.raw("(IFCPART(" + refs(dice.some(sets)) + ")IFCWHOLE(" + ref(dice.pick(properties)) + "))");
     if (dice.oneIn(3)) {
         const bool old = ifc.schema == "IFC2X3";
         ifc.add(old ? "IfcExtendedMaterialProperties" : "IfcMaterialProperties",
