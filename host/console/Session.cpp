@@ -18,12 +18,12 @@ std::string opening(const std::filesystem::path& path) {
 
 }  // namespace
 
-Session::Session(const CommonOptions& commonOptions, std::filesystem::path modelPath)
+Session::Session(const CommonOptions& commonOptions, std::filesystem::path modelPath, Access access)
     : options(commonOptions), path(std::move(modelPath)) {
     theHost.setReportSink([](const host::ReportLine& line) { say(line.text); });
     {
         ProgressLine progress(opening(path));
-        throwUnlessDone(theHost.openModel(path, {progress.callback()}));
+        throwUnlessDone(theHost.openModel(path, {progress.callback(), access == Access::Editing}));
     }
     for (const std::string& remark : model().remarks()) say(remark);
     if (options.debug) frontend::setDebugSink([](const char* text) { std::fputs(text, stderr); });
@@ -59,6 +59,8 @@ void Session::save(const std::filesystem::path& target) {
         say(fmt::format("interrupted; {} was not written", target.string()));
         InterruptGuard::dieIfInterrupted();
     }
+    if (!status && status.error().kind == model::ErrorKind::ChangedSince)
+        throw Failure(status.error().message + " (--force)");
     throwUnlessDone(status);
 }
 

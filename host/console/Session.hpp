@@ -5,16 +5,23 @@
 #include "frameworks/FrontEnd.hpp"
 #include "services/Host.hpp"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace console {
 
+/// What the model's file is opened for.
+enum class Access : std::uint8_t {
+    Reading,  ///< Takes no lock: nobody is kept from working on the file meanwhile.
+    Editing,  ///< To be saved where it came from. Locks the file, so that other hosts open it for reading.
+};
+
 class Session {
 public:
     /// Opens the model, showing progress, and says its remarks. Throws Failure.
-    Session(const CommonOptions& options, std::filesystem::path modelPath);
+    Session(const CommonOptions& options, std::filesystem::path modelPath, Access access);
     ~Session();
 
     const std::filesystem::path& modelPath() const { return path; }

@@ -9,6 +9,7 @@
 #include "model/ifc/PropertyEditor.hpp"
 #include "model/ifc/Spatial.hpp"
 #include "model/ifc/Text.hpp"
+#include "model/step/Saving.hpp"
 
 #include <unordered_set>
 
@@ -115,6 +116,10 @@ Result<std::unique_ptr<Model>> Model::fromBytes(std::string bytes) {
 
 std::string_view Model::schemaName() const {
     return ifc::Schema::name(content->work.version);
+}
+
+void Model::takeLock() {
+    content->file->takeLock();
 }
 
 const std::string& Model::lockHolder() const {
@@ -273,11 +278,15 @@ std::uint64_t Model::revision() const {
 }
 
 Status Model::save(const std::filesystem::path& path, const SaveOptions& options) {
-    return content->file->save(path, {options.progress, options.force});
+    return content->file->save(path, {options.progress, options.force, options.moveLock});
 }
 
 std::string Model::bytes() const {
     return content->file->bytes();
+}
+
+Status Model::checkTarget(const std::filesystem::path& path) {
+    return step::checkTarget(path);
 }
 
 }  // namespace model

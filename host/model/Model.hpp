@@ -93,7 +93,9 @@ struct OpenOptions {
 
 struct SaveOptions {
     Progress progress;
-    bool force = false;
+    bool force = false;  ///< Even over a file that another program changed since: ErrorKind::ChangedSince otherwise.
+    bool moveLock =
+        false;  ///< From here on the saved file is the one worked on, and locked in place of the one opened.
 };
 
 struct Point {
@@ -113,6 +115,9 @@ public:
     /// The program that has the file open for editing, "modelhost-desktop (process 1234)": the model can be saved under
     /// other names only. Empty where there is none.
     const std::string& lockHolder() const;
+    /// Takes the lock of OpenOptions::lock now: for who opens a file before closing the one that was open, which may be
+    /// the same.
+    void takeLock();
     /// What is worth telling the user about the file as opened, complete lines.
     const std::vector<std::string>& remarks() const;
 
@@ -166,6 +171,9 @@ public:
     /// Safe replacement: see StepFile::save.
     Status save(const std::filesystem::path& path, const SaveOptions& options = {});
     std::string bytes() const;
+    /// What stands in the way of saving there, as far as it can be known before the work: a missing folder, a
+    /// write-protected file, another host that has the file open.
+    static Status checkTarget(const std::filesystem::path& path);
 
 private:
     struct Content;

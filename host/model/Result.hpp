@@ -13,6 +13,7 @@ namespace model {
 enum class ErrorKind : std::uint8_t {
     CannotRead,    ///< A file that is missing, not readable, or not what it should be.
     CannotWrite,   ///< A file that could not be written; the old one is untouched.
+    ChangedSince,  ///< A file not written over because another program has changed it since; may be forced.
     BadId,         ///< No element of that identifier.
     BadParameter,  ///< The null GUID and the like.
     BadName,       ///< No such attribute; an empty property, set or system name.

@@ -32,6 +32,7 @@ GSErrCode errorCode(model::ErrorKind kind) {
             return APIERR_NESTING;
         case model::ErrorKind::CannotRead:
         case model::ErrorKind::CannotWrite:
+        case model::ErrorKind::ChangedSince:
             break;
     }
     return APIERR_GENERAL;

@@ -104,4 +104,41 @@ Outcome ModelHostRun::runOnTerminal(const std::vector<std::string>& arguments, i
     return outcome;
 }
 
+ScriptedHost::ScriptedHost(const ModelHostRun& run, const std::string& model, const std::vector<std::string>& options) {
+    int in[2], out[2];
+    if (pipe2(in, O_CLOEXEC) != 0 || pipe2(out, O_CLOEXEC) != 0) throw std::runtime_error("no pipes");
+    child = fork();
+    if (child == 0) {
+        if (dup2(in[0], STDIN_FILENO) < 0 || dup2(out[1], STDOUT_FILENO) < 0) _exit(CouldNotStart);
+        std::vector<std::string> arguments{"script", model, "-"};
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        run.become(arguments);
+    }
+    close(in[0]);
+    close(out[1]);
+    steps = in[1];
+    answers = out[0];
+}
+
+ScriptedHost::~ScriptedHost() {
+    if (child > 0) finish();
+    close(answers);
+}
+
+std::string ScriptedHost::perform(const std::string& step) {
+    const std::string line = step + "\n";
+    if (write(steps, line.data(), line.size()) != static_cast<ssize_t>(line.size())) return {};
+    std::string answer;
+    for (char byte = 0; read(answers, &byte, 1) == 1 && byte != '\n';) answer += byte;
+    return answer;
+}
+
+int ScriptedHost::finish() {
+    close(steps);
+    Outcome outcome;
+    wait(child, outcome);
+    child = -1;
+    return outcome.status;
+}
+
 }  // namespace console_tests

@@ -3,6 +3,8 @@
 //
 //     const Outcome run = ModelHostRun(folder).with("LANG", "de_DE.UTF-8").run({"list", "house.ifc"});
 
+#include <sys/types.h>
+
 #include <filesystem>
 #include <map>
 #include <string>
@@ -33,12 +35,36 @@ public:
     Outcome runOnTerminal(const std::vector<std::string>& arguments, int columns) const;
 
 private:
+    friend class ScriptedHost;
     [[noreturn]] void become(const std::vector<std::string>& arguments) const;
 
     std::filesystem::path folder;
     std::map<std::string, std::string> variables;
     std::string standardInput;
     std::filesystem::path outputFile;
+};
+
+/// A modelhost that goes on running: `script` that reads its steps from a pipe.
+///
+///     ScriptedHost other(modelhost(), "house.ifc");
+///     other.perform(R"({"menus":true})");   // from here on it has the model open
+class ScriptedHost {
+public:
+    ScriptedHost(const ModelHostRun& run, const std::string& model, const std::vector<std::string>& options = {});
+    ~ScriptedHost();
+    ScriptedHost(const ScriptedHost&) = delete;
+    ScriptedHost& operator=(const ScriptedHost&) = delete;
+
+    /// @return its answer, once it waits for the next step; empty where it has ended.
+    std::string perform(const std::string& step);
+    /// Ends its input and waits for its end.
+    int finish();
+    pid_t process() const { return child; }
+
+private:
+    pid_t child = -1;
+    int steps = -1;
+    int answers = -1;
 };
 
 }  // namespace console_tests

@@ -113,7 +113,7 @@ TEST(Save, OverAVersionThatSomebodyElseWroteIsRefused) {
     ASSERT_TRUE(saving.edit.replace(1, 0, "3"));
     const Status saved = saving.save();
     ASSERT_FALSE(saved);
-    EXPECT_EQ(saved.error().kind, ErrorKind::CannotWrite);
+    EXPECT_EQ(saved.error().kind, ErrorKind::ChangedSince);
     EXPECT_THAT(saved.error().message, HasSubstr("another program has changed the file"));
     EXPECT_EQ(saving.disk.files[target], "written by somebody else");
     EXPECT_TRUE(saving.save(true));
@@ -125,7 +125,7 @@ TEST(Save, OverAVersionThatSomebodyElseWritesMeanwhileIsRefused) {
     saving.disk.intruding = 5;
     const Status saved = saving.save();
     ASSERT_FALSE(saved);
-    EXPECT_THAT(saved.error().message, HasSubstr("another program has changed the file meanwhile"));
+    EXPECT_THAT(saved.error().message, HasSubstr("another program has changed the file since"));
     EXPECT_EQ(saving.disk.files[target], "written by somebody else");
     EXPECT_EQ(saving.disk.temporaries, 0);
 }

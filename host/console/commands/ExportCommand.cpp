@@ -84,7 +84,7 @@ void sayWhatIsMissing(const Exporter& exporter) {
 }  // namespace
 
 ExitStatus runExport(const ExportOptions& options) {
-    Session session(options.common, options.model);
+    Session session(options.common, options.model, Access::Reading);
     const ElementFilter filter(session.model(), options.type, options.ifcClass);
     const std::vector<model::Element> elements = filter.elements();
     Lines lines(options);

@@ -16,6 +16,39 @@ namespace {
 
 constexpr Int32 ImportMenuItem = 1;
 
+/// Where the changed model goes; nothing for a dry run.
+std::optional<std::filesystem::path> targetOf(const ImportOptions& options) {
+    if (!options.apply) return std::nullopt;
+    return options.inPlace ? options.model : *options.output;
+}
+
+bool sameFile(const std::filesystem::path& a, const std::filesystem::path& b) {
+    std::error_code ignored;
+    return a == b || std::filesystem::equivalent(a, b, ignored);
+}
+
+/// What would keep the work from being saved is said before the work.
+void checkTarget(const ImportOptions& options) {
+    const auto target = targetOf(options);
+    if (!target) return;
+    if (sameFile(*target, options.updates))
+        throw Failure(
+            fmt::format("-o {}: that is the update file, which would be lost; name another file", target->string()));
+    throwUnlessDone(model::Model::checkTarget(*target));
+}
+
+Access accessFor(const ImportOptions& options) {
+    const auto target = targetOf(options);
+    return target && sameFile(*target, options.model) ? Access::Editing : Access::Reading;
+}
+
+/// Another host may have opened it since the target was checked.
+void checkStillOurs(const ImportOptions& options, const model::Model& model) {
+    if (!model.lockHolder().empty())
+        throw Failure(fmt::format("{}: the file has just been opened in {}; close it there, or save with -o OUT.ifc",
+                                  options.model.string(), model.lockHolder()));
+}
+
 UpdateFileFindings scan(UpdateFile& updates, model::Model& model) {
     return updates.scan([&model](const model::Guid& guid) { return model.find(guid).has_value(); });
 }
@@ -53,10 +86,10 @@ ImportReport reportOf(Session& session, const ImportUser& user, const UpdateFile
 
 /// An unchanged model is not written over itself; a copy asked for by name is made in any case.
 void save(Session& session, const ImportOptions& options, ImportReport& report) {
-    if (!options.apply || (options.inPlace && !session.model().modified())) return;
-    const std::filesystem::path target = options.inPlace ? options.model : *options.output;
-    session.save(target);
-    report.saved = wellFormed(target.string());
+    const auto target = targetOf(options);
+    if (!target || (options.inPlace && !session.model().modified())) return;
+    session.save(*target);
+    report.saved = wellFormed(target->string());
 }
 
 void printReport(const ImportReport& report, Format format) {
@@ -70,7 +103,9 @@ void printReport(const ImportReport& report, Format format) {
 
 ExitStatus runImport(const ImportOptions& options) {
     UpdateFile updates(options.updates);
-    Session session(options.common, options.model);
+    checkTarget(options);
+    Session session(options.common, options.model, accessFor(options));
+    checkStillOurs(options, session.model());
     const UpdateFileFindings findings = scan(updates, session.model());
     session.loadAddOn();
     const ImportPlan plan = planOf(options, updates, findings.pieces);

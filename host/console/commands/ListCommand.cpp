@@ -53,7 +53,7 @@ void printAsJson(const model::Model& model, const std::vector<model::Element>& e
 }  // namespace
 
 ExitStatus runList(const ListOptions& options) {
-    Session session(options.common, options.model);
+    Session session(options.common, options.model, Access::Reading);
     const ElementFilter filter(session.model(), options.type, options.ifcClass);
     const std::vector<model::Element> elements = filter.elements();
     switch (options.common.format) {

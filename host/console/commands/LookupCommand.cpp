@@ -78,7 +78,7 @@ std::string explain(const LookupAnswer& answer, const Session& session) {
 }  // namespace
 
 ExitStatus runLookup(const LookupOptions& options) {
-    Session session(options.common, options.model);
+    Session session(options.common, options.model, Access::Reading);
     session.loadAddOn();
     LookupUser user(inLongForm(options.guids));
     session.runMenuCommand(LookupMenuItem, user);

@@ -3,11 +3,16 @@
 #include "console/output/Messages.hpp"
 #include "console/script/ScriptUser.hpp"
 
+#include <fmt/format.h>
+
 namespace console {
 
 ExitStatus runScript(const ScriptOptions& options) {
     StepReader steps(options.steps);
-    Session session(options.common, options.model);
+    Session session(options.common, options.model, Access::Editing);
+    if (const std::string& holder = session.model().lockHolder(); !holder.empty())
+        say(fmt::format("{} is open in {}: it is opened for reading here and can be saved under another name only",
+                        options.model.string(), holder));
     session.loadAddOn();
     ScriptUser user(session, steps);
     const bool allDone = user.run();

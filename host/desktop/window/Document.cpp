@@ -9,6 +9,7 @@ Document::Document(host::Host& owner, QObject* parent) : QObject(parent), host(o
 void Document::adopt(Opened opened, const QString& path) {
     Q_EMIT closing();
     host.adoptModel(std::move(opened.model));
+    model()->takeLock();
     elements = std::move(opened.index);
     file = path;
     revision = model()->revision();
@@ -26,9 +27,11 @@ void Document::close() {
     Q_EMIT fileChanged();
 }
 
-model::Status Document::save(const QString& path, const model::Progress& progress) {
+model::Status Document::save(const QString& path, bool force, const model::Progress& progress) {
     model::SaveOptions options;
     options.progress = progress;
+    options.force = force;
+    options.moveLock = true;  // the file saved is the one shown from here on
     model::Status status = host.save(toPath(path), options);
     if (status) {
         file = path;
@@ -39,6 +42,10 @@ model::Status Document::save(const QString& path, const model::Progress& progres
 
 bool Document::modified() const {
     return isOpen() && model()->modified();
+}
+
+QString Document::lockHolder() const {
+    return isOpen() ? toQString(model()->lockHolder()) : QString();
 }
 
 void Document::undo() {

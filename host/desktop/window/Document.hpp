@@ -23,11 +23,15 @@ public:
     };
     void adopt(Opened opened, const QString& path);
     void close();
-    model::Status save(const QString& path, const model::Progress& progress);
+    /// @param force  even over a file that another program has changed since: ErrorKind::ChangedSince otherwise.
+    model::Status save(const QString& path, bool force, const model::Progress& progress);
 
     bool isOpen() const { return elements != nullptr; }
     bool modified() const;
     const QString& path() const { return file; }
+    /// The program that has the file open for editing, so that the model can be saved under another name only. Empty
+    /// where there is none.
+    QString lockHolder() const;
     /// Null where none is open.
     model::Model* model() const { return host.model(); }
     const ElementIndex* index() const { return elements.get(); }

@@ -11,6 +11,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QSettings>
 #include <QStatusBar>
 
@@ -36,6 +37,7 @@ FileMenu::FileMenu(QMainWindow* owner, Document& shown, Busy& shared)
     fileMenu = window->menuBar()->addMenu(QStringLiteral("&File"));
     openItem =
         add(QStringLiteral("&Open…"), QKeySequence::Open, QStringLiteral("Open a model"), &FileMenu::openByDialog);
+    fileMenu->setToolTipsVisible(true);
     recentMenu = fileMenu->addMenu(QStringLiteral("Open &Recent"));
     fileMenu->addSeparator();
     saveItem = add(QStringLiteral("&Save"), QKeySequence::Save, QStringLiteral("Save the model to its file"),
@@ -65,7 +67,13 @@ void FileMenu::update() {
     const bool free = !busy.active();
     openItem->setEnabled(free);
     recentMenu->setEnabled(free && !RecentFiles::list().isEmpty());
-    saveItem->setEnabled(free && document.modified());
+    const QString holder = document.lockHolder();
+    saveItem->setEnabled(free && document.modified() && holder.isEmpty());
+    const QString prompt = holder.isEmpty()
+                               ? QStringLiteral("Save the model to its file")
+                               : QStringLiteral("The file is open in %1; save under another name").arg(holder);
+    saveItem->setStatusTip(prompt);
+    saveItem->setToolTip(asPlainToolTip(prompt));
     saveAsItem->setEnabled(free && document.isOpen());
     closeItem->setEnabled(free && document.isOpen());
     quitItem->setEnabled(free);
@@ -122,7 +130,8 @@ bool FileMenu::open(const QString& path) {
 }
 
 bool FileMenu::save() {
-    return document.isOpen() && saveTo(document.path());
+    if (!document.isOpen()) return false;
+    return document.lockHolder().isEmpty() ? saveTo(document.path()) : saveAs();
 }
 
 bool FileMenu::saveAs() {
@@ -138,16 +147,18 @@ bool FileMenu::saveAs() {
     return dialog.exec() == QDialog::Accepted && saveTo(dialog.selectedFiles().constFirst());
 }
 
-bool FileMenu::saveTo(const QString& path) {
+bool FileMenu::saveTo(const QString& path, bool force) {
     std::optional<model::Status> status;
     {
         const Busy::Guard guard(busy);
-        status = saveWithProgress(window, document, path);
+        status = saveWithProgress(window, document, path, force);
     }
     if (!status) {
         window->statusBar()->showMessage(QStringLiteral("Saving cancelled; the file is as it was"), 5000);
         return false;
     }
+    if (!*status && status->error().kind == model::ErrorKind::ChangedSince)
+        return askAboutChangedFile(path, status->error());
     if (!*status) {
         showError(window, QStringLiteral("%1 could not be saved").arg(QFileInfo(path).fileName()), status->error());
         return false;
@@ -155,6 +166,30 @@ bool FileMenu::saveTo(const QString& path) {
     RecentFiles::add(path);
     window->statusBar()->showMessage(QStringLiteral("Saved %1").arg(path), 5000);
     return true;
+}
+
+/// @return whether the model is saved after all.
+bool FileMenu::askAboutChangedFile(const QString& path, const model::Error& error) {
+    QMessageBox box(
+        QMessageBox::Warning, QStringLiteral("File Changed"),
+        QStringLiteral("Another program has changed %1 since it was opened.").arg(QFileInfo(path).fileName()),
+        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, window);
+    box.setObjectName(QStringLiteral("changedQuestion"));
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(QStringLiteral("Overwriting it loses what the other program has written."));
+    box.setDetailedText(toQString(error.message));
+    box.button(QMessageBox::Save)->setText(QStringLiteral("Save Under Another &Name…"));
+    box.button(QMessageBox::Discard)->setText(QStringLiteral("&Overwrite"));
+    box.setDefaultButton(QMessageBox::Save);
+    box.setEscapeButton(QMessageBox::Cancel);
+    switch (box.exec()) {
+        case QMessageBox::Save:
+            return saveAs();
+        case QMessageBox::Discard:
+            return saveTo(path, true);
+        default:
+            return false;
+    }
 }
 
 bool FileMenu::mayLoseModel() {

@@ -24,6 +24,8 @@ public:
     /// stays. @return whether it is open now.
     bool open(const QString& path);
     void openByDialog();
+    /// A file that another program has open is saved under another name; one that another program has changed since is
+    /// written over only where the user says so.
     bool save();
     bool saveAs();
     bool close();
@@ -34,7 +36,8 @@ private:
     QAction* add(const QString& text, const QKeySequence& key, const QString& prompt, void (FileMenu::*what)());
     void fillRecent();
     void update();
-    bool saveTo(const QString& path);
+    bool saveTo(const QString& path, bool force = false);
+    bool askAboutChangedFile(const QString& path, const model::Error& error);
     void quit();
     void saveAction() { save(); }
     void saveAsAction() { saveAs(); }

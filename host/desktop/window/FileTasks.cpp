@@ -41,6 +41,7 @@ void setUp(QProgressDialog& dialog, const QString& label, const QString& name) {
 model::Result<Document::Opened> openFile(const QString& path, const model::Progress& progress) {
     model::OpenOptions options;
     options.progress = progress;
+    options.lock = false;  // the document takes it once the model that was open, maybe of the same file, is gone
     auto opened = model::Model::open(toPath(path), options);
     if (!opened) return opened.error();
     Document::Opened result;
@@ -81,12 +82,12 @@ std::optional<model::Result<Document::Opened>> openWithProgress(QWidget* window,
     return result;
 }
 
-std::optional<model::Status> saveWithProgress(QWidget* window, Document& document, const QString& path) {
+std::optional<model::Status> saveWithProgress(QWidget* window, Document& document, const QString& path, bool force) {
     QProgressDialog dialog(window);
     setUp(dialog, QStringLiteral("Saving %1").arg(QFileInfo(path).fileName()), QStringLiteral("saveProgress"));
     dialog.setValue(0);
     bool cancelled = false;
-    const model::Status status = document.save(path, [&](std::uint64_t done, std::uint64_t total) {
+    const model::Status status = document.save(path, force, [&](std::uint64_t done, std::uint64_t total) {
         dialog.setValue(onBar(done, total));  // serves the window's events: the dialog is modal
         cancelled = dialog.wasCanceled();
         return !cancelled;

@@ -12,7 +12,8 @@ namespace desktop {
 std::optional<model::Result<Document::Opened>> openWithProgress(QWidget* window, const QString& path);
 
 /// Saves on the user's thread, since the model is the add-on's too; the window is served in between.
+/// @param force  even over a file that another program has changed since.
 /// @return nothing where the user cancelled.
-std::optional<model::Status> saveWithProgress(QWidget* window, Document& document, const QString& path);
+std::optional<model::Status> saveWithProgress(QWidget* window, Document& document, const QString& path, bool force);
 
 }  // namespace desktop

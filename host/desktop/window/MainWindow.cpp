@@ -13,6 +13,7 @@
 #include "desktop/window/EditMenu.hpp"
 #include "desktop/window/FileMenu.hpp"
 #include "desktop/window/HelpMenu.hpp"
+#include "desktop/window/ReadOnlyBar.hpp"
 #include "desktop/window/Review.hpp"
 #include "frameworks/FrontEnd.hpp"
 
@@ -60,7 +61,8 @@ MainWindow::MainWindow()
       reportPanel(new ReportPanel),
       debugPanel(new DebugPanel),
       middle(new QStackedWidget),
-      summary(new QLabel) {
+      summary(new QLabel),
+      readOnlyBar(new ReadOnlyBar) {
     setObjectName(QStringLiteral("mainWindow"));
     setAcceptDrops(true);
     makePanels();
@@ -85,6 +87,7 @@ QSize MainWindow::sizeHint() const {
 }
 
 void MainWindow::makePanels() {
+    addToolBar(Qt::TopToolBarArea, readOnlyBar);
     middle->addWidget(makeWelcome());
     middle->addWidget(table);
     setCentralWidget(middle);
@@ -150,6 +153,13 @@ void MainWindow::connectPanels() {
     });
     connect(doc, &Document::replaced, this, &MainWindow::showDocument);
     connect(doc, &Document::fileChanged, this, &MainWindow::showTitle);
+    connect(doc, &Document::fileChanged, this, [this] { readOnlyBar->show(doc->lockHolder()); });
+    connect(readOnlyBar, &ReadOnlyBar::saveAsWanted, this, [this] { files->saveAs(); });
+    connect(readOnlyBar, &ReadOnlyBar::reopeningWanted, this, [this] {
+        const QString path = doc->path();  // a copy: saving the changes first may give the document another one
+        files->open(path);
+    });
+    connect(&busy, &Busy::changed, this, [this] { readOnlyBar->setEnabled(!busy.active()); });
     connect(doc, &Document::edited, table, &ElementPanel::refresh);
     connect(table, &ElementPanel::currentChanged, this, [this] {
         inspect->show(doc->model(), table->current());
@@ -225,7 +235,8 @@ void MainWindow::showDocument() {
 
 void MainWindow::showTitle() {
     const QString program = QStringLiteral("Model Host");
-    setWindowTitle(doc->isOpen() ? QStringLiteral("%1[*] – %2").arg(QFileInfo(doc->path()).fileName(), program)
+    const QString state = doc->lockHolder().isEmpty() ? QString() : QStringLiteral(" (read-only)");
+    setWindowTitle(doc->isOpen() ? QStringLiteral("%1[*]%2 – %3").arg(QFileInfo(doc->path()).fileName(), state, program)
                                  : program);
     setWindowModified(doc->modified());
     statusBar()->setToolTip(doc->path());

@@ -21,6 +21,7 @@ class FileMenu;
 class HelpMenu;
 class InspectorPanel;
 class PlanPanel;
+class ReadOnlyBar;
 class ReportPanel;
 class Review;
 
@@ -81,6 +82,7 @@ private:
     QStackedWidget* middle;
     QDockWidget *planDock, *elementDock, *reportDock, *debugDock;
     QLabel* summary;
+    ReadOnlyBar* readOnlyBar;
     FileMenu* files = nullptr;
     AddOnMenu* addOn = nullptr;
     HelpMenu* help = nullptr;

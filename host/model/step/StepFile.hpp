@@ -45,6 +45,8 @@ struct SaveOptions {
     Progress progress;
     /// Write even where another program changed the file since it was opened.
     bool force = false;
+    /// From here on the saved file is the one that is worked on: it is locked in place of the one opened.
+    bool moveLock = false;
     /// Null for the real one. Tests put one here that fails.
     Disk* disk = nullptr;
 };
@@ -65,6 +67,8 @@ public:
     std::uint64_t byteCount() const;
     /// Another program has the file open for editing: it can be saved under other names only.
     bool readOnlyBecauseLocked() const;
+    /// Takes the lock of OpenOptions::lock now, or learns who has it.
+    void takeLock();
     /// That program, for a person: "modelhost (process 1234)". Empty where there is none.
     const std::string& lockHolder() const;
 
@@ -133,8 +137,9 @@ public:
     /// folder synced: at every moment the old file or the new one is there whole. Mode bits stay; a symbolic link stays
     /// a link. An unchanged model is written byte for byte. A target named .ifczip is written as such an archive; the
     /// file that was opened stays what it is.
-    /// ErrorKind::CannotWrite where another host has the target open, where another program changed it since it was
-    /// opened or saved here (see SaveOptions::force), and where writing fails: the old file is then untouched.
+    /// ErrorKind::ChangedSince where another program changed the target since it was opened or saved here (see
+    /// SaveOptions::force), ErrorKind::CannotWrite where another host has it open and where writing fails: the old file
+    /// is then untouched.
     Status save(const std::filesystem::path& path, const SaveOptions& options = {});
     /// The bytes that save would write.
     std::string bytes() const;

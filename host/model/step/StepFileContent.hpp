@@ -22,8 +22,9 @@ struct StepFile::Content {
     std::uint64_t savedFingerprint = 0;
 
     // --- Where it came from; all empty for bytes in memory ---
-    std::filesystem::path path;  ///< Links followed.
-    FileHandle lock;             ///< Holds the advisory lock on the file at `path`.
+    std::filesystem::path path;        ///< Links followed.
+    std::filesystem::path lockedPath;  ///< `path`, until the lock moves to a file saved under another name.
+    FileHandle lock;                   ///< Holds the advisory lock on the file at `lockedPath`.
     std::string lockedBy;
     Bytes archive;  ///< The whole .ifczip that the model came in: another program may change the file.
     ModelEntry entry;

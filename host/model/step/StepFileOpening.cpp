@@ -29,7 +29,8 @@ StepFile::~StepFile() = default;
 
 Result<std::unique_ptr<StepFile>> StepFile::open(const fs::path& path, const OpenOptions& options) try {
     fs::path target;
-    if (const std::error_code error = Disk::real().resolve(path, target)) return cannotRead(path, error.message());
+    if (const std::error_code error = Disk::real().resolve(path, target))
+        return cannotRead(path, error.message() + "; check the name and the rights");
     Result<ReadFile> file = readFile(target, options.progress);
     if (!file) return file.error();
     Bytes archive;
@@ -39,7 +40,7 @@ Result<std::unique_ptr<StepFile>> StepFile::open(const fs::path& path, const Ope
     auto content = std::make_unique<Content>(std::move(file->bytes));
     if (const Status indexed = indexFile(content->index, options.progress); !indexed)
         return cannotRead(path, indexed.error().message);
-    content->path = target;
+    content->path = content->lockedPath = target;
     content->archive = std::move(archive);
     content->entry = std::move(entry);
     content->versions[target] = file->state;
@@ -51,6 +52,11 @@ Result<std::unique_ptr<StepFile>> StepFile::open(const fs::path& path, const Ope
     return std::unique_ptr<StepFile>(new StepFile(std::move(content)));
 } catch (const std::bad_alloc&) {
     return cannotRead(path, "there is not enough memory to open it; close other programs and try again");
+}
+
+void StepFile::takeLock() {
+    if (!content->lock && !content->lockedPath.empty())
+        content->lock = lockFile(content->lockedPath, content->lockedBy);
 }
 
 Result<std::unique_ptr<StepFile>> StepFile::fromBytes(std::string text) try {

@@ -24,34 +24,35 @@ bool isArchiveName(const fs::path& path) {
 Status StepFile::Content::save(const fs::path& name, const SaveOptions& options) {
     Disk& disk = options.disk == nullptr ? Disk::real() : *options.disk;
     fs::path target;
-    if (const std::error_code error = disk.resolve(name, target)) return cannotWrite(name, error.message());
+    if (const std::error_code error = disk.resolve(name, target)) return cannotWrite(name, error);
     // Somebody else may hold the lock on the target, whichever file was opened.
     std::string holder;
     FileHandle lockWhileSaving;
-    if (!lock || target != path) lockWhileSaving = lockFile(target, holder);
-    if (!holder.empty())
-        return cannotWrite(target, "the file is open in " + holder + "; close it there, or save under another name");
+    if (!lock || target != lockedPath) lockWhileSaving = lockFile(target, holder);
+    if (!holder.empty()) return openElsewhere(target, holder);
     if (Status saved = saveAs(target, options, disk); !saved) return saved;
     savedFingerprint = changes.fingerprint();
+    if (options.moveLock && target != lockedPath) {
+        lockedPath = target;
+        lock = lockFile(target, lockedBy);
+    }
     return {};
 }
 
 Status StepFile::Content::saveAs(const fs::path& target, const SaveOptions& options, Disk& disk) {
     FileState old;
-    if (const std::error_code error = disk.state(target, old)) return cannotWrite(target, error.message());
+    if (const std::error_code error = disk.state(target, old)) return cannotWrite(target, error);
     if (Status possible = checkTarget(target, old); !possible) return possible;
     const auto known = versions.find(target);
     if (!options.force && old.exists && known != versions.end() && !known->second.sameVersion(old))
-        return cannotWrite(target,
-                           "another program has changed the file since it was opened; save under another name, "
-                           "or overwrite it on purpose");
+        return changedSince(target);
     const Status written =
         savesArchive(target) ? writeArchive(target, old, options, disk) : write(target, old, options, disk);
     // Even where the last sync failed: what is there now is ours.
     FileState now;
     if (!disk.state(target, now) && (written || !now.sameVersion(old))) versions[target] = now;
     // The lock stays on the old version, which has lost its name.
-    if (written && target == path && lock) lock = lockFile(target, lockedBy);
+    if (written && target == lockedPath && lock) lock = lockFile(target, lockedBy);
     return written;
 }
 

@@ -1,0 +1,50 @@
+#include "desktop/window/ReadOnlyBar.hpp"
+
+#include <QAction>
+#include <QIcon>
+#include <QLabel>
+#include <QStyle>
+
+namespace desktop {
+
+ReadOnlyBar::ReadOnlyBar(QWidget* parent) : QToolBar(QStringLiteral("Read-only"), parent), label(new QLabel) {
+    setObjectName(QStringLiteral("readOnlyBar"));
+    setMovable(false);
+    // It comes and goes with the reason for it; the user cannot ask for it.
+    toggleViewAction()->setVisible(false);
+    setContextMenuPolicy(Qt::PreventContextMenu);
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::ToolTipBase);
+    setForegroundRole(QPalette::ToolTipText);
+
+    auto* icon = new QLabel;
+    const int side = style()->pixelMetric(QStyle::PM_SmallIconSize);
+    icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxInformation).pixmap(side, side));
+    icon->setMargin(4);
+    addWidget(icon);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setForegroundRole(QPalette::ToolTipText);
+    label->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    addWidget(label);
+    connect(addAction(QStringLiteral("Open Again")), &QAction::triggered, this, &ReadOnlyBar::reopeningWanted);
+    connect(addAction(QStringLiteral("Save As…")), &QAction::triggered, this, &ReadOnlyBar::saveAsWanted);
+    hide();
+}
+
+void ReadOnlyBar::show(const QString& holder) {
+    if (!holder.isEmpty()) {
+        label->setText(
+            QStringLiteral("The file is open in %1 and was opened here for reading: changes can be saved under another "
+                           "name only. Once it is closed there, open it again.")
+                .arg(holder));
+        label->setAccessibleName(label->text());
+    }
+    setVisible(!holder.isEmpty());
+}
+
+QString ReadOnlyBar::text() const {
+    return isVisible() ? label->text() : QString();
+}
+
+}  // namespace desktop

@@ -1,0 +1,175 @@
+// A file that another program has open, or has changed since it was opened here.
+
+#include "Desk.hpp"
+#include "desktop/Text.hpp"
+#include "desktop/window/FileMenu.hpp"
+#include "desktop/window/ReadOnlyBar.hpp"
+
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QProcess>
+#include <QPushButton>
+
+namespace desktop_tests {
+
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+const char* const wall = "4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9";
+
+}  // namespace
+
+class TwoHosts : public Desk {
+protected:
+    void SetUp() override {
+        Desk::SetUp();
+        if (IsSkipped()) return;
+        model = folder.write("house.ifc", bytesOf(std::filesystem::path(PROJECT_DIR) / "samples" / "house.ifc"));
+        before = bytesOf(model);
+    }
+    void TearDown() override {
+        leave();
+        Desk::TearDown();
+    }
+    /// A modelhost that has the model open, waiting for steps.
+    void openElsewhere() {
+        other.start(QStringLiteral(BINARY_DIR "/modelhost"),
+                    {QStringLiteral("script"), desktop::pathText(model), QStringLiteral("-")});
+        other.write("{\"menus\":true}\n");
+        ASSERT_TRUE(other.waitForReadyRead());
+    }
+    void leave() {
+        if (other.state() == QProcess::NotRunning) return;
+        other.closeWriteChannel();
+        ASSERT_TRUE(other.waitForFinished());
+    }
+    std::string holder() const { return "modelhost (process " + std::to_string(other.processId()) + ")"; }
+    desktop::ReadOnlyBar& bar() { return *window().findChild<desktop::ReadOnlyBar*>(); }
+    void change() {
+        review(std::string(wall) + "\tName\t\tChanged wall\n", [](desktop::AddOnDialog& dialog) {
+            clickItem(dialog, selectAllItem);
+            clickItem(dialog, applyItem);
+        });
+        ASSERT_TRUE(window().document().modified());
+    }
+    void saveAsWhenAsked(const std::string& name) {
+        whenShown<QFileDialog>(QStringLiteral("saveDialog"), [path = folder.path() / name](QFileDialog& dialog) {
+            auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+            edit->setFocus();
+            edit->selectAll();
+            type(dialog, desktop::pathText(path));
+            press(dialog, Qt::Key_Return);
+        });
+    }
+
+    std::string before;
+    QProcess other;
+};
+
+TEST_F(TwoHosts, FileOpenElsewhereOpensForReadingAndSaysWhoHasIt) {
+    openElsewhere();
+    openFile(model);
+    EXPECT_TRUE(bar().isVisible());
+    EXPECT_THAT(bar().text().toStdString(), HasSubstr("open in " + holder()));
+    EXPECT_THAT(window().windowTitle().toStdString(), HasSubstr("house.ifc[*] (read-only)"));
+    change();
+    QAction* save = menuItem(QStringLiteral("File"), QStringLiteral("Save"));
+    EXPECT_FALSE(save->isEnabled());
+    EXPECT_THAT(save->toolTip().toStdString(), HasSubstr(holder()));
+}
+
+TEST_F(TwoHosts, FileOpenElsewhereIsSavedUnderAnotherNameAndEditedThere) {
+    openElsewhere();
+    openFile(model);
+    change();
+    saveAsWhenAsked("mine.ifc");
+    EXPECT_TRUE(window().fileMenu().save());
+    EXPECT_EQ(bytesOf(model), before);
+    EXPECT_THAT(bytesOf(folder.path() / "mine.ifc"), HasSubstr("'Changed wall'"));
+    EXPECT_FALSE(bar().isVisible());
+    EXPECT_THAT(window().windowTitle().toStdString(), testing::StartsWith("mine.ifc[*] –"));
+}
+
+TEST_F(TwoHosts, FileSavedUnderAnotherNameIsTheOneThatOthersFindLocked) {
+    openFile(model);
+    saveAsWhenAsked("mine.ifc");
+    EXPECT_TRUE(window().fileMenu().saveAs());
+    openElsewhere();
+    other.write("{\"save\":\"" + QByteArray((folder.path() / "mine.ifc").c_str()) + "\"}\n");
+    ASSERT_TRUE(other.waitForReadyRead());
+    EXPECT_THAT(other.readAllStandardOutput().toStdString(), HasSubstr("the file is open in desktop_tests (process"));
+    other.write("{\"save\":\"" + QByteArray(model.c_str()) + "\"}\n");
+    ASSERT_TRUE(other.waitForReadyRead());
+    EXPECT_THAT(other.readAllStandardOutput().toStdString(), Not(HasSubstr("error")));
+}
+
+TEST_F(TwoHosts, OpenAgainMakesTheFileOursOnceTheOtherHasLeft) {
+    openElsewhere();
+    openFile(model);
+    ASSERT_TRUE(bar().isVisible());
+    leave();
+    QAction* again = bar().actions().at(2);
+    ASSERT_EQ(again->text(), QStringLiteral("Open Again"));
+    clickAt(*bar().widgetForAction(again), bar().widgetForAction(again)->rect().center());
+    EXPECT_SOON(!bar().isVisible());
+    change();
+    EXPECT_TRUE(window().fileMenu().save());
+    EXPECT_THAT(bytesOf(model), HasSubstr("'Changed wall'"));
+}
+
+TEST_F(TwoHosts, SameFileOpenedTwiceHereIsNotSaidToBeOpenElsewhere) {
+    openFile(model);
+    openFile(model);
+    EXPECT_FALSE(bar().isVisible());
+    openElsewhere();
+    leave();
+    EXPECT_THAT(other.readAllStandardError().toStdString(), HasSubstr("is open in desktop_tests (process"));
+}
+
+class ChangedMeanwhile : public TwoHosts {
+protected:
+    void SetUp() override {
+        TwoHosts::SetUp();
+        if (IsSkipped()) return;
+        openFile(model);
+        change();
+        theirs = before + "\n";
+        folder.write("house.ifc", theirs);
+    }
+    std::string theirs;
+};
+
+TEST_F(ChangedMeanwhile, CancelLeavesTheirsAndOurChangesUnsaved) {
+    const auto text = answer(QStringLiteral("changedQuestion"), QMessageBox::Cancel);
+    EXPECT_FALSE(window().fileMenu().save());
+    EXPECT_THAT(text->toStdString(), HasSubstr("Another program has changed house.ifc"));
+    EXPECT_EQ(bytesOf(model), theirs);
+    EXPECT_TRUE(window().document().modified());
+}
+
+TEST_F(ChangedMeanwhile, EscapeIsCancel) {
+    whenShown<QMessageBox>(QStringLiteral("changedQuestion"), [](QMessageBox& box) { press(box, Qt::Key_Escape); });
+    EXPECT_FALSE(window().fileMenu().save());
+    EXPECT_EQ(bytesOf(model), theirs);
+}
+
+TEST_F(ChangedMeanwhile, OverwriteWritesOurs) {
+    answer(QStringLiteral("changedQuestion"), QMessageBox::Discard);
+    EXPECT_TRUE(window().fileMenu().save());
+    EXPECT_THAT(bytesOf(model), HasSubstr("'Changed wall'"));
+    EXPECT_FALSE(window().document().modified());
+}
+
+TEST_F(ChangedMeanwhile, AnotherNameKeepsBoth) {
+    whenShown<QMessageBox>(QStringLiteral("changedQuestion"), [this](QMessageBox& box) {
+        saveAsWhenAsked("mine.ifc");
+        click(*box.button(QMessageBox::Save));
+    });
+    EXPECT_TRUE(window().fileMenu().save());
+    EXPECT_EQ(bytesOf(model), theirs);
+    EXPECT_THAT(bytesOf(folder.path() / "mine.ifc"), HasSubstr("'Changed wall'"));
+}
+
+}  // namespace desktop_tests
