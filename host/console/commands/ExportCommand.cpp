@@ -81,9 +81,20 @@ void sayWhatIsMissing(const Exporter& exporter) {
                         counted(count, "value"), item));
 }
 
+/// What would keep the lines from being written is said before the work.
+void checkTarget(const ExportOptions& options) {
+    if (!options.output) return;
+    std::error_code ignored;
+    if (std::filesystem::equivalent(*options.output, options.model, ignored))
+        throw Failure(
+            fmt::format("-o {}: that is the model, which would be lost; name another file", options.output->string()));
+    OutputFile::checkPlace(*options.output);
+}
+
 }  // namespace
 
 ExitStatus runExport(const ExportOptions& options) {
+    checkTarget(options);
     Session session(options.common, options.model, Access::Reading);
     const ElementFilter filter(session.model(), options.type, options.ifcClass);
     const std::vector<model::Element> elements = filter.elements();

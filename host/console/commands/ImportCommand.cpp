@@ -1,13 +1,14 @@
 #include "console/Commands.hpp"
 #include "console/Session.hpp"
-#include "console/import/Hints.hpp"
 #include "console/import/ImportReport.hpp"
 #include "console/import/ImportUser.hpp"
 #include "console/import/ReviewProgress.hpp"
+#include "console/import/UnknownItems.hpp"
 #include "console/import/UpdateFile.hpp"
 #include "console/output/Messages.hpp"
 #include "console/output/StandardOutput.hpp"
 #include "console/output/Text.hpp"
+#include "updates/Hints.hpp"
 
 #include <fmt/format.h>
 
@@ -25,6 +26,11 @@ std::optional<std::filesystem::path> targetOf(const ImportOptions& options) {
 bool sameFile(const std::filesystem::path& a, const std::filesystem::path& b) {
     std::error_code ignored;
     return a == b || std::filesystem::equivalent(a, b, ignored);
+}
+
+bool hasModelName(const std::filesystem::path& path) {
+    const std::string extension = path.extension().string();
+    return equalIgnoringCase(extension, ".ifc") || equalIgnoringCase(extension, ".ifczip");
 }
 
 /// What would keep the work from being saved is said before the work.
@@ -49,7 +55,7 @@ void checkStillOurs(const ImportOptions& options, const model::Model& model) {
                                   options.model.string(), model.lockHolder()));
 }
 
-UpdateFileFindings scan(UpdateFile& updates, model::Model& model) {
+updates::UpdateFileFindings scan(UpdateFile& updates, model::Model& model) {
     return updates.scan([&model](const model::Guid& guid) { return model.find(guid).has_value(); });
 }
 
@@ -66,7 +72,7 @@ void workTheDialog(Session& session, ImportUser& user, const ImportPlan& plan) {
 }
 
 ImportReport reportOf(Session& session, const ImportUser& user, const UpdateFile& updates,
-                      const UpdateFileFindings& findings) {
+                      const updates::UpdateFileFindings& findings) {
     ImportReport report;
     report.modelPath = wellFormed(session.modelPath().string());
     report.schema = session.model().schemaName();
@@ -78,7 +84,8 @@ ImportReport reportOf(Session& session, const ImportUser& user, const UpdateFile
     report.review = user.review();
     report.result = user.result();
     report.summary = summarize(findings.lines, report.review, report.result, user.rowsLost());
-    report.hints = hintsFor(findings, {report.summary.rows, report.summary.rowsLost});
+    report.hints =
+        updates::hintsFor(findings, {report.summary.rows, report.summary.rowsLost}, "'modelhost list' prints");
     if (report.result)
         if (auto hint = hintForUnknownItems(report.review, *report.result)) report.hints.push_back(std::move(*hint));
     return report;
@@ -90,6 +97,9 @@ void save(Session& session, const ImportOptions& options, ImportReport& report) 
     if (!target || (options.inPlace && !session.model().modified())) return;
     session.save(*target);
     report.saved = wellFormed(target->string());
+    if (!hasModelName(*target) && !sameFile(*target, options.model))
+        say(fmt::format("{}: the name does not end in .ifc, so other programs may not take it for a model; rename it",
+                        target->string()));
 }
 
 void printReport(const ImportReport& report, Format format) {
@@ -106,7 +116,7 @@ ExitStatus runImport(const ImportOptions& options) {
     checkTarget(options);
     Session session(options.common, options.model, accessFor(options));
     checkStillOurs(options, session.model());
-    const UpdateFileFindings findings = scan(updates, session.model());
+    const updates::UpdateFileFindings findings = scan(updates, session.model());
     session.loadAddOn();
     const ImportPlan plan = planOf(options, updates, findings.pieces);
     ImportUser user(plan);

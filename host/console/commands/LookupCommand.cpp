@@ -68,6 +68,8 @@ void printAnswers(const LookupUser& user, Format format) {
 }
 
 std::string explain(const LookupAnswer& answer, const Session& session) {
+    if (answer.guid == "00000000-0000-0000-0000-000000000000")
+        return fmt::format("{} is the GUID of no element at all; 'modelhost list' prints those there are", answer.guid);
     if (answer.error() == "BADPARS" || answer.error() == "?")
         return fmt::format("'{}' is no GUID of 36 characters and no GlobalId of 22; 'modelhost list' prints both",
                            answer.guid);

@@ -2,6 +2,7 @@
 
 #include "console/Failure.hpp"
 #include "console/output/Text.hpp"
+#include "updates/Hints.hpp"
 
 #include <fmt/format.h>
 #include <sys/stat.h>
@@ -15,12 +16,12 @@ namespace {
 
 constexpr std::size_t BlockSize = 1U << 16U;
 
-[[noreturn]] void fail(const std::filesystem::path& path, std::string_view what, std::string_view remedy) {
-    throw Failure(fmt::format("cannot read the update file {}: {}; {}", path.string(), what, remedy));
+[[noreturn]] void fail(const std::filesystem::path& path, std::string_view what) {
+    throw Failure(fmt::format("cannot read the update file {}: {}", path.string(), what));
 }
 
 [[noreturn]] void failWithError(const std::filesystem::path& path) {
-    fail(path, std::strerror(errno), "check its name and that you may read it");
+    fail(path, fmt::format("{}; check its name and that you may read it", std::strerror(errno)));
 }
 
 bool isStandardInput(const std::filesystem::path& path) {
@@ -38,7 +39,7 @@ UpdateFile::UpdateFile(std::filesystem::path thePath) : path(std::move(thePath))
     if (!file) failWithError(path);
     struct stat status {};
     if (fstat(fileno(file.get()), &status) != 0) failWithError(path);
-    if (S_ISDIR(status.st_mode)) fail(path, "it is a folder", "name a file in it");
+    if (S_ISDIR(status.st_mode)) fail(path, "it is a folder; name a file in it");
     // The add-on reads the file a second time, by a name that is text.
     if (!S_ISREG(status.st_mode) || !isWellFormed(addOnPath)) keepCopy(file.get());
 }
@@ -56,15 +57,14 @@ void UpdateFile::keepCopy(std::FILE* source) {
     file = std::move(copy);
 }
 
-UpdateFileFindings UpdateFile::scan(const UpdateFileScan::Knows& knows) {
-    UpdateFileScan scan(knows);
+updates::UpdateFileFindings UpdateFile::scan(const updates::UpdateFileScan::Knows& knows) {
+    updates::UpdateFileScan scan(knows);
     std::array<char, BlockSize> block;
     std::size_t count = 0;
     while ((count = std::fread(block.data(), 1, block.size(), file.get())) > 0) scan.read({block.data(), count});
     if (std::ferror(file.get()) != 0) failWithError(path);
-    UpdateFileFindings findings = scan.finish();
-    if (findings.lines == 0) fail(path, "it holds no lines", "write one change a line: GUID, item, old and new value");
-    if (findings.binary) fail(path, "it is no text file", "save the table as tab-delimited text in UTF-8");
+    updates::UpdateFileFindings findings = scan.finish();
+    if (const auto reason = updates::uselessBecause(findings)) fail(path, *reason);
     return findings;
 }
 

@@ -19,6 +19,9 @@ public:
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
 
+    /// What can be known before the work: that the folder is there. Throws Failure.
+    static void checkPlace(const std::filesystem::path& target);
+
     void write(std::string_view text);
     void commit();
 

@@ -2,7 +2,6 @@
 
 #include "console/output/Characters.hpp"
 
-#include <fmt/format.h>
 #include <unicode/unistr.h>
 #include <unicode/utf16.h>
 
@@ -34,12 +33,6 @@ std::string wellFormed(std::string_view bytes) {
     return result;
 }
 
-bool isWellFormed(std::string_view bytes) {
-    for (std::size_t at = 0; at < bytes.size();)
-        if (nextCharacter(bytes, at) < 0) return false;
-    return true;
-}
-
 bool isWellFormed(std::u16string_view units) {
     for (std::size_t at = 0; at < units.size(); ++at) {
         if (!U16_IS_SURROGATE(units[at])) continue;
@@ -48,10 +41,6 @@ bool isWellFormed(std::u16string_view units) {
         ++at;
     }
     return true;
-}
-
-std::string counted(std::uint64_t count, std::string_view noun) {
-    return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
 }
 
 bool equalIgnoringCase(std::string_view a, std::string_view b) {

@@ -2,6 +2,7 @@
 // Between the host's UTF-16 texts and the UTF-8 that the console prints.
 
 #include "UniString.hpp"
+#include "updates/Text.hpp"
 
 #include <cstdint>
 #include <string>
@@ -21,13 +22,12 @@ inline GS::UniString toUniString(std::string_view utf8) {
 
 /// The text with every ill-formed byte as U+FFFD: file names and messages may hold any bytes.
 std::string wellFormed(std::string_view bytes);
-bool isWellFormed(std::string_view bytes);
+using updates::isWellFormed;
 
 /// Whether every surrogate has its other half, so that the text can be written as UTF-8 and read back.
 bool isWellFormed(std::u16string_view units);
 
-/// "1 line", "2 lines"
-std::string counted(std::uint64_t count, std::string_view noun);
+using updates::counted;
 
 /// Equal but for the case of ASCII letters.
 bool equalIgnoringCase(std::string_view a, std::string_view b);

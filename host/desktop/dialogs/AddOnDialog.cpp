@@ -2,6 +2,7 @@
 
 #include "desktop/Text.hpp"
 #include "desktop/WaitCursor.hpp"
+#include "desktop/dialogs/HintBar.hpp"
 #include "desktop/dialogs/RowListView.hpp"
 
 #include <QCloseEvent>
@@ -30,7 +31,7 @@ QString withoutShortcut(QString text) {
 }  // namespace
 
 AddOnDialog::AddOnDialog(frontend::Dialog& shown, QWidget* parent)
-    : QDialog(parent), dialog(shown), canvas(new QWidget(this)), banner(new QLabel(this)) {
+    : QDialog(parent), dialog(shown), canvas(new QWidget(this)), banner(new QLabel(this)), bar(new HintBar(this)) {
     setObjectName(QStringLiteral("dialog%1").arg(dialog.resourceId()));
     setWindowTitle(toQString(dialog.title()));
     setAccessibleName(windowTitle());
@@ -196,7 +197,7 @@ void AddOnDialog::takeChanges() {
 }
 
 void AddOnDialog::placeItems() {
-    canvas->setGeometry(0, bannerHeight(), width(), height() - bannerHeight());
+    canvas->setGeometry(0, bannerHeight(), width(), height() - frameHeight());
     for (const frontend::Item& item : dialog.items()) widgets[item.number]->setGeometry(toQRect(item.rect));
 }
 
@@ -230,29 +231,51 @@ int AddOnDialog::bannerHeight() const {
 }
 
 void AddOnDialog::setSize() {
-    const int extra = banner->isHidden() ? 0 : banner->heightForWidth(dialog.minimumWidth());
+    const int extra = (banner->isHidden() ? 0 : banner->heightForWidth(dialog.minimumWidth())) + hintHeight();
     if (dialog.growable()) {
         setMinimumSize(dialog.minimumWidth(), dialog.minimumHeight() + extra);
-        const QSize size = wantedSize();
+        const QSize size = wantedSize(extra);
         resize(size.width(), size.height() + extra);
         dialog.resize(size.width() - dialog.width(), size.height() - dialog.height());
-        resize(dialog.width(), dialog.height() + bannerHeight());
+        resize(dialog.width(), dialog.height() + frameHeight());
     } else {
-        setFixedSize(dialog.width(), dialog.height() + bannerHeight());
+        setFixedSize(dialog.width(), dialog.height() + frameHeight());
     }
+    placeFrame();
+}
+
+void AddOnDialog::placeFrame() {
     banner->setGeometry(0, 0, width(), bannerHeight());
+    bar->setGeometry(0, height() - hintHeight(), width(), hintHeight());
+}
+
+void AddOnDialog::showHints(const QString& file, const QStringList& hints) {
+    if (hints.isEmpty()) return;
+    bar->setHints(file, hints);
+    bar->show();
+    connect(bar, &HintBar::folded, this, [this] {
+        setSize();
+        placeItems();
+    });
+    setSize();
+    placeItems();
+}
+
+int AddOnDialog::hintHeight() const {
+    return bar->isHidden() ? 0 : bar->sizeHint().height();
 }
 
 /// The size that the user gave this dialog the last time, as far as the screen has room for it; else the add-on's.
-QSize AddOnDialog::wantedSize() const {
-    const QSize kept = ready ? size() : QSettings().value(settingsKey("size")).toSize();
+QSize AddOnDialog::wantedSize(int extra) const {
+    const QSize kept = ready ? QSize() : QSettings().value(settingsKey("size")).toSize();
     const QSize wanted = kept.isValid() ? kept : QSize(dialog.width(), dialog.height());
-    return wanted.boundedTo(screen()->availableSize()).expandedTo({dialog.minimumWidth(), dialog.minimumHeight()});
+    return wanted.boundedTo(screen()->availableSize() - QSize(0, extra))
+        .expandedTo({dialog.minimumWidth(), dialog.minimumHeight()});
 }
 
 void AddOnDialog::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
-    banner->setGeometry(0, 0, width(), bannerHeight());
+    placeFrame();
     followSize();
 }
 
@@ -260,7 +283,7 @@ void AddOnDialog::resizeEvent(QResizeEvent* event) {
 void AddOnDialog::followSize() {
     if (!ready) return;
     const int horizontal = width() - dialog.width();
-    const int vertical = height() - bannerHeight() - dialog.height();
+    const int vertical = height() - frameHeight() - dialog.height();
     if (horizontal || vertical) deliver([&] { dialog.resize(horizontal, vertical); });
     placeItems();
 }

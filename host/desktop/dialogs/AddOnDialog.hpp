@@ -10,6 +10,7 @@ class QLabel;
 
 namespace desktop {
 
+class HintBar;
 class RowListView;
 
 /// An add-on's dialog in a window. The dialog manager owns its items, their places and texts; this shows them and
@@ -35,6 +36,9 @@ public:
     QWidget* itemWidget(Int16 number) const;
     RowListView* list(Int16 number) const;
     QLabel* notice() const { return banner; }
+    /// Shows what the user should know of the file that the dialog is about; to be said before it runs.
+    void showHints(const QString& file, const QStringList& hints);
+    HintBar* hintBar() const { return bar; }
 
     /// Escape and the close box.
     void reject() override;
@@ -62,14 +66,19 @@ private:
     void takeTexts();
     void showRowsLost();
     int bannerHeight() const;
+    int hintHeight() const;
+    /// What the window has above and below the add-on's items.
+    int frameHeight() const { return bannerHeight() + hintHeight(); }
+    void placeFrame();
     void setSize();
     void followSize();
-    QSize wantedSize() const;
+    QSize wantedSize(int extra) const;
     QString settingsKey(const char* what) const;
 
     frontend::Dialog& dialog;
     QWidget* canvas;
     QLabel* banner;
+    HintBar* bar;
     std::map<Int16, QWidget*> widgets;
     QEventLoop loop;
     bool delivering = false;

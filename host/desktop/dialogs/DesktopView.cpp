@@ -7,6 +7,7 @@
 #include <QFileDialog>
 #include <QScreen>
 #include <QSettings>
+#include <utility>
 
 namespace desktop {
 
@@ -39,8 +40,8 @@ DesktopView::~DesktopView() {
 void DesktopView::runModal(frontend::Dialog& dialog) {
     AddOnDialog shown(dialog, window);
     open[&dialog] = &shown;
-    place(shown);
     Q_EMIT dialogOpened(&shown);
+    place(shown);
     shown.run();
     open.erase(&dialog);
     Q_EMIT dialogClosed();
@@ -75,12 +76,17 @@ std::optional<std::string> DesktopView::pickFile(const frontend::FileRequest& re
     if (!folder.isEmpty()) dialog.setDirectory(folder);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     QSettings().setValue(folderKey, dialog.directory().absolutePath());
-    return toPath(dialog.selectedFiles().constFirst()).string();
+    picked = toPath(dialog.selectedFiles().constFirst()).string();
+    return picked;
 }
 
 void DesktopView::changed(frontend::Dialog& dialog, Int16) {
     const auto shown = open.find(&dialog);
     if (shown != open.end()) shown->second->noteChange();
+}
+
+std::optional<std::string> DesktopView::takePickedFile() {
+    return std::exchange(picked, std::nullopt);
 }
 
 AddOnDialog* DesktopView::current() const {

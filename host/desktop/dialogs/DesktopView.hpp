@@ -27,6 +27,9 @@ public:
     /// The innermost dialog that is open, or null.
     AddOnDialog* current() const;
 
+    /// The file that the user has picked for the add-on since the last call.
+    std::optional<std::string> takePickedFile();
+
 Q_SIGNALS:
     void dialogOpened(desktop::AddOnDialog* dialog);
     void dialogClosed();
@@ -37,6 +40,7 @@ private:
     QWidget *window, *free;
     std::map<frontend::Dialog*, AddOnDialog*> open;
     frontend::View* before;
+    std::optional<std::string> picked;
 };
 
 }  // namespace desktop

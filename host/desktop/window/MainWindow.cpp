@@ -4,6 +4,7 @@
 #include "desktop/WaitCursor.hpp"
 #include "desktop/dialogs/AddOnDialog.hpp"
 #include "desktop/dialogs/DesktopView.hpp"
+#include "desktop/dialogs/UpdateHints.hpp"
 #include "desktop/elements/ElementPanel.hpp"
 #include "desktop/elements/InspectorPanel.hpp"
 #include "desktop/plan/PlanPanel.hpp"
@@ -170,6 +171,7 @@ void MainWindow::connectPanels() {
         reportDock->setWindowTitle(count ? QStringLiteral("Report (%1)").arg(number(count)) : QStringLiteral("Report"));
     });
     connect(addOn, &AddOnMenu::commandEnded, this, [this](GSErrCode error) {
+        frontEnd->takePickedFile();
         if (error == NoError) return;
         reportPanel->append(QStringLiteral("The add-on's command ended with the error 0x%1")
                                 .arg(static_cast<quint32>(error), 8, 16, QLatin1Char('0')),
@@ -255,6 +257,13 @@ void MainWindow::showReportLine(const host::ReportLine& line) {
 
 void MainWindow::showDialog(AddOnDialog* dialog) {
     review = std::make_unique<Review>(*doc, *planPanel, *table, *dialog);
+    const auto file = frontEnd->takePickedFile();
+    if (!file || !doc->isOpen()) return;
+    const QString name = QFileInfo(pathText(*file)).fileName();
+    const QStringList hints = hintsAbout(*file, dialog->content(), *doc->model());
+    dialog->showHints(name, hints);
+    // There they stay when the dialog is gone.
+    for (const QString& hint : hints) reportPanel->append(QStringLiteral("%1: %2").arg(name, hint), false);
 }
 
 /// A dialog that stands before the plan makes room until the user has answered.

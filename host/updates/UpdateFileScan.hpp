@@ -2,15 +2,16 @@
 // What a person should be told of an update file that the add-on, as it must, passes over in silence. One pass over the
 // bytes, cutting them into lines as the add-on does; memory does not grow with the file.
 
-#include "model/Model.hpp"
-
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-namespace console {
+namespace updates {
+
+using Guid = std::array<std::uint8_t, 16>;  ///< Bytes in the order of the text form.
 
 /// Lines that have something in common: how many, and the first few.
 struct LineNotes {
@@ -43,7 +44,7 @@ struct UpdateFileFindings {
 class UpdateFileScan {
 public:
     /// Whether the model has an element of the GUID.
-    using Knows = std::function<bool(const model::Guid&)>;
+    using Knows = std::function<bool(const Guid&)>;
 
     explicit UpdateFileScan(Knows knows);
 
@@ -68,4 +69,4 @@ private:
     bool lastWasReturn = false;
 };
 
-}  // namespace console
+}  // namespace updates

@@ -1,18 +1,39 @@
-#include "console/import/UpdateFileScan.hpp"
+#include "updates/UpdateFileScan.hpp"
 
-#include "console/import/FileKind.hpp"
-#include "console/output/GuidText.hpp"
-#include "console/output/Text.hpp"
+#include "updates/FileKind.hpp"
+#include "updates/Text.hpp"
+
+#include "Guid.hpp"
+#include "UniString.hpp"
 
 #include <algorithm>
+#include <iterator>
+#include <optional>
 #include <utility>
 
-namespace console {
+namespace updates {
 namespace {
 
 /// The add-on's line buffer: a longer line goes on as a line of its own.
 constexpr std::size_t LongestPiece = 2047;
 constexpr std::size_t FieldsOfALine = 4;
+
+/// As the add-on reads the first field.
+std::optional<Guid> parseGuid(std::string_view text) {
+    GS::Guid hostGuid;
+    if (hostGuid.ConvertFromString(GS::UniString(text.data(), static_cast<USize>(text.size()))) != NoError)
+        return std::nullopt;
+    Guid guid;
+    std::copy(std::begin(hostGuid.bytes), std::end(hostGuid.bytes), guid.begin());
+    return guid;
+}
+
+/// The form of a GlobalId in the model's file: 22 digits of base 64, the first of two bits only.
+bool looksLikeGlobalId(std::string_view text) {
+    constexpr std::string_view digits = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz_$";
+    return text.size() == 22 && text.front() >= '0' && text.front() <= '3' &&
+           text.find_first_not_of(digits) == std::string_view::npos;
+}
 
 bool inQuotes(std::string_view field) {
     return field.size() >= 2 && field.front() == '"' && field.back() == '"';
@@ -92,7 +113,7 @@ void UpdateFileScan::examineGuid(std::string_view field) {
     if (guid && !knows(*guid)) findings.unknownElement.add(line);
     if (guid) return;
     findings.noGuid.add(line);
-    if (model::fromGlobalId(field)) findings.globalId.add(line);
+    if (looksLikeGlobalId(field)) findings.globalId.add(line);
 }
 
 UpdateFileFindings UpdateFileScan::finish() {
@@ -106,4 +127,4 @@ UpdateFileFindings UpdateFileScan::finish() {
     return std::move(findings);
 }
 
-}  // namespace console
+}  // namespace updates

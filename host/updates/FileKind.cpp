@@ -1,9 +1,9 @@
-#include "console/import/FileKind.hpp"
+#include "updates/FileKind.hpp"
 
 #include <algorithm>
 #include <array>
 
-namespace console {
+namespace updates {
 namespace {
 
 using namespace std::string_view_literals;
@@ -48,4 +48,4 @@ FileKind tellFileKind(std::string_view beginning) {
     return beginning.starts_with("\xEF\xBB\xBF"sv) ? FileKind::TextWithByteOrderMark : FileKind::Text;
 }
 
-}  // namespace console
+}  // namespace updates

@@ -1,10 +1,10 @@
-#include "console/import/UpdateFileScan.hpp"
 #include "support/IfcText.hpp"
+#include "updates/UpdateFileScan.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace console {
+namespace updates {
 namespace {
 
 using namespace std::string_literals;
@@ -15,7 +15,7 @@ const std::string Known = testing_support::guidText(1);
 const std::string Line = Known + "\tName\told\tnew";
 
 /// The model of these tests has one element.
-bool knows(const model::Guid& guid) {
+bool knows(const Guid& guid) {
     return guid.back() == 1;
 }
 
@@ -178,4 +178,4 @@ INSTANTIATE_TEST_SUITE_P(
                     Kind{"noise", std::string("\x01\x02\x03\x04\x05\x06\x07", 7) + "x\n", false, false, true}));
 
 }  // namespace
-}  // namespace console
+}  // namespace updates

@@ -1,11 +1,10 @@
-#include "console/import/Hints.hpp"
+#include "updates/Hints.hpp"
 
-#include "console/import/ReviewList.hpp"
-#include "console/output/Text.hpp"
+#include "updates/Text.hpp"
 
 #include <fmt/format.h>
 
-namespace console {
+namespace updates {
 namespace {
 
 /// One hint where there are such lines. `{}` in the text stands for the lines, with a capital.
@@ -26,11 +25,11 @@ std::string reasons(const UpdateFileFindings& findings) {
 }
 
 void hintLinesWithoutRow(std::vector<std::string>& hints, const UpdateFileFindings& findings,
-                         const ReviewCounts& counts) {
+                         const ReviewCounts& counts, std::string_view shows) {
     const std::uint64_t shown = counts.rows + counts.rowsLost;
     if (findings.pieces <= shown) return;
-    hints.push_back(fmt::format("{} gave no row{}: check the model and the GUIDs, 'modelhost list' prints them",
-                                counted(findings.pieces - shown, "line"), reasons(findings)));
+    hints.push_back(fmt::format("{} gave no row{}: check the model and the GUIDs, {} them",
+                                counted(findings.pieces - shown, "line"), reasons(findings), shows));
 }
 
 void hintEncoding(std::vector<std::string>& hints, const UpdateFileFindings& findings) {
@@ -43,7 +42,7 @@ void hintEncoding(std::vector<std::string>& hints, const UpdateFileFindings& fin
     hint(hints, findings.zeroBytes, ": zero bytes, the line's text ends at the first one: remove them");
 }
 
-void hintLayout(std::vector<std::string>& hints, const UpdateFileFindings& findings) {
+void hintLayout(std::vector<std::string>& hints, const UpdateFileFindings& findings, std::string_view shows) {
     if (findings.lineWithoutEnd != 0)
         hints.push_back(fmt::format("Line {}: the last line has no line end and was not imported: end it with one",
                                     findings.lineWithoutEnd));
@@ -57,7 +56,7 @@ void hintLayout(std::vector<std::string>& hints, const UpdateFileFindings& findi
     hint(hints, findings.quoted,
          ": cells in quotes, which count as part of the text: save the file without them (tab-delimited text)");
     hint(hints, findings.globalId,
-         ": a GlobalId of 22 characters where the GUID of 36 is wanted: 'modelhost list' prints both");
+         fmt::format(": a GlobalId of 22 characters where the GUID of 36 is wanted: {} both", shows));
 }
 
 }  // namespace
@@ -73,8 +72,16 @@ std::string numbered(std::string_view noun, const LineNotes& notes) {
     return text;
 }
 
-std::vector<std::string> hintsFor(const UpdateFileFindings& findings, const ReviewCounts& counts) {
+std::optional<std::string> uselessBecause(const UpdateFileFindings& findings) {
+    if (findings.lines == 0) return "it holds no lines; write one change a line: GUID, item, old and new value";
+    if (findings.binary) return "it is no text file; save the table as tab-delimited text in UTF-8";
+    return std::nullopt;
+}
+
+std::vector<std::string> hintsFor(const UpdateFileFindings& findings, const ReviewCounts& counts,
+                                  std::string_view shows) {
     std::vector<std::string> hints;
+    if (auto reason = uselessBecause(findings)) return {std::move(*reason)};
     if (counts.rowsLost > 0)
         hints.push_back(
             fmt::format("{} did not fit into the list, which holds {}: split the update file and import "
@@ -87,22 +94,10 @@ std::vector<std::string> hintsFor(const UpdateFileFindings& findings, const Revi
             "(in a spreadsheet: tab-delimited text, UTF-8)");
         return hints;
     }
-    hintLinesWithoutRow(hints, findings, counts);
+    hintLinesWithoutRow(hints, findings, counts, shows);
     hintEncoding(hints, findings);
-    hintLayout(hints, findings);
+    hintLayout(hints, findings, shows);
     return hints;
 }
 
-std::optional<std::string> hintForUnknownItems(const std::vector<ListRow>& review, const std::vector<ListRow>& result) {
-    LineNotes rows;
-    for (std::size_t i = 0; i < result.size() && i < review.size(); ++i)
-        if (reviewlist::failed(result[i]) && reviewlist::namesNothing(review[i])) rows.add(i + 1);
-    if (rows.count == 0) return std::nullopt;
-    const std::string& item = review[rows.first.front() - 1].columns[reviewlist::PropertyColumn];
-    return fmt::format(
-        "Nothing on the element has the name in {}: to create a property, write a set behind it, as in "
-        "{}[Custom] for Pset_Custom",
-        numbered("row", rows), item);
-}
-
-}  // namespace console
+}  // namespace updates

@@ -1,15 +1,17 @@
-#include "console/import/Hints.hpp"
+#include "updates/Hints.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace console {
+namespace updates {
 namespace {
 
 using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+
+const char* const Shows = "'modelhost list' prints";
 
 LineNotes notes(std::initializer_list<std::uint64_t> lines) {
     LineNotes result;
@@ -27,32 +29,36 @@ TEST(LineNumbers, AreReadAsASentence) {
 TEST(Hints, AreNoneWhereEveryLineGaveARow) {
     UpdateFileFindings findings;
     findings.lines = findings.pieces = 3;
-    EXPECT_THAT(hintsFor(findings, {3, 0}), IsEmpty());
+    EXPECT_THAT(hintsFor(findings, {3, 0}, Shows), IsEmpty());
 }
 
 TEST(Hints, CountTheLinesThatGaveNoRowAndSayWhy) {
     UpdateFileFindings findings;
+    findings.lines = 1;
     findings.pieces = 10;
     findings.noGuid = notes({1});
     findings.unknownElement = notes({4, 6});
-    EXPECT_THAT(hintsFor(findings, {7, 0}),
+    EXPECT_THAT(hintsFor(findings, {7, 0}, Shows),
                 ElementsAre(AllOf(HasSubstr("3 lines gave no row"), HasSubstr("no GUID of 36 characters in line 1"),
                                   HasSubstr("no element has the GUID in lines 4 and 6"))));
 }
 
 TEST(Hints, DoNotCountLostRowsAsLinesWithoutRow) {
     UpdateFileFindings findings;
+    findings.lines = 1;
     findings.pieces = 32770;
-    EXPECT_THAT(hintsFor(findings, {32767, 3}),
+    EXPECT_THAT(hintsFor(findings, {32767, 3}, Shows),
                 ElementsAre(AllOf(HasSubstr("3 rows did not fit"), HasSubstr("split the update file"))));
 }
 
 TEST(Hints, OfAUtf16FileAreOnlyThatItIsOne) {
     UpdateFileFindings findings;
+    findings.lines = 1;
     findings.pieces = 2;
     findings.utf16 = true;
     findings.zeroBytes = notes({1, 2});
-    EXPECT_THAT(hintsFor(findings, {0, 0}), ElementsAre(AllOf(HasSubstr("UTF-16"), HasSubstr("save it as UTF-8"))));
+    EXPECT_THAT(hintsFor(findings, {0, 0}, Shows),
+                ElementsAre(AllOf(HasSubstr("UTF-16"), HasSubstr("save it as UTF-8"))));
 }
 
 struct Advice {
@@ -65,8 +71,9 @@ class HintOfLines : public testing::TestWithParam<Advice> {};
 
 TEST_P(HintOfLines, SaysWhatAndWhatToDo) {
     UpdateFileFindings findings;
+    findings.lines = 1;
     findings.*GetParam().notes = notes({7});
-    EXPECT_THAT(hintsFor(findings, {0, 0}),
+    EXPECT_THAT(hintsFor(findings, {0, 0}, Shows),
                 ElementsAre(AllOf(HasSubstr("Line 7: "), HasSubstr(GetParam().what), HasSubstr(GetParam().remedy))));
 }
 
@@ -82,26 +89,21 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(Hints, NameALastLineWithoutEndAndAByteOrderMark) {
     UpdateFileFindings findings;
+    findings.lines = 1;
     findings.byteOrderMark = true;
     findings.lineWithoutEnd = 12;
-    EXPECT_THAT(hintsFor(findings, {0, 0}),
+    EXPECT_THAT(hintsFor(findings, {0, 0}, Shows),
                 ElementsAre(HasSubstr("byte-order mark"), AllOf(HasSubstr("Line 12"), HasSubstr("not imported"))));
 }
 
-ListRow row(const std::string& property, const std::string& message) {
-    return {{"[X]", "Wall-01", "Wall", "GUID", property, "", "new", message}, DG_IS_ENABLE, {}};
-}
-
-TEST(HintForUnknownItems, NamesTheRowsThatOnlyABracketCouldHelp) {
-    const std::string notFound = " Property not found.";
-    const std::vector<ListRow> review{row("Slope", notFound), row("Note[Custom]", notFound), row("Name", ""),
-                                      row("Tilt", notFound)};
-    const std::vector<ListRow> failed(4, row("", "error!")), done(4, row("", "Done"));
-    EXPECT_EQ(hintForUnknownItems(review, failed),
-              "Nothing on the element has the name in rows 1 and 4: to create a property, write a set behind it, as in "
-              "Slope[Custom] for Pset_Custom");
-    EXPECT_EQ(hintForUnknownItems(review, done), std::nullopt);
+TEST(Hints, OfAFileThatIsNoUpdateFileAreOnlyWhy) {
+    UpdateFileFindings findings;
+    findings.pieces = findings.lines = 1;
+    findings.zeroBytes = notes({1});
+    findings.binary = true;
+    EXPECT_THAT(hintsFor(findings, {0, 0}, Shows), ElementsAre(HasSubstr("no text file; save the table as")));
+    EXPECT_THAT(hintsFor({}, {0, 0}, Shows), ElementsAre(HasSubstr("no lines; write one change a line")));
 }
 
 }  // namespace
-}  // namespace console
+}  // namespace updates

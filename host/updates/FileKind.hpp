@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace console {
+namespace updates {
 
 inline constexpr std::size_t BytesThatTell = 65536;
 
@@ -14,4 +14,4 @@ enum class FileKind : std::uint8_t { Text, TextWithByteOrderMark, Utf16, Binary 
 /// @param beginning  the file's first bytes, as many as there are, at most BytesThatTell.
 FileKind tellFileKind(std::string_view beginning);
 
-}  // namespace console
+}  // namespace updates
