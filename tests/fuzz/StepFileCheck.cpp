@@ -51,14 +51,15 @@ void edit(StepFile& file) {
     for (Slot slot = 0; slot < count; ++slot) {
         if (slot % 5 == 4) (void)file.erase(slot);
         if (!file.read(slot, instance) || instance.arguments.empty()) continue;
-        const Value value = instance.arguments[slot % instance.arguments.size()];
+        const std::size_t number = slot % instance.arguments.size();
+        const Value value = instance.arguments[number];
         std::vector<Value> elements;
         if (!splitAggregate(value, elements))
             (void)file.replaceValue(slot, value, "'edited'");
         else if (elements.empty() || slot % 2 == 0)
             (void)file.addToAggregate(slot, value, "#1");
         else
-            (void)file.removeFromAggregate(slot, value, elements[0].text);
+            (void)file.removeReferences(slot, number, referenceId(elements[0]));
     }
     (void)file.append("NEW('1',$)", neighbour);
     (void)file.append("NEW('2',$)", NoSlot);

@@ -26,9 +26,6 @@ std::function<Status(Editing&)> replace(InstanceId id, std::size_t number, const
 std::function<Status(Editing&)> add(InstanceId id, std::size_t number, const char* text) {
     return [=](Editing& edit) { return edit.add(id, number, text); };
 }
-std::function<Status(Editing&)> remove(InstanceId id, std::size_t number, const char* text) {
-    return [=](Editing& edit) { return edit.remove(id, number, text); };
-}
 std::function<Status(Editing&)> erase(InstanceId id) {
     return [=](Editing& edit) { return edit.erase(id); };
 }
@@ -87,20 +84,6 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& row) { return std::string(row.param.name); });
 
 INSTANTIATE_TEST_SUITE_P(
-    Removals, Splicing,
-    ::testing::Values(Splice{"TheOnlyElement", "#1=A(( #2 ));\n", "#1=A((  ));\n", remove(1, 0, "#2")},
-                      Splice{"TheFirst", "#1=A((#2, #3, #4));\n", "#1=A((#3, #4));\n", remove(1, 0, "#2")},
-                      Splice{"OneInTheMiddle", "#1=A((#2, #3, #4));\n", "#1=A((#2, #4));\n", remove(1, 0, "#3")},
-                      Splice{"TheLast", "#1=A((#2, #3, #4 ));\n", "#1=A((#2, #3 ));\n", remove(1, 0, "#4")},
-                      Splice{"WithItsLine", "#1=A((\n#2,\n#3,\n#4\n));\n", "#1=A((\n#2,\n#4\n));\n",
-                             remove(1, 0, "#3")},
-                      Splice{"TheSameIdSpelledOtherwise", "#1=A((#2,#0003));\n", "#1=A((#2));\n", remove(1, 0, "#3")},
-                      Splice{"EachRepetition", "#1=A((#2,#3,#2,#2,#4,#2));\n", "#1=A((#3,#4));\n", remove(1, 0, "#2")},
-                      Splice{"NothingButRepetitions", "#1=A((#2,#2));\n", "#1=A(());\n", remove(1, 0, "#2")},
-                      Splice{"StringsByTheirText", "#1=A(('a','b'));\n", "#1=A(('a'));\n", remove(1, 0, "'b'")}),
-    [](const auto& row) { return std::string(row.param.name); });
-
-INSTANTIATE_TEST_SUITE_P(
     Erasures, Splicing,
     ::testing::Values(Splice{"WithItsLine", "#1=A();\n#2=B();\n#3=C();\n", "#1=A();\n#3=C();\n", erase(2)},
                       Splice{"WithItsIndent", "#1=A();\r\n  #2=B();  \r\n#3=C();\r\n", "#1=A();\r\n#3=C();\r\n",
@@ -109,16 +92,6 @@ INSTANTIATE_TEST_SUITE_P(
                       Splice{"BesideAComment", "#1=A();\n#2=B(); /* two */\n", "#1=A();\n /* two */\n", erase(2)},
                       Splice{"OverManyLines", "#1=A();\n#2=B(\n1\n);\n", "#1=A();\n", erase(2)}),
     [](const auto& row) { return std::string(row.param.name); });
-
-TEST(RemoveFromAggregate, OfAViewTakesOutJustThatElement) {
-    Editing edit(fileOf("#1=A((#2,#3,#2));\n"));
-    ASSERT_TRUE(edit.file->begin());
-    const Value list = argument(*edit.file, 1, 0);
-    std::vector<Value> elements;
-    ASSERT_TRUE(splitAggregate(list, elements));
-    EXPECT_TRUE(edit.file->removeFromAggregate(edit.file->find(1), list, elements[2].text));
-    EXPECT_EQ(edit.file->text(edit.file->find(1)), "#1=A((#2,#3));");
-}
 
 struct Refusal {
     const char* name;
@@ -165,7 +138,6 @@ INSTANTIATE_TEST_SUITE_P(
         Refusal{"OfAnOpenComment", "#1=A(1);\n", replace(1, 0, "1/*"), "new value is malformed"},
         Refusal{"OfAnElementThatIsNone", "#1=A((1));\n", add(1, 0, ")"), "new element is malformed"},
         Refusal{"OfAListThatIsNone", "#1=A(1);\n", add(1, 0, "2"), "list is malformed"},
-        Refusal{"OfAnAbsentElement", "#1=A((#2));\n", remove(1, 0, "#3"), "no such element"},
         Refusal{"OfAComplexInstance", "#1=(A(1)B(2));\n", [](Editing& edit) { return editSlot(edit, 0); }, "complex"},
         Refusal{"OfARepeatedId", "#1=A(1);\n#1=B(2);\n", [](Editing& edit) { return editSlot(edit, 1); }, "several"},
         Refusal{"OfAForeignSlot", "#1=A(1);\n", [](Editing& edit) { return editSlot(edit, 7); }, "no such instance"},

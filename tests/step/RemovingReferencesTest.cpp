@@ -69,6 +69,10 @@ INSTANTIATE_TEST_SUITE_P(
                       Removal{"All", "#1=A(1,(#2,#3),2);\n", {3, 2}, "#1=A(1,(),2);\n"},
                       Removal{"EachOfARepeatedOne", "#1=A(1,(#2,#3,#2),2);\n", {2}, "#1=A(1,(#3),2);\n"},
                       Removal{"WithLeadingZeros", "#1=A(1,(#02,#3),2);\n", {2}, "#1=A(1,(#3),2);\n"},
+                      Removal{"TheOnlyOne", "#1=A(1,( #2 ),2);\n", {2}, "#1=A(1,(  ),2);\n"},
+                      Removal{"TheLastWithItsBlank", "#1=A(1,(#2, #3, #4 ),2);\n", {4}, "#1=A(1,(#2, #3 ),2);\n"},
+                      Removal{"EachOfManyRepetitions", "#1=A(1,(#2,#3,#2,#2,#4,#2),2);\n", {2}, "#1=A(1,(#3,#4),2);\n"},
+                      Removal{"NothingButRepetitions", "#1=A(1,(#2,#2),2);\n", {2}, "#1=A(1,(),2);\n"},
                       Removal{"OneALine", "#1=A(1,(\n #2,\n #3,\n #4),2);\n", {3}, "#1=A(1,(\n #2,\n #4),2);\n"},
                       Removal{
                           "BesideComments", "#1=A(1,(#2,/*three*/#3,#4),2);\n", {4}, "#1=A(1,(#2,/*three*/#3),2);\n"},

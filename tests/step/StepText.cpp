@@ -75,10 +75,6 @@ Status Editing::add(InstanceId id, std::size_t number, std::string_view element)
     return command([&] { return file->addToAggregate(file->find(id), argument(*file, id, number), element); });
 }
 
-Status Editing::remove(InstanceId id, std::size_t number, std::string_view element) {
-    return command([&] { return file->removeFromAggregate(file->find(id), argument(*file, id, number), element); });
-}
-
 Status Editing::erase(InstanceId id) {
     return command([&] { return file->erase(file->find(id)); });
 }

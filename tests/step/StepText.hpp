@@ -38,7 +38,6 @@ public:
 
     Status replace(InstanceId id, std::size_t number, std::string_view text);
     Status add(InstanceId id, std::size_t number, std::string_view element);
-    Status remove(InstanceId id, std::size_t number, std::string_view element);
     Status erase(InstanceId id);
     Result<Slot> append(std::string_view body, InstanceId neighbour);
 

@@ -51,13 +51,6 @@ std::string_view separatorIn(const std::vector<Value>& elements) {
     return plain ? separator : ",";
 }
 
-bool isSame(const Value& element, std::string_view member, std::string_view list) {
-    if (isPart(member, list)) return isPart(member, element.text);
-    if (element.text == member) return true;
-    const InstanceId id = referenceId(element);
-    return id != 0 && id == referenceId({ValueKind::Reference, member});
-}
-
 }  // namespace
 
 Result<std::string> withValue(std::string_view text, Value value, std::string_view newText) {
@@ -76,16 +69,6 @@ Result<std::string> withElement(std::string_view text, Value aggregate, std::str
     if (elements.empty()) return replaced(text, between(endOf(aggregate.text) - 1, endOf(aggregate.text) - 1), element);
     const char* end = endOf(elements.back().text);
     return replaced(text, between(end, end), std::string(separatorIn(elements)).append(element));
-}
-
-Result<std::string> withoutElement(std::string_view text, Value aggregate, std::string_view member) {
-    std::vector<Value> elements;
-    if (!isPart(aggregate.text, text) || !splitAggregate(aggregate, elements))
-        return refused("the list is malformed in the file");
-    std::vector<bool> marked(elements.size());
-    for (std::size_t i = 0; i < elements.size(); ++i) marked[i] = isSame(elements[i], member, aggregate.text);
-    if (std::find(marked.begin(), marked.end(), true) == marked.end()) return refused("the list has no such element");
-    return withoutMarked(text, elements, marked);
 }
 
 std::string withoutMarked(std::string_view text, const std::vector<Value>& elements, const std::vector<bool>& marked) {

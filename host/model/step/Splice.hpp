@@ -14,9 +14,6 @@ namespace model::step {
 Result<std::string> withValue(std::string_view text, Value value, std::string_view newText);
 /// @param aggregate  a view into `text`.
 Result<std::string> withElement(std::string_view text, Value aggregate, std::string_view element);
-/// Takes out the element that `member` is a view of, or else each one that reads like it.
-Result<std::string> withoutElement(std::string_view text, Value aggregate, std::string_view member);
-
 /// `text` without the elements marked, and without one comma for each of them.
 /// @param elements  Those of a list in `text`, not empty.
 std::string withoutMarked(std::string_view text, const std::vector<Value>& elements, const std::vector<bool>& marked);

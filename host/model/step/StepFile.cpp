@@ -102,11 +102,6 @@ Status StepFile::addToAggregate(Slot slot, Value aggregate, std::string_view ele
     return content->edit(slot, withElement(text(slot), aggregate, element));
 }
 
-Status StepFile::removeFromAggregate(Slot slot, Value aggregate, std::string_view member) {
-    if (Status editable = content->checkEditable(slot); !editable) return editable;
-    return content->edit(slot, withoutElement(text(slot), aggregate, member));
-}
-
 Result<std::size_t> StepFile::removeReferences(Slot slot, std::size_t argument, InstanceId member) {
     if (Status editable = content->checkEditable(slot); !editable) return editable.error();
     if (const auto left = content->changes.removeReferences(slot, argument, member)) return *left;

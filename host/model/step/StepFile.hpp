@@ -94,10 +94,8 @@ public:
     /// Refused, like the two below: outside a command; an instance that is complex, absent or of a repeated id; a value
     /// that is Malformed or Derived; a new text that is no value.
     Status replaceValue(Slot slot, Value value, std::string_view newText);
-    /// Adds one element to an Aggregate value of the instance, or removes the element `member` of it, leaving the rest
-    /// as found. `member` is a view of the element, or a text that each element to be removed reads like.
+    /// Adds one element to an Aggregate value of the instance, spaced as the others are.
     Status addToAggregate(Slot slot, Value aggregate, std::string_view element);
-    Status removeFromAggregate(Slot slot, Value aggregate, std::string_view member);
     /// Takes every reference to `member` out of an aggregate argument. The text is rewritten when it is next asked for,
     /// once for all removals until then, and the listener is not told: thousands of elements leave one relation.
     /// @return How many other instances the argument still names.
