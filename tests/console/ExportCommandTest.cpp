@@ -81,7 +81,7 @@ TEST_F(ExportCommand, PrintsJson) {
 
 TEST_F(ExportCommand, ATargetThatCannotBeWrittenIsNamed) {
     expectError(run({"export", "house.ifc", "--items", "Name", "-o", "no/folder/updates.txt"}),
-                {"no/folder/updates.txt", "No such file"});
+                {"no/folder/updates.txt: there is no folder no/folder; make it first"});
     const Outcome full = run({"export", "house.ifc", "--items", "Name", "-o", "/dev/full"});
     EXPECT_EQ(full.status, 1);
     EXPECT_THAT(full.err, HasSubstr("No space left"));

@@ -59,8 +59,15 @@ ModelHostRun& ModelHostRun::outputTo(std::filesystem::path file) {
     return *this;
 }
 
+ModelHostRun& ModelHostRun::withoutPrivileges() {
+    unprivileged = geteuid() == 0;
+    return *this;
+}
+
 void ModelHostRun::become(const std::vector<std::string>& arguments) const {
     if (chdir(folder.c_str()) != 0) _exit(CouldNotStart);
+    constexpr uid_t nobody = 65534;
+    if (unprivileged && (setgid(nobody) != 0 || setuid(nobody) != 0)) _exit(CouldNotStart);
     for (const char* variable : {"COLUMNS", "NO_COLOR"}) unsetenv(variable);
     for (const auto& [name, value] : variables) setenv(name.c_str(), value.c_str(), 1);
     const std::string program = BINARY_DIR "/modelhost";

@@ -29,6 +29,9 @@ public:
     /// Standard output goes to this file in place of being kept.
     ModelHostRun& outputTo(std::filesystem::path file);
 
+    /// Root may read and write everything, so that the tests of rights act as somebody else.
+    ModelHostRun& withoutPrivileges();
+
     Outcome run(const std::vector<std::string>& arguments) const;
 
     /// Standard output and error are a terminal of that many columns; what they show is in `out`.
@@ -42,6 +45,7 @@ private:
     std::map<std::string, std::string> variables;
     std::string standardInput;
     std::filesystem::path outputFile;
+    bool unprivileged = false;
 };
 
 /// A modelhost that goes on running: `script` that reads its steps from a pipe.

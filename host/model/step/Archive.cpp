@@ -88,18 +88,21 @@ Result<zip_stat_t> findModel(zip_t* archive) {
         found = entry;
         ++count;
     }
-    if (count == 0) return unreadable("the archive holds no .ifc file");
+    if (count == 0)
+        return unreadable("the archive holds no .ifc file; choose another one, or export the model as .ifc");
     if (count > 1) return unreadable("the archive holds several .ifc files; unpack it and open one of them");
     if (found.encryption_method != ZIP_EM_NONE) return unreadable("the archive is encrypted; unpack it first");
     if (found.size > harmlessSize && found.size / honestRatio > found.comp_size)
         return unreadable("the archive claims to unpack to " + std::to_string(found.size) + " bytes from " +
-                          std::to_string(found.comp_size) + ", which no model does");
+                          std::to_string(found.comp_size) + ", which no model does; do not trust it");
     return found;
 }
 
 Result<Bytes> unpack(zip_t* archive, const zip_stat_t& model, const Progress& progress) {
     const EntryHandle entry(zip_fopen_index(archive, model.index, 0));
-    if (entry == nullptr) return unreadable("the model cannot be unpacked: " + std::string(zip_strerror(archive)));
+    if (entry == nullptr)
+        return unreadable("the model cannot be unpacked: " + std::string(zip_strerror(archive)) +
+                          "; unpack it with another program");
     constexpr zip_uint64_t stretch = zip_uint64_t{4} << 20U;
     Bytes bytes(static_cast<std::size_t>(model.size));
     Throttle throttle(progress);
@@ -178,7 +181,7 @@ Result<Bytes> readArchive(std::string_view archive, ModelEntry& entry, const Pro
     ZipError error;
     const SourceHandle source = memorySource(archive, error);
     const ArchiveHandle opened = source ? openArchive(source.get(), ZIP_RDONLY, error) : nullptr;
-    if (opened == nullptr) return unreadable("the archive is damaged: " + error.text());
+    if (opened == nullptr) return unreadable("the archive is damaged: " + error.text() + "; fetch it again");
     const Result<zip_stat_t> model = findModel(opened.get());
     if (!model) return model.error();
     entry = {model->name, model->index, model->comp_method, model->mtime};

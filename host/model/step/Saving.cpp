@@ -78,7 +78,9 @@ Error cannotWrite(const fs::path& path, const std::string& what) {
 }
 
 Error cannotWrite(const fs::path& path, const std::error_code& error) {
-    if (error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory)
+    std::error_code ignored;
+    const bool folderMissing = error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
+    if (folderMissing && !fs::is_directory(folderOf(path), ignored))
         return cannotWrite(path, "there is no folder " + folderOf(path) + "; make it first, or save in another place");
     return cannotWrite(path, error.message() + "; " + advice(error));
 }
