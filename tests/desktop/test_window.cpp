@@ -20,6 +20,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QProgressDialog>
+#include <QPushButton>
 #include <QStatusBar>
 #include <QTableView>
 #include <QTreeWidget>
@@ -247,6 +248,26 @@ TEST_F(Window, OpeningAnotherModelAsksAboutUnsavedChangesToo) {
     answer(QStringLiteral("unsavedQuestion"), QMessageBox::Cancel);
     EXPECT_FALSE(window().openFile(desktop::pathText(model)));
     EXPECT_TRUE(window().document().modified());
+}
+
+TEST_F(Window, ChoosingAnotherModelAsksAboutUnsavedChangesOnce) {
+    openSample();
+    const auto other = folder.write("other.ifc", bytesOf(model));
+    change();
+    int questions = 0;
+    whenShown<QFileDialog>(QStringLiteral("openDialog"), [&](QFileDialog& dialog) {
+        whenShown<QMessageBox>(QStringLiteral("unsavedQuestion"), [&](QMessageBox& box) {
+            ++questions;
+            click(*box.button(QMessageBox::Discard));
+        });
+        dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setFocus();
+        type(dialog, desktop::pathText(other));
+        press(dialog, Qt::Key_Return);
+    });
+    press(window(), Qt::Key_O, Qt::ControlModifier);
+    EXPECT_EQ(questions, 1);
+    EXPECT_EQ(window().document().path(), desktop::pathText(other));
+    EXPECT_FALSE(window().document().modified());
 }
 
 TEST_F(Window, SaveAsWritesTheNewFileAndLeavesTheOldOne) {

@@ -68,7 +68,8 @@ void FileMenu::update() {
     openItem->setEnabled(free);
     recentMenu->setEnabled(free && !RecentFiles::list().isEmpty());
     const QString holder = document.lockHolder();
-    saveItem->setEnabled(free && document.modified() && holder.isEmpty());
+    saveItem->setEnabled(free && document.modified());
+    saveItem->setText(holder.isEmpty() ? QStringLiteral("&Save") : QStringLiteral("&Save Under Another Name…"));
     const QString prompt = holder.isEmpty()
                                ? QStringLiteral("Save the model to its file")
                                : QStringLiteral("The file is open in %1; save under another name").arg(holder);
@@ -97,7 +98,7 @@ void FileMenu::fillRecent() {
 }
 
 void FileMenu::openByDialog() {
-    if (!mayLoseModel()) return;
+    // Unsaved changes are asked about once a file is chosen: who cancels here has not been asked for nothing.
     QFileDialog dialog(window, QStringLiteral("Open Model"));
     dialog.setObjectName(QStringLiteral("openDialog"));
     dialog.setFileMode(QFileDialog::ExistingFile);

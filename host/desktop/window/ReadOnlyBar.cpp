@@ -13,9 +13,10 @@ ReadOnlyBar::ReadOnlyBar(QWidget* parent) : QToolBar(QStringLiteral("Read-only")
     // It comes and goes with the reason for it; the user cannot ask for it.
     toggleViewAction()->setVisible(false);
     setContextMenuPolicy(Qt::PreventContextMenu);
-    setAutoFillBackground(true);
-    setBackgroundRole(QPalette::ToolTipBase);
-    setForegroundRole(QPalette::ToolTipText);
+    // A note's colours: a style draws a tool bar over the palette's.
+    setStyleSheet(
+        QStringLiteral("QToolBar { background: %1; border: none; padding: 2px; } QLabel { color: %2; }")
+            .arg(palette().color(QPalette::ToolTipBase).name(), palette().color(QPalette::ToolTipText).name()));
 
     auto* icon = new QLabel;
     const int side = style()->pixelMetric(QStyle::PM_SmallIconSize);
@@ -24,7 +25,6 @@ ReadOnlyBar::ReadOnlyBar(QWidget* parent) : QToolBar(QStringLiteral("Read-only")
     addWidget(icon);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
-    label->setForegroundRole(QPalette::ToolTipText);
     label->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     addWidget(label);
     connect(addAction(QStringLiteral("Open Again")), &QAction::triggered, this, &ReadOnlyBar::reopeningWanted);
@@ -35,8 +35,7 @@ ReadOnlyBar::ReadOnlyBar(QWidget* parent) : QToolBar(QStringLiteral("Read-only")
 void ReadOnlyBar::show(const QString& holder) {
     if (!holder.isEmpty()) {
         label->setText(
-            QStringLiteral("The file is open in %1 and was opened here for reading: changes can be saved under another "
-                           "name only. Once it is closed there, open it again.")
+            QStringLiteral("The file is open in %1 and was opened here for reading: save changes under another name.")
                 .arg(holder));
         label->setAccessibleName(label->text());
     }
