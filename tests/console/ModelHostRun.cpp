@@ -8,8 +8,10 @@
 #include <unistd.h>
 
 #include <array>
+#include <csignal>
 #include <cstdlib>
 #include <stdexcept>
+#include <thread>
 #include <utility>
 
 namespace console_tests {
@@ -97,13 +99,20 @@ Outcome ModelHostRun::run(const std::vector<std::string>& arguments) const {
     return outcome;
 }
 
-Outcome ModelHostRun::runOnTerminal(const std::vector<std::string>& arguments, int columns) const {
+Outcome ModelHostRun::runOnTerminal(const std::vector<std::string>& arguments, int columns,
+                                    std::optional<std::chrono::milliseconds> stopAfter) const {
     winsize size{};
     size.ws_row = 50;
     size.ws_col = static_cast<unsigned short>(columns);
     int terminal = -1;
     const pid_t child = forkpty(&terminal, nullptr, nullptr, &size);
     if (child == 0) become(arguments);
+    if (stopAfter) {
+        std::this_thread::sleep_for(*stopAfter);
+        kill(child, SIGSTOP);
+        std::this_thread::sleep_for(std::chrono::milliseconds(1100));
+        kill(child, SIGCONT);
+    }
     Outcome outcome;
     outcome.out = readAll(terminal);
     wait(child, outcome);

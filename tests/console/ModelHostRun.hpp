@@ -5,8 +5,10 @@
 
 #include <sys/types.h>
 
+#include <chrono>
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -35,7 +37,10 @@ public:
     Outcome run(const std::vector<std::string>& arguments) const;
 
     /// Standard output and error are a terminal of that many columns; what they show is in `out`.
-    Outcome runOnTerminal(const std::vector<std::string>& arguments, int columns) const;
+    /// @param stopAfter  from its start until it is stopped for more than the second after which it shows how far it
+    /// is.
+    Outcome runOnTerminal(const std::vector<std::string>& arguments, int columns,
+                          std::optional<std::chrono::milliseconds> stopAfter = {}) const;
 
 private:
     friend class ScriptedHost;

@@ -64,6 +64,20 @@ TEST_F(OnTerminal, ColumnsCountForAPipeToo) {
     EXPECT_THAT(outcome.out, HasSubstr("…"));
 }
 
+/// A review of some tenths of a second, made to last longer than a second by stopping it.
+TEST_F(OnTerminal, AnOperationOfMoreThanASecondShowsHowFarItIs) {
+    std::string lines;
+    for (int i = 0; i < 150'000; ++i) lines += WallGuid + "\tName\t\tNorth wall\n";
+    write("updates.txt", lines);
+    const std::vector<std::string> arguments{"import", "house.ifc", "updates.txt", "--format", "json"};
+    std::string shown;
+    // How soon a busy machine gets it to the review is not known beforehand.
+    for (int delay = 40; delay < 6000 && shown.find("Reviewing") == std::string::npos; delay *= 2)
+        shown = modelhost().runOnTerminal(arguments, 100, std::chrono::milliseconds(delay)).out;
+    EXPECT_THAT(shown, testing::ContainsRegex("Reviewing updates.txt  [0-9]+ %  [0-9]+ (s|min) left"));
+    EXPECT_EQ(run(arguments).err, "");
+}
+
 TEST_F(OnTerminal, ExportedValuesDoNotSpeakToTheTerminal) {
     testing_support::IfcText ifc;
     ifc.element("IfcWall", WallGuid, "placeholder");
