@@ -202,6 +202,15 @@ TEST_F(Window, DroppedFileOpens) {
     EXPECT_SOON(window().document().path() == desktop::pathText(path));
 }
 
+TEST_F(Window, DroppedUpdateFileIsSentToTheAddOnsMenu) {
+    openSample();
+    const auto path = folder.write("updates.txt", wall.toStdString() + "\tName\t\tNorth wall\n");
+    const auto text = answer(QStringLiteral("errorMessage"), QMessageBox::Ok);
+    drop(desktop::pathText(path));
+    EXPECT_SOON(text->contains(QStringLiteral("import this file from the add-on's menu").toHtmlEscaped()));
+    EXPECT_EQ(window().document().path(), desktop::pathText(model));
+}
+
 TEST_F(Window, RecentFilesListTheLastOneFirstAndOpenIt) {
     openSample();
     const auto second = folder.write("second.ifc", bytesOf(model));

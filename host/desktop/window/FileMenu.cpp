@@ -5,6 +5,7 @@
 #include "desktop/window/RecentFiles.hpp"
 
 #include <QAction>
+#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMainWindow>
@@ -21,6 +22,15 @@ namespace {
 
 const QString folderKey = QStringLiteral("folders/models");
 const QString modelFilter = QStringLiteral("IFC models (*.ifc *.ifczip *.ifcZIP *.IFC);;All files (*)");
+
+/// Whether the file's first line begins as an update does: people drop the one file for the other.
+bool looksLikeUpdates(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return false;
+    constexpr qint64 guidAndTab = 37;
+    const QByteArray start = file.read(guidAndTab);
+    return start.endsWith('\t') && guidFromText(QString::fromLatin1(start.chopped(1)));
+}
 
 void showError(QWidget* window, const QString& title, const model::Error& error) {
     QMessageBox box(QMessageBox::Critical, title, title, QMessageBox::Ok, window);
@@ -120,7 +130,12 @@ bool FileMenu::open(const QString& path) {
     }
     if (!*opened) {
         if (!QFileInfo::exists(path)) RecentFiles::remove(path);
-        showError(window, QStringLiteral("%1 could not be opened").arg(QFileInfo(path).fileName()), opened->error());
+        model::Error error = opened->error();
+        if (looksLikeUpdates(path))
+            error.message = path.toStdString() +
+                            ": it looks like an update file, not like a model; open the model, then import this "
+                            "file from the add-on's menu";
+        showError(window, QStringLiteral("%1 could not be opened").arg(QFileInfo(path).fileName()), error);
         return false;
     }
     const QFileInfo file(path);
