@@ -96,7 +96,7 @@ bool readContent(Value inner, NominalValue& out) {
         case Primitive::Boolean: {
             const auto logical = readLogical(inner);
             out.boolean = logical == True;
-            return logical == True || logical == False;
+            return logical.has_value() && logical != Unknown;
         }
         case Primitive::Logical: {
             const auto logical = readLogical(inner);

@@ -54,7 +54,9 @@ private:
     struct Mention {
         step::InstanceId target;
         std::uint8_t argument;
-        auto operator<=>(const Mention&) const = default;
+        bool operator<(const Mention& other) const {
+            return target != other.target ? target < other.target : argument < other.argument;
+        }
     };
 
     void build();

@@ -63,7 +63,7 @@ SourceHandle writableSource(std::string_view bytes, ZipError& error) {
     if (copy != nullptr) std::memcpy(copy, bytes.data(), bytes.size());
     zip_source_t* source = zip_source_buffer_create(copy, bytes.size(), 1, &error.value);
     if (source == nullptr) std::free(copy);
-    return SourceHandle(source);
+    return SourceHandle(source);  // NOLINT(clang-analyzer-unix.Malloc): the copy is freed with the source.
 }
 
 ArchiveHandle openArchive(zip_source_t* source, int flags, ZipError& error) {

@@ -28,7 +28,8 @@ std::string holderOfLock(const FileState& file) {
         std::string name;
         std::ifstream("/proc/" + process + "/comm") >> name;
         if (process == std::to_string(::getpid())) return "this program itself";
-        return name.empty() ? "process " + process : name + " (process " + process + ")";
+        const std::string holder = "process " + process;
+        return name.empty() ? holder : name.append(" (").append(holder).append(")");
     }
     return "another program";
 }

@@ -28,8 +28,7 @@ void remarkWhole(Index& index) {
 
 Status indexFile(Index& index, const Progress& progress) {
     FrameReader reader(index, progress);
-    const Status read = reader.run();
-    if (!read) return read;
+    if (Status read = reader.run(); !read) return read;
     index.ids.finish();
     remarkDuplicates(index);
     numberLines(index.bytes, index.remarks);

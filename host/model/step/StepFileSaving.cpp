@@ -46,7 +46,7 @@ Status StepFile::Content::saveAs(const fs::path& target, const SaveOptions& opti
     const auto known = versions.find(target);
     if (!options.force && old.exists && known != versions.end() && !known->second.sameVersion(old))
         return changedSince(target);
-    const Status written =
+    Status written =
         savesArchive(target) ? writeArchive(target, old, options, disk) : write(target, old, options, disk);
     // Even where the last sync failed: what is there now is ours.
     FileState now;
