@@ -1,8 +1,8 @@
 // grow_model SAMPLE.ifc OUT.ifc MEGABYTES: an estate of houses from one house.
 //
 // Each copy of the sample gets instance ids and GlobalIds of its own; what an estate has once (project, site, units,
-// contexts, owner history, classification systems) is shared by all copies. Every copy's first element gets one more
-// property set of forty properties, so that the cost of a review can be measured on it.
+// contexts, owner history, classification systems) is shared by all copies. Every copy's furniture, which has no other
+// properties, gets a set of forty, so that the cost of a review can be measured on it.
 
 #include "model/Model.hpp"
 #include "model/step/StepFile.hpp"
@@ -98,7 +98,7 @@ private:
         if (line.id > highestId) highestId = line.id;
         if (instance.arguments.size() >= 2 && instance.arguments[1].kind == ValueKind::Reference && line.rooted)
             ownerHistory = model::step::referenceId(instance.arguments[1]);
-        if (firstElement == 0 && file.keywordText(file.keyword(slot)) == "IFCWALL") firstElement = line.id;
+        if (inspected == 0 && file.keywordText(file.keyword(slot)) == "IFCFURNITURE") inspected = line.id;
         lines.push_back(std::move(line));
     }
 
@@ -157,7 +157,7 @@ private:
         text +=
             set + "=IFCPROPERTYSET('" + freshGlobalId() + "'," + owner + ",'Pset_Inspection',$,(" + members + "));\n";
         text += '#' + std::to_string(++id) + "=IFCRELDEFINESBYPROPERTIES('" + freshGlobalId() + "'," + owner +
-                ",$,$,(#" + std::to_string(renumbered(firstElement, copy)) + ")," + set + ");\n";
+                ",$,$,(#" + std::to_string(renumbered(inspected, copy)) + ")," + set + ");\n";
     }
 
     const StepFile& file;
@@ -166,7 +166,7 @@ private:
     std::unordered_set<InstanceId> sharedIds;
     InstanceId highestId = 0;
     InstanceId ownerHistory = 0;
-    InstanceId firstElement = 0;
+    InstanceId inspected = 0;
     std::uint64_t guidCounter = 0;
 };
 

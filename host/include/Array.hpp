@@ -22,6 +22,12 @@ public:
 
     void Push(const Type& element) { elements.push_back(element); }
     void Push(Type&& element) { elements.push_back(static_cast<Type&&>(element)); }
+    /// For the host's side: adds what `make` returns, made in its place. A record of four texts costs more to move than
+    /// to make.
+    template <class Make>
+    void PushMade(const Make& make) {
+        elements.emplace_back(Maker<Make>{make});
+    }
     void Clear() { elements.clear(); }
     void SetCapacity(USize capacity) { elements.reserve(capacity); }
 
@@ -29,6 +35,12 @@ public:
     ConstIterator end() const { return elements.end(); }
 
 private:
+    template <class Make>
+    struct Maker {
+        const Make& make;
+        operator Type() const { return make(); }
+    };
+
     std::vector<Type> elements;
 };
 

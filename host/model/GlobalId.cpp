@@ -7,13 +7,16 @@ namespace {
 constexpr std::string_view Digits = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz_$";
 constexpr std::size_t GlobalIdLength = 22;
 
-int digitValue(char c) {
-    if (c >= '0' && c <= '9') return c - '0';
-    if (c >= 'A' && c <= 'Z') return c - 'A' + 10;
-    if (c >= 'a' && c <= 'z') return c - 'a' + 36;
-    if (c == '_') return 62;
-    return c == '$' ? 63 : -1;
-}
+/// By character: the digit's value, or NoDigit. Every product's GlobalId is read when a file is opened.
+constexpr std::uint8_t NoDigit = 0xFF;
+constexpr auto DigitValues = [] {
+    std::array<std::uint8_t, 256> values{};
+    values.fill(NoDigit);
+    for (std::size_t i = 0; i < Digits.size(); ++i) {
+        values[static_cast<unsigned char>(Digits[i])] = static_cast<std::uint8_t>(i);
+    }
+    return values;
+}();
 
 }  // namespace
 
@@ -35,12 +38,12 @@ std::string toGlobalId(const Guid& guid) {
 std::optional<Guid> fromGlobalId(std::string_view globalId) {
     if (globalId.size() != GlobalIdLength) return std::nullopt;
     std::array<std::uint32_t, GlobalIdLength> digits{};
+    std::uint32_t all = 0;
     for (std::size_t i = 0; i < GlobalIdLength; ++i) {
-        const int digit = digitValue(globalId[i]);
-        if (digit < 0) return std::nullopt;
-        digits[i] = static_cast<std::uint32_t>(digit);
+        digits[i] = DigitValues[static_cast<unsigned char>(globalId[i])];
+        all |= digits[i];
     }
-    if (digits[0] > 3) return std::nullopt;
+    if (all == NoDigit || digits[0] > 3) return std::nullopt;
     Guid guid{};
     guid[0] = static_cast<std::uint8_t>(digits[0] << 6U | digits[1]);
     for (std::size_t byte = 1, digit = 2; byte < guid.size(); byte += 3, digit += 4) {

@@ -156,6 +156,11 @@ ElementInfo Model::info(Element element) const {
     return {guid, toGlobalId(guid), std::string(cls.entity->name()), cls.type.id, cls.type.name, work.file.id(slot)};
 }
 
+std::int32_t Model::typeId(Element element) const {
+    ifc::Workspace& work = content->work;
+    return work.classes.of(work.elements.slot(element)).type.id;
+}
+
 std::u16string Model::name(Element element) const {
     return ifc::attributeText(content->work, content->work.elements.slot(element), "Name");
 }

@@ -125,6 +125,7 @@ public:
     std::size_t elementCount() const;
     std::optional<Element> find(const Guid& guid) const;
     ElementInfo info(Element element) const;
+    std::int32_t typeId(Element element) const;  ///< That of info(), without a look into the file.
     std::u16string name(Element element) const;  ///< Attribute "Name"; empty where unset.
     std::string storey(Element element) const;   ///< UTF-8 name of the storey it stands in; empty where none.
     /// Whether others bear the element's GlobalId.

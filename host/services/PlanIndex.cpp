@@ -10,7 +10,7 @@ std::optional<model::Element> PlanIndex::nearest(const model::Model& model, API_
         places.emplace();
         for (model::Element element = 0; element < model.elementCount(); ++element) {
             const std::optional<model::Point> origin = model.placement(element);
-            if (origin) places->push_back({element, model.info(element).typeId, origin->x, origin->y});
+            if (origin) places->push_back({element, model.typeId(element), origin->x, origin->y});
         }
     }
     std::optional<model::Element> best;

@@ -1,5 +1,7 @@
 #include "model/ifc/ElementSets.hpp"
 
+#include <utility>
+
 namespace model::ifc {
 
 ElementSets::ElementSets(const step::StepFile& stepFile, const PropertySets& sets)
@@ -8,7 +10,9 @@ ElementSets::ElementSets(const step::StepFile& stepFile, const PropertySets& set
 const SetsOfElement* ElementSets::find(step::Slot element) {
     constexpr std::size_t Most = 100'000;
     if (revision != file.revision() || generation != propertySets.generation() || known.size() > Most) {
-        known = {};  // Not clear(): that would pass over as many buckets as there ever were, with every edit.
+        // Not clear(), nor "= {}", which is the same: they pass over as many buckets as there ever were, with every
+        // edit.
+        std::exchange(known, Known());
         revision = file.revision();
         generation = propertySets.generation();
     }

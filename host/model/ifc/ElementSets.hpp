@@ -25,11 +25,13 @@ public:
     const SetsOfElement& keep(step::Slot element, SetsOfElement sets);
 
 private:
+    using Known = std::unordered_map<step::Slot, SetsOfElement>;
+
     const step::StepFile& file;
     const PropertySets& propertySets;
     std::uint64_t revision = 0;
     std::uint64_t generation = 0;
-    std::unordered_map<step::Slot, SetsOfElement> known;
+    Known known;
 };
 
 }  // namespace model::ifc

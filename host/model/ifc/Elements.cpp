@@ -22,6 +22,20 @@ std::size_t hashOf(const Guid& guid) {
     return static_cast<std::size_t>(hash * 0xD6E8FEB86659FD93ULL >> 16U);
 }
 
+struct Product {
+    step::Slot slot;
+    std::string_view text;
+};
+
+std::vector<Product> productsOf(const step::StepFile& file, Classes& classes) {
+    std::vector<Product> products;
+    const auto count = static_cast<step::Slot>(file.instanceCount());
+    for (step::Slot slot = 0; slot < count; ++slot) {
+        if (classes.ofKeyword(file.keyword(slot)).role == Role::Product) products.push_back({slot, file.text(slot)});
+    }
+    return products;
+}
+
 }  // namespace
 
 std::optional<Guid> globalIdOf(std::string_view instanceText) {
@@ -30,10 +44,14 @@ std::optional<Guid> globalIdOf(std::string_view instanceText) {
 }
 
 Elements::Elements(const step::StepFile& file, Classes& classes) {
-    for (step::Slot slot = 0; slot < file.instanceCount(); ++slot) {
-        if (classes.ofKeyword(file.keyword(slot)).role != Role::Product) continue;
-        if (const auto guid = globalIdOf(file.text(slot))) {
-            add(slot, *guid);
+    const auto products = productsOf(file, classes);
+    buckets.assign(std::bit_ceil(2 * products.size() + 1), Free);
+    for (std::size_t i = 0; i < products.size(); ++i) {
+        // They lie scattered over a file that no cache holds: waiting for each would take longer than all the rest.
+        constexpr std::size_t Ahead = 16;
+        if (i + Ahead < products.size()) __builtin_prefetch(products[i + Ahead].text.data());
+        if (const auto guid = globalIdOf(products[i].text)) {
+            add(products[i].slot, *guid);
         } else {
             ++invalidCount;
         }
@@ -43,7 +61,6 @@ Elements::Elements(const step::StepFile& file, Classes& classes) {
 }
 
 void Elements::add(step::Slot slot, const Guid& guid) {
-    if (buckets.size() < 2 * (slots.size() + 1)) grow();
     Element& bucket = buckets[bucketOf(guid)];
     if (bucket != Free) {
         ++duplicateCount;
@@ -63,14 +80,7 @@ std::size_t Elements::bucketOf(const Guid& guid) const {
     return bucket;
 }
 
-void Elements::grow() {
-    constexpr std::size_t Smallest = 64;
-    buckets.assign(std::max(Smallest, 2 * buckets.size()), Free);
-    for (Element element = 0; element < guids.size(); ++element) buckets[bucketOf(guids[element])] = element;
-}
-
 std::optional<Element> Elements::find(const Guid& guid) const {
-    if (buckets.empty()) return std::nullopt;
     const Element element = buckets[bucketOf(guid)];
     return element == Free ? std::nullopt : std::optional<Element>(element);
 }

@@ -23,7 +23,6 @@ public:
 private:
     void add(step::Slot slot, const Guid& guid);
     std::size_t bucketOf(const Guid& guid) const;
-    void grow();
 
     std::vector<step::Slot> slots;
     std::vector<Guid> guids;

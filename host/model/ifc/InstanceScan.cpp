@@ -1,5 +1,7 @@
 #include "model/ifc/InstanceScan.hpp"
 
+#include <algorithm>
+
 namespace model::ifc {
 
 namespace {
@@ -60,10 +62,8 @@ std::size_t skipArgument(std::string_view text, std::size_t at) {
 
 std::string_view leadingString(std::string_view text, int place) {
     std::size_t at = 0;
-    while (at < text.size() && text[at] != '(') {
-        const std::size_t next = skipBlanks(text, at);
-        at = next == at ? at + 1 : next;
-    }
+    // Only a comment can hold a parenthesis that is none.
+    while (at < text.size() && text[at] != '(') at = text[at] == '/' ? std::max(at + 1, skipBlanks(text, at)) : at + 1;
     ++at;
     for (int i = 0; i < place && at < text.size(); ++i) at = skipArgument(text, at);
     if (at >= text.size()) return {};

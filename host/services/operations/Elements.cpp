@@ -10,7 +10,7 @@ namespace {
 GSErrCode fillHeader(API_Elem_Head& header) {
     model::Element element{};
     if (const GSErrCode unknown = findElement(header.guid, element); unknown != NoError) return unknown;
-    header.typeID = session().model->info(element).typeId;
+    header.typeID = session().model->typeId(element);
     return NoError;
 }
 

@@ -29,7 +29,7 @@ template <class Data, class Record>
 model::Status convert(const model::Result<std::vector<Data>>& data, GS::Array<Record>& records) {
     if (!data) return data.error();
     records.SetCapacity(static_cast<USize>(data->size()));
-    for (const Data& item : *data) records.Push(toRecord(item));
+    for (const Data& item : *data) records.PushMade([&] { return toRecord(item); });
     return {};
 }
 
@@ -67,7 +67,7 @@ GSErrCode Element_GetIFCProperties(void*, const API_Guid& guid, bool storedOnly,
     return handOut(guid, properties, [&](const model::Model& model, model::Element element, auto& records) {
         records.SetCapacity(ExpectedProperties);
         model.visitProperties(element, [&](const model::PropertyView& property) {
-            if (!storedOnly || !property.inherited) records.Push(toRecord(property));
+            if (!storedOnly || !property.inherited) records.PushMade([&] { return toRecord(property); });
         });
         return model::Status{};
     });

@@ -23,7 +23,7 @@ API_Neig neigOf(const API_Guid& guid) {
     API_Neig neig{};
     model::Element element{};
     if (findElement(guid, element) != NoError) return neig;
-    const std::optional<NeigPart> part = neigOfType(session().model->info(element).typeId);
+    const std::optional<NeigPart> part = neigOfType(session().model->typeId(element));
     if (!part) return neig;
     neig.neigID = part->id;
     neig.guid = guid;
