@@ -22,6 +22,12 @@ TEST_F(LookupCommand, TakesGlobalIdsAndPrintsGuids) {
     EXPECT_EQ(rows[1], Json({"Type", "Door"}));
 }
 
+TEST_F(LookupCommand, TakesGuidsInBraces) {
+    const Json rows = json({"lookup", "house.ifc", "{" + std::string(DoorGuid) + "}"})["rows"];
+    EXPECT_EQ(rows[0], Json({"GUID", DoorGuid}));
+    EXPECT_EQ(rows[1], Json({"Type", "Door"}));
+}
+
 TEST_F(LookupCommand, AppendsTheRowsOfSeveralElements) {
     const Json rows = json({"lookup", "house.ifc", WallGuid, DoorGuid})["rows"];
     EXPECT_EQ(std::count(rows.begin(), rows.end(), Json({"Type", "Wall"})), 1);

@@ -15,14 +15,16 @@ namespace {
 
 constexpr Int32 LookupMenuItem = 2;
 
-/// The dialog takes 36 characters only.
-std::vector<std::string> inLongForm(const std::vector<std::string>& guids) {
-    std::vector<std::string> result;
-    for (const std::string& guid : guids) {
-        const auto fromGlobalId = model::fromGlobalId(guid);
-        result.push_back(fromGlobalId ? guidText(*fromGlobalId) : guid);
-    }
-    return result;
+/// The dialog takes 36 characters only. Some programs put braces around them.
+std::string inLongForm(const std::string& guid) {
+    if (const auto fromGlobalId = model::fromGlobalId(guid)) return guidText(*fromGlobalId);
+    const bool inBraces = guid.size() > 2 && guid.front() == '{' && guid.back() == '}';
+    return inBraces ? guid.substr(1, guid.size() - 2) : guid;
+}
+
+std::vector<std::string> inLongForm(std::vector<std::string> guids) {
+    for (std::string& guid : guids) guid = inLongForm(guid);
+    return guids;
 }
 
 std::string asTable(const LookupUser& user, const Terminal& terminal) {
