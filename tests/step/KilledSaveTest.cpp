@@ -93,7 +93,7 @@ TEST(KilledSave, LeavesOneWholeVersion) {
     std::vector<std::string> versions;
     for (char digit = '0'; digit <= '9'; ++digit) versions.push_back(version(digit));
     const auto path = folder.write("house.ifc", versions[0]);
-    const Clock::duration save = durationOfASave(path);
+    std::chrono::duration<double> save = durationOfASave(path);
     std::mt19937 random(20240229);
     std::uniform_real_distribution<double> part(0.0, 1.5);
     int replaced = 0;
@@ -106,7 +106,10 @@ TEST(KilledSave, LeavesOneWholeVersion) {
         program.kill();
         const std::string after = bytesOf(path);
         ASSERT_NE(std::find(versions.begin(), versions.end(), after), versions.end()) << "kill " << kill;
-        ++(after == before ? untouched : replaced);
+        const bool tooEarly = after == before;
+        ++(tooEarly ? untouched : replaced);
+        // Other programs may be slowing this one down more than when it was measured, or less.
+        save *= tooEarly ? 1.25 : 0.8;
     }
     // Otherwise the kills came too early or too late to try anything.
     EXPECT_GT(replaced, 0);
