@@ -96,7 +96,7 @@ TEST_F(SafeSaving, KilledAtAnyMomentLeavesOneWholeVersion) {
     std::string after = before;
     after.replace(after.find("'F 90'"), 6, "'F 60'");
     write("house.ifc", before);
-    const Clock::duration whole = runAndKill(folder.path(), std::chrono::seconds(60));
+    std::chrono::duration<double> whole = runAndKill(folder.path(), std::chrono::seconds(60));
     ASSERT_TRUE(bytes("house.ifc") == after);
     constexpr int Kills = 40;
     std::mt19937 random(7);
@@ -108,6 +108,8 @@ TEST_F(SafeSaving, KilledAtAnyMomentLeavesOneWholeVersion) {
         const std::string now = bytes("house.ifc");
         ASSERT_TRUE(now == before || now == after) << "kill " << kill << ", " << now.size() << " bytes";
         replaced += now == after ? 1 : 0;
+        // Other programs may be slowing this one down more than when it was measured, or less.
+        whole *= now == after ? 0.95 : 1.05;
     }
     // Otherwise the kills came too early or too late to try anything.
     EXPECT_GT(replaced, 0);
