@@ -93,9 +93,10 @@ struct OpenOptions {
 
 struct SaveOptions {
     Progress progress;
-    bool force = false;  ///< Even over a file that another program changed since: ErrorKind::ChangedSince otherwise.
-    bool moveLock =
-        false;  ///< From here on the saved file is the one worked on, and locked in place of the one opened.
+    /// Even over a file that another program changed since: ErrorKind::ChangedSince otherwise.
+    bool force = false;
+    /// From here on the saved file is the one worked on, and locked in place of the one opened.
+    bool moveLock = false;
 };
 
 struct Point {

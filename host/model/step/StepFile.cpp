@@ -24,9 +24,6 @@ const std::vector<Remark>& StepFile::remarks() const {
 std::uint64_t StepFile::byteCount() const {
     return content->bytes.size;
 }
-bool StepFile::readOnlyBecauseLocked() const {
-    return !content->lockedBy.empty();
-}
 const std::string& StepFile::lockHolder() const {
     return content->lockedBy;
 }

@@ -65,12 +65,11 @@ public:
     const std::vector<std::string>& schemaNames() const;  ///< FILE_SCHEMA, decoded, as written.
     const std::vector<Remark>& remarks() const;
     std::uint64_t byteCount() const;
-    /// Another program has the file open for editing: it can be saved under other names only.
-    bool readOnlyBecauseLocked() const;
+    /// The program that has the file open for editing, so that it can be saved under other names only; for a person:
+    /// "modelhost (process 1234)". Empty where there is none.
+    const std::string& lockHolder() const;
     /// Takes the lock of OpenOptions::lock now, or learns who has it.
     void takeLock();
-    /// That program, for a person: "modelhost (process 1234)". Empty where there is none.
-    const std::string& lockHolder() const;
 
     // --- Instances as they are now. NoSlot may be asked about: it is not present and has no id, keyword and text. ---
     std::size_t instanceCount() const;  ///< Places, absent ones included.
