@@ -19,30 +19,30 @@ std::string opening(const std::filesystem::path& path) {
 }  // namespace
 
 Session::Session(const CommonOptions& commonOptions, std::filesystem::path modelPath, Access access)
-    : options(commonOptions), path(std::move(modelPath)) {
-    theHost.setReportSink([](const host::ReportLine& line) { say(line.text); });
+    : options_(commonOptions), path_(std::move(modelPath)) {
+    theHost_.setReportSink([](const host::ReportLine& line) { say(line.text); });
     {
-        ProgressLine progress(opening(path));
-        throwUnlessDone(theHost.openModel(path, {progress.callback(), access == Access::Editing}));
+        ProgressLine progress(opening(path_));
+        throwUnlessDone(theHost_.openModel(path_, {progress.callback(), access == Access::Editing}));
     }
     for (const std::string& remark : model().remarks()) say(remark);
-    if (options.debug) frontend::setDebugSink([](const char* text) { std::fputs(text, stderr); });
+    if (options_.debug) frontend::setDebugSink([](const char* text) { std::fputs(text, stderr); });
 }
 
 Session::~Session() {
-    theHost.unloadAddOn();
+    theHost_.unloadAddOn();
     frontend::setDebugSink({});
 }
 
 void Session::loadAddOn() {
-    throwUnlessDone(theHost.loadAddOn(options.addOn.empty() ? host::defaultBundle() : options.addOn));
+    throwUnlessDone(theHost_.loadAddOn(options_.addOn.empty() ? host::defaultBundle() : options_.addOn));
 }
 
 void Session::runMenuCommand(Int32 item, frontend::View& view) {
-    const auto place = findMenuItem(theHost, item);
-    if (!place) throw Failure(noSuchMenuItem(theHost, item));
+    const auto place = findMenuItem(theHost_, item);
+    if (!place) throw Failure(noSuchMenuItem(theHost_, item));
     const ViewInCharge inCharge(view);
-    const GSErrCode error = theHost.pickMenuItem(place->menu, place->item);
+    const GSErrCode error = theHost_.pickMenuItem(place->menu, place->item);
     if (error != NoError)
         throw Failure(fmt::format("the add-on's menu item {} ended with error 0x{:08X}; nothing was saved", item,
                                   static_cast<UInt32>(error)));
@@ -53,7 +53,7 @@ void Session::save(const std::filesystem::path& target) {
     model::Status status;
     {
         ProgressLine progress(fmt::format("Saving {}", target.filename().string()));
-        status = theHost.save(target, {InterruptGuard::cancelling(progress.callback()), options.force});
+        status = theHost_.save(target, {InterruptGuard::cancelling(progress.callback()), options_.force});
     }
     if (!status && InterruptGuard::interrupted()) {
         say(fmt::format("interrupted; {} was not written", target.string()));
@@ -66,7 +66,7 @@ void Session::save(const std::filesystem::path& target) {
 
 std::vector<std::string> Session::reportTexts() const {
     std::vector<std::string> texts;
-    for (const host::ReportLine& line : theHost.report()) texts.push_back(wellFormed(line.text));
+    for (const host::ReportLine& line : theHost_.report()) texts.push_back(wellFormed(line.text));
     return texts;
 }
 

@@ -24,9 +24,9 @@ public:
     Session(const CommonOptions& options, std::filesystem::path modelPath, Access access);
     ~Session();
 
-    const std::filesystem::path& modelPath() const { return path; }
-    model::Model& model() { return *theHost.model(); }
-    host::Host& host() { return theHost; }
+    const std::filesystem::path& modelPath() const { return path_; }
+    model::Model& model() { return *theHost_.model(); }
+    host::Host& host() { return theHost_; }
 
     /// Throws Failure.
     void loadAddOn();
@@ -42,21 +42,21 @@ public:
     std::vector<std::string> reportTexts() const;
 
 private:
-    CommonOptions options;
-    std::filesystem::path path;
-    host::Host theHost;
+    CommonOptions options_;
+    std::filesystem::path path_;
+    host::Host theHost_;
 };
 
 /// Puts a view in charge for as long as it lives.
 class ViewInCharge {
 public:
-    explicit ViewInCharge(frontend::View& view) : previous(frontend::setView(&view)) {}
-    ~ViewInCharge() { frontend::setView(previous); }
+    explicit ViewInCharge(frontend::View& view) : previous_(frontend::setView(&view)) {}
+    ~ViewInCharge() { frontend::setView(previous_); }
     ViewInCharge(const ViewInCharge&) = delete;
     ViewInCharge& operator=(const ViewInCharge&) = delete;
 
 private:
-    frontend::View* previous;
+    frontend::View* previous_;
 };
 
 /// A menu item's place among all items of the add-on's menus.

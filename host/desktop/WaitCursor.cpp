@@ -16,13 +16,13 @@ WaitCursor::~WaitCursor() {
     if (--depth == 0) QGuiApplication::restoreOverrideCursor();
 }
 
-WaitCursor::Pause::Pause() : held(std::exchange(depth, 0)) {
-    if (held) QGuiApplication::restoreOverrideCursor();
+WaitCursor::Pause::Pause() : held_(std::exchange(depth, 0)) {
+    if (held_) QGuiApplication::restoreOverrideCursor();
 }
 
 WaitCursor::Pause::~Pause() {
-    depth = held;
-    if (held) QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    depth = held_;
+    if (held_) QGuiApplication::setOverrideCursor(Qt::WaitCursor);
 }
 
 }  // namespace desktop

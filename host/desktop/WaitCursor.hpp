@@ -19,7 +19,7 @@ public:
         Pause& operator=(const Pause&) = delete;
 
     private:
-        int held;
+        int held_;
     };
 
 private:

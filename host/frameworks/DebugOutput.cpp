@@ -37,38 +37,38 @@ bool isOneOf(char letter, std::string_view letters) {
 
 class ConversionParser {
 public:
-    explicit ConversionParser(std::string_view text) : source(text) {}
+    explicit ConversionParser(std::string_view text) : source_(text) {}
 
     Conversion parse() {
         Conversion result;
-        at = 1;
-        for (; peekedIn("-+ #0"); ++at)
+        at_ = 1;
+        for (; peekedIn("-+ #0"); ++at_)
             if (!peekedIn(result.flags)) result.flags += peek();
         result.width = parseNumber();
         if (peek() == '.') {
-            ++at;
+            ++at_;
             result.precision = std::max(parseNumber(), 0);
         }
-        for (; peekedIn("hljztLq"); ++at) result.isLong = result.isLong || peek() != 'h';
-        if (peekedIn("diuxXocsfFeEgGaAp")) result.letter = source[at++];
-        result.source = source.substr(0, at);
+        for (; peekedIn("hljztLq"); ++at_) result.isLong = result.isLong || peek() != 'h';
+        if (peekedIn("diuxXocsfFeEgGaAp")) result.letter = source_[at_++];
+        result.source = source_.substr(0, at_);
         return result;
     }
 
 private:
-    char peek() const { return at < source.size() ? source[at] : '\0'; }
+    char peek() const { return at_ < source_.size() ? source_[at_] : '\0'; }
     bool peekedIn(std::string_view letters) const { return isOneOf(peek(), letters); }
 
     /// @return -1 where no digit stands.
     int parseNumber() {
         int number = -1;
-        for (; peek() >= '0' && peek() <= '9'; ++at)
+        for (; peek() >= '0' && peek() <= '9'; ++at_)
             number = std::min(std::max(number, 0) * 10 + (peek() - '0'), 1 << 20);
         return number;
     }
 
-    std::string_view source;
-    std::size_t at = 0;
+    std::string_view source_;
+    std::size_t at_ = 0;
 };
 
 /// Whether the C library defines what a flag does to a conversion.

@@ -38,13 +38,13 @@ public:
 /// Sets a flag for as long as it lives.
 class Raised {
 public:
-    explicit Raised(bool& raised) : flag(raised) { flag = true; }
+    explicit Raised(bool& raised) : flag_(raised) { flag_ = true; }
     Raised(const Raised&) = delete;
     Raised& operator=(const Raised&) = delete;
-    ~Raised() { flag = false; }
+    ~Raised() { flag_ = false; }
 
 private:
-    bool& flag;
+    bool& flag_;
 };
 
 DGMessageData resizeData(int horizontal, int vertical) {
@@ -66,7 +66,7 @@ const std::vector<Dialog*>& openDialogs() {
 }
 
 const Item* Dialog::item(Int16 number) const {
-    return itemNumbered(allItems, number);
+    return itemNumbered(allItems_, number);
 }
 
 const List* Dialog::list(Int16 number) const {
@@ -88,22 +88,22 @@ bool Dialog::clickRow(Int16 number, Int16 row, Int16 x) {
 }
 
 bool Dialog::typeText(Int16 number, const GS::UniString& text) {
-    Item* const target = itemNumbered(allItems, number);
+    Item* const target = itemNumbered(allItems_, number);
     if (!DialogAccess::takesActions(*this) || target == nullptr || target->kind != ItemKind::EditText) return false;
     target->text = text;
     return true;
 }
 
 bool Dialog::resize(int horizontal, int vertical) {
-    if (!DialogAccess::takesActions(*this) || !canGrow) return false;
+    if (!DialogAccess::takesActions(*this) || !canGrow_) return false;
     const auto grown = [](int size, int growth, int least) {
         return static_cast<int>(std::clamp<Int64>(Int64{size} + growth, least, MostSize));
     };
-    const int width = grown(currentWidth, horizontal, leastWidth);
-    const int height = grown(currentHeight, vertical, leastHeight);
-    const DGMessageData growth = resizeData(width - currentWidth, height - currentHeight);
-    currentWidth = width;
-    currentHeight = height;
+    const int width = grown(currentWidth_, horizontal, leastWidth_);
+    const int height = grown(currentHeight_, vertical, leastHeight_);
+    const DGMessageData growth = resizeData(width - currentWidth_, height - currentHeight_);
+    currentWidth_ = width;
+    currentHeight_ = height;
     if (growth != 0) DialogAccess::deliver(*this, DG_MSG_RESIZE, 0, growth);
     return true;
 }
@@ -111,19 +111,19 @@ bool Dialog::resize(int horizontal, int vertical) {
 Dialog DialogAccess::create(const frameworks::DialogDefinition& definition, Int16 resourceId, DGDialogHandler handler,
                             DGUserData userData) {
     Dialog dialog;
-    dialog.dialogId = nextDialogId();
-    dialog.resource = resourceId;
-    dialog.titleText = definition.title;
-    dialog.currentWidth = definition.width;
-    dialog.currentHeight = definition.height;
-    dialog.leastWidth = definition.minimumWidth;
-    dialog.leastHeight = definition.minimumHeight;
-    dialog.canGrow = definition.growable;
-    dialog.handler = handler;
-    dialog.userData = userData;
+    dialog.dialogId_ = nextDialogId();
+    dialog.resource_ = resourceId;
+    dialog.titleText_ = definition.title;
+    dialog.currentWidth_ = definition.width;
+    dialog.currentHeight_ = definition.height;
+    dialog.leastWidth_ = definition.minimumWidth;
+    dialog.leastHeight_ = definition.minimumHeight;
+    dialog.canGrow_ = definition.growable;
+    dialog.handler_ = handler;
+    dialog.userData_ = userData;
     for (const auto& [number, item] : definition.items) {
         auto list = item.kind == ItemKind::List ? std::make_unique<List>() : nullptr;
-        dialog.allItems.push_back({number, item.kind, item.rect, item.text, std::move(list)});
+        dialog.allItems_.push_back({number, item.kind, item.rect, item.text, std::move(list)});
     }
     return dialog;
 }
@@ -131,15 +131,15 @@ Dialog DialogAccess::create(const frameworks::DialogDefinition& definition, Int1
 Int16 DialogAccess::run(Dialog& dialog) {
     const OpenDialog open(dialog);
     deliver(dialog, DG_MSG_INIT, 0, 0);
-    if (View* const view = currentView(); view != nullptr && !dialog.hasEnded) {
-        dialog.isShown = true;
+    if (View* const view = currentView(); view != nullptr && !dialog.hasEnded_) {
+        dialog.isShown_ = true;
         view->runModal(dialog);
-        dialog.isShown = false;
+        dialog.isShown_ = false;
     }
-    if (!dialog.hasEnded) dialog.pressEscape();
-    dialog.hasEnded = true;
+    if (!dialog.hasEnded_) dialog.pressEscape();
+    dialog.hasEnded_ = true;
     deliver(dialog, DG_MSG_CLOSE, 0, 0);
-    return dialog.endResult;
+    return dialog.endResult_;
 }
 
 Dialog* DialogAccess::find(Int16 dialogId) {
@@ -150,7 +150,7 @@ Dialog* DialogAccess::find(Int16 dialogId) {
 }
 
 Item* DialogAccess::item(Dialog& dialog, Int16 number) {
-    return itemNumbered(dialog.allItems, number);
+    return itemNumbered(dialog.allItems_, number);
 }
 
 List* DialogAccess::list(Dialog& dialog, Int16 number) {
@@ -159,15 +159,15 @@ List* DialogAccess::list(Dialog& dialog, Int16 number) {
 }
 
 Int16 DialogAccess::deliver(Dialog& dialog, Int16 message, Int16 item, DGMessageData data) {
-    if (dialog.handlerGone) return 0;
+    if (dialog.handlerGone_) return 0;
     Int16 answer = 0;
-    auto call = [&] { answer = dialog.handler(message, dialog.dialogId, item, dialog.userData, data); };
+    auto call = [&] { answer = dialog.handler_(message, dialog.dialogId_, item, dialog.userData_, data); };
     {
-        const Raised atWork(dialog.inMessage);
-        dialog.handlerGone = !callAddOn(call);
+        const Raised atWork(dialog.inMessage_);
+        dialog.handlerGone_ = !callAddOn(call);
     }
-    if (dialog.handlerGone) {
-        dialog.hasEnded = true;
+    if (dialog.handlerGone_) {
+        dialog.hasEnded_ = true;
         answer = 0;
     }
     // A handler that forgot DGEndMoveGrowItems must not leave the view blind to everything that follows.
@@ -177,22 +177,22 @@ Int16 DialogAccess::deliver(Dialog& dialog, Int16 message, Int16 item, DGMessage
 
 bool DialogAccess::click(Dialog& dialog, Int16 item, DGMessageData data) {
     if (!takesActions(dialog)) return false;
-    dialog.endResult = deliver(dialog, DG_MSG_CLICK, item, data);
-    dialog.hasEnded = dialog.hasEnded || dialog.endResult != 0;
+    dialog.endResult_ = deliver(dialog, DG_MSG_CLICK, item, data);
+    dialog.hasEnded_ = dialog.hasEnded_ || dialog.endResult_ != 0;
     return true;
 }
 
 bool DialogAccess::endMoving(Dialog& dialog) {
-    if (!dialog.moving) return false;
-    dialog.moving = false;
+    if (!dialog.moving_) return false;
+    dialog.moving_ = false;
     changed(dialog, 0);
     return true;
 }
 
 void DialogAccess::changed(Dialog& dialog, Int16 item) {
-    if (!dialog.isShown || dialog.moving) return;
+    if (!dialog.isShown_ || dialog.moving_) return;
     const List* const itsList = list(dialog, item);
-    if (itsList != nullptr && !itsList->drawing) return;
+    if (itsList != nullptr && !itsList->drawing_) return;
     if (View* const view = currentView()) view->changed(dialog, item);
 }
 

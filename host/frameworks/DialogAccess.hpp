@@ -37,7 +37,7 @@ struct DialogAccess {
     static bool setTabFieldCount(List& list, Int16 count);
     static bool setHeaderItemCount(List& list, Int16 count);
     static void setHeaderFlags(List& list, bool visible, bool movable, bool sortable);
-    static void setDrawing(List& list, bool enabled) { list.drawing = enabled; }
+    static void setDrawing(List& list, bool enabled) { list.drawing_ = enabled; }
 
     // --- Dialogs ---
     static Dialog create(const frameworks::DialogDefinition& definition, Int16 resourceId, DGDialogHandler handler,
@@ -48,11 +48,11 @@ struct DialogAccess {
     static Dialog* find(Int16 dialogId);
     static Item* item(Dialog& dialog, Int16 number);
     static List* list(Dialog& dialog, Int16 number);
-    static bool takesActions(const Dialog& dialog) { return !dialog.hasEnded && !dialog.inMessage; }
+    static bool takesActions(const Dialog& dialog) { return !dialog.hasEnded_ && !dialog.inMessage_; }
     static Int16 deliver(Dialog& dialog, Int16 message, Int16 item, DGMessageData data);
     static bool click(Dialog& dialog, Int16 item, DGMessageData data);
 
-    static void beginMoving(Dialog& dialog) { dialog.moving = true; }
+    static void beginMoving(Dialog& dialog) { dialog.moving_ = true; }
     /// @return false where nothing was begun.
     static bool endMoving(Dialog& dialog);
     /// Tells the view, now or when a pause in drawing ends.

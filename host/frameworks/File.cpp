@@ -31,7 +31,7 @@ bool isFolder(int descriptor) {
 
 }  // namespace
 
-File::File(const Location& place, OnNotFound) : location(place) {}
+File::File(const Location& place, OnNotFound) : location_(place) {}
 
 File::~File() {
     Close();
@@ -39,8 +39,8 @@ File::~File() {
 
 GSErrCode File::Open(OpenMode, OnAccessDenied) {
     Close();
-    if (location.GetStatus() != Location::StatusOK) return ErrNotFound;
-    const std::string path = frameworks::nativePath(location.GetPath().ToCStr());
+    if (location_.GetStatus() != Location::StatusOK) return ErrNotFound;
+    const std::string path = frameworks::nativePath(location_.GetPath().ToCStr());
     const int opened = retried([&path] { return open(path.c_str(), O_RDONLY | O_CLOEXEC); });
     if (opened < 0) return errno == ENOENT || errno == ENOTDIR ? ErrNotFound : ErrAccessDenied;
     if (isFolder(opened)) {
@@ -48,30 +48,30 @@ GSErrCode File::Open(OpenMode, OnAccessDenied) {
         close(opened);
         return ErrAccessDenied;
     }
-    descriptor = opened;
-    buffer = new char[BufferSize];
-    begin = end = 0;
+    descriptor_ = opened;
+    buffer_ = new char[BufferSize];
+    begin_ = end_ = 0;
     return NoError;
 }
 
 GSErrCode File::ReadBin(char* target, USize count, USize* readCount) {
     if (readCount != nullptr) *readCount = 0;
-    if (descriptor < 0) return ErrNotOpen;
+    if (descriptor_ < 0) return ErrNotOpen;
     USize done = 0;
     GSErrCode result = NoError;
     while (done < count) {
-        if (begin == end) {
-            const ssize_t got = retried([this] { return read(descriptor, buffer, BufferSize); });
-            begin = 0;
-            end = got > 0 ? static_cast<USize>(got) : 0;
+        if (begin_ == end_) {
+            const ssize_t got = retried([this] { return read(descriptor_, buffer_, BufferSize); });
+            begin_ = 0;
+            end_ = got > 0 ? static_cast<USize>(got) : 0;
             if (got <= 0) {
                 result = got == 0 ? ErrEndOfFile : ErrRead;
                 break;
             }
         }
-        const USize part = std::min(count - done, end - begin);
-        std::memcpy(target + done, buffer + begin, part);
-        begin += part;
+        const USize part = std::min(count - done, end_ - begin_);
+        std::memcpy(target + done, buffer_ + begin_, part);
+        begin_ += part;
         done += part;
     }
     if (readCount != nullptr) *readCount = done;
@@ -79,11 +79,11 @@ GSErrCode File::ReadBin(char* target, USize count, USize* readCount) {
 }
 
 GSErrCode File::Close() {
-    if (descriptor < 0) return ErrNotOpen;
-    close(descriptor);  // Nothing was written, so its result says nothing that matters.
-    descriptor = -1;
-    delete[] buffer;
-    buffer = nullptr;
+    if (descriptor_ < 0) return ErrNotOpen;
+    close(descriptor_);  // Nothing was written, so its result says nothing that matters.
+    descriptor_ = -1;
+    delete[] buffer_;
+    buffer_ = nullptr;
     return NoError;
 }
 

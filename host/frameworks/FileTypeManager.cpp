@@ -24,13 +24,13 @@ struct FileTypeManager::Types {
 // files apart.
 FileType::FileType(const char* text, const char* fileExtension, UInt32, UInt32, Int32, ContentDetector, const char*,
                    bool)
-    : description(text), extension(fileExtension) {}
+    : description_(text), extension_(fileExtension) {}
 
-FileTypeManager::FileTypeManager(const char*) : types(new Types) {}
+FileTypeManager::FileTypeManager(const char*) : types_(new Types) {}
 
 FileTypeManager::~FileTypeManager() {
-    for (const TypeID type : types->owned) registry().erase(type);
-    delete types;
+    for (const TypeID type : types_->owned) registry().erase(type);
+    delete types_;
 }
 
 TypeID FileTypeManager::AddType(const FileType& type, UInt32 group) {
@@ -38,12 +38,12 @@ TypeID FileTypeManager::AddType(const FileType& type, UInt32 group) {
     static TypeID last = 0;
     ++last;
     registry().emplace(last, type);
-    types->owned.insert(last);
+    types_->owned.insert(last);
     return last;
 }
 
 GSErrCode FileTypeManager::RemoveType(TypeID type) {
-    if (types->owned.erase(type) == 0) return ErrUnknownType;
+    if (types_->owned.erase(type) == 0) return ErrUnknownType;
     registry().erase(type);
     return NoError;
 }

@@ -48,21 +48,21 @@ struct Color {
 /// A list's content. Rows and fields are numbered from 1 in every call.
 class HOST_API List {
 public:
-    Int16 rowCount() const { return static_cast<Int16>(rows.size()); }
+    Int16 rowCount() const { return static_cast<Int16>(rows_.size()); }
     GS::UniString cell(Int16 row, Int16 field) const;  ///< Empty for an unknown row or field.
     GS::UniString rowText(Int16 row) const;            ///< The cells joined by TABs.
     Int16 status(Int16 row) const;
     std::optional<Color> color(Int16 row) const;
 
-    const std::vector<TabField>& tabFields() const { return fields; }
-    const std::vector<HeaderItem>& header() const { return headerItems; }
-    bool headerVisible() const { return visibleHeader; }
-    bool headerMovable() const { return movableHeader; }
-    bool headerSortable() const { return sortableHeader; }
+    const std::vector<TabField>& tabFields() const { return fields_; }
+    const std::vector<HeaderItem>& header() const { return headerItems_; }
+    bool headerVisible() const { return visibleHeader_; }
+    bool headerMovable() const { return movableHeader_; }
+    bool headerSortable() const { return sortableHeader_; }
 
     /// How many insertions the full list has refused.
-    std::uint64_t rowsLost() const { return lost; }
-    bool drawingEnabled() const { return drawing; }
+    std::uint64_t rowsLost() const { return lost_; }
+    bool drawingEnabled() const { return drawing_; }
 
 private:
     friend struct DialogAccess;
@@ -71,13 +71,13 @@ private:
         Int16 status = 0;
         std::optional<Color> color;
     };
-    std::vector<Row> rows;
-    std::vector<TabField> fields;
-    std::vector<HeaderItem> headerItems;
-    std::uint64_t lost = 0;
-    bool lastInsertionLost = false;
-    bool visibleHeader = false, movableHeader = false, sortableHeader = false;
-    bool drawing = true;
+    std::vector<Row> rows_;
+    std::vector<TabField> fields_;
+    std::vector<HeaderItem> headerItems_;
+    std::uint64_t lost_ = 0;
+    bool lastInsertionLost_ = false;
+    bool visibleHeader_ = false, movableHeader_ = false, sortableHeader_ = false;
+    bool drawing_ = true;
 };
 
 struct Item {
@@ -91,23 +91,23 @@ struct Item {
 /// An open modal dialog. Lives from before DG_MSG_INIT until DGModalDialog returns.
 class HOST_API Dialog {
 public:
-    Int16 id() const { return dialogId; }
-    Int16 resourceId() const { return resource; }
-    const GS::UniString& title() const { return titleText; }
-    int width() const { return currentWidth; }
-    int height() const { return currentHeight; }
-    bool growable() const { return canGrow; }
-    int minimumWidth() const { return leastWidth; }
-    int minimumHeight() const { return leastHeight; }
+    Int16 id() const { return dialogId_; }
+    Int16 resourceId() const { return resource_; }
+    const GS::UniString& title() const { return titleText_; }
+    int width() const { return currentWidth_; }
+    int height() const { return currentHeight_; }
+    bool growable() const { return canGrow_; }
+    int minimumWidth() const { return leastWidth_; }
+    int minimumHeight() const { return leastHeight_; }
 
     /// In order of their numbers.
-    const std::vector<Item>& items() const { return allItems; }
+    const std::vector<Item>& items() const { return allItems_; }
     const Item* item(Int16 number) const;
     const List* list(Int16 number) const;
 
     /// True once the handler ended the dialog; no further action has an effect.
-    bool ended() const { return hasEnded; }
-    Int16 result() const { return endResult; }
+    bool ended() const { return hasEnded_; }
+    Int16 result() const { return endResult_; }
 
     // The user's actions. Each returns false, and does nothing, where the dialog has ended, where its handler is at
     // work on a message (a dialog that it opened is in front then) or where the item is not of the kind that takes the
@@ -126,19 +126,19 @@ public:
 
 private:
     friend struct DialogAccess;
-    Int16 dialogId = 0, resource = 0;
-    GS::UniString titleText;
-    int currentWidth = 0, currentHeight = 0, leastWidth = 0, leastHeight = 0;
-    bool canGrow = false;
-    std::vector<Item> allItems;
-    DGDialogHandler handler = nullptr;
-    DGUserData userData = 0;
-    bool isShown = false;      ///< A view knows of it.
-    bool inMessage = false;    ///< The handler is at work.
-    bool handlerGone = false;  ///< It did not come to the end of a message.
-    bool moving = false;       ///< Between DGBeginMoveGrowItems and its end.
-    bool hasEnded = false;
-    Int16 endResult = 0;
+    Int16 dialogId_ = 0, resource_ = 0;
+    GS::UniString titleText_;
+    int currentWidth_ = 0, currentHeight_ = 0, leastWidth_ = 0, leastHeight_ = 0;
+    bool canGrow_ = false;
+    std::vector<Item> allItems_;
+    DGDialogHandler handler_ = nullptr;
+    DGUserData userData_ = 0;
+    bool isShown_ = false;      ///< A view knows of it.
+    bool inMessage_ = false;    ///< The handler is at work.
+    bool handlerGone_ = false;  ///< It did not come to the end of a message.
+    bool moving_ = false;       ///< Between DGBeginMoveGrowItems and its end.
+    bool hasEnded_ = false;
+    Int16 endResult_ = 0;
 };
 
 struct FileFilter {

@@ -2,7 +2,7 @@
 
 namespace GS {
 
-GSException::GSException(const UniString& text) : message(text) {}
+GSException::GSException(const UniString& text) : message_(text) {}
 GSException::GSException(const GSException&) = default;
 GSException& GSException::operator=(const GSException&) = default;
 GSException::~GSException() = default;

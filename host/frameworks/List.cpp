@@ -26,25 +26,25 @@ std::optional<Color> List::color(Int16 row) const {
 }
 
 DialogAccess::Row* DialogAccess::row(List& list, Int16 number) {
-    if (number == DG_LIST_BOTTOM && !list.lastInsertionLost) number = list.rowCount();
+    if (number == DG_LIST_BOTTOM && !list.lastInsertionLost_) number = list.rowCount();
     if (number < 1 || number > list.rowCount()) return nullptr;
-    return &list.rows[static_cast<std::size_t>(number) - 1];
+    return &list.rows_[static_cast<std::size_t>(number) - 1];
 }
 
 GSErrCode DialogAccess::insertRow(List& list, Int16 position) {
     const bool atEnd = position == DG_LIST_BOTTOM;
     if (!atEnd && (position < 1 || position > list.rowCount())) return DG_ERR_BADPARS;
-    list.lastInsertionLost = list.rowCount() == DG_LIST_MAX_ROWS;
-    if (list.lastInsertionLost) {
-        ++list.lost;
+    list.lastInsertionLost_ = list.rowCount() == DG_LIST_MAX_ROWS;
+    if (list.lastInsertionLost_) {
+        ++list.lost_;
         return DG_ERR_LISTFULL;
     }
-    list.rows.emplace(atEnd ? list.rows.end() : list.rows.begin() + (position - 1));
+    list.rows_.emplace(atEnd ? list.rows_.end() : list.rows_.begin() + (position - 1));
     return NoError;
 }
 
 bool DialogAccess::knowsField(const List& list, Int16 field) {
-    const Int16 most = list.fields.empty() ? MostFields : static_cast<Int16>(list.fields.size());
+    const Int16 most = list.fields_.empty() ? MostFields : static_cast<Int16>(list.fields_.size());
     return field >= 1 && field <= most;
 }
 
@@ -66,25 +66,25 @@ bool setCount(std::vector<Entry>& entries, Int16 count) {
 }  // namespace
 
 TabField* DialogAccess::tabField(List& list, Int16 number) {
-    return numbered(list.fields, number);
+    return numbered(list.fields_, number);
 }
 
 HeaderItem* DialogAccess::headerItem(List& list, Int16 number) {
-    return numbered(list.headerItems, number);
+    return numbered(list.headerItems_, number);
 }
 
 bool DialogAccess::setTabFieldCount(List& list, Int16 count) {
-    return setCount(list.fields, count);
+    return setCount(list.fields_, count);
 }
 
 bool DialogAccess::setHeaderItemCount(List& list, Int16 count) {
-    return setCount(list.headerItems, count);
+    return setCount(list.headerItems_, count);
 }
 
 void DialogAccess::setHeaderFlags(List& list, bool visible, bool movable, bool sortable) {
-    list.visibleHeader = visible;
-    list.movableHeader = movable;
-    list.sortableHeader = sortable;
+    list.visibleHeader_ = visible;
+    list.movableHeader_ = movable;
+    list.sortableHeader_ = sortable;
 }
 
 }  // namespace frontend

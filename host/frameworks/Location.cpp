@@ -3,7 +3,7 @@
 namespace IO {
 
 GSErrCode Location::ToDisplayText(GS::UniString* text) const {
-    if (text != nullptr) *text = path;
+    if (text != nullptr) *text = path_;
     return GetStatus();
 }
 

@@ -34,10 +34,10 @@ bool isDigit(char16_t unit, int base) {
 /// Walks over a text; past its end it sees zero units.
 class Cursor {
 public:
-    explicit Cursor(std::u16string_view units) : rest(units) {}
+    explicit Cursor(std::u16string_view units) : rest_(units) {}
 
-    char16_t peek(std::size_t ahead = 0) const { return ahead < rest.size() ? rest[ahead] : u'\0'; }
-    void skip(std::size_t count) { rest.remove_prefix(count); }
+    char16_t peek(std::size_t ahead = 0) const { return ahead < rest_.size() ? rest_[ahead] : u'\0'; }
+    void skip(std::size_t count) { rest_.remove_prefix(count); }
     void skipBlanks() {
         while (isBlank(peek())) skip(1);
     }
@@ -49,7 +49,7 @@ public:
     }
 
 private:
-    std::u16string_view rest;
+    std::u16string_view rest_;
 };
 
 /// Skips a prefix of the base. "0x" without a digit behind it leaves none: it is the number 0.

@@ -21,14 +21,14 @@ struct Fault {
 /// Takes the tokens of a line one after the other; throws a Fault for one that is not as it should be.
 class LineReader {
 public:
-    explicit LineReader(std::vector<Token> list) : tokens(std::move(list)) {}
+    explicit LineReader(std::vector<Token> list) : tokens_(std::move(list)) {}
 
-    bool atEnd() const { return at == tokens.size(); }
-    bool atText() const { return !atEnd() && tokens[at].kind == Token::Kind::Text; }
+    bool atEnd() const { return at_ == tokens_.size(); }
+    bool atText() const { return !atEnd() && tokens_[at_].kind == Token::Kind::Text; }
 
     std::string word(const char* expected) {
         if (atEnd() || atText()) throw Fault{std::string(expected) + " is missing"};
-        return tokens[at++].word;
+        return tokens_[at_++].word;
     }
 
     void keyword(const char* expected) {
@@ -49,18 +49,18 @@ public:
 
     GS::UniString text(const char* what) {
         if (!atText()) throw Fault{std::string(what) + " in quotes is missing"};
-        return tokens[at++].text;
+        return tokens_[at_++].text;
     }
 
-    GS::UniString optionalText() { return atText() ? tokens[at++].text : GS::UniString(); }
+    GS::UniString optionalText() { return atText() ? tokens_[at_++].text : GS::UniString(); }
 
     void end() const {
         if (!atEnd()) throw Fault{"something follows the end of the definition"};
     }
 
 private:
-    std::vector<Token> tokens;
-    std::size_t at = 0;
+    std::vector<Token> tokens_;
+    std::size_t at_ = 0;
 };
 
 std::optional<TextListKind> textListKind(const std::string& word) {
@@ -99,12 +99,13 @@ std::optional<std::string> readWhole(const std::string& path) {
 /// Reads one file into a module, line by line.
 class FileReader {
 public:
-    FileReader(const std::filesystem::path& path, ResourceModule& target) : module(target), origin{path.string(), 0} {}
+    FileReader(const std::filesystem::path& path, ResourceModule& target)
+        : module_(target), origin_{path.string(), 0} {}
 
     bool read() {
-        const auto content = readWhole(origin.file);
+        const auto content = readWhole(origin_.file);
         if (!content) {
-            report(origin, "the file cannot be read");
+            report(origin_, "the file cannot be read");
             return false;
         }
         std::string_view rest = *content;
@@ -120,7 +121,7 @@ public:
 
 private:
     bool readLine(std::string_view line) {
-        ++origin.line;
+        ++origin_.line;
         if (line.ends_with('\r')) line.remove_suffix(1);
         try {
             std::string fault;
@@ -129,15 +130,15 @@ private:
             if (!reader.atEnd()) readDefinition(reader);
             return true;
         } catch (const Fault& fault) {
-            report(origin, fault.message);
+            report(origin_, fault.message);
             return false;
         }
     }
 
     void readDefinition(LineReader& line) {
         if (line.atText()) {
-            if (list == nullptr) throw Fault{"a text outside of a string list"};
-            list->texts.push_back(line.text("a text"));
+            if (list_ == nullptr) throw Fault{"a text outside of a string list"};
+            list_->texts.push_back(line.text("a text"));
             line.end();
             return;
         }
@@ -157,28 +158,28 @@ private:
     /// Lets texts and items go nowhere until a definition has proved good, so that a fault in one is reported once and
     /// not again for every line of it.
     void takeWhatFollows() {
-        spare = TextList();
-        spareDialog = DialogDefinition();
-        list = &spare;
-        dialog = &spareDialog;
+        spare_ = TextList();
+        spareDialog_ = DialogDefinition();
+        list_ = &spare_;
+        dialog_ = &spareDialog_;
     }
 
     void beginList(LineReader& line, TextListKind kind) {
         takeWhatFollows();
-        TextList begun{kind, {}, {}, origin};
+        TextList begun{kind, {}, {}, origin_};
         const int number = line.number("the list's number", 1);
         if (kind == TextListKind::Menu) begun.title = line.text("the menu's title");
         line.end();
-        const auto [entry, isNew] = module.lists.try_emplace(number, begun);
+        const auto [entry, isNew] = module_.lists.try_emplace(number, begun);
         if (!isNew) throw Fault{"the number is taken by the list of " + describe(entry->second.origin)};
-        list = &entry->second;
-        dialog = nullptr;
+        list_ = &entry->second;
+        dialog_ = nullptr;
     }
 
     void beginDialog(LineReader& line) {
         takeWhatFollows();
         DialogDefinition begun;
-        begun.origin = origin;
+        begun.origin = origin_;
         const int number = line.number("the dialog's number", 1);
         begun.title = line.text("the dialog's title");
         line.keyword("size");
@@ -186,10 +187,10 @@ private:
         begun.minimumHeight = begun.height = line.number("the height", 1);
         if (!line.atEnd()) readGrowth(line, begun);
         line.end();
-        const auto [entry, isNew] = module.dialogs.try_emplace(number, begun);
+        const auto [entry, isNew] = module_.dialogs.try_emplace(number, begun);
         if (!isNew) throw Fault{"the number is taken by the dialog of " + describe(entry->second.origin)};
-        dialog = &entry->second;
-        list = nullptr;
+        dialog_ = &entry->second;
+        list_ = nullptr;
     }
 
     static void readGrowth(LineReader& line, DialogDefinition& target) {
@@ -202,10 +203,10 @@ private:
     }
 
     void readItem(LineReader& line, frontend::ItemKind kind) {
-        if (dialog == nullptr) throw Fault{"an item outside of a dialog"};
+        if (dialog_ == nullptr) throw Fault{"an item outside of a dialog"};
         DialogItemDefinition item;
         item.kind = kind;
-        item.origin = origin;
+        item.origin = origin_;
         item.number = static_cast<Int16>(line.number("the item's number", 1));
         line.keyword("at");
         item.rect.left = line.number("the left edge", 0);
@@ -216,17 +217,17 @@ private:
         if (std::max(item.rect.right, item.rect.bottom) > MostNumber) throw Fault{"the item ends too far out"};
         if (kind != frontend::ItemKind::List) item.text = line.optionalText();
         line.end();
-        const auto [entry, isNew] = dialog->items.try_emplace(item.number, item);
+        const auto [entry, isNew] = dialog_->items.try_emplace(item.number, item);
         if (!isNew) throw Fault{"the number is taken by the item of " + describe(entry->second.origin)};
     }
 
-    ResourceModule& module;
-    Origin origin;
+    ResourceModule& module_;
+    Origin origin_;
     // What the next texts and items belong to; null where they have no place.
-    TextList* list = nullptr;
-    DialogDefinition* dialog = nullptr;
-    TextList spare;
-    DialogDefinition spareDialog;
+    TextList* list_ = nullptr;
+    DialogDefinition* dialog_ = nullptr;
+    TextList spare_;
+    DialogDefinition spareDialog_;
 };
 
 void translate(const GS::UniString& translation, GS::UniString& text) {

@@ -12,42 +12,42 @@ constexpr std::string_view Blanks = " \t";
 
 class Tokenizer {
 public:
-    Tokenizer(std::string_view line, std::string& report) : rest(line), fault(report) {}
+    Tokenizer(std::string_view line, std::string& report) : rest_(line), fault_(report) {}
 
     std::vector<Token> run() {
         std::vector<Token> tokens;
-        for (skipBlanks(); fault.empty() && !rest.empty() && !(tokens.empty() && rest.front() == '#'); skipBlanks())
-            tokens.push_back(rest.front() == '"' ? readText() : readWord());
+        for (skipBlanks(); fault_.empty() && !rest_.empty() && !(tokens.empty() && rest_.front() == '#'); skipBlanks())
+            tokens.push_back(rest_.front() == '"' ? readText() : readWord());
         return tokens;
     }
 
 private:
-    void skipBlanks() { rest.remove_prefix(std::min(rest.find_first_not_of(Blanks), rest.size())); }
+    void skipBlanks() { rest_.remove_prefix(std::min(rest_.find_first_not_of(Blanks), rest_.size())); }
 
     Token readWord() {
         Token token;
-        token.word = rest.substr(0, rest.find_first_of(" \t\""));
-        rest.remove_prefix(token.word.size());
+        token.word = rest_.substr(0, rest_.find_first_of(" \t\""));
+        rest_.remove_prefix(token.word.size());
         return token;
     }
 
     Token readText() {
         std::u16string units;
-        rest.remove_prefix(1);
-        while (fault.empty()) {
-            const std::size_t plain = rest.find_first_of("\"\\");
-            if (plain == rest.npos) {
-                fault = "the text has no closing quote";
+        rest_.remove_prefix(1);
+        while (fault_.empty()) {
+            const std::size_t plain = rest_.find_first_of("\"\\");
+            if (plain == rest_.npos) {
+                fault_ = "the text has no closing quote";
                 break;
             }
-            append(units, rest.substr(0, plain));
-            const bool closed = rest[plain] == '"';
-            rest.remove_prefix(plain + 1);
+            append(units, rest_.substr(0, plain));
+            const bool closed = rest_[plain] == '"';
+            rest_.remove_prefix(plain + 1);
             if (closed) break;
             readEscape(units);
         }
-        if (fault.empty() && !rest.empty() && Blanks.find(rest.front()) == Blanks.npos)
-            fault = "a blank is missing behind a text";
+        if (fault_.empty() && !rest_.empty() && Blanks.find(rest_.front()) == Blanks.npos)
+            fault_ = "a blank is missing behind a text";
         return {Token::Kind::Text, {}, GS::UniString(units)};
     }
 
@@ -57,8 +57,8 @@ private:
     }
 
     void readEscape(std::u16string& units) {
-        const char letter = rest.empty() ? '\0' : rest.front();
-        if (!rest.empty()) rest.remove_prefix(1);
+        const char letter = rest_.empty() ? '\0' : rest_.front();
+        if (!rest_.empty()) rest_.remove_prefix(1);
         switch (letter) {
             case '"':
             case '\\':
@@ -74,25 +74,25 @@ private:
                 readCodeUnit(units);
                 return;
             default:
-                fault = "an unknown escape: use \\\" \\\\ \\n \\t or \\uXXXX";
+                fault_ = "an unknown escape: use \\\" \\\\ \\n \\t or \\uXXXX";
                 return;
         }
     }
 
     void readCodeUnit(std::u16string& units) {
         unsigned value = 0;
-        const std::string_view digits = rest.substr(0, 4);
+        const std::string_view digits = rest_.substr(0, 4);
         const auto parsed = std::from_chars(digits.data(), digits.data() + digits.size(), value, 16);
         if (digits.size() < 4 || parsed.ptr != digits.data() + 4 || value == 0) {
-            fault = "\\u needs four hexadecimal digits, not all zero";
+            fault_ = "\\u needs four hexadecimal digits, not all zero";
             return;
         }
         units += static_cast<char16_t>(value);
-        rest.remove_prefix(4);
+        rest_.remove_prefix(4);
     }
 
-    std::string_view rest;
-    std::string& fault;
+    std::string_view rest_;
+    std::string& fault_;
 };
 
 }  // namespace

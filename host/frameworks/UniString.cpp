@@ -35,73 +35,73 @@ UIndex toIndex(std::size_t position) {
 }  // namespace
 
 UniString::UniString() {
-    static_assert(sizeof(icu::UnicodeString) <= sizeof storage && alignof(icu::UnicodeString) <= 8);
-    new (storage) icu::UnicodeString();
+    static_assert(sizeof(icu::UnicodeString) <= sizeof storage_ && alignof(icu::UnicodeString) <= 8);
+    new (storage_) icu::UnicodeString();
 }
 
 UniString::UniString(const char* narrow) {
-    new (storage) icu::UnicodeString(frameworks::decodeNarrow(narrowView(narrow)));
+    new (storage_) icu::UnicodeString(frameworks::decodeNarrow(narrowView(narrow)));
 }
 
 UniString::UniString(const char* narrow, USize byteCount) {
-    new (storage) icu::UnicodeString(
+    new (storage_) icu::UnicodeString(
         frameworks::decodeNarrow(narrow == nullptr ? std::string_view() : std::string_view(narrow, byteCount)));
 }
 
 UniString::UniString(const char16_t* units, USize count) {
     if (count > static_cast<USize>(std::numeric_limits<Int32>::max())) throw std::bad_alloc();
     if (units == nullptr) count = 0;
-    new (storage) icu::UnicodeString(units, static_cast<Int32>(count));
-    requireMemory(text(storage));
+    new (storage_) icu::UnicodeString(units, static_cast<Int32>(count));
+    requireMemory(text(storage_));
 }
 
 UniString::UniString(const UniString& other) {
-    new (storage) icu::UnicodeString(text(other.storage));
-    requireMemory(text(storage));
+    new (storage_) icu::UnicodeString(text(other.storage_));
+    requireMemory(text(storage_));
 }
 
 UniString::UniString(UniString&& other) noexcept {
-    new (storage) icu::UnicodeString(std::move(text(other.storage)));
-    text(other.storage).remove();  // A text that was moved from is bogus to ICU; here it is an empty one.
+    new (storage_) icu::UnicodeString(std::move(text(other.storage_)));
+    text(other.storage_).remove();  // A text that was moved from is bogus to ICU; here it is an empty one.
 }
 
 UniString::~UniString() {
-    std::destroy_at(&text(storage));
+    std::destroy_at(&text(storage_));
 }
 
 UniString& UniString::operator=(const UniString& other) {
     if (this == &other) return *this;
-    text(storage) = text(other.storage);
-    requireMemory(text(storage));
+    text(storage_) = text(other.storage_);
+    requireMemory(text(storage_));
     return *this;
 }
 
 UniString& UniString::operator=(UniString&& other) noexcept {
     if (this == &other) return *this;
-    text(storage) = std::move(text(other.storage));
-    text(other.storage).remove();
+    text(storage_) = std::move(text(other.storage_));
+    text(other.storage_).remove();
     return *this;
 }
 
 UniString& UniString::operator=(const char* narrow) {
-    text(storage) = frameworks::decodeNarrow(narrowView(narrow));
+    text(storage_) = frameworks::decodeNarrow(narrowView(narrow));
     return *this;
 }
 
 USize UniString::GetLength() const {
-    return static_cast<USize>(text(storage).length());
+    return static_cast<USize>(text(storage_).length());
 }
 
 const char16_t* UniString::GetUnits() const {
-    return text(storage).getBuffer();
+    return text(storage_).getBuffer();
 }
 
 char16_t UniString::operator[](UIndex at) const {
-    return at < GetLength() ? text(storage).charAt(static_cast<Int32>(at)) : char16_t{0xFFFF};
+    return at < GetLength() ? text(storage_).charAt(static_cast<Int32>(at)) : char16_t{0xFFFF};
 }
 
 void UniString::Clear() {
-    text(storage).remove();
+    text(storage_).remove();
 }
 
 UniString& UniString::Append(const UniString& tail) {
@@ -110,8 +110,8 @@ UniString& UniString::Append(const UniString& tail) {
 
 UniString& UniString::Insert(UIndex at, const UniString& inserted) {
     const Int32 position = static_cast<Int32>(std::min(at, GetLength()));
-    text(storage).insert(position, text(inserted.storage));
-    requireMemory(text(storage));
+    text(storage_).insert(position, text(inserted.storage_));
+    requireMemory(text(storage_));
     return *this;
 }
 
@@ -119,7 +119,7 @@ UniString& UniString::Delete(UIndex from, Int64 count) {
     const USize length = GetLength();
     if (from >= length || count <= 0) return *this;
     const Int64 clipped = std::min<Int64>(count, length - from);
-    text(storage).remove(static_cast<Int32>(from), static_cast<Int32>(clipped));
+    text(storage_).remove(static_cast<Int32>(from), static_cast<Int32>(clipped));
     return *this;
 }
 
@@ -144,7 +144,7 @@ UniString& UniString::ReplaceAll(const UniString& pattern, const UniString& repl
     }
     append(source.substr(done));
     requireMemory(result);
-    text(storage) = std::move(result);
+    text(storage_) = std::move(result);
     return *this;
 }
 
@@ -171,15 +171,15 @@ UniString UniString::GetSubstring(Int64 from, Int64 count) const {
     return UniString(View().substr(static_cast<std::size_t>(begin), static_cast<std::size_t>(clipped)));
 }
 
-UniString::CStr::CStr(const UniString& source) : text(inlineText) {
-    const std::size_t needed = frameworks::encodeNarrow(source.View(), inlineText, sizeof inlineText);
-    if (needed < sizeof inlineText) return;
-    text = new char[needed + 1];
-    frameworks::encodeNarrow(source.View(), text, needed + 1);
+UniString::CStr::CStr(const UniString& source) : text_(inlineText_) {
+    const std::size_t needed = frameworks::encodeNarrow(source.View(), inlineText_, sizeof inlineText_);
+    if (needed < sizeof inlineText_) return;
+    text_ = new char[needed + 1];
+    frameworks::encodeNarrow(source.View(), text_, needed + 1);
 }
 
 UniString::CStr::~CStr() {
-    if (text != inlineText) delete[] text;
+    if (text_ != inlineText_) delete[] text_;
 }
 
 }  // namespace GS

@@ -13,26 +13,26 @@ class Array {
 public:
     using ConstIterator = typename std::vector<Type>::const_iterator;
 
-    USize GetSize() const { return static_cast<USize>(elements.size()); }
-    bool IsEmpty() const { return elements.empty(); }
+    USize GetSize() const { return static_cast<USize>(elements_.size()); }
+    bool IsEmpty() const { return elements_.empty(); }
 
     /// @pre index < GetSize().
-    Type& operator[](UIndex index) { return elements[index]; }
-    const Type& operator[](UIndex index) const { return elements[index]; }
+    Type& operator[](UIndex index) { return elements_[index]; }
+    const Type& operator[](UIndex index) const { return elements_[index]; }
 
-    void Push(const Type& element) { elements.push_back(element); }
-    void Push(Type&& element) { elements.push_back(static_cast<Type&&>(element)); }
+    void Push(const Type& element) { elements_.push_back(element); }
+    void Push(Type&& element) { elements_.push_back(static_cast<Type&&>(element)); }
     /// For the host's side: adds what `make` returns, made in its place. A record of four texts costs more to move than
     /// to make.
     template <class Make>
     void PushMade(const Make& make) {
-        elements.emplace_back(Maker<Make>{make});
+        elements_.emplace_back(Maker<Make>{make});
     }
-    void Clear() { elements.clear(); }
-    void SetCapacity(USize capacity) { elements.reserve(capacity); }
+    void Clear() { elements_.clear(); }
+    void SetCapacity(USize capacity) { elements_.reserve(capacity); }
 
-    ConstIterator begin() const { return elements.begin(); }
-    ConstIterator end() const { return elements.end(); }
+    ConstIterator begin() const { return elements_.begin(); }
+    ConstIterator end() const { return elements_.end(); }
 
 private:
     template <class Make>
@@ -41,7 +41,7 @@ private:
         operator Type() const { return make(); }
     };
 
-    std::vector<Type> elements;
+    std::vector<Type> elements_;
 };
 
 }  // namespace GS

@@ -133,13 +133,13 @@ public:
     SystemDialog& operator=(const SystemDialog&) = delete;
     virtual ~SystemDialog();
 
-    void SetTitle(const GS::UniString& text) { title = text; }
+    void SetTitle(const GS::UniString& text) { title_ = text; }
     /// Shows the dialog. @return true: the user confirmed; false: cancelled, or nobody is there to answer.
     virtual bool Invoke() = 0;
 
 protected:
     SystemDialog() = default;
-    GS::UniString title;
+    GS::UniString title_;
 };
 
 /// Lets the user pick a file.
@@ -163,7 +163,7 @@ public:
 
 private:
     struct Content;
-    Content* content;
+    Content* content_;
 };
 
 /// Adds a folder to the host's help menu, under an identifier pair of the add-on's. The host keeps the address of

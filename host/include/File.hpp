@@ -36,11 +36,11 @@ public:
     GSErrCode Close();
 
 private:
-    Location location;
-    char* buffer = nullptr;
-    USize begin = 0;
-    USize end = 0;
-    int descriptor = -1;
+    Location location_;
+    char* buffer_ = nullptr;
+    USize begin_ = 0;
+    USize end_ = 0;
+    int descriptor_ = -1;
 };
 
 }  // namespace IO

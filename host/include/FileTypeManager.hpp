@@ -23,12 +23,12 @@ public:
     FileType(const char* description, const char* extension, UInt32 macType, UInt32 macCreator, Int32 icon,
              ContentDetector detector, const char* mime, bool visible);
 
-    const GS::UniString& GetDescription() const { return description; }
-    const GS::UniString& GetExtension() const { return extension; }
+    const GS::UniString& GetDescription() const { return description_; }
+    const GS::UniString& GetExtension() const { return extension_; }
 
 private:
-    GS::UniString description;
-    GS::UniString extension;
+    GS::UniString description_;
+    GS::UniString extension_;
 };
 
 /// A named set of file types. Its types live until they are removed or the manager is destroyed.
@@ -49,7 +49,7 @@ public:
 
 private:
     struct Types;
-    Types* types;
+    Types* types_;
 };
 
 }  // namespace FTM

@@ -15,10 +15,10 @@ public:
     virtual ~GSException();
 
     /// What went wrong, for the debug output. Owned by the exception.
-    const UniString& GetMessage() const { return message; }
+    const UniString& GetMessage() const { return message_; }
 
 private:
-    UniString message;
+    UniString message_;
 };
 
 }  // namespace GS

@@ -15,19 +15,19 @@ public:
 
     /// A location that names nothing.
     Location() = default;
-    explicit Location(const GS::UniString& text) : path(text) {}
-    explicit Location(const char* text) : path(text) {}
+    explicit Location(const GS::UniString& text) : path_(text) {}
+    explicit Location(const char* text) : path_(text) {}
 
-    GSErrCode GetStatus() const { return path.IsEmpty() ? StatusError : StatusOK; }
+    GSErrCode GetStatus() const { return path_.IsEmpty() ? StatusError : StatusOK; }
 
     /// Writes the path as a person reads it. @return GetStatus().
     GSErrCode ToDisplayText(GS::UniString* text) const;
 
-    void Clear() { path.Clear(); }
-    const GS::UniString& GetPath() const { return path; }
+    void Clear() { path_.Clear(); }
+    const GS::UniString& GetPath() const { return path_; }
 
 private:
-    GS::UniString path;
+    GS::UniString path_;
 };
 
 }  // namespace IO

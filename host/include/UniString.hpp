@@ -21,14 +21,14 @@ public:
         CStr(const CStr&) = delete;
         CStr& operator=(const CStr&) = delete;
         ~CStr();
-        operator const char*() const { return text; }
-        const char* Get() const { return text; }
+        operator const char*() const { return text_; }
+        const char* Get() const { return text_; }
 
     private:
         friend class UniString;
         explicit CStr(const UniString& source);
-        char inlineText[120];
-        char* text;
+        char inlineText_[120];
+        char* text_;
     };
 
     UniString();
@@ -97,7 +97,7 @@ public:
 
 private:
     // Big enough for the framework's text class, which stays out of an add-on's sight. Asserted in UniString.cpp.
-    alignas(8) unsigned char storage[64];
+    alignas(8) unsigned char storage_[64];
 };
 
 }  // namespace GS

@@ -88,7 +88,7 @@ std::string Model::Content::describe(Element element) {
     return (name.empty() ? "" : name + " ") + "(" + guidText(work.elements.guid(element)) + ")";
 }
 
-Model::Model(std::unique_ptr<Content> modelContent) : content(std::move(modelContent)) {}
+Model::Model(std::unique_ptr<Content> modelContent) : content_(std::move(modelContent)) {}
 
 Model::~Model() = default;
 
@@ -115,41 +115,41 @@ Result<std::unique_ptr<Model>> Model::fromBytes(std::string bytes) {
 // --- The file ---
 
 std::string_view Model::schemaName() const {
-    return ifc::Schema::name(content->work.version);
+    return ifc::Schema::name(content_->work.version);
 }
 
 void Model::takeLock() {
-    content->file->takeLock();
+    content_->file->takeLock();
 }
 
 const std::string& Model::lockHolder() const {
-    return content->file->lockHolder();
+    return content_->file->lockHolder();
 }
 
 std::uint64_t Model::duplicateGlobalIds() const {
-    return content->work.elements.duplicates();
+    return content_->work.elements.duplicates();
 }
 
 std::uint64_t Model::invalidGlobalIds() const {
-    return content->work.elements.invalid();
+    return content_->work.elements.invalid();
 }
 
 const std::vector<std::string>& Model::remarks() const {
-    return content->remarks;
+    return content_->remarks;
 }
 
 // --- Elements ---
 
 std::size_t Model::elementCount() const {
-    return content->work.elements.size();
+    return content_->work.elements.size();
 }
 
 std::optional<Element> Model::find(const Guid& guid) const {
-    return content->work.elements.find(guid);
+    return content_->work.elements.find(guid);
 }
 
 ElementInfo Model::info(Element element) const {
-    ifc::Workspace& work = content->work;
+    ifc::Workspace& work = content_->work;
     const step::Slot slot = work.elements.slot(element);
     const ifc::Class& cls = work.classes.of(slot);
     const Guid& guid = work.elements.guid(element);
@@ -157,36 +157,36 @@ ElementInfo Model::info(Element element) const {
 }
 
 std::int32_t Model::typeId(Element element) const {
-    ifc::Workspace& work = content->work;
+    ifc::Workspace& work = content_->work;
     return work.classes.of(work.elements.slot(element)).type.id;
 }
 
 std::u16string Model::name(Element element) const {
-    return ifc::attributeText(content->work, content->work.elements.slot(element), "Name");
+    return ifc::attributeText(content_->work, content_->work.elements.slot(element), "Name");
 }
 
 std::string Model::storey(Element element) const {
-    const step::Slot storey = ifc::storeyOf(content->work, content->work.elements.slot(element));
-    return storey == step::NoSlot ? std::string{} : ifc::toUtf8(ifc::attributeText(content->work, storey, "Name"));
+    const step::Slot storey = ifc::storeyOf(content_->work, content_->work.elements.slot(element));
+    return storey == step::NoSlot ? std::string{} : ifc::toUtf8(ifc::attributeText(content_->work, storey, "Name"));
 }
 
 bool Model::hasDuplicates(Element element) const {
-    return content->work.elements.hasDuplicates(element);
+    return content_->work.elements.hasDuplicates(element);
 }
 
 std::optional<Point> Model::placement(Element element) const {
-    const auto frame = ifc::placementOf(content->work, content->work.elements.slot(element));
+    const auto frame = ifc::placementOf(content_->work, content_->work.elements.slot(element));
     return frame ? std::optional(frame->origin) : std::nullopt;
 }
 
 std::vector<Point> Model::footprint(Element element) const {
-    return ifc::footprintOf(content->work, content->work.elements.slot(element));
+    return ifc::footprintOf(content_->work, content_->work.elements.slot(element));
 }
 
 // --- IFC data ---
 
 Result<std::vector<Attribute>> Model::attributes(Element element) const {
-    return ifc::readAttributes(content->work, element);
+    return ifc::readAttributes(content_->work, element);
 }
 
 Result<std::vector<Property>> Model::properties(Element element) const {
@@ -200,94 +200,94 @@ Result<std::vector<Property>> Model::properties(Element element) const {
 }
 
 void Model::visitProperties(Element element, const std::function<void(const PropertyView&)>& visit) const {
-    ifc::forEachProperty(content->work, content->work.elements.slot(element), visit);
+    ifc::forEachProperty(content_->work, content_->work.elements.slot(element), visit);
 }
 
 Result<std::vector<ClassificationReference>> Model::classifications(Element element) const {
-    return ifc::readClassifications(content->work, content->work.elements.slot(element));
+    return ifc::readClassifications(content_->work, content_->work.elements.slot(element));
 }
 
 // --- Edits ---
 
 Status Model::setAttribute(Element element, std::string_view name, std::u16string_view value) {
-    return content->edit(element, [&](auto&) { return ifc::setAttribute(content->work, element, name, value); });
+    return content_->edit(element, [&](auto&) { return ifc::setAttribute(content_->work, element, name, value); });
 }
 
 Status Model::setProperty(Element element, const Property& property) {
-    return content->edit(element,
-                         [&](auto& notes) { return ifc::setProperty(content->work, element, property, notes); });
+    return content_->edit(element,
+                          [&](auto& notes) { return ifc::setProperty(content_->work, element, property, notes); });
 }
 
 Status Model::setClassification(Element element, const ClassificationReference& reference) {
-    return content->edit(element,
-                         [&](auto& notes) { return ifc::setClassification(content->work, element, reference, notes); });
+    return content_->edit(
+        element, [&](auto& notes) { return ifc::setClassification(content_->work, element, reference, notes); });
 }
 
 std::vector<std::string> Model::takeNotes() {
-    return std::exchange(content->notes, {});
+    return std::exchange(content_->notes, {});
 }
 
 // --- Commands and undo ---
 
 Result<std::int32_t> Model::command(std::string name, const std::function<std::int32_t()>& body) {
-    if (Status begun = content->file->begin(); !begun) return begun.error();
+    if (Status begun = content_->file->begin(); !begun) return begun.error();
     std::int32_t result = 0;
     try {
         result = body();
     } catch (...) {
-        content->file->rollback();
+        content_->file->rollback();
         throw;
     }
     if (result != 0) {
-        content->file->rollback();
+        content_->file->rollback();
     } else {
-        content->file->commit(std::move(name));
+        content_->file->commit(std::move(name));
     }
     return result;
 }
 
 bool Model::commandOpen() const {
-    return content->file->open();
+    return content_->file->open();
 }
 
 bool Model::canUndo() const {
-    return content->file->canUndo();
+    return content_->file->canUndo();
 }
 
 bool Model::canRedo() const {
-    return content->file->canRedo();
+    return content_->file->canRedo();
 }
 
 std::string Model::undoName() const {
-    return content->file->undoName();
+    return content_->file->undoName();
 }
 
 std::string Model::redoName() const {
-    return content->file->redoName();
+    return content_->file->redoName();
 }
 
 bool Model::undo() {
-    return content->file->undo();
+    return content_->file->undo();
 }
 
 bool Model::redo() {
-    return content->file->redo();
+    return content_->file->redo();
 }
 
 bool Model::modified() const {
-    return content->file->modified();
+    return content_->file->modified();
 }
 
 std::uint64_t Model::revision() const {
-    return content->file->revision();
+    return content_->file->revision();
 }
 
 Status Model::save(const std::filesystem::path& path, const SaveOptions& options) {
-    return content->file->save(path, {options.progress, options.force, options.moveLock});
+    return content_->file->save(path, {options.progress, options.force, options.moveLock});
 }
 
 std::string Model::bytes() const {
-    return content->file->bytes();
+    return content_->file->bytes();
 }
 
 Status Model::checkTarget(const std::filesystem::path& path) {

@@ -180,7 +180,7 @@ public:
 private:
     struct Content;
     explicit Model(std::unique_ptr<Content> content);
-    std::unique_ptr<Content> content;
+    std::unique_ptr<Content> content_;
 };
 
 }  // namespace model

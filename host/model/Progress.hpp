@@ -13,22 +13,22 @@ using Progress = std::function<bool(std::uint64_t done, std::uint64_t total)>;
 /// Keeps the calls of a Progress rare, however often the work reports.
 class Throttle {
 public:
-    explicit Throttle(const Progress& function) : progress(function), last(Clock::now()) {}
+    explicit Throttle(const Progress& function) : progress_(function), last_(Clock::now()) {}
 
     /// @return false where the operation is to be cancelled.
     bool report(std::uint64_t done, std::uint64_t total) {
-        if (!progress) return true;
+        if (!progress_) return true;
         const Clock::time_point now = Clock::now();
-        if (now - last < std::chrono::milliseconds(100)) return true;
-        last = now;
-        return progress(done, total);
+        if (now - last_ < std::chrono::milliseconds(100)) return true;
+        last_ = now;
+        return progress_(done, total);
     }
 
 private:
     using Clock = std::chrono::steady_clock;
 
-    const Progress& progress;
-    Clock::time_point last;
+    const Progress& progress_;
+    Clock::time_point last_;
 };
 
 }  // namespace model

@@ -32,32 +32,32 @@ struct Error {
 template <class Value>
 class [[nodiscard]] Result {
 public:
-    Result(Value value) : content(std::in_place_index<0>, std::move(value)) {}
-    Result(Error error) : content(std::in_place_index<1>, std::move(error)) {}
+    Result(Value value) : content_(std::in_place_index<0>, std::move(value)) {}
+    Result(Error error) : content_(std::in_place_index<1>, std::move(error)) {}
 
-    explicit operator bool() const { return content.index() == 0; }
-    Value& operator*() { return std::get<0>(content); }
-    const Value& operator*() const { return std::get<0>(content); }
-    Value* operator->() { return &std::get<0>(content); }
-    const Value* operator->() const { return &std::get<0>(content); }
-    const Error& error() const { return std::get<1>(content); }
+    explicit operator bool() const { return content_.index() == 0; }
+    Value& operator*() { return std::get<0>(content_); }
+    const Value& operator*() const { return std::get<0>(content_); }
+    Value* operator->() { return &std::get<0>(content_); }
+    const Value* operator->() const { return &std::get<0>(content_); }
+    const Error& error() const { return std::get<1>(content_); }
 
 private:
-    std::variant<Value, Error> content;
+    std::variant<Value, Error> content_;
 };
 
 /// A result without a value.
 class [[nodiscard]] Status {
 public:
     Status() = default;
-    Status(Error error) : failure(std::move(error)), failed(true) {}
+    Status(Error error) : failure_(std::move(error)), failed_(true) {}
 
-    explicit operator bool() const { return !failed; }
-    const Error& error() const { return failure; }
+    explicit operator bool() const { return !failed_; }
+    const Error& error() const { return failure_; }
 
 private:
-    Error failure{};
-    bool failed = false;
+    Error failure_{};
+    bool failed_ = false;
 };
 
 }  // namespace model

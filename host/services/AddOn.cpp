@@ -55,43 +55,43 @@ model::Status checkFunctions(const ExportedFunctions& exported) {
 }  // namespace
 
 AddOn::AddOn(const std::filesystem::path& bundle)
-    : bundleName((bundle.has_filename() ? bundle : bundle.parent_path()).stem().string()),
-      clientHandle(newClientHandle()) {}
+    : bundleName_((bundle.has_filename() ? bundle : bundle.parent_path()).stem().string()),
+      clientHandle_(newClientHandle()) {}
 
 model::Result<std::unique_ptr<AddOn>> AddOn::open(const std::filesystem::path& bundle) {
     std::unique_ptr<AddOn> addOn(new AddOn(bundle));
     auto image = AddOnImage::load(bundle);
     if (!image) return image.error();
-    addOn->image = std::move(*image);
+    addOn->image_ = std::move(*image);
     if (const model::Status read = addOn->readRecord(); !read) return read.error();
-    addOn->resourceModule = RSOpenResourceFile(bundle.c_str());
-    if (addOn->resourceModule == InvalidResModule) return cannot("its resource file cannot be read");
+    addOn->resourceModule_ = RSOpenResourceFile(bundle.c_str());
+    if (addOn->resourceModule_ == InvalidResModule) return cannot("its resource file cannot be read");
     return addOn;
 }
 
 model::Status AddOn::readRecord() {
-    const auto fault = call("GetExportedFuncAddrs", [this] { image->getExported()(&exported); });
+    const auto fault = call("GetExportedFuncAddrs", [this] { image_->getExported()(&exported_); });
     if (fault) return cannot(*fault);
     // The version first: the rest of a record of another version may mean something else.
-    if (model::Status known = checkVersions(exported); !known) return known;
-    return checkFunctions(exported);
+    if (model::Status known = checkVersions(exported_); !known) return known;
+    return checkFunctions(exported_);
 }
 
 model::Status AddOn::start(const HostFunction* table) {
     if (model::Status bound = bind(table); !bound) return bound;
     if (model::Status willing = checkEnvironment(); !willing) return willing;
-    stage = Stage::Registering;
+    stage_ = Stage::Registering;
     model::Status registered =
-        step("registerInterface", [](AddOn& addOn) { return addOn.exported.registerInterface(); });
-    stage = Stage::Registered;
+        step("registerInterface", [](AddOn& addOn) { return addOn.exported_.registerInterface(); });
+    stage_ = Stage::Registered;
     if (!registered) return registered;
-    stage = Stage::Initialized;
-    return step("initialize", [](AddOn& addOn) { return addOn.exported.initialize(addOn.clientHandle); });
+    stage_ = Stage::Initialized;
+    return step("initialize", [](AddOn& addOn) { return addOn.exported_.initialize(addOn.clientHandle_); });
 }
 
 model::Status AddOn::bind(const HostFunction* table) {
     GSErrCode answer = NoError;
-    const auto fault = call("SetImportedFuncAddrs", [&] { answer = image->setImported()(table); });
+    const auto fault = call("SetImportedFuncAddrs", [&] { answer = image_->setImported()(table); });
     if (fault) return cannot(*fault);
     if (answer != NoError) return cannot(fmt::format("it refused the host's functions: {}", errorName(answer)));
     return {};
@@ -100,12 +100,12 @@ model::Status AddOn::bind(const HostFunction* table) {
 model::Status AddOn::checkEnvironment() {
     API_EnvirParams environment{};
     API_AddonType answer = APIAddon_DontRegister;
-    const auto fault = call("checkEnvironment", [&] { answer = exported.checkEnvironment(&environment); });
+    const auto fault = call("checkEnvironment", [&] { answer = exported_.checkEnvironment(&environment); });
     if (fault) return cannot(*fault);
     if (answer == APIAddon_DontRegister) return cannot("it does not want to run in this host");
-    addOnName = textOf(environment.addOnInfo.name);
-    addOnDescription = textOf(environment.addOnInfo.description);
-    if (addOnName.empty()) addOnName = bundleName;
+    addOnName_ = textOf(environment.addOnInfo.name);
+    addOnDescription_ = textOf(environment.addOnInfo.description);
+    if (addOnName_.empty()) addOnName_ = bundleName_;
     return {};
 }
 
@@ -118,33 +118,33 @@ model::Status AddOn::step(std::string_view function, GSErrCode (*body)(AddOn&)) 
 }
 
 std::optional<std::string> AddOn::stop() {
-    const bool started = stage == Stage::Registered || stage == Stage::Initialized;
-    if (!started || hasCrashed) return std::nullopt;
+    const bool started = stage_ == Stage::Registered || stage_ == Stage::Initialized;
+    if (!started || hasCrashed_) return std::nullopt;
     // Its result is of no use: the add-on goes either way.
-    auto fault = call("freeData", [this] { exported.freeData(); });
-    stage = Stage::Stopped;
+    auto fault = call("freeData", [this] { exported_.freeData(); });
+    stage_ = Stage::Stopped;
     return fault;
 }
 
 AddOn::~AddOn() {
-    if (hasCrashed) image->keepLoaded();
-    image.reset();
-    if (resourceModule != InvalidResModule) RSCloseResourceFile(resourceModule);
+    if (hasCrashed_) image_->keepLoaded();
+    image_.reset();
+    if (resourceModule_ != InvalidResModule) RSCloseResourceFile(resourceModule_);
 }
 
 std::string AddOn::refusal(std::string_view where) const {
-    return fmt::format("the add-on {} crashed before: {} is not called any more", bundleName, where);
+    return fmt::format("the add-on {} crashed before: {} is not called any more", bundleName_, where);
 }
 
 std::string AddOn::faultMessage(std::string_view where, const CallFault& fault) {
     if (!fault.crashed)
-        return fmt::format("the add-on {} let an exception out of {}: {}", bundleName, where, fault.what);
-    hasCrashed = true;
+        return fmt::format("the add-on {} let an exception out of {}: {}", bundleName_, where, fault.what);
+    hasCrashed_ = true;
     return fmt::format(
         "the add-on {} crashed in {} ({}) and is not called any more. An unfinished change of it is taken back; save "
         "the "
         "model under another name and start the program again",
-        bundleName, where, fault.what);
+        bundleName_, where, fault.what);
 }
 
 }  // namespace host

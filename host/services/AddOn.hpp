@@ -29,28 +29,28 @@ public:
     /// Step 7, where step 5 was reached. The host's operations still answer meanwhile. @return as call().
     std::optional<std::string> stop();
 
-    const std::string& name() const { return addOnName; }
-    const std::string& description() const { return addOnDescription; }
-    GSResModule resources() const { return resourceModule; }
+    const std::string& name() const { return addOnName_; }
+    const std::string& description() const { return addOnDescription_; }
+    GSResModule resources() const { return resourceModule_; }
 
     /// The add-on's handle: an address of the host's own, never used again while the program runs, so that a stale one
     /// is known as such.
-    void* client() const { return clientHandle; }
-    bool registering() const { return stage == Stage::Registering; }
+    void* client() const { return clientHandle_; }
+    bool registering() const { return stage_ == Stage::Registering; }
     /// Whether the load sequence has reached initialize: the client handle is valid.
-    bool initialized() const { return stage == Stage::Initialized; }
-    bool crashed() const { return hasCrashed; }
+    bool initialized() const { return stage_ == Stage::Initialized; }
+    bool crashed() const { return hasCrashed_; }
     /// Whether a call into the add-on is under way.
-    bool busy() const { return depth > 0; }
+    bool busy() const { return depth_ > 0; }
 
     /// Runs `body`, which calls the add-on's code. @param where  "the menu command", for the message.
     /// @return nothing, or a complete message where the code crashed or threw. After a crash nothing is run any more.
     template <class Body>
     std::optional<std::string> call(std::string_view where, Body body) {
-        if (hasCrashed) return refusal(where);
-        ++depth;
-        std::optional<CallFault> fault = guarded(image->code(), body);
-        --depth;
+        if (hasCrashed_) return refusal(where);
+        ++depth_;
+        std::optional<CallFault> fault = guarded(image_->code(), body);
+        --depth_;
         if (!fault) return std::nullopt;
         return faultMessage(where, *fault);
     }
@@ -66,16 +66,16 @@ private:
     std::string refusal(std::string_view where) const;
     std::string faultMessage(std::string_view where, const CallFault& fault);
 
-    std::string bundleName;
-    std::unique_ptr<AddOnImage> image;
-    FaultWatch faultWatch;
-    ExportedFunctions exported{};
-    GSResModule resourceModule = InvalidResModule;
-    void* clientHandle = nullptr;
-    std::string addOnName, addOnDescription;
-    Stage stage = Stage::Opened;
-    bool hasCrashed = false;
-    int depth = 0;
+    std::string bundleName_;
+    std::unique_ptr<AddOnImage> image_;
+    FaultWatch faultWatch_;
+    ExportedFunctions exported_{};
+    GSResModule resourceModule_ = InvalidResModule;
+    void* clientHandle_ = nullptr;
+    std::string addOnName_, addOnDescription_;
+    Stage stage_ = Stage::Opened;
+    bool hasCrashed_ = false;
+    int depth_ = 0;
 };
 
 }  // namespace host

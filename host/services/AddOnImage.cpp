@@ -69,13 +69,13 @@ model::Result<std::unique_ptr<AddOnImage>> AddOnImage::load(const fs::path& bund
 }
 
 AddOnImage::AddOnImage(void* image)
-    : handle(image),
-      codeRange(codeRangeOf(image)),
-      exportedProc(reinterpret_cast<GetExportedFuncAddrsProc*>(dlsym(image, GetExportedName))),
-      importedProc(reinterpret_cast<SetImportedFuncAddrsProc*>(dlsym(image, SetImportedName))) {}
+    : handle_(image),
+      codeRange_(codeRangeOf(image)),
+      exportedProc_(reinterpret_cast<GetExportedFuncAddrsProc*>(dlsym(image, GetExportedName))),
+      importedProc_(reinterpret_cast<SetImportedFuncAddrsProc*>(dlsym(image, SetImportedName))) {}
 
 AddOnImage::~AddOnImage() {
-    if (handle != nullptr) dlclose(handle);
+    if (handle_ != nullptr) dlclose(handle_);
 }
 
 }  // namespace host

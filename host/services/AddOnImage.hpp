@@ -25,20 +25,20 @@ public:
     AddOnImage(const AddOnImage&) = delete;
     AddOnImage& operator=(const AddOnImage&) = delete;
 
-    GetExportedFuncAddrsProc* getExported() const { return exportedProc; }
-    SetImportedFuncAddrsProc* setImported() const { return importedProc; }
-    const CodeRange& code() const { return codeRange; }
+    GetExportedFuncAddrsProc* getExported() const { return exportedProc_; }
+    SetImportedFuncAddrsProc* setImported() const { return importedProc_; }
+    const CodeRange& code() const { return codeRange_; }
 
     /// Leaves the image in memory for good: after a crash nothing of it may run any more, its end hook included.
-    void keepLoaded() { handle = nullptr; }
+    void keepLoaded() { handle_ = nullptr; }
 
 private:
     explicit AddOnImage(void* image);
 
-    void* handle;
-    CodeRange codeRange;
-    GetExportedFuncAddrsProc* exportedProc;
-    SetImportedFuncAddrsProc* importedProc;
+    void* handle_;
+    CodeRange codeRange_;
+    GetExportedFuncAddrsProc* exportedProc_;
+    SetImportedFuncAddrsProc* importedProc_;
 };
 
 }  // namespace host

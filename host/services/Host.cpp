@@ -37,46 +37,46 @@ struct Host::Content {
     frontend::AddOnCaller callerBefore = nullptr;
 };
 
-Host::Host() : content(std::make_unique<Content>()) {
-    if (!setSession(&content->session)) throw std::logic_error("there is a Host already");
-    fillFunctionTable(content->session.table.data());
-    content->callerBefore = frontend::setAddOnCaller(&callHandler);
+Host::Host() : content_(std::make_unique<Content>()) {
+    if (!setSession(&content_->session)) throw std::logic_error("there is a Host already");
+    fillFunctionTable(content_->session.table.data());
+    content_->callerBefore = frontend::setAddOnCaller(&callHandler);
 }
 
 Host::~Host() {
     unloadAddOn();
-    frontend::setAddOnCaller(content->callerBefore);
+    frontend::setAddOnCaller(content_->callerBefore);
     setSession(nullptr);
 }
 
 // --- Model ---
 
 model::Status Host::openModel(const std::filesystem::path& path, const model::OpenOptions& options) {
-    if (content->session.busy()) return busy("open a model");
+    if (content_->session.busy()) return busy("open a model");
     auto opened = model::Model::open(path, options);
     if (!opened) return opened.error();
-    content->session.replaceModel(std::move(*opened));
+    content_->session.replaceModel(std::move(*opened));
     return {};
 }
 
 void Host::adoptModel(std::unique_ptr<model::Model> model) {
-    if (!content->session.busy()) content->session.replaceModel(std::move(model));
+    if (!content_->session.busy()) content_->session.replaceModel(std::move(model));
 }
 
 void Host::closeModel() {
-    if (!content->session.busy()) content->session.replaceModel(nullptr);
+    if (!content_->session.busy()) content_->session.replaceModel(nullptr);
 }
 
 model::Model* Host::model() {
-    return content->session.model.get();
+    return content_->session.model.get();
 }
 
 bool Host::undo() {
-    return !content->session.busy() && model() != nullptr && model()->undo();
+    return !content_->session.busy() && model() != nullptr && model()->undo();
 }
 
 bool Host::redo() {
-    return !content->session.busy() && model() != nullptr && model()->redo();
+    return !content_->session.busy() && model() != nullptr && model()->redo();
 }
 
 model::Status Host::save(const std::filesystem::path& path, const model::SaveOptions& options) {
@@ -89,7 +89,7 @@ model::Status Host::save(const std::filesystem::path& path, const model::SaveOpt
 // --- Add-on ---
 
 model::Status Host::loadAddOn(const std::filesystem::path& bundle) {
-    Session& host = content->session;
+    Session& host = content_->session;
     const auto failure = [&](const std::string& reason) {
         return model::Error{model::ErrorKind::CannotRead,
                             fmt::format("cannot load the add-on {}: {}", bundle.string(), reason)};
@@ -105,7 +105,7 @@ model::Status Host::loadAddOn(const std::filesystem::path& bundle) {
 }
 
 void Host::unloadAddOn() {
-    Session& host = content->session;
+    Session& host = content_->session;
     if (!host.addOn || host.busy()) return;
     if (const auto fault = host.addOn->stop()) host.report.write(*fault);
     host.menus.clear();
@@ -113,25 +113,25 @@ void Host::unloadAddOn() {
 }
 
 bool Host::addOnLoaded() const {
-    return content->session.addOn != nullptr;
+    return content_->session.addOn != nullptr;
 }
 
 const std::string& Host::addOnName() const {
     static const std::string none;
-    return addOnLoaded() ? content->session.addOn->name() : none;
+    return addOnLoaded() ? content_->session.addOn->name() : none;
 }
 
 const std::string& Host::addOnDescription() const {
     static const std::string none;
-    return addOnLoaded() ? content->session.addOn->description() : none;
+    return addOnLoaded() ? content_->session.addOn->description() : none;
 }
 
 const std::vector<Menu>& Host::menus() const {
-    return content->session.menus.all();
+    return content_->session.menus.all();
 }
 
 GSErrCode Host::pickMenuItem(Int16 menuStrResID, Int32 itemIndex) {
-    Session& host = content->session;
+    Session& host = content_->session;
     const API_MenuReference reference{menuStrResID, itemIndex, 0};
     MenuItem* item = nullptr;
     if (host.menus.find(reference, item) != NoError) return APIERR_BADINDEX;
@@ -150,19 +150,19 @@ GSErrCode Host::pickMenuItem(Int16 menuStrResID, Int32 itemIndex) {
 // --- Front end ---
 
 void Host::setPointPicker(PointPicker picker) {
-    content->session.picker = std::move(picker);
+    content_->session.picker = std::move(picker);
 }
 
 const std::vector<ReportLine>& Host::report() const {
-    return content->session.report.lines();
+    return content_->session.report.lines();
 }
 
 void Host::setReportSink(ReportSink sink) {
-    content->session.report.setSink(std::move(sink));
+    content_->session.report.setSink(std::move(sink));
 }
 
 HostFunction* Host::table() {
-    return content->session.table.data();
+    return content_->session.table.data();
 }
 
 }  // namespace host

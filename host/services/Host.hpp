@@ -95,7 +95,7 @@ public:
 
 private:
     struct Content;
-    std::unique_ptr<Content> content;
+    std::unique_ptr<Content> content_;
 };
 
 /// The bundle that the project's build makes, beside the running program; where `--addon` is not given.

@@ -12,7 +12,7 @@ GSErrCode Menus::add(const API_MenuRegistration& registration, GSResModule modul
     const std::vector<GS::UniString> prompts = frontend::stringList(module, registration.promptStrResID);
     // A menu without prompts is fine: an item without one shows none.
     if (texts.empty() || (prompts.empty() && registration.promptStrResID != 0)) return APIERR_MISSINGDEF;
-    Menu& added = menus.emplace_back();
+    Menu& added = menus_.emplace_back();
     added.menuStrResID = registration.menuStrResID;
     added.title = frontend::menuTitle(module, registration.menuStrResID);
     if (added.title.IsEmpty()) added.title = title.c_str();
@@ -24,28 +24,28 @@ GSErrCode Menus::add(const API_MenuRegistration& registration, GSResModule modul
 
 GSErrCode Menus::install(Int16 menuStrResID, APIMenuCommandProc* proc) {
     if (menu(menuStrResID) == nullptr) return APIERR_BADID;
-    handlers[menuStrResID] = proc;
+    handlers_[menuStrResID] = proc;
     return NoError;
 }
 
 void Menus::clear() {
-    menus.clear();
-    handlers.clear();
+    menus_.clear();
+    handlers_.clear();
 }
 
 const Menu* Menus::menu(Int16 menuStrResID) const {
-    const auto found = std::find_if(menus.begin(), menus.end(),
+    const auto found = std::find_if(menus_.begin(), menus_.end(),
                                     [&](const Menu& candidate) { return candidate.menuStrResID == menuStrResID; });
-    return found == menus.end() ? nullptr : &*found;
+    return found == menus_.end() ? nullptr : &*found;
 }
 
 APIMenuCommandProc* Menus::handler(Int16 menuStrResID) const {
-    const auto found = handlers.find(menuStrResID);
-    return found == handlers.end() ? nullptr : found->second;
+    const auto found = handlers_.find(menuStrResID);
+    return found == handlers_.end() ? nullptr : found->second;
 }
 
 GSErrCode Menus::find(const API_MenuReference& reference, MenuItem*& item) {
-    for (Menu& candidate : menus) {
+    for (Menu& candidate : menus_) {
         if (candidate.menuStrResID != reference.menuResID) continue;
         const Int64 index = reference.itemIndex;
         if (index < 1 || index > static_cast<Int64>(candidate.items.size())) return APIERR_BADINDEX;

@@ -20,7 +20,7 @@ public:
     GSErrCode install(Int16 menuStrResID, APIMenuCommandProc* proc);
     void clear();
 
-    const std::vector<Menu>& all() const { return menus; }
+    const std::vector<Menu>& all() const { return menus_; }
     /// Null where there is no such menu, or no handler for it.
     const Menu* menu(Int16 menuStrResID) const;
     APIMenuCommandProc* handler(Int16 menuStrResID) const;
@@ -28,8 +28,8 @@ public:
     GSErrCode find(const API_MenuReference& reference, MenuItem*& item);
 
 private:
-    std::vector<Menu> menus;
-    std::map<Int16, APIMenuCommandProc*> handlers;
+    std::vector<Menu> menus_;
+    std::map<Int16, APIMenuCommandProc*> handlers_;
 };
 
 }  // namespace host

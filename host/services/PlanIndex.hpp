@@ -16,7 +16,7 @@ public:
     /// `distance`; of several as near, the first in the file. Elements without a placement are not found.
     std::optional<model::Element> nearest(const model::Model& model, API_ElemTypeID typeId, double x, double y,
                                           double distance);
-    void clear() { places.reset(); }
+    void clear() { places_.reset(); }
 
 private:
     struct Place {
@@ -24,7 +24,7 @@ private:
         API_ElemTypeID typeId;
         double x, y;
     };
-    std::optional<std::vector<Place>> places;
+    std::optional<std::vector<Place>> places_;
 };
 
 }  // namespace host

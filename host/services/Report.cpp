@@ -5,10 +5,10 @@
 namespace host {
 
 void Report::write(std::string text, bool alert) {
-    written.push_back({std::move(text), alert});
-    if (!sink) return;
-    const ReportLine line = written.back();  // A copy: what the sink starts may write further lines.
-    sink(line);
+    written_.push_back({std::move(text), alert});
+    if (!sink_) return;
+    const ReportLine line = written_.back();  // A copy: what the sink starts may write further lines.
+    sink_(line);
 }
 
 std::string utf8(const GS::UniString& text) {

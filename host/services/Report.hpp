@@ -13,12 +13,12 @@ namespace host {
 class Report {
 public:
     void write(std::string text, bool alert = false);
-    void setSink(Host::ReportSink receiver) { sink = std::move(receiver); }
-    const std::vector<ReportLine>& lines() const { return written; }
+    void setSink(Host::ReportSink receiver) { sink_ = std::move(receiver); }
+    const std::vector<ReportLine>& lines() const { return written_; }
 
 private:
-    std::vector<ReportLine> written;
-    Host::ReportSink sink;
+    std::vector<ReportLine> written_;
+    Host::ReportSink sink_;
 };
 
 std::string utf8(const GS::UniString& text);

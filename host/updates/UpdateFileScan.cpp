@@ -46,50 +46,50 @@ void LineNotes::add(std::uint64_t line) {
     if (first.size() < Kept) first.push_back(line);
 }
 
-UpdateFileScan::UpdateFileScan(Knows theKnows) : knows(std::move(theKnows)) {
-    piece.reserve(LongestPiece);
+UpdateFileScan::UpdateFileScan(Knows theKnows) : knows_(std::move(theKnows)) {
+    piece_.reserve(LongestPiece);
 }
 
 void UpdateFileScan::read(std::string_view block) {
-    if (beginning.size() < BytesThatTell) beginning += block.substr(0, BytesThatTell - beginning.size());
+    if (beginning_.size() < BytesThatTell) beginning_ += block.substr(0, BytesThatTell - beginning_.size());
     for (const char byte : block) readByte(byte);
 }
 
 void UpdateFileScan::readByte(char byte) {
-    const bool secondOfPair = byte == '\n' && lastWasReturn;
-    lastWasReturn = byte == '\r';
+    const bool secondOfPair = byte == '\n' && lastWasReturn_;
+    lastWasReturn_ = byte == '\r';
     if (byte == '\r' || byte == '\n') {
         if (!secondOfPair) endLine();
         return;
     }
-    if (++lineBytes == LongestPiece + 1) findings.overlong.add(line);
-    piece += byte;
-    if (piece.size() == LongestPiece) endPiece();
+    if (++lineBytes_ == LongestPiece + 1) findings_.overlong.add(line_);
+    piece_ += byte;
+    if (piece_.size() == LongestPiece) endPiece();
 }
 
 void UpdateFileScan::endLine() {
-    if (!piece.empty()) endPiece();
-    if (lineBytes > 0) ++findings.lines;
-    lineBytes = 0;
-    ++line;
+    if (!piece_.empty()) endPiece();
+    if (lineBytes_ > 0) ++findings_.lines;
+    lineBytes_ = 0;
+    ++line_;
 }
 
 void UpdateFileScan::endPiece() {
-    ++findings.pieces;
+    ++findings_.pieces;
     // The rest of a cut line means nothing by itself; that the line was cut is noted.
-    if (lineBytes <= LongestPiece) examine(piece);
-    piece.clear();
+    if (lineBytes_ <= LongestPiece) examine(piece_);
+    piece_.clear();
 }
 
 void UpdateFileScan::examine(std::string_view text) {
     // A cut may fall into the middle of a character.
-    if (text.size() < LongestPiece && !isWellFormed(text)) findings.notUtf8.add(line);
+    if (text.size() < LongestPiece && !isWellFormed(text)) findings_.notUtf8.add(line_);
     if (const std::size_t zero = text.find('\0'); zero != std::string_view::npos) {
-        findings.zeroBytes.add(line);
+        findings_.zeroBytes.add(line_);
         text = text.substr(0, zero);
     }
     if (text.empty() || text.front() == '\t')
-        findings.leadingTab.add(line);
+        findings_.leadingTab.add(line_);
     else
         examineFields(text);
 }
@@ -104,27 +104,27 @@ void UpdateFileScan::examineFields(std::string_view text) {
         quotes = quotes || inQuotes(field);
         start = end + 1;
     }
-    if (fields < FieldsOfALine) findings.fewFields.add(line);
-    if (quotes) findings.quoted.add(line);
+    if (fields < FieldsOfALine) findings_.fewFields.add(line_);
+    if (quotes) findings_.quoted.add(line_);
 }
 
 void UpdateFileScan::examineGuid(std::string_view field) {
     const auto guid = parseGuid(field);
-    if (guid && !knows(*guid)) findings.unknownElement.add(line);
+    if (guid && !knows_(*guid)) findings_.unknownElement.add(line_);
     if (guid) return;
-    findings.noGuid.add(line);
-    if (looksLikeGlobalId(field)) findings.globalId.add(line);
+    findings_.noGuid.add(line_);
+    if (looksLikeGlobalId(field)) findings_.globalId.add(line_);
 }
 
 UpdateFileFindings UpdateFileScan::finish() {
-    if (lineBytes > 0) ++findings.lines;
+    if (lineBytes_ > 0) ++findings_.lines;
     // A line whose length is a multiple of the buffer's was handed on whole, end or not.
-    if (!piece.empty()) findings.lineWithoutEnd = line;
-    const FileKind kind = tellFileKind(beginning);
-    findings.byteOrderMark = kind == FileKind::TextWithByteOrderMark;
-    findings.utf16 = kind == FileKind::Utf16;
-    findings.binary = kind == FileKind::Binary;
-    return std::move(findings);
+    if (!piece_.empty()) findings_.lineWithoutEnd = line_;
+    const FileKind kind = tellFileKind(beginning_);
+    findings_.byteOrderMark = kind == FileKind::TextWithByteOrderMark;
+    findings_.utf16 = kind == FileKind::Utf16;
+    findings_.binary = kind == FileKind::Binary;
+    return std::move(findings_);
 }
 
 }  // namespace updates

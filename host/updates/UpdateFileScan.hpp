@@ -60,13 +60,13 @@ private:
     void examineFields(std::string_view text);
     void examineGuid(std::string_view field);
 
-    Knows knows;
-    UpdateFileFindings findings;
-    std::string piece;
-    std::string beginning;  ///< The file's first bytes, to tell what it is.
-    std::uint64_t line = 1;
-    std::uint64_t lineBytes = 0;  ///< Of the current line so far.
-    bool lastWasReturn = false;
+    Knows knows_;
+    UpdateFileFindings findings_;
+    std::string piece_;
+    std::string beginning_;  ///< The file's first bytes, to tell what it is.
+    std::uint64_t line_ = 1;
+    std::uint64_t lineBytes_ = 0;  ///< Of the current line so far.
+    bool lastWasReturn_ = false;
 };
 
 }  // namespace updates

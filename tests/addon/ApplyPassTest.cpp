@@ -25,11 +25,11 @@ protected:
     static std::string line(unsigned wall, const std::string& item, const std::string& value) {
         return guidText(wall) + "\t" + item + "\t\t" + value + "\n";
     }
-    const std::string secondFails = line(1, "Name", "A") + line(2, "GlobalId", "no such") + line(3, "Name", "C");
+    const std::string secondFails_ = line(1, "Name", "A") + line(2, "GlobalId", "no such") + line(3, "Name", "C");
 };
 
 TEST_F(Applying, FailingRowDoesNotStopTheOthers) {
-    const auto rows = import(secondFails, [](ImportDialog& dialog) { dialog.selectAll().apply(); });
+    const auto rows = import(secondFails_, [](ImportDialog& dialog) { dialog.selectAll().apply(); });
     for (const std::size_t done : {0U, 2U}) {
         EXPECT_EQ(rows[done].remarks, "Done");
         EXPECT_FALSE(rows[done].ticked());
@@ -42,45 +42,45 @@ TEST_F(Applying, FailingRowDoesNotStopTheOthers) {
 
 TEST_F(Applying, AllRowsOfOnePressAreOneUndoStep) {
     const std::string before = savedText();
-    import(secondFails, [](ImportDialog& dialog) { dialog.selectAll().apply();
+    import(secondFails_, [](ImportDialog& dialog) { dialog.selectAll().apply();
 });
-EXPECT_EQ(host.model()->undoName(), "Apply Quillmarsh updates");
+EXPECT_EQ(host_.model()->undoName(), "Apply Quillmarsh updates");
 EXPECT_THAT(savedText(), ::testing::AllOf(HasSubstr("'A'"), HasSubstr("'C'")));
-EXPECT_TRUE(host.undo());
+EXPECT_TRUE(host_.undo());
 EXPECT_EQ(savedText(), before);
-EXPECT_FALSE(host.undo());
+EXPECT_FALSE(host_.undo());
 }  // namespace
 
 TEST_F(Applying, SecondPressAfterSuccessChangesNothing) {
     import(line(1, "Name", "A"), [this](ImportDialog& dialog) {
         const ImportRow done = dialog.tick(1).apply().row(1);
-    const std::uint64_t revision = host.model()->revision();
+    const std::uint64_t revision = host_.model()->revision();
     EXPECT_EQ(dialog.apply().row(1), done);
-    EXPECT_EQ(host.model()->revision(), revision);
+    EXPECT_EQ(host_.model()->revision(), revision);
 });
 }
 
 TEST_F(Applying, NothingTickedChangesNothing) {
-    const auto rows = import(secondFails, [](ImportDialog& dialog) { dialog.apply(); });
+    const auto rows = import(secondFails_, [](ImportDialog& dialog) { dialog.apply(); });
     for (const ImportRow& row : rows) EXPECT_EQ(row.remarks, "");
-    EXPECT_FALSE(host.model()->canUndo());
+    EXPECT_FALSE(host_.model()->canUndo());
 }
 
 TEST_F(Applying, RowTickedAlthoughDisabledIsPassedOver) {
     const auto rows = import(line(1, "Name", "Wall 1"), [](ImportDialog& dialog) { dialog.tick(1).apply(); });
     EXPECT_EQ(rows[0].remarks, " Old and new values are the same.");
     EXPECT_TRUE(rows[0].ticked());
-    EXPECT_FALSE(host.model()->canUndo());
+    EXPECT_FALSE(host_.model()->canUndo());
 }
 
 TEST_F(Applying, EachPressIsAStepOfItsOwn) {
     import(line(1, "Name", "A") + line(2, "Name", "B"),
            [](ImportDialog& dialog) { dialog.tick(1).apply().tick(2).apply();
 });
-EXPECT_TRUE(host.undo());
+EXPECT_TRUE(host_.undo());
 EXPECT_THAT(savedText(), ::testing::AllOf(HasSubstr("'A'"), Not(HasSubstr("'B'"))));
-EXPECT_TRUE(host.undo());
-EXPECT_FALSE(host.undo());
+EXPECT_TRUE(host_.undo());
+EXPECT_FALSE(host_.undo());
 }
 
 TEST_F(Applying, RowsAreAppliedFromTheTop) {
@@ -98,24 +98,24 @@ TEST_F(ApplyPass, RunsAsANamedCommandEvenWithNothingTicked) {
         dialog.apply();
     EXPECT_FALSE(dialog.shown().ended());
 });
-EXPECT_THAT(host.undoNames, ElementsAre("Apply Quillmarsh updates"));
-EXPECT_THAT(host.setAttributes, IsEmpty());
+EXPECT_THAT(host_.undoNames, ElementsAre("Apply Quillmarsh updates"));
+EXPECT_THAT(host_.setAttributes, IsEmpty());
 }
 
 TEST_F(ApplyPass, FailedRowsAreTriedAgainAndNoOthers) {
-    host.attributes.Push(attribute("Tag", "1"));
+    host_.attributes.Push(attribute("Tag", "1"));
     import(line("Name", "A") + line("Tag", "2"), [this](ImportDialog& dialog) {
         dialog.tick(1).apply().tick(2);
-    host.setError = APIERR_REFUSEDCMD;
+    host_.setError = APIERR_REFUSEDCMD;
     EXPECT_EQ(dialog.apply().row(2).remarks, "error!");
-    host.setError = NoError;
+    host_.setError = NoError;
     EXPECT_EQ(dialog.apply().row(2).remarks, "Done");
     dialog.apply();
 });
 std::vector<std::string> names;
-for (const API_IFCAttribute& set : host.setAttributes) names.push_back(narrow(set.attributeName));
+for (const API_IFCAttribute& set : host_.setAttributes) names.push_back(narrow(set.attributeName));
 EXPECT_THAT(names, ElementsAre("Name", "Tag", "Tag"));
-EXPECT_EQ(host.undoNames.size(), 4U);
+EXPECT_EQ(host_.undoNames.size(), 4U);
 }
 
 TEST_F(ApplyPass, AnyTickTextButTheExactOneCountsAsUnticked) {
@@ -125,7 +125,7 @@ TEST_F(ApplyPass, AnyTickTextButTheExactOneCountsAsUnticked) {
         dialog.apply();
     });
 }
-EXPECT_THAT(host.setAttributes, IsEmpty());
+EXPECT_THAT(host_.setAttributes, IsEmpty());
 }
 
 TEST_F(ApplyPass, WritesWhatTheRowShows) {
@@ -133,12 +133,12 @@ TEST_F(ApplyPass, WritesWhatTheRowShows) {
         DGListSetTabItemText(dialog.shown().id(), ImportDialog::Review, 1, 7, "typed over");
     dialog.tick(1).apply();
 });
-EXPECT_EQ(narrow(host.setAttributes.at(0).attributeValue), "typed over");
+EXPECT_EQ(narrow(host_.setAttributes.at(0).attributeValue), "typed over");
 }
 
 TEST_F(ApplyPass, CommandThatTheHostRefusesLeavesTheRowsAsTheyAre) {
-    host.addOn.put<HostSlot::CallUndoableCommand>(nullptr);
-    host.addOn.bind();
+    host_.addOn.put<HostSlot::CallUndoableCommand>(nullptr);
+    host_.addOn.bind();
     const auto rows = import(line("Name", "A"), [](ImportDialog& dialog) { dialog.tick(1).apply(); });
     EXPECT_EQ(rows[0].remarks, "");
     EXPECT_TRUE(rows[0].ticked());

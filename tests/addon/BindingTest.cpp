@@ -99,20 +99,20 @@ TEST(ExportedRecord, HoldsVersionsAndWrappersAndIsZeroElsewhere) {
 /// A table that ends where readable memory ends.
 class TableAtTheEdge {
 public:
-    TableAtTheEdge() : page(static_cast<std::size_t>(sysconf(_SC_PAGESIZE))) {
-        memory =
-            static_cast<char*>(mmap(nullptr, 2 * page, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
-        mprotect(memory + page, page, PROT_NONE);
+    TableAtTheEdge() : page_(static_cast<std::size_t>(sysconf(_SC_PAGESIZE))) {
+        memory_ =
+            static_cast<char*>(mmap(nullptr, 2 * page_, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
+        mprotect(memory_ + page_, page_, PROT_NONE);
     }
-    ~TableAtTheEdge() { munmap(memory, 2 * page); }
+    ~TableAtTheEdge() { munmap(memory_, 2 * page_); }
     TableAtTheEdge(const TableAtTheEdge&) = delete;
     TableAtTheEdge& operator=(const TableAtTheEdge&) = delete;
 
-    const HostFunction* table() const { return reinterpret_cast<HostFunction*>(memory + page - 4016); }
+    const HostFunction* table() const { return reinterpret_cast<HostFunction*>(memory_ + page_ - 4016); }
 
 private:
-    std::size_t page;
-    char* memory;
+    std::size_t page_;
+    char* memory_;
 };
 
 TEST(HostTable, IsReadForExactlyItsSize) {

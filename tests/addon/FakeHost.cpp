@@ -134,13 +134,13 @@ std::vector<ImportRow> FakeHostTest::review(std::string_view updates) {
 
 std::vector<ImportRow> FakeHostTest::import(std::string_view updates, const std::function<void(ImportDialog&)>& user) {
     std::vector<ImportRow> rows;
-    view.pickNextFile(folder.write("updates.txt", updates).string());
-    view.inNextDialog([&](frontend::Dialog& shown) {
+    view_.pickNextFile(folder_.write("updates.txt", updates).string());
+    view_.inNextDialog([&](frontend::Dialog& shown) {
         ImportDialog dialog(shown);
         user(dialog);
         rows = dialog.rows();
     });
-    EXPECT_EQ(host.pickMenuItem(1), NoError);
+    EXPECT_EQ(host_.pickMenuItem(1), NoError);
     return rows;
 }
 
@@ -150,7 +150,7 @@ std::string FakeHostTest::setValue(std::string_view item, std::string_view value
 
 std::vector<std::pair<std::string, std::string>> FakeHostTest::lookup(std::optional<std::string_view> text) {
     std::vector<std::pair<std::string, std::string>> rows;
-    view.inNextDialog([&](frontend::Dialog& dialog) {
+    view_.inNextDialog([&](frontend::Dialog& dialog) {
         if (text) {
             EXPECT_TRUE(dialog.typeText(3, std::string(*text).c_str()));
         }
@@ -159,7 +159,7 @@ std::vector<std::pair<std::string, std::string>> FakeHostTest::lookup(std::optio
         for (Int16 row = 1; row <= results.rowCount(); ++row)
             rows.emplace_back(narrow(results.cell(row, 1)), narrow(results.cell(row, 2)));
     });
-    EXPECT_EQ(host.pickMenuItem(2), NoError);
+    EXPECT_EQ(host_.pickMenuItem(2), NoError);
     return rows;
 }
 

@@ -74,10 +74,10 @@ protected:
     /// Looks up what stands in the edit text, or this text.
     std::vector<std::pair<std::string, std::string>> lookup(std::optional<std::string_view> text = std::nullopt);
 
-    TempFolder folder;
-    DebugCapture debug;
-    ScriptedView view;
-    FakeHost host;
+    TempFolder folder_;
+    DebugCapture debug_;
+    ScriptedView view_;
+    FakeHost host_;
 };
 
 // --- Records -------------------------------------------------------------------------------------------------------

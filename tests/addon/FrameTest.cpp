@@ -23,7 +23,7 @@ protected:
 
 TEST_F(Frame, NameAndDescriptionComeFromTheResources) {
     API_EnvirParams envir{};
-    EXPECT_EQ(host.addOn.exported.checkEnvironment(&envir), APIAddon_Normal);
+    EXPECT_EQ(host_.addOn.exported.checkEnvironment(&envir), APIAddon_Normal);
     EXPECT_STREQ(envir.addOnInfo.name, "Quillmarsh Updates");
     EXPECT_THAT(envir.addOnInfo.description, HasSubstr("Applies Quillmarsh updates"));
 }
@@ -31,104 +31,104 @@ TEST_F(Frame, NameAndDescriptionComeFromTheResources) {
 TEST_F(Frame, ForeignHostApplicationIsRefusedAndNothingFilled) {
     API_EnvirParams envir{};
     envir.applicationId = 1;
-    EXPECT_EQ(host.addOn.exported.checkEnvironment(&envir), APIAddon_DontRegister);
+    EXPECT_EQ(host_.addOn.exported.checkEnvironment(&envir), APIAddon_DontRegister);
     EXPECT_STREQ(envir.addOnInfo.name, "");
     EXPECT_STREQ(envir.addOnInfo.description, "");
 }
 
 TEST_F(Frame, MenuIsRegisteredWithItsPrompts) {
-    EXPECT_EQ(host.addOn.exported.registerInterface(), NoError);
-    ASSERT_TRUE(host.menu.has_value());
-    EXPECT_EQ(host.menu->menuStrResID, 32500);
-    EXPECT_EQ(host.menu->promptStrResID, 32520);
-    EXPECT_EQ(host.menu->position, 1);
-    EXPECT_EQ(host.menu->flags, 0U);
-    EXPECT_THAT(host.menu->reserved, ::testing::Each(0));
-    EXPECT_EQ(debug.text, "");
+    EXPECT_EQ(host_.addOn.exported.registerInterface(), NoError);
+    ASSERT_TRUE(host_.menu.has_value());
+    EXPECT_EQ(host_.menu->menuStrResID, 32500);
+    EXPECT_EQ(host_.menu->promptStrResID, 32520);
+    EXPECT_EQ(host_.menu->position, 1);
+    EXPECT_EQ(host_.menu->flags, 0U);
+    EXPECT_THAT(host_.menu->reserved, ::testing::Each(0));
+    EXPECT_EQ(debug_.text, "");
 }
 
 TEST_F(Frame, FailedMenuRegistrationIsPassedBackAndLogged) {
-    host.menuError = APIERR_MEMFULL;
-    EXPECT_EQ(host.addOn.exported.registerInterface(), APIERR_MEMFULL);
-    EXPECT_EQ(debug.text, "ZUNACAddon:: RegisterInterface() ACAPI_Register_Menu failed\n");
+    host_.menuError = APIERR_MEMFULL;
+    EXPECT_EQ(host_.addOn.exported.registerInterface(), APIERR_MEMFULL);
+    EXPECT_EQ(debug_.text, "ZUNACAddon:: RegisterInterface() ACAPI_Register_Menu failed\n");
 }
 
 TEST_F(Frame, MenuHandlerIsInstalledForTheMenu) {
-    host.start();
-    EXPECT_NE(host.menuHandler, nullptr);
-    EXPECT_EQ(host.handledMenu, 32500);
-    EXPECT_THAT(debug.text, Not(HasSubstr("Install_MenuHandler failed")));
+    host_.start();
+    EXPECT_NE(host_.menuHandler, nullptr);
+    EXPECT_EQ(host_.handledMenu, 32500);
+    EXPECT_THAT(debug_.text, Not(HasSubstr("Install_MenuHandler failed")));
 }
 
 TEST_F(Frame, FailedMenuHandlerIsPassedBackAndHelpIsRegisteredAllTheSame) {
-    host.handlerError = APIERR_BADID;
-    EXPECT_EQ(host.addOn.initialize(&host.client), APIERR_BADID);
-    EXPECT_THAT(debug.text, HasSubstr("ZUNACAddon:: Initialize() ACAPI_Install_MenuHandler failed\n"));
+    host_.handlerError = APIERR_BADID;
+    EXPECT_EQ(host_.addOn.initialize(&host_.client), APIERR_BADID);
+    EXPECT_THAT(debug_.text, HasSubstr("ZUNACAddon:: Initialize() ACAPI_Install_MenuHandler failed\n"));
     EXPECT_EQ(helpFolders().size(), 1U);
 }
 
 TEST_F(Frame, HelpIsTheFolderThatHoldsTheBundle) {
-    host.start();
+    host_.start();
     const std::string folderOfBundle = realBundle().parent_path().string();
     EXPECT_THAT(helpFolders(), ::testing::ElementsAre(folderOfBundle));
-    EXPECT_THAT(debug.text, HasSubstr("helpLoc is OK\nZUNACAddon:: Additional Help at: \"" + folderOfBundle + "\"\n"));
-    EXPECT_THAT(debug.text, Not(HasSubstr("register additional help failed")));
+    EXPECT_THAT(debug_.text, HasSubstr("helpLoc is OK\nZUNACAddon:: Additional Help at: \"" + folderOfBundle + "\"\n"));
+    EXPECT_THAT(debug_.text, Not(HasSubstr("register additional help failed")));
 }
 
 TEST_F(Frame, HelpIsGoneAfterTheEnd) {
-    host.start();
-    EXPECT_EQ(host.addOn.exported.freeData(), NoError);
+    host_.start();
+    EXPECT_EQ(host_.addOn.exported.freeData(), NoError);
     EXPECT_TRUE(helpFolders().empty());
 }
 
 TEST_F(Frame, FailedHelpRegistrationIsLoggedAndTheEndSucceedsAllTheSame) {
     const IO::Location taken("/taken");
     DG::RegisterAdditionalHelpLocation(0x58703953, -1312990621, &taken, nullptr, nullptr, nullptr, nullptr);
-    EXPECT_EQ(host.addOn.initialize(&host.client), NoError);
-    EXPECT_THAT(debug.text, HasSubstr("\"\nregister additional help failed\n"));
+    EXPECT_EQ(host_.addOn.initialize(&host_.client), NoError);
+    EXPECT_THAT(debug_.text, HasSubstr("\"\nregister additional help failed\n"));
 
     DG::UnregisterAdditionalHelpLocation(0x58703953, -1312990621);
-    EXPECT_EQ(host.addOn.exported.freeData(), NoError);
+    EXPECT_EQ(host_.addOn.exported.freeData(), NoError);
 }
 
 TEST_F(Frame, SpecialFolderIsLoggedOnALineOfItsOwn) {
-    host.addOn.put<HostSlot::Environment>([](void*, UInt32 code, void* par1, void* par2, void* par3) -> GSErrCode {
+    host_.addOn.put<HostSlot::Environment>([](void*, UInt32 code, void* par1, void* par2, void* par3) -> GSErrCode {
         EXPECT_EQ(code, 0x47535046U);
         EXPECT_EQ(*static_cast<Int32*>(par1), 12);
         EXPECT_EQ(par3, nullptr);
         *static_cast<IO::Location*>(par2) = IO::Location("/help/100%s");
         return NoError;
     });
-    EXPECT_EQ(host.addOn.bind(), NoError);
-    host.start();
-    EXPECT_EQ(debug.text.substr(0, debug.text.find('\n') + 1), "px=/help/100%s\n");
+    EXPECT_EQ(host_.addOn.bind(), NoError);
+    host_.start();
+    EXPECT_EQ(debug_.text.substr(0, debug_.text.find('\n') + 1), "px=/help/100%s\n");
 }
 
 TEST_F(Frame, HostWithoutSpecialFoldersIsLoggedWithAnEmptyOne) {
-    host.start();
-    EXPECT_EQ(debug.text.substr(0, 4), "px=\n");
+    host_.start();
+    EXPECT_EQ(debug_.text.substr(0, 4), "px=\n");
 }
 
 TEST_F(Frame, OtherMenuRunsNothing) {
-    host.start();
-    EXPECT_EQ(host.pickMenuItem(1, 32499), NoError);
-    EXPECT_EQ(host.pickMenuItem(2, 32520), NoError);
+    host_.start();
+    EXPECT_EQ(host_.pickMenuItem(1, 32499), NoError);
+    EXPECT_EQ(host_.pickMenuItem(2, 32520), NoError);
 }
 
 TEST_F(Frame, UnknownItemRunsNothing) {
-    host.start();
-    for (const Int32 item : {0, 3, -1}) EXPECT_EQ(host.pickMenuItem(item), NoError);
+    host_.start();
+    for (const Int32 item : {0, 3, -1}) EXPECT_EQ(host_.pickMenuItem(item), NoError);
 }
 
 TEST_F(Frame, FirstItemAsksForAnUpdateFile) {
-    view.cancelNextFile();
-    EXPECT_EQ(host.pickMenuItem(1), NoError);
-    EXPECT_EQ(view.fileRequests().size(), 1U);
+    view_.cancelNextFile();
+    EXPECT_EQ(host_.pickMenuItem(1), NoError);
+    EXPECT_EQ(view_.fileRequests().size(), 1U);
 }
 
 TEST_F(Frame, SecondItemOpensTheLookupDialog) {
-    view.inNextDialog([](frontend::Dialog& dialog) { EXPECT_EQ(dialog.resourceId(), 32500); });
-    EXPECT_EQ(host.pickMenuItem(2), NoError);
+    view_.inNextDialog([](frontend::Dialog& dialog) { EXPECT_EQ(dialog.resourceId(), 32500); });
+    EXPECT_EQ(host_.pickMenuItem(2), NoError);
 }
 
 // --- The help folder, for paths as other systems have them ---------------------------------------------------------

@@ -20,8 +20,8 @@ constexpr const char* Sample = "4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9";
 class Lookup : public FakeHostTest {
 protected:
     void inDialog(const std::function<void(frontend::Dialog&)>& user) {
-        view.inNextDialog(user);
-        EXPECT_EQ(host.pickMenuItem(2), NoError);
+        view_.inNextDialog(user);
+        EXPECT_EQ(host_.pickMenuItem(2), NoError);
     }
 };
 
@@ -82,10 +82,10 @@ TEST_F(Lookup, GrowthMovesTheButtonsAndGrowsTextAndList) {
 // --- The rows ------------------------------------------------------------------------------------------------------
 
 TEST_F(Lookup, RowsComeFromEachSourceInTheHostsOrder) {
-    host.attributes.Push(attribute("Tag", "T1"));
-    host.properties.Push(property("Pset_WallCommon", "FireRating", integerValue(60)));
-    host.properties.Push(property("Loose", "Ratio", realValue(0.5)));
-    host.classifications.Push(classification("UniFormat Classification", "B2010", "Exterior Walls"));
+    host_.attributes.Push(attribute("Tag", "T1"));
+    host_.properties.Push(property("Pset_WallCommon", "FireRating", integerValue(60)));
+    host_.properties.Push(property("Loose", "Ratio", realValue(0.5)));
+    host_.classifications.Push(classification("UniFormat Classification", "B2010", "Exterior Walls"));
     EXPECT_THAT(lookup(),
                 ElementsAre(Pair("GUID", Sample), Pair("Type", "Wall"), Pair("Name", "Wall-01"), Pair("Tag", "T1"),
                             Pair("FireRating[Pset_WallCommon]", "60"), Pair("Ratio[Loose]", "0.500000"),
@@ -119,50 +119,50 @@ TEST_F(Lookup, NamedErrorsAreRowsAndEndTheLookup) {
                                {APIERR_BADPARS, "BADPARS"},
                                {APIERR_DELETED, "DELETED"}};
     for (const auto& [code, name] : cases) {
-        host.elementError = code;
+        host_.elementError = code;
         EXPECT_THAT(lookup(), ElementsAre(Pair("GUID", Sample), Pair("Error", name)));
     }
-    EXPECT_TRUE(host.asked.empty());
+    EXPECT_TRUE(host_.asked.empty());
 }
 
 TEST_F(Lookup, OtherErrorsEndTheLookupInSilence) {
     for (const GSErrCode code : std::vector<GSErrCode>{APIERR_GENERAL, APIERR_BADNAME, APIERR_NOTSUPPORTED, -1, 1}) {
-        host.elementError = code;
+        host_.elementError = code;
         EXPECT_THAT(lookup(), ElementsAre(Pair("GUID", Sample))) << code;
     }
 }
 
 TEST_F(Lookup, TypeWithoutANameIsAnEmptyValue) {
-    host.typeName.reset();
+    host_.typeName.reset();
     EXPECT_THAT(lookup(), Contains(Pair("Type", "")));
 }
 
 TEST_F(Lookup, FailingAttributesLeaveOneRowAndTheRestFollows) {
-    host.attributesError = APIERR_GENERAL;
-    host.properties.Push(property("Pset_A", "Note", stringValue("a")));
+    host_.attributesError = APIERR_GENERAL;
+    host_.properties.Push(property("Pset_A", "Note", stringValue("a")));
     EXPECT_THAT(lookup(),
                 ElementsAre(Pair("GUID", Sample), Pair("Type", "Wall"), Pair("Err", "?"), Pair("Note[Pset_A]", "a")));
 }
 
 TEST_F(Lookup, FailingPropertiesAndClassificationsLeaveNoTrace) {
-    host.properties.Push(property("Pset_A", "Note", stringValue("a")));
-    host.classifications.Push(classification("System", "A", "b"));
-    host.propertiesError = APIERR_GENERAL;
+    host_.properties.Push(property("Pset_A", "Note", stringValue("a")));
+    host_.classifications.Push(classification("System", "A", "b"));
+    host_.propertiesError = APIERR_GENERAL;
     EXPECT_THAT(lookup(), ElementsAre(Pair("GUID", Sample), Pair("Type", "Wall"), Pair("Name", "Wall-01"),
                                       Pair("System", "A {b}")));
-    host.propertiesError = NoError;
-    host.classificationsError = APIERR_GENERAL;
+    host_.propertiesError = NoError;
+    host_.classificationsError = APIERR_GENERAL;
     EXPECT_THAT(lookup(), ElementsAre(Pair("GUID", Sample), Pair("Type", "Wall"), Pair("Name", "Wall-01"),
                                       Pair("Note[Pset_A]", "a")));
 }
 
 TEST_F(Lookup, TabsOfTheModelAreShownAsBlanks) {
-    host.attributes.Push(attribute("Odd\tname", "odd\tvalue"));
+    host_.attributes.Push(attribute("Odd\tname", "odd\tvalue"));
     EXPECT_THAT(lookup(), Contains(Pair("Odd name", "odd value")));
 }
 
 TEST_F(Lookup, ReferenceWithoutANameShowsEmptyBraces) {
-    host.classifications.Push(classification("System", "", ""));
+    host_.classifications.Push(classification("System", "", ""));
     EXPECT_THAT(lookup(), Contains(Pair("System", " {}")));
 }
 
@@ -201,7 +201,7 @@ TEST_F(LookingUp, ChangesNothing) {
     const std::string before = savedText();
     lookup(guidText(1));
     EXPECT_EQ(savedText(), before);
-    EXPECT_FALSE(host.model()->canUndo());
+    EXPECT_FALSE(host_.model()->canUndo());
 }
 
 }  // namespace

@@ -25,15 +25,15 @@ void PrintTo(const Language& language, std::ostream* stream) {
 class UserLanguage {
 public:
     explicit UserLanguage(const char* locale) {
-        if (const char* value = std::getenv("LC_ALL")) before = value;
+        if (const char* value = std::getenv("LC_ALL")) before_ = value;
         setenv("LC_ALL", locale, 1);
     }
-    ~UserLanguage() { before ? setenv("LC_ALL", before->c_str(), 1) : unsetenv("LC_ALL"); }
+    ~UserLanguage() { before_ ? setenv("LC_ALL", before_->c_str(), 1) : unsetenv("LC_ALL"); }
     UserLanguage(const UserLanguage&) = delete;
     UserLanguage& operator=(const UserLanguage&) = delete;
 
 private:
-    std::optional<std::string> before;
+    std::optional<std::string> before_;
 };
 
 class Resources : public HostFixture, public ::testing::WithParamInterface<Language> {
@@ -44,18 +44,18 @@ protected:
     }
 
     void inDialog(Int32 menuItem, const std::function<void(frontend::Dialog&)>& user) {
-        if (menuItem == ImportItem) view.pickNextFile(folder.write("updates.txt", "").string());
-        view.inNextDialog(user);
-        EXPECT_EQ(host.pickMenuItem(AddOnMenu, menuItem), NoError);
+        if (menuItem == ImportItem) view_.pickNextFile(folder_.write("updates.txt", "").string());
+        view_.inNextDialog(user);
+        EXPECT_EQ(host_.pickMenuItem(AddOnMenu, menuItem), NoError);
     }
 };
 
 TEST_P(Resources, AddOnAndMenuHaveTheirTexts) {
-    EXPECT_EQ(host.addOnName(), GetParam().name);
-    EXPECT_NE(host.addOnDescription(), "");
-    ASSERT_EQ(host.menus().size(), 1U);
+    EXPECT_EQ(host_.addOnName(), GetParam().name);
+    EXPECT_NE(host_.addOnDescription(), "");
+    ASSERT_EQ(host_.menus().size(), 1U);
     std::vector<std::string> items;
-    for (const host::MenuItem& item : host.menus()[0].items) {
+    for (const host::MenuItem& item : host_.menus()[0].items) {
         items.push_back(narrow(item.text));
         EXPECT_FALSE(item.prompt.IsEmpty());
     }

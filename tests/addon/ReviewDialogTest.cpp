@@ -26,10 +26,10 @@ protected:
     static std::string renaming(unsigned wall, const std::string& name) {
         return guidText(wall) + "\tName\t\t" + name + "\n";
     }
-    const std::string updates = renaming(1, "A") + renaming(2, "B") + renaming(3, "Wall 3");
+    const std::string updates_ = renaming(1, "A") + renaming(2, "B") + renaming(3, "Wall 3");
 
     std::vector<ImportRow> import(const std::function<void(ImportDialog&)>& user) {
-        return HostFixture::import(updates, user);
+        return HostFixture::import(updates_, user);
     }
     std::vector<std::string> ticksAfter(const std::function<void(ImportDialog&)>& user) {
         std::vector<std::string> ticks;
@@ -39,13 +39,13 @@ protected:
 
     /// Loads the add-on with a review list of another width.
     void loadWithListWidth(int width) {
-        const std::filesystem::path bundle = folder.path() / realBundle().filename();
+        const std::filesystem::path bundle = folder_.path() / realBundle().filename();
         std::filesystem::copy(realBundle(), bundle, std::filesystem::copy_options::recursive);
         const std::string definitions = bytesOf(bundle / "Contents/Resources/ZUNACAddin19.res");
         const std::regex list("(list 5 at \\d+ \\d+ size )\\d+");
-        folder.write("ZUNACAddin19.bundle/Contents/Resources/ZUNACAddin19.res",
-                     std::regex_replace(definitions, list, "$01" + std::to_string(width)));
-        const model::Status loaded = host.loadAddOn(bundle);
+        folder_.write("ZUNACAddin19.bundle/Contents/Resources/ZUNACAddin19.res",
+                      std::regex_replace(definitions, list, "$01" + std::to_string(width)));
+        const model::Status loaded = host_.loadAddOn(bundle);
         ASSERT_TRUE(loaded) << loaded.error().message;
     }
 
@@ -91,7 +91,7 @@ TEST_F(ReviewDialog, HeaderHasTheTextsOfTheResources) {
 TEST_F(ReviewDialog, ListIsDrawnOnceItIsFilled) {
     import([this](ImportDialog& dialog) {
         EXPECT_TRUE(dialog.list().drawingEnabled());
-    EXPECT_LT(view.changes(), 10);
+    EXPECT_LT(view_.changes(), 10);
 });
 }
 

@@ -18,44 +18,44 @@ constexpr const char* Error = "error!";
 
 class SettingAValue : public FakeHostTest {
 protected:
-    const API_IFCPropertyValue& writtenValue() const { return host.setProperties.at(0).singleValue.nominalValue; }
-    bool nothingWritten() const { return host.changed.empty(); }
+    const API_IFCPropertyValue& writtenValue() const { return host_.setProperties.at(0).singleValue.nominalValue; }
+    bool nothingWritten() const { return host_.changed.empty(); }
 };
 
 // --- Where it goes -------------------------------------------------------------------------------------------------
 
 TEST_F(SettingAValue, AttributeIsWrittenAndPropertiesAreNotLookedAt) {
-    host.attributes.Push(attribute("Width", "1"));
-    host.properties.Push(property("Pset_A", "Width", stringValue("1")));
+    host_.attributes.Push(attribute("Width", "1"));
+    host_.properties.Push(property("Pset_A", "Width", stringValue("1")));
     import(line("Width", "2{kept}"), [this](ImportDialog& dialog) {
         dialog.tick(1);
-    host.asked.clear();
+    host_.asked.clear();
     EXPECT_EQ(dialog.apply().row(1).remarks, Done);
 });
-EXPECT_THAT(host.asked, ElementsAre("attributes"));
-EXPECT_EQ(narrow(host.setAttributes.at(0).attributeName), "Width");
-EXPECT_EQ(narrow(host.setAttributes.at(0).attributeValue), "2{kept}");
-EXPECT_THAT(host.setProperties, IsEmpty());
+EXPECT_THAT(host_.asked, ElementsAre("attributes"));
+EXPECT_EQ(narrow(host_.setAttributes.at(0).attributeName), "Width");
+EXPECT_EQ(narrow(host_.setAttributes.at(0).attributeValue), "2{kept}");
+EXPECT_THAT(host_.setProperties, IsEmpty());
 }  // namespace
 
 TEST_F(SettingAValue, BracketsDoNotKeepAnAttributeFromMatching) {
     EXPECT_EQ(setValue("Name[WallCommon]", "A"), Done);
-    EXPECT_EQ(host.setAttributes.size(), 1U);
+    EXPECT_EQ(host_.setAttributes.size(), 1U);
 }
 
 TEST_F(SettingAValue, FirstOfSeveralMatchesIsWritten) {
-    host.properties.Push(property("Pset_A", "Note", stringValue("first")));
-    host.properties.Push(property("Pset_B", "Note", stringValue("second")));
+    host_.properties.Push(property("Pset_A", "Note", stringValue("first")));
+    host_.properties.Push(property("Pset_B", "Note", stringValue("second")));
     EXPECT_EQ(setValue("Note", "new"), Done);
-    ASSERT_EQ(host.setProperties.size(), 1U);
-    EXPECT_EQ(narrow(host.setProperties[0].head.propertySetName), "Pset_A");
+    ASSERT_EQ(host_.setProperties.size(), 1U);
+    EXPECT_EQ(narrow(host_.setProperties[0].head.propertySetName), "Pset_A");
 }
 
 TEST_F(SettingAValue, PropertyInAnotherSetIsWrittenAndNoneIsCreated) {
-    host.properties.Push(property("Pset_Other", "LoadBearing", booleanValue(0)));
+    host_.properties.Push(property("Pset_Other", "LoadBearing", booleanValue(0)));
     EXPECT_EQ(setValue("LoadBearing[WallCommon]", "true"), Done);
-    ASSERT_EQ(host.setProperties.size(), 1U);
-    EXPECT_EQ(narrow(host.setProperties[0].head.propertySetName), "Pset_Other");
+    ASSERT_EQ(host_.setProperties.size(), 1U);
+    EXPECT_EQ(narrow(host_.setProperties[0].head.propertySetName), "Pset_Other");
 }
 
 TEST_F(SettingAValue, UnknownNameWithoutBracketsIsAnError) {
@@ -66,11 +66,11 @@ TEST_F(SettingAValue, UnknownNameWithoutBracketsIsAnError) {
 TEST_F(SettingAValue, ElementThatIsGoneIsAnErrorAndNothingElseIsTried) {
     import(line("Name", "A"), [this](ImportDialog& dialog) {
         dialog.tick(1);
-    host.asked.clear();
-    host.elementError = APIERR_DELETED;
+    host_.asked.clear();
+    host_.elementError = APIERR_DELETED;
     EXPECT_EQ(dialog.apply().row(1).remarks, Error);
 });
-EXPECT_THAT(host.asked, IsEmpty());
+EXPECT_THAT(host_.asked, IsEmpty());
 EXPECT_TRUE(nothingWritten());
 }
 
@@ -78,37 +78,37 @@ TEST_F(SettingAValue, TheElementOfTheLineIsWritten) {
     EXPECT_EQ(setValue("Name", "A"), Done);
     GS::Guid expected;
     expected.ConvertFromString(guid.c_str());
-    EXPECT_EQ(host.changed.at(0), GSGuid2APIGuid(expected));
+    EXPECT_EQ(host_.changed.at(0), GSGuid2APIGuid(expected));
 }
 
 TEST_F(SettingAValue, FailedWriteIsNotFollowedByAnotherAttempt) {
-    host.properties.Push(property("Pset_A", "Note", stringValue("a")));
-    host.classifications.Push(classification("Note", "a", "b"));
-    host.setError = APIERR_READONLY;
+    host_.properties.Push(property("Pset_A", "Note", stringValue("a")));
+    host_.classifications.Push(classification("Note", "a", "b"));
+    host_.setError = APIERR_READONLY;
     EXPECT_EQ(setValue("Note[Custom]", "new"), Error);
-    EXPECT_EQ(host.changed.size(), 1U);
+    EXPECT_EQ(host_.changed.size(), 1U);
 }
 
 TEST_F(SettingAValue, FailingAttributesDoNotKeepAPropertyFromBeingWritten) {
-    host.properties.Push(property("Pset_A", "Note", stringValue("a")));
+    host_.properties.Push(property("Pset_A", "Note", stringValue("a")));
     import(line("Note", "new"), [this](ImportDialog& dialog) {
         dialog.tick(1);
-    host.attributesError = APIERR_GENERAL;
+    host_.attributesError = APIERR_GENERAL;
     EXPECT_EQ(dialog.apply().row(1).remarks, Done);
 });
-EXPECT_EQ(host.setProperties.size(), 1U);
+EXPECT_EQ(host_.setProperties.size(), 1U);
 }
 
 TEST_F(SettingAValue, FailingPropertiesCreateNoneButClassificationsAreTried) {
-    host.propertiesError = APIERR_GENERAL;
+    host_.propertiesError = APIERR_GENERAL;
     EXPECT_EQ(setValue("Note[Custom]", "new"), Error);
     EXPECT_TRUE(nothingWritten());
     EXPECT_EQ(setValue("UniFormat Classification[Custom]", "B2010"), Done);
-    EXPECT_EQ(host.setClassifications.size(), 1U);
+    EXPECT_EQ(host_.setClassifications.size(), 1U);
 }
 
 TEST_F(SettingAValue, FailingClassificationsAreAnError) {
-    host.classificationsError = APIERR_GENERAL;
+    host_.classificationsError = APIERR_GENERAL;
     EXPECT_EQ(setValue("UniFormat Classification", "B2010"), Error);
     EXPECT_TRUE(nothingWritten());
 }
@@ -125,7 +125,7 @@ class CreatingAProperty : public SettingAValue, public ::testing::WithParamInter
 
 TEST_P(CreatingAProperty, TakesItsTypeFromTheValue) {
     EXPECT_EQ(setValue("Note[Custom]", GetParam().value), Done);
-    const API_IFCPropertyHead& head = host.setProperties.at(0).head;
+    const API_IFCPropertyHead& head = host_.setProperties.at(0).head;
     EXPECT_EQ(narrow(head.propertySetName), "Pset_Custom");
     EXPECT_EQ(narrow(head.propertyName), "Note");
     EXPECT_EQ(head.kind, API_IFCPropertySingleValueType);
@@ -152,11 +152,11 @@ TEST_F(SettingAValue, NewPropertyHoldsTheValueInItsType) {
     setValue("B[Custom]", "2.75");
     setValue("C[Custom]", ".5");
     setValue("D[Custom]", "abc");
-    ASSERT_EQ(host.setProperties.size(), 4U);
-    EXPECT_EQ(host.setProperties[0].singleValue.nominalValue.booleanValue, 1);
-    EXPECT_EQ(host.setProperties[1].singleValue.nominalValue.integerValue, 2);
-    EXPECT_EQ(host.setProperties[2].singleValue.nominalValue.realValue, 0.5);
-    EXPECT_EQ(narrow(host.setProperties[3].singleValue.nominalValue.stringValue), "abc");
+    ASSERT_EQ(host_.setProperties.size(), 4U);
+    EXPECT_EQ(host_.setProperties[0].singleValue.nominalValue.booleanValue, 1);
+    EXPECT_EQ(host_.setProperties[1].singleValue.nominalValue.integerValue, 2);
+    EXPECT_EQ(host_.setProperties[2].singleValue.nominalValue.realValue, 0.5);
+    EXPECT_EQ(narrow(host_.setProperties[3].singleValue.nominalValue.stringValue), "abc");
 }
 
 TEST_F(SettingAValue, PrefixIsAddedWhateverTheBracketsHold) {
@@ -166,27 +166,27 @@ TEST_F(SettingAValue, PrefixIsAddedWhateverTheBracketsHold) {
                                                          {"Note[", "Pset_"},
                                                          {"Note[a[b]]", "Pset_a[b]"}};
     for (const auto& [designation, set] : cases) {
-        host.setProperties.clear();
+        host_.setProperties.clear();
         EXPECT_EQ(setValue(designation, "new"), Done);
-        EXPECT_EQ(narrow(host.setProperties.at(0).head.propertySetName), set) << designation;
-        EXPECT_EQ(narrow(host.setProperties.at(0).head.propertyName), "Note");
+        EXPECT_EQ(narrow(host_.setProperties.at(0).head.propertySetName), set) << designation;
+        EXPECT_EQ(narrow(host_.setProperties.at(0).head.propertyName), "Note");
     }
 }
 
 TEST_F(SettingAValue, FailedCreationIsAnErrorAndClassificationsAreNotTried) {
-    host.setError = APIERR_BADNAME;
+    host_.setError = APIERR_BADNAME;
     EXPECT_EQ(setValue("UniFormat Classification[Custom]", "B2010"), Error);
-    EXPECT_EQ(host.setProperties.size(), 1U);
-    EXPECT_THAT(host.setClassifications, IsEmpty());
+    EXPECT_EQ(host_.setProperties.size(), 1U);
+    EXPECT_THAT(host_.setClassifications, IsEmpty());
 }
 
 // --- Existing properties -------------------------------------------------------------------------------------------
 
 TEST_F(SettingAValue, IntegerTakesTheLeadingNumber) {
     const std::pair<const char*, Int64> cases[] = {{"12.9", 12}, {"x", 0}, {"", 0}, {" -7 mm", -7}};
-    host.properties.Push(property("Pset_A", "Count", integerValue(99)));
+    host_.properties.Push(property("Pset_A", "Count", integerValue(99)));
     for (const auto& [text, value] : cases) {
-        host.setProperties.clear();
+        host_.setProperties.clear();
         EXPECT_EQ(setValue("Count", text), Done);
         EXPECT_EQ(writtenValue().integerValue, value) << text;
         EXPECT_EQ(narrow(writtenValue().valueType), "IfcInteger");
@@ -195,51 +195,51 @@ TEST_F(SettingAValue, IntegerTakesTheLeadingNumber) {
 
 TEST_F(SettingAValue, RealTakesTheLeadingNumber) {
     const std::pair<const char*, double> cases[] = {{"2.75", 2.75}, {"1e3 mm", 1000}, {"x", 0}, {"-.5", -0.5}};
-    host.properties.Push(property("Pset_A", "Width", realValue(99)));
+    host_.properties.Push(property("Pset_A", "Width", realValue(99)));
     for (const auto& [text, value] : cases) {
-        host.setProperties.clear();
+        host_.setProperties.clear();
         EXPECT_EQ(setValue("Width", text), Done);
         EXPECT_EQ(writtenValue().realValue, value) << text;
     }
 }
 
 TEST_F(SettingAValue, BooleanBecomesTrueWhateverTheText) {
-    host.properties.Push(property("Pset_A", "IsExternal", booleanValue(0)));
+    host_.properties.Push(property("Pset_A", "IsExternal", booleanValue(0)));
     for (const char* text : {"true", "True", "t", "T", "0", "no", ""}) {
-        host.setProperties.clear();
+        host_.setProperties.clear();
         EXPECT_EQ(setValue("IsExternal", text), Done) << text;
         EXPECT_EQ(writtenValue().booleanValue, 1) << text;
     }
 }
 
 TEST_F(SettingAValue, BooleanTrueGivenFalseStaysTrue) {
-    host.properties.Push(property("Pset_A", "IsExternal", booleanValue(1)));
+    host_.properties.Push(property("Pset_A", "IsExternal", booleanValue(1)));
     EXPECT_EQ(setValue("IsExternal", ".F."), Done);
     EXPECT_EQ(writtenValue().booleanValue, 1);
 }
 
 TEST_F(SettingAValue, LogicalBecomesTrueWhateverTheText) {
-    host.properties.Push(property("Pset_A", "Combustible", logicalValue(1)));
+    host_.properties.Push(property("Pset_A", "Combustible", logicalValue(1)));
     for (const char* text : {"true", "false", "f", "F", "?"}) {
-        host.setProperties.clear();
+        host_.setProperties.clear();
         EXPECT_EQ(setValue("Combustible", text), Done) << text;
         EXPECT_EQ(writtenValue().integerValue, API_IFCTrue) << text;
     }
 }
 
 TEST_F(SettingAValue, StringIsTakenAsItIs) {
-    host.properties.Push(property("Pset_A", "Note", stringValue("a")));
+    host_.properties.Push(property("Pset_A", "Note", stringValue("a")));
     EXPECT_EQ(setValue("Note", " 12{x} ü"), Done);
     EXPECT_EQ(narrow(writtenValue().stringValue), " 12{x} ü");
 }
 
 TEST_F(SettingAValue, OtherKindsAreWrittenBackUnchanged) {
     for (const Int32 kind : {1, 2, 3, 4, 5}) {
-        host.properties.Clear();
-        host.setProperties.clear();
-        host.properties.Push(propertyOfKind("Note", kind));
+        host_.properties.Clear();
+        host_.setProperties.clear();
+        host_.properties.Push(propertyOfKind("Note", kind));
         EXPECT_EQ(setValue("Note", "new"), Done) << kind;
-        EXPECT_EQ(host.setProperties.at(0).head.kind, kind);
+        EXPECT_EQ(host_.setProperties.at(0).head.kind, kind);
         EXPECT_EQ(narrow(writtenValue().stringValue), "a value that is not shown");
     }
 }
@@ -247,7 +247,7 @@ TEST_F(SettingAValue, OtherKindsAreWrittenBackUnchanged) {
 TEST_F(SettingAValue, OtherPrimitiveTypesAreWrittenBackUnchanged) {
     API_IFCPropertyValue value = stringValue("a");
     value.primitiveType = API_IFCOtherType;
-    host.properties.Push(property("Pset_A", "Note", value));
+    host_.properties.Push(property("Pset_A", "Note", value));
     EXPECT_EQ(setValue("Note", "new"), Done);
     EXPECT_EQ(narrow(writtenValue().stringValue), "a");
 }
@@ -258,9 +258,9 @@ TEST_F(SettingAValue, ExistingReferenceKeepsItsOtherFields) {
     API_IFCClassificationReference reference = classification("System", "A", "old");
     reference.location = {"somewhere", true};
     reference.referencedSource = {"source", "edition", "System 2012"};
-    host.classifications.Push(reference);
+    host_.classifications.Push(reference);
     EXPECT_EQ(setValue("System", "B2010{Exterior Walls}"), Done);
-    const API_IFCClassificationReference& written = host.setClassifications.at(0);
+    const API_IFCClassificationReference& written = host_.setClassifications.at(0);
     EXPECT_EQ(narrow(written.itemReference.text), "B2010");
     EXPECT_EQ(narrow(written.name.text), "Exterior Walls");
     EXPECT_EQ(narrow(written.location.text), "somewhere");
@@ -272,9 +272,9 @@ TEST_F(SettingAValue, ExistingReferenceKeepsItsOtherFields) {
 TEST_F(SettingAValue, ReferenceWithoutBracesGetsAnEmptyNameThatIsPresent) {
     API_IFCClassificationReference reference;
     reference.systemLabel = "System";
-    host.classifications.Push(reference);
+    host_.classifications.Push(reference);
     EXPECT_EQ(setValue("System", "B2010"), Done);
-    const API_IFCClassificationReference& written = host.setClassifications.at(0);
+    const API_IFCClassificationReference& written = host_.setClassifications.at(0);
     EXPECT_EQ(narrow(written.itemReference.text), "B2010");
     EXPECT_TRUE(written.itemReference.present);
     EXPECT_EQ(narrow(written.name.text), "");
@@ -283,21 +283,21 @@ TEST_F(SettingAValue, ReferenceWithoutBracesGetsAnEmptyNameThatIsPresent) {
 }
 
 TEST_F(SettingAValue, LastCharacterInBracesIsDroppedWhateverItIs) {
-    host.classifications.Push(classification("System", "A", ""));
+    host_.classifications.Push(classification("System", "A", ""));
     const std::pair<const char*, const char*> cases[] = {
         {"B{Walls", "Wall"}, {"B{", ""}, {"B{}", ""}, {"B{a{b}}", "a{b}"}};
     for (const auto& [value, name] : cases) {
-        host.setClassifications.clear();
+        host_.setClassifications.clear();
         EXPECT_EQ(setValue("System", value), Done);
-        EXPECT_EQ(narrow(host.setClassifications.at(0).itemReference.text), "B");
-        EXPECT_EQ(narrow(host.setClassifications.at(0).name.text), name) << value;
+        EXPECT_EQ(narrow(host_.setClassifications.at(0).itemReference.text), "B");
+        EXPECT_EQ(narrow(host_.setClassifications.at(0).name.text), name) << value;
     }
 }
 
 TEST_F(SettingAValue, BlankBeforeTheBraceStays) {
-    host.classifications.Push(classification("System", "A", ""));
+    host_.classifications.Push(classification("System", "A", ""));
     EXPECT_EQ(setValue("System", "B2010 {Exterior Walls}"), Done);
-    EXPECT_EQ(narrow(host.setClassifications.at(0).itemReference.text), "B2010 ");
+    EXPECT_EQ(narrow(host_.setClassifications.at(0).itemReference.text), "B2010 ");
 }
 
 struct NewReference {
@@ -310,7 +310,7 @@ class CreatingAReference : public SettingAValue, public ::testing::WithParamInte
 
 TEST_P(CreatingAReference, NamesItsPublisher) {
     EXPECT_EQ(setValue(GetParam().system, "B2010{Exterior Walls}"), Done);
-    const API_IFCClassificationReference& written = host.setClassifications.at(0);
+    const API_IFCClassificationReference& written = host_.setClassifications.at(0);
     EXPECT_EQ(narrow(written.systemLabel), GetParam().system);
     EXPECT_EQ(narrow(written.location.text), GetParam().location);
     EXPECT_TRUE(written.location.present);

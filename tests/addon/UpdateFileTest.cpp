@@ -33,9 +33,9 @@ protected:
     /// The number of rows that the import dialog shows for a file of this path.
     int rowsOf(const std::filesystem::path& file) {
         int rows = -1;
-        view.pickNextFile(file.string());
-        view.inNextDialog([&](frontend::Dialog& dialog) { rows = ImportDialog(dialog).list().rowCount(); });
-        EXPECT_EQ(host.pickMenuItem(1), NoError);
+        view_.pickNextFile(file.string());
+        view_.inNextDialog([&](frontend::Dialog& dialog) { rows = ImportDialog(dialog).list().rowCount(); });
+        EXPECT_EQ(host_.pickMenuItem(1), NoError);
         return rows;
     }
 };
@@ -43,9 +43,9 @@ protected:
 // --- Choosing ------------------------------------------------------------------------------------------------------
 
 TEST_F(UpdateFile, DialogOffersTextFiles) {
-    view.cancelNextFile();
-    host.pickMenuItem(1);
-    const frontend::FileRequest& request = view.fileRequests().at(0);
+    view_.cancelNextFile();
+    host_.pickMenuItem(1);
+    const frontend::FileRequest& request = view_.fileRequests().at(0);
     EXPECT_EQ(narrow(request.title), "Select a TXT file");
     ASSERT_EQ(request.filters.size(), 1U);
     EXPECT_EQ(narrow(request.filters[0].description), "TXT File");
@@ -54,28 +54,28 @@ TEST_F(UpdateFile, DialogOffersTextFiles) {
 }
 
 TEST_F(UpdateFile, CancelledChoiceOpensNoImportDialog) {
-    view.cancelNextFile();
-    EXPECT_EQ(host.pickMenuItem(1), NoError);
+    view_.cancelNextFile();
+    EXPECT_EQ(host_.pickMenuItem(1), NoError);
     EXPECT_TRUE(frontend::openDialogs().empty());
 }
 
 TEST_F(UpdateFile, EachCommandAsksAnew) {
-    EXPECT_EQ(rowsOf(folder.write("first.txt", "a\tb\tc\td\n")), 1);
-    EXPECT_EQ(rowsOf(folder.write("second.txt", "a\tb\tc\td\ne\tf\tg\th\n")), 2);
+    EXPECT_EQ(rowsOf(folder_.write("first.txt", "a\tb\tc\td\n")), 1);
+    EXPECT_EQ(rowsOf(folder_.write("second.txt", "a\tb\tc\td\ne\tf\tg\th\n")), 2);
 }
 
 TEST_F(UpdateFile, MissingFileGivesAnEmptyList) {
-    EXPECT_EQ(rowsOf(folder.path() / "missing.txt"), 0);
-    EXPECT_FALSE(std::filesystem::exists(folder.path() / "missing.txt"));
+    EXPECT_EQ(rowsOf(folder_.path() / "missing.txt"), 0);
+    EXPECT_FALSE(std::filesystem::exists(folder_.path() / "missing.txt"));
 }
 
 TEST_F(UpdateFile, FolderInPlaceOfAFileGivesAnEmptyList) {
-    EXPECT_EQ(rowsOf(folder.path()), 0);
+    EXPECT_EQ(rowsOf(folder_.path()), 0);
 }
 
 TEST_F(UpdateFile, UnreadableFileGivesAnEmptyList) {
     if (geteuid() == 0) GTEST_SKIP() << "this user may read everything";
-    const std::filesystem::path file = folder.write("secret.txt", "a\tb\tc\td\n");
+    const std::filesystem::path file = folder_.write("secret.txt", "a\tb\tc\td\n");
     std::filesystem::permissions(file, std::filesystem::perms::none);
     EXPECT_EQ(rowsOf(file), 0);
 }

@@ -169,46 +169,46 @@ protected:
 };
 
 TEST_F(Validating, SourcesAreAskedInOrderUntilOneHasTheItem) {
-    host.properties.Push(property("Pset_A", "Note", stringValue("a")));
+    host_.properties.Push(property("Pset_A", "Note", stringValue("a")));
     rowFor("Name", "x");
-    EXPECT_THAT(host.asked, ElementsAre("attributes"));
-    host.asked.clear();
+    EXPECT_THAT(host_.asked, ElementsAre("attributes"));
+    host_.asked.clear();
     rowFor("Note", "x");
-    EXPECT_THAT(host.asked, ElementsAre("attributes", "properties"));
-    host.asked.clear();
+    EXPECT_THAT(host_.asked, ElementsAre("attributes", "properties"));
+    host_.asked.clear();
     rowFor("Unknown", "x");
-    EXPECT_THAT(host.asked, ElementsAre("attributes", "properties", "classifications"));
+    EXPECT_THAT(host_.asked, ElementsAre("attributes", "properties", "classifications"));
 }
 
 TEST_F(Validating, LastOfSeveralMatchesWins) {
-    host.attributes.Push(attribute("Tag", "first"));
-    host.attributes.Push(attribute("Tag", "last"));
-    host.attributes.Push(attribute("Name", "Renamed"));
-    host.properties.Push(property("Pset_A", "Note", stringValue("first")));
-    host.properties.Push(property("Pset_B", "Note", stringValue("last")));
-    host.classifications.Push(classification("System", "first", ""));
-    host.classifications.Push(classification("System", "last", ""));
+    host_.attributes.Push(attribute("Tag", "first"));
+    host_.attributes.Push(attribute("Tag", "last"));
+    host_.attributes.Push(attribute("Name", "Renamed"));
+    host_.properties.Push(property("Pset_A", "Note", stringValue("first")));
+    host_.properties.Push(property("Pset_B", "Note", stringValue("last")));
+    host_.classifications.Push(classification("System", "first", ""));
+    host_.classifications.Push(classification("System", "last", ""));
     for (const char* item : {"Tag", "Note", "System"}) EXPECT_EQ(rowFor(item, "x").current, "last") << item;
     EXPECT_EQ(rowFor("Tag", "x").name, "Renamed");
 }
 
 TEST_F(Validating, MatchWithAnEmptyValueIsAMatch) {
-    host.properties.Push(property("Pset_A", "Note", stringValue("")));
+    host_.properties.Push(property("Pset_A", "Note", stringValue("")));
     EXPECT_EQ(rowFor("Note", "x").remarks, "");
     EXPECT_EQ(rowFor("Note", "").remarks, Same);
 }
 
 TEST_F(Validating, FailingSourcesAreSkipped) {
-    host.classifications.Push(classification("System", "B2010", ""));
-    host.propertiesError = APIERR_GENERAL;
+    host_.classifications.Push(classification("System", "B2010", ""));
+    host_.propertiesError = APIERR_GENERAL;
     EXPECT_EQ(rowFor("System", "x").current, "B2010");
-    host.classificationsError = APIERR_GENERAL;
+    host_.classificationsError = APIERR_GENERAL;
     EXPECT_EQ(rowFor("System", "x").remarks, NotFound);
 }
 
 TEST_F(Validating, FailingAttributesLeaveTheElementWithoutAName) {
-    host.properties.Push(property("Pset_A", "Note", stringValue("a")));
-    host.attributesError = APIERR_GENERAL;
+    host_.properties.Push(property("Pset_A", "Note", stringValue("a")));
+    host_.attributesError = APIERR_GENERAL;
     const ImportRow row = rowFor("Note", "x");
     EXPECT_EQ(row.current, "a");
     EXPECT_EQ(row.remarks, NoElement);
@@ -216,12 +216,12 @@ TEST_F(Validating, FailingAttributesLeaveTheElementWithoutAName) {
 }
 
 TEST_F(Validating, ElementWithoutANameAttributeIsCalledMissing) {
-    host.attributes.Clear();
+    host_.attributes.Clear();
     EXPECT_EQ(rowFor("Unknown", "x").remarks, std::string(NotFound) + NoElement);
 }
 
 TEST_F(Validating, TypeWithoutANameIsCalledMissing) {
-    host.typeName.reset();
+    host_.typeName.reset();
     const ImportRow row = rowFor("Name", "x");
     EXPECT_EQ(row.type, "");
     EXPECT_EQ(row.remarks, NoElement);
@@ -231,15 +231,15 @@ TEST_F(Validating, TypeWithoutANameIsCalledMissing) {
 
 TEST_F(Validating, AnyErrorOfTheElementDropsTheLine) {
     for (const GSErrCode error : std::vector<GSErrCode>{APIERR_BADID, APIERR_BADPARS, APIERR_DELETED, -1, 1}) {
-        host.elementError = error;
+        host_.elementError = error;
         EXPECT_THAT(review(line("Name", "x")), IsEmpty()) << error;
     }
 }
 
 TEST_F(Validating, TabsOfTheModelAreShownAsBlanks) {
-    host.attributes.Clear();
-    host.attributes.Push(attribute("Name", "Wall\t01"));
-    host.typeName = "Curtain\tWall";
+    host_.attributes.Clear();
+    host_.attributes.Push(attribute("Name", "Wall\t01"));
+    host_.typeName = "Curtain\tWall";
     const ImportRow row = rowFor("Name", "x");
     EXPECT_EQ(row.name, "Wall 01");
     EXPECT_EQ(row.type, "Curtain Wall");
@@ -249,12 +249,12 @@ TEST_F(Validating, TabsOfTheModelAreShownAsBlanks) {
 }
 
 TEST_F(Validating, TabsOfTheModelCountInTheComparison) {
-    host.attributes.Push(attribute("Tag", "a\tb"));
+    host_.attributes.Push(attribute("Tag", "a\tb"));
     EXPECT_EQ(rowFor("Tag", "a b").remarks, "");
 }
 
 TEST_F(Validating, EachRowHasItsSevenTabs) {
-    host.attributes.Push(attribute("Tag", ""));
+    host_.attributes.Push(attribute("Tag", ""));
     import(line("Tag", ""), [](ImportDialog& dialog) {
         const std::string text(dialog.list().rowText(1).ToCStr());
     EXPECT_EQ(std::count(text.begin(), text.end(), '\t'), 7);
@@ -262,22 +262,22 @@ TEST_F(Validating, EachRowHasItsSevenTabs) {
 }  // namespace
 
 TEST_F(Validating, AttributeNamesGoToTheDebugOutput) {
-    host.attributes.Push(attribute("100%s", "x"));
-    host.pickMenuItem(0);
-    debug.text.clear();
+    host_.attributes.Push(attribute("100%s", "x"));
+    host_.pickMenuItem(0);
+    debug_.text.clear();
     review(line("Name", "x"));
-    EXPECT_EQ(debug.text, "Property: NameProperty: 100%s");
+    EXPECT_EQ(debug_.text, "Property: NameProperty: 100%s");
 }
 
 TEST_F(Validating, ExceptionDropsTheLineAndGoesToTheDebugOutput) {
-    host.pickMenuItem(0);
-    debug.text.clear();
-    host.inAttributes = [this] {
-        if (host.asked.size() == 1) throw GS::GSException("the list is damaged");
+    host_.pickMenuItem(0);
+    debug_.text.clear();
+    host_.inAttributes = [this] {
+        if (host_.asked.size() == 1) throw GS::GSException("the list is damaged");
     };
     const auto rows = review(line("Name", "first") + line("Name", "second"));
     EXPECT_THAT(rows, ElementsAre(::testing::Field(&ImportRow::proposed, "second")));
-    EXPECT_THAT(debug.text, HasSubstr("the list is damaged\n"));
+    EXPECT_THAT(debug_.text, HasSubstr("the list is damaged\n"));
 }
 
 }  // namespace

@@ -38,7 +38,7 @@ API_IFCPropertyValue otherPrimitive(Int32 type) {
 
 class ValueText : public FakeHostTest, public ::testing::WithParamInterface<ValueCase> {
 protected:
-    void SetUp() override { host.properties.Push(GetParam().property); }
+    void SetUp() override { host_.properties.Push(GetParam().property); }
 };
 
 TEST_P(ValueText, IsShownAsTheCurrentValue) {

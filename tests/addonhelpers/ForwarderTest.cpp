@@ -19,16 +19,16 @@ protected:
     static inline std::vector<unsigned char> record;
 
     void SetUp() override {
-        addOn.bind();
-        addOn.initialize();
-        client = &addOn.client;
+        addOn_.bind();
+        addOn_.initialize();
+        client = &addOn_.client;
         record.clear();
     }
 
     template <HostSlot slot>
     void put(typename HostSlotFunction<slot>::Type function) {
-        addOn.put<slot>(function);
-        addOn.bind();
+        addOn_.put<slot>(function);
+        addOn_.bind();
     }
     /// A host's function for a registration: keeps the 32 bytes of its record.
     static GSErrCode keepRecord(const void* bytes) {
@@ -47,7 +47,7 @@ protected:
                            [](unsigned char byte) { return byte == 0; });
     }
 
-    RawHelpers addOn;
+    RawHelpers addOn_;
 };
 
 // --- Plain forwarders ----------------------------------------------------------------------------------------------
@@ -69,9 +69,9 @@ TEST_F(Forwarders, RequestsReachTheirSlots) {
     put<HostSlot::Environment>(&expectRequest<76>);
     put<HostSlot::Interface>(&expectRequest<77>);
     put<HostSlot::Goodies>(&expectRequest<78>);
-    EXPECT_EQ(addOn->ACAPI_Environment(76, &a, &b, &c), Verdict);
-    EXPECT_EQ(addOn->ACAPI_Interface(77, &a, &b, &c), Verdict);
-    EXPECT_EQ(addOn->ACAPI_Goodies(78, &a, &b, &c), Verdict);
+    EXPECT_EQ(addOn_->ACAPI_Environment(76, &a, &b, &c), Verdict);
+    EXPECT_EQ(addOn_->ACAPI_Interface(77, &a, &b, &c), Verdict);
+    EXPECT_EQ(addOn_->ACAPI_Goodies(78, &a, &b, &c), Verdict);
 }
 
 TEST_F(Forwarders, MenuNumberIsWidenedWithItsSign) {
@@ -80,8 +80,8 @@ TEST_F(Forwarders, MenuNumberIsWidenedWithItsSign) {
         EXPECT_EQ(handler, nullptr);
         return menu;
     });
-    EXPECT_EQ(addOn->ACAPI_Install_MenuHandler(32500, nullptr), 32500);
-    EXPECT_EQ(addOn->ACAPI_Install_MenuHandler(-2, nullptr), -2);
+    EXPECT_EQ(addOn_->ACAPI_Install_MenuHandler(32500, nullptr), 32500);
+    EXPECT_EQ(addOn_->ACAPI_Install_MenuHandler(-2, nullptr), -2);
 }
 
 TEST_F(Forwarders, UndoableCommandRunsAndItsResultComesBack) {
@@ -91,7 +91,7 @@ TEST_F(Forwarders, UndoableCommandRunsAndItsResultComesBack) {
             EXPECT_EQ(narrow(name), "Step");
             return command() + 1;
         });
-    EXPECT_EQ(addOn->ACAPI_CallUndoableCommand("Step", [] { return Verdict; }), Verdict + 1);
+    EXPECT_EQ(addOn_->ACAPI_CallUndoableCommand("Step", [] { return Verdict; }), Verdict + 1);
 }
 
 TEST_F(Forwarders, ElementRecordsReachTheirSlots) {
@@ -106,9 +106,9 @@ TEST_F(Forwarders, ElementRecordsReachTheirSlots) {
         return Verdict;
     });
     API_Element element{};
-    EXPECT_EQ(addOn->ACAPI_Element_Get(&element, 3), Verdict);
+    EXPECT_EQ(addOn_->ACAPI_Element_Get(&element, 3), Verdict);
     EXPECT_EQ(element.header.typeID, 3);
-    EXPECT_EQ(addOn->ACAPI_Element_GetHeader(&element.header, 4), Verdict);
+    EXPECT_EQ(addOn_->ACAPI_Element_GetHeader(&element.header, 4), Verdict);
     EXPECT_EQ(element.header.typeID, 4);
 }
 
@@ -139,29 +139,29 @@ TEST_F(Forwarders, IfcDataReachesItsSlots) {
     GS::Array<API_IFCAttribute> attributes;
     GS::Array<API_IFCProperty> properties;
     GS::Array<API_IFCClassificationReference> references;
-    EXPECT_EQ(addOn->ACAPI_Element_GetIFCAttributes(SomeGuid, true, &attributes), Verdict);
-    EXPECT_EQ(addOn->ACAPI_Element_SetIFCAttribute(SomeGuid, attributes[0]), Verdict);
-    EXPECT_EQ(addOn->ACAPI_Element_GetIFCProperties(SomeGuid, true, &properties), Verdict);
-    EXPECT_EQ(addOn->ACAPI_Element_SetIFCProperty(SomeGuid, properties[0]), Verdict);
-    EXPECT_EQ(addOn->ACAPI_Element_GetIFCClassificationReferences(SomeGuid, true, &references), Verdict);
-    EXPECT_EQ(addOn->ACAPI_Element_SetIFCClassificationReference(SomeGuid, references[0]), Verdict);
+    EXPECT_EQ(addOn_->ACAPI_Element_GetIFCAttributes(SomeGuid, true, &attributes), Verdict);
+    EXPECT_EQ(addOn_->ACAPI_Element_SetIFCAttribute(SomeGuid, attributes[0]), Verdict);
+    EXPECT_EQ(addOn_->ACAPI_Element_GetIFCProperties(SomeGuid, true, &properties), Verdict);
+    EXPECT_EQ(addOn_->ACAPI_Element_SetIFCProperty(SomeGuid, properties[0]), Verdict);
+    EXPECT_EQ(addOn_->ACAPI_Element_GetIFCClassificationReferences(SomeGuid, true, &references), Verdict);
+    EXPECT_EQ(addOn_->ACAPI_Element_SetIFCClassificationReference(SomeGuid, references[0]), Verdict);
 }
 
 TEST_F(Forwarders, EmptySlotsAnswerNotSupported) {
-    EXPECT_EQ(addOn->ACAPI_Install_MenuHandler(1, nullptr), APIERR_NOTSUPPORTED);
-    EXPECT_EQ(addOn->ACAPI_Environment(1, nullptr, nullptr, nullptr), APIERR_NOTSUPPORTED);
-    EXPECT_EQ(addOn->ACAPI_Interface(1, nullptr, nullptr, nullptr), APIERR_NOTSUPPORTED);
-    EXPECT_EQ(addOn->ACAPI_Goodies(1, nullptr, nullptr, nullptr), APIERR_NOTSUPPORTED);
-    EXPECT_EQ(addOn->ACAPI_CallUndoableCommand("Step", [] { return Verdict; }), APIERR_NOTSUPPORTED);
-    EXPECT_EQ(addOn->ACAPI_Element_Get(nullptr, 0), APIERR_NOTSUPPORTED);
-    EXPECT_EQ(addOn->ACAPI_Element_GetHeader(nullptr, 0), APIERR_NOTSUPPORTED);
-    EXPECT_EQ(addOn->ACAPI_Element_GetIFCAttributes({}, false, nullptr), APIERR_NOTSUPPORTED);
-    EXPECT_EQ(addOn->ACAPI_Element_SetIFCAttribute({}, {}), APIERR_NOTSUPPORTED);
-    EXPECT_EQ(addOn->ACAPI_Element_GetIFCProperties({}, false, nullptr), APIERR_NOTSUPPORTED);
-    EXPECT_EQ(addOn->ACAPI_Element_SetIFCProperty({}, {}), APIERR_NOTSUPPORTED);
-    EXPECT_EQ(addOn->ACAPI_Element_GetIFCClassificationReferences({}, false, nullptr), APIERR_NOTSUPPORTED);
-    EXPECT_EQ(addOn->ACAPI_Element_SetIFCClassificationReference({}, {}), APIERR_NOTSUPPORTED);
-    addOn->ACAPI_WriteReport("goes nowhere", false);
+    EXPECT_EQ(addOn_->ACAPI_Install_MenuHandler(1, nullptr), APIERR_NOTSUPPORTED);
+    EXPECT_EQ(addOn_->ACAPI_Environment(1, nullptr, nullptr, nullptr), APIERR_NOTSUPPORTED);
+    EXPECT_EQ(addOn_->ACAPI_Interface(1, nullptr, nullptr, nullptr), APIERR_NOTSUPPORTED);
+    EXPECT_EQ(addOn_->ACAPI_Goodies(1, nullptr, nullptr, nullptr), APIERR_NOTSUPPORTED);
+    EXPECT_EQ(addOn_->ACAPI_CallUndoableCommand("Step", [] { return Verdict; }), APIERR_NOTSUPPORTED);
+    EXPECT_EQ(addOn_->ACAPI_Element_Get(nullptr, 0), APIERR_NOTSUPPORTED);
+    EXPECT_EQ(addOn_->ACAPI_Element_GetHeader(nullptr, 0), APIERR_NOTSUPPORTED);
+    EXPECT_EQ(addOn_->ACAPI_Element_GetIFCAttributes({}, false, nullptr), APIERR_NOTSUPPORTED);
+    EXPECT_EQ(addOn_->ACAPI_Element_SetIFCAttribute({}, {}), APIERR_NOTSUPPORTED);
+    EXPECT_EQ(addOn_->ACAPI_Element_GetIFCProperties({}, false, nullptr), APIERR_NOTSUPPORTED);
+    EXPECT_EQ(addOn_->ACAPI_Element_SetIFCProperty({}, {}), APIERR_NOTSUPPORTED);
+    EXPECT_EQ(addOn_->ACAPI_Element_GetIFCClassificationReferences({}, false, nullptr), APIERR_NOTSUPPORTED);
+    EXPECT_EQ(addOn_->ACAPI_Element_SetIFCClassificationReference({}, {}), APIERR_NOTSUPPORTED);
+    addOn_->ACAPI_WriteReport("goes nowhere", false);
 }
 
 TEST_F(Forwarders, ReportPassesItsFlagAsAByte) {
@@ -172,8 +172,8 @@ TEST_F(Forwarders, ReportPassesItsFlagAsAByte) {
         EXPECT_STREQ(text, "100%s");
         flags.push_back(alert);
     });
-    addOn->ACAPI_WriteReport("100%s", true);
-    addOn->ACAPI_WriteReport("100%s", false);
+    addOn_->ACAPI_WriteReport("100%s", true);
+    addOn_->ACAPI_WriteReport("100%s", false);
     EXPECT_THAT(flags, ::testing::ElementsAre(1, 0));
 }
 
@@ -181,7 +181,7 @@ TEST_F(Forwarders, ReportPassesItsFlagAsAByte) {
 
 TEST_F(Forwarders, MenuRegistrationIsPackedIntoAZeroedRecord) {
     put<HostSlot::Register_Menu>([](const API_MenuRegistration* menu) { return keepRecord(menu); });
-    EXPECT_EQ(addOn->ACAPI_Register_Menu(-2, 32520, 1, 0x80000001), Verdict);
+    EXPECT_EQ(addOn_->ACAPI_Register_Menu(-2, 32520, 1, 0x80000001), Verdict);
     EXPECT_EQ(at<Int16>(0), -2);
     EXPECT_EQ(at<Int16>(2), 32520);
     EXPECT_EQ(at<Int32>(4), 1);
@@ -191,13 +191,13 @@ TEST_F(Forwarders, MenuRegistrationIsPackedIntoAZeroedRecord) {
 
 TEST_F(Forwarders, ServiceRegistrationsArePackedIntoZeroedRecords) {
     put<HostSlot::Register_SupportedService>(&keepRecord);
-    EXPECT_EQ(addOn->ACAPI_Register_SupportedService(0x43414C43, 2), Verdict);
+    EXPECT_EQ(addOn_->ACAPI_Register_SupportedService(0x43414C43, 2), Verdict);
     EXPECT_EQ(at<UInt32>(0), 0x43414C43U);
     EXPECT_EQ(at<Int32>(4), 2);
     EXPECT_TRUE(zeroFrom(8));
 
     put<HostSlot::Register_RequiredService>(&keepRecord);
-    EXPECT_EQ(addOn->ACAPI_Register_RequiredService(1, -2, 3, 4), Verdict);
+    EXPECT_EQ(addOn_->ACAPI_Register_RequiredService(1, -2, 3, 4), Verdict);
     EXPECT_EQ(at<UInt32>(0), 1U);
     EXPECT_EQ(at<Int32>(4), -2);
     EXPECT_EQ(at<UInt32>(8), 3U);
@@ -207,26 +207,26 @@ TEST_F(Forwarders, ServiceRegistrationsArePackedIntoZeroedRecords) {
 
 TEST_F(Forwarders, SubtypeRegistrationsShareASlot) {
     put<HostSlot::Register_Subtype>(&keepRecord);
-    EXPECT_EQ(addOn->ACAPI_Register_Subtype(1, 2), Verdict);
+    EXPECT_EQ(addOn_->ACAPI_Register_Subtype(1, 2), Verdict);
     EXPECT_EQ(at<UInt32>(0), 1U);
     EXPECT_EQ(at<UInt32>(4), 2U);
     EXPECT_TRUE(zeroFrom(8));
-    EXPECT_EQ(addOn->ACAPI_Register_SubtypeX(1, 2, 3), Verdict);
+    EXPECT_EQ(addOn_->ACAPI_Register_SubtypeX(1, 2, 3), Verdict);
     EXPECT_EQ(at<UInt32>(8), 3U);
     EXPECT_TRUE(zeroFrom(12));
 }
 
 TEST_F(Forwarders, RegistrationsWithoutTheirSlotAreNotSupported) {
-    EXPECT_EQ(addOn->ACAPI_Register_Menu(1, 2, 3, 4), APIERR_NOTSUPPORTED);
-    EXPECT_EQ(addOn->ACAPI_Register_SupportedService(1, 2), APIERR_NOTSUPPORTED);
-    EXPECT_EQ(addOn->ACAPI_Register_RequiredService(1, 2, 3, 4), APIERR_NOTSUPPORTED);
-    EXPECT_EQ(addOn->ACAPI_Register_Subtype(1, 2), APIERR_NOTSUPPORTED);
-    EXPECT_EQ(addOn->ACAPI_Register_SubtypeX(1, 2, 3), APIERR_NOTSUPPORTED);
+    EXPECT_EQ(addOn_->ACAPI_Register_Menu(1, 2, 3, 4), APIERR_NOTSUPPORTED);
+    EXPECT_EQ(addOn_->ACAPI_Register_SupportedService(1, 2), APIERR_NOTSUPPORTED);
+    EXPECT_EQ(addOn_->ACAPI_Register_RequiredService(1, 2, 3, 4), APIERR_NOTSUPPORTED);
+    EXPECT_EQ(addOn_->ACAPI_Register_Subtype(1, 2), APIERR_NOTSUPPORTED);
+    EXPECT_EQ(addOn_->ACAPI_Register_SubtypeX(1, 2, 3), APIERR_NOTSUPPORTED);
 }
 
 TEST_F(Forwarders, FileTypeIsCheckedForItsExtension) {
-    EXPECT_EQ(addOn->ACAPI_Register_FileType(1, 0, 0, nullptr), APIERR_BADPARS);
-    EXPECT_EQ(addOn->ACAPI_Register_FileType(1, 0, 0, "txt"), APIERR_NOTSUPPORTED);
+    EXPECT_EQ(addOn_->ACAPI_Register_FileType(1, 0, 0, nullptr), APIERR_BADPARS);
+    EXPECT_EQ(addOn_->ACAPI_Register_FileType(1, 0, 0, "txt"), APIERR_NOTSUPPORTED);
 }
 
 TEST_F(Forwarders, OnlyLibraryPartTypesWithASymbolPassTheCheck) {
@@ -235,8 +235,8 @@ TEST_F(Forwarders, OnlyLibraryPartTypesWithASymbolPassTheCheck) {
     for (API_LibTypeID type = -2; type < 20; ++type) {
         UInt32 code = 99;
         const auto known = codes.find(type);
-        EXPECT_EQ(addOn->ACAPI_Register_ESYM(type), known == codes.end() ? APIERR_BADID : APIERR_NOTSUPPORTED) << type;
-        EXPECT_EQ(addOn->ACAPI_SymbolCode(type, &code), known != codes.end()) << type;
+        EXPECT_EQ(addOn_->ACAPI_Register_ESYM(type), known == codes.end() ? APIERR_BADID : APIERR_NOTSUPPORTED) << type;
+        EXPECT_EQ(addOn_->ACAPI_SymbolCode(type, &code), known != codes.end()) << type;
         EXPECT_EQ(code, known == codes.end() ? 99 : known->second) << type;
     }
 }
@@ -251,14 +251,14 @@ TEST_F(Forwarders, ObjectsOfTheHostComeBackAsTheyAre) {
     put<HostSlot::EDB_GetElemRegistry>(give);
     put<HostSlot::EDB_GetElemDatabase>(give);
     put<HostSlot::PStatus>(give);
-    for (const auto get : {addOn->ACAPI_GetUtilityFunctionSet, addOn->ACAPI_GetProductRegistry,
-                           addOn->ACAPI_EDB_GetElemRegistry, addOn->ACAPI_EDB_GetElemDatabase, addOn->ACAPI_PStatus})
+    for (const auto get : {addOn_->ACAPI_GetUtilityFunctionSet, addOn_->ACAPI_GetProductRegistry,
+                           addOn_->ACAPI_EDB_GetElemRegistry, addOn_->ACAPI_EDB_GetElemDatabase, addOn_->ACAPI_PStatus})
         EXPECT_EQ(get(), &object);
 }
 
 TEST_F(Forwarders, ObjectsThatTheHostHasNotAreNull) {
-    for (const auto get : {addOn->ACAPI_GetUtilityFunctionSet, addOn->ACAPI_GetProductRegistry,
-                           addOn->ACAPI_EDB_GetElemRegistry, addOn->ACAPI_EDB_GetElemDatabase, addOn->ACAPI_PStatus})
+    for (const auto get : {addOn_->ACAPI_GetUtilityFunctionSet, addOn_->ACAPI_GetProductRegistry,
+                           addOn_->ACAPI_EDB_GetElemRegistry, addOn_->ACAPI_EDB_GetElemDatabase, addOn_->ACAPI_PStatus})
         EXPECT_EQ(get(), nullptr);
 }
 
@@ -272,40 +272,40 @@ TEST_F(Forwarders, ReleaseNumberIsAskedOfTheEnvironment) {
         return NoError;
     });
     API_ReleaseNumber release{};
-    addOn->ACAPI_GetReleaseNumber(&release);
+    addOn_->ACAPI_GetReleaseNumber(&release);
     EXPECT_EQ(release.version, 19000);
-    addOn->ACAPI_GetReleaseNumber(nullptr);
+    addOn_->ACAPI_GetReleaseNumber(nullptr);
 }
 
 TEST_F(Forwarders, ReleaseNumberOfAHostWithoutEnvironmentStays) {
     API_ReleaseNumber release{};
     release.version = 7;
-    addOn->ACAPI_GetReleaseNumber(&release);
+    addOn_->ACAPI_GetReleaseNumber(&release);
     EXPECT_EQ(release.version, 7);
 }
 
 // --- The table -----------------------------------------------------------------------------------------------------
 
 TEST_F(Forwarders, EverySlotOfTheTableIsCopied) {
-    static_assert(sizeof *addOn->gImpList == 4016);
-    for (std::size_t i = 0; i < addOn.table.size(); ++i) addOn.table[i] = reinterpret_cast<HostFunction>(i + 1);
-    addOn.bind();
-    for (std::size_t i = 0; i < addOn.table.size(); ++i) EXPECT_EQ((*addOn->gImpList)[i], addOn.table[i]) << i;
-    EXPECT_EQ(*addOn->gImpList_Inited, 1);
+    static_assert(sizeof *addOn_->gImpList == 4016);
+    for (std::size_t i = 0; i < addOn_.table.size(); ++i) addOn_.table[i] = reinterpret_cast<HostFunction>(i + 1);
+    addOn_.bind();
+    for (std::size_t i = 0; i < addOn_.table.size(); ++i) EXPECT_EQ((*addOn_->gImpList)[i], addOn_.table[i]) << i;
+    EXPECT_EQ(*addOn_->gImpList_Inited, 1);
 }
 
 TEST_F(Forwarders, WrappersTestTheFlagForExactlyOne) {
-    *addOn->gImpList_Inited = 2;
-    EXPECT_EQ(addOn.exported.registerInterface(), APIERR_GENERAL);
-    EXPECT_EQ(addOn.exported.freeData(), APIERR_GENERAL);
-    EXPECT_EQ(*addOn->gOwnClientPtr, client);
-    *addOn->gImpList_Inited = 1;
+    *addOn_->gImpList_Inited = 2;
+    EXPECT_EQ(addOn_.exported.registerInterface(), APIERR_GENERAL);
+    EXPECT_EQ(addOn_.exported.freeData(), APIERR_GENERAL);
+    EXPECT_EQ(*addOn_->gOwnClientPtr, client);
+    *addOn_->gImpList_Inited = 1;
 }
 
 TEST_F(Forwarders, ClientHandleIsGoneAfterTheEnd) {
-    EXPECT_EQ(*addOn->gOwnClientPtr, client);
-    EXPECT_EQ(addOn.exported.freeData(), NoError);
-    EXPECT_EQ(*addOn->gOwnClientPtr, nullptr);
+    EXPECT_EQ(*addOn_->gOwnClientPtr, client);
+    EXPECT_EQ(addOn_.exported.freeData(), NoError);
+    EXPECT_EQ(*addOn_->gOwnClientPtr, nullptr);
 }
 
 }  // namespace

@@ -18,10 +18,10 @@ static const Helpers* helpersOf(void* getHelpers) {
 }
 
 RawHelpers::RawHelpers(const std::filesystem::path& bundle)
-    : RawAddOn(bundle), helpers(helpersOf(symbol("GetHelpers"))) {}
+    : RawAddOn(bundle), helpers_(helpersOf(symbol("GetHelpers"))) {}
 
 RawHelpers::~RawHelpers() {
-    if (*helpers->gOwnClientPtr != nullptr) exported.freeData();
+    if (*helpers_->gOwnClientPtr != nullptr) exported.freeData();
 }
 
 void RawHelpers::initialize() {
@@ -29,28 +29,28 @@ void RawHelpers::initialize() {
 }
 
 void HostedHelpers::SetUp() {
-    const model::Status loaded = host.loadAddOn(helperBundle());
+    const model::Status loaded = host_.loadAddOn(helperBundle());
     ASSERT_TRUE(loaded) << loaded.error().message;
     const std::filesystem::path file = helperBundle() / "Contents" / "Linux" / "helperaddon";
-    image = dlopen(file.c_str(), RTLD_NOW | RTLD_NOLOAD);
-    ASSERT_NE(image, nullptr) << dlerror();
+    image_ = dlopen(file.c_str(), RTLD_NOW | RTLD_NOLOAD);
+    ASSERT_NE(image_, nullptr) << dlerror();
 }
 
 void HostedHelpers::TearDown() {
-    if (image != nullptr) dlclose(image);
+    if (image_ != nullptr) dlclose(image_);
 }
 
 void HostedHelpers::inCommand(const std::function<void(const Helpers&)>& command) {
-    const Helpers* helpers = helpersOf(dlsym(image, "GetHelpers"));
+    const Helpers* helpers = helpersOf(dlsym(image_, "GetHelpers"));
     *helpers->command = [&] { command(*helpers); };
-    EXPECT_EQ(host.pickMenuItem(Helpers::MenuResID, 1), NoError);
+    EXPECT_EQ(host_.pickMenuItem(Helpers::MenuResID, 1), NoError);
     *helpers->command = nullptr;
 }
 
 void HostedHelpers::click(std::vector<host::PickedPoint> clicks) {
     const auto queue = std::make_shared<std::deque<host::PickedPoint>>(clicks.begin(), clicks.end());
-    host.setPointPicker([this, queue](const std::string& prompt) -> std::optional<host::PickedPoint> {
-        prompts.push_back(prompt);
+    host_.setPointPicker([this, queue](const std::string& prompt) -> std::optional<host::PickedPoint> {
+        prompts_.push_back(prompt);
         if (queue->empty()) return std::nullopt;
         const host::PickedPoint next = queue->front();
         queue->pop_front();

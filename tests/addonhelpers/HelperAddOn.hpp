@@ -29,11 +29,11 @@ public:
     /// Begins the add-on's use: there is a client handle from now on.
     void initialize();
 
-    const Helpers* operator->() const { return helpers; }
+    const Helpers* operator->() const { return helpers_; }
     int client = 0;  ///< Its address is the add-on's handle.
 
 private:
-    const Helpers* helpers;
+    const Helpers* helpers_;
 };
 
 /// The helper add-on in the real host.
@@ -47,10 +47,10 @@ protected:
 
     /// What the user answers to the next requests for a point, in order; then every request is cancelled.
     void click(std::vector<host::PickedPoint> clicks);
-    std::vector<std::string> prompts;  ///< Of the requests so far.
+    std::vector<std::string> prompts_;  ///< Of the requests so far.
 
 private:
-    void* image = nullptr;
+    void* image_ = nullptr;
 };
 
 std::string narrow(const GS::UniString& text);

@@ -15,7 +15,7 @@ namespace {
 
 class OwnModule : public ::testing::Test {
 protected:
-    RawHelpers addOn;
+    RawHelpers addOn_;
 };
 
 // --- Texts of the resources ----------------------------------------------------------------------------------------
@@ -25,16 +25,16 @@ protected:
     std::string text(Int16 resID, Int32 index) {
         char buffer[260];
         std::memset(buffer, '!', sizeof buffer);
-        found = addOn->ACAPI_Resource_GetLocStr(buffer, resID, index, addOn->ACAPI_GetOwnResModule());
+        found_ = addOn_->ACAPI_Resource_GetLocStr(buffer, resID, index, addOn_->ACAPI_GetOwnResModule());
         EXPECT_EQ(std::string(buffer + 256, 4), "!!!!");
         return buffer;
     }
-    bool found = false;
+    bool found_ = false;
 };
 
 TEST_F(ResourceTexts, AreReadByNumber) {
     EXPECT_EQ(text(420, 3), "Tür");
-    EXPECT_TRUE(found);
+    EXPECT_TRUE(found_);
 }
 
 TEST_F(ResourceTexts, AreCutBetweenTwoCharacters) {
@@ -47,22 +47,22 @@ TEST_F(ResourceTexts, AreCutBetweenTwoCharacters) {
 TEST_F(ResourceTexts, UnknownOnesAreEmpty) {
     for (const auto& [list, index] : {std::pair<Int16, Int32>{420, 0}, {420, 4}, {421, 1}, {430, 1}}) {
         EXPECT_EQ(text(list, index), "") << list << "/" << index;
-        EXPECT_FALSE(found);
+        EXPECT_FALSE(found_);
     }
 }
 
 TEST_F(ResourceTexts, AreReadWholeAsUnicode) {
     GS::UniString whole;
-    EXPECT_TRUE(addOn->ACAPI_Resource_GetLocUStr(&whole, 420, 2, addOn->ACAPI_GetOwnResModule()));
+    EXPECT_TRUE(addOn_->ACAPI_Resource_GetLocUStr(&whole, 420, 2, addOn_->ACAPI_GetOwnResModule()));
     EXPECT_EQ(whole.GetLength(), 255U);
-    EXPECT_FALSE(addOn->ACAPI_Resource_GetLocUStr(&whole, 420, 9, addOn->ACAPI_GetOwnResModule()));
+    EXPECT_FALSE(addOn_->ACAPI_Resource_GetLocUStr(&whole, 420, 9, addOn_->ACAPI_GetOwnResModule()));
 }
 
 TEST_F(ResourceTexts, FixedOnesHaveListsOfTheirOwn) {
     char buffer[256];
-    EXPECT_TRUE(addOn->ACAPI_Resource_GetFixStr(buffer, 430, 1, addOn->ACAPI_GetOwnResModule()));
+    EXPECT_TRUE(addOn_->ACAPI_Resource_GetFixStr(buffer, 430, 1, addOn_->ACAPI_GetOwnResModule()));
     EXPECT_STREQ(buffer, "Fixed");
-    EXPECT_FALSE(addOn->ACAPI_Resource_GetFixStr(buffer, 420, 3, addOn->ACAPI_GetOwnResModule()));
+    EXPECT_FALSE(addOn_->ACAPI_Resource_GetFixStr(buffer, 420, 3, addOn_->ACAPI_GetOwnResModule()));
     EXPECT_STREQ(buffer, "");
 }
 
@@ -71,12 +71,12 @@ TEST_F(ResourceTexts, FixedOnesHaveListsOfTheirOwn) {
 TEST_F(OwnModule, BlocksAreFreedAndForgotten) {
     GSPtr ptr = BMAllocatePtr(8, ALLOCATE_CLEAR, 0);
     GSHandle handle = BMAllocateHandle(8, ALLOCATE_CLEAR, 0);
-    addOn->ACAPI_FreePtr(&ptr);
-    addOn->ACAPI_DisposeHandle(&handle);
+    addOn_->ACAPI_FreePtr(&ptr);
+    addOn_->ACAPI_DisposeHandle(&handle);
     EXPECT_EQ(ptr, nullptr);
     EXPECT_EQ(handle, nullptr);
-    addOn->ACAPI_FreePtr(&ptr);
-    addOn->ACAPI_DisposeHandle(&handle);
+    addOn_->ACAPI_FreePtr(&ptr);
+    addOn_->ACAPI_DisposeHandle(&handle);
     EXPECT_EQ(liveHandles(), 0);
 }
 
@@ -84,49 +84,49 @@ TEST_F(OwnModule, BlocksOfBlocksAreFreedWithTheirMembers) {
     GSHandle handles[3] = {BMAllocateHandle(8, 0, 0), nullptr, BMAllocateHandle(0, 0, 0)};
     GSHandle array = BMAllocateHandle(sizeof handles, 0, 0);
     std::memcpy(*array, handles, sizeof handles);
-    addOn->ACAPI_DisposeHandleArray(&array);
+    addOn_->ACAPI_DisposeHandleArray(&array);
     EXPECT_EQ(array, nullptr);
     EXPECT_EQ(liveHandles(), 0);
 
     GSPtr ptrs[2] = {BMAllocatePtr(8, 0, 0), BMAllocatePtr(8, 0, 0)};
     GSPtr ptrArray = BMAllocatePtr(sizeof ptrs, 0, 0);
     std::memcpy(ptrArray, ptrs, sizeof ptrs);
-    addOn->ACAPI_FreePtrArray(&ptrArray);
+    addOn_->ACAPI_FreePtrArray(&ptrArray);
     EXPECT_EQ(ptrArray, nullptr);
-    addOn->ACAPI_FreePtrArray(&ptrArray);
-    addOn->ACAPI_DisposeHandleArray(&array);
+    addOn_->ACAPI_FreePtrArray(&ptrArray);
+    addOn_->ACAPI_DisposeHandleArray(&array);
 }
 
 // --- The image's own place -----------------------------------------------------------------------------------------
 
 TEST_F(OwnModule, OwnLocationIsTheBundle) {
     IO::Location location;
-    EXPECT_EQ(addOn->ACAPI_GetOwnLocation(location), NoError);
+    EXPECT_EQ(addOn_->ACAPI_GetOwnLocation(location), NoError);
     EXPECT_EQ(narrow(location.GetPath()), helperBundle().string());
-    EXPECT_EQ(*addOn->gOwnLocationData, *addOn->GetBundlePath_bundlePath);
-    EXPECT_STREQ(*addOn->gDllFileName, "helperaddon.bundle");
+    EXPECT_EQ(*addOn_->gOwnLocationData, *addOn_->GetBundlePath_bundlePath);
+    EXPECT_STREQ(*addOn_->gDllFileName, "helperaddon.bundle");
 }
 
 TEST_F(OwnModule, NoBundleHasNoPathAndNoResources) {
-    EXPECT_EQ(addOn->GetBundlePath(nullptr), *addOn->GetBundlePath_emptyStr);
-    EXPECT_STREQ(addOn->DllMainImp_GetLocation(nullptr), "");
-    EXPECT_STREQ(addOn->DllMainImp_GetResModuleSpec(nullptr), "");
-    EXPECT_EQ(addOn->DllMainImp_OpenResModule(nullptr), -1);
-    EXPECT_EQ(addOn->DllMainImp_OpenResModuleFromSpec(nullptr), -1);
+    EXPECT_EQ(addOn_->GetBundlePath(nullptr), *addOn_->GetBundlePath_emptyStr);
+    EXPECT_STREQ(addOn_->DllMainImp_GetLocation(nullptr), "");
+    EXPECT_STREQ(addOn_->DllMainImp_GetResModuleSpec(nullptr), "");
+    EXPECT_EQ(addOn_->DllMainImp_OpenResModule(nullptr), -1);
+    EXPECT_EQ(addOn_->DllMainImp_OpenResModuleFromSpec(nullptr), -1);
     const char* const noPath = nullptr;
-    EXPECT_EQ(addOn->DllMainImp_OpenResModuleFromSpec(&noPath), -1);
+    EXPECT_EQ(addOn_->DllMainImp_OpenResModuleFromSpec(&noPath), -1);
 }
 
 TEST_F(OwnModule, ResourceModuleIsOpenedFromASpecAndClosed) {
     const std::string path = helperBundle().string();
     const char* const spec = path.c_str();
-    const GSResModule module = addOn->DllMainImp_OpenResModuleFromSpec(&spec);
+    const GSResModule module = addOn_->DllMainImp_OpenResModuleFromSpec(&spec);
     ASSERT_NE(module, -1);
     char name[256];
-    EXPECT_TRUE(addOn->ACAPI_Resource_GetLocStr(name, 32000, 1, module));
+    EXPECT_TRUE(addOn_->ACAPI_Resource_GetLocStr(name, 32000, 1, module));
     EXPECT_STREQ(name, "Helpers");
-    addOn->DllMainImp_CloseResModule(module);
-    EXPECT_FALSE(addOn->ACAPI_Resource_GetLocStr(name, 32000, 1, module));
+    addOn_->DllMainImp_CloseResModule(module);
+    EXPECT_FALSE(addOn_->ACAPI_Resource_GetLocStr(name, 32000, 1, module));
 }
 
 TEST(ImageOutsideOfABundle, HasNoLocationAndNoResources) {
@@ -151,35 +151,35 @@ TEST(ImageOutsideOfABundle, HasNoLocationAndNoResources) {
 /// Images of their own: one that another test holds open as well would not end.
 class ImageEnd : public ::testing::Test {
 protected:
-    void SetUp() override { std::filesystem::copy(helperBundle(), bundle, std::filesystem::copy_options::recursive); }
+    void SetUp() override { std::filesystem::copy(helperBundle(), bundle_, std::filesystem::copy_options::recursive); }
 
-    TempFolder folder;
-    const std::filesystem::path bundle = folder.path() / helperBundle().filename();
-    DebugCapture debug;
+    TempFolder folder_;
+    const std::filesystem::path bundle_ = folder_.path() / helperBundle().filename();
+    DebugCapture debug_;
 };
 
 TEST_F(ImageEnd, CallsTheHookAfterItsLineWhereTheUseNeverEnded) {
     static std::string* output = nullptr;
-    output = &debug.text;
+    output = &debug_.text;
     {
-        RawHelpers addOn(bundle);
+        RawHelpers addOn(bundle_);
         addOn.bind();
         addOn.initialize();
         addOn->ACAPI_SetDllTermHookProc([] { *output += "[hook]"; });
         *addOn->gImpList_Inited = 0;  // Keeps the test's own ending of the use from being heard.
     }
-    EXPECT_EQ(debug.text,
-              "Abnormal add-on termination (\"" + bundle.string() + "\"), calling custom DllTermHookProc\n[hook]");
+    EXPECT_EQ(debug_.text,
+              "Abnormal add-on termination (\"" + bundle_.string() + "\"), calling custom DllTermHookProc\n[hook]");
 }
 
 TEST_F(ImageEnd, IsSilentAndCallsNoHookAfterARegularEnd) {
     {
-        RawHelpers addOn(bundle);
+        RawHelpers addOn(bundle_);
         addOn.bind();
         addOn.initialize();
         addOn->ACAPI_SetDllTermHookProc([] { ADD_FAILURE() << "called at a regular end"; });
     }
-    EXPECT_EQ(debug.text, "");
+    EXPECT_EQ(debug_.text, "");
 }
 
 }  // namespace

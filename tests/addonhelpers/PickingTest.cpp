@@ -30,7 +30,7 @@ protected:
         openText(ifc.text());
     }
 
-    const API_Guid wall = apiGuid(guidText(1)), column = apiGuid(guidText(2)), site = apiGuid(guidText(3));
+    const API_Guid wall_ = apiGuid(guidText(1)), column_ = apiGuid(guidText(2)), site_ = apiGuid(guidText(3));
 
     static host::PickedPoint on(const API_Guid& guid, API_Coord3D at = Somewhere) { return {at, guid}; }
     static host::PickedPoint empty(double x, double y) { return {{x, y, 0}, std::nullopt}; }
@@ -50,13 +50,13 @@ protected:
 // --- A point -------------------------------------------------------------------------------------------------------
 
 TEST_F(Picking, PointIsWhereTheUserClicked) {
-    click({on(wall)});
+    click({on(wall_)});
     inCommand([](const Helpers& helpers) {
         API_Coord at{};
         EXPECT_TRUE(helpers.ClickAPoint("Where?", &at));
         EXPECT_TRUE(at == (API_Coord{3, 4}));
     });
-    EXPECT_THAT(prompts, ElementsAre("Where?"));
+    EXPECT_THAT(prompts_, ElementsAre("Where?"));
 }
 
 TEST_F(Picking, CancelledPointIsSilent) {
@@ -66,16 +66,16 @@ TEST_F(Picking, CancelledPointIsSilent) {
         EXPECT_FALSE(helpers.ClickAPoint("Where?", &at));
         EXPECT_TRUE(at == (API_Coord{1, 2}));
     });
-    EXPECT_TRUE(host.report().empty());
+    EXPECT_TRUE(host_.report().empty());
 }
 
 TEST_F(Picking, LongPromptIsCut) {
-    click({on(wall)});
+    click({on(wall_)});
     inCommand([](const Helpers& helpers) {
         API_Coord at{};
         EXPECT_TRUE(helpers.ClickAPoint(std::string(1000, 'p').c_str(), &at));
     });
-    EXPECT_THAT(prompts, ElementsAre(std::string(255, 'p')));
+    EXPECT_THAT(prompts_, ElementsAre(std::string(255, 'p')));
 }
 
 // --- An arc --------------------------------------------------------------------------------------------------------
@@ -92,7 +92,7 @@ TEST_F(Picking, ArcTakesThreeClicks) {
         EXPECT_TRUE(end == (API_Coord{-1, 0}));
         EXPECT_FALSE(negative);
     });
-    EXPECT_THAT(prompts, ElementsAre("Arc?", "Arc?", "Arc?"));
+    EXPECT_THAT(prompts_, ElementsAre("Arc?", "Arc?", "Arc?"));
 }
 
 TEST_F(Picking, ArcTheOtherWayRoundIsNegative) {
@@ -106,22 +106,22 @@ TEST_F(Picking, ArcTheOtherWayRoundIsNegative) {
 
 TEST_F(Picking, ArcCancelledAtAnyClickIsNoneAndSilent) {
     for (const std::size_t answered : {0U, 1U, 2U}) {
-        prompts.clear();
+        prompts_.clear();
         click(std::vector<host::PickedPoint>(answered, empty(1, 0)));
         inCommand([](const Helpers& helpers) {
             API_Coord centre{7, 7};
             EXPECT_FALSE(helpers.GetAnArc("Arc?", &centre, nullptr, nullptr, nullptr));
             EXPECT_TRUE(centre == (API_Coord{7, 7}));
         });
-        EXPECT_EQ(prompts.size(), answered + 1);
+        EXPECT_EQ(prompts_.size(), answered + 1);
     }
-    EXPECT_TRUE(host.report().empty());
+    EXPECT_TRUE(host_.report().empty());
 }
 
 // --- An element ----------------------------------------------------------------------------------------------------
 
 TEST_F(Picking, ElementIsDescribedInEveryOutput) {
-    click({on(column)});
+    click({on(column_)});
     inCommand([this](const Helpers& helpers) {
         API_Neig neig{};
         API_ElemTypeID type = 0;
@@ -129,32 +129,32 @@ TEST_F(Picking, ElementIsDescribedInEveryOutput) {
         API_Coord3D at{};
         EXPECT_TRUE(helpers.ClickAnElem("Which?", Column, &neig, &type, &guid, &at, true));
         EXPECT_EQ(neig.neigID, 5);
-        EXPECT_EQ(neig.guid, column);
+        EXPECT_EQ(neig.guid, column_);
         EXPECT_EQ(type, Column);
-        EXPECT_EQ(guid, column);
+        EXPECT_EQ(guid, column_);
         EXPECT_EQ(at.z, 5);
     });
 }
 
 TEST_F(Picking, AnyTypeAcceptsEveryElementOfAKnownType) {
-    EXPECT_EQ(pickElement(on(wall), AnyType), wall);
-    EXPECT_EQ(pickElement(on(column), AnyType), column);
+    EXPECT_EQ(pickElement(on(wall_), AnyType), wall_);
+    EXPECT_EQ(pickElement(on(column_), AnyType), column_);
 }
 
 TEST_F(Picking, ElementOfAnotherTypeIsNotAccepted) {
-    EXPECT_EQ(pickElement(on(wall), Wall), wall);
-    EXPECT_EQ(pickElement(on(wall), Column), std::nullopt);
+    EXPECT_EQ(pickElement(on(wall_), Wall), wall_);
+    EXPECT_EQ(pickElement(on(wall_), Column), std::nullopt);
 }
 
 TEST_F(Picking, ClickIntoEmptySpaceTakesTheNearestOfTheType) {
-    EXPECT_EQ(pickElement(empty(90, 0), Wall), wall);
-    EXPECT_EQ(pickElement(empty(10, 0), Column), column);
+    EXPECT_EQ(pickElement(empty(90, 0), Wall), wall_);
+    EXPECT_EQ(pickElement(empty(10, 0), Column), column_);
     EXPECT_EQ(pickElement(empty(10, 0), Door), std::nullopt);
 }
 
 TEST_F(Picking, ClickIntoEmptySpaceForAnyTypeTakesTheNearestOfAll) {
-    EXPECT_EQ(pickElement(empty(90, 0), AnyType), column);
-    EXPECT_EQ(pickElement(empty(10, 0), AnyType), wall);
+    EXPECT_EQ(pickElement(empty(90, 0), AnyType), column_);
+    EXPECT_EQ(pickElement(empty(10, 0), AnyType), wall_);
 }
 
 TEST_F(Picking, NearestElementThatCannotBeClickedIsNotAccepted) {
@@ -166,7 +166,7 @@ TEST_F(Picking, CancelledElementIsSilent) {
     inCommand([](const Helpers& helpers) {
         EXPECT_FALSE(helpers.ClickAnElem("Which?", AnyType, nullptr, nullptr, nullptr, nullptr, false));
     });
-    EXPECT_TRUE(host.report().empty());
+    EXPECT_TRUE(host_.report().empty());
 }
 
 // --- A run of elements ---------------------------------------------------------------------------------------------
@@ -179,7 +179,7 @@ std::vector<Record> recordsOf(GSHandle handle) {
 }
 
 TEST_F(Picking, RunGathersUntilAClickIsNotAccepted) {
-    click({on(wall), empty(10, 0), on(wall), on(column), on(wall)});
+    click({on(wall_), empty(10, 0), on(wall_), on(column_), on(wall_)});
     inCommand([this](const Helpers& helpers) {
         int count = -1;
         GSHandle handle = helpers.ClickElements_Neig("Which?", Wall, &count);
@@ -190,11 +190,11 @@ TEST_F(Picking, RunGathersUntilAClickIsNotAccepted) {
         for (const API_Neig& neig : neigs) {
             EXPECT_EQ(neig.neigID, 1);
             EXPECT_EQ(neig.inIndex, 1);
-            EXPECT_EQ(neig.guid, wall);
+            EXPECT_EQ(neig.guid, wall_);
         }
         helpers.ACAPI_DisposeHandle(&handle);
     });
-    EXPECT_EQ(prompts.size(), 4U);
+    EXPECT_EQ(prompts_.size(), 4U);
     EXPECT_EQ(liveHandles(), 0);
 }
 
@@ -214,7 +214,7 @@ TEST_F(Picking, RunOfNothingIsNullAndCountsZero) {
 }
 
 TEST_F(Picking, RunAsHeadersHasTheGuidsAlone) {
-    click({on(wall), on(column)});
+    click({on(wall_), on(column_)});
     inCommand([this](const Helpers& helpers) {
         int count = -1;
         GSHandle handle = helpers.ClickElements_ElemHead("Which?", AnyType, &count);
@@ -222,8 +222,8 @@ TEST_F(Picking, RunAsHeadersHasTheGuidsAlone) {
         ASSERT_NE(handle, nullptr);
         const auto heads = recordsOf<API_Elem_Head>(handle);
         ASSERT_EQ(heads.size(), 2U);
-        EXPECT_EQ(heads[0].guid, wall);
-        EXPECT_EQ(heads[1].guid, column);
+        EXPECT_EQ(heads[0].guid, wall_);
+        EXPECT_EQ(heads[1].guid, column_);
         for (const API_Elem_Head& head : heads) EXPECT_EQ(head.typeID, 0);
         helpers.ACAPI_DisposeHandle(&handle);
     });
@@ -231,30 +231,30 @@ TEST_F(Picking, RunAsHeadersHasTheGuidsAlone) {
 }
 
 TEST_F(Picking, RunWithoutMemoryIsNullWithTheCountUpToThen) {
-    click({on(wall), on(wall), on(wall), on(wall)});
+    click({on(wall_), on(wall_), on(wall_), on(wall_)});
     const FailingMemory memory(3);  // The empty handle and two neigs.
     inCommand([](const Helpers& helpers) {
         int count = -1;
         EXPECT_EQ(helpers.ClickElements_Neig("Which?", Wall, &count), nullptr);
         EXPECT_EQ(count, 2);
     });
-    EXPECT_EQ(prompts.size(), 3U);
+    EXPECT_EQ(prompts_.size(), 3U);
     EXPECT_EQ(liveHandles(), 0);
 }
 
 TEST_F(Picking, RunWithoutAnyMemoryAsksForNothing) {
-    click({on(wall)});
+    click({on(wall_)});
     const FailingMemory memory(0);
     inCommand([](const Helpers& helpers) {
         int count = -1;
         EXPECT_EQ(helpers.ClickElements_Neig("Which?", Wall, &count), nullptr);
         EXPECT_EQ(count, 0);
     });
-    EXPECT_TRUE(prompts.empty());
+    EXPECT_TRUE(prompts_.empty());
 }
 
 TEST_F(Picking, HeadersWithoutMemoryCountZero) {
-    click({on(wall), on(wall)});
+    click({on(wall_), on(wall_)});
     const FailingMemory memory(3);  // The empty handle and two neigs, none for the headers.
     inCommand([](const Helpers& helpers) {
         int count = -1;
@@ -269,7 +269,7 @@ TEST_F(Picking, HeadersWithoutMemoryCountZero) {
 class MenuMarks : public HostedHelpers {
 protected:
     static constexpr short Menu = Helpers::MenuResID, Item = 2;
-    const host::MenuItem& item() { return host.menus().at(0).items.at(1); }
+    const host::MenuItem& item() { return host_.menus().at(0).items.at(1); }
 };
 
 TEST_F(MenuMarks, InvertingTwiceLeavesTheMarkAsItWas) {

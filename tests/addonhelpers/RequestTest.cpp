@@ -26,22 +26,22 @@ protected:
         onGoodies = nullptr;
         onElement = nullptr;
         onHeader = nullptr;
-        addOn.put<HostSlot::WriteReport>([](void*, const char* text, unsigned char) { alerts.emplace_back(text); });
-        addOn.put<HostSlot::Interface>([](void*, UInt32 code, void* par1, void*, void*) -> GSErrCode {
+        addOn_.put<HostSlot::WriteReport>([](void*, const char* text, unsigned char) { alerts.emplace_back(text); });
+        addOn_.put<HostSlot::Interface>([](void*, UInt32 code, void* par1, void*, void*) -> GSErrCode {
             return onInterface ? onInterface(code, par1) : APIERR_NOTSUPPORTED;
         });
-        addOn.put<HostSlot::Goodies>([](void*, UInt32 code, void* par1, void* par2, void*) -> GSErrCode {
+        addOn_.put<HostSlot::Goodies>([](void*, UInt32 code, void* par1, void* par2, void*) -> GSErrCode {
             return onGoodies ? onGoodies(code, par1, par2) : APIERR_NOTSUPPORTED;
         });
-        addOn.put<HostSlot::Element_Get>([](void*, API_Element* element, UInt32 mask) -> GSErrCode {
+        addOn_.put<HostSlot::Element_Get>([](void*, API_Element* element, UInt32 mask) -> GSErrCode {
             EXPECT_EQ(mask, 0U);
             return onElement ? onElement(element) : APIERR_NOTSUPPORTED;
         });
-        addOn.put<HostSlot::Element_GetHeader>([](void*, API_Elem_Head* head, UInt32 mask) -> GSErrCode {
+        addOn_.put<HostSlot::Element_GetHeader>([](void*, API_Elem_Head* head, UInt32 mask) -> GSErrCode {
             EXPECT_EQ(mask, 0U);
             return onHeader ? onHeader(head) : APIERR_NOTSUPPORTED;
         });
-        addOn.bind();
+        addOn_.bind();
     }
 
     /// Lets the next click hit this.
@@ -57,7 +57,7 @@ protected:
         };
     }
 
-    RawHelpers addOn;
+    RawHelpers addOn_;
 };
 
 constexpr API_Guid SomeGuid{{1, 2, 3}};
@@ -77,7 +77,7 @@ TEST_F(Requests, PointRecordIsZeroButForItsPrompt) {
         return NoError;
     };
     API_Coord at{};
-    EXPECT_TRUE(addOn->ClickAPoint("Where?", &at));
+    EXPECT_TRUE(addOn_->ClickAPoint("Where?", &at));
 }
 
 TEST_F(Requests, ArcGoesThroughPointLineAndArc) {
@@ -104,7 +104,7 @@ TEST_F(Requests, ArcGoesThroughPointLineAndArc) {
     };
     API_Coord centre{}, start{}, end{};
     bool negative = false;
-    EXPECT_TRUE(addOn->GetAnArc("Arc?", &centre, &start, &end, &negative));
+    EXPECT_TRUE(addOn_->GetAnArc("Arc?", &centre, &start, &end, &negative));
     EXPECT_THAT(codes, ElementsAre(0x49504F49U, 0x494C494EU, 0x49415243U));
     EXPECT_EQ(centre.y, 8);
     EXPECT_EQ(start.x, 10);
@@ -115,9 +115,9 @@ TEST_F(Requests, ArcGoesThroughPointLineAndArc) {
 TEST_F(Requests, FailingPointIsReportedUnderTheNameOfItsHelper) {
     onInterface = [](UInt32, void*) { return GSErrCode{APIERR_GENERAL}; };
     API_Coord at{};
-    EXPECT_FALSE(addOn->ClickAPoint("Where?", &at));
-    EXPECT_FALSE(addOn->ClickAnElem("Which?", 0, nullptr, nullptr, nullptr, nullptr, false));
-    EXPECT_FALSE(addOn->GetAnArc("Arc?", nullptr, nullptr, nullptr, nullptr));
+    EXPECT_FALSE(addOn_->ClickAPoint("Where?", &at));
+    EXPECT_FALSE(addOn_->ClickAnElem("Which?", 0, nullptr, nullptr, nullptr, nullptr, false));
+    EXPECT_FALSE(addOn_->GetAnArc("Arc?", nullptr, nullptr, nullptr, nullptr));
     EXPECT_THAT(alerts,
                 ElementsAre("Error in APICmd_GetPointID: -2130313215", "Error in APIIo_GetPointID: -2130313215"));
 }
@@ -125,8 +125,8 @@ TEST_F(Requests, FailingPointIsReportedUnderTheNameOfItsHelper) {
 TEST_F(Requests, CancelIsNeverReported) {
     onInterface = [](UInt32, void*) { return GSErrCode{APIERR_CANCEL}; };
     API_Coord at{};
-    EXPECT_FALSE(addOn->ClickAPoint("Where?", &at));
-    EXPECT_FALSE(addOn->ClickAnElem("Which?", 0, nullptr, nullptr, nullptr, nullptr, false));
+    EXPECT_FALSE(addOn_->ClickAPoint("Where?", &at));
+    EXPECT_FALSE(addOn_->ClickAnElem("Which?", 0, nullptr, nullptr, nullptr, nullptr, false));
     EXPECT_TRUE(alerts.empty());
 }
 
@@ -155,7 +155,7 @@ TEST_F(Requests, EmptySpaceIsSearchedForTheNearestElement) {
         return NoError;
     };
     API_Neig neig{};
-    EXPECT_TRUE(addOn->ClickAnElem("Which?", 2, &neig, nullptr, nullptr, nullptr, false));
+    EXPECT_TRUE(addOn_->ClickAnElem("Which?", 2, &neig, nullptr, nullptr, nullptr, false));
     EXPECT_TRUE(searched);
     EXPECT_EQ(neig.neigID, 5);
     EXPECT_EQ(neig.guid, SomeGuid);
@@ -165,7 +165,7 @@ TEST_F(Requests, EmptySpaceWithoutANearestElementIsNotAcceptedButDescribed) {
     hit({}, 0);
     API_ElemTypeID type = 99;
     API_Guid guid = SomeGuid;
-    EXPECT_FALSE(addOn->ClickAnElem("Which?", 0, nullptr, &type, &guid, nullptr, false));
+    EXPECT_FALSE(addOn_->ClickAnElem("Which?", 0, nullptr, &type, &guid, nullptr, false));
     EXPECT_EQ(type, 0);
     EXPECT_EQ(guid, APINULLGuid);
 }
@@ -173,9 +173,9 @@ TEST_F(Requests, EmptySpaceWithoutANearestElementIsNotAcceptedButDescribed) {
 TEST_F(Requests, PartIsForgottenOnlyOnDemand) {
     hit({1, SomeGuid, 1, 77, {}}, 1);
     API_Neig neig{};
-    EXPECT_TRUE(addOn->ClickAnElem("Which?", 1, &neig, nullptr, nullptr, nullptr, false));
+    EXPECT_TRUE(addOn_->ClickAnElem("Which?", 1, &neig, nullptr, nullptr, nullptr, false));
     EXPECT_EQ(neig.elemPartId, 77);
-    EXPECT_TRUE(addOn->ClickAnElem("Which?", 1, &neig, nullptr, nullptr, nullptr, true));
+    EXPECT_TRUE(addOn_->ClickAnElem("Which?", 1, &neig, nullptr, nullptr, nullptr, true));
     EXPECT_EQ(neig.elemPartId, 0);
 }
 
@@ -187,7 +187,7 @@ TEST_F(Requests, SectionElementCountsAsTheTypeThatWasCut) {
         return NoError;
     };
     const auto accepts = [&](API_ElemTypeID wanted) {
-        return addOn->ClickAnElem("Which?", wanted, nullptr, nullptr, nullptr, nullptr, false);
+        return addOn_->ClickAnElem("Which?", wanted, nullptr, nullptr, nullptr, nullptr, false);
     };
     EXPECT_TRUE(accepts(1));
     EXPECT_TRUE(accepts(29));
@@ -205,7 +205,7 @@ TEST_F(Requests, TypeOfANeigComesFromTheHost) {
         *static_cast<API_ElemTypeID*>(par2) = *static_cast<API_NeigID*>(par1) + 100;
         return NoError;
     };
-    EXPECT_EQ(addOn->Neig_To_ElemID(7), 107);
+    EXPECT_EQ(addOn_->Neig_To_ElemID(7), 107);
 }
 
 TEST_F(Requests, TypeOfAnUnknownNeigIsNone) {
@@ -213,7 +213,7 @@ TEST_F(Requests, TypeOfAnUnknownNeigIsNone) {
         *static_cast<API_ElemTypeID*>(par2) = 12;
         return GSErrCode{APIERR_BADPARS};
     };
-    EXPECT_EQ(addOn->Neig_To_ElemID(7), 0);
+    EXPECT_EQ(addOn_->Neig_To_ElemID(7), 0);
 }
 
 struct NeigCase {
@@ -231,7 +231,7 @@ TEST_P(NeigOfType, IsTheHosts) {
     head.guid = SomeGuid;
     API_Neig neig;
     std::memset(&neig, 0xEE, sizeof neig);
-    EXPECT_TRUE(addOn->ElemHead_To_Neig(&neig, &head));
+    EXPECT_TRUE(addOn_->ElemHead_To_Neig(&neig, &head));
     EXPECT_EQ(neig.neigID, neigID);
     EXPECT_EQ(neig.guid, SomeGuid);
     EXPECT_EQ(neig.inIndex, index);
@@ -258,7 +258,7 @@ TEST_F(Requests, TypesThatCannotBeClickedHaveNoNeig) {
         head.typeID = type;
         head.guid = SomeGuid;
         API_Neig neig{};
-        EXPECT_FALSE(addOn->ElemHead_To_Neig(&neig, &head)) << type;
+        EXPECT_FALSE(addOn_->ElemHead_To_Neig(&neig, &head)) << type;
         EXPECT_EQ(neig.neigID, 0);
         EXPECT_EQ(neig.guid, SomeGuid);
     }
@@ -275,7 +275,7 @@ TEST_F(Requests, HeaderWithoutATypeIsCompletedInPlace) {
         return NoError;
     };
     API_Neig neig{};
-    EXPECT_TRUE(addOn->ElemHead_To_Neig(&neig, &head));
+    EXPECT_TRUE(addOn_->ElemHead_To_Neig(&neig, &head));
     EXPECT_EQ(neig.neigID, 15);
     EXPECT_EQ(head.typeID, 8);
 }
@@ -284,7 +284,7 @@ TEST_F(Requests, HeaderThatTheHostCannotCompleteHasNoNeig) {
     API_Elem_Head head{};
     head.guid = SomeGuid;
     API_Neig neig{};
-    EXPECT_FALSE(addOn->ElemHead_To_Neig(&neig, &head));
+    EXPECT_FALSE(addOn_->ElemHead_To_Neig(&neig, &head));
 }
 
 TEST_F(Requests, NullGuidIsNotAskedFor) {
@@ -294,7 +294,7 @@ TEST_F(Requests, NullGuidIsNotAskedFor) {
     };
     const API_Elem_Head none{};
     API_Neig neig{};
-    EXPECT_FALSE(addOn->ElemHead_To_Neig(&neig, &none));
+    EXPECT_FALSE(addOn_->ElemHead_To_Neig(&neig, &none));
 }
 
 }  // namespace

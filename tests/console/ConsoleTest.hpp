@@ -33,18 +33,20 @@ class ConsoleTest : public testing::Test {
 protected:
     ConsoleTest() { write("house.ifc", house()); }
 
-    std::filesystem::path write(const std::string& name, const std::string& bytes) { return folder.write(name, bytes); }
+    std::filesystem::path write(const std::string& name, const std::string& bytes) {
+        return folder_.write(name, bytes);
+    }
     /// An update file of these lines, ended by LF.
     std::filesystem::path updates(const std::vector<Fields>& lines);
-    std::string bytes(const std::string& name) const { return testing_support::bytesOf(folder.path() / name); }
-    bool exists(const std::string& name) const { return std::filesystem::exists(folder.path() / name); }
+    std::string bytes(const std::string& name) const { return testing_support::bytesOf(folder_.path() / name); }
+    bool exists(const std::string& name) const { return std::filesystem::exists(folder_.path() / name); }
 
-    ModelHostRun modelhost() const { return ModelHostRun(folder.path()); }
+    ModelHostRun modelhost() const { return ModelHostRun(folder_.path()); }
     Outcome run(const std::vector<std::string>& arguments) const { return modelhost().run(arguments); }
     /// Runs it with --format json; fails the test where the output is no JSON document.
     Json json(std::vector<std::string> arguments, int status = 0) const;
 
-    testing_support::TempFolder folder;
+    testing_support::TempFolder folder_;
 };
 
 /// One line on standard error, with all of `parts`, exit status 1 and nothing on standard output.

@@ -43,15 +43,15 @@ class Documentation : public ConsoleTest, public testing::WithParamInterface<con
 protected:
     Documentation() {
         for (const char* sample : {"house.ifc", "updates.txt"})
-            std::filesystem::copy_file(std::string(PROJECT_DIR "/samples/") + sample, folder.path() / sample,
+            std::filesystem::copy_file(std::string(PROJECT_DIR "/samples/") + sample, folder_.path() / sample,
                                        std::filesystem::copy_options::overwrite_existing);
     }
 
     std::string outputOf(const std::string& command) {
-        write("command.sh", "cd '" + folder.path().string() +
+        write("command.sh", "cd '" + folder_.path().string() +
                                 "'\nexport COLUMNS=110 LANG=C PATH=" BINARY_DIR ":$PATH\n{ " + command +
                                 "\n} 2> messages > output\ncat messages output\n");
-        std::FILE* pipe = popen(("sh '" + (folder.path() / "command.sh").string() + "'").c_str(), "r");
+        std::FILE* pipe = popen(("sh '" + (folder_.path() / "command.sh").string() + "'").c_str(), "r");
         std::string text;
         char block[4096];
         for (std::size_t count = 0; (count = std::fread(block, 1, sizeof block, pipe)) > 0;) text.append(block, count);

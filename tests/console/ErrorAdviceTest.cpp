@@ -12,7 +12,7 @@ class Advice : public ConsoleTest {
 protected:
     Advice() {
         updates({{WallGuid, "Name", "", "North wall"}});
-        std::filesystem::create_directory(folder.path() / "folder");
+        std::filesystem::create_directory(folder_.path() / "folder");
         pack("none.ifczip", {"letter.txt"});
         pack("two.ifczip", {"a.ifc", "b.ifc"});
         const std::string packed = pack("one.ifczip", {"a.ifc"});
@@ -21,7 +21,7 @@ protected:
 
     std::string pack(const std::string& name, const Fields& entries) {
         int error = 0;
-        zip_t* archive = zip_open((folder.path() / name).c_str(), ZIP_CREATE | ZIP_TRUNCATE, &error);
+        zip_t* archive = zip_open((folder_.path() / name).c_str(), ZIP_CREATE | ZIP_TRUNCATE, &error);
         const std::string model = house();
         for (const std::string& entry : entries)
             zip_file_add(archive, entry.c_str(), zip_source_buffer(archive, model.data(), model.size(), 0), 0);
@@ -103,23 +103,23 @@ TEST_F(Advice, TheNullGuidIsNotSaidToBeMalformed) {
 /// Somebody without rights in a folder that everybody may enter.
 class Rights : public Advice {
 protected:
-    Rights() { open(folder.path(), 0755); }
+    Rights() { open(folder_.path(), 0755); }
     static void open(const std::filesystem::path& path, mode_t mode) { EXPECT_EQ(::chmod(path.c_str(), mode), 0); }
     Outcome runAsSomebody(const Fields& arguments) { return modelhost().withoutPrivileges().run(arguments); }
 };
 
 TEST_F(Rights, ToReadAreMissed) {
-    open(folder.path() / "house.ifc", 0);
+    open(folder_.path() / "house.ifc", 0);
     expectError(runAsSomebody({"list", "house.ifc"}), {"house.ifc: Permission denied; check the name and the rights"});
-    open(folder.path() / "house.ifc", 0644);
-    open(folder.path() / "updates.txt", 0);
+    open(folder_.path() / "house.ifc", 0644);
+    open(folder_.path() / "updates.txt", 0);
     expectError(runAsSomebody({"import", "house.ifc", "updates.txt"}),
                 {"updates.txt: Permission denied; check its name and that you may read it"});
 }
 
 TEST_F(Rights, ToWriteAreMissedBeforeTheWork) {
-    open(folder.path() / "house.ifc", 0444);
-    open(folder.path() / "folder", 0555);
+    open(folder_.path() / "house.ifc", 0444);
+    open(folder_.path() / "folder", 0555);
     expectError(runAsSomebody({"import", "house.ifc", "updates.txt", "--apply", "--in-place"}),
                 {"house.ifc: the file is write-protected; save under another name"});
     expectError(

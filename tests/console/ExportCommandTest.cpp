@@ -89,13 +89,13 @@ TEST_F(ExportCommand, ATargetThatCannotBeWrittenIsNamed) {
 
 TEST_F(ExportCommand, KeepsModeAndLinkOfTheFileThatItReplaces) {
     write("target.txt", "old");
-    chmod((folder.path() / "target.txt").c_str(), 0640);
-    std::filesystem::create_symlink("target.txt", folder.path() / "link.txt");
+    chmod((folder_.path() / "target.txt").c_str(), 0640);
+    std::filesystem::create_symlink("target.txt", folder_.path() / "link.txt");
     run({"export", "house.ifc", "--items", "Name", "--type", "Wall", "-o", "link.txt"});
-    EXPECT_TRUE(std::filesystem::is_symlink(folder.path() / "link.txt"));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder_.path() / "link.txt"));
     EXPECT_THAT(bytes("target.txt"), HasSubstr("Wall-01"));
     struct stat status {};
-    stat((folder.path() / "target.txt").c_str(), &status);
+    stat((folder_.path() / "target.txt").c_str(), &status);
     EXPECT_EQ(status.st_mode & 0777, 0640U);
 }
 

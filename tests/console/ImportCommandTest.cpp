@@ -75,10 +75,10 @@ TEST_F(ImportCommand, InPlaceSavesOverTheModel) {
 
 TEST_F(ImportCommand, InPlaceWritesNothingWhereNothingChanged) {
     updates({{WallGuid, "IsExternal", "", ".T."}});
-    const auto before = std::filesystem::last_write_time(folder.path() / "house.ifc");
+    const auto before = std::filesystem::last_write_time(folder_.path() / "house.ifc");
     const Json document = json({"import", "house.ifc", "updates.txt", "--apply", "--in-place"});
     EXPECT_FALSE(document.contains("saved"));
-    EXPECT_EQ(std::filesystem::last_write_time(folder.path() / "house.ifc"), before);
+    EXPECT_EQ(std::filesystem::last_write_time(folder_.path() / "house.ifc"), before);
 }
 
 TEST_F(ImportCommand, AnUnchangedModelIsCopiedByteForByte) {

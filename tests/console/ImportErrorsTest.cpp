@@ -85,7 +85,7 @@ TEST_F(ImportErrors, ATargetThatCannotBeWrittenIsNamedAndTheModelStays) {
 }
 
 TEST_F(ImportErrors, AFullDiskLeavesNoHalfFile) {
-    const auto disk = folder.path() / "disk";
+    const auto disk = folder_.path() / "disk";
     std::filesystem::create_directory(disk);
     if (mount("none", disk.c_str(), "tmpfs", 0, "size=4k") != 0) GTEST_SKIP() << "only root may mount a small disk";
     write("disk/filler", std::string(4096, 'x'));

@@ -44,34 +44,34 @@ std::string readAll(int descriptor) {
 
 }  // namespace
 
-ModelHostRun::ModelHostRun(std::filesystem::path theFolder) : folder(std::move(theFolder)) {}
+ModelHostRun::ModelHostRun(std::filesystem::path theFolder) : folder_(std::move(theFolder)) {}
 
 ModelHostRun& ModelHostRun::with(const std::string& variable, const std::string& value) {
-    variables[variable] = value;
+    variables_[variable] = value;
     return *this;
 }
 
 ModelHostRun& ModelHostRun::input(std::string text) {
-    standardInput = std::move(text);
+    standardInput_ = std::move(text);
     return *this;
 }
 
 ModelHostRun& ModelHostRun::outputTo(std::filesystem::path file) {
-    outputFile = std::move(file);
+    outputFile_ = std::move(file);
     return *this;
 }
 
 ModelHostRun& ModelHostRun::withoutPrivileges() {
-    unprivileged = geteuid() == 0;
+    unprivileged_ = geteuid() == 0;
     return *this;
 }
 
 void ModelHostRun::become(const std::vector<std::string>& arguments) const {
-    if (chdir(folder.c_str()) != 0) _exit(CouldNotStart);
+    if (chdir(folder_.c_str()) != 0) _exit(CouldNotStart);
     constexpr uid_t nobody = 65534;
-    if (unprivileged && (setgid(nobody) != 0 || setuid(nobody) != 0)) _exit(CouldNotStart);
+    if (unprivileged_ && (setgid(nobody) != 0 || setuid(nobody) != 0)) _exit(CouldNotStart);
     for (const char* variable : {"COLUMNS", "NO_COLOR"}) unsetenv(variable);
-    for (const auto& [name, value] : variables) setenv(name.c_str(), value.c_str(), 1);
+    for (const auto& [name, value] : variables_) setenv(name.c_str(), value.c_str(), 1);
     const std::string program = BINARY_DIR "/modelhost";
     std::vector<char*> words{const_cast<char*>(program.c_str())};
     for (const std::string& argument : arguments) words.push_back(const_cast<char*>(argument.c_str()));
@@ -82,8 +82,8 @@ void ModelHostRun::become(const std::vector<std::string>& arguments) const {
 
 Outcome ModelHostRun::run(const std::vector<std::string>& arguments) const {
     const testing_support::TempFolder kept;
-    const auto in = kept.write("in", standardInput);
-    const auto out = outputFile.empty() ? kept.write("out", "") : outputFile;
+    const auto in = kept.write("in", standardInput_);
+    const auto out = outputFile_.empty() ? kept.write("out", "") : outputFile_;
     const auto err = kept.write("err", "");
     const pid_t child = fork();
     if (child == 0) {
@@ -94,7 +94,7 @@ Outcome ModelHostRun::run(const std::vector<std::string>& arguments) const {
     }
     Outcome outcome;
     wait(child, outcome);
-    if (outputFile.empty()) outcome.out = testing_support::bytesOf(out);
+    if (outputFile_.empty()) outcome.out = testing_support::bytesOf(out);
     outcome.err = testing_support::bytesOf(err);
     return outcome;
 }
@@ -123,8 +123,8 @@ Outcome ModelHostRun::runOnTerminal(const std::vector<std::string>& arguments, i
 ScriptedHost::ScriptedHost(const ModelHostRun& run, const std::string& model, const std::vector<std::string>& options) {
     int in[2], out[2];
     if (pipe2(in, O_CLOEXEC) != 0 || pipe2(out, O_CLOEXEC) != 0) throw std::runtime_error("no pipes");
-    child = fork();
-    if (child == 0) {
+    child_ = fork();
+    if (child_ == 0) {
         if (dup2(in[0], STDIN_FILENO) < 0 || dup2(out[1], STDOUT_FILENO) < 0) _exit(CouldNotStart);
         std::vector<std::string> arguments{"script", model, "-"};
         arguments.insert(arguments.end(), options.begin(), options.end());
@@ -132,28 +132,28 @@ ScriptedHost::ScriptedHost(const ModelHostRun& run, const std::string& model, co
     }
     close(in[0]);
     close(out[1]);
-    steps = in[1];
-    answers = out[0];
+    steps_ = in[1];
+    answers_ = out[0];
 }
 
 ScriptedHost::~ScriptedHost() {
-    if (child > 0) finish();
-    close(answers);
+    if (child_ > 0) finish();
+    close(answers_);
 }
 
 std::string ScriptedHost::perform(const std::string& step) {
     const std::string line = step + "\n";
-    if (write(steps, line.data(), line.size()) != static_cast<ssize_t>(line.size())) return {};
+    if (write(steps_, line.data(), line.size()) != static_cast<ssize_t>(line.size())) return {};
     std::string answer;
-    for (char byte = 0; read(answers, &byte, 1) == 1 && byte != '\n';) answer += byte;
+    for (char byte = 0; read(answers_, &byte, 1) == 1 && byte != '\n';) answer += byte;
     return answer;
 }
 
 int ScriptedHost::finish() {
-    close(steps);
+    close(steps_);
     Outcome outcome;
-    wait(child, outcome);
-    child = -1;
+    wait(child_, outcome);
+    child_ = -1;
     return outcome.status;
 }
 

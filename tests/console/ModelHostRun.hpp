@@ -46,11 +46,11 @@ private:
     friend class ScriptedHost;
     [[noreturn]] void become(const std::vector<std::string>& arguments) const;
 
-    std::filesystem::path folder;
-    std::map<std::string, std::string> variables;
-    std::string standardInput;
-    std::filesystem::path outputFile;
-    bool unprivileged = false;
+    std::filesystem::path folder_;
+    std::map<std::string, std::string> variables_;
+    std::string standardInput_;
+    std::filesystem::path outputFile_;
+    bool unprivileged_ = false;
 };
 
 /// A modelhost that goes on running: `script` that reads its steps from a pipe.
@@ -68,12 +68,12 @@ public:
     std::string perform(const std::string& step);
     /// Ends its input and waits for its end.
     int finish();
-    pid_t process() const { return child; }
+    pid_t process() const { return child_; }
 
 private:
-    pid_t child = -1;
-    int steps = -1;
-    int answers = -1;
+    pid_t child_ = -1;
+    int steps_ = -1;
+    int answers_ = -1;
 };
 
 }  // namespace console_tests

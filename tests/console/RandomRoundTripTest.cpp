@@ -75,7 +75,7 @@ protected:
         return result.empty() ? otherwise : result;
     }
     std::string quoted(const std::string& text) { return model::step::encodeString(model::ifc::fromUtf8(text)); }
-    std::size_t below(std::size_t end) { return random() % end; }
+    std::size_t below(std::size_t end) { return random_() % end; }
     const std::string& pick(const Fields& fields) { return fields[below(fields.size())]; }
 
     std::string value() {
@@ -109,7 +109,7 @@ protected:
         return items;
     }
 
-    std::mt19937 random{GetParam()};
+    std::mt19937 random_{GetParam()};
 };
 
 /// An item that export refuses: a line has no room for it, or it is no name at all.

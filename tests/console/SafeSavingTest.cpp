@@ -47,20 +47,20 @@ TEST_F(SafeSaving, OfAFileThatWasCutSaysSo) {
 }
 
 TEST_F(SafeSaving, LeavesOtherNamesOfTheFileWithTheOldVersion) {
-    std::filesystem::create_hard_link(folder.path() / "house.ifc", folder.path() / "backup.ifc");
+    std::filesystem::create_hard_link(folder_.path() / "house.ifc", folder_.path() / "backup.ifc");
     EXPECT_EQ(apply().status, 0);
     EXPECT_THAT(bytes("house.ifc"), HasSubstr("'F 60'"));
     EXPECT_EQ(bytes("backup.ifc"), house());
 }
 
 TEST_F(SafeSaving, KeepsModeBitsAndLinks) {
-    std::filesystem::rename(folder.path() / "house.ifc", folder.path() / "real.ifc");
-    ::chmod((folder.path() / "real.ifc").c_str(), 0604);
-    std::filesystem::create_symlink("real.ifc", folder.path() / "house.ifc");
+    std::filesystem::rename(folder_.path() / "house.ifc", folder_.path() / "real.ifc");
+    ::chmod((folder_.path() / "real.ifc").c_str(), 0604);
+    std::filesystem::create_symlink("real.ifc", folder_.path() / "house.ifc");
     EXPECT_EQ(apply().status, 0);
-    EXPECT_TRUE(std::filesystem::is_symlink(folder.path() / "house.ifc"));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder_.path() / "house.ifc"));
     struct stat found {};
-    ASSERT_EQ(::stat((folder.path() / "real.ifc").c_str(), &found), 0);
+    ASSERT_EQ(::stat((folder_.path() / "real.ifc").c_str(), &found), 0);
     EXPECT_EQ(found.st_mode & 07777U, 0604U);
     EXPECT_THAT(bytes("real.ifc"), HasSubstr("'F 60'"));
 }
@@ -96,7 +96,7 @@ TEST_F(SafeSaving, KilledAtAnyMomentLeavesOneWholeVersion) {
     std::string after = before;
     after.replace(after.find("'F 90'"), 6, "'F 60'");
     write("house.ifc", before);
-    std::chrono::duration<double> whole = runAndKill(folder.path(), std::chrono::seconds(60));
+    std::chrono::duration<double> whole = runAndKill(folder_.path(), std::chrono::seconds(60));
     ASSERT_TRUE(bytes("house.ifc") == after);
     constexpr int Kills = 40;
     std::mt19937 random(7);
@@ -104,7 +104,7 @@ TEST_F(SafeSaving, KilledAtAnyMomentLeavesOneWholeVersion) {
     int replaced = 0;
     for (int kill = 0; kill < Kills; ++kill) {
         write("house.ifc", before);
-        runAndKill(folder.path(), std::chrono::duration_cast<Clock::duration>(whole * part(random)));
+        runAndKill(folder_.path(), std::chrono::duration_cast<Clock::duration>(whole * part(random)));
         const std::string now = bytes("house.ifc");
         ASSERT_TRUE(now == before || now == after) << "kill " << kill << ", " << now.size() << " bytes";
         replaced += now == after ? 1 : 0;

@@ -16,7 +16,7 @@ protected:
         write("steps.jsonl", text);
         const Outcome outcome = run({"script", "house.ifc", "steps.jsonl"});
         EXPECT_EQ(outcome.status, status) << outcome.err;
-        notes = outcome.err;
+        notes_ = outcome.err;
         std::vector<Json> answers;
         std::istringstream stream(outcome.out);
         for (std::string line; std::getline(stream, line);) answers.push_back(Json::parse(line, nullptr, false));
@@ -25,7 +25,7 @@ protected:
         return answers;
     }
 
-    std::string notes;
+    std::string notes_;
 };
 
 const std::string Menu1 = R"({"menu":1})", Menu2 = R"({"menu":2})", File = R"({"file":"updates.txt"})";
@@ -53,7 +53,7 @@ TEST_F(ScriptCommand, ImportsAsAUserWould) {
     EXPECT_EQ(answers[5], Json::parse(R"({"click":2,"closed":2,"returned":0})"));
     EXPECT_EQ(answers[6], Json::parse(R"({"save":"out.ifc"})"));
     EXPECT_THAT(bytes("out.ifc"), HasSubstr("'F 120'"));
-    EXPECT_EQ(notes, "");
+    EXPECT_EQ(notes_, "");
 }
 
 TEST_F(ScriptCommand, AFileCanBeNamedBeforeItIsAskedFor) {
@@ -139,7 +139,7 @@ TEST_F(ScriptCommand, TheEndOfTheScriptClosesWhatIsOpen) {
 
 TEST_F(ScriptCommand, UnsavedChangesAreSaid) {
     play({File, Menu1, SelectAll, Apply, Close});
-    EXPECT_THAT(notes, HasSubstr("changed and not saved"));
+    EXPECT_THAT(notes_, HasSubstr("changed and not saved"));
 }
 
 TEST_F(ScriptCommand, ReadsStandardInput) {

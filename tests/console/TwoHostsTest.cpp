@@ -20,13 +20,13 @@ protected:
 
     /// Another modelhost that edits the model: once it has answered, it has opened it.
     void openElsewhere(const Fields& options = {}) {
-        other.emplace(modelhost(), "house.ifc", options);
-        ASSERT_THAT(other->perform(AnyStep), HasSubstr("menus"));
+        other_.emplace(modelhost(), "house.ifc", options);
+        ASSERT_THAT(other_->perform(AnyStep), HasSubstr("menus"));
     }
-    std::string holder() const { return "modelhost (process " + std::to_string(other->process()) + ")"; }
+    std::string holder() const { return "modelhost (process " + std::to_string(other_->process()) + ")"; }
 
-    const std::string before = bytes("house.ifc");
-    std::optional<ScriptedHost> other;
+    const std::string before_ = bytes("house.ifc");
+    std::optional<ScriptedHost> other_;
 };
 
 TEST_F(TwoHosts, ReadingIsFreeWhileAnotherEdits) {
@@ -59,14 +59,14 @@ protected:
 };
 
 TEST_P(Reader, DoesNotLockTheModel) {
-    ASSERT_EQ(mkfifo((folder.path() / "pipe").c_str(), 0600), 0);
+    ASSERT_EQ(mkfifo((folder_.path() / "pipe").c_str(), 0600), 0);
     Outcome outcome;
-    std::thread reader([&] { outcome = modelhost().outputTo(folder.path() / "pipe").run(GetParam()); });
-    std::ifstream pipe(folder.path() / "pipe");
+    std::thread reader([&] { outcome = modelhost().outputTo(folder_.path() / "pipe").run(GetParam()); });
+    std::ifstream pipe(folder_.path() / "pipe");
     char first = 0;
     pipe.get(first);
     openElsewhere();
-    EXPECT_THAT(other->perform(R"({"save":"house.ifc"})"), Not(HasSubstr("error")));
+    EXPECT_THAT(other_->perform(R"({"save":"house.ifc"})"), Not(HasSubstr("error")));
     std::ostringstream rest;
     rest << pipe.rdbuf();
     reader.join();
@@ -88,21 +88,21 @@ TEST_F(TwoHosts, InPlaceIsRefusedBeforeTheWorkWhileAnotherEdits) {
         expectError(run(arguments),
                     {"house.ifc: the file is open in " + holder() + "; close it there, or save under another name"});
     }
-    EXPECT_EQ(bytes("house.ifc"), before);
+    EXPECT_EQ(bytes("house.ifc"), before_);
 }
 
 TEST_F(TwoHosts, InPlaceWorksOnceTheOtherIsGone) {
     openElsewhere();
-    EXPECT_EQ(other->finish(), 0);
+    EXPECT_EQ(other_->finish(), 0);
     EXPECT_EQ(run({"import", "house.ifc", "updates.txt", "--apply", "--in-place"}).status, 0);
     EXPECT_THAT(bytes("house.ifc"), HasSubstr("'North wall'"));
 }
 
 TEST_F(TwoHosts, AFileOpenElsewhereIsNoTargetEither) {
-    write("copy.ifc", before);
+    write("copy.ifc", before_);
     openElsewhere();
     expectError(run({"import", "copy.ifc", "updates.txt", "--apply", "-o", "house.ifc"}), {"the file is open in"});
-    EXPECT_EQ(bytes("house.ifc"), before);
+    EXPECT_EQ(bytes("house.ifc"), before_);
 }
 
 TEST_F(TwoHosts, ASecondScriptIsToldAndSavesUnderAnotherNameOnly) {
@@ -112,23 +112,23 @@ TEST_F(TwoHosts, ASecondScriptIsToldAndSavesUnderAnotherNameOnly) {
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(outcome.err, HasSubstr("house.ifc is open in " + holder()));
     EXPECT_THAT(outcome.out, HasSubstr("the file is open in " + holder()));
-    EXPECT_EQ(bytes("other.ifc"), before);
+    EXPECT_EQ(bytes("other.ifc"), before_);
 }
 
 TEST_F(TwoHosts, AFileChangedMeanwhileIsNotOverwritten) {
     openElsewhere();
-    write("house.ifc", before + "\n");
-    EXPECT_THAT(other->perform(R"({"save":"house.ifc"})"),
+    write("house.ifc", before_ + "\n");
+    EXPECT_THAT(other_->perform(R"({"save":"house.ifc"})"),
                 HasSubstr("house.ifc: another program has changed the file since it was opened; save under another "
                           "name, or overwrite it on purpose (--force)"));
-    EXPECT_EQ(bytes("house.ifc"), before + "\n");
+    EXPECT_EQ(bytes("house.ifc"), before_ + "\n");
 }
 
 TEST_F(TwoHosts, ForceOverwritesAFileChangedMeanwhile) {
     openElsewhere({"--force"});
-    write("house.ifc", before + "\n");
-    EXPECT_THAT(other->perform(R"({"save":"house.ifc"})"), Not(HasSubstr("error")));
-    EXPECT_EQ(bytes("house.ifc"), before);
+    write("house.ifc", before_ + "\n");
+    EXPECT_THAT(other_->perform(R"({"save":"house.ifc"})"), Not(HasSubstr("error")));
+    EXPECT_EQ(bytes("house.ifc"), before_);
 }
 
 }  // namespace

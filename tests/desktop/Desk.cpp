@@ -66,31 +66,31 @@ void Desk::SetUp() {
 }
 
 void Desk::TearDown() {
-    main.reset();
+    main_.reset();
 }
 
 void Desk::start(const std::filesystem::path& bundle) {
-    main.reset();
-    main = std::make_unique<desktop::MainWindow>();
-    main->show();
-    main->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(main.get()));
+    main_.reset();
+    main_ = std::make_unique<desktop::MainWindow>();
+    main_->show();
+    main_->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(main_.get()));
     const auto real = std::filesystem::path(BINARY_DIR) / "ZUNACAddin19.bundle";
-    ASSERT_TRUE(main->loadAddOn(bundle.empty() ? real : bundle));
+    ASSERT_TRUE(main_->loadAddOn(bundle.empty() ? real : bundle));
 }
 
 void Desk::openSample() {
-    model = folder.write("house.ifc", bytesOf(std::filesystem::path(PROJECT_DIR) / "samples" / "house.ifc"));
-    openFile(model);
+    model_ = folder_.write("house.ifc", bytesOf(std::filesystem::path(PROJECT_DIR) / "samples" / "house.ifc"));
+    openFile(model_);
 }
 
 void Desk::openFile(const std::filesystem::path& path) {
-    ASSERT_TRUE(main->openFile(desktop::pathText(path)));
+    ASSERT_TRUE(main_->openFile(desktop::pathText(path)));
     QCoreApplication::processEvents();
 }
 
 QAction* Desk::menuItem(const QString& menu, const QString& item) {
-    for (QAction* title : main->menuBar()->actions()) {
+    for (QAction* title : main_->menuBar()->actions()) {
         if (title->text().remove(u'&') != menu) continue;
         Q_EMIT title->menu()->aboutToShow();
         for (QAction* action : title->menu()->actions()) {
@@ -101,9 +101,9 @@ QAction* Desk::menuItem(const QString& menu, const QString& item) {
 }
 
 void Desk::pick(const QString& menu, const QString& item) {
-    for (QAction* title : main->menuBar()->actions()) {
+    for (QAction* title : main_->menuBar()->actions()) {
         if (title->text().remove(u'&') != menu) continue;
-        clickAt(*main->menuBar(), main->menuBar()->actionGeometry(title).center());
+        clickAt(*main_->menuBar(), main_->menuBar()->actionGeometry(title).center());
         ASSERT_TRUE(QTest::qWaitForWindowExposed(title->menu()));
         for (QAction* action : title->menu()->actions()) {
             if (!action->text().remove(u'&').startsWith(item)) continue;
@@ -118,7 +118,7 @@ void Desk::pick(const QString& menu, const QString& item) {
 }
 
 void Desk::review(std::string_view updates, const std::function<void(desktop::AddOnDialog&)>& user) {
-    reviewFile(folder.write("updates.txt", updates), user);
+    reviewFile(folder_.write("updates.txt", updates), user);
 }
 
 void Desk::reviewFile(const std::filesystem::path& file, const std::function<void(desktop::AddOnDialog&)>& user) {

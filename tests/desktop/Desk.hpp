@@ -42,7 +42,7 @@ protected:
     // --- The program ---
     /// A new window with an add-on; without a bundle the real one.
     void start(const std::filesystem::path& bundle = {});
-    desktop::MainWindow& window() { return *main; }
+    desktop::MainWindow& window() { return *main_; }
     /// Opens a copy of the sample in a folder of the test's own.
     void openSample();
     void openFile(const std::filesystem::path& path);
@@ -71,9 +71,9 @@ protected:
 
     std::string bytesOf(const std::filesystem::path& file) const { return testing_support::bytesOf(file); }
 
-    testing_support::TempFolder folder;
-    std::filesystem::path model;
-    std::unique_ptr<desktop::MainWindow> main;
+    testing_support::TempFolder folder_;
+    std::filesystem::path model_;
+    std::unique_ptr<desktop::MainWindow> main_;
 
 private:
     void whenWindow(const QString& name, std::function<void(QWidget&)> act);

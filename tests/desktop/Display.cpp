@@ -39,22 +39,22 @@ bool Display::available() {
 Display::Display() {
     int ends[2];
     if (pipe(ends) == 0) {
-        server = fork();
-        if (server == 0) becomeServer(ends[1]);
+        server_ = fork();
+        if (server_ == 0) becomeServer(ends[1]);
         close(ends[1]);
-        name = readLine(ends[0]);
+        name_ = readLine(ends[0]);
         close(ends[0]);
     }
-    started = !name.empty();
+    started = !name_.empty();
     unsetenv("WAYLAND_DISPLAY");
-    setenv("DISPLAY", (":" + name).c_str(), 1);
+    setenv("DISPLAY", (":" + name_).c_str(), 1);
     setenv("QT_QPA_PLATFORM", started ? "xcb" : "offscreen", 1);
 }
 
 Display::~Display() {
-    if (server <= 0) return;
-    kill(server, SIGTERM);
-    waitpid(server, nullptr, 0);
+    if (server_ <= 0) return;
+    kill(server_, SIGTERM);
+    waitpid(server_, nullptr, 0);
 }
 
 }  // namespace desktop_tests

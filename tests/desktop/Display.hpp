@@ -19,8 +19,8 @@ public:
     static bool available();
 
 private:
-    pid_t server = -1;
-    std::string name;
+    pid_t server_ = -1;
+    std::string name_;
 };
 
 }  // namespace desktop_tests

@@ -27,19 +27,19 @@ protected:
     void SetUp() override {
         auto read = model::Model::open(std::string(PROJECT_DIR) + "/samples/house.ifc");
         ASSERT_TRUE(read) << read.error().message;
-        model = std::move(*read);
-        index = std::make_unique<desktop::ElementIndex>(*model);
+        model_ = std::move(*read);
+        index_ = std::make_unique<desktop::ElementIndex>(*model_);
     }
     std::size_t found(const char* words) {
-        return index->filtered(index->sorted(desktop::ElementColumn::Guid, false), QString::fromUtf8(words)).size();
+        return index_->filtered(index_->sorted(desktop::ElementColumn::Guid, false), QString::fromUtf8(words)).size();
     }
-    std::unique_ptr<model::Model> model;
-    std::unique_ptr<desktop::ElementIndex> index;
+    std::unique_ptr<model::Model> model_;
+    std::unique_ptr<desktop::ElementIndex> index_;
 };
 
 TEST_F(Elements, StoreysAreListedFromTheLowestUp) {
     std::optional<double> below;
-    for (const desktop::StoreyInfo& storey : index->storeys()) {
+    for (const desktop::StoreyInfo& storey : index_->storeys()) {
         if (!storey.elevation) continue;
         EXPECT_GE(*storey.elevation, below.value_or(*storey.elevation)) << storey.name.toStdString();
         below = storey.elevation;
@@ -51,19 +51,19 @@ TEST_F(Elements, EachOrderHasEveryElementOnceAndDescendingIsTheReverseOfDistinct
     using desktop::ElementColumn;
     for (const auto column :
          {ElementColumn::Storey, ElementColumn::Type, ElementColumn::Name, ElementColumn::Guid, ElementColumn::Class}) {
-        auto order = index->sorted(column, true);
+        auto order = index_->sorted(column, true);
         std::sort(order.begin(), order.end());
-        ASSERT_EQ(order.size(), index->size());
-        for (model::Element i = 0; i < index->size(); ++i) EXPECT_EQ(order[i], i);
+        ASSERT_EQ(order.size(), index_->size());
+        for (model::Element i = 0; i < index_->size(); ++i) EXPECT_EQ(order[i], i);
     }
-    auto up = index->sorted(ElementColumn::Guid, false);
+    auto up = index_->sorted(ElementColumn::Guid, false);
     std::reverse(up.begin(), up.end());
-    EXPECT_EQ(up, index->sorted(ElementColumn::Guid, true));
+    EXPECT_EQ(up, index_->sorted(ElementColumn::Guid, true));
 }
 
 TEST_F(Elements, EveryWordOfTheFilterMustBeSomewhere) {
-    EXPECT_EQ(found(""), index->size());
-    EXPECT_EQ(found("   "), index->size());
+    EXPECT_EQ(found(""), index_->size());
+    EXPECT_EQ(found("   "), index_->size());
     EXPECT_GT(found("wall"), 0U);
     EXPECT_EQ(found("WALL"), found("wall"));
     EXPECT_EQ(found("wall nosuchthing"), 0U);
@@ -72,8 +72,8 @@ TEST_F(Elements, EveryWordOfTheFilterMustBeSomewhere) {
 }
 
 TEST_F(Elements, LetterThatIsAlsoAHexDigitFindsNoGuids) {
-    for (model::Element it = 0; it < index->size(); ++it) ASSERT_FALSE(index->type(it).contains(u'7'));
-    EXPECT_LT(found("7"), index->size());
+    for (model::Element it = 0; it < index_->size(); ++it) ASSERT_FALSE(index_->type(it).contains(u'7'));
+    EXPECT_LT(found("7"), index_->size());
 }
 
 }  // namespace desktop_tests

@@ -166,13 +166,13 @@ TEST_F(Reviewing, AppliedUpdatesAreInTheSavedFile) {
     EXPECT_TRUE(window().document().modified());
     EXPECT_TRUE(window().isWindowModified());
     pick(QStringLiteral("File"), QStringLiteral("Save"));
-    EXPECT_THAT(bytesOf(model), HasSubstr("'North wall'"));
-    EXPECT_THAT(bytesOf(model), Not(HasSubstr("'Oak door'"))) << "it was not ticked";
+    EXPECT_THAT(bytesOf(model_), HasSubstr("'North wall'"));
+    EXPECT_THAT(bytesOf(model_), Not(HasSubstr("'Oak door'"))) << "it was not ticked";
     EXPECT_FALSE(window().isWindowModified());
 }
 
 TEST_F(Reviewing, UndoAndRedoBearTheStepsNameAndRestoreTheFile) {
-    const std::string before = bytesOf(model);
+    const std::string before = bytesOf(model_);
     review(twoAndOne(), [](AddOnDialog& dialog) {
         clickItem(dialog, selectAllItem);
         clickItem(dialog, applyItem);
@@ -271,7 +271,7 @@ TEST_F(Reviewing, NothingElseCanBeStartedMeanwhileButTheModelCanBeLookedAt) {
         EXPECT_FALSE(menuItem(QStringLiteral("File"), QStringLiteral("Open"))->isEnabled());
         EXPECT_FALSE(menuItem(QStringLiteral("File"), QStringLiteral("Close"))->isEnabled());
         EXPECT_FALSE(menuItem(QStringLiteral("Quillmarsh"), QStringLiteral("Look Up"))->isEnabled());
-        EXPECT_FALSE(window().openFile(desktop::pathText(model)));
+        EXPECT_FALSE(window().openFile(desktop::pathText(model_)));
         window().close();
         EXPECT_TRUE(window().isVisible()) << "a command is on the stack";
         EXPECT_TRUE(dialog.isVisible());

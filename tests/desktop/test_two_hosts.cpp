@@ -26,8 +26,8 @@ protected:
     void SetUp() override {
         Desk::SetUp();
         if (IsSkipped()) return;
-        model = folder.write("house.ifc", bytesOf(std::filesystem::path(PROJECT_DIR) / "samples" / "house.ifc"));
-        before = bytesOf(model);
+        model_ = folder_.write("house.ifc", bytesOf(std::filesystem::path(PROJECT_DIR) / "samples" / "house.ifc"));
+        before_ = bytesOf(model_);
     }
     void TearDown() override {
         leave();
@@ -35,17 +35,17 @@ protected:
     }
     /// A modelhost that has the model open, waiting for steps.
     void openElsewhere() {
-        other.start(QStringLiteral(BINARY_DIR "/modelhost"),
-                    {QStringLiteral("script"), desktop::pathText(model), QStringLiteral("-")});
-        other.write("{\"menus\":true}\n");
-        ASSERT_TRUE(other.waitForReadyRead());
+        other_.start(QStringLiteral(BINARY_DIR "/modelhost"),
+                     {QStringLiteral("script"), desktop::pathText(model_), QStringLiteral("-")});
+        other_.write("{\"menus\":true}\n");
+        ASSERT_TRUE(other_.waitForReadyRead());
     }
     void leave() {
-        if (other.state() == QProcess::NotRunning) return;
-        other.closeWriteChannel();
-        ASSERT_TRUE(other.waitForFinished());
+        if (other_.state() == QProcess::NotRunning) return;
+        other_.closeWriteChannel();
+        ASSERT_TRUE(other_.waitForFinished());
     }
-    std::string holder() const { return "modelhost (process " + std::to_string(other.processId()) + ")"; }
+    std::string holder() const { return "modelhost (process " + std::to_string(other_.processId()) + ")"; }
     desktop::ReadOnlyBar& bar() { return *window().findChild<desktop::ReadOnlyBar*>(); }
     void change() {
         review(std::string(wall) + "\tName\t\tChanged wall\n", [](desktop::AddOnDialog& dialog) {
@@ -55,7 +55,7 @@ protected:
         ASSERT_TRUE(window().document().modified());
     }
     void saveAsWhenAsked(const std::string& name) {
-        whenShown<QFileDialog>(QStringLiteral("saveDialog"), [path = folder.path() / name](QFileDialog& dialog) {
+        whenShown<QFileDialog>(QStringLiteral("saveDialog"), [path = folder_.path() / name](QFileDialog& dialog) {
             auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
             edit->setFocus();
             edit->selectAll();
@@ -64,13 +64,13 @@ protected:
         });
     }
 
-    std::string before;
-    QProcess other;
+    std::string before_;
+    QProcess other_;
 };
 
 TEST_F(TwoHosts, FileOpenElsewhereOpensForReadingAndSaysWhoHasIt) {
     openElsewhere();
-    openFile(model);
+    openFile(model_);
     EXPECT_TRUE(bar().isVisible());
     EXPECT_THAT(bar().text().toStdString(), HasSubstr("open in " + holder()));
     EXPECT_THAT(window().windowTitle().toStdString(), HasSubstr("house.ifc[*] (read-only)"));
@@ -81,32 +81,32 @@ TEST_F(TwoHosts, FileOpenElsewhereOpensForReadingAndSaysWhoHasIt) {
 
 TEST_F(TwoHosts, FileOpenElsewhereIsSavedUnderAnotherNameAndEditedThere) {
     openElsewhere();
-    openFile(model);
+    openFile(model_);
     change();
     saveAsWhenAsked("mine.ifc");
     press(window(), Qt::Key_S, Qt::ControlModifier);
-    EXPECT_EQ(bytesOf(model), before);
-    EXPECT_THAT(bytesOf(folder.path() / "mine.ifc"), HasSubstr("'Changed wall'"));
+    EXPECT_EQ(bytesOf(model_), before_);
+    EXPECT_THAT(bytesOf(folder_.path() / "mine.ifc"), HasSubstr("'Changed wall'"));
     EXPECT_FALSE(bar().isVisible());
     EXPECT_THAT(window().windowTitle().toStdString(), testing::StartsWith("mine.ifc[*] –"));
 }
 
 TEST_F(TwoHosts, FileSavedUnderAnotherNameIsTheOneThatOthersFindLocked) {
-    openFile(model);
+    openFile(model_);
     saveAsWhenAsked("mine.ifc");
     EXPECT_TRUE(window().fileMenu().saveAs());
     openElsewhere();
-    other.write("{\"save\":\"" + QByteArray((folder.path() / "mine.ifc").c_str()) + "\"}\n");
-    ASSERT_TRUE(other.waitForReadyRead());
-    EXPECT_THAT(other.readAllStandardOutput().toStdString(), HasSubstr("the file is open in desktop_tests (process"));
-    other.write("{\"save\":\"" + QByteArray(model.c_str()) + "\"}\n");
-    ASSERT_TRUE(other.waitForReadyRead());
-    EXPECT_THAT(other.readAllStandardOutput().toStdString(), Not(HasSubstr("error")));
+    other_.write("{\"save\":\"" + QByteArray((folder_.path() / "mine.ifc").c_str()) + "\"}\n");
+    ASSERT_TRUE(other_.waitForReadyRead());
+    EXPECT_THAT(other_.readAllStandardOutput().toStdString(), HasSubstr("the file is open in desktop_tests (process"));
+    other_.write("{\"save\":\"" + QByteArray(model_.c_str()) + "\"}\n");
+    ASSERT_TRUE(other_.waitForReadyRead());
+    EXPECT_THAT(other_.readAllStandardOutput().toStdString(), Not(HasSubstr("error")));
 }
 
 TEST_F(TwoHosts, OpenAgainMakesTheFileOursOnceTheOtherHasLeft) {
     openElsewhere();
-    openFile(model);
+    openFile(model_);
     ASSERT_TRUE(bar().isVisible());
     leave();
     QAction* again = bar().actions().at(2);
@@ -115,16 +115,16 @@ TEST_F(TwoHosts, OpenAgainMakesTheFileOursOnceTheOtherHasLeft) {
     EXPECT_SOON(!bar().isVisible());
     change();
     EXPECT_TRUE(window().fileMenu().save());
-    EXPECT_THAT(bytesOf(model), HasSubstr("'Changed wall'"));
+    EXPECT_THAT(bytesOf(model_), HasSubstr("'Changed wall'"));
 }
 
 TEST_F(TwoHosts, SameFileOpenedTwiceHereIsNotSaidToBeOpenElsewhere) {
-    openFile(model);
-    openFile(model);
+    openFile(model_);
+    openFile(model_);
     EXPECT_FALSE(bar().isVisible());
     openElsewhere();
     leave();
-    EXPECT_THAT(other.readAllStandardError().toStdString(), HasSubstr("is open in desktop_tests (process"));
+    EXPECT_THAT(other_.readAllStandardError().toStdString(), HasSubstr("is open in desktop_tests (process"));
 }
 
 class ChangedMeanwhile : public TwoHosts {
@@ -132,32 +132,32 @@ protected:
     void SetUp() override {
         TwoHosts::SetUp();
         if (IsSkipped()) return;
-        openFile(model);
+        openFile(model_);
         change();
-        theirs = before + "\n";
-        folder.write("house.ifc", theirs);
+        theirs_ = before_ + "\n";
+        folder_.write("house.ifc", theirs_);
     }
-    std::string theirs;
+    std::string theirs_;
 };
 
 TEST_F(ChangedMeanwhile, CancelLeavesTheirsAndOurChangesUnsaved) {
     const auto text = answer(QStringLiteral("changedQuestion"), QMessageBox::Cancel);
     EXPECT_FALSE(window().fileMenu().save());
     EXPECT_THAT(text->toStdString(), HasSubstr("Another program has changed house.ifc"));
-    EXPECT_EQ(bytesOf(model), theirs);
+    EXPECT_EQ(bytesOf(model_), theirs_);
     EXPECT_TRUE(window().document().modified());
 }
 
 TEST_F(ChangedMeanwhile, EscapeIsCancel) {
     whenShown<QMessageBox>(QStringLiteral("changedQuestion"), [](QMessageBox& box) { press(box, Qt::Key_Escape); });
     EXPECT_FALSE(window().fileMenu().save());
-    EXPECT_EQ(bytesOf(model), theirs);
+    EXPECT_EQ(bytesOf(model_), theirs_);
 }
 
 TEST_F(ChangedMeanwhile, OverwriteWritesOurs) {
     answer(QStringLiteral("changedQuestion"), QMessageBox::Discard);
     EXPECT_TRUE(window().fileMenu().save());
-    EXPECT_THAT(bytesOf(model), HasSubstr("'Changed wall'"));
+    EXPECT_THAT(bytesOf(model_), HasSubstr("'Changed wall'"));
     EXPECT_FALSE(window().document().modified());
 }
 
@@ -167,8 +167,8 @@ TEST_F(ChangedMeanwhile, AnotherNameKeepsBoth) {
         click(*box.button(QMessageBox::Save));
     });
     EXPECT_TRUE(window().fileMenu().save());
-    EXPECT_EQ(bytesOf(model), theirs);
-    EXPECT_THAT(bytesOf(folder.path() / "mine.ifc"), HasSubstr("'Changed wall'"));
+    EXPECT_EQ(bytesOf(model_), theirs_);
+    EXPECT_THAT(bytesOf(folder_.path() / "mine.ifc"), HasSubstr("'Changed wall'"));
 }
 
 }  // namespace desktop_tests

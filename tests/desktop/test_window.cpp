@@ -160,7 +160,7 @@ TEST_F(Window, MissingFileIsSaidWithItsNameAndLeavesTheOpenModel) {
 }
 
 TEST_F(Window, FileThatIsNoModelIsRefusedWithAReason) {
-    const auto path = folder.write("letter.ifc", "Dear Sir or Madam\n");
+    const auto path = folder_.write("letter.ifc", "Dear Sir or Madam\n");
     const auto text = answer(QStringLiteral("errorMessage"), QMessageBox::Ok);
     EXPECT_FALSE(window().openFile(desktop::pathText(path)));
     EXPECT_THAT(text->toStdString(), HasSubstr("letter.ifc"));
@@ -170,7 +170,7 @@ TEST_F(Window, FileThatIsNoModelIsRefusedWithAReason) {
 
 TEST_F(Window, CancelledOpeningLeavesTheModelThatWasOpen) {
     openSample();
-    const auto other = folder.write("other.ifc", bytesOf(model));
+    const auto other = folder_.write("other.ifc", bytesOf(model_));
     // The progress shows only for a file that takes a while; its cancel works from the beginning.
     QTimer::singleShot(0, qApp, [] {
         for (QWidget* widget : QApplication::topLevelWidgets()) {
@@ -178,7 +178,7 @@ TEST_F(Window, CancelledOpeningLeavesTheModelThatWasOpen) {
         }
     });
     EXPECT_FALSE(window().openFile(desktop::pathText(other)));
-    EXPECT_EQ(window().document().path(), desktop::pathText(model));
+    EXPECT_EQ(window().document().path(), desktop::pathText(model_));
     EXPECT_EQ(window().statusBar()->currentMessage(), QStringLiteral("Opening cancelled"));
 }
 
@@ -197,29 +197,29 @@ TEST_F(Window, CrashInADialogsHandlerEndsTheDialogAndNotTheProgram) {
 }
 
 TEST_F(Window, DroppedFileOpens) {
-    const auto path = folder.write("dropped.ifc", bytesOf(std::string(PROJECT_DIR) + "/samples/house.ifc"));
+    const auto path = folder_.write("dropped.ifc", bytesOf(std::string(PROJECT_DIR) + "/samples/house.ifc"));
     drop(desktop::pathText(path));
     EXPECT_SOON(window().document().path() == desktop::pathText(path));
 }
 
 TEST_F(Window, DroppedUpdateFileIsSentToTheAddOnsMenu) {
     openSample();
-    const auto path = folder.write("updates.txt", wall.toStdString() + "\tName\t\tNorth wall\n");
+    const auto path = folder_.write("updates.txt", wall.toStdString() + "\tName\t\tNorth wall\n");
     const auto text = answer(QStringLiteral("errorMessage"), QMessageBox::Ok);
     drop(desktop::pathText(path));
     EXPECT_SOON(text->contains(QStringLiteral("import this file from the add-on's menu").toHtmlEscaped()));
-    EXPECT_EQ(window().document().path(), desktop::pathText(model));
+    EXPECT_EQ(window().document().path(), desktop::pathText(model_));
 }
 
 TEST_F(Window, RecentFilesListTheLastOneFirstAndOpenIt) {
     openSample();
-    const auto second = folder.write("second.ifc", bytesOf(model));
+    const auto second = folder_.write("second.ifc", bytesOf(model_));
     openFile(second);
-    EXPECT_EQ(desktop::RecentFiles::list(), (QStringList{desktop::pathText(second), desktop::pathText(model)}));
+    EXPECT_EQ(desktop::RecentFiles::list(), (QStringList{desktop::pathText(second), desktop::pathText(model_)}));
     start();
     menuItem(QStringLiteral("File"), QStringLiteral("Open Recent"))->menu()->aboutToShow();
     menuItem(QStringLiteral("File"), QStringLiteral("Open Recent"))->menu()->actions().at(1)->trigger();
-    EXPECT_EQ(window().document().path(), desktop::pathText(model));
+    EXPECT_EQ(window().document().path(), desktop::pathText(model_));
 }
 
 TEST_F(Window, CloseWithUnsavedChangesCanBeCancelled) {
@@ -234,12 +234,12 @@ TEST_F(Window, CloseWithUnsavedChangesCanBeCancelled) {
 
 TEST_F(Window, CloseWithUnsavedChangesCanDropThem) {
     openSample();
-    const std::string before = bytesOf(model);
+    const std::string before = bytesOf(model_);
     change();
     answer(QStringLiteral("unsavedQuestion"), QMessageBox::Discard);
     window().close();
     EXPECT_FALSE(window().isVisible());
-    EXPECT_EQ(bytesOf(model), before);
+    EXPECT_EQ(bytesOf(model_), before);
 }
 
 TEST_F(Window, CloseWithUnsavedChangesCanSaveThem) {
@@ -248,20 +248,20 @@ TEST_F(Window, CloseWithUnsavedChangesCanSaveThem) {
     answer(QStringLiteral("unsavedQuestion"), QMessageBox::Save);
     window().close();
     EXPECT_FALSE(window().isVisible());
-    EXPECT_THAT(bytesOf(model), HasSubstr("'Changed wall'"));
+    EXPECT_THAT(bytesOf(model_), HasSubstr("'Changed wall'"));
 }
 
 TEST_F(Window, OpeningAnotherModelAsksAboutUnsavedChangesToo) {
     openSample();
     change();
     answer(QStringLiteral("unsavedQuestion"), QMessageBox::Cancel);
-    EXPECT_FALSE(window().openFile(desktop::pathText(model)));
+    EXPECT_FALSE(window().openFile(desktop::pathText(model_)));
     EXPECT_TRUE(window().document().modified());
 }
 
 TEST_F(Window, ChoosingAnotherModelAsksAboutUnsavedChangesOnce) {
     openSample();
-    const auto other = folder.write("other.ifc", bytesOf(model));
+    const auto other = folder_.write("other.ifc", bytesOf(model_));
     change();
     int questions = 0;
     whenShown<QFileDialog>(QStringLiteral("openDialog"), [&](QFileDialog& dialog) {
@@ -281,18 +281,18 @@ TEST_F(Window, ChoosingAnotherModelAsksAboutUnsavedChangesOnce) {
 
 TEST_F(Window, SaveAsWritesTheNewFileAndLeavesTheOldOne) {
     openSample();
-    const std::string before = bytesOf(model);
+    const std::string before = bytesOf(model_);
     change();
     whenShown<QFileDialog>(QStringLiteral("saveDialog"), [this](QFileDialog& dialog) {
         auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
         name->setFocus();
         name->selectAll();
-        type(dialog, desktop::pathText(folder.path() / "other"));
+        type(dialog, desktop::pathText(folder_.path() / "other"));
         press(dialog, Qt::Key_Return);
     });
     press(window(), Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_THAT(bytesOf(folder.path() / "other.ifc"), HasSubstr("'Changed wall'"));
-    EXPECT_EQ(bytesOf(model), before);
+    EXPECT_THAT(bytesOf(folder_.path() / "other.ifc"), HasSubstr("'Changed wall'"));
+    EXPECT_EQ(bytesOf(model_), before);
     EXPECT_THAT(window().windowTitle().toStdString(), HasSubstr("other.ifc"));
     EXPECT_FALSE(window().isWindowModified());
 }
@@ -300,7 +300,7 @@ TEST_F(Window, SaveAsWritesTheNewFileAndLeavesTheOldOne) {
 TEST_F(Window, SaveIntoAMissingFolderIsRefusedAndTheModelStaysUnsaved) {
     openSample();
     change();
-    std::filesystem::remove_all(folder.path());
+    std::filesystem::remove_all(folder_.path());
     const auto text = answer(QStringLiteral("errorMessage"), QMessageBox::Ok);
     EXPECT_FALSE(window().fileMenu().save());
     EXPECT_THAT(text->toStdString(), HasSubstr("house.ifc could not be saved"));
@@ -354,12 +354,12 @@ TEST_F(Window, DebugOutputShowsOnDemandWhatTheAddOnPrinted) {
 }
 
 TEST_F(Window, AddOnThatCannotRunIsSaidInAMessageAndInTheReport) {
-    main.reset();
-    main = std::make_unique<desktop::MainWindow>();
-    main->show();
+    main_.reset();
+    main_ = std::make_unique<desktop::MainWindow>();
+    main_->show();
     const auto text = answer(QStringLiteral("addOnMessage"), QMessageBox::Ok);
-    EXPECT_FALSE(main->loadAddOn("/nowhere/Nothing.bundle"));
-    EXPECT_THAT(main->report().lines().join(u'\n').toStdString(), HasSubstr("/nowhere/Nothing.bundle"));
+    EXPECT_FALSE(main_->loadAddOn("/nowhere/Nothing.bundle"));
+    EXPECT_THAT(main_->report().lines().join(u'\n').toStdString(), HasSubstr("/nowhere/Nothing.bundle"));
     EXPECT_SOON(!text->isEmpty());
 }
 

@@ -19,13 +19,13 @@ public:
     LoadedProbe(const fs::path& folder) {
         fs::create_directories(folder);
         fs::copy_file(PROBE, folder / "probe");
-        image = dlopen((folder / "probe").c_str(), RTLD_NOW | RTLD_LOCAL);
-        if (image == nullptr) throw std::runtime_error(dlerror());
-        bundle = reinterpret_cast<CFBundleRef (*)()>(dlsym(image, "probeBundle"))();
+        image_ = dlopen((folder / "probe").c_str(), RTLD_NOW | RTLD_LOCAL);
+        if (image_ == nullptr) throw std::runtime_error(dlerror());
+        bundle = reinterpret_cast<CFBundleRef (*)()>(dlsym(image_, "probeBundle"))();
     }
     ~LoadedProbe() {
         if (bundle != nullptr) CFRelease(bundle);
-        dlclose(image);
+        dlclose(image_);
     }
     LoadedProbe(const LoadedProbe&) = delete;
     LoadedProbe& operator=(const LoadedProbe&) = delete;
@@ -33,7 +33,7 @@ public:
     CFBundleRef bundle = nullptr;
 
 private:
-    void* image;
+    void* image_;
 };
 
 /// What an add-on's binding does: the bundle's path in normal form C, or nothing where it does not fit.
@@ -70,57 +70,57 @@ class BundleTest : public ::testing::Test {
 protected:
     ~BundleTest() override { EXPECT_EQ(frontend::liveCoreFoundationObjects(), 0U) << "a reference was not released"; }
 
-    testing_support::TempFolder temporary;
-    const fs::path folder = fs::canonical(temporary.path());
+    testing_support::TempFolder temporary_;
+    const fs::path folder_ = fs::canonical(temporary_.path());
 };
 
 }  // namespace
 
 TEST_F(BundleTest, IsTheFolderAboveTheImagesContents) {
-    const LoadedProbe probe(folder / "Probe.bundle" / "Contents" / "Linux");
+    const LoadedProbe probe(folder_ / "Probe.bundle" / "Contents" / "Linux");
     ASSERT_NE(probe.bundle, nullptr);
-    EXPECT_EQ(pathOf<1024>(probe.bundle), folder / "Probe.bundle");
+    EXPECT_EQ(pathOf<1024>(probe.bundle), folder_ / "Probe.bundle");
     EXPECT_EQ(lastComponent(probe.bundle), "Probe.bundle");
 }
 
 TEST_F(BundleTest, IsTheInnermostOfNestedOnes) {
-    const LoadedProbe probe(folder / "Outer" / "Contents" / "Inner" / "Contents" / "a" / "b");
+    const LoadedProbe probe(folder_ / "Outer" / "Contents" / "Inner" / "Contents" / "a" / "b");
     ASSERT_NE(probe.bundle, nullptr);
-    EXPECT_EQ(pathOf<1024>(probe.bundle), folder / "Outer" / "Contents" / "Inner");
+    EXPECT_EQ(pathOf<1024>(probe.bundle), folder_ / "Outer" / "Contents" / "Inner");
 }
 
 TEST_F(BundleTest, ImageOutsideOfABundleHasNone) {
-    EXPECT_EQ(LoadedProbe(folder / "Loose").bundle, nullptr);
+    EXPECT_EQ(LoadedProbe(folder_ / "Loose").bundle, nullptr);
     EXPECT_EQ(GSCFXBundleCreateFromMachHeader(kCFAllocatorDefault, nullptr), nullptr);
     const int onTheStack = 0;
     EXPECT_EQ(GSCFXBundleCreateFromMachHeader(kCFAllocatorDefault, &onTheStack), nullptr);
 }
 
 TEST_F(BundleTest, PathIsGivenWithItsLinksResolved) {
-    fs::create_directories(folder / "Real.bundle" / "Contents");
-    fs::create_directory_symlink(folder / "Real.bundle", folder / "Link.bundle");
-    const LoadedProbe probe(folder / "Link.bundle" / "Contents" / "Linux");
+    fs::create_directories(folder_ / "Real.bundle" / "Contents");
+    fs::create_directory_symlink(folder_ / "Real.bundle", folder_ / "Link.bundle");
+    const LoadedProbe probe(folder_ / "Link.bundle" / "Contents" / "Linux");
     ASSERT_NE(probe.bundle, nullptr);
-    EXPECT_EQ(pathOf<1024>(probe.bundle), folder / "Real.bundle");
+    EXPECT_EQ(pathOf<1024>(probe.bundle), folder_ / "Real.bundle");
 }
 
 TEST_F(BundleTest, PathFitsUpToTheLastByteOrNotAtAll) {
-    const LoadedProbe fitting(folderOfLength(folder, 1023) / "Contents");
-    const LoadedProbe tooLong(folderOfLength(folder, 1024) / "Contents");
+    const LoadedProbe fitting(folderOfLength(folder_, 1023) / "Contents");
+    const LoadedProbe tooLong(folderOfLength(folder_, 1024) / "Contents");
     ASSERT_NE(fitting.bundle, nullptr);
     ASSERT_NE(tooLong.bundle, nullptr);
-    EXPECT_EQ(pathOf<1024>(fitting.bundle), folderOfLength(folder, 1023));
+    EXPECT_EQ(pathOf<1024>(fitting.bundle), folderOfLength(folder_, 1023));
     EXPECT_EQ(pathOf<1024>(tooLong.bundle), "does not fit: ''");
-    EXPECT_EQ(pathOf<1025>(tooLong.bundle), folderOfLength(folder, 1024));
+    EXPECT_EQ(pathOf<1025>(tooLong.bundle), folderOfLength(folder_, 1024));
 }
 
 TEST_F(BundleTest, ResourcesAreFoundBelowAFolderInAnotherNormalForm) {
-    const fs::path bundle = folder / "Bu\xCC\x88ro.bundle";  // As a Mac writes it: u and a diaeresis.
+    const fs::path bundle = folder_ / "Bu\xCC\x88ro.bundle";  // As a Mac writes it: u and a diaeresis.
     const LoadedProbe probe(bundle / "Contents" / "Linux");
     fs::create_directories(bundle / "Contents" / "Resources");
     ASSERT_NE(probe.bundle, nullptr);
     const std::string path = pathOf<1024>(probe.bundle);
-    EXPECT_EQ(path, (folder / "B\xC3\xBCro.bundle").native());
+    EXPECT_EQ(path, (folder_ / "B\xC3\xBCro.bundle").native());
     const GSResModule module = RSOpenResourceFile(path.c_str());
     EXPECT_NE(module, InvalidResModule);
     RSCloseResourceFile(module);
@@ -138,7 +138,7 @@ TEST_F(BundleTest, TextIsBroughtToEachNormalForm) {
                        {kCFStringNormalizationFormKD,
                         "u\xCC\x88"
                         "fi"}};
-    const LoadedProbe probe(folder / "u\xCC\x88\xEF\xAC\x81" / "Contents");
+    const LoadedProbe probe(folder_ / "u\xCC\x88\xEF\xAC\x81" / "Contents");
     const CFURLRef url = CFBundleCopyBundleURL(probe.bundle);
     const CFStringRef name = CFURLCopyLastPathComponent(url);
     for (const auto& each : cases) {
@@ -154,7 +154,7 @@ TEST_F(BundleTest, TextIsBroughtToEachNormalForm) {
 }
 
 TEST_F(BundleTest, ReferenceLivesUntilItsLastRelease) {
-    const LoadedProbe probe(folder / "Probe.bundle" / "Contents");
+    const LoadedProbe probe(folder_ / "Probe.bundle" / "Contents");
     const CFURLRef url = CFBundleCopyBundleURL(probe.bundle);
     EXPECT_EQ(frontend::liveCoreFoundationObjects(), 2U);
     EXPECT_EQ(CFRetain(url), url);
@@ -165,7 +165,7 @@ TEST_F(BundleTest, ReferenceLivesUntilItsLastRelease) {
 }
 
 TEST_F(BundleTest, WrongReferencesAreReportedAndLetPass) {
-    const LoadedProbe probe(folder / "Probe.bundle" / "Contents");
+    const LoadedProbe probe(folder_ / "Probe.bundle" / "Contents");
     const CFURLRef url = CFBundleCopyBundleURL(probe.bundle);
     CFRelease(url);
     const DebugOutput output;
@@ -184,7 +184,7 @@ TEST_F(BundleTest, WrongReferencesAreReportedAndLetPass) {
 }
 
 TEST_F(BundleTest, TextIsGivenInUtf8OnlyAndWithinTheLimits) {
-    const LoadedProbe probe(folder / "Probe.bundle" / "Contents");
+    const LoadedProbe probe(folder_ / "Probe.bundle" / "Contents");
     const CFURLRef url = CFBundleCopyBundleURL(probe.bundle);
     const CFStringRef name = CFURLCopyLastPathComponent(url);
     char buffer[16] = "###";

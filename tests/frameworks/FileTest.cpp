@@ -33,14 +33,14 @@ std::string readByBytes(File& file) {
 
 class FileTest : public ::testing::Test {
 protected:
-    testing_support::TempFolder folder;
+    testing_support::TempFolder folder_;
 };
 
 }  // namespace
 
 TEST_F(FileTest, BytesComeOneByOneAsTheyAre) {
     const std::string bytes("a\tb\r\n\0\xFF\xC3", 8);
-    File file(at(folder.write("update.txt", bytes)));
+    File file(at(folder_.write("update.txt", bytes)));
     ASSERT_EQ(file.Open(), NoError);
     EXPECT_EQ(readByBytes(file), bytes);
     char byte = 'x';
@@ -52,7 +52,7 @@ TEST_F(FileTest, BytesComeOneByOneAsTheyAre) {
 TEST_F(FileTest, FileLongerThanTheBufferIsReadWhole) {
     std::string bytes;
     for (int i = 0; i < 200'000; ++i) bytes += static_cast<char>(i * 31);
-    const auto path = folder.write("long.txt", bytes);
+    const auto path = folder_.write("long.txt", bytes);
     File file(at(path));
     ASSERT_EQ(file.Open(), NoError);
     EXPECT_EQ(readByBytes(file), bytes);
@@ -63,7 +63,7 @@ TEST_F(FileTest, FileLongerThanTheBufferIsReadWhole) {
 }
 
 TEST_F(FileTest, ReadingPastTheEndTellsHowMuchThereWas) {
-    File file(at(folder.write("short.txt", "abc")));
+    File file(at(folder_.write("short.txt", "abc")));
     ASSERT_EQ(file.Open(), NoError);
     char target[8] = {};
     USize count = 99;
@@ -76,16 +76,16 @@ TEST_F(FileTest, ReadingPastTheEndTellsHowMuchThereWas) {
 }
 
 TEST_F(FileTest, WhatCannotBeReadIsRefusedOnOpening) {
-    const auto file = folder.write("file", "x");
+    const auto file = folder_.write("file", "x");
     struct {
         const char* what;
         Location location;
         GSErrCode expected;
-    } const cases[] = {{"missing", at(folder.path() / "missing"), File::ErrNotFound},
+    } const cases[] = {{"missing", at(folder_.path() / "missing"), File::ErrNotFound},
                        {"below a file", at(file / "below"), File::ErrNotFound},
                        {"nothing", Location(), File::ErrNotFound},
-                       {"a folder", at(folder.path()), File::ErrAccessDenied},
-                       {"a name too long", at(folder.path() / std::string(300, 'n')), File::ErrAccessDenied}};
+                       {"a folder", at(folder_.path()), File::ErrAccessDenied},
+                       {"a name too long", at(folder_.path() / std::string(300, 'n')), File::ErrAccessDenied}};
     for (const auto& each : cases) {
         File refused(each.location);
         EXPECT_EQ(refused.Open(), each.expected) << each.what;
@@ -93,18 +93,18 @@ TEST_F(FileTest, WhatCannotBeReadIsRefusedOnOpening) {
         EXPECT_EQ(refused.ReadBin(&byte, 1), File::ErrNotOpen) << each.what;
         EXPECT_EQ(refused.Close(), File::ErrNotOpen) << each.what;
     }
-    EXPECT_FALSE(std::filesystem::exists(folder.path() / "missing"));
+    EXPECT_FALSE(std::filesystem::exists(folder_.path() / "missing"));
 }
 
 TEST_F(FileTest, FileWithoutPermissionIsRefused) {
     if (geteuid() == 0) GTEST_SKIP() << "root may read everything";
-    const auto path = folder.write("secret.txt", "x");
+    const auto path = folder_.write("secret.txt", "x");
     std::filesystem::permissions(path, std::filesystem::perms::none);
     EXPECT_EQ(File(at(path)).Open(), File::ErrAccessDenied);
 }
 
 TEST_F(FileTest, ReadingGoesOnAfterASignal) {
-    const auto path = folder.path() / "pipe";
+    const auto path = folder_.path() / "pipe";
     ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
     struct sigaction interrupting {};
     struct sigaction before {};
@@ -154,7 +154,7 @@ const FTM::FileType TxtFile("TXT File", "txt", 0, 0, 0, nullptr, nullptr, true);
 
 TEST_F(FileTest, DialogOffersItsFiltersAndGivesTheChosenFile) {
     testing_support::ScriptedView user;
-    user.pickNextFile((folder.path() / "update.txt").string());
+    user.pickNextFile((folder_.path() / "update.txt").string());
     FTM::FileTypeManager manager("types");
     DG::FileDialog dialog(DG::FileDialog::OpenFile);
     EXPECT_EQ(dialog.AddFilter(manager.AddType(FTM::FileType("IFC", "ifc", 0, 0, 0, nullptr, nullptr, true))), 0U);
@@ -162,7 +162,7 @@ TEST_F(FileTest, DialogOffersItsFiltersAndGivesTheChosenFile) {
     dialog.SetTitle("Select a TXT file");
     EXPECT_EQ(dialog.GetSelectedFile().GetStatus(), Location::StatusError);
     EXPECT_TRUE(dialog.Invoke());
-    EXPECT_EQ(utf8(dialog.GetSelectedFile().GetPath()), (folder.path() / "update.txt").string());
+    EXPECT_EQ(utf8(dialog.GetSelectedFile().GetPath()), (folder_.path() / "update.txt").string());
     EXPECT_EQ(dialog.GetSelectedFile(1).GetStatus(), Location::StatusError);
     ASSERT_EQ(user.fileRequests().size(), 1U);
     const frontend::FileRequest& request = user.fileRequests()[0];
@@ -190,7 +190,7 @@ TEST_F(FileTest, DialogIsCancelledWhereNobodyIsThere) {
 TEST_F(FileTest, ChosenFileOpensWhateverTheBytesOfItsName) {
     for (const char* const name : {"gr\xFCn.txt", "gru\xCC\x88n.txt", "gr\xC3\xBCn.txt", "gr\xFCn.txt"}) {
         testing_support::ScriptedView user;
-        user.pickNextFile(folder.write(name, name).string());
+        user.pickNextFile(folder_.write(name, name).string());
         DG::FileDialog dialog(DG::FileDialog::OpenFile);
         ASSERT_TRUE(dialog.Invoke());
         const Location chosen = dialog.GetSelectedFile();

@@ -20,14 +20,14 @@ namespace {
 class Locale {
 public:
     explicit Locale(const char* all, const char* messages = nullptr, const char* lang = nullptr) {
-        set("LC_ALL", all, before[0]);
-        set("LC_MESSAGES", messages, before[1]);
-        set("LANG", lang, before[2]);
+        set("LC_ALL", all, before_[0]);
+        set("LC_MESSAGES", messages, before_[1]);
+        set("LANG", lang, before_[2]);
     }
     ~Locale() {
         std::optional<std::string> ignored;
         const char* const names[] = {"LC_ALL", "LC_MESSAGES", "LANG"};
-        for (std::size_t i = 0; i < 3; ++i) set(names[i], before[i] ? before[i]->c_str() : nullptr, ignored);
+        for (std::size_t i = 0; i < 3; ++i) set(names[i], before_[i] ? before_[i]->c_str() : nullptr, ignored);
     }
     Locale(const Locale&) = delete;
     Locale& operator=(const Locale&) = delete;
@@ -41,40 +41,40 @@ private:
             setenv(name, value, 1);
     }
 
-    std::optional<std::string> before[3];
+    std::optional<std::string> before_[3];
 };
 
 class ResourceTest : public ::testing::Test {
 protected:
-    ~ResourceTest() override { RSCloseResourceFile(module); }
+    ~ResourceTest() override { RSCloseResourceFile(module_); }
 
     /// Writes a definition file below the bundle's resources.
     void define(const std::string& name, std::string_view text) {
         const fs::path relative = "Contents/Resources/" + name;
-        fs::create_directories((bundle.path() / relative).parent_path());
-        bundle.write(relative.native(), text);
+        fs::create_directories((bundle_.path() / relative).parent_path());
+        bundle_.write(relative.native(), text);
     }
     bool open() {
-        RSCloseResourceFile(module);
-        output.text.clear();
-        module = RSOpenResourceFile(bundle.path().c_str());
-        return module != InvalidResModule;
+        RSCloseResourceFile(module_);
+        output_.text.clear();
+        module_ = RSOpenResourceFile(bundle_.path().c_str());
+        return module_ != InvalidResModule;
     }
     std::string text(Int32 list, Int32 index) {
         GS::UniString result("before");
-        const bool found = RSGetIndString(&result, list, index, module);
+        const bool found = RSGetIndString(&result, list, index, module_);
         return found ? utf8(result) : "none" + utf8(result);
     }
     std::string fixedText(Int32 list, Int32 index) {
         GS::UniString result("before");
-        const bool found = RSGetIndFixString(&result, list, index, module);
+        const bool found = RSGetIndFixString(&result, list, index, module_);
         return found ? utf8(result) : "none" + utf8(result);
     }
 
-    testing_support::TempFolder bundle;
-    const Locale locale{"C"};
-    DebugOutput output;
-    GSResModule module = InvalidResModule;
+    testing_support::TempFolder bundle_;
+    const Locale locale_{"C"};
+    DebugOutput output_;
+    GSResModule module_ = InvalidResModule;
 };
 
 }  // namespace
@@ -84,14 +84,14 @@ TEST_F(ResourceTest, TextsAreReadByListAndIndex) {
            "# texts\nstrings 32000\n    \"Quillmarsh Updates\"\n\n    \"what it does\"\n"
            "fixed 32600\n\t\"never translated\"\n"
            "menu 32500 \"Quillmarsh\"\n\"first item\"\n\"second item\"\n");
-    ASSERT_TRUE(open()) << output.text;
+    ASSERT_TRUE(open()) << output_.text;
     EXPECT_EQ(text(32000, 1), "Quillmarsh Updates");
     EXPECT_EQ(text(32000, 2), "what it does");
     EXPECT_EQ(text(32500, 2), "second item");
     EXPECT_EQ(fixedText(32600, 1), "never translated");
-    EXPECT_EQ(utf8(frontend::menuTitle(module, 32500)), "Quillmarsh");
-    EXPECT_EQ(frontend::stringList(module, 32500).size(), 2U);
-    EXPECT_EQ(output.text, "");
+    EXPECT_EQ(utf8(frontend::menuTitle(module_, 32500)), "Quillmarsh");
+    EXPECT_EQ(frontend::stringList(module_, 32500).size(), 2U);
+    EXPECT_EQ(output_.text, "");
 }
 
 TEST_F(ResourceTest, WhatIsNotThereIsAnsweredWithAnEmptyText) {
@@ -101,27 +101,27 @@ TEST_F(ResourceTest, WhatIsNotThereIsAnsweredWithAnEmptyText) {
     for (const Int32 list : {0, -1, 3, 4, INT32_MAX, INT32_MIN}) EXPECT_EQ(text(list, 1), "none") << list;
     EXPECT_EQ(text(2, 1), "none") << "a fixed list is no translated one";
     EXPECT_EQ(fixedText(1, 1), "none") << "and the other way round";
-    EXPECT_FALSE(RSGetIndString(nullptr, 1, 1, module));
-    const GSResModule known = module;
+    EXPECT_FALSE(RSGetIndString(nullptr, 1, 1, module_));
+    const GSResModule known = module_;
     for (const GSResModule other : {GSResModule{0}, InvalidResModule, GSResModule{INT64_MAX}, known + 1}) {
-        module = other;
+        module_ = other;
         EXPECT_EQ(text(1, 1), "none") << other;
         EXPECT_TRUE(frontend::stringList(other, 1).empty());
         EXPECT_TRUE(frontend::menuTitle(other, 1).IsEmpty());
         EXPECT_EQ(RSCloseResourceFile(other), RSErrNoModule);
     }
-    module = known;
+    module_ = known;
 }
 
 TEST_F(ResourceTest, ClosedModuleIsUnknownAndItsNumberNotGivenAgain) {
     define("a.res", "strings 1\n\"one\"\n");
     ASSERT_TRUE(open());
-    const GSResModule closed = module;
+    const GSResModule closed = module_;
     RSRemoveModuleImageCache(closed);
     EXPECT_EQ(RSCloseResourceFile(closed), NoError);
     EXPECT_EQ(RSCloseResourceFile(closed), RSErrNoModule);
     ASSERT_TRUE(open());
-    EXPECT_NE(module, closed);
+    EXPECT_NE(module_, closed);
 }
 
 TEST_F(ResourceTest, EscapesAreResolved) {
@@ -135,7 +135,7 @@ TEST_F(ResourceTest, EscapesAreResolved) {
                        {"\"Gr\xC3\xBC\xC3\x9F # here\"", "Gr\xC3\xBC\xC3\x9F # here"}};
     for (const auto& each : cases) {
         define("a.res", std::string("strings 1\n") + each.written + "\r\n");
-        ASSERT_TRUE(open()) << each.written << output.text;
+        ASSERT_TRUE(open()) << each.written << output_.text;
         EXPECT_EQ(text(1, 1), each.expected);
     }
 }
@@ -144,13 +144,13 @@ TEST_F(ResourceTest, FilesOfTheFolderAreReadInNameOrder) {
     define("b.res", "\xEF\xBB\xBFstrings 2\n\"b\"\n");
     define("a.res", "strings 1\n\"a\"");
     define("c.txt", "no definition");
-    ASSERT_TRUE(open()) << output.text;
+    ASSERT_TRUE(open()) << output_.text;
     EXPECT_EQ(text(1, 1), "a");
     EXPECT_EQ(text(2, 1), "b");
     define("c.res", "strings 1\n\"again\"\n");
     EXPECT_FALSE(open());
-    const std::string folder = (bundle.path() / "Contents/Resources").string();
-    EXPECT_EQ(output.text, folder + "/c.res:1: the number is taken by the list of " + folder + "/a.res:1\n");
+    const std::string folder = (bundle_.path() / "Contents/Resources").string();
+    EXPECT_EQ(output_.text, folder + "/c.res:1: the number is taken by the list of " + folder + "/a.res:1\n");
 }
 
 TEST_F(ResourceTest, FaultIsReportedWithItsLineAndRefused) {
@@ -193,10 +193,10 @@ TEST_F(ResourceTest, FaultIsReportedWithItsLineAndRefused) {
         define("a.res",
                std::string("strings 1\n\"one\"\ndialog 7 \"Seven\" size 9 9\nstrings 2\n\"two\"\n") + each.line + "\n");
         EXPECT_FALSE(open()) << each.line;
-        const std::string file = (bundle.path() / "Contents/Resources/a.res").string();
+        const std::string file = (bundle_.path() / "Contents/Resources/a.res").string();
         std::string message = each.message;
         if (const auto at = message.find("FILE"); at != message.npos) message.replace(at, 4, file);
-        EXPECT_EQ(output.text, file + ":6: " + message + "\n") << each.line;
+        EXPECT_EQ(output_.text, file + ":6: " + message + "\n") << each.line;
     }
 }
 
@@ -219,10 +219,10 @@ TEST_F(ResourceTest, FaultInADialogsItemIsReported) {
     for (const auto& each : cases) {
         define("a.res", std::string("dialog 7 \"Seven\" size 9 9\nbutton 1 at 0 0 size 1 1\n") + each.line + "\n");
         EXPECT_FALSE(open()) << each.line;
-        const std::string file = (bundle.path() / "Contents/Resources/a.res").string();
+        const std::string file = (bundle_.path() / "Contents/Resources/a.res").string();
         std::string message = each.message;
         if (const auto at = message.find("FILE"); at != message.npos) message.replace(at, 4, file);
-        EXPECT_EQ(output.text, file + ":3: " + message + "\n") << each.line;
+        EXPECT_EQ(output_.text, file + ":3: " + message + "\n") << each.line;
     }
 }
 
@@ -230,21 +230,21 @@ TEST_F(ResourceTest, EveryFaultIsReportedOnceAndItsFollowersAreNot) {
     define("a.res", "menu x \"Title\"\n\"first\"\n\"second\"\ndialog 0 \"Title\" size 1 1\nbutton 1 at 0 0 size 1 1\n");
     define("b.res", "strings 5 5\n\"first\"\ndialgo 5\nbutton 1 at 0 0 size 1 1\nstring 6\n\"first\"\n");
     EXPECT_FALSE(open());
-    EXPECT_EQ(std::count(output.text.begin(), output.text.end(), '\n'), 5) << output.text;
+    EXPECT_EQ(std::count(output_.text.begin(), output_.text.end(), '\n'), 5) << output_.text;
 }
 
 TEST_F(ResourceTest, WhatCannotBeReadIsRefused) {
     EXPECT_FALSE(open()) << "there is no resource folder";
-    EXPECT_EQ(output.text, (bundle.path() / "Contents/Resources").string() + ":0: the folder cannot be read\n");
+    EXPECT_EQ(output_.text, (bundle_.path() / "Contents/Resources").string() + ":0: the folder cannot be read\n");
     EXPECT_EQ(RSOpenResourceFile(nullptr), InvalidResModule);
     EXPECT_EQ(RSOpenResourceFile(""), InvalidResModule);
-    fs::create_directories(bundle.path() / "Contents/Resources/folder.res");
+    fs::create_directories(bundle_.path() / "Contents/Resources/folder.res");
     EXPECT_FALSE(open());
-    EXPECT_NE(output.text.find("folder.res:0: the file cannot be read"), std::string::npos) << output.text;
+    EXPECT_NE(output_.text.find("folder.res:0: the file cannot be read"), std::string::npos) << output_.text;
 }
 
 TEST_F(ResourceTest, FolderWithoutDefinitionsIsAnEmptyModule) {
-    fs::create_directories(bundle.path() / "Contents/Resources");
+    fs::create_directories(bundle_.path() / "Contents/Resources");
     ASSERT_TRUE(open());
     EXPECT_EQ(text(1, 1), "none");
 }
@@ -258,7 +258,7 @@ RC_GTEST_FIXTURE_PROP(ResourceTest, AnyFileIsTakenOrItsFaultsAreReported, ()) {
         content += word + " ";
     define("a.res", content);
     const bool taken = open();
-    RC_ASSERT(taken == output.text.empty());
+    RC_ASSERT(taken == output_.text.empty());
 }
 
 // --- The user's language -------------------------------------------------------------------------------------------
@@ -279,12 +279,12 @@ protected:
 TEST_F(TranslationTest, TextsOfTheUsersLanguageReplaceTheOriginals) {
     define("de.lproj/a.res", "strings 1\n\"eins\"\n\"\"\nmenu 3 \"Men\xC3\xBC\"\n\"Punkt\"\n");
     const Locale german("de_DE.UTF-8");
-    ASSERT_TRUE(open()) << output.text;
+    ASSERT_TRUE(open()) << output_.text;
     EXPECT_EQ(text(1, 1), "eins");
     EXPECT_EQ(text(1, 2), "two") << "an empty text stays the original's";
     EXPECT_EQ(text(1, 3), "three") << "and so does one that is not there";
     EXPECT_EQ(text(3, 1), "Punkt");
-    EXPECT_EQ(utf8(frontend::menuTitle(module, 3)), "Men\xC3\xBC");
+    EXPECT_EQ(utf8(frontend::menuTitle(module_, 3)), "Men\xC3\xBC");
     EXPECT_EQ(fixedText(2, 1), "fixed");
 }
 
@@ -293,7 +293,7 @@ TEST_F(TranslationTest, DialogKeepsItsPlacesAndGetsTheUsersTexts) {
            "dialog 4 \"Titel\" size 9 9\nbutton 1 at 9 9 size 9 9 \"Schlie\xC3\x9F"
            "en\"\n");
     const Locale german("de_DE.UTF-8");
-    ASSERT_TRUE(open()) << output.text;
+    ASSERT_TRUE(open()) << output_.text;
     testing_support::ScriptedView view;
     view.inNextDialog([](frontend::Dialog& dialog) {
         EXPECT_EQ(utf8(dialog.title()), "Titel");
@@ -304,7 +304,7 @@ TEST_F(TranslationTest, DialogKeepsItsPlacesAndGetsTheUsersTexts) {
         EXPECT_EQ(dialog.item(1)->rect, (frontend::Rect{1, 2, 4, 6}));
     });
     DGModalDialog(
-        module, 4, module, [](Int16, Int16, Int16, DGUserData, DGMessageData) { return Int16{0}; }, 0);
+        module_, 4, module_, [](Int16, Int16, Int16, DGUserData, DGMessageData) { return Int16{0}; }, 0);
 }
 
 TEST_F(TranslationTest, LanguageIsTheFirstVariableThatIsSet) {
@@ -327,7 +327,7 @@ TEST_F(TranslationTest, LanguageIsTheFirstVariableThatIsSet) {
                        {"..", nullptr, nullptr, "one"}};
     for (const auto& each : cases) {
         const Locale user(each.all, each.messages, each.lang);
-        ASSERT_TRUE(open()) << output.text;
+        ASSERT_TRUE(open()) << output_.text;
         EXPECT_EQ(text(1, 1), each.expected) << (each.all != nullptr ? each.all : "-");
     }
 }
@@ -341,7 +341,7 @@ TEST_F(TranslationTest, TranslationOfWhatIsNotThereIsRefused) {
           "dialog 4 \"Titel\" size 1 1\ntext 1 at 1 1 size 1 1\n", "nonsense\n"}) {
         define("de.lproj/a.res", wrong);
         EXPECT_FALSE(open()) << wrong;
-        EXPECT_NE(output.text.find("de.lproj/a.res:"), std::string::npos) << wrong;
+        EXPECT_NE(output_.text.find("de.lproj/a.res:"), std::string::npos) << wrong;
     }
     const Locale other("en_US");
     EXPECT_TRUE(open()) << "a language that nobody asked for is not read";

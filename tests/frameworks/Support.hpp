@@ -28,15 +28,15 @@ inline GS::UniString units(std::u16string_view text) {
 /// Collects the debug output while it lives.
 class DebugOutput {
 public:
-    DebugOutput() : before(frontend::setDebugSink([this](const char* output) { text += output; })) {}
-    ~DebugOutput() { frontend::setDebugSink(before); }
+    DebugOutput() : before_(frontend::setDebugSink([this](const char* output) { text += output; })) {}
+    ~DebugOutput() { frontend::setDebugSink(before_); }
     DebugOutput(const DebugOutput&) = delete;
     DebugOutput& operator=(const DebugOutput&) = delete;
 
     std::string text;
 
 private:
-    frontend::DebugSink before;
+    frontend::DebugSink before_;
 };
 
 }  // namespace testing_support

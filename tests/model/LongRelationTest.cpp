@@ -86,20 +86,20 @@ std::vector<LongForm> allForms() {
 
 class LongRelation : public testing::TestWithParam<LongForm> {
 protected:
-    LongRelation() : ifc(GetParam().schema) {
+    LongRelation() : ifc_(GetParam().schema) {
         Ids walls;
-        for (std::size_t i = 0; i < Walls; ++i) walls.push_back(ifc.element("IfcWall", "Wall " + std::to_string(i)));
-        GetParam().build(ifc, walls);
-        order.resize(Walls);
-        std::iota(order.begin(), order.end(), 0U);
-        std::shuffle(order.begin(), order.end(), std::mt19937(11));  // NOLINT: the same order in each run
+        for (std::size_t i = 0; i < Walls; ++i) walls.push_back(ifc_.element("IfcWall", "Wall " + std::to_string(i)));
+        GetParam().build(ifc_, walls);
+        order_.resize(Walls);
+        std::iota(order_.begin(), order_.end(), 0U);
+        std::shuffle(order_.begin(), order_.end(), std::mt19937(11));  // NOLINT: the same order in each run
     }
 
     /// In one command: the first `count` of the shuffled walls from place `begin` on. @return whether it was kept.
     bool change(Opened& opened, std::size_t begin, std::size_t count, bool keep = true) {
         const auto result = opened->command("Change", [&] {
             for (std::size_t i = begin; i < begin + count; ++i) {
-                const model::Status done = GetParam().set(opened, order[i], "new " + std::to_string(i));
+                const model::Status done = GetParam().set(opened, order_[i], "new " + std::to_string(i));
                 EXPECT_TRUE(done) << (done ? "" : done.error().message);
             }
             return keep ? 0 : 1;
@@ -112,51 +112,51 @@ protected:
         Opened again(opened->bytes());
         for (std::size_t i = 0; i < Walls; ++i) {
             const std::string expected = i < count ? "new " + std::to_string(i) : "old";
-            ASSERT_EQ(GetParam().held(opened, order[i]), expected) << i;
-            ASSERT_EQ(GetParam().held(again, order[i]), expected) << i << " in the file";
+            ASSERT_EQ(GetParam().held(opened, order_[i]), expected) << i;
+            ASSERT_EQ(GetParam().held(again, order_[i]), expected) << i << " in the file";
         }
         EXPECT_EQ(opened.snapshot(), again.snapshot());
         EXPECT_EQ(opened->bytes().find("()"), std::string::npos) << "no relation is left without elements";
     }
 
-    TinyModel ifc;
-    std::vector<model::Element> order;
+    TinyModel ifc_;
+    std::vector<model::Element> order_;
 };
 
 TEST_P(LongRelation, IsLeftByManyInOneCommand) {
-    Opened opened(ifc);
+    Opened opened(ifc_);
     ASSERT_TRUE(change(opened, 0, Walls / 2));
     expectChanged(opened, Walls / 2);
     ASSERT_TRUE(opened->undo());
-    EXPECT_EQ(opened->bytes(), ifc.text());
+    EXPECT_EQ(opened->bytes(), ifc_.text());
     expectChanged(opened, 0);
     ASSERT_TRUE(opened->redo());
     expectChanged(opened, Walls / 2);
 }
 
 TEST_P(LongRelation, IsLeftByAllButTheLastWhichKeepsIt) {
-    Opened opened(ifc);
+    Opened opened(ifc_);
     ASSERT_TRUE(change(opened, 0, Walls));
     expectChanged(opened, Walls);
     ASSERT_TRUE(opened->undo());
-    EXPECT_EQ(opened->bytes(), ifc.text());
+    EXPECT_EQ(opened->bytes(), ifc_.text());
 }
 
 TEST_P(LongRelation, IsLeftInManyCommands) {
-    Opened opened(ifc);
+    Opened opened(ifc_);
     for (std::size_t i = 0; i < 9; ++i) ASSERT_TRUE(change(opened, i, 1));
     expectChanged(opened, 9);
     while (opened->undo()) {
     }
-    EXPECT_EQ(opened->bytes(), ifc.text());
+    EXPECT_EQ(opened->bytes(), ifc_.text());
     ASSERT_TRUE(change(opened, 0, 3)) << "after all the undoing";
     expectChanged(opened, 3);
 }
 
 TEST_P(LongRelation, IsWholeAgainAfterARollback) {
-    Opened opened(ifc);
+    Opened opened(ifc_);
     EXPECT_FALSE(change(opened, 0, Walls / 2, false));
-    EXPECT_EQ(opened->bytes(), ifc.text());
+    EXPECT_EQ(opened->bytes(), ifc_.text());
     expectChanged(opened, 0);
     ASSERT_TRUE(change(opened, 0, 5));
     expectChanged(opened, 5);

@@ -99,33 +99,33 @@ void addClassifications(Dice& dice, TinyModel& ifc, const Objects& objects) {
 
 class FullReader {
 public:
-    explicit FullReader(const StepFile& source) : file(source) {
-        for (model::step::Slot slot = 0; slot < file.instanceCount(); ++slot) {
-            if (keyword(slot).starts_with("IFCREL")) relations.push_back(slot);
+    explicit FullReader(const StepFile& source) : file_(source) {
+        for (model::step::Slot slot = 0; slot < file_.instanceCount(); ++slot) {
+            if (keyword(slot).starts_with("IFCREL")) relations_.push_back(slot);
         }
     }
 
     std::map<Id, std::string> all() const {
         std::map<Id, std::string> objects;
-        for (model::step::Slot slot = 0; slot < file.instanceCount(); ++slot) {
+        for (model::step::Slot slot = 0; slot < file_.instanceCount(); ++slot) {
             const auto word = keyword(slot);
             // What is shared is compared as its users see it: properties, sets and references come in copies.
             const bool shared = word.starts_with("IFCREL") || word.starts_with("IFCPROPERTY") ||
                                 word == "IFCCOMPLEXPROPERTY" || word == "IFCCLASSIFICATIONREFERENCE";
-            if (!shared && file.present(slot)) objects[file.id(slot)] = inFull(slot);
+            if (!shared && file_.present(slot)) objects[file_.id(slot)] = inFull(slot);
         }
         return objects;
     }
 
 private:
-    std::string_view keyword(model::step::Slot slot) const { return file.keywordText(file.keyword(slot)); }
+    std::string_view keyword(model::step::Slot slot) const { return file_.keywordText(file_.keyword(slot)); }
 
     std::string inFull(model::step::Slot slot) const {
         std::string text = written(bodyOf(slot));
-        const std::string member = ref(file.id(slot));
-        for (const model::step::Slot relation : relations) {
+        const std::string member = ref(file_.id(slot));
+        for (const model::step::Slot relation : relations_) {
             model::step::Instance instance;
-            if (!file.read(relation, instance)) throw std::invalid_argument(std::string(file.text(relation)));
+            if (!file_.read(relation, instance)) throw std::invalid_argument(std::string(file_.text(relation)));
             std::vector<model::step::Value> members;
             bool named = false;
             std::string said(instance.keyword);
@@ -143,7 +143,7 @@ private:
 
     /// From the '=' on; empty for an instance that is not there.
     std::string_view bodyOf(model::step::Slot slot) const {
-        const std::string_view text = file.text(slot);
+        const std::string_view text = file_.text(slot);
         return text.substr(std::min(text.find('='), text.size()));
     }
 
@@ -157,15 +157,15 @@ private:
                 continue;
             }
             const auto end = std::min(text.find_first_not_of("0123456789", at + 1), text.size());
-            const auto target = file.find(std::stoull(std::string(text.substr(at + 1, end - at - 1))));
+            const auto target = file_.find(std::stoull(std::string(text.substr(at + 1, end - at - 1))));
             result += written(bodyOf(target), depth + 1);
             at = end;
         }
         return result;
     }
 
-    const StepFile& file;
-    std::vector<model::step::Slot> relations;
+    const StepFile& file_;
+    std::vector<model::step::Slot> relations_;
 };
 
 }  // namespace

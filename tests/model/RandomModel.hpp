@@ -14,9 +14,9 @@
 /// Draws numbers from a seed, so that a failing case is one number and can be run again.
 class Dice {
 public:
-    explicit Dice(std::uint32_t seed) : engine(seed) {}
+    explicit Dice(std::uint32_t seed) : engine_(seed) {}
 
-    std::size_t below(std::size_t end) { return end == 0 ? 0 : engine() % end; }
+    std::size_t below(std::size_t end) { return end == 0 ? 0 : engine_() % end; }
     bool oneIn(std::size_t n) { return below(n) == 0; }
     template <class Value>
     const Value& pick(const std::vector<Value>& values) {
@@ -24,13 +24,13 @@ public:
     }
     /// Some of the ids, at least one, in any order and without repetition.
     Ids some(Ids ids) {
-        std::shuffle(ids.begin(), ids.end(), engine);
+        std::shuffle(ids.begin(), ids.end(), engine_);
         ids.resize(1 + below(ids.size()));
         return ids;
     }
 
 private:
-    std::mt19937 engine;
+    std::mt19937 engine_;
 };
 
 /// The names that the model draws from, and those that updates are to draw from: they meet often.

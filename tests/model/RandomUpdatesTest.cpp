@@ -226,47 +226,48 @@ struct State {
 /// The states that commands led to, and where undo and redo have led since.
 class History {
 public:
-    explicit History(Opened& opened) : model(opened), states{State(opened)} {}
+    explicit History(Opened& opened) : model_(opened), states_{State(opened)} {}
 
-    const State& now() const { return states[at]; }
+    const State& now() const { return states_[at_]; }
     /// After a command.
     std::string note() {
-        State next(model);
-        if (next.bytes == now().bytes) return model->canUndo() == (at > 0) ? "" : "a command of no change is a step";
-        states.resize(at + 1, next);
-        states.push_back(std::move(next));
-        ++at;
+        State next(model_);
+        if (next.bytes == now().bytes) return model_->canUndo() == (at_ > 0) ? "" : "a command of no change is a step";
+        states_.resize(at_ + 1, next);
+        states_.push_back(std::move(next));
+        ++at_;
         if (Opened(now().bytes).snapshot() != now().data) return "the indexes do not agree with the file read anew";
         return check("a command");
     }
     std::string undo() {
-        if (model->undo() != (at > 0)) return "undo";
-        at -= at > 0 ? 1 : 0;
+        if (model_->undo() != (at_ > 0)) return "undo";
+        at_ -= at_ > 0 ? 1 : 0;
         return check("undo");
     }
     std::string redo() {
-        const bool possible = at + 1 < states.size();
-        if (model->redo() != possible) return "redo";
-        at += possible ? 1 : 0;
+        const bool possible = at_ + 1 < states_.size();
+        if (model_->redo() != possible) return "redo";
+        at_ += possible ? 1 : 0;
         return check("redo");
     }
     std::string undoAll() {
         std::string fault;
-        while (at > 0 && fault.empty()) fault = undo();
+        while (at_ > 0 && fault.empty()) fault = undo();
         return fault;
     }
 
 private:
     std::string check(const std::string& what) const {
-        if (model->bytes() != now().bytes) return "other bytes after " + what;
-        if (model.snapshot() != now().data) return "other data after " + what;
-        if (model->canUndo() != (at > 0) || model->canRedo() != (at + 1 < states.size())) return "steps after " + what;
-        return model->modified() == (now().bytes != states.front().bytes) ? "" : "modified() after " + what;
+        if (model_->bytes() != now().bytes) return "other bytes after " + what;
+        if (model_.snapshot() != now().data) return "other data after " + what;
+        if (model_->canUndo() != (at_ > 0) || model_->canRedo() != (at_ + 1 < states_.size()))
+            return "steps after " + what;
+        return model_->modified() == (now().bytes != states_.front().bytes) ? "" : "modified() after " + what;
     }
 
-    Opened& model;
-    std::vector<State> states;
-    std::size_t at = 0;
+    Opened& model_;
+    std::vector<State> states_;
+    std::size_t at_ = 0;
 };
 
 /// Commands, undo and redo in any order. @return what is wrong; empty where all is well.

@@ -54,12 +54,12 @@ std::string quotedStep(const std::string& text) {
 }  // namespace
 
 TinyModel::TinyModel(std::string schemaName) : schema(std::move(schemaName)) {
-    if (schema == "IFC2X3") ownerHistory = add("IfcOwnerHistory");
+    if (schema == "IFC2X3") ownerHistory_ = add("IfcOwnerHistory");
 }
 
 Id TinyModel::raw(const std::string& body) {
-    instances += ref(++lastId) + "=" + body + ";\n";
-    return lastId;
+    instances_ += ref(++lastId_) + "=" + body + ";\n";
+    return lastId_;
 }
 
 Id TinyModel::add(std::string_view ifcClass, const Values& values) {
@@ -70,8 +70,8 @@ Id TinyModel::add(std::string_view ifcClass, const Values& values) {
     body += '(';
     for (const auto& attribute : entity->attributes()) {
         std::string value = attribute.derived ? "*" : "$";
-        if (attribute.name == "GlobalId") value = "'" + globalIdText(++rootsMade) + "'";
-        if (attribute.name == "OwnerHistory" && ownerHistory != 0) value = ref(ownerHistory);
+        if (attribute.name == "GlobalId") value = "'" + globalIdText(++rootsMade_) + "'";
+        if (attribute.name == "OwnerHistory" && ownerHistory_ != 0) value = ref(ownerHistory_);
         for (const auto& [name, text] : values) {
             if (name == attribute.name) value = text;
         }
@@ -147,24 +147,24 @@ Id TinyModel::classify(const Ids& objects, const std::string& label, Id referenc
 std::string TinyModel::text() const {
     return "ISO-10303-21;\nHEADER;\nFILE_DESCRIPTION((''),'2;1');\nFILE_NAME('','',(''),(''),'','','');\n"
            "FILE_SCHEMA(('" +
-           schema + "'));\nENDSEC;\nDATA;\n" + instances + "ENDSEC;\nEND-ISO-10303-21;\n";
+           schema + "'));\nENDSEC;\nDATA;\n" + instances_ + "ENDSEC;\nEND-ISO-10303-21;\n";
 }
 
 Opened::Opened(std::string bytes) {
     auto opened = model::Model::fromBytes(std::move(bytes));
     if (!opened) throw std::invalid_argument(opened.error().message);
-    model = std::move(*opened);
+    model_ = std::move(*opened);
 }
 
 model::Element Opened::find(std::string_view name) {
-    for (model::Element element = 0; element < model->elementCount(); ++element) {
-        if (utf8(model->name(element)) == name) return element;
+    for (model::Element element = 0; element < model_->elementCount(); ++element) {
+        if (utf8(model_->name(element)) == name) return element;
     }
     throw std::invalid_argument("no element " + std::string(name));
 }
 
 std::string Opened::attribute(model::Element element, std::string_view name) {
-    const auto attributes = model->attributes(element);
+    const auto attributes = model_->attributes(element);
     for (const auto& attribute : *attributes) {
         if (attribute.name == name) return utf8(attribute.value);
     }
@@ -172,7 +172,7 @@ std::string Opened::attribute(model::Element element, std::string_view name) {
 }
 
 std::string Opened::property(model::Element element, std::string_view set, std::string_view name) {
-    const auto properties = model->properties(element);
+    const auto properties = model_->properties(element);
     for (const auto& property : *properties) {
         if (utf8(property.set) != set || utf8(property.name) != name) continue;
         return valueText(property.value) + (property.inherited ? "^" : "");
@@ -181,7 +181,7 @@ std::string Opened::property(model::Element element, std::string_view set, std::
 }
 
 std::string Opened::classification(model::Element element, std::string_view label) {
-    const auto references = model->classifications(element);
+    const auto references = model_->classifications(element);
     for (const auto& reference : *references) {
         if (utf8(reference.system) != label) continue;
         return utf8(reference.itemReference.value_or(u"$")) + "{" + utf8(reference.name.value_or(u"$")) + "}";
@@ -191,8 +191,8 @@ std::string Opened::classification(model::Element element, std::string_view labe
 
 model::Status Opened::setAttribute(model::Element element, std::string_view name, std::string_view value) {
     model::Status status;
-    const auto ran = model->command("set attribute", [&] {
-        status = model->setAttribute(element, name, utf16(value));
+    const auto ran = model_->command("set attribute", [&] {
+        status = model_->setAttribute(element, name, utf16(value));
         return 0;
     });
     EXPECT_TRUE(ran);
@@ -201,13 +201,13 @@ model::Status Opened::setAttribute(model::Element element, std::string_view name
 
 model::Property Opened::wantedProperty(model::Element element, std::string_view set, std::string_view name,
                                        std::string_view value, std::string_view newType) {
-    const auto* type = Schema::of(*Schema::versionOf(model->schemaName())).type(newType);
+    const auto* type = Schema::of(*Schema::versionOf(model_->schemaName())).type(newType);
     if (type == nullptr) throw std::invalid_argument("no type " + std::string(newType));
     model::Property wanted;
     wanted.set = utf16(set);
     wanted.name = utf16(name);
     wanted.value = valueOf(type->name, primitiveOf(type->base), value);
-    const auto properties = model->properties(element);
+    const auto properties = model_->properties(element);
     for (const auto& property : *properties) {
         if (property.set != wanted.set || property.name != wanted.name) continue;
         wanted = property;
@@ -221,8 +221,8 @@ model::Status Opened::setProperty(model::Element element, std::string_view set, 
                                   std::string_view value, std::string_view newType) {
     const model::Property wanted = wantedProperty(element, set, name, value, newType);
     model::Status status;
-    const auto ran = model->command("set property", [&] {
-        status = model->setProperty(element, wanted);
+    const auto ran = model_->command("set property", [&] {
+        status = model_->setProperty(element, wanted);
         return 0;
     });
     EXPECT_TRUE(ran);
@@ -231,8 +231,8 @@ model::Status Opened::setProperty(model::Element element, std::string_view set, 
 
 model::Status Opened::setClassification(model::Element element, const model::ClassificationReference& reference) {
     model::Status status;
-    const auto ran = model->command("set classification", [&] {
-        status = model->setClassification(element, reference);
+    const auto ran = model_->command("set classification", [&] {
+        status = model_->setClassification(element, reference);
         return 0;
     });
     EXPECT_TRUE(ran);
@@ -242,7 +242,7 @@ model::Status Opened::setClassification(model::Element element, const model::Cla
 model::ClassificationReference Opened::wantedReference(model::Element element, std::string_view label,
                                                        std::string_view item, std::string_view name) {
     model::ClassificationReference wanted;
-    const auto references = model->classifications(element);
+    const auto references = model_->classifications(element);
     for (const auto& reference : *references) {
         if (utf8(reference.system) != label) continue;
         wanted = reference;
@@ -261,17 +261,17 @@ model::Status Opened::classify(model::Element element, std::string_view label, s
 
 std::string Opened::data(model::Element element) {
     std::string text;
-    const auto attributes = model->attributes(element);
+    const auto attributes = model_->attributes(element);
     for (const auto& attribute : *attributes) {
         text += std::string(attribute.name) + "=" + utf8(attribute.value) + "\n";
     }
-    const auto properties = model->properties(element);
+    const auto properties = model_->properties(element);
     for (const auto& property : *properties) {
         text += utf8(property.set) + "." + utf8(property.name) + "=" + valueText(property.value) + ":" +
                 property.value.type + std::to_string(static_cast<int>(property.kind)) +
                 (property.inherited ? "^" : "") + "\n";
     }
-    const auto references = model->classifications(element);
+    const auto references = model_->classifications(element);
     for (const auto& r : *references) {
         text += utf8(r.system + u"|" + r.location.value_or(u"$") + u"|" + r.itemReference.value_or(u"$") + u"|" +
                      r.name.value_or(u"$") + u"|" + r.source + u"|" + r.edition + u"|" + r.classificationName) +
@@ -282,7 +282,7 @@ std::string Opened::data(model::Element element) {
 
 std::vector<std::string> Opened::snapshot() {
     std::vector<std::string> all;
-    for (model::Element element = 0; element < model->elementCount(); ++element) all.push_back(data(element));
+    for (model::Element element = 0; element < model_->elementCount(); ++element) all.push_back(data(element));
     return all;
 }
 

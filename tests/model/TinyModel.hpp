@@ -50,10 +50,10 @@ public:
     const std::string schema;
 
 private:
-    std::string instances;
-    Id lastId = 0;
-    Id ownerHistory = 0;
-    unsigned rootsMade = 0;
+    std::string instances_;
+    Id lastId_ = 0;
+    Id ownerHistory_ = 0;
+    unsigned rootsMade_ = 0;
 };
 
 /// An open model with short ways to ask and to change, each change in a command of its own.
@@ -62,8 +62,8 @@ public:
     explicit Opened(const TinyModel& tiny) : Opened(tiny.text()) {}
     explicit Opened(std::string bytes);
 
-    model::Model* operator->() { return model.get(); }
-    model::Model& operator*() { return *model; }
+    model::Model* operator->() { return model_.get(); }
+    model::Model& operator*() { return *model_; }
 
     model::Element find(std::string_view name);  ///< By its attribute Name; the test fails where there is none.
     std::string attribute(model::Element element, std::string_view name);
@@ -92,7 +92,7 @@ public:
     std::vector<std::string> snapshot();
 
 private:
-    std::unique_ptr<model::Model> model;
+    std::unique_ptr<model::Model> model_;
 };
 
 /// A property's value as text.

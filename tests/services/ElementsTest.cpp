@@ -54,12 +54,12 @@ TEST_F(ElementFromGuid, FailuresHaveTheirCodes) {
         API_Elem_Head* const noHeader = nullptr;
         EXPECT_EQ(named(call<HostSlot::Element_GetHeader>(noHeader, UInt32{0})), "APIERR_BADPARS");
     });
-    EXPECT_TRUE(host.report().empty()) << "a question is no refused edit: " << reportText();
+    EXPECT_TRUE(host_.report().empty()) << "a question is no refused edit: " << reportText();
 }
 
 TEST_F(ElementFromGuid, WithoutAModelThereIsNone) {
     probe();
-    host.closeModel();
+    host_.closeModel();
     inCommand([&] {
         API_Element wall = elementOf(guidText(1));
         EXPECT_EQ(named(call<HostSlot::Element_Get>(&wall, UInt32{0})), "APIERR_BADID");

@@ -27,9 +27,9 @@ std::string code(GSErrCode error) {
 TEST_F(CrashIsAResult, CrashInAMenuCommandEndsTheCommandAlone) {
     use("CrashesInCommand");
     EXPECT_EQ(pick(), APIERR_COMMANDFAILED);
-    ASSERT_EQ(host.report().size(), 1U);
-    EXPECT_TRUE(host.report()[0].alert);
-    EXPECT_THAT(host.report()[0].text,
+    ASSERT_EQ(host_.report().size(), 1U);
+    EXPECT_TRUE(host_.report()[0].alert);
+    EXPECT_THAT(host_.report()[0].text,
                 HasSubstr("the add-on CrashesInCommand crashed in a menu command (a segmentation fault)"));
 }
 
@@ -51,14 +51,14 @@ TEST_F(CrashIsAResult, CrashInAnUndoableCommandIsRolledBack) {
     pick();
     EXPECT_THAT(reportText(), HasSubstr("rename: 0\n"));
     EXPECT_EQ(wallName(), "Wall-01");
-    EXPECT_FALSE(host.model()->commandOpen());
-    EXPECT_FALSE(host.undo());
+    EXPECT_FALSE(host_.model()->commandOpen());
+    EXPECT_FALSE(host_.undo());
     EXPECT_EQ(savedText(), houseWithWall().text());
 }
 
 TEST_F(CrashIsAResult, CrashInADialogHandlerEndsTheDialog) {
     use("CrashesInDialogHandler");
-    view.inNextDialog([](frontend::Dialog& dialog) {
+    view_.inNextDialog([](frontend::Dialog& dialog) {
         EXPECT_TRUE(dialog.clickItem(1));
         EXPECT_TRUE(dialog.ended());
         EXPECT_FALSE(dialog.clickItem(1));
@@ -76,8 +76,8 @@ TEST_F(CrashIsAResult, StackUsedUpIsACrashLikeAnyOther) {
 TEST_F(CrashIsAResult, AnotherAddOnCanBeLoadedAfterwards) {
     use("CrashesInCommand");
     pick();
-    host.unloadAddOn();
-    ASSERT_TRUE(host.loadAddOn(bundle("Sound")));
+    host_.unloadAddOn();
+    ASSERT_TRUE(host_.loadAddOn(bundle("Sound")));
     EXPECT_EQ(pick(), NoError);
 }
 
@@ -117,13 +117,13 @@ TEST_F(NoExceptionLeaves, AddOnGoesOnAfterAnException) {
     use("ThrowsOutOfCommand");
     pick();
     pick();
-    EXPECT_EQ(host.report().size(), 2U);
-    EXPECT_EQ(host.report()[0].text, host.report()[1].text);
+    EXPECT_EQ(host_.report().size(), 2U);
+    EXPECT_EQ(host_.report()[0].text, host_.report()[1].text);
 }
 
 TEST_F(NoExceptionLeaves, ExceptionInADialogHandlerEndsTheDialog) {
     use("ThrowsOutOfDialogHandler");
-    view.inNextDialog([](frontend::Dialog& dialog) {
+    view_.inNextDialog([](frontend::Dialog& dialog) {
         dialog.clickItem(1);
         EXPECT_TRUE(dialog.ended());
     });
@@ -136,7 +136,7 @@ TEST_F(NoExceptionLeaves, ExceptionInAnUndoableCommandIsRolledBack) {
     EXPECT_EQ(pick(), APIERR_COMMANDFAILED);
     EXPECT_THAT(reportText(), HasSubstr("let an exception out of an undoable command: in the middle"));
     EXPECT_EQ(wallName(), "Wall-01");
-    EXPECT_FALSE(host.undo());
+    EXPECT_FALSE(host_.undo());
 }
 
 TEST_F(FailedCommandRollsBack, ChangesAreTakenBackAndTheErrorIsReported) {
@@ -145,7 +145,7 @@ TEST_F(FailedCommandRollsBack, ChangesAreTakenBackAndTheErrorIsReported) {
     EXPECT_EQ(reportText(),
               "rename: 0\nCommand \"Gallery command\": failed, all its changes are taken back (APIERR_BADVALUE)\n");
     EXPECT_EQ(wallName(), "Wall-01");
-    EXPECT_FALSE(host.undo());
+    EXPECT_FALSE(host_.undo());
 }
 
 TEST_F(CommandsDoNotNest, InnerCommandIsRefusedAndTheOuterOneGoesOn) {
@@ -154,7 +154,7 @@ TEST_F(CommandsDoNotNest, InnerCommandIsRefusedAndTheOuterOneGoesOn) {
     EXPECT_THAT(reportText(), HasSubstr("nested: " + code(APIERR_NESTING)));
     EXPECT_THAT(reportText(), HasSubstr("Command \"Gallery command\": "));
     EXPECT_EQ(wallName(), "by the outer command");
-    EXPECT_TRUE(host.undo());
+    EXPECT_TRUE(host_.undo());
     EXPECT_EQ(wallName(), "Wall-01");
 }
 
@@ -162,7 +162,7 @@ TEST_F(EditsInCommands, EditWithoutOneIsRefusedAndReported) {
     use("EditsOutsideCommand");
     EXPECT_EQ(pick(), APIERR_REFUSEDCMD);
     EXPECT_EQ(wallName(), "Wall-01");
-    ASSERT_EQ(host.report().size(), 1U);
+    ASSERT_EQ(host_.report().size(), 1U);
     EXPECT_THAT(reportText(), HasSubstr("Wall-01 (" + guidText(1) + "), Name: "));
     EXPECT_THAT(reportText(), HasSubstr("(APIERR_REFUSEDCMD)"));
 }
@@ -170,7 +170,7 @@ TEST_F(EditsInCommands, EditWithoutOneIsRefusedAndReported) {
 TEST_F(MenuRecord, NamesNoMenuAfterTheCall) {
     use("KeepsStaleRecord");
     EXPECT_EQ(pick(), NoError);
-    host.unloadAddOn();
+    host_.unloadAddOn();
     EXPECT_EQ(debugOutput(), "stale record: menu 0 item 0\n");
 }
 
@@ -183,7 +183,7 @@ TEST_F(ClientHandle, ForeignHandleAndNoneAreRefused) {
 TEST_F(RegistrationInTime, MenuRegisteredLateIsRefused) {
     use("RegistersLate");
     EXPECT_EQ(pick(), APIERR_REFUSEDCMD);
-    EXPECT_EQ(host.menus().size(), 1U);
+    EXPECT_EQ(host_.menus().size(), 1U);
 }
 
 TEST_F(BeforeInitialize, OnlyWhatHelpsToStartIsAnswered) {

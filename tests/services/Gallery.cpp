@@ -21,10 +21,10 @@ std::filesystem::path Gallery::bundle(const std::string& name) {
 }
 
 std::string Gallery::loadFailure(const std::filesystem::path& path) {
-    const model::Status loaded = host.loadAddOn(path);
+    const model::Status loaded = host_.loadAddOn(path);
     EXPECT_FALSE(loaded) << path << " loaded all the same";
-    EXPECT_FALSE(host.addOnLoaded());
-    EXPECT_TRUE(host.menus().empty());
+    EXPECT_FALSE(host_.addOnLoaded());
+    EXPECT_TRUE(host_.menus().empty());
     if (loaded) return {};
     const std::string prefix = "cannot load the add-on " + path.string() + ": ";
     const std::string message = loaded.error().message;
@@ -34,7 +34,7 @@ std::string Gallery::loadFailure(const std::filesystem::path& path) {
 
 void Gallery::use(const std::string& addOn) {
     openText(houseWithWall().text());
-    const model::Status loaded = host.loadAddOn(bundle(addOn));
+    const model::Status loaded = host_.loadAddOn(bundle(addOn));
     ASSERT_TRUE(loaded) << loaded.error().message;
 }
 
@@ -43,10 +43,10 @@ std::string Gallery::wallName() {
     GS::Guid parsed;
     parsed.ConvertFromString(guidText(1).c_str());
     std::copy(std::begin(parsed.bytes), std::end(parsed.bytes), guid.begin());
-    const auto wall = host.model()->find(guid);
+    const auto wall = host_.model()->find(guid);
     EXPECT_TRUE(wall.has_value());
     if (!wall) return {};
-    return GS::UniString(host.model()->name(*wall)).ToCStr().Get();
+    return GS::UniString(host_.model()->name(*wall)).ToCStr().Get();
 }
 
 }  // namespace testing_support

@@ -24,7 +24,7 @@ protected:
     /// Opens the house and loads an add-on of the gallery.
     void use(const std::string& addOn);
     /// Picks the add-on's first menu item.
-    GSErrCode pick() { return host.pickMenuItem(GalleryMenu, 1); }
+    GSErrCode pick() { return host_.pickMenuItem(GalleryMenu, 1); }
 
     /// The wall's name as the model has it now.
     std::string wallName();

@@ -20,8 +20,8 @@ using ModelOfTheHost = Probe;
 
 TEST_F(MenuItems, ComeFromTheBundlesResources) {
     probe();
-    ASSERT_EQ(host.menus().size(), 1U);
-    const host::Menu& menu = host.menus()[0];
+    ASSERT_EQ(host_.menus().size(), 1U);
+    const host::Menu& menu = host_.menus()[0];
     EXPECT_EQ(menu.menuStrResID, GalleryMenu);
     EXPECT_STREQ(menu.title.ToCStr(), "Gallery");
     ASSERT_EQ(menu.items.size(), 2U);
@@ -35,9 +35,9 @@ TEST_F(MenuItems, ComeFromTheBundlesResources) {
 TEST_F(MenuItems, UnknownOnesCannotBePicked) {
     probe();
     for (const Int32 index : {0, 3, -1}) {
-        EXPECT_EQ(named(host.pickMenuItem(GalleryMenu, index)), "APIERR_BADINDEX") << index;
+        EXPECT_EQ(named(host_.pickMenuItem(GalleryMenu, index)), "APIERR_BADINDEX") << index;
     }
-    EXPECT_EQ(named(host.pickMenuItem(1, 1)), "APIERR_BADINDEX");
+    EXPECT_EQ(named(host_.pickMenuItem(1, 1)), "APIERR_BADINDEX");
 }
 
 TEST_F(MenuItems, HandlerNeedsARegisteredMenu) {
@@ -54,21 +54,21 @@ TEST_F(OneCommandAtATime, SecondOneIsRefusedWhileTheFirstRuns) {
     probe();
     inCommand([&] {
         EXPECT_EQ(named(pick()), "APIERR_REFUSEDCMD");
-        EXPECT_EQ(named(host.pickMenuItem(GalleryMenu, 2)), "APIERR_REFUSEDCMD");
+        EXPECT_EQ(named(host_.pickMenuItem(GalleryMenu, 2)), "APIERR_REFUSEDCMD");
     });
-    EXPECT_EQ(named(host.pickMenuItem(GalleryMenu, 2)), "NoError");
+    EXPECT_EQ(named(host_.pickMenuItem(GalleryMenu, 2)), "NoError");
 }
 
 TEST_F(OneCommandAtATime, ModelAndAddOnStayWhileItRuns) {
     probe();
-    const model::Model* const before = host.model();
+    const model::Model* const before = host_.model();
     inCommand([&] {
-        EXPECT_FALSE(host.openModel(folder.path() / "model.ifc"));
-        host.closeModel();
-        host.adoptModel(nullptr);
-        host.unloadAddOn();
-        EXPECT_EQ(host.model(), before);
-        EXPECT_TRUE(host.addOnLoaded());
+        EXPECT_FALSE(host_.openModel(folder_.path() / "model.ifc"));
+        host_.closeModel();
+        host_.adoptModel(nullptr);
+        host_.unloadAddOn();
+        EXPECT_EQ(host_.model(), before);
+        EXPECT_TRUE(host_.addOnLoaded());
     });
 }
 
@@ -76,15 +76,15 @@ TEST_F(OneCommandAtATime, UndoWaitsSavingDoesNot) {
     probe();
     inCommand([&] {
         EXPECT_EQ(named(command([&] { return setAttribute(guidText(1), "Name", "new"); })), "NoError");
-        EXPECT_FALSE(host.undo());
+        EXPECT_FALSE(host_.undo());
         EXPECT_THAT(savedText(), HasSubstr("'new'"));
         command([&] {
-            EXPECT_FALSE(host.save(folder.path() / "within.ifc"));
+            EXPECT_FALSE(host_.save(folder_.path() / "within.ifc"));
             return GSErrCode{NoError};
         });
     });
-    EXPECT_TRUE(host.undo());
-    EXPECT_FALSE(host.redo() && host.redo());
+    EXPECT_TRUE(host_.undo());
+    EXPECT_FALSE(host_.redo() && host_.redo());
 }
 
 TEST_F(UndoableCommands, AreOneStepWithTheirName) {
@@ -96,25 +96,25 @@ TEST_F(UndoableCommands, AreOneStepWithTheirName) {
                   })),
                   "NoError");
     });
-    EXPECT_EQ(host.model()->undoName(), "Test command");
-    EXPECT_TRUE(host.undo());
-    EXPECT_FALSE(host.undo());
+    EXPECT_EQ(host_.model()->undoName(), "Test command");
+    EXPECT_TRUE(host_.undo());
+    EXPECT_FALSE(host_.undo());
     EXPECT_EQ(savedText(), houseWithWall().text());
-    EXPECT_TRUE(host.redo());
+    EXPECT_TRUE(host_.redo());
     EXPECT_EQ(wallName(), "new");
 }
 
 TEST_F(UndoableCommands, OneThatChangesNothingLeavesNoStep) {
     probe();
     inCommand([&] { EXPECT_EQ(named(command([] { return GSErrCode{NoError}; })), "NoError"); });
-    EXPECT_FALSE(host.undo());
-    EXPECT_FALSE(host.model()->modified());
+    EXPECT_FALSE(host_.undo());
+    EXPECT_FALSE(host_.model()->modified());
 }
 
 TEST_F(UndoableCommands, NeedAModelAndAFunction) {
     probe();
     inCommand([&] { EXPECT_EQ(named(command({})), "APIERR_BADPARS"); });
-    host.closeModel();
+    host_.closeModel();
     inCommand([&] { EXPECT_EQ(named(command([] { return GSErrCode{NoError}; })), "APIERR_REFUSEDCMD"); });
     EXPECT_THAT(reportText(), HasSubstr("Command \"Test command\": no model is open (APIERR_REFUSEDCMD)"));
 }
@@ -149,7 +149,7 @@ TEST_F(HostEnvironment, RefusesWhatItDoesNotKnow) {
 TEST_F(ReportLines, AreKeptAndSentOn) {
     probe();
     std::vector<std::string> sent;
-    host.setReportSink([&](const host::ReportLine& line) { sent.push_back(line.text + (line.alert ? "!" : "")); });
+    host_.setReportSink([&](const host::ReportLine& line) { sent.push_back(line.text + (line.alert ? "!" : "")); });
     inCommand([&] {
         call<HostSlot::WriteReport>("quiet", static_cast<unsigned char>(0));
         call<HostSlot::WriteReport>("loud", static_cast<unsigned char>(1));
@@ -162,7 +162,7 @@ TEST_F(ReportLines, AreKeptAndSentOn) {
 
 TEST_F(ReportLines, SinkMayCauseFurtherLines) {
     probe();
-    host.setReportSink([&](const host::ReportLine& line) {
+    host_.setReportSink([&](const host::ReportLine& line) {
         if (line.text == "first") call<HostSlot::WriteReport>("second", static_cast<unsigned char>(0));
     });
     inCommand([&] { call<HostSlot::WriteReport>("first", static_cast<unsigned char>(0)); });
@@ -171,21 +171,21 @@ TEST_F(ReportLines, SinkMayCauseFurtherLines) {
 
 TEST_F(ModelOfTheHost, FileThatCannotBeReadLeavesTheOldModel) {
     probe();
-    const model::Model* const before = host.model();
-    EXPECT_FALSE(host.openModel(folder.path() / "none.ifc"));
-    EXPECT_EQ(host.model(), before);
+    const model::Model* const before = host_.model();
+    EXPECT_FALSE(host_.openModel(folder_.path() / "none.ifc"));
+    EXPECT_EQ(host_.model(), before);
 }
 
 TEST_F(ModelOfTheHost, WithoutOneThereIsNothingToUndoOrSave) {
-    EXPECT_EQ(host.model(), nullptr);
-    EXPECT_FALSE(host.undo());
-    EXPECT_FALSE(host.redo());
-    EXPECT_FALSE(host.save(folder.path() / "nothing.ifc"));
+    EXPECT_EQ(host_.model(), nullptr);
+    EXPECT_FALSE(host_.undo());
+    EXPECT_FALSE(host_.redo());
+    EXPECT_FALSE(host_.save(folder_.path() / "nothing.ifc"));
 }
 
 TEST_F(ModelOfTheHost, SecondHostIsRefused) {
     EXPECT_THROW(host::Host(), std::logic_error);
-    EXPECT_TRUE(host.loadAddOn(bundle("Sound"))) << "the first one is still in charge";
+    EXPECT_TRUE(host_.loadAddOn(bundle("Sound"))) << "the first one is still in charge";
 }
 
 }  // namespace

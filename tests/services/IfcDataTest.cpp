@@ -108,7 +108,7 @@ TEST_F(PropertyRecords, ChangedOneIsReadBack) {
         EXPECT_EQ(properties(guidText(2))[3].singleValue.nominalValue.integerValue, 3);
     });
     EXPECT_THAT(savedText(), HasSubstr("IFCINTEGER(3)"));
-    EXPECT_TRUE(host.undo());
+    EXPECT_TRUE(host_.undo());
     EXPECT_EQ(savedText(), furnishedHouse().text());
 }
 
@@ -230,17 +230,17 @@ TEST_F(RefusalsReported, AttributesHaveTheReasonsCode) {
     probe(furnishedHouse());
     inCommand([&] {
         for (const RefusalRow& row : rows) {
-            const std::size_t before = host.report().size();
+            const std::size_t before = host_.report().size();
             EXPECT_EQ(named(command([&] {
                           EXPECT_EQ(named(setAttribute(guidText(2), row.attribute, row.value)), row.code);
                           return GSErrCode{NoError};
                       })),
                       "NoError");
-            ASSERT_EQ(host.report().size(), before + 1) << row.attribute;
-            const std::string line = host.report().back().text;
+            ASSERT_EQ(host_.report().size(), before + 1) << row.attribute;
+            const std::string line = host_.report().back().text;
             EXPECT_THAT(line, HasSubstr("Door-01 (" + guidText(2) + "), " + row.attribute + ": "));
             EXPECT_THAT(line, HasSubstr(std::string("(") + row.code + ")"));
-            EXPECT_FALSE(host.report().back().alert);
+            EXPECT_FALSE(host_.report().back().alert);
         }
     });
 }
@@ -305,8 +305,8 @@ TEST_F(EditsInCommands, EachKindOfEditNeedsOne) {
         EXPECT_EQ(named(call<HostSlot::Element_SetIFCProperty>(door, property)), "APIERR_REFUSEDCMD");
         EXPECT_EQ(named(call<HostSlot::Element_SetIFCClassificationReference>(door, reference)), "APIERR_REFUSEDCMD");
     });
-    EXPECT_EQ(host.report().size(), 3U);
-    EXPECT_FALSE(host.model()->modified());
+    EXPECT_EQ(host_.report().size(), 3U);
+    EXPECT_FALSE(host_.model()->modified());
 }
 
 }  // namespace

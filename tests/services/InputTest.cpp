@@ -15,18 +15,18 @@ class Clicks : public Probe {
 protected:
     /// The user's clicks to come; when there is none left, the request is cancelled.
     void willClick(std::vector<host::PickedPoint> points) {
-        clicks.assign(points.begin(), points.end());
-        host.setPointPicker([this](const std::string& prompt) -> std::optional<host::PickedPoint> {
-            prompts.push_back(prompt);
-            if (clicks.empty()) return std::nullopt;
-            const host::PickedPoint next = clicks.front();
-            clicks.pop_front();
+        clicks_.assign(points.begin(), points.end());
+        host_.setPointPicker([this](const std::string& prompt) -> std::optional<host::PickedPoint> {
+            prompts_.push_back(prompt);
+            if (clicks_.empty()) return std::nullopt;
+            const host::PickedPoint next = clicks_.front();
+            clicks_.pop_front();
             return next;
         });
     }
 
-    std::deque<host::PickedPoint> clicks;
-    std::vector<std::string> prompts;
+    std::deque<host::PickedPoint> clicks_;
+    std::vector<std::string> prompts_;
 };
 
 using PointRequests = Clicks;
@@ -55,7 +55,7 @@ TEST_F(PointRequests, PointAndHitComeBack) {
         EXPECT_EQ(request.neig.inIndex, 1);
         EXPECT_EQ(request.neig.elemPartId, 0);
     });
-    EXPECT_EQ(prompts, std::vector<std::string>{"Click the wall"});
+    EXPECT_EQ(prompts_, std::vector<std::string>{"Click the wall"});
 }
 
 TEST_F(PointRequests, EmptySpaceAndElementsWithoutPartsHitNothing) {
@@ -80,7 +80,7 @@ TEST_F(PointRequests, PromptWithoutTerminatorIsReadToItsEndOnly) {
         std::memset(request.prompt, 'x', sizeof request.prompt);
         interface(APIIo_GetPoint, &request);
     });
-    EXPECT_EQ(prompts.at(0), std::string(256, 'x'));
+    EXPECT_EQ(prompts_.at(0), std::string(256, 'x'));
 }
 
 TEST_F(PointRequests, LineEndsAtTheClick) {
@@ -120,7 +120,7 @@ TEST_F(ArcFromClicks, ThirdClickGivesTheBulge) {
         EXPECT_DOUBLE_EQ(request.origo.z, 2);
         EXPECT_EQ(request.negArc, 1) << "from the left over the top to the right is clockwise";
     });
-    EXPECT_EQ(prompts.size(), 1U);
+    EXPECT_EQ(prompts_.size(), 1U);
 }
 
 TEST_F(ArcFromClicks, WithoutALineStartAndEndAreAskedFirst) {
@@ -133,7 +133,7 @@ TEST_F(ArcFromClicks, WithoutALineStartAndEndAreAskedFirst) {
         EXPECT_DOUBLE_EQ(request.origo.x, 1);
         EXPECT_EQ(request.negArc, 0);
     });
-    EXPECT_EQ(prompts.size(), 3U);
+    EXPECT_EQ(prompts_.size(), 3U);
 }
 
 TEST_F(ArcFromClicks, ClicksOnOneLineAreRefused) {
@@ -213,10 +213,10 @@ TEST_F(MenuItemStates, FlagsAreKeptAndShown) {
         interface(APIIo_GetMenuItemFlags, &second, &flags);
         EXPECT_EQ(flags, 3U);
     });
-    EXPECT_TRUE(host.menus().at(0).items.at(1).checked);
-    EXPECT_FALSE(host.menus().at(0).items.at(1).enabled);
-    EXPECT_EQ(named(host.pickMenuItem(GalleryMenu, 2)), "APIERR_REFUSEDCMD");
-    EXPECT_TRUE(host.menus().at(0).items.at(0).enabled);
+    EXPECT_TRUE(host_.menus().at(0).items.at(1).checked);
+    EXPECT_FALSE(host_.menus().at(0).items.at(1).enabled);
+    EXPECT_EQ(named(host_.pickMenuItem(GalleryMenu, 2)), "APIERR_REFUSEDCMD");
+    EXPECT_TRUE(host_.menus().at(0).items.at(0).enabled);
 }
 
 TEST_F(MenuItemStates, UnknownItemsAreRefused) {

@@ -22,35 +22,35 @@ using FailedStart = Gallery;
 using Unloading = Gallery;
 
 TEST_F(BundleShape, MissingFolderIsSaid) {
-    EXPECT_EQ(loadFailure(folder.path() / "None.bundle"), "there is no such folder");
+    EXPECT_EQ(loadFailure(folder_.path() / "None.bundle"), "there is no such folder");
 }
 
 TEST_F(BundleShape, FolderWithoutContentsIsNoBundle) {
-    EXPECT_EQ(loadFailure(folder.path()), "it is no bundle: it has no folder Contents");
+    EXPECT_EQ(loadFailure(folder_.path()), "it is no bundle: it has no folder Contents");
 }
 
 TEST_F(BundleShape, MissingImageIsNamed) {
-    const auto path = folder.path() / "Empty.bundle";
+    const auto path = folder_.path() / "Empty.bundle";
     std::filesystem::create_directories(path / "Contents");
     EXPECT_EQ(loadFailure(path), "it has no image Contents/Linux/Empty");
 }
 
 TEST_F(BundleShape, FileThatIsNoImageGivesTheLoadersReason) {
-    std::filesystem::create_directories(folder.path() / "Text.bundle/Contents/Linux");
-    folder.write("Text.bundle/Contents/Linux/Text", "this is no image");
-    EXPECT_THAT(loadFailure(folder.path() / "Text.bundle"), StartsWith("its image cannot be loaded: "));
+    std::filesystem::create_directories(folder_.path() / "Text.bundle/Contents/Linux");
+    folder_.write("Text.bundle/Contents/Linux/Text", "this is no image");
+    EXPECT_THAT(loadFailure(folder_.path() / "Text.bundle"), StartsWith("its image cannot be loaded: "));
 }
 
 TEST_F(BundleShape, ImageIsTheOneOfThePropertyList) {
-    std::filesystem::create_directories(folder.path() / "Renamed.bundle/Contents");
-    folder.write("Renamed.bundle/Contents/Info.plist",
-                 "<dict>\n\t<key>CFBundleExecutable</key>\n\t<string>Inside</string>\n</dict>\n");
-    EXPECT_EQ(host::imageOf(folder.path() / "Renamed.bundle").filename(), "Inside");
+    std::filesystem::create_directories(folder_.path() / "Renamed.bundle/Contents");
+    folder_.write("Renamed.bundle/Contents/Info.plist",
+                  "<dict>\n\t<key>CFBundleExecutable</key>\n\t<string>Inside</string>\n</dict>\n");
+    EXPECT_EQ(host::imageOf(folder_.path() / "Renamed.bundle").filename(), "Inside");
 }
 
 TEST_F(BundleShape, PathMayEndInASlash) {
     EXPECT_EQ(host::imageOf("/some/Name.bundle/"), "/some/Name.bundle/Contents/Linux/Name");
-    EXPECT_TRUE(host.loadAddOn(bundle("Sound").string() + "/"));
+    EXPECT_TRUE(host_.loadAddOn(bundle("Sound").string() + "/"));
 }
 
 TEST_F(BundleShape, UnresolvedSymbolIsFoundWhenLoading) {
@@ -83,12 +83,12 @@ TEST_F(VersionsMatch, OtherInterfaceIsRefused) {
 }
 
 TEST_F(LoadOrder, SoundAddOnIsIntroducedRegisteredAndRuns) {
-    ASSERT_TRUE(host.loadAddOn(bundle("Sound")));
-    EXPECT_EQ(host.addOnName(), "Gallery");
-    EXPECT_EQ(host.addOnDescription(), "Shows how a host bears a fault");
-    ASSERT_EQ(host.menus().size(), 1U);
+    ASSERT_TRUE(host_.loadAddOn(bundle("Sound")));
+    EXPECT_EQ(host_.addOnName(), "Gallery");
+    EXPECT_EQ(host_.addOnDescription(), "Shows how a host bears a fault");
+    ASSERT_EQ(host_.menus().size(), 1U);
     EXPECT_EQ(pick(), NoError);
-    EXPECT_TRUE(host.report().empty()) << reportText();
+    EXPECT_TRUE(host_.report().empty()) << reportText();
 }
 
 TEST_F(LoadOrder, RefusedTableEndsIt) {
@@ -97,12 +97,12 @@ TEST_F(LoadOrder, RefusedTableEndsIt) {
 
 TEST_F(LoadOrder, UnwillingAddOnIsUnloadedWithoutFreeData) {
     EXPECT_EQ(loadFailure(bundle("Unwilling")), "it does not want to run in this host");
-    EXPECT_TRUE(host.report().empty()) << reportText();
+    EXPECT_TRUE(host_.report().empty()) << reportText();
 }
 
 TEST_F(LoadOrder, SecondAddOnIsRefusedAndTheFirstStays) {
-    ASSERT_TRUE(host.loadAddOn(bundle("Sound")));
-    const model::Status second = host.loadAddOn(bundle("Sound"));
+    ASSERT_TRUE(host_.loadAddOn(bundle("Sound")));
+    const model::Status second = host_.loadAddOn(bundle("Sound"));
     ASSERT_FALSE(second);
     EXPECT_THAT(second.error().message, HasSubstr(": another one is loaded"));
     EXPECT_EQ(pick(), NoError);
@@ -130,36 +130,36 @@ TEST_F(FailedStart, CrashInRegisterInterfaceIsTold) {
 
 TEST_F(FailedStart, NextAddOnLoadsAfterwards) {
     loadFailure(bundle("InitializeFails"));
-    EXPECT_TRUE(host.loadAddOn(bundle("Sound")));
+    EXPECT_TRUE(host_.loadAddOn(bundle("Sound")));
 }
 
 TEST_F(Unloading, ImageIsGoneFromMemory) {
     const auto image = bundle("Sound") / "Contents" / "Linux" / "Sound";
-    ASSERT_TRUE(host.loadAddOn(bundle("Sound")));
-    host.unloadAddOn();
+    ASSERT_TRUE(host_.loadAddOn(bundle("Sound")));
+    host_.unloadAddOn();
     EXPECT_EQ(dlopen(image.c_str(), RTLD_NOW | RTLD_NOLOAD), nullptr);
 }
 
 TEST_F(Unloading, MenusAreGone) {
-    ASSERT_TRUE(host.loadAddOn(bundle("Sound")));
-    host.unloadAddOn();
-    EXPECT_TRUE(host.menus().empty());
-    EXPECT_EQ(host.addOnName(), "");
+    ASSERT_TRUE(host_.loadAddOn(bundle("Sound")));
+    host_.unloadAddOn();
+    EXPECT_TRUE(host_.menus().empty());
+    EXPECT_EQ(host_.addOnName(), "");
     EXPECT_EQ(pick(), APIERR_BADINDEX);
 }
 
 TEST_F(Unloading, AddOnCanBeLoadedAgain) {
     for (int round = 0; round < 3; ++round) {
-        ASSERT_TRUE(host.loadAddOn(bundle("Sound")));
+        ASSERT_TRUE(host_.loadAddOn(bundle("Sound")));
         EXPECT_EQ(pick(), NoError);
-        host.unloadAddOn();
+        host_.unloadAddOn();
     }
 }
 
 TEST_F(Unloading, CrashInFreeDataIsReported) {
-    ASSERT_TRUE(host.loadAddOn(bundle("CrashesInFreeData")));
-    host.unloadAddOn();
-    EXPECT_FALSE(host.addOnLoaded());
+    ASSERT_TRUE(host_.loadAddOn(bundle("CrashesInFreeData")));
+    host_.unloadAddOn();
+    EXPECT_FALSE(host_.addOnLoaded());
     EXPECT_THAT(reportText(), HasSubstr("crashed in freeData"));
 }
 

@@ -8,7 +8,7 @@ namespace testing_support {
 
 void Probe::probe(const IfcText& ifc) {
     openText(ifc.text());
-    const model::Status loaded = host.loadAddOn(bundle("Probe"));
+    const model::Status loaded = host_.loadAddOn(bundle("Probe"));
     ASSERT_TRUE(loaded) << loaded.error().message;
 }
 
@@ -17,8 +17,8 @@ void Probe::inCommand(std::function<void()> test) {
     void* const image = dlopen((bundle("Probe") / "Contents" / "Linux" / "Probe").c_str(), RTLD_NOW | RTLD_NOLOAD);
     ASSERT_NE(image, nullptr) << "the probe is not loaded";
     const auto setTest = reinterpret_cast<void (*)(std::function<void()>)>(dlsym(image, "setTest"));
-    table = reinterpret_cast<const HostFunction* (*)()>(dlsym(image, "givenTable"))();
-    client = reinterpret_cast<void* (*)()>(dlsym(image, "givenClient"))();
+    table_ = reinterpret_cast<const HostFunction* (*)()>(dlsym(image, "givenTable"))();
+    client_ = reinterpret_cast<void* (*)()>(dlsym(image, "givenClient"))();
     setTest(std::move(test));
     EXPECT_EQ(named(pick()), "NoError");
     setTest({});

@@ -22,8 +22,8 @@ protected:
     /// Calls a slot with the add-on's handle and these arguments.
     template <HostSlot slot, class... Arguments>
     auto call(Arguments&&... arguments) {
-        const auto function = reinterpret_cast<typename HostSlotFunction<slot>::Type>(table[static_cast<int>(slot)]);
-        return function(client, static_cast<Arguments&&>(arguments)...);
+        const auto function = reinterpret_cast<typename HostSlotFunction<slot>::Type>(table_[static_cast<int>(slot)]);
+        return function(client_, static_cast<Arguments&&>(arguments)...);
     }
 
     // The operations with the arguments that hardly ever differ.
@@ -33,8 +33,8 @@ protected:
     GSErrCode command(const std::function<GSErrCode()>& body);
     GSErrCode setAttribute(std::string_view guid, const char* name, const char* value);
 
-    const HostFunction* table = nullptr;
-    void* client = nullptr;
+    const HostFunction* table_ = nullptr;
+    void* client_ = nullptr;
 };
 
 API_Guid apiGuid(std::string_view guid);

@@ -25,22 +25,22 @@ protected:
         const auto wall = ifc.element("IfcWall", guidText(1), "Wall-01");
         ifc.property(wall, "Pset_WallCommon", "FireRating", "IFCLABEL('30')");
         ifc.classification(wall, "UniFormat Classification", "B2010", "Exterior Walls");
-        original = ifc.text();
-        openText(original);
+        original_ = ifc.text();
+        openText(original_);
     }
-    std::string original;
+    std::string original_;
 };
 INSTANTIATE_TEST_SUITE_P(EverySchema, RealAddOn, ::testing::Values("IFC2X3", "IFC4", "IFC4X3_ADD2"),
                          [](const auto& tested) { return std::string(tested.param); });
 
 TEST_P(RealAddOn, IntroducesItselfAndItsMenu) {
     loadAddOn();
-    EXPECT_FALSE(host.addOnName().empty());
-    EXPECT_FALSE(host.addOnDescription().empty());
-    ASSERT_EQ(host.menus().size(), 1U);
-    EXPECT_EQ(host.menus()[0].menuStrResID, AddOnMenu);
-    ASSERT_EQ(host.menus()[0].items.size(), 2U);
-    for (const host::MenuItem& item : host.menus()[0].items) {
+    EXPECT_FALSE(host_.addOnName().empty());
+    EXPECT_FALSE(host_.addOnDescription().empty());
+    ASSERT_EQ(host_.menus().size(), 1U);
+    EXPECT_EQ(host_.menus()[0].menuStrResID, AddOnMenu);
+    ASSERT_EQ(host_.menus()[0].items.size(), 2U);
+    for (const host::MenuItem& item : host_.menus()[0].items) {
         EXPECT_FALSE(item.text.IsEmpty());
         EXPECT_FALSE(item.prompt.IsEmpty());
     }
@@ -55,7 +55,7 @@ TEST_P(RealAddOn, ReviewsAnUpdateWithoutChangingTheModel) {
     EXPECT_EQ(rows[0].current, "30");
     EXPECT_EQ(rows[0].proposed, "60");
     EXPECT_TRUE(rows[0].tickable());
-    EXPECT_EQ(savedText(), original);
+    EXPECT_EQ(savedText(), original_);
 }
 
 TEST_P(RealAddOn, AppliesTickedRowsAsOneUndoStep) {
@@ -70,10 +70,10 @@ TEST_P(RealAddOn, AppliesTickedRowsAsOneUndoStep) {
     EXPECT_THAT(saved, HasSubstr("IFCLABEL('60')"));
     EXPECT_THAT(saved, HasSubstr("'New'"));
     EXPECT_THAT(saved, HasSubstr("'B2020','Windows'"));
-    EXPECT_TRUE(host.report().empty()) << reportText();
-    EXPECT_TRUE(host.undo());
-    EXPECT_FALSE(host.undo());
-    EXPECT_EQ(savedText(), original);
+    EXPECT_TRUE(host_.report().empty()) << reportText();
+    EXPECT_TRUE(host_.undo());
+    EXPECT_FALSE(host_.undo());
+    EXPECT_EQ(savedText(), original_);
 }
 
 TEST_P(RealAddOn, RefusedRowIsReportedWithTheReason) {
@@ -94,11 +94,11 @@ TEST_P(RealAddOn, LooksAnElementUp) {
 }
 
 TEST_P(RealAddOn, RunsFromABundleWithAnotherName) {
-    const auto renamed = folder.path() / "Renamed \xC3\xA4.bundle";
+    const auto renamed = folder_.path() / "Renamed \xC3\xA4.bundle";
     std::filesystem::copy(realBundle(), renamed, std::filesystem::copy_options::recursive);
-    const model::Status loaded = host.loadAddOn(renamed);
+    const model::Status loaded = host_.loadAddOn(renamed);
     ASSERT_TRUE(loaded) << loaded.error().message;
-    EXPECT_EQ(host.menus().size(), 1U);
+    EXPECT_EQ(host_.menus().size(), 1U);
 }
 
 TEST(RealAddOnAlone, CanBeBoundToATableOfTheTests) {

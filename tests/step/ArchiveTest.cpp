@@ -28,7 +28,7 @@ struct Entry {
 class Archives : public ::testing::Test {
 protected:
     fs::path archive(const std::string& name, const std::vector<Entry>& entries) {
-        const fs::path path = folder.path() / name;
+        const fs::path path = folder_.path() / name;
         zip_t* zip = zip_open(path.c_str(), ZIP_CREATE | ZIP_TRUNCATE, nullptr);
         for (const Entry& entry : entries) {
             zip_source_t* source = zip_source_buffer(zip, entry.bytes.data(), entry.bytes.size(), 0);
@@ -78,7 +78,7 @@ protected:
         return file.error().message;
     }
 
-    TempFolder folder;
+    TempFolder folder_;
 };
 
 TEST_F(Archives, OpenTheOneModelInThem) {
@@ -93,8 +93,8 @@ TEST_F(Archives, UneditedAreSavedByteForByte) {
     const fs::path path = archive("a.ifczip", {{"readme.txt", "hello"}, {"house.ifc", before}});
     const std::string bytes = bytesOf(path);
     const auto file = open(path);
-    ASSERT_TRUE(file->save(folder.path() / "b.ifczip"));
-    EXPECT_EQ(bytesOf(folder.path() / "b.ifczip"), bytes);
+    ASSERT_TRUE(file->save(folder_.path() / "b.ifczip"));
+    EXPECT_EQ(bytesOf(folder_.path() / "b.ifczip"), bytes);
     edit(*file);
     ASSERT_TRUE(file->undo());
     ASSERT_TRUE(file->save(path));
@@ -126,22 +126,22 @@ TEST_F(Archives, OfTheSameEditsHaveTheSameBytes) {
     for (const char* name : {"b.ifczip", "c.ifczip"}) {
         const auto file = open(path);
         edit(*file);
-        ASSERT_TRUE(file->save(folder.path() / name));
+        ASSERT_TRUE(file->save(folder_.path() / name));
     }
-    EXPECT_EQ(bytesOf(folder.path() / "b.ifczip"), bytesOf(folder.path() / "c.ifczip"));
+    EXPECT_EQ(bytesOf(folder_.path() / "b.ifczip"), bytesOf(folder_.path() / "c.ifczip"));
 }
 
 TEST_F(Archives, AreMadeAndUnpackedByTheTargetsName) {
-    const auto plain = open(folder.write("house.ifc", before));
+    const auto plain = open(folder_.write("house.ifc", before));
     edit(*plain);
-    ASSERT_TRUE(plain->save(folder.path() / "villa.IfcZip"));
-    const auto made = entries(folder.path() / "villa.IfcZip");
+    ASSERT_TRUE(plain->save(folder_.path() / "villa.IfcZip"));
+    const auto made = entries(folder_.path() / "villa.IfcZip");
     ASSERT_EQ(made.size(), 1U);
     EXPECT_EQ(made[0].name, "villa.ifc");
     EXPECT_EQ(made[0].bytes, after);
-    const auto packed = open(folder.path() / "villa.IfcZip");
-    ASSERT_TRUE(packed->save(folder.path() / "back.ifc"));
-    EXPECT_EQ(bytesOf(folder.path() / "back.ifc"), after);
+    const auto packed = open(folder_.path() / "villa.IfcZip");
+    ASSERT_TRUE(packed->save(folder_.path() / "back.ifc"));
+    EXPECT_EQ(bytesOf(folder_.path() / "back.ifc"), after);
 }
 
 TEST_F(Archives, StayArchivesWhateverTheyAreNamed) {
@@ -157,8 +157,8 @@ TEST_F(Archives, OverwrittenByOthersAreStillSavedWhole) {
     const auto file = open(path);
     edit(*file);
     fs::resize_file(path, 0);
-    ASSERT_TRUE(file->save(folder.path() / "b.ifczip"));
-    EXPECT_EQ(entries(folder.path() / "b.ifczip").at(0).bytes, "hello");
+    ASSERT_TRUE(file->save(folder_.path() / "b.ifczip"));
+    EXPECT_EQ(entries(folder_.path() / "b.ifczip").at(0).bytes, "hello");
 }
 
 TEST_F(Archives, WithoutExactlyOneModelAreRefused) {
@@ -174,9 +174,9 @@ TEST_F(Archives, ThatAreDamagedAreRefused) {
     const std::size_t wall = bytes.find("#1=A(1)");
     std::string flipped = bytes;
     flipped[wall + 5] = '7';
-    EXPECT_THAT(openingError(folder.write("flipped.ifczip", flipped)), HasSubstr("damaged"));
-    EXPECT_THAT(openingError(folder.write("cut.ifczip", bytes.substr(0, bytes.size() / 2))), HasSubstr("damaged"));
-    EXPECT_THAT(openingError(folder.write("start.ifczip", bytes.substr(0, 4))), HasSubstr("damaged"));
+    EXPECT_THAT(openingError(folder_.write("flipped.ifczip", flipped)), HasSubstr("damaged"));
+    EXPECT_THAT(openingError(folder_.write("cut.ifczip", bytes.substr(0, bytes.size() / 2))), HasSubstr("damaged"));
+    EXPECT_THAT(openingError(folder_.write("start.ifczip", bytes.substr(0, 4))), HasSubstr("damaged"));
 }
 
 TEST_F(Archives, ThatWouldFillTheMemoryAreRefused) {

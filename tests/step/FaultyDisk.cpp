@@ -11,38 +11,38 @@ namespace fs = std::filesystem;
 
 class FakeTemporaryFile final : public TemporaryFile {
 public:
-    explicit FakeTemporaryFile(FaultyDisk& owner) : disk(owner) { ++disk.temporaries; }
+    explicit FakeTemporaryFile(FaultyDisk& owner) : disk_(owner) { ++disk_.temporaries; }
     ~FakeTemporaryFile() override {
-        if (!replaced) --disk.temporaries;
+        if (!replaced_) --disk_.temporaries;
     }
 
     std::error_code write(std::span<const std::string_view> pieces) override {
-        const std::error_code error = disk.step("write");
-        std::this_thread::sleep_for(disk.slowness);
-        for (const std::string_view piece : pieces) bytes += piece;
+        const std::error_code error = disk_.step("write");
+        std::this_thread::sleep_for(disk_.slowness);
+        for (const std::string_view piece : pieces) bytes_ += piece;
         // A disk that gets full has taken the first part.
-        if (error) bytes.resize(bytes.size() / 2);
+        if (error) bytes_.resize(bytes_.size() / 2);
         return error;
     }
-    std::error_code takeOver(const FileState&, const fs::path&) override { return disk.step("takeOver"); }
-    std::error_code sync() override { return disk.step("sync"); }
+    std::error_code takeOver(const FileState&, const fs::path&) override { return disk_.step("takeOver"); }
+    std::error_code sync() override { return disk_.step("sync"); }
     std::error_code replace(const fs::path& target) override {
-        if (const std::error_code error = disk.step("replace")) return error;
-        disk.put(target.string(), bytes);
-        replaced = true;
-        --disk.temporaries;
+        if (const std::error_code error = disk_.step("replace")) return error;
+        disk_.put(target.string(), bytes_);
+        replaced_ = true;
+        --disk_.temporaries;
         return {};
     }
 
 private:
-    FaultyDisk& disk;
-    std::string bytes;
-    bool replaced = false;
+    FaultyDisk& disk_;
+    std::string bytes_;
+    bool replaced_ = false;
 };
 
 void FaultyDisk::put(const std::string& path, const std::string& bytes) {
     files[path] = bytes;
-    times[path] = ++clock;
+    times_[path] = ++clock_;
 }
 
 std::error_code FaultyDisk::step(const char* name) {
@@ -64,7 +64,7 @@ std::error_code FaultyDisk::state(const fs::path& path, FileState& state) {
     if (file == files.end()) return {};
     state.exists = state.regular = state.writable = true;
     state.size = file->second.size();
-    state.modified = times[path.string()];
+    state.modified = times_[path.string()];
     return {};
 }
 

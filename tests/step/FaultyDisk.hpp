@@ -40,8 +40,8 @@ public:
 private:
     friend class FakeTemporaryFile;
 
-    std::map<std::string, std::int64_t> times;
-    std::int64_t clock = 0;
+    std::map<std::string, std::int64_t> times_;
+    std::int64_t clock_ = 0;
 };
 
 }  // namespace step_tests

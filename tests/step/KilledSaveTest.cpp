@@ -28,13 +28,13 @@ std::string version(char digit) {
 class SavingProgram {
 public:
     SavingProgram(const std::filesystem::path& path, char firstDigit) {
-        if (::pipe(pipe) != 0) throw std::runtime_error("no pipe");
-        process = ::fork();
-        if (process == 0) run(path, firstDigit);
+        if (::pipe(pipe_) != 0) throw std::runtime_error("no pipe");
+        process_ = ::fork();
+        if (process_ == 0) run(path, firstDigit);
     }
     ~SavingProgram() {
-        ::close(pipe[0]);
-        ::close(pipe[1]);
+        ::close(pipe_[0]);
+        ::close(pipe_[1]);
     }
     SavingProgram(const SavingProgram&) = delete;
     SavingProgram& operator=(const SavingProgram&) = delete;
@@ -42,18 +42,18 @@ public:
     /// Until it begins to save or has saved.
     void waitForSign() {
         char sign = 0;
-        EXPECT_EQ(::read(pipe[0], &sign, 1), 1);
+        EXPECT_EQ(::read(pipe_[0], &sign, 1), 1);
     }
     void kill() {
         int status = 0;
-        ::kill(process, SIGKILL);
-        EXPECT_EQ(::waitpid(process, &status, 0), process);
+        ::kill(process_, SIGKILL);
+        EXPECT_EQ(::waitpid(process_, &status, 0), process_);
         EXPECT_TRUE(WIFSIGNALED(status)) << "saving failed";
     }
 
 private:
     void sign() {
-        if (::write(pipe[1], "s", 1) != 1) ::_exit(1);
+        if (::write(pipe_[1], "s", 1) != 1) ::_exit(1);
     }
 
     [[noreturn]] void run(const std::filesystem::path& path, char digit) {
@@ -71,8 +71,8 @@ private:
         ::_exit(1);
     }
 
-    int pipe[2] = {};
-    pid_t process = -1;
+    int pipe_[2] = {};
+    pid_t process_ = -1;
 };
 
 using Clock = std::chrono::steady_clock;

@@ -30,14 +30,14 @@ protected:
         ASSERT_TRUE(file.commit("Edit"));
     }
 
-    TempFolder folder;
-    std::filesystem::path house = folder.write("house.ifc", before);
+    TempFolder folder_;
+    std::filesystem::path house_ = folder_.write("house.ifc", before);
 };
 
 TEST_F(Locking, TheSecondToOpenAFileIsToldWhoHasIt) {
-    const auto first = open(house);
+    const auto first = open(house_);
     EXPECT_EQ(first->lockHolder(), "");
-    const auto second = open(house);
+    const auto second = open(house_);
     EXPECT_EQ(second->lockHolder(), "this program itself");
 }
 
@@ -46,7 +46,7 @@ TEST_F(Locking, AnotherProgramIsNamed) {
     ASSERT_EQ(::pipe(ready), 0);
     const pid_t child = ::fork();
     if (child == 0) {
-        const auto file = StepFile::open(house);
+        const auto file = StepFile::open(house_);
         char byte = file ? 'y' : 'n';
         (void)!::write(ready[1], &byte, 1);
         ::pause();
@@ -54,80 +54,80 @@ TEST_F(Locking, AnotherProgramIsNamed) {
     }
     char byte = 0;
     ASSERT_EQ(::read(ready[0], &byte, 1), 1);
-    const auto file = open(house);
+    const auto file = open(house_);
     EXPECT_THAT(file->lockHolder(), HasSubstr("step_tests (process " + std::to_string(child) + ")"));
     ::kill(child, SIGKILL);
     ::waitpid(child, nullptr, 0);
     // With the program its lock is gone.
-    EXPECT_EQ(open(house)->lockHolder(), "");
+    EXPECT_EQ(open(house_)->lockHolder(), "");
     ::close(ready[0]);
     ::close(ready[1]);
 }
 
 TEST_F(Locking, TheSecondSavesUnderAnotherNameOnly) {
-    const auto first = open(house);
-    const auto second = open(house);
+    const auto first = open(house_);
+    const auto second = open(house_);
     edit(*second, "2");
-    const Status saved = second->save(house);
+    const Status saved = second->save(house_);
     ASSERT_FALSE(saved);
     EXPECT_EQ(saved.error().kind, ErrorKind::CannotWrite);
     EXPECT_THAT(saved.error().message, HasSubstr("the file is open in this program itself"));
-    EXPECT_EQ(bytesOf(house), before);
-    EXPECT_TRUE(second->save(folder.path() / "other.ifc"));
+    EXPECT_EQ(bytesOf(house_), before);
+    EXPECT_TRUE(second->save(folder_.path() / "other.ifc"));
 }
 
 TEST_F(Locking, ForceDoesNotOverrideALock) {
-    const auto first = open(house);
-    const auto second = open(house);
+    const auto first = open(house_);
+    const auto second = open(house_);
     SaveOptions options;
     options.force = true;
-    EXPECT_FALSE(second->save(house, options));
+    EXPECT_FALSE(second->save(house_, options));
 }
 
 TEST_F(Locking, AnyOpenFileIsSafeFromSavingOverIt) {
-    const auto other = open(folder.write("other.ifc", before));
-    EXPECT_FALSE(open(house)->save(folder.path() / "other.ifc"));
+    const auto other = open(folder_.write("other.ifc", before));
+    EXPECT_FALSE(open(house_)->save(folder_.path() / "other.ifc"));
 }
 
 TEST_F(Locking, TheLockFollowsTheFileThroughASave) {
-    const auto first = open(house);
+    const auto first = open(house_);
     edit(*first, "2");
-    ASSERT_TRUE(first->save(house));
-    EXPECT_NE(open(house)->lockHolder(), "");
+    ASSERT_TRUE(first->save(house_));
+    EXPECT_NE(open(house_)->lockHolder(), "");
     edit(*first, "3");
-    EXPECT_TRUE(first->save(house));
+    EXPECT_TRUE(first->save(house_));
 }
 
 TEST_F(Locking, TheSecondSavesOnceTheFirstIsGoneAndLeftTheFileAlone) {
-    auto first = open(house);
-    const auto second = open(house);
+    auto first = open(house_);
+    const auto second = open(house_);
     edit(*second, "2");
     first.reset();
-    const Status saved = second->save(house);
+    const Status saved = second->save(house_);
     EXPECT_TRUE(saved) << saved.error().message;
 }
 
 TEST_F(Locking, TheSecondDoesNotOverwriteWhatTheFirstSaved) {
-    auto first = open(house);
-    const auto second = open(house);
+    auto first = open(house_);
+    const auto second = open(house_);
     edit(*first, "2");
-    ASSERT_TRUE(first->save(house));
+    ASSERT_TRUE(first->save(house_));
     first.reset();
     edit(*second, "3");
-    EXPECT_THAT(second->save(house).error().message, HasSubstr("another program has changed the file"));
-    EXPECT_EQ(bytesOf(house), fileOf("#1=A(2);\n"));
+    EXPECT_THAT(second->save(house_).error().message, HasSubstr("another program has changed the file"));
+    EXPECT_EQ(bytesOf(house_), fileOf("#1=A(2);\n"));
 }
 
 TEST_F(Locking, ReadersTakeNoLock) {
-    const auto reader = open(house, false);
-    const auto editor = open(house);
+    const auto reader = open(house_, false);
+    const auto editor = open(house_);
     EXPECT_EQ(editor->lockHolder(), "");
 }
 
 TEST_F(Locking, AReaderThatSavesAfterAllRespectsLocks) {
-    const auto editor = open(house);
-    const auto reader = open(house, false);
-    EXPECT_FALSE(reader->save(house));
+    const auto editor = open(house_);
+    const auto reader = open(house_, false);
+    EXPECT_FALSE(reader->save(house_));
 }
 
 }  // namespace

@@ -24,24 +24,24 @@ std::filesystem::path realBundle() {
 }
 
 DebugCapture::DebugCapture() {
-    before = frontend::setDebugSink([this](const char* output) { text += output; });
+    before_ = frontend::setDebugSink([this](const char* output) { text += output; });
 }
 
 DebugCapture::~DebugCapture() {
-    frontend::setDebugSink(before);
+    frontend::setDebugSink(before_);
 }
 
 void HostFixture::openFile(const std::filesystem::path& file) {
-    const model::Status opened = host.openModel(file);
+    const model::Status opened = host_.openModel(file);
     ASSERT_TRUE(opened) << opened.error().message;
 }
 
 void HostFixture::openText(std::string_view ifc) {
-    openFile(folder.write("model.ifc", ifc));
+    openFile(folder_.write("model.ifc", ifc));
 }
 
 void HostFixture::loadAddOn() {
-    const model::Status loaded = host.loadAddOn(realBundle());
+    const model::Status loaded = host_.loadAddOn(realBundle());
     ASSERT_TRUE(loaded) << loaded.error().message;
 }
 
@@ -50,23 +50,23 @@ std::vector<ImportRow> HostFixture::review(std::string_view updates) {
 }
 
 std::vector<ImportRow> HostFixture::import(std::string_view updates, const std::function<void(ImportDialog&)>& user) {
-    if (!host.addOnLoaded()) loadAddOn();
+    if (!host_.addOnLoaded()) loadAddOn();
     std::vector<ImportRow> rows;
-    view.pickNextFile(folder.write("updates.txt", updates).string());
-    view.inNextDialog([&](frontend::Dialog& shown) {
+    view_.pickNextFile(folder_.write("updates.txt", updates).string());
+    view_.inNextDialog([&](frontend::Dialog& shown) {
         ImportDialog dialog(shown);
         user(dialog);
         rows = dialog.rows();
     });
-    EXPECT_EQ(host.pickMenuItem(AddOnMenu, ImportItem), NoError);
+    EXPECT_EQ(host_.pickMenuItem(AddOnMenu, ImportItem), NoError);
     return rows;
 }
 
 std::vector<std::pair<std::string, std::string>> HostFixture::lookup(std::string_view guid) {
     constexpr Int16 LookUp = 1, GuidText = 3, Results = 4;
-    if (!host.addOnLoaded()) loadAddOn();
+    if (!host_.addOnLoaded()) loadAddOn();
     std::vector<std::pair<std::string, std::string>> rows;
-    view.inNextDialog([&](frontend::Dialog& dialog) {
+    view_.inNextDialog([&](frontend::Dialog& dialog) {
         EXPECT_TRUE(dialog.typeText(GuidText, std::string(guid).c_str()));
         EXPECT_TRUE(dialog.clickItem(LookUp));
         const frontend::List* results = dialog.list(Results);
@@ -75,20 +75,20 @@ std::vector<std::pair<std::string, std::string>> HostFixture::lookup(std::string
             rows.emplace_back(results->cell(row, 1).ToCStr(), results->cell(row, 2).ToCStr());
         }
     });
-    EXPECT_EQ(host.pickMenuItem(AddOnMenu, LookupItem), NoError);
+    EXPECT_EQ(host_.pickMenuItem(AddOnMenu, LookupItem), NoError);
     return rows;
 }
 
 std::string HostFixture::savedText() {
-    const std::filesystem::path file = folder.path() / ("saved" + std::to_string(++saves) + ".ifc");
-    const model::Status saved = host.save(file);
+    const std::filesystem::path file = folder_.path() / ("saved" + std::to_string(++saves_) + ".ifc");
+    const model::Status saved = host_.save(file);
     EXPECT_TRUE(saved) << saved.error().message;
     return saved ? bytesOf(file) : std::string();
 }
 
 std::string HostFixture::reportText() const {
     std::string text;
-    for (const host::ReportLine& line : host.report()) text += line.text + "\n";
+    for (const host::ReportLine& line : host_.report()) text += line.text + "\n";
     return text;
 }
 

@@ -38,7 +38,7 @@ public:
     std::string text;
 
 private:
-    frontend::DebugSink before;
+    frontend::DebugSink before_;
 };
 
 class HostFixture : public ::testing::Test {
@@ -63,16 +63,16 @@ protected:
     std::string savedText();
     /// The report, a line each.
     std::string reportText() const;
-    const std::string& debugOutput() const { return debug.text; }
+    const std::string& debugOutput() const { return debug_.text; }
 
     // In this order: the add-on may still write, and its dialogs close, while the host goes away.
-    TempFolder folder;
-    DebugCapture debug;
-    ScriptedView view;
-    host::Host host;
+    TempFolder folder_;
+    DebugCapture debug_;
+    ScriptedView view_;
+    host::Host host_;
 
 private:
-    int saves = 0;
+    int saves_ = 0;
 };
 
 }  // namespace testing_support

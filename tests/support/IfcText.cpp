@@ -63,10 +63,10 @@ std::string stepText(std::string_view text) {
     return result + "'";
 }
 
-IfcText::IfcText(std::string schemaName) : schema(std::move(schemaName)) {}
+IfcText::IfcText(std::string schemaName) : schema_(std::move(schemaName)) {}
 
 std::string IfcText::instance(std::string_view ifcClass, const Values& values) const {
-    const model::ifc::Entity& entity = entityOf(schema, ifcClass);
+    const model::ifc::Entity& entity = entityOf(schema_, ifcClass);
     std::vector<std::string> arguments;
     for (const auto& attribute : entity.attributes()) arguments.emplace_back(attribute.derived ? "*" : "$");
     for (const auto& [name, value] : values) {
@@ -81,17 +81,17 @@ std::string IfcText::instance(std::string_view ifcClass, const Values& values) c
 }
 
 Id IfcText::add(std::string_view ifcClass, const Values& values) {
-    const Id id = ++lastId;
-    instances[id] = instance(ifcClass, values);
+    const Id id = ++lastId_;
+    instances_[id] = instance(ifcClass, values);
     return id;
 }
 
 std::string IfcText::newGuid() {
-    return stepText(globalId(fmt::format("0DDBA11E-0000-4000-8000-0000{:08X}", ++guidsMade)));
+    return stepText(globalId(fmt::format("0DDBA11E-0000-4000-8000-0000{:08X}", ++guidsMade_)));
 }
 
 std::string IfcText::ownerHistory() {
-    if (history == 0) {
+    if (history_ == 0) {
         const Id person = add("IfcPerson", {});
         const Id organization = add("IfcOrganization", {{"Name", "'Test'"}});
         const Id both = add("IfcPersonAndOrganization",
@@ -100,12 +100,12 @@ std::string IfcText::ownerHistory() {
                                                       {"Version", "'1'"},
                                                       {"ApplicationFullName", "'Test'"},
                                                       {"ApplicationIdentifier", "'test'"}});
-        history = add("IfcOwnerHistory", {{"OwningUser", reference(both)},
-                                          {"OwningApplication", reference(application)},
-                                          {"ChangeAction", ".ADDED."},
-                                          {"CreationDate", "0"}});
+        history_ = add("IfcOwnerHistory", {{"OwningUser", reference(both)},
+                                           {"OwningApplication", reference(application)},
+                                           {"ChangeAction", ".ADDED."},
+                                           {"CreationDate", "0"}});
     }
-    return reference(history);
+    return reference(history_);
 }
 
 Id IfcText::element(std::string_view ifcClass, std::string_view guid, std::string_view name, const Values& more) {
@@ -116,13 +116,13 @@ Id IfcText::element(std::string_view ifcClass, std::string_view guid, std::strin
 }
 
 IfcText::PropertySet& IfcText::setOf(Id element, std::string_view name) {
-    for (PropertySet& set : propertySets) {
+    for (PropertySet& set : propertySets_) {
         if (set.element == element && set.name == name) return set;
     }
     ownerHistory();  // Before the numbers below: the history comes first in the file.
-    const Id id = ++lastId;
-    const Id relation = ++lastId;
-    return propertySets.emplace_back(PropertySet{element, std::string(name), id, relation, newGuid(), newGuid(), {}});
+    const Id id = ++lastId_;
+    const Id relation = ++lastId_;
+    return propertySets_.emplace_back(PropertySet{element, std::string(name), id, relation, newGuid(), newGuid(), {}});
 }
 
 Id IfcText::singleValue(std::string_view name, std::string_view value) {
@@ -159,7 +159,7 @@ void IfcText::classification(Id element, std::string_view systemLabel, std::stri
                              std::string_view name, std::string_view classificationName) {
     const Id source =
         add("IfcClassification", {{"Source", "'Test'"}, {"Edition", "'1'"}, {"Name", stepText(classificationName)}});
-    const std::string_view itemAttribute = schema.starts_with("IFC2X3") ? "ItemReference" : "Identification";
+    const std::string_view itemAttribute = schema_.starts_with("IFC2X3") ? "ItemReference" : "Identification";
     const Id entry = add("IfcClassificationReference", {{itemAttribute, optionalText(itemReference)},
                                                         {"Name", optionalText(name)},
                                                         {"ReferencedSource", reference(source)}});
@@ -177,21 +177,21 @@ std::string IfcText::placementAt(double x, double y, double z) {
 }
 
 std::string IfcText::text() const {
-    std::map<Id, std::string> all = instances;
-    for (const PropertySet& set : propertySets) {
+    std::map<Id, std::string> all = instances_;
+    for (const PropertySet& set : propertySets_) {
         all[set.id] = instance("IfcPropertySet", {{"GlobalId", set.guid},
-                                                  {"OwnerHistory", reference(history)},
+                                                  {"OwnerHistory", reference(history_)},
                                                   {"Name", stepText(set.name)},
                                                   {"HasProperties", references(set.members)}});
         all[set.relation] = instance("IfcRelDefinesByProperties", {{"GlobalId", set.relationGuid},
-                                                                   {"OwnerHistory", reference(history)},
+                                                                   {"OwnerHistory", reference(history_)},
                                                                    {"RelatedObjects", references({set.element})},
                                                                    {"RelatingPropertyDefinition", reference(set.id)}});
     }
     std::string result =
         "ISO-10303-21;\nHEADER;\nFILE_DESCRIPTION(('ViewDefinition [CoordinationView]'),'2;1');\n"
         "FILE_NAME('test.ifc','2024-01-01T00:00:00',(''),(''),'','','');\n";
-    result += fmt::format("FILE_SCHEMA(('{}'));\nENDSEC;\nDATA;\n", schema);
+    result += fmt::format("FILE_SCHEMA(('{}'));\nENDSEC;\nDATA;\n", schema_);
     for (const auto& [id, content] : all) result += fmt::format("#{}={};\n", id, content);
     return result + "ENDSEC;\nEND-ISO-10303-21;\n";
 }

@@ -67,13 +67,13 @@ private:
     PropertySet& setOf(Id element, std::string_view name);
     Id singleValue(std::string_view name, std::string_view value);
 
-    std::string schema;
-    unsigned guidsMade = 0;
-    Id lastId = 0;
-    Id history = 0;
-    std::map<Id, std::string> instances;
+    std::string schema_;
+    unsigned guidsMade_ = 0;
+    Id lastId_ = 0;
+    Id history_ = 0;
+    std::map<Id, std::string> instances_;
     /// Written by text(), when their members are known.
-    std::deque<PropertySet> propertySets;
+    std::deque<PropertySet> propertySets_;
 };
 
 }  // namespace testing_support

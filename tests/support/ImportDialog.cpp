@@ -17,7 +17,7 @@ std::ostream& operator<<(std::ostream& stream, const ImportRow& row) {
 }
 
 const frontend::List& ImportDialog::list() const {
-    const frontend::List* review = dialog.list(Review);
+    const frontend::List* review = dialog_.list(Review);
     if (review == nullptr) throw std::runtime_error("the open dialog has no review list");
     return *review;
 }
@@ -46,12 +46,12 @@ std::vector<ImportRow> ImportDialog::rows() const {
 
 ImportDialog& ImportDialog::tick(Int16 row) {
     const Int16 inTickColumn = list().tabFields().at(0).begin;
-    EXPECT_TRUE(dialog.clickRow(Review, row, inTickColumn));
+    EXPECT_TRUE(dialog_.clickRow(Review, row, inTickColumn));
     return *this;
 }
 
 ImportDialog& ImportDialog::click(Item item) {
-    EXPECT_TRUE(dialog.clickItem(item)) << "item " << item;
+    EXPECT_TRUE(dialog_.clickItem(item)) << "item " << item;
     return *this;
 }
 

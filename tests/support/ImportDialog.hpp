@@ -27,12 +27,12 @@ public:
     enum Item : Int16 { Apply = 1, Close = 2, SelectAll = 3, DeselectAll = 4, Review = 5 };
     static constexpr Int16 Resource = 32501;
 
-    explicit ImportDialog(frontend::Dialog& shown) : dialog(shown) {}
+    explicit ImportDialog(frontend::Dialog& shown) : dialog_(shown) {}
 
     ImportRow row(Int16 number) const;
     std::vector<ImportRow> rows() const;
     const frontend::List& list() const;
-    frontend::Dialog& shown() const { return dialog; }
+    frontend::Dialog& shown() const { return dialog_; }
 
     ImportDialog& tick(Int16 row);  ///< A click in the row's tick column: it toggles.
     ImportDialog& selectAll() { return click(SelectAll); }
@@ -43,7 +43,7 @@ public:
 private:
     ImportDialog& click(Item item);
 
-    frontend::Dialog& dialog;
+    frontend::Dialog& dialog_;
 };
 
 }  // namespace testing_support

@@ -12,15 +12,15 @@ RawAddOn::RawAddOn() : RawAddOn(realBundle()) {}
 
 RawAddOn::RawAddOn(const std::filesystem::path& bundle) {
     const std::filesystem::path file = bundle / "Contents" / "Linux" / bundle.stem();
-    image = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (image == nullptr) throw std::runtime_error(dlerror());
+    image_ = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (image_ == nullptr) throw std::runtime_error(dlerror());
     const auto getExported = reinterpret_cast<GetExportedFuncAddrsProc*>(symbol("GetExportedFuncAddrs"));
     if (getExported == nullptr) throw std::runtime_error("no GetExportedFuncAddrs in " + file.string());
     getExported(&exported);
 }
 
 RawAddOn::~RawAddOn() {
-    dlclose(image);
+    dlclose(image_);
 }
 
 GSErrCode RawAddOn::bind() {
@@ -37,7 +37,7 @@ __attribute__((noinline)) GSErrCode RawAddOn::initialize(void* client) {
 }
 
 void* RawAddOn::symbol(const char* name) const {
-    return dlsym(image, name);
+    return dlsym(image_, name);
 }
 
 }  // namespace testing_support

@@ -39,7 +39,7 @@ public:
     std::array<HostFunction, HostTableSize> table{};  ///< All slots empty at first.
 
 private:
-    void* image;
+    void* image_;
 };
 
 }  // namespace testing_support

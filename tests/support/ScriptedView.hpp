@@ -29,20 +29,20 @@ public:
     void cancelNextFile();
 
     /// The file dialogs shown so far.
-    const std::vector<frontend::FileRequest>& fileRequests() const { return requests; }
+    const std::vector<frontend::FileRequest>& fileRequests() const { return requests_; }
     /// How often something changed in an open dialog.
-    int changes() const { return changeCount; }
+    int changes() const { return changeCount_; }
 
 private:
     void runModal(frontend::Dialog& dialog) override;
     std::optional<std::string> pickFile(const frontend::FileRequest& request) override;
     void changed(frontend::Dialog& dialog, Int16 item) override;
 
-    frontend::View* before;
-    std::deque<Actions> dialogs;
-    std::deque<std::optional<std::string>> files;
-    std::vector<frontend::FileRequest> requests;
-    int changeCount = 0;
+    frontend::View* before_;
+    std::deque<Actions> dialogs_;
+    std::deque<std::optional<std::string>> files_;
+    std::vector<frontend::FileRequest> requests_;
+    int changeCount_ = 0;
 };
 
 }  // namespace testing_support

@@ -13,16 +13,16 @@ namespace testing_support {
 TempFolder::TempFolder() {
     std::string pattern = (std::filesystem::temp_directory_path() / "modelhost-test-XXXXXX").string();
     if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder: " + pattern);
-    folder = pattern;
+    folder_ = pattern;
 }
 
 TempFolder::~TempFolder() {
     std::error_code ignored;  // A folder left behind is no reason to end a test program.
-    std::filesystem::remove_all(folder, ignored);
+    std::filesystem::remove_all(folder_, ignored);
 }
 
 std::filesystem::path TempFolder::write(std::string_view name, std::string_view bytes) const {
-    std::filesystem::path file = folder / name;
+    std::filesystem::path file = folder_ / name;
     std::ofstream stream(file, std::ios::binary);
     stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     stream.close();

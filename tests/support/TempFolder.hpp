@@ -14,12 +14,12 @@ public:
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
 
-    const std::filesystem::path& path() const { return folder; }
+    const std::filesystem::path& path() const { return folder_; }
     /// Writes a file with exactly these bytes. @return its path.
     std::filesystem::path write(std::string_view name, std::string_view bytes) const;
 
 private:
-    std::filesystem::path folder;
+    std::filesystem::path folder_;
 };
 
 /// The whole content of a file; fails the test where it cannot be read.

@@ -23,28 +23,28 @@ void checkType(const std::string& type) {
 }  // namespace
 
 ElementFilter::ElementFilter(const model::Model& theModel, std::string theType, const std::string& className)
-    : model(theModel), type(std::move(theType)) {
-    if (!type.empty()) checkType(type);
+    : model_(theModel), type_(std::move(theType)) {
+    if (!type_.empty()) checkType(type_);
     if (className.empty()) return;
-    const auto version = model::ifc::Schema::versionOf(model.schemaName());
-    schema = version ? &model::ifc::Schema::of(*version) : nullptr;
-    ifcClass = schema == nullptr ? nullptr : schema->entity(className);
-    if (ifcClass == nullptr)
+    const auto version = model::ifc::Schema::versionOf(model_.schemaName());
+    schema_ = version ? &model::ifc::Schema::of(*version) : nullptr;
+    ifcClass_ = schema_ == nullptr ? nullptr : schema_->entity(className);
+    if (ifcClass_ == nullptr)
         throw Failure(
-            fmt::format("--class {}: {} has no such class; write one such as IfcWall", className, model.schemaName()));
+            fmt::format("--class {}: {} has no such class; write one such as IfcWall", className, model_.schemaName()));
 }
 
 bool ElementFilter::takes(const model::ElementInfo& info) const {
-    if (!type.empty() && !equalIgnoringCase(type, info.typeName)) return false;
-    if (ifcClass == nullptr) return true;
-    const model::ifc::Entity* entity = schema->entity(info.ifcClass);
-    return entity != nullptr && entity->isA(ifcClass->name());
+    if (!type_.empty() && !equalIgnoringCase(type_, info.typeName)) return false;
+    if (ifcClass_ == nullptr) return true;
+    const model::ifc::Entity* entity = schema_->entity(info.ifcClass);
+    return entity != nullptr && entity->isA(ifcClass_->name());
 }
 
 std::vector<model::Element> ElementFilter::elements() const {
     std::vector<model::Element> taken;
-    for (model::Element element = 0; element < model.elementCount(); ++element) {
-        const model::ElementInfo info = model.info(element);
+    for (model::Element element = 0; element < model_.elementCount(); ++element) {
+        const model::ElementInfo info = model_.info(element);
         if (takes(info)) taken.push_back(element);
     }
     return taken;

@@ -22,10 +22,10 @@ public:
 private:
     bool takes(const model::ElementInfo& info) const;
 
-    const model::Model& model;
-    std::string type;
-    const model::ifc::Schema* schema = nullptr;
-    const model::ifc::Entity* ifcClass = nullptr;
+    const model::Model& model_;
+    std::string type_;
+    const model::ifc::Schema* schema_ = nullptr;
+    const model::ifc::Entity* ifcClass_ = nullptr;
 };
 
 }  // namespace console

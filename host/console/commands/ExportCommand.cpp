@@ -35,31 +35,31 @@ JsonValue jsonOf(const LeftOut::Group& group) {
 class Lines {
 public:
     explicit Lines(const ExportOptions& options)
-        : json(options.common.format == Format::Json), terminal(Terminal::standardOutput().present) {
-        if (options.output) file.emplace(*options.output);
+        : json_(options.common.format == Format::Json), terminal_(Terminal::standardOutput().present) {
+        if (options.output) file_.emplace(*options.output);
     }
 
     void take(const ExportedValue& value) {
-        if (json) document.push_back(jsonOf(value));
-        if (file) return file->write(lineOf(value));
-        if (json) return;
-        print(terminal ? fmt::format("{}\t{}\t{}\t{}\n", value.guid, visible(value.item), visible(value.value),
-                                     visible(value.value))
-                       : lineOf(value));
+        if (json_) document_.push_back(jsonOf(value));
+        if (file_) return file_->write(lineOf(value));
+        if (json_) return;
+        print(terminal_ ? fmt::format("{}\t{}\t{}\t{}\n", value.guid, visible(value.item), visible(value.value),
+                                      visible(value.value))
+                        : lineOf(value));
     }
 
     void finish() {
-        if (file) file->commit();
-        file.reset();
+        if (file_) file_->commit();
+        file_.reset();
     }
 
-    JsonValue& asJson() { return document; }
+    JsonValue& asJson() { return document_; }
 
 private:
-    bool json;
-    bool terminal;
-    std::optional<OutputFile> file;
-    JsonValue document = JsonValue::array();
+    bool json_;
+    bool terminal_;
+    std::optional<OutputFile> file_;
+    JsonValue document_ = JsonValue::array();
 };
 
 void printAsJson(Lines& lines, const Exporter& exporter, const ExportOptions& options) {

@@ -22,27 +22,27 @@ ElementData read(const model::Model& model, model::Element element) {
 }  // namespace
 
 Exporter::Exporter(const model::Model& theModel, std::vector<std::string> designations, Sink theSink)
-    : model(theModel), sink(std::move(theSink)) {
+    : model_(theModel), sink_(std::move(theSink)) {
     for (std::string& text : designations) {
         std::u16string name = nameOf(text);
-        items.push_back({std::move(text), std::move(name)});
+        items_.push_back({std::move(text), std::move(name)});
     }
 }
 
 void Exporter::write(model::Element element) {
-    const model::ElementInfo info = model.info(element);
-    const LineSubject subject{guidText(info.guid), info.guid == model::Guid{}, !model.name(element).empty()};
-    const ElementData data = read(model, element);
-    for (const Item& item : items) writeItem(subject, data, item);
+    const model::ElementInfo info = model_.info(element);
+    const LineSubject subject{guidText(info.guid), info.guid == model::Guid{}, !model_.name(element).empty()};
+    const ElementData data = read(model_, element);
+    for (const Item& item : items_) writeItem(subject, data, item);
 }
 
 void Exporter::writeItem(const LineSubject& subject, const ElementData& data, const Item& item) {
     const CurrentText current = currentText(data, item.name);
     const UpdateLine line = updateLine(subject, item.text, current);
-    if (line.obstacle != Obstacle::None) return out.add(line.obstacle, item.text, subject.guid);
-    if (current.ambiguous) ++several[item.text];
-    ++lines;
-    sink({subject.guid, item.text, line.value});
+    if (line.obstacle != Obstacle::None) return out_.add(line.obstacle, item.text, subject.guid);
+    if (current.ambiguous) ++several_[item.text];
+    ++lines_;
+    sink_({subject.guid, item.text, line.value});
 }
 
 }  // namespace console

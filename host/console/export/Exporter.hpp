@@ -24,10 +24,10 @@ public:
     /// Throws Failure where the element's data cannot be read.
     void write(model::Element element);
 
-    std::uint64_t lineCount() const { return lines; }
-    const LeftOut& leftOut() const { return out; }
+    std::uint64_t lineCount() const { return lines_; }
+    const LeftOut& leftOut() const { return out_; }
     /// Elements that have an item in several property sets, of which the import shows the last and writes the first.
-    const std::map<std::string, std::uint64_t>& ambiguous() const { return several; }
+    const std::map<std::string, std::uint64_t>& ambiguous() const { return several_; }
 
 private:
     struct Item {
@@ -37,12 +37,12 @@ private:
 
     void writeItem(const LineSubject& subject, const ElementData& data, const Item& item);
 
-    const model::Model& model;
-    std::vector<Item> items;
-    Sink sink;
-    std::uint64_t lines = 0;
-    LeftOut out;
-    std::map<std::string, std::uint64_t> several;
+    const model::Model& model_;
+    std::vector<Item> items_;
+    Sink sink_;
+    std::uint64_t lines_ = 0;
+    LeftOut out_;
+    std::map<std::string, std::uint64_t> several_;
 };
 
 }  // namespace console

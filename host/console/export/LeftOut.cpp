@@ -13,14 +13,14 @@ constexpr std::size_t ExamplesKept = 3;
 }  // namespace
 
 void LeftOut::add(Obstacle obstacle, const std::string& item, const std::string& guid) {
-    Group& group = byReason.try_emplace({obstacle, item}, Group{obstacle, item, 0, {}}).first->second;
+    Group& group = byReason_.try_emplace({obstacle, item}, Group{obstacle, item, 0, {}}).first->second;
     ++group.count;
     if (group.examples.size() < ExamplesKept) group.examples.push_back(guid);
 }
 
 std::vector<LeftOut::Group> LeftOut::groups() const {
     std::vector<Group> result;
-    for (const auto& entry : byReason) result.push_back(entry.second);
+    for (const auto& entry : byReason_) result.push_back(entry.second);
     return result;
 }
 

@@ -25,7 +25,7 @@ public:
     static std::string text(const Group& group);
 
 private:
-    std::map<std::pair<Obstacle, std::string>, Group> byReason;
+    std::map<std::pair<Obstacle, std::string>, Group> byReason_;
 };
 
 }  // namespace console

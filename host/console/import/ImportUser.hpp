@@ -32,25 +32,25 @@ public:
 
     // --- What was seen, once the command has ended ---
     /// Why the user closed the dialog without doing what was planned; empty where all went as planned.
-    const std::string& problem() const { return trouble; }
-    const std::vector<std::string>& header() const { return headerTexts; }
-    const std::vector<ListRow>& review() const { return reviewRows; }  ///< As ticked, before Apply.
-    const std::optional<std::vector<ListRow>>& result() const { return resultRows; }
-    std::uint64_t rowsLost() const { return lost; }
+    const std::string& problem() const { return trouble_; }
+    const std::vector<std::string>& header() const { return headerTexts_; }
+    const std::vector<ListRow>& review() const { return reviewRows_; }  ///< As ticked, before Apply.
+    const std::optional<std::vector<ListRow>>& result() const { return resultRows_; }
+    std::uint64_t rowsLost() const { return lost_; }
 
 private:
     bool tickRows(frontend::Dialog& dialog);
     void apply(frontend::Dialog& dialog);
 
-    ImportPlan plan;
-    std::string trouble;
-    std::vector<std::string> headerTexts;
-    std::vector<ListRow> reviewRows;
-    std::optional<std::vector<ListRow>> resultRows;
-    std::uint64_t lost = 0;
-    bool dialogSeen = false;
-    std::optional<ProgressLine> applying;
-    int firstUnfinished = 1;  ///< While applying: the row that the pass has come to.
+    ImportPlan plan_;
+    std::string trouble_;
+    std::vector<std::string> headerTexts_;
+    std::vector<ListRow> reviewRows_;
+    std::optional<std::vector<ListRow>> resultRows_;
+    std::uint64_t lost_ = 0;
+    bool dialogSeen_ = false;
+    std::optional<ProgressLine> applying_;
+    int firstUnfinished_ = 1;  ///< While applying: the row that the pass has come to.
 };
 
 }  // namespace console

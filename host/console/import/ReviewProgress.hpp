@@ -19,10 +19,10 @@ public:
 private:
     void show();
 
-    ProgressLine line;
-    std::uint64_t lines;
-    bool watching;  ///< Only for a terminal: without a sink the add-on's debug texts are not even put together.
-    frontend::DebugSink previous;
+    ProgressLine line_;
+    std::uint64_t lines_;
+    bool watching_;  ///< Only for a terminal: without a sink the add-on's debug texts are not even put together.
+    frontend::DebugSink previous_;
 };
 
 }  // namespace console

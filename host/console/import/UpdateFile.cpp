@@ -30,41 +30,41 @@ bool isStandardInput(const std::filesystem::path& path) {
 
 }  // namespace
 
-UpdateFile::UpdateFile(std::filesystem::path thePath) : path(std::move(thePath)), addOnPath(path.string()) {
-    if (isStandardInput(path)) {
+UpdateFile::UpdateFile(std::filesystem::path thePath) : path_(std::move(thePath)), addOnPath_(path_.string()) {
+    if (isStandardInput(path_)) {
         keepCopy(stdin);
         return;
     }
-    file.reset(std::fopen(path.c_str(), "rb"));
-    if (!file) failWithError(path);
+    file_.reset(std::fopen(path_.c_str(), "rb"));
+    if (!file_) failWithError(path_);
     struct stat status {};
-    if (fstat(fileno(file.get()), &status) != 0) failWithError(path);
-    if (S_ISDIR(status.st_mode)) fail(path, "it is a folder; name a file in it");
+    if (fstat(fileno(file_.get()), &status) != 0) failWithError(path_);
+    if (S_ISDIR(status.st_mode)) fail(path_, "it is a folder; name a file in it");
     // The add-on reads the file a second time, by a name that is text.
-    if (!S_ISREG(status.st_mode) || !isWellFormed(addOnPath)) keepCopy(file.get());
+    if (!S_ISREG(status.st_mode) || !isWellFormed(addOnPath_)) keepCopy(file_.get());
 }
 
 void UpdateFile::keepCopy(std::FILE* source) {
     File copy(std::tmpfile());
-    if (!copy) failWithError(path);
+    if (!copy) failWithError(path_);
     std::array<char, BlockSize> block;
     std::size_t count = 0;
     while ((count = std::fread(block.data(), 1, block.size(), source)) > 0)
-        if (std::fwrite(block.data(), 1, count, copy.get()) != count) failWithError(path);
-    if (std::ferror(source) != 0 || std::fflush(copy.get()) != 0) failWithError(path);
+        if (std::fwrite(block.data(), 1, count, copy.get()) != count) failWithError(path_);
+    if (std::ferror(source) != 0 || std::fflush(copy.get()) != 0) failWithError(path_);
     std::rewind(copy.get());
-    addOnPath = fmt::format("/proc/self/fd/{}", fileno(copy.get()));
-    file = std::move(copy);
+    addOnPath_ = fmt::format("/proc/self/fd/{}", fileno(copy.get()));
+    file_ = std::move(copy);
 }
 
 updates::UpdateFileFindings UpdateFile::scan(const updates::UpdateFileScan::Knows& knows) {
     updates::UpdateFileScan scan(knows);
     std::array<char, BlockSize> block;
     std::size_t count = 0;
-    while ((count = std::fread(block.data(), 1, block.size(), file.get())) > 0) scan.read({block.data(), count});
-    if (std::ferror(file.get()) != 0) failWithError(path);
+    while ((count = std::fread(block.data(), 1, block.size(), file_.get())) > 0) scan.read({block.data(), count});
+    if (std::ferror(file_.get()) != 0) failWithError(path_);
     updates::UpdateFileFindings findings = scan.finish();
-    if (const auto reason = updates::uselessBecause(findings)) fail(path, *reason);
+    if (const auto reason = updates::uselessBecause(findings)) fail(path_, *reason);
     return findings;
 }
 

@@ -17,13 +17,13 @@ public:
     explicit UpdateFile(std::filesystem::path path);
 
     /// For messages.
-    std::string name() const { return path.string(); }
+    std::string name() const { return path_.string(); }
 
     /// Reads it whole. Throws Failure where that fails, or where the file is empty or no text.
     updates::UpdateFileFindings scan(const updates::UpdateFileScan::Knows& knows);
 
     /// A path by which the add-on can open it, as long as this object lives.
-    const std::string& pathForAddOn() const { return addOnPath; }
+    const std::string& pathForAddOn() const { return addOnPath_; }
 
 private:
     struct Close {
@@ -33,9 +33,9 @@ private:
 
     void keepCopy(std::FILE* source);
 
-    std::filesystem::path path;
-    File file;
-    std::string addOnPath;
+    std::filesystem::path path_;
+    File file_;
+    std::string addOnPath_;
 };
 
 }  // namespace console

@@ -19,7 +19,7 @@ std::string LookupAnswer::error() const {
     return rows[1].columns[0] == "Error" && rows.size() == 2 ? rows[1].columns[1] : "";
 }
 
-LookupUser::LookupUser(std::vector<std::string> theGuids) : guids(std::move(theGuids)) {}
+LookupUser::LookupUser(std::vector<std::string> theGuids) : guids_(std::move(theGuids)) {}
 
 LookupUser::~LookupUser() = default;
 
@@ -28,11 +28,11 @@ std::optional<std::string> LookupUser::pickFile(const frontend::FileRequest&) {
 }
 
 void LookupUser::runModal(frontend::Dialog& dialog) {
-    if (seen || dialog.list(ResultList) == nullptr) return;
-    seen = true;
-    headerTexts = readHeader(*dialog.list(ResultList));
-    if (guids.empty()) lookUp(dialog);
-    for (const std::string& guid : guids) {
+    if (seen_ || dialog.list(ResultList) == nullptr) return;
+    seen_ = true;
+    headerTexts_ = readHeader(*dialog.list(ResultList));
+    if (guids_.empty()) lookUp(dialog);
+    for (const std::string& guid : guids_) {
         dialog.typeText(GuidField, toUniString(guid));
         lookUp(dialog);
     }
@@ -45,7 +45,7 @@ void LookupUser::lookUp(frontend::Dialog& dialog) {
     const frontend::Item* field = dialog.item(GuidField);
     std::string guid = field == nullptr ? "" : toUtf8(field->text);
     dialog.clickItem(LookUpButton);
-    found.push_back({std::move(guid), readRows(list, before + 1)});
+    found_.push_back({std::move(guid), readRows(list, before + 1)});
 }
 
 }  // namespace console

@@ -26,17 +26,17 @@ public:
     void runModal(frontend::Dialog& dialog) override;
     std::optional<std::string> pickFile(const frontend::FileRequest& request) override;
 
-    bool dialogSeen() const { return seen; }
-    const std::vector<std::string>& header() const { return headerTexts; }
-    const std::vector<LookupAnswer>& answers() const { return found; }
+    bool dialogSeen() const { return seen_; }
+    const std::vector<std::string>& header() const { return headerTexts_; }
+    const std::vector<LookupAnswer>& answers() const { return found_; }
 
 private:
     void lookUp(frontend::Dialog& dialog);
 
-    std::vector<std::string> guids;
-    bool seen = false;
-    std::vector<std::string> headerTexts;
-    std::vector<LookupAnswer> found;
+    std::vector<std::string> guids_;
+    bool seen_ = false;
+    std::vector<std::string> headerTexts_;
+    std::vector<LookupAnswer> found_;
 };
 
 }  // namespace console

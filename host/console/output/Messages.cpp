@@ -48,20 +48,20 @@ void say(std::string_view message) {
 }
 
 ProgressLine::ProgressLine(std::string_view operationText)
-    : operation(visible(operationText)), started(now()), terminal(Terminal::standardError().present) {}
+    : operation_(visible(operationText)), started_(now()), terminal_(Terminal::standardError().present) {}
 
 ProgressLine::~ProgressLine() {
     wipeProgress();
 }
 
 void ProgressLine::show(std::uint64_t done, std::uint64_t total) {
-    if (!terminal || total == 0) return;
+    if (!terminal_ || total == 0) return;
     const double time = now();
-    if (time - started < Patience || time - lastShown < Interval) return;
-    lastShown = time;
+    if (time - started_ < Patience || time - lastShown_ < Interval) return;
+    lastShown_ = time;
     const double share = done < total ? static_cast<double>(done) / static_cast<double>(total) : 1.0;
-    std::string line = fmt::format("{}  {:.0f} %", operation, share * 100.0);
-    if (share > 0.0) line += fmt::format("  {} left", duration((time - started) * (1.0 - share) / share));
+    std::string line = fmt::format("{}  {:.0f} %", operation_, share * 100.0);
+    if (share > 0.0) line += fmt::format("  {} left", duration((time - started_) * (1.0 - share) / share));
     write(fmt::format("\r\x1B[K{}", cutToWidth(line, Terminal::standardError().width - 1)));
     progressShown = true;
 }

@@ -27,10 +27,10 @@ public:
     model::Progress callback();
 
 private:
-    std::string operation;
-    double started;
-    double lastShown = 0.0;
-    bool terminal;
+    std::string operation_;
+    double started_;
+    double lastShown_ = 0.0;
+    bool terminal_;
 };
 
 }  // namespace console

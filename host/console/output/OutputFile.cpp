@@ -24,16 +24,16 @@ mode_t newFileMode() {
 
 }  // namespace
 
-OutputFile::OutputFile(std::filesystem::path theTarget) : target(std::move(theTarget)) {
+OutputFile::OutputFile(std::filesystem::path theTarget) : target_(std::move(theTarget)) {
     std::error_code ignored;
     // A symbolic link stays one: what it points at is replaced.
-    if (const auto real = std::filesystem::canonical(target, ignored); !ignored) target = real;
-    const auto status = std::filesystem::status(target, ignored);
+    if (const auto real = std::filesystem::canonical(target_, ignored); !ignored) target_ = real;
+    const auto status = std::filesystem::status(target_, ignored);
     if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status))
-        file = std::fopen(target.c_str(), "wb");
+        file_ = std::fopen(target_.c_str(), "wb");
     else
         openTemporary();
-    if (file == nullptr) fail();
+    if (file_ == nullptr) fail();
 }
 
 OutputFile::~OutputFile() {
@@ -52,48 +52,48 @@ void OutputFile::checkPlace(const std::filesystem::path& target) {
 }
 
 void OutputFile::openTemporary() {
-    std::string name = target.string() + ".XXXXXX";
+    std::string name = target_.string() + ".XXXXXX";
     const int descriptor = mkstemp(name.data());
     if (descriptor < 0) fail();
-    temporary = name;
+    temporary_ = name;
     struct stat old {};
-    const mode_t mode = stat(target.c_str(), &old) == 0 ? old.st_mode & 07777 : newFileMode();
+    const mode_t mode = stat(target_.c_str(), &old) == 0 ? old.st_mode & 07777 : newFileMode();
     if (fchmod(descriptor, mode) != 0) {
         ::close(descriptor);
         return;
     }
-    file = fdopen(descriptor, "wb");
+    file_ = fdopen(descriptor, "wb");
 }
 
 void OutputFile::write(std::string_view text) {
-    if (std::fwrite(text.data(), 1, text.size(), file) != text.size()) fail();
+    if (std::fwrite(text.data(), 1, text.size(), file_) != text.size()) fail();
     stopIfInterrupted();
 }
 
 void OutputFile::commit() {
-    if (std::fflush(file) != 0) fail();
-    if (!temporary.empty() && fsync(fileno(file)) != 0) fail();
+    if (std::fflush(file_) != 0) fail();
+    if (!temporary_.empty() && fsync(fileno(file_)) != 0) fail();
     stopIfInterrupted();
-    if (!temporary.empty() && std::rename(temporary.c_str(), target.c_str()) != 0) fail();
-    temporary.clear();
+    if (!temporary_.empty() && std::rename(temporary_.c_str(), target_.c_str()) != 0) fail();
+    temporary_.clear();
 }
 
 void OutputFile::close() {
-    if (file != nullptr) std::fclose(file);
-    file = nullptr;
-    if (!temporary.empty()) unlink(temporary.c_str());
-    temporary.clear();
+    if (file_ != nullptr) std::fclose(file_);
+    file_ = nullptr;
+    if (!temporary_.empty()) unlink(temporary_.c_str());
+    temporary_.clear();
 }
 
 void OutputFile::fail() const {
     throw Failure(
-        fmt::format("cannot write {}: {}; choose another place with -o", target.string(), std::strerror(errno)));
+        fmt::format("cannot write {}: {}; choose another place with -o", target_.string(), std::strerror(errno)));
 }
 
 void OutputFile::stopIfInterrupted() {
     if (!InterruptGuard::interrupted()) return;
     close();
-    say(fmt::format("interrupted; {} was not written", target.string()));
+    say(fmt::format("interrupted; {} was not written", target_.string()));
     InterruptGuard::dieIfInterrupted();
 }
 

@@ -31,10 +31,10 @@ private:
     [[noreturn]] void fail() const;
     void stopIfInterrupted();
 
-    InterruptGuard guard;
-    std::filesystem::path target;
-    std::filesystem::path temporary;  ///< Empty once there is none.
-    std::FILE* file = nullptr;
+    InterruptGuard guard_;
+    std::filesystem::path target_;
+    std::filesystem::path temporary_;  ///< Empty once there is none.
+    std::FILE* file_ = nullptr;
 };
 
 }  // namespace console

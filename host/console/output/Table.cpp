@@ -81,19 +81,19 @@ void appendCell(std::string& line, const TableCell& cell, int width, bool last, 
 Table::Table(std::vector<std::string> header) {
     Row row;
     for (std::string& text : header) row.push_back({std::move(text), Style::Bold});
-    yields.resize(row.size(), Yield::Evenly);
+    yields_.resize(row.size(), Yield::Evenly);
     add(std::move(row));
 }
 
 void Table::add(Row row) {
-    if (!rows.empty()) row.resize(rows.front().size());
+    if (!rows_.empty()) row.resize(rows_.front().size());
     for (TableCell& cell : row) cell.text = visible(cell.text);
-    rows.push_back(std::move(row));
+    rows_.push_back(std::move(row));
 }
 
 std::vector<int> Table::naturalWidths() const {
-    std::vector<int> widths(rows.front().size(), 0);
-    for (const Row& row : rows)
+    std::vector<int> widths(rows_.front().size(), 0);
+    for (const Row& row : rows_)
         for (std::size_t column = 0; column < widths.size(); ++column)
             widths[column] = std::max(widths[column], displayWidth(row[column].text));
     return widths;
@@ -104,12 +104,12 @@ void Table::fit(std::vector<int>& widths, int lineWidth) const {
     for (const Yield when : {Yield::First, Yield::Evenly, Yield::Last}) {
         std::vector<int> group;
         for (std::size_t column = 0; column < widths.size(); ++column)
-            if (yields[column] == when) group.push_back(widths[column]);
+            if (yields_[column] == when) group.push_back(widths[column]);
         const int others = sum(widths) - sum(group);
         cutEvenly(group, room - others, leastWidth(when));
         auto next = group.begin();
         for (std::size_t column = 0; column < widths.size(); ++column)
-            if (yields[column] == when) widths[column] = *next++;
+            if (yields_[column] == when) widths[column] = *next++;
     }
 }
 
@@ -117,7 +117,7 @@ std::string Table::layOut(const Terminal& terminal) const {
     std::vector<int> widths = naturalWidths();
     if (terminal.width > 0 && !widths.empty()) fit(widths, terminal.width);
     std::string text;
-    for (const Row& row : rows) {
+    for (const Row& row : rows_) {
         std::string line;
         for (std::size_t column = 0; column < row.size(); ++column)
             appendCell(line, row[column], widths[column], column + 1 == row.size(), terminal.colour);

@@ -31,7 +31,7 @@ public:
     /// Missing cells at the end are empty.
     void add(Row row);
     /// @param column  from 0; without this call it yields evenly.
-    void yield(std::size_t column, Yield when) { yields.at(column) = when; }
+    void yield(std::size_t column, Yield when) { yields_.at(column) = when; }
 
     /// Every line ends with a line end. Where the terminal has a width, columns are cut until a line fits.
     std::string layOut(const Terminal& terminal) const;
@@ -40,8 +40,8 @@ private:
     std::vector<int> naturalWidths() const;
     void fit(std::vector<int>& widths, int lineWidth) const;
 
-    std::vector<Row> rows;  ///< The header first.
-    std::vector<Yield> yields;
+    std::vector<Row> rows_;  ///< The header first.
+    std::vector<Yield> yields_;
 };
 
 }  // namespace console

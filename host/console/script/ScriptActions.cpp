@@ -74,19 +74,19 @@ void ScriptUser::perform(const Step& step) {
     if (verb == nullptr) return fail("this step is unknown; docs/scripting.md lists the steps");
     for (const auto& [member, value] : step.object.items())
         if (!verb->knows(member)) return fail(fmt::format("a \"{}\" step has no \"{}\"", verb->name, member));
-    answer = step.object;
+    answer_ = step.object;
     (this->*verb->action)(step.object);
 }
 
 bool ScriptUser::refusedWhileCommandRuns() {
-    if (commandRuns) fail("the add-on's command is still running; close its dialog first");
-    return commandRuns;
+    if (commandRuns_) fail("the add-on's command is still running; close its dialog first");
+    return commandRuns_;
 }
 
 frontend::Dialog* ScriptUser::dialogInFront() {
-    if (openFileDialog != nullptr)
+    if (openFileDialog_ != nullptr)
         fail("the file dialog is in front; answer it with {\"file\":\"NAME\"} or {\"file\":null}");
-    else if (pointAsked)
+    else if (pointAsked_)
         fail("a point is asked for; answer with {\"point\":[x,y,z]} or {\"point\":null}");
     else if (frontend::openDialogs().empty())
         fail("no dialog is open; pick a menu item first, such as {\"menu\":1}");
@@ -99,18 +99,18 @@ void ScriptUser::menu(const JsonValue& step) {
     const auto item = number(step["menu"]);
     if (!item) return fail("\"menu\" takes the number of an item, from 1");
     if (refusedWhileCommandRuns()) return;
-    const auto place = findMenuItem(session.host(), *item);
-    if (!place) return fail(noSuchMenuItem(session.host(), *item));
-    commandRuns = true;
-    const GSErrCode error = session.host().pickMenuItem(place->menu, place->item);
-    commandRuns = false;
+    const auto place = findMenuItem(session_.host(), *item);
+    if (!place) return fail(noSuchMenuItem(session_.host(), *item));
+    commandRuns_ = true;
+    const GSErrCode error = session_.host().pickMenuItem(place->menu, place->item);
+    commandRuns_ = false;
     tell("returned", error);
 }
 
 void ScriptUser::file(const JsonValue& step) {
     const JsonValue& name = step["file"];
     if (!name.is_string() && !name.is_null()) return fail("\"file\" takes a path, or null to cancel");
-    fileAnswers.push_back(name.is_null() ? std::nullopt : std::optional(name.get<std::string>()));
+    fileAnswers_.push_back(name.is_null() ? std::nullopt : std::optional(name.get<std::string>()));
 }
 
 void ScriptUser::click(const JsonValue& step) {
@@ -148,12 +148,12 @@ void ScriptUser::resize(const JsonValue& step) {
 }
 
 void ScriptUser::dump(const JsonValue&) {
-    if (openFileDialog != nullptr) return tell("dump", fileRequestAsJson(*openFileDialog));
+    if (openFileDialog_ != nullptr) return tell("dump", fileRequestAsJson(*openFileDialog_));
     if (const frontend::Dialog* dialog = dialogInFront()) tell("dump", dialogAsJson(*dialog));
 }
 
 void ScriptUser::point(const JsonValue& step) {
-    if (step["point"].is_null()) return pointAnswers.emplace_back(std::nullopt), void();
+    if (step["point"].is_null()) return pointAnswers_.emplace_back(std::nullopt), void();
     const auto position = coordinates(step["point"]);
     if (!position) return fail("\"point\" takes three coordinates, such as [1.5,0,3], or null to cancel");
     host::PickedPoint point{*position, std::nullopt};
@@ -162,20 +162,20 @@ void ScriptUser::point(const JsonValue& step) {
         if (!guid) return fail("\"hit\" takes the GUID of the element under the point");
         std::copy(guid->begin(), guid->end(), std::begin(point.hit.emplace().bytes));
     }
-    pointAnswers.emplace_back(point);
+    pointAnswers_.emplace_back(point);
 }
 
 void ScriptUser::undo(const JsonValue&) {
     if (refusedWhileCommandRuns()) return;
-    const std::string name = session.model().undoName();
-    if (!session.host().undo()) return fail("there is nothing to undo");
+    const std::string name = session_.model().undoName();
+    if (!session_.host().undo()) return fail("there is nothing to undo");
     tell("name", wellFormed(name));
 }
 
 void ScriptUser::redo(const JsonValue&) {
     if (refusedWhileCommandRuns()) return;
-    const std::string name = session.model().redoName();
-    if (!session.host().redo()) return fail("there is nothing to redo");
+    const std::string name = session_.model().redoName();
+    if (!session_.host().redo()) return fail("there is nothing to redo");
     tell("name", wellFormed(name));
 }
 
@@ -183,18 +183,18 @@ void ScriptUser::save(const JsonValue& step) {
     if (!step["save"].is_string()) return fail("\"save\" takes the path to save to");
     if (refusedWhileCommandRuns()) return;
     try {
-        session.save(step["save"].get<std::string>());
+        session_.save(step["save"].get<std::string>());
     } catch (const Failure& failure) {
         fail(failure.what());
     }
 }
 
 void ScriptUser::menus(const JsonValue&) {
-    tell("menus", menusAsJson(session.host().menus()));
+    tell("menus", menusAsJson(session_.host().menus()));
 }
 
 void ScriptUser::report(const JsonValue&) {
-    tell("report", session.reportTexts());
+    tell("report", session_.reportTexts());
 }
 
 }  // namespace console

@@ -17,19 +17,19 @@ std::optional<Answer> takeAnswer(std::deque<std::optional<Answer>>& answers) {
 
 }  // namespace
 
-ScriptUser::ScriptUser(Session& theSession, StepReader& theSteps) : session(theSession), steps(theSteps) {
-    session.host().setPointPicker([this](const std::string& prompt) { return pickPoint(prompt); });
+ScriptUser::ScriptUser(Session& theSession, StepReader& theSteps) : session_(theSession), steps_(theSteps) {
+    session_.host().setPointPicker([this](const std::string& prompt) { return pickPoint(prompt); });
 }
 
 ScriptUser::~ScriptUser() {
-    session.host().setPointPicker({});
+    session_.host().setPointPicker({});
 }
 
 bool ScriptUser::run() {
     const ViewInCharge inCharge(*this);
     while (const auto step = nextStep()) perform(*step);
-    if (outputFailure) throw Failure(*outputFailure);
-    return allDone;
+    if (outputFailure_) throw Failure(*outputFailure_);
+    return allDone_;
 }
 
 void ScriptUser::runModal(frontend::Dialog& dialog) {
@@ -43,55 +43,55 @@ void ScriptUser::runModal(frontend::Dialog& dialog) {
 }
 
 std::optional<std::string> ScriptUser::pickFile(const frontend::FileRequest& request) {
-    if (fileAnswers.empty()) tell("asks", {{"file", toUtf8(request.title)}});
-    openFileDialog = &request;
-    while (fileAnswers.empty()) {
+    if (fileAnswers_.empty()) tell("asks", {{"file", toUtf8(request.title)}});
+    openFileDialog_ = &request;
+    while (fileAnswers_.empty()) {
         const auto step = nextStep();
         if (!step) break;
         perform(*step);
     }
-    openFileDialog = nullptr;
-    return takeAnswer(fileAnswers);
+    openFileDialog_ = nullptr;
+    return takeAnswer(fileAnswers_);
 }
 
 std::optional<host::PickedPoint> ScriptUser::pickPoint(const std::string& prompt) {
-    if (pointAnswers.empty()) tell("asks", {{"point", wellFormed(prompt)}});
-    pointAsked = true;
-    while (pointAnswers.empty()) {
+    if (pointAnswers_.empty()) tell("asks", {{"point", wellFormed(prompt)}});
+    pointAsked_ = true;
+    while (pointAnswers_.empty()) {
         const auto step = nextStep();
         if (!step) break;
         perform(*step);
     }
-    pointAsked = false;
-    return takeAnswer(pointAnswers);
+    pointAsked_ = false;
+    return takeAnswer(pointAnswers_);
 }
 
 std::optional<Step> ScriptUser::nextStep() {
     answerLastStep();
-    if (outputFailure) return std::nullopt;
-    auto step = steps.next();
-    if (step) currentLine = step->line;
+    if (outputFailure_) return std::nullopt;
+    auto step = steps_.next();
+    if (step) currentLine_ = step->line;
     return step;
 }
 
 void ScriptUser::answerLastStep() {
-    if (answer.is_null()) return;
+    if (answer_.is_null()) return;
     try {
-        printLine(answer);
+        printLine(answer_);
     } catch (const Failure& failure) {
         // This may be inside the add-on's command, which no exception must cross: the script ends as at its last line.
-        outputFailure = failure.what();
+        outputFailure_ = failure.what();
     }
-    answer = nullptr;
+    answer_ = nullptr;
 }
 
 void ScriptUser::fail(const std::string& text) {
-    answer = {{"error", text}, {"line", currentLine}};
-    allDone = false;
+    answer_ = {{"error", text}, {"line", currentLine_}};
+    allDone_ = false;
 }
 
 void ScriptUser::tell(const char* what, JsonValue value) {
-    if (!answer.is_null()) answer[what] = std::move(value);
+    if (!answer_.is_null()) answer_[what] = std::move(value);
 }
 
 }  // namespace console

@@ -56,17 +56,17 @@ private:
     void menus(const JsonValue& step);
     void report(const JsonValue& step);
 
-    Session& session;
-    StepReader& steps;
-    std::uint64_t currentLine = 0;
-    JsonValue answer;  ///< Null where no step waits for its answer.
-    bool allDone = true;
-    bool commandRuns = false;
-    std::optional<std::string> outputFailure;
-    const frontend::FileRequest* openFileDialog = nullptr;
-    bool pointAsked = false;
-    std::deque<std::optional<std::string>> fileAnswers;
-    std::deque<std::optional<host::PickedPoint>> pointAnswers;
+    Session& session_;
+    StepReader& steps_;
+    std::uint64_t currentLine_ = 0;
+    JsonValue answer_;  ///< Null where no step waits for its answer.
+    bool allDone_ = true;
+    bool commandRuns_ = false;
+    std::optional<std::string> outputFailure_;
+    const frontend::FileRequest* openFileDialog_ = nullptr;
+    bool pointAsked_ = false;
+    std::deque<std::optional<std::string>> fileAnswers_;
+    std::deque<std::optional<host::PickedPoint>> pointAnswers_;
 };
 
 }  // namespace console

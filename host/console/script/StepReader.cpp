@@ -20,20 +20,20 @@ Step parse(std::uint64_t line, const std::string& text) {
 
 }  // namespace
 
-StepReader::StepReader(const std::filesystem::path& path) : source(&std::cin) {
+StepReader::StepReader(const std::filesystem::path& path) : source_(&std::cin) {
     if (path == "-") return;
-    file.open(path, std::ios::binary);
-    if (!file || std::filesystem::is_directory(path))
+    file_.open(path, std::ios::binary);
+    if (!file_ || std::filesystem::is_directory(path))
         throw Failure(fmt::format("cannot read the steps in {}: {}; check its name and that you may read it",
-                                  path.string(), file ? "it is a folder" : std::strerror(errno)));
-    source = &file;
+                                  path.string(), file_ ? "it is a folder" : std::strerror(errno)));
+    source_ = &file_;
 }
 
 std::optional<Step> StepReader::next() {
     std::string text;
-    while (std::getline(*source, text)) {
-        ++line;
-        if (text.find_first_not_of(" \t\r") != std::string::npos) return parse(line, text);
+    while (std::getline(*source_, text)) {
+        ++line_;
+        if (text.find_first_not_of(" \t\r") != std::string::npos) return parse(line_, text);
     }
     return std::nullopt;
 }

@@ -26,9 +26,9 @@ public:
     std::optional<Step> next();
 
 private:
-    std::ifstream file;
-    std::istream* source;
-    std::uint64_t line = 0;
+    std::ifstream file_;
+    std::istream* source_;
+    std::uint64_t line_ = 0;
 };
 
 }  // namespace console

@@ -31,22 +31,22 @@ QString withoutShortcut(QString text) {
 }  // namespace
 
 AddOnDialog::AddOnDialog(frontend::Dialog& shown, QWidget* parent)
-    : QDialog(parent), dialog(shown), canvas(new QWidget(this)), banner(new QLabel(this)), bar(new HintBar(this)) {
-    setObjectName(QStringLiteral("dialog%1").arg(dialog.resourceId()));
-    setWindowTitle(toQString(dialog.title()));
+    : QDialog(parent), dialog_(shown), canvas_(new QWidget(this)), banner_(new QLabel(this)), bar_(new HintBar(this)) {
+    setObjectName(QStringLiteral("dialog%1").arg(dialog_.resourceId()));
+    setWindowTitle(toQString(dialog_.title()));
     setAccessibleName(windowTitle());
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
-    setSizeGripEnabled(dialog.growable());
+    setSizeGripEnabled(dialog_.growable());
 
-    banner->setObjectName(QStringLiteral("notice"));
-    banner->setAccessibleName(QStringLiteral("Notice"));
-    banner->setTextFormat(Qt::PlainText);
-    banner->setWordWrap(true);
-    banner->setMargin(8);
-    banner->setAutoFillBackground(true);
-    banner->setBackgroundRole(QPalette::ToolTipBase);
-    banner->setForegroundRole(QPalette::ToolTipText);
-    banner->hide();
+    banner_->setObjectName(QStringLiteral("notice"));
+    banner_->setAccessibleName(QStringLiteral("Notice"));
+    banner_->setTextFormat(Qt::PlainText);
+    banner_->setWordWrap(true);
+    banner_->setMargin(8);
+    banner_->setAutoFillBackground(true);
+    banner_->setBackgroundRole(QPalette::ToolTipBase);
+    banner_->setForegroundRole(QPalette::ToolTipText);
+    banner_->hide();
 
     makeItems();
     orderTabs();
@@ -56,8 +56,8 @@ AddOnDialog::AddOnDialog(frontend::Dialog& shown, QWidget* parent)
 }
 
 QWidget* AddOnDialog::itemWidget(Int16 number) const {
-    const auto found = widgets.find(number);
-    return found == widgets.end() ? nullptr : found->second;
+    const auto found = widgets_.find(number);
+    return found == widgets_.end() ? nullptr : found->second;
 }
 
 RowListView* AddOnDialog::list(Int16 number) const {
@@ -68,18 +68,18 @@ void AddOnDialog::run() {
     const WaitCursor::Pause usable;
     chooseFocus();
     show();
-    ready = true;
+    ready_ = true;
     Q_EMIT contentChanged();
-    if (!dialog.ended()) loop.exec();
+    if (!dialog_.ended()) loop_.exec();
     QSettings settings;
-    settings.setValue(settingsKey("size"), QSize(dialog.width(), dialog.height()));
+    settings.setValue(settingsKey("size"), QSize(dialog_.width(), dialog_.height()));
     settings.setValue(settingsKey("place"), pos());
     hide();
 }
 
 void AddOnDialog::noteChange() {
-    if (changePending) return;
-    changePending = true;
+    if (changePending_) return;
+    changePending_ = true;
     QTimer::singleShot(0, this, &AddOnDialog::takeChanges);
 }
 
@@ -87,19 +87,19 @@ void AddOnDialog::noteChange() {
 /// ask for a point, and events go on meanwhile) is dropped: the host delivers one message at a time.
 template <class Action>
 void AddOnDialog::deliver(Action action) {
-    if (delivering || dialog.ended()) return;
-    delivering = true;
+    if (delivering_ || dialog_.ended()) return;
+    delivering_ = true;
     action();
-    delivering = false;
+    delivering_ = false;
     noteChange();
-    if (dialog.ended()) loop.quit();
+    if (dialog_.ended()) loop_.quit();
 }
 
 void AddOnDialog::makeItems() {
-    for (const frontend::Item& item : dialog.items()) {
+    for (const frontend::Item& item : dialog_.items()) {
         QWidget* widget = makeItem(item);
         widget->setObjectName(QStringLiteral("item%1").arg(item.number));
-        widgets[item.number] = widget;
+        widgets_[item.number] = widget;
     }
 }
 
@@ -108,7 +108,7 @@ QWidget* AddOnDialog::makeItem(const frontend::Item& item) {
     const Int16 number = item.number;
     switch (item.kind) {
         case frontend::ItemKind::Button: {
-            auto* button = new QPushButton(withoutShortcut(text), canvas);
+            auto* button = new QPushButton(withoutShortcut(text), canvas_);
             button->setAccessibleName(text);
             // Return is item 1 wherever the focus is, so no other button may take it.
             button->setAutoDefault(false);
@@ -117,15 +117,15 @@ QWidget* AddOnDialog::makeItem(const frontend::Item& item) {
             button->setFocusPolicy(Qt::TabFocus);
             connect(button, &QPushButton::clicked, this, [this, number] {
                 const WaitCursor busy;
-                deliver([&] { dialog.clickItem(number); });
+                deliver([&] { dialog_.clickItem(number); });
             });
             return button;
         }
         case frontend::ItemKind::EditText: {
-            auto* edit = new QLineEdit(text, canvas);
+            auto* edit = new QLineEdit(text, canvas_);
             edit->setAccessibleName(QStringLiteral("Text field %1 of %2").arg(number).arg(windowTitle()));
             connect(edit, &QLineEdit::textEdited, this, [this, number](const QString& typed) {
-                deliver([&] { dialog.typeText(number, toUniString(typed)); });
+                deliver([&] { dialog_.typeText(number, toUniString(typed)); });
             });
             return edit;
         }
@@ -134,7 +134,7 @@ QWidget* AddOnDialog::makeItem(const frontend::Item& item) {
         case frontend::ItemKind::StaticText:
             break;
     }
-    auto* label = new QLabel(text, canvas);
+    auto* label = new QLabel(text, canvas_);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     label->setAccessibleName(text);
@@ -143,10 +143,10 @@ QWidget* AddOnDialog::makeItem(const frontend::Item& item) {
 
 RowListView* AddOnDialog::makeList(const frontend::Item& item) {
     const Int16 number = item.number;
-    auto* view = new RowListView(*item.list, canvas);
+    auto* view = new RowListView(*item.list, canvas_);
     view->setAccessibleName(QStringLiteral("List of %1").arg(windowTitle()));
     connect(view, &RowListView::rowClicked, this,
-            [this, number](Int16 row, Int16 x) { deliver([&] { dialog.clickRow(number, row, x); }); });
+            [this, number](Int16 row, Int16 x) { deliver([&] { dialog_.clickRow(number, row, x); }); });
     connect(view->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this, number](const QModelIndex& index) { Q_EMIT currentRowChanged(number, index.row()); });
     return view;
@@ -155,21 +155,21 @@ RowListView* AddOnDialog::makeList(const frontend::Item& item) {
 /// In reading order, whatever the items' numbers are; a line are those whose tops are near each other.
 void AddOnDialog::orderTabs() {
     std::vector<const frontend::Item*> items;
-    for (const frontend::Item& item : dialog.items()) items.push_back(&item);
+    for (const frontend::Item& item : dialog_.items()) items.push_back(&item);
     std::stable_sort(items.begin(), items.end(), [](const frontend::Item* a, const frontend::Item* b) {
         constexpr int lineHeight = 12;
         const int lineA = a->rect.top / lineHeight, lineB = b->rect.top / lineHeight;
         return lineA != lineB ? lineA < lineB : a->rect.left < b->rect.left;
     });
     for (std::size_t i = 1; i < items.size(); ++i) {
-        setTabOrder(widgets[items[i - 1]->number], widgets[items[i]->number]);
+        setTabOrder(widgets_[items[i - 1]->number], widgets_[items[i]->number]);
     }
 }
 
 void AddOnDialog::chooseFocus() {
     const auto of = [&](frontend::ItemKind kind) -> QWidget* {
-        for (const frontend::Item& item : dialog.items()) {
-            if (item.kind == kind) return widgets[item.number];
+        for (const frontend::Item& item : dialog_.items()) {
+            if (item.kind == kind) return widgets_[item.number];
         }
         return nullptr;
     };
@@ -183,28 +183,28 @@ void AddOnDialog::chooseFocus() {
 }
 
 void AddOnDialog::takeChanges() {
-    changePending = false;
-    if (delivering) return;  // taken when the message is through
+    changePending_ = false;
+    if (delivering_) return;  // taken when the message is through
     showRowsLost();
     placeItems();
     takeTexts();
     followSize();
-    for (const auto& [number, widget] : widgets) {
+    for (const auto& [number, widget] : widgets_) {
         auto* view = qobject_cast<RowListView*>(widget);
-        if (view && dialog.list(number)->drawingEnabled()) view->refresh();
+        if (view && dialog_.list(number)->drawingEnabled()) view->refresh();
     }
     Q_EMIT contentChanged();
 }
 
 void AddOnDialog::placeItems() {
-    canvas->setGeometry(0, bannerHeight(), width(), height() - frameHeight());
-    for (const frontend::Item& item : dialog.items()) widgets[item.number]->setGeometry(toQRect(item.rect));
+    canvas_->setGeometry(0, bannerHeight(), width(), height() - frameHeight());
+    for (const frontend::Item& item : dialog_.items()) widgets_[item.number]->setGeometry(toQRect(item.rect));
 }
 
 void AddOnDialog::takeTexts() {
-    for (const frontend::Item& item : dialog.items()) {
+    for (const frontend::Item& item : dialog_.items()) {
         const QString text = toQString(item.text);
-        QWidget* widget = widgets[item.number];
+        QWidget* widget = widgets_[item.number];
         if (auto* edit = qobject_cast<QLineEdit*>(widget); edit && edit->text() != text) edit->setText(text);
         if (auto* label = qobject_cast<QLabel*>(widget)) label->setText(text);
         if (auto* button = qobject_cast<QPushButton*>(widget)) button->setText(withoutShortcut(text));
@@ -213,47 +213,47 @@ void AddOnDialog::takeTexts() {
 
 void AddOnDialog::showRowsLost() {
     std::uint64_t lost = 0;
-    for (const frontend::Item& item : dialog.items()) {
+    for (const frontend::Item& item : dialog_.items()) {
         if (item.list) lost += item.list->rowsLost();
     }
-    if (lost == 0 || !banner->isHidden()) return;
-    banner->setText(QStringLiteral("The list is full: %1 more %2 not shown, since a list holds at most %3 rows. Split "
-                                   "the file and import its parts one after the other.")
-                        .arg(number(static_cast<qint64>(lost)),
-                             lost == 1 ? QStringLiteral("row is") : QStringLiteral("rows are"),
-                             number(DG_LIST_MAX_ROWS)));
-    banner->show();
+    if (lost == 0 || !banner_->isHidden()) return;
+    banner_->setText(QStringLiteral("The list is full: %1 more %2 not shown, since a list holds at most %3 rows. Split "
+                                    "the file and import its parts one after the other.")
+                         .arg(number(static_cast<qint64>(lost)),
+                              lost == 1 ? QStringLiteral("row is") : QStringLiteral("rows are"),
+                              number(DG_LIST_MAX_ROWS)));
+    banner_->show();
     setSize();
 }
 
 int AddOnDialog::bannerHeight() const {
-    return banner->isHidden() ? 0 : banner->heightForWidth(std::max(width(), dialog.width()));
+    return banner_->isHidden() ? 0 : banner_->heightForWidth(std::max(width(), dialog_.width()));
 }
 
 void AddOnDialog::setSize() {
-    const int extra = (banner->isHidden() ? 0 : banner->heightForWidth(dialog.minimumWidth())) + hintHeight();
-    if (dialog.growable()) {
-        setMinimumSize(dialog.minimumWidth(), dialog.minimumHeight() + extra);
+    const int extra = (banner_->isHidden() ? 0 : banner_->heightForWidth(dialog_.minimumWidth())) + hintHeight();
+    if (dialog_.growable()) {
+        setMinimumSize(dialog_.minimumWidth(), dialog_.minimumHeight() + extra);
         const QSize size = wantedSize(extra);
         resize(size.width(), size.height() + extra);
-        dialog.resize(size.width() - dialog.width(), size.height() - dialog.height());
-        resize(dialog.width(), dialog.height() + frameHeight());
+        dialog_.resize(size.width() - dialog_.width(), size.height() - dialog_.height());
+        resize(dialog_.width(), dialog_.height() + frameHeight());
     } else {
-        setFixedSize(dialog.width(), dialog.height() + frameHeight());
+        setFixedSize(dialog_.width(), dialog_.height() + frameHeight());
     }
     placeFrame();
 }
 
 void AddOnDialog::placeFrame() {
-    banner->setGeometry(0, 0, width(), bannerHeight());
-    bar->setGeometry(0, height() - hintHeight(), width(), hintHeight());
+    banner_->setGeometry(0, 0, width(), bannerHeight());
+    bar_->setGeometry(0, height() - hintHeight(), width(), hintHeight());
 }
 
 void AddOnDialog::showHints(const QString& file, const QStringList& hints) {
     if (hints.isEmpty()) return;
-    bar->setHints(file, hints);
-    bar->show();
-    connect(bar, &HintBar::folded, this, [this] {
+    bar_->setHints(file, hints);
+    bar_->show();
+    connect(bar_, &HintBar::folded, this, [this] {
         setSize();
         placeItems();
     });
@@ -262,15 +262,15 @@ void AddOnDialog::showHints(const QString& file, const QStringList& hints) {
 }
 
 int AddOnDialog::hintHeight() const {
-    return bar->isHidden() ? 0 : bar->sizeHint().height();
+    return bar_->isHidden() ? 0 : bar_->sizeHint().height();
 }
 
 /// The size that the user gave this dialog the last time, as far as the screen has room for it; else the add-on's.
 QSize AddOnDialog::wantedSize(int extra) const {
-    const QSize kept = ready ? QSize() : QSettings().value(settingsKey("size")).toSize();
-    const QSize wanted = kept.isValid() ? kept : QSize(dialog.width(), dialog.height());
+    const QSize kept = ready_ ? QSize() : QSettings().value(settingsKey("size")).toSize();
+    const QSize wanted = kept.isValid() ? kept : QSize(dialog_.width(), dialog_.height());
     return wanted.boundedTo(screen()->availableSize() - QSize(0, extra))
-        .expandedTo({dialog.minimumWidth(), dialog.minimumHeight()});
+        .expandedTo({dialog_.minimumWidth(), dialog_.minimumHeight()});
 }
 
 void AddOnDialog::resizeEvent(QResizeEvent* event) {
@@ -281,15 +281,15 @@ void AddOnDialog::resizeEvent(QResizeEvent* event) {
 
 /// The window's size is the user's wish; the handler answers it by moving the items, which shows in the same frame.
 void AddOnDialog::followSize() {
-    if (!ready) return;
-    const int horizontal = width() - dialog.width();
-    const int vertical = height() - frameHeight() - dialog.height();
-    if (horizontal || vertical) deliver([&] { dialog.resize(horizontal, vertical); });
+    if (!ready_) return;
+    const int horizontal = width() - dialog_.width();
+    const int vertical = height() - frameHeight() - dialog_.height();
+    if (horizontal || vertical) deliver([&] { dialog_.resize(horizontal, vertical); });
     placeItems();
 }
 
 void AddOnDialog::reject() {
-    deliver([&] { dialog.pressEscape(); });
+    deliver([&] { dialog_.pressEscape(); });
 }
 
 /// The close box is a click on item 2; the handler decides whether the dialog ends.
@@ -301,7 +301,7 @@ void AddOnDialog::closeEvent(QCloseEvent* event) {
 void AddOnDialog::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         const WaitCursor busy;
-        deliver([&] { dialog.pressReturn(); });
+        deliver([&] { dialog_.pressReturn(); });
         return;
     }
     QDialog::keyPressEvent(event);
@@ -314,7 +314,7 @@ std::optional<QPoint> AddOnDialog::keptPlace() const {
 }
 
 QString AddOnDialog::settingsKey(const char* what) const {
-    return QStringLiteral("dialogs/%1/%2").arg(QString::number(dialog.resourceId()), QString::fromLatin1(what));
+    return QStringLiteral("dialogs/%1/%2").arg(QString::number(dialog_.resourceId()), QString::fromLatin1(what));
 }
 
 }  // namespace desktop

@@ -32,13 +32,13 @@ public:
     /// Where this dialog stood when it was closed the last time.
     std::optional<QPoint> keptPlace() const;
 
-    const frontend::Dialog& content() const { return dialog; }
+    const frontend::Dialog& content() const { return dialog_; }
     QWidget* itemWidget(Int16 number) const;
     RowListView* list(Int16 number) const;
-    QLabel* notice() const { return banner; }
+    QLabel* notice() const { return banner_; }
     /// Shows what the user should know of the file that the dialog is about; to be said before it runs.
     void showHints(const QString& file, const QStringList& hints);
-    HintBar* hintBar() const { return bar; }
+    HintBar* hintBar() const { return bar_; }
 
     /// Escape and the close box.
     void reject() override;
@@ -75,15 +75,15 @@ private:
     QSize wantedSize(int extra) const;
     QString settingsKey(const char* what) const;
 
-    frontend::Dialog& dialog;
-    QWidget* canvas;
-    QLabel* banner;
-    HintBar* bar;
-    std::map<Int16, QWidget*> widgets;
-    QEventLoop loop;
-    bool delivering = false;
-    bool changePending = false;
-    bool ready = false;  ///< Sizes set before the window shows are no wish of the user's.
+    frontend::Dialog& dialog_;
+    QWidget* canvas_;
+    QLabel* banner_;
+    HintBar* bar_;
+    std::map<Int16, QWidget*> widgets_;
+    QEventLoop loop_;
+    bool delivering_ = false;
+    bool changePending_ = false;
+    bool ready_ = false;  ///< Sizes set before the window shows are no wish of the user's.
 };
 
 }  // namespace desktop

@@ -31,31 +31,31 @@ QStringList nameFilters(const frontend::FileRequest& request) {
 }  // namespace
 
 DesktopView::DesktopView(QWidget* shownOver, QWidget* keepFree)
-    : window(shownOver), free(keepFree), before(frontend::setView(this)) {}
+    : window_(shownOver), free_(keepFree), before_(frontend::setView(this)) {}
 
 DesktopView::~DesktopView() {
-    frontend::setView(before);
+    frontend::setView(before_);
 }
 
 void DesktopView::runModal(frontend::Dialog& dialog) {
-    AddOnDialog shown(dialog, window);
-    open[&dialog] = &shown;
+    AddOnDialog shown(dialog, window_);
+    open_[&dialog] = &shown;
     Q_EMIT dialogOpened(&shown);
     place(shown);
     shown.run();
-    open.erase(&dialog);
+    open_.erase(&dialog);
     Q_EMIT dialogClosed();
 }
 
 /// Where the user left this dialog the last time; at first to the left of what is to be kept free, as low as the
 /// window.
 void DesktopView::place(AddOnDialog& dialog) const {
-    const QRect room = window->screen()->availableGeometry();
-    const QMargins frame(window->geometry().left() - window->frameGeometry().left(),
-                         window->geometry().top() - window->frameGeometry().top(), 0, 0);
+    const QRect room = window_->screen()->availableGeometry();
+    const QMargins frame(window_->geometry().left() - window_->frameGeometry().left(),
+                         window_->geometry().top() - window_->frameGeometry().top(), 0, 0);
     constexpr int gap = 12;
-    QPoint place = dialog.keptPlace().value_or(QPoint(free->mapToGlobal(QPoint(0, 0)).x() - dialog.width() - gap,
-                                                      window->frameGeometry().bottom() - dialog.height() - gap));
+    QPoint place = dialog.keptPlace().value_or(QPoint(free_->mapToGlobal(QPoint(0, 0)).x() - dialog.width() - gap,
+                                                      window_->frameGeometry().bottom() - dialog.height() - gap));
     const auto within = [](int wanted, int least, int most) { return std::max(least, std::min(wanted, most)); };
     place.setX(within(place.x(), room.left(), room.right() - dialog.width()));
     place.setY(within(place.y(), room.top(), room.bottom() - dialog.height() - frame.top()));
@@ -64,7 +64,7 @@ void DesktopView::place(AddOnDialog& dialog) const {
 
 std::optional<std::string> DesktopView::pickFile(const frontend::FileRequest& request) {
     const WaitCursor::Pause usable;
-    QFileDialog dialog(window, toQString(request.title));
+    QFileDialog dialog(window_, toQString(request.title));
     dialog.setObjectName(QStringLiteral("addOnFileDialog"));
     dialog.setFileMode(QFileDialog::ExistingFile);
     const QStringList filters = nameFilters(request);
@@ -76,24 +76,24 @@ std::optional<std::string> DesktopView::pickFile(const frontend::FileRequest& re
     if (!folder.isEmpty()) dialog.setDirectory(folder);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     QSettings().setValue(folderKey, dialog.directory().absolutePath());
-    picked = toPath(dialog.selectedFiles().constFirst()).string();
-    return picked;
+    picked_ = toPath(dialog.selectedFiles().constFirst()).string();
+    return picked_;
 }
 
 void DesktopView::changed(frontend::Dialog& dialog, Int16) {
-    const auto shown = open.find(&dialog);
-    if (shown != open.end()) shown->second->noteChange();
+    const auto shown = open_.find(&dialog);
+    if (shown != open_.end()) shown->second->noteChange();
 }
 
 std::optional<std::string> DesktopView::takePickedFile() {
-    return std::exchange(picked, std::nullopt);
+    return std::exchange(picked_, std::nullopt);
 }
 
 AddOnDialog* DesktopView::current() const {
     const auto& dialogs = frontend::openDialogs();
     if (dialogs.empty()) return nullptr;
-    const auto shown = open.find(dialogs.back());
-    return shown == open.end() ? nullptr : shown->second;
+    const auto shown = open_.find(dialogs.back());
+    return shown == open_.end() ? nullptr : shown->second;
 }
 
 }  // namespace desktop

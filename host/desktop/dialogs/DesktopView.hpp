@@ -37,10 +37,10 @@ Q_SIGNALS:
 private:
     void place(AddOnDialog& dialog) const;
 
-    QWidget *window, *free;
-    std::map<frontend::Dialog*, AddOnDialog*> open;
-    frontend::View* before;
-    std::optional<std::string> picked;
+    QWidget *window_, *free_;
+    std::map<frontend::Dialog*, AddOnDialog*> open_;
+    frontend::View* before_;
+    std::optional<std::string> picked_;
 };
 
 }  // namespace desktop

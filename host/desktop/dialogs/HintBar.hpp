@@ -17,15 +17,15 @@ public:
 
     void setHints(const QString& file, const QStringList& hints);
     QStringList hints() const;
-    QToolButton* button() const { return title; }
+    QToolButton* button() const { return title_; }
 
 Q_SIGNALS:
     /// It needs another height.
     void folded();
 
 private:
-    QToolButton* title;
-    QPlainTextEdit* text;
+    QToolButton* title_;
+    QPlainTextEdit* text_;
 };
 
 }  // namespace desktop

@@ -37,33 +37,34 @@ Mark rowMark(const frontend::List& list, Int16 row) {
 
 void ReviewRows::read(const frontend::List& list) {
     const Int16 count = list.rowCount();
-    if (static_cast<std::size_t>(count) < elements.size()) elements.clear();
-    for (Int16 row = static_cast<Int16>(elements.size()); row < count; ++row) {
-        elements.push_back(findElement(list, static_cast<Int16>(row + 1)));
+    if (static_cast<std::size_t>(count) < elements_.size()) elements_.clear();
+    for (Int16 row = static_cast<Int16>(elements_.size()); row < count; ++row) {
+        elements_.push_back(findElement(list, static_cast<Int16>(row + 1)));
     }
-    current = {};
+    current_ = {};
     for (int row = 0; row < count; ++row) {
-        const auto& element = elements[static_cast<std::size_t>(row)];
+        const auto& element = elements_[static_cast<std::size_t>(row)];
         if (!element) continue;
         if (const Mark mark = rowMark(list, static_cast<Int16>(row + 1)); mark != Mark::None)
-            current.add(*element, mark);
+            current_.add(*element, mark);
     }
 }
 
 std::optional<model::Element> ReviewRows::element(int row) const {
-    if (row < 0 || static_cast<std::size_t>(row) >= elements.size()) return std::nullopt;
-    return elements[static_cast<std::size_t>(row)];
+    if (row < 0 || static_cast<std::size_t>(row) >= elements_.size()) return std::nullopt;
+    return elements_[static_cast<std::size_t>(row)];
 }
 
 std::optional<model::Element> ReviewRows::lastElement() const {
-    const auto found = std::find_if(elements.rbegin(), elements.rend(), [](const auto& it) { return it.has_value(); });
-    return found == elements.rend() ? std::nullopt : *found;
+    const auto found =
+        std::find_if(elements_.rbegin(), elements_.rend(), [](const auto& it) { return it.has_value(); });
+    return found == elements_.rend() ? std::nullopt : *found;
 }
 
 std::vector<int> ReviewRows::rowsOf(model::Element element) const {
     std::vector<int> rows;
-    for (std::size_t row = 0; row < elements.size(); ++row) {
-        if (elements[row] == element) rows.push_back(static_cast<int>(row));
+    for (std::size_t row = 0; row < elements_.size(); ++row) {
+        if (elements_[row] == element) rows.push_back(static_cast<int>(row));
     }
     return rows;
 }
@@ -74,7 +75,7 @@ std::optional<model::Element> ReviewRows::findElement(const frontend::List& list
         if (cell.size() != guidLength) continue;
         const auto guid = guidFromText(QStringView(cell.data(), static_cast<qsizetype>(cell.size())));
         if (!guid) continue;
-        if (const auto element = model.find(*guid)) return element;
+        if (const auto element = model_.find(*guid)) return element;
     }
     return std::nullopt;
 }

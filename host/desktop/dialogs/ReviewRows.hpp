@@ -15,7 +15,7 @@ namespace desktop {
 /// elements.
 class ReviewRows {
 public:
-    explicit ReviewRows(const model::Model& source) : model(source) {}
+    explicit ReviewRows(const model::Model& source) : model_(source) {}
 
     /// Reads the list anew. GUIDs are looked up only for rows that were not there before.
     void read(const frontend::List& list);
@@ -24,16 +24,16 @@ public:
     std::optional<model::Element> element(int row) const;
     /// The rows about an element, counted from 0, in the list's order.
     std::vector<int> rowsOf(model::Element element) const;
-    const PlanMarks& marks() const { return current; }
+    const PlanMarks& marks() const { return current_; }
     /// The element named last, by the list's order; nothing where no row names one.
     std::optional<model::Element> lastElement() const;
 
 private:
     std::optional<model::Element> findElement(const frontend::List& list, Int16 row) const;
 
-    const model::Model& model;
-    std::vector<std::optional<model::Element>> elements;
-    PlanMarks current;
+    const model::Model& model_;
+    std::vector<std::optional<model::Element>> elements_;
+    PlanMarks current_;
 };
 
 /// How a row stands, from what it shows; None for a row that is no update.

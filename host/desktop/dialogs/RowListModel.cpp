@@ -23,60 +23,60 @@ QString onOneLine(QString text) {
 
 RowListModel::RowListModel(const frontend::List& list, QObject* parent)
     : QAbstractTableModel(parent),
-      rows(list),
-      shownRows(list.rowCount()),
-      shownColumns(static_cast<int>(list.tabFields().size())) {}
+      rows_(list),
+      shownRows_(list.rowCount()),
+      shownColumns_(static_cast<int>(list.tabFields().size())) {}
 
 void RowListModel::refresh() {
-    const int nowRows = rows.rowCount();
-    const int nowColumns = static_cast<int>(rows.tabFields().size());
-    if (nowColumns != shownColumns || nowRows < shownRows) {
+    const int nowRows = rows_.rowCount();
+    const int nowColumns = static_cast<int>(rows_.tabFields().size());
+    if (nowColumns != shownColumns_ || nowRows < shownRows_) {
         beginResetModel();
-        shownRows = nowRows;
-        shownColumns = nowColumns;
+        shownRows_ = nowRows;
+        shownColumns_ = nowColumns;
         endResetModel();
         return;
     }
-    if (nowRows > shownRows) {
-        beginInsertRows({}, shownRows, nowRows - 1);
-        shownRows = nowRows;
+    if (nowRows > shownRows_) {
+        beginInsertRows({}, shownRows_, nowRows - 1);
+        shownRows_ = nowRows;
         endInsertRows();
     }
-    if (shownRows && shownColumns) Q_EMIT dataChanged(index(0, 0), index(shownRows - 1, shownColumns - 1));
-    if (shownColumns) Q_EMIT headerDataChanged(Qt::Horizontal, 0, shownColumns - 1);
+    if (shownRows_ && shownColumns_) Q_EMIT dataChanged(index(0, 0), index(shownRows_ - 1, shownColumns_ - 1));
+    if (shownColumns_) Q_EMIT headerDataChanged(Qt::Horizontal, 0, shownColumns_ - 1);
 }
 
 QString RowListModel::cellText(int row, int column) const {
-    return toQString(rows.cell(counted1(row), counted1(column)));
+    return toQString(rows_.cell(counted1(row), counted1(column)));
 }
 
 int RowListModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : shownRows;
+    return parent.isValid() ? 0 : shownRows_;
 }
 
 int RowListModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : shownColumns;
+    return parent.isValid() ? 0 : shownColumns_;
 }
 
 QVariant RowListModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || index.row() >= shownRows) return {};
+    if (!index.isValid() || index.row() >= shownRows_) return {};
     if (role == Qt::DisplayRole) return onOneLine(cellText(index.row(), index.column()));
     if (role == Qt::ForegroundRole) return foreground(index.row());
     return {};
 }
 
 QVariant RowListModel::foreground(int row) const {
-    if (const auto color = rows.color(counted1(row))) {
+    if (const auto color = rows_.color(counted1(row))) {
         return QColor::fromRgba64(color->red, color->green, color->blue);
     }
-    if (rows.status(counted1(row)) != DG_IS_ENABLE) return disabled;
+    if (rows_.status(counted1(row)) != DG_IS_ENABLE) return disabled_;
     return {};
 }
 
 QVariant RowListModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal) return {};
     if (role == Qt::TextAlignmentRole) return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
-    const auto& header = rows.header();
+    const auto& header = rows_.header();
     if (role != Qt::DisplayRole || section < 0 || static_cast<std::size_t>(section) >= header.size()) return {};
     return toQString(header[static_cast<std::size_t>(section)].text);
 }

@@ -18,9 +18,9 @@ public:
     /// The list's content has changed. Rows that stay keep their place and their selection.
     void refresh();
     /// Used for rows that are not enabled and bear no colour of their own.
-    void setDisabledColor(const QColor& color) { disabled = color; }
+    void setDisabledColor(const QColor& color) { disabled_ = color; }
 
-    const frontend::List& list() const { return rows; }
+    const frontend::List& list() const { return rows_; }
     /// The cell as the add-on set it.
     QString cellText(int row, int column) const;
 
@@ -32,9 +32,9 @@ public:
 private:
     QVariant foreground(int row) const;
 
-    const frontend::List& rows;
-    int shownRows = 0, shownColumns = 0;
-    QColor disabled;
+    const frontend::List& rows_;
+    int shownRows_ = 0, shownColumns_ = 0;
+    QColor disabled_;
 };
 
 }  // namespace desktop

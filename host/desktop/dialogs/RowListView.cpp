@@ -36,7 +36,7 @@ Int16 shortened(int value) {
 }  // namespace
 
 RowListView::RowListView(const frontend::List& list, QWidget* parent)
-    : QTableView(parent), rows(new RowListModel(list, this)) {
+    : QTableView(parent), rows_(new RowListModel(list, this)) {
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -56,30 +56,30 @@ RowListView::RowListView(const frontend::List& list, QWidget* parent)
     horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setSectionsClickable(false);
     horizontalHeader()->setHighlightSections(false);
-    setModel(rows);
+    setModel(rows_);
     takePalette();
     placeColumns();
 }
 
 void RowListView::refresh() {
-    rows->refresh();
+    rows_->refresh();
     placeColumns();
 }
 
 void RowListView::showRow(int row) {
-    if (row < 0 || row >= rows->rowCount()) return;
-    setCurrentIndex(rows->index(row, std::max(currentIndex().column(), 0)));
+    if (row < 0 || row >= rows_->rowCount()) return;
+    setCurrentIndex(rows_->index(row, std::max(currentIndex().column(), 0)));
     scrollTo(currentIndex());
 }
 
 /// A column reaches from its field's begin to the next field's, so that what is seen is where a click is counted.
 /// Nothing lies behind the last one: it has the room up to the scroll bar, be that less or more than its field.
 void RowListView::placeColumns() {
-    const auto& fields = rows->list().tabFields();
+    const auto& fields = rows_->list().tabFields();
     QHeaderView* header = horizontalHeader();
-    header->setVisible(rows->list().headerVisible());
-    header->setSectionsMovable(rows->list().headerMovable());
-    const int count = std::min(static_cast<int>(fields.size()), rows->columnCount());
+    header->setVisible(rows_->list().headerVisible());
+    header->setSectionsMovable(rows_->list().headerMovable());
+    const int count = std::min(static_cast<int>(fields.size()), rows_->columnCount());
     for (int i = 0; i < count; ++i) {
         const frontend::TabField& field = fields[static_cast<std::size_t>(i)];
         const int begin = i == 0 ? 0 : field.begin;
@@ -95,7 +95,7 @@ void RowListView::resizeEvent(QResizeEvent* event) {
 }
 
 void RowListView::takePalette() {
-    rows->setDisabledColor(greyText(palette()));
+    rows_->setDisabledColor(greyText(palette()));
 }
 
 void RowListView::changeEvent(QEvent* event) {
@@ -105,8 +105,8 @@ void RowListView::changeEvent(QEvent* event) {
 }
 
 void RowListView::mousePressEvent(QMouseEvent* event) {
-    pressed = event->button() == Qt::LeftButton;
-    pressedAt = event->position().toPoint();
+    pressed_ = event->button() == Qt::LeftButton;
+    pressedAt_ = event->position().toPoint();
     QTableView::mousePressEvent(event);
 }
 
@@ -114,13 +114,13 @@ void RowListView::mousePressEvent(QMouseEvent* event) {
 void RowListView::mouseReleaseEvent(QMouseEvent* event) {
     QTableView::mouseReleaseEvent(event);
     const QPoint at = event->position().toPoint();
-    const bool click = pressed && event->button() == Qt::LeftButton && viewport()->rect().contains(at) &&
-                       rowAt(at.y()) == rowAt(pressedAt.y()) &&
-                       (at - pressedAt).manhattanLength() < QApplication::startDragDistance();
-    pressed = false;
+    const bool click = pressed_ && event->button() == Qt::LeftButton && viewport()->rect().contains(at) &&
+                       rowAt(at.y()) == rowAt(pressedAt_.y()) &&
+                       (at - pressedAt_).manhattanLength() < QApplication::startDragDistance();
+    pressed_ = false;
     if (!click) return;
     const int row = rowAt(at.y());
-    Q_EMIT rowClicked(shortened(row + 1), shortened(pressedAt.x() + horizontalScrollBar()->value()));
+    Q_EMIT rowClicked(shortened(row + 1), shortened(pressedAt_.x() + horizontalScrollBar()->value()));
 }
 
 void RowListView::keyPressEvent(QKeyEvent* event) {
@@ -137,7 +137,7 @@ void RowListView::keyPressEvent(QKeyEvent* event) {
 
 /// Space clicks in the middle of the first column: of the current row, and of the others selected with it.
 void RowListView::clickCurrentRows() {
-    const auto& fields = rows->list().tabFields();
+    const auto& fields = rows_->list().tabFields();
     if (fields.empty() || !currentIndex().isValid()) return;
     const int x = (fields.front().begin + fields.front().end) / 2;
     std::vector<int> clickedRows;
@@ -156,34 +156,34 @@ void RowListView::copyRows() {
               [](const QModelIndex& a, const QModelIndex& b) { return a.row() < b.row(); });
     QStringList lines;
     for (const QModelIndex& index : selected) {
-        lines += toQString(rows->list().rowText(static_cast<Int16>(index.row() + 1)));
+        lines += toQString(rows_->list().rowText(static_cast<Int16>(index.row() + 1)));
     }
     QApplication::clipboard()->setText(lines.join(u'\n'));
 }
 
 bool RowListView::rowContains(int row, const QString& text) const {
-    return toQString(rows->list().rowText(static_cast<Int16>(row + 1))).contains(text, Qt::CaseInsensitive);
+    return toQString(rows_->list().rowText(static_cast<Int16>(row + 1))).contains(text, Qt::CaseInsensitive);
 }
 
 /// Goes to the next row with the typed letters in any of its cells. More letters may keep the row found by the first.
 void RowListView::keyboardSearch(const QString& typed) {
     if (typed.isEmpty()) {
-        searched.clear();
+        searched_.clear();
         return;
     }
-    const bool goesOn = sinceSearch.isValid() && sinceSearch.elapsed() < searchPauseMs;
-    const QString before = goesOn ? searched : QString();
+    const bool goesOn = sinceSearch_.isValid() && sinceSearch_.elapsed() < searchPauseMs;
+    const QString before = goesOn ? searched_ : QString();
     // One key pressed again and again goes from match to match.
     const bool again = !before.isEmpty() && before == typed;
-    searched = again ? before : before + typed;
-    sinceSearch.start();
+    searched_ = again ? before : before + typed;
+    sinceSearch_.start();
 
-    const int count = rows->rowCount();
+    const int count = rows_->rowCount();
     const int current = std::max(currentIndex().row(), 0);
     const int first = before.isEmpty() || again ? current + 1 : current;
     for (int step = 0; step < count; ++step) {
         const int row = (first + step) % count;
-        if (!rowContains(row, searched)) continue;
+        if (!rowContains(row, searched_)) continue;
         showRow(row);
         return;
     }
@@ -196,8 +196,8 @@ void RowListView::paintEvent(QPaintEvent* event) {
     QColor line = palette().color(QPalette::Text);
     line.setAlphaF(0.18F);
     painter.setPen(line);
-    const auto& fields = rows->list().tabFields();
-    for (int i = 0; i + 1 < rows->columnCount(); ++i) {
+    const auto& fields = rows_->list().tabFields();
+    for (int i = 0; i + 1 < rows_->columnCount(); ++i) {
         if (!fields[static_cast<std::size_t>(i)].separator || isColumnHidden(i)) continue;
         const int x = columnViewportPosition(i) + columnWidth(i) - 1;
         painter.drawLine(x, 0, x, viewport()->height());
@@ -214,7 +214,7 @@ bool RowListView::viewportEvent(QEvent* event) {
 bool RowListView::showFullText(const QPoint& viewportPosition, const QPoint& globalPosition) {
     const QModelIndex index = indexAt(viewportPosition);
     if (!index.isValid()) return false;
-    const QString text = rows->cellText(index.row(), index.column());
+    const QString text = rows_->cellText(index.row(), index.column());
     const QRect cell = visualRect(index);
     const int margin = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1);
     const QString shown = index.data().toString();

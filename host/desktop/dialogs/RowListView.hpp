@@ -41,11 +41,11 @@ private:
     bool showFullText(const QPoint& viewportPosition, const QPoint& globalPosition);
     bool rowContains(int row, const QString& text) const;
 
-    RowListModel* rows;
-    QPoint pressedAt;
-    bool pressed = false;
-    QString searched;
-    QElapsedTimer sinceSearch;
+    RowListModel* rows_;
+    QPoint pressedAt_;
+    bool pressed_ = false;
+    QString searched_;
+    QElapsedTimer sinceSearch_;
 };
 
 }  // namespace desktop

@@ -67,8 +67,8 @@ struct ElementIndex::Word {
 
 ElementIndex::ElementIndex(const model::Model& source) {
     const auto count = static_cast<model::Element>(source.elementCount());
-    rows.resize(count);
-    guids.resize(count);
+    rows_.resize(count);
+    guids_.resize(count);
     QHash<QString, std::uint16_t> typeNumbers, classNumbers;
     const auto shared = [](QHash<QString, std::uint16_t>& numbers, std::vector<Shared>& texts, const QString& text) {
         const auto known = numbers.constFind(text);
@@ -81,10 +81,10 @@ ElementIndex::ElementIndex(const model::Model& source) {
     std::vector<QString> storeyOf(count);
     for (model::Element element = 0; element < count; ++element) {
         const model::ElementInfo info = source.info(element);
-        rows[element].type = shared(typeNumbers, types, toQString(info.typeName));
-        rows[element].ifcClass = shared(classNumbers, classes, toQString(info.ifcClass));
-        rows[element].typeId = info.typeId;
-        guids[element] = info.guid;
+        rows_[element].type = shared(typeNumbers, types_, toQString(info.typeName));
+        rows_[element].ifcClass = shared(classNumbers, classes_, toQString(info.ifcClass));
+        rows_[element].typeId = info.typeId;
+        guids_[element] = info.guid;
         storeyOf[element] = toQString(source.storey(element));
     }
     gatherStoreys(source, storeyOf);
@@ -96,57 +96,57 @@ void ElementIndex::gatherStoreys(const model::Model& source, std::vector<QString
     const auto numberOf = [&](const QString& name) {
         const auto known = numbers.constFind(name);
         if (known != numbers.constEnd()) return *known;
-        const auto next = static_cast<std::uint32_t>(storeyList.size());
-        storeyList.push_back({name, {}, 0});
+        const auto next = static_cast<std::uint32_t>(storeyList_.size());
+        storeyList_.push_back({name, {}, 0});
         numbers.insert(name, next);
         return next;
     };
     for (model::Element element = 0; element < size(); ++element) {
-        if (rows[element].typeId == storeyTypeId) {
+        if (rows_[element].typeId == storeyTypeId) {
             const QString name = toQString(source.name(element));
-            if (const auto origin = source.placement(element)) storeyList[numberOf(name)].elevation = origin->z;
+            if (const auto origin = source.placement(element)) storeyList_[numberOf(name)].elevation = origin->z;
             if (storeyOf[element].isEmpty()) storeyOf[element] = name;  // a storey stands in itself
         }
-        rows[element].storey = numberOf(storeyOf[element]);
-        ++storeyList[rows[element].storey].elementCount;
+        rows_[element].storey = numberOf(storeyOf[element]);
+        ++storeyList_[rows_[element].storey].elementCount;
     }
 
-    std::vector<std::uint32_t> order(storeyList.size());
+    std::vector<std::uint32_t> order(storeyList_.size());
     std::iota(order.begin(), order.end(), 0U);
     std::stable_sort(order.begin(), order.end(), [&](std::uint32_t a, std::uint32_t b) {
-        const StoreyInfo &left = storeyList[a], &right = storeyList[b];
+        const StoreyInfo &left = storeyList_[a], &right = storeyList_[b];
         if (left.name.isEmpty() != right.name.isEmpty()) return right.name.isEmpty();
         if (left.elevation.has_value() != right.elevation.has_value()) return left.elevation.has_value();
         return left.elevation && *left.elevation < *right.elevation;
     });
     std::vector<StoreyInfo> ordered;
-    std::vector<std::uint32_t> place(storeyList.size());
+    std::vector<std::uint32_t> place(storeyList_.size());
     for (const std::uint32_t old : order) {
         place[old] = static_cast<std::uint32_t>(ordered.size());
-        ordered.push_back(std::move(storeyList[old]));
+        ordered.push_back(std::move(storeyList_[old]));
     }
-    storeyList = std::move(ordered);
-    for (Row& row : rows) row.storey = place[row.storey];
+    storeyList_ = std::move(ordered);
+    for (Row& row : rows_) row.storey = place[row.storey];
 }
 
 void ElementIndex::refreshNames(const model::Model& source) {
-    nameKeys.clear();
-    nameEnds.clear();
-    nameEnds.reserve(rows.size());
+    nameKeys_.clear();
+    nameEnds_.clear();
+    nameEnds_.reserve(rows_.size());
     for (model::Element element = 0; element < size(); ++element) {
-        nameKeys += toQString(source.name(element)).toCaseFolded().toStdString();
-        nameEnds.push_back(nameKeys.size());
+        nameKeys_ += toQString(source.name(element)).toCaseFolded().toStdString();
+        nameEnds_.push_back(nameKeys_.size());
     }
-    nameKeys.shrink_to_fit();
+    nameKeys_.shrink_to_fit();
 }
 
 std::string_view ElementIndex::nameKey(model::Element element) const {
-    const std::uint64_t begin = element ? nameEnds[element - 1] : 0;
-    return std::string_view(nameKeys).substr(begin, nameEnds[element] - begin);
+    const std::uint64_t begin = element ? nameEnds_[element - 1] : 0;
+    return std::string_view(nameKeys_).substr(begin, nameEnds_[element] - begin);
 }
 
 std::vector<model::Element> ElementIndex::sorted(ElementColumn column, bool descending) const {
-    std::vector<model::Element> order(rows.size());
+    std::vector<model::Element> order(rows_.size());
     std::iota(order.begin(), order.end(), 0U);
     const auto ranked = [](const std::vector<Shared>& texts) {
         std::vector<std::size_t> byText(texts.size()), rank(texts.size());
@@ -165,21 +165,21 @@ std::vector<model::Element> ElementIndex::sorted(ElementColumn column, bool desc
     };
     switch (column) {
         case ElementColumn::Storey:
-            sortBy([&](auto a, auto b) { return rows[a].storey < rows[b].storey; });
+            sortBy([&](auto a, auto b) { return rows_[a].storey < rows_[b].storey; });
             break;
         case ElementColumn::Type:
-            sortBy([&, rank = ranked(types)](auto a, auto b) { return rank[rows[a].type] < rank[rows[b].type]; });
+            sortBy([&, rank = ranked(types_)](auto a, auto b) { return rank[rows_[a].type] < rank[rows_[b].type]; });
             break;
         case ElementColumn::Class:
-            sortBy([&, rank = ranked(classes)](auto a, auto b) {
-                return rank[rows[a].ifcClass] < rank[rows[b].ifcClass];
+            sortBy([&, rank = ranked(classes_)](auto a, auto b) {
+                return rank[rows_[a].ifcClass] < rank[rows_[b].ifcClass];
             });
             break;
         case ElementColumn::Name:
             sortBy([&](auto a, auto b) { return naturalLess(nameKey(a), nameKey(b)); });
             break;
         case ElementColumn::Guid:
-            sortBy([&](auto a, auto b) { return guids[a] < guids[b]; });
+            sortBy([&](auto a, auto b) { return guids_[a] < guids_[b]; });
             break;
     }
     return order;
@@ -191,19 +191,19 @@ ElementIndex::Word ElementIndex::prepare(const QString& text) const {
     word.folded = folded.toStdString();
     if (looksLikeGuidPart(folded)) word.guidPart = text.toUpper().toStdString();
     if (text.size() == 22) word.guid = guidFromText(text);
-    for (const StoreyInfo& storey : storeyList) word.storeys.push_back(storey.name.toCaseFolded().contains(folded));
-    for (const Shared& type : types) word.types.push_back(type.folded.contains(folded));
-    for (const Shared& ifcClass : classes) word.classes.push_back(ifcClass.folded.contains(folded));
+    for (const StoreyInfo& storey : storeyList_) word.storeys.push_back(storey.name.toCaseFolded().contains(folded));
+    for (const Shared& type : types_) word.types.push_back(type.folded.contains(folded));
+    for (const Shared& ifcClass : classes_) word.classes.push_back(ifcClass.folded.contains(folded));
     return word;
 }
 
 bool ElementIndex::matches(model::Element element, const Word& word) const {
-    const Row& row = rows[element];
+    const Row& row = rows_[element];
     if (word.types[row.type] || word.classes[row.ifcClass] || word.storeys[row.storey]) return true;
     if (nameKey(element).find(word.folded) != std::string_view::npos) return true;
-    if (word.guid && *word.guid == guids[element]) return true;
+    if (word.guid && *word.guid == guids_[element]) return true;
     if (word.guidPart.empty()) return false;
-    const auto guid = guidCharacters(guids[element]);
+    const auto guid = guidCharacters(guids_[element]);
     return std::string_view(guid.data(), guid.size()).find(word.guidPart) != std::string_view::npos;
 }
 

@@ -28,16 +28,16 @@ class ElementIndex {
 public:
     explicit ElementIndex(const model::Model& source);
 
-    std::uint32_t size() const { return static_cast<std::uint32_t>(rows.size()); }
-    const QString& type(model::Element element) const { return types[rows[element].type].text; }
-    const QString& ifcClass(model::Element element) const { return classes[rows[element].ifcClass].text; }
-    const model::Guid& guid(model::Element element) const { return guids[element]; }
-    std::int32_t typeId(model::Element element) const { return rows[element].typeId; }
+    std::uint32_t size() const { return static_cast<std::uint32_t>(rows_.size()); }
+    const QString& type(model::Element element) const { return types_[rows_[element].type].text; }
+    const QString& ifcClass(model::Element element) const { return classes_[rows_[element].ifcClass].text; }
+    const model::Guid& guid(model::Element element) const { return guids_[element]; }
+    std::int32_t typeId(model::Element element) const { return rows_[element].typeId; }
 
     /// Lowest first; those of unknown height after them, "in none" last.
-    const std::vector<StoreyInfo>& storeys() const { return storeyList; }
+    const std::vector<StoreyInfo>& storeys() const { return storeyList_; }
     /// Position of the element's storey in storeys().
-    std::uint32_t storey(model::Element element) const { return rows[element].storey; }
+    std::uint32_t storey(model::Element element) const { return rows_[element].storey; }
 
     /// All elements in the order of a column; elements that are equal there stay in file order.
     std::vector<model::Element> sorted(ElementColumn column, bool descending) const;
@@ -64,12 +64,12 @@ private:
     Word prepare(const QString& text) const;
     bool matches(model::Element element, const Word& word) const;
 
-    std::vector<Row> rows;
-    std::vector<model::Guid> guids;
-    std::vector<Shared> types, classes;
-    std::vector<StoreyInfo> storeyList;
-    std::string nameKeys;                 ///< UTF-8, case folded, end to end.
-    std::vector<std::uint64_t> nameEnds;  ///< Where each element's key ends in nameKeys.
+    std::vector<Row> rows_;
+    std::vector<model::Guid> guids_;
+    std::vector<Shared> types_, classes_;
+    std::vector<StoreyInfo> storeyList_;
+    std::string nameKeys_;                 ///< UTF-8, case folded, end to end.
+    std::vector<std::uint64_t> nameEnds_;  ///< Where each element's key ends in nameKeys.
 };
 
 /// Order of two texts in which runs of digits count as numbers: "wall 9" before "wall 10".

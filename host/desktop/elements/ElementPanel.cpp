@@ -46,116 +46,116 @@ void setUpTable(QTableView* view) {
 
 ElementPanel::ElementPanel(QWidget* parent)
     : QWidget(parent),
-      model(new ElementTableModel(this)),
-      filter(new QLineEdit(this)),
-      view(new QTableView(this)),
-      count(new QLabel(this)) {
-    filter->setObjectName(QStringLiteral("filter"));
-    filter->setAccessibleName(QStringLiteral("Filter of the elements"));
-    filter->setPlaceholderText(QStringLiteral("Filter: words from any column, or a GUID"));
-    filter->setClearButtonEnabled(true);
-    filter->installEventFilter(this);
-    count->setObjectName(QStringLiteral("elementCount"));
-    count->setAccessibleName(QStringLiteral("Number of elements shown"));
+      model_(new ElementTableModel(this)),
+      filter_(new QLineEdit(this)),
+      view_(new QTableView(this)),
+      count_(new QLabel(this)) {
+    filter_->setObjectName(QStringLiteral("filter"));
+    filter_->setAccessibleName(QStringLiteral("Filter of the elements"));
+    filter_->setPlaceholderText(QStringLiteral("Filter: words from any column, or a GUID"));
+    filter_->setClearButtonEnabled(true);
+    filter_->installEventFilter(this);
+    count_->setObjectName(QStringLiteral("elementCount"));
+    count_->setAccessibleName(QStringLiteral("Number of elements shown"));
 
-    setUpTable(view);
-    view->setModel(model);
-    view->setSortingEnabled(true);
-    view->installEventFilter(this);
+    setUpTable(view_);
+    view_->setModel(model_);
+    view_->setSortingEnabled(true);
+    view_->installEventFilter(this);
     // Names have what the other columns leave.
-    view->horizontalHeader()->setSectionResizeMode(static_cast<int>(ElementColumn::Name), QHeaderView::Stretch);
+    view_->horizontalHeader()->setSectionResizeMode(static_cast<int>(ElementColumn::Name), QHeaderView::Stretch);
     for (int column = 0; column < elementColumnCount; ++column) {
         if (columnCharacters[column])
-            view->setColumnWidth(column, view->fontMetrics().averageCharWidth() * columnCharacters[column]);
+            view_->setColumnWidth(column, view_->fontMetrics().averageCharWidth() * columnCharacters[column]);
     }
 
     auto* top = new QHBoxLayout;
-    top->addWidget(filter, 1);
-    top->addWidget(count);
+    top->addWidget(filter_, 1);
+    top->addWidget(count_);
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(6, 6, 6, 6);
     all->addLayout(top);
-    all->addWidget(view, 1);
+    all->addWidget(view_, 1);
 
-    connect(filter, &QLineEdit::textChanged, this, &ElementPanel::applyFilter);
+    connect(filter_, &QLineEdit::textChanged, this, &ElementPanel::applyFilter);
     // The selection and not the current row: a table that gets the focus makes its first row the current one by itself.
-    connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this](const QItemSelection& rows) {
-        if (changing || rows.isEmpty()) return;
-        chosen = model->element(rows.first().top());
+    connect(view_->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this](const QItemSelection& rows) {
+        if (changing_ || rows.isEmpty()) return;
+        chosen_ = model_->element(rows.first().top());
         Q_EMIT currentChanged();
     });
     // Sorting resets the rows; the same element stays the current one and in sight.
-    connect(model, &QAbstractItemModel::modelAboutToBeReset, this, [this] { changing = true; });
-    connect(model, &QAbstractItemModel::modelReset, this, [this] {
-        restoreCurrent(chosen);
-        changing = false;
+    connect(model_, &QAbstractItemModel::modelAboutToBeReset, this, [this] { changing_ = true; });
+    connect(model_, &QAbstractItemModel::modelReset, this, [this] {
+        restoreCurrent(chosen_);
+        changing_ = false;
         showCount();
     });
     showCount();
 }
 
 void ElementPanel::setSource(const model::Model* source, const ElementIndex* index) {
-    chosen.reset();
+    chosen_.reset();
     {
-        const QSignalBlocker quiet(filter);
-        filter->clear();
-        model->setFilter({});
+        const QSignalBlocker quiet(filter_);
+        filter_->clear();
+        model_->setFilter({});
     }
-    model->setSource(source, index);
-    filter->setEnabled(source != nullptr);
-    view->scrollToTop();
+    model_->setSource(source, index);
+    filter_->setEnabled(source != nullptr);
+    view_->scrollToTop();
     Q_EMIT currentChanged();
 }
 
 void ElementPanel::refresh() {
-    model->refresh();
+    model_->refresh();
     Q_EMIT currentChanged();
 }
 
 std::optional<model::Element> ElementPanel::current() const {
-    return chosen;
+    return chosen_;
 }
 
 void ElementPanel::select(model::Element element) {
-    if (chosen == element) return;
-    chosen = element;
+    if (chosen_ == element) return;
+    chosen_ = element;
     {
-        const QScopedValueRollback hold(changing, true);
-        view->clearSelection();
-        restoreCurrent(chosen);
+        const QScopedValueRollback hold(changing_, true);
+        view_->clearSelection();
+        restoreCurrent(chosen_);
     }
     Q_EMIT currentChanged();
 }
 
 void ElementPanel::focusFilter() {
-    filter->setFocus(Qt::ShortcutFocusReason);
-    filter->selectAll();
+    filter_->setFocus(Qt::ShortcutFocusReason);
+    filter_->selectAll();
 }
 
 void ElementPanel::applyFilter() {
-    model->setFilter(filter->text());
-    if (!chosen || model->rowOf(*chosen) < 0) view->scrollToTop();
+    model_->setFilter(filter_->text());
+    if (!chosen_ || model_->rowOf(*chosen_) < 0) view_->scrollToTop();
 }
 
 void ElementPanel::restoreCurrent(std::optional<model::Element> element) {
-    const int row = element ? model->rowOf(*element) : -1;
+    const int row = element ? model_->rowOf(*element) : -1;
     if (row < 0) return;
-    const int column = std::max(view->currentIndex().column(), 0);
-    view->setCurrentIndex(model->index(row, column));
-    view->scrollTo(model->index(row, column));
+    const int column = std::max(view_->currentIndex().column(), 0);
+    view_->setCurrentIndex(model_->index(row, column));
+    view_->scrollTo(model_->index(row, column));
 }
 
 void ElementPanel::showCount() {
-    const int shown = model->rowCount();
-    const QString all = counted(model->total(), "element", "elements");
-    count->setText(shown == model->total() ? all : QStringLiteral("%1 of %2").arg(number(shown), all));
+    const int shown = model_->rowCount();
+    const QString all = counted(model_->total(), "element", "elements");
+    count_->setText(shown == model_->total() ? all : QStringLiteral("%1 of %2").arg(number(shown), all));
 }
 
 void ElementPanel::copyRow() {
-    if (!chosen) return;
+    if (!chosen_) return;
     QStringList cells;
     for (int column = 0; column < elementColumnCount; ++column) {
-        cells += model->text(*chosen, static_cast<ElementColumn>(column));
+        cells += model_->text(*chosen_, static_cast<ElementColumn>(column));
     }
     QApplication::clipboard()->setText(cells.join(u'\t'));
 }
@@ -163,18 +163,18 @@ void ElementPanel::copyRow() {
 bool ElementPanel::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         auto* key = static_cast<QKeyEvent*>(event);
-        if (watched == view && key->matches(QKeySequence::Copy)) {
+        if (watched == view_ && key->matches(QKeySequence::Copy)) {
             copyRow();
             return true;
         }
-        if (watched == filter && key->key() == Qt::Key_Escape && !filter->text().isEmpty()) {
-            filter->clear();
+        if (watched == filter_ && key->key() == Qt::Key_Escape && !filter_->text().isEmpty()) {
+            filter_->clear();
             return true;
         }
         const bool down = key->key() == Qt::Key_Down || key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
-        if (watched == filter && down && model->rowCount() > 0) {
-            if (!view->selectionModel()->hasSelection()) view->selectRow(0);
-            view->setFocus(Qt::TabFocusReason);
+        if (watched == filter_ && down && model_->rowCount() > 0) {
+            if (!view_->selectionModel()->hasSelection()) view_->selectRow(0);
+            view_->setFocus(Qt::TabFocusReason);
             return true;
         }
     }

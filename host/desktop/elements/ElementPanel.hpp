@@ -25,8 +25,8 @@ public:
     void select(model::Element element);
     void focusFilter();
 
-    QTableView* table() const { return view; }
-    QLineEdit* filterField() const { return filter; }
+    QTableView* table() const { return view_; }
+    QLineEdit* filterField() const { return filter_; }
 
 Q_SIGNALS:
     void currentChanged();
@@ -40,12 +40,12 @@ private:
     void showCount();
     void copyRow();
 
-    ElementTableModel* model;
-    QLineEdit* filter;
-    QTableView* view;
-    QLabel* count;
-    std::optional<model::Element> chosen;  ///< Stays chosen while a filter hides it.
-    bool changing = false;                 ///< Rows are being exchanged; the view's selection means nothing.
+    ElementTableModel* model_;
+    QLineEdit* filter_;
+    QTableView* view_;
+    QLabel* count_;
+    std::optional<model::Element> chosen_;  ///< Stays chosen while a filter hides it.
+    bool changing_ = false;                 ///< Rows are being exchanged; the view's selection means nothing.
 };
 
 }  // namespace desktop

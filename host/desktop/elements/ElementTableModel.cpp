@@ -9,79 +9,79 @@ namespace desktop {
 
 void ElementTableModel::setSource(const model::Model* newSource, const ElementIndex* newIndex) {
     beginResetModel();
-    source = newSource;
-    elements = newIndex;
-    order.clear();
+    source_ = newSource;
+    elements_ = newIndex;
+    order_.clear();
     apply();
     endResetModel();
 }
 
 void ElementTableModel::setFilter(const QString& text) {
-    if (text == filter) return;
+    if (text == filter_) return;
     beginResetModel();
-    filter = text;
+    filter_ = text;
     apply();
     endResetModel();
 }
 
 void ElementTableModel::refresh() {
     beginResetModel();
-    order.clear();
+    order_.clear();
     apply();
     endResetModel();
 }
 
 void ElementTableModel::sort(int column, Qt::SortOrder direction) {
     beginResetModel();
-    sortColumn = column;
-    sortOrder = direction;
-    order.clear();
+    sortColumn_ = column;
+    sortOrder_ = direction;
+    order_.clear();
     apply();
     endResetModel();
 }
 
 void ElementTableModel::apply() {
-    shown.clear();
-    if (!elements) return;
-    if (order.empty()) {
-        if (sortColumn < 0) {
-            order.resize(elements->size());
-            std::iota(order.begin(), order.end(), 0U);
+    shown_.clear();
+    if (!elements_) return;
+    if (order_.empty()) {
+        if (sortColumn_ < 0) {
+            order_.resize(elements_->size());
+            std::iota(order_.begin(), order_.end(), 0U);
         } else {
-            order = elements->sorted(static_cast<ElementColumn>(sortColumn), sortOrder == Qt::DescendingOrder);
+            order_ = elements_->sorted(static_cast<ElementColumn>(sortColumn_), sortOrder_ == Qt::DescendingOrder);
         }
     }
-    shown = elements->filtered(order, filter);
+    shown_ = elements_->filtered(order_, filter_);
 }
 
 std::optional<model::Element> ElementTableModel::element(int row) const {
     if (row < 0 || row >= rowCount()) return std::nullopt;
-    return shown[static_cast<std::size_t>(row)];
+    return shown_[static_cast<std::size_t>(row)];
 }
 
 int ElementTableModel::rowOf(model::Element element) const {
-    const auto found = std::find(shown.begin(), shown.end(), element);
-    return found == shown.end() ? -1 : static_cast<int>(found - shown.begin());
+    const auto found = std::find(shown_.begin(), shown_.end(), element);
+    return found == shown_.end() ? -1 : static_cast<int>(found - shown_.begin());
 }
 
 QString ElementTableModel::text(model::Element element, ElementColumn column) const {
     switch (column) {
         case ElementColumn::Storey:
-            return elements->storeys()[elements->storey(element)].name;
+            return elements_->storeys()[elements_->storey(element)].name;
         case ElementColumn::Type:
-            return elements->type(element);
+            return elements_->type(element);
         case ElementColumn::Name:
-            return toQString(source->name(element));
+            return toQString(source_->name(element));
         case ElementColumn::Guid:
-            return guidText(elements->guid(element));
+            return guidText(elements_->guid(element));
         case ElementColumn::Class:
-            return elements->ifcClass(element);
+            return elements_->ifcClass(element);
     }
     return {};
 }
 
 int ElementTableModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(shown.size());
+    return parent.isValid() ? 0 : static_cast<int>(shown_.size());
 }
 
 int ElementTableModel::columnCount(const QModelIndex& parent) const {

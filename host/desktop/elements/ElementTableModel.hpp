@@ -25,7 +25,7 @@ public:
     QString text(model::Element element, ElementColumn column) const;
 
     /// Number of elements, shown or not.
-    int total() const { return elements ? static_cast<int>(elements->size()) : 0; }
+    int total() const { return elements_ ? static_cast<int>(elements_->size()) : 0; }
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -36,12 +36,12 @@ public:
 private:
     void apply();
 
-    const model::Model* source = nullptr;
-    const ElementIndex* elements = nullptr;
-    std::vector<model::Element> order, shown;
-    QString filter;
-    int sortColumn = -1;  ///< -1: file order.
-    Qt::SortOrder sortOrder = Qt::AscendingOrder;
+    const model::Model* source_ = nullptr;
+    const ElementIndex* elements_ = nullptr;
+    std::vector<model::Element> order_, shown_;
+    QString filter_;
+    int sortColumn_ = -1;  ///< -1: file order.
+    Qt::SortOrder sortOrder_ = Qt::AscendingOrder;
 };
 
 }  // namespace desktop

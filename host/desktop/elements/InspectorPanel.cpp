@@ -63,55 +63,56 @@ QString valueText(const model::Property& property) {
 }
 
 InspectorPanel::InspectorPanel(QWidget* parent)
-    : QWidget(parent), heading(new QLabel(this)), view(new QTreeWidget(this)) {
-    heading->setObjectName(QStringLiteral("elementHeading"));
-    heading->setTextFormat(Qt::PlainText);
-    heading->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    heading->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    view->setObjectName(QStringLiteral("inspector"));
-    view->setAccessibleName(QStringLiteral("Data of the selected element"));
-    view->setHeaderLabels({QStringLiteral("Name"), QStringLiteral("Value")});
-    view->header()->setDefaultSectionSize(fontMetrics().averageCharWidth() * 22);
-    view->setUniformRowHeights(true);
-    view->setAlternatingRowColors(true);
-    view->setIndentation(14);
-    view->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    view->installEventFilter(this);
+    : QWidget(parent), heading_(new QLabel(this)), view_(new QTreeWidget(this)) {
+    heading_->setObjectName(QStringLiteral("elementHeading"));
+    heading_->setTextFormat(Qt::PlainText);
+    heading_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    heading_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    view_->setObjectName(QStringLiteral("inspector"));
+    view_->setAccessibleName(QStringLiteral("Data of the selected element"));
+    view_->setHeaderLabels({QStringLiteral("Name"), QStringLiteral("Value")});
+    view_->header()->setDefaultSectionSize(fontMetrics().averageCharWidth() * 22);
+    view_->setUniformRowHeights(true);
+    view_->setAlternatingRowColors(true);
+    view_->setIndentation(14);
+    view_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    view_->installEventFilter(this);
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(6, 6, 6, 6);
-    all->addWidget(heading);
-    all->addWidget(view, 1);
-    connect(view, &QTreeWidget::itemCollapsed, this, [this](QTreeWidgetItem* item) { closedGroups += item->text(0); });
-    connect(view, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem* item) { closedGroups -= item->text(0); });
+    all->addWidget(heading_);
+    all->addWidget(view_, 1);
+    connect(view_, &QTreeWidget::itemCollapsed, this,
+            [this](QTreeWidgetItem* item) { closedGroups_ += item->text(0); });
+    connect(view_, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem* item) { closedGroups_ -= item->text(0); });
     show(nullptr, std::nullopt);
 }
 
 void InspectorPanel::show(const model::Model* source, std::optional<model::Element> element) {
-    const int scrolled = view->verticalScrollBar()->value();
-    view->setUpdatesEnabled(false);
-    view->clear();
+    const int scrolled = view_->verticalScrollBar()->value();
+    view_->setUpdatesEnabled(false);
+    view_->clear();
     if (source && element) {
         const QString name = toQString(source->name(*element));
         const QString type = toQString(source->info(*element).typeName);
-        heading->setText(name.isEmpty() ? type : QStringLiteral("%1 – %2").arg(name, type));
+        heading_->setText(name.isEmpty() ? type : QStringLiteral("%1 – %2").arg(name, type));
         addIdentity(*source, *element);
         addAttributes(*source, *element);
         addProperties(*source, *element);
         addClassifications(*source, *element);
     } else {
-        heading->setText(source ? QStringLiteral("No element selected") : QString());
+        heading_->setText(source ? QStringLiteral("No element selected") : QString());
     }
-    view->verticalScrollBar()->setValue(scrolled);
-    view->setUpdatesEnabled(true);
+    view_->verticalScrollBar()->setValue(scrolled);
+    view_->setUpdatesEnabled(true);
 }
 
 QTreeWidgetItem* InspectorPanel::group(const QString& title) {
-    auto* item = new QTreeWidgetItem(view, {title});
-    QFont font = view->font();
+    auto* item = new QTreeWidgetItem(view_, {title});
+    QFont font = view_->font();
     font.setBold(true);
     item->setFont(0, font);
     item->setFirstColumnSpanned(true);
-    item->setExpanded(!closedGroups.contains(title));
+    item->setExpanded(!closedGroups_.contains(title));
     return item;
 }
 
@@ -175,14 +176,14 @@ void InspectorPanel::addClassifications(const model::Model& source, model::Eleme
 
 void InspectorPanel::copySelection() {
     QStringList lines;
-    for (const QTreeWidgetItem* item : view->selectedItems()) {
+    for (const QTreeWidgetItem* item : view_->selectedItems()) {
         lines += item->childCount() ? item->text(0) : item->text(0) + u'\t' + item->text(1);
     }
     if (!lines.isEmpty()) QApplication::clipboard()->setText(lines.join(u'\n'));
 }
 
 bool InspectorPanel::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == view && event->type() == QEvent::KeyPress &&
+    if (watched == view_ && event->type() == QEvent::KeyPress &&
         static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {
         copySelection();
         return true;

@@ -21,7 +21,7 @@ public:
     /// Shows an element, or nothing. Groups that the user has closed stay closed from one element to the next.
     void show(const model::Model* source, std::optional<model::Element> element);
 
-    QTreeWidget* tree() const { return view; }
+    QTreeWidget* tree() const { return view_; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -34,9 +34,9 @@ private:
     void addClassifications(const model::Model& source, model::Element element);
     void copySelection();
 
-    QLabel* heading;
-    QTreeWidget* view;
-    QSet<QString> closedGroups;
+    QLabel* heading_;
+    QTreeWidget* view_;
+    QSet<QString> closedGroups_;
 };
 
 /// A property's value as a person reads it.

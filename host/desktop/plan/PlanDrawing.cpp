@@ -17,49 +17,49 @@ constexpr std::size_t piece = 64;
 
 void PlanDrawing::start(const PlanViewport& port, qreal pixelRatio, const QPalette& palette, const QColor& paper,
                         std::vector<Item> wanted) {
-    pending = QImage((port.size * pixelRatio).toSize(), QImage::Format_ARGB32_Premultiplied);
-    pending.setDevicePixelRatio(pixelRatio);
-    pending.fill(paper);
-    pendingPort = port;
-    colors = palette;
-    items = std::move(wanted);
-    next = 0;
+    pending_ = QImage((port.size * pixelRatio).toSize(), QImage::Format_ARGB32_Premultiplied);
+    pending_.setDevicePixelRatio(pixelRatio);
+    pending_.fill(paper);
+    pendingPort_ = port;
+    colors_ = palette;
+    items_ = std::move(wanted);
+    next_ = 0;
 }
 
 bool PlanDrawing::draw(qint64 milliseconds) {
-    if (pending.isNull()) return true;
+    if (pending_.isNull()) return true;
     QElapsedTimer clock;
     clock.start();
     {
-        QPainter painter(&pending);
+        QPainter painter(&pending_);
         painter.setRenderHint(QPainter::Antialiasing);
-        PlanPainter plan(painter, pendingPort, colors);
-        while (next < items.size()) {
-            const std::size_t end = std::min(items.size(), next + piece);
-            for (; next < end; ++next) plan.draw(*items[next].footprint, items[next].mark);
+        PlanPainter plan(painter, pendingPort_, colors_);
+        while (next_ < items_.size()) {
+            const std::size_t end = std::min(items_.size(), next_ + piece);
+            for (; next_ < end; ++next_) plan.draw(*items_[next_].footprint, items_[next_].mark);
             if (clock.elapsed() >= milliseconds) break;
         }
     }
-    if (next < items.size()) return false;
-    picture = std::exchange(pending, {});
-    picturePort = pendingPort;
-    items.clear();
-    next = 0;
+    if (next_ < items_.size()) return false;
+    picture_ = std::exchange(pending_, {});
+    picturePort_ = pendingPort_;
+    items_.clear();
+    next_ = 0;
     return true;
 }
 
 void PlanDrawing::clear() {
-    pending = picture = {};
-    items.clear();
-    next = 0;
+    pending_ = picture_ = {};
+    items_.clear();
+    next_ = 0;
 }
 
 void PlanDrawing::paint(QPainter& painter, const PlanViewport& now) const {
-    if (picture.isNull()) return;
-    if (picturePort == now) {
-        painter.drawImage(QPointF(0, 0), picture);
+    if (picture_.isNull()) return;
+    if (picturePort_ == now) {
+        painter.drawImage(QPointF(0, 0), picture_);
     } else {
-        painter.drawImage(now.toScreen(picturePort.visible()), picture, QRectF(picture.rect()));
+        painter.drawImage(now.toScreen(picturePort_.visible()), picture_, QRectF(picture_.rect()));
     }
 }
 

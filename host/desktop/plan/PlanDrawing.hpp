@@ -21,22 +21,22 @@ public:
     /// Begins anew. @param paper  what is filled in first; transparent for a layer that goes over another.
     void start(const PlanViewport& port, qreal pixelRatio, const QPalette& palette, const QColor& paper,
                std::vector<Item> items);
-    bool running() const { return next < items.size() || !pending.isNull(); }
+    bool running() const { return next_ < items_.size() || !pending_.isNull(); }
     /// Draws for about this long. @return true once the picture is finished.
     bool draw(qint64 milliseconds);
     /// What is being drawn is not wanted any more, nor what has been.
     void clear();
 
-    bool hasPicture() const { return !picture.isNull(); }
+    bool hasPicture() const { return !picture_.isNull(); }
     /// Paints the finished picture, moved and stretched to where its content lies now.
     void paint(QPainter& painter, const PlanViewport& now) const;
 
 private:
-    std::vector<Item> items;
-    std::size_t next = 0;
-    QImage pending, picture;
-    PlanViewport pendingPort, picturePort;
-    QPalette colors;
+    std::vector<Item> items_;
+    std::size_t next_ = 0;
+    QImage pending_, picture_;
+    PlanViewport pendingPort_, picturePort_;
+    QPalette colors_;
 };
 
 }  // namespace desktop

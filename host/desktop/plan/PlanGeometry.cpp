@@ -48,71 +48,71 @@ PlanLayer planLayer(std::int32_t typeId) {
 }
 
 PlanGeometry::PlanGeometry(QObject* parent) : QObject(parent) {
-    timer.setInterval(0);
-    connect(&timer, &QTimer::timeout, this, &PlanGeometry::readSome);
+    timer_.setInterval(0);
+    connect(&timer_, &QTimer::timeout, this, &PlanGeometry::readSome);
 }
 
 void PlanGeometry::setSource(const model::Model* newSource, const ElementIndex* newIndex) {
     Q_EMIT clearing();
-    timer.stop();
-    source = newSource;
-    elements = newIndex;
-    wanted.clear();
-    read.clear();
-    byElement.clear();
-    if (!elements) return;
-    byElement.resize(elements->size());
-    read.resize(elements->storeys().size());
-    for (model::Element element = 0; element < elements->size(); ++element) {
+    timer_.stop();
+    source_ = newSource;
+    elements_ = newIndex;
+    wanted_.clear();
+    read_.clear();
+    byElement_.clear();
+    if (!elements_) return;
+    byElement_.resize(elements_->size());
+    read_.resize(elements_->storeys().size());
+    for (model::Element element = 0; element < elements_->size(); ++element) {
         // An opening has the outline of its window or door, and would only hide it.
-        if (elements->typeId(element) != openingTypeId) read[elements->storey(element)].elements.push_back(element);
+        if (elements_->typeId(element) != openingTypeId) read_[elements_->storey(element)].elements.push_back(element);
     }
-    for (Storey& storey : read) {
+    for (Storey& storey : read_) {
         std::stable_sort(storey.elements.begin(), storey.elements.end(), [&](model::Element a, model::Element b) {
-            return planLayer(elements->typeId(a)) < planLayer(elements->typeId(b));
+            return planLayer(elements_->typeId(a)) < planLayer(elements_->typeId(b));
         });
     }
 }
 
 void PlanGeometry::request(const std::vector<std::uint32_t>& storeys) {
-    wanted = storeys;
-    if (!complete(wanted)) timer.start();
+    wanted_ = storeys;
+    if (!complete(wanted_)) timer_.start();
 }
 
 bool PlanGeometry::complete(const std::vector<std::uint32_t>& storeys) const {
-    return std::all_of(storeys.begin(), storeys.end(), [&](std::uint32_t number) { return read[number].complete(); });
+    return std::all_of(storeys.begin(), storeys.end(), [&](std::uint32_t number) { return read_[number].complete(); });
 }
 
 const Footprint* PlanGeometry::find(model::Element element) const {
-    return element < byElement.size() ? byElement[element] : nullptr;
+    return element < byElement_.size() ? byElement_[element] : nullptr;
 }
 
 void PlanGeometry::readSome() {
     QElapsedTimer clock;
     clock.start();
-    for (const std::uint32_t number : wanted) {
-        while (!read[number].complete() && clock.elapsed() < sliceMs) readNext(read[number]);
+    for (const std::uint32_t number : wanted_) {
+        while (!read_[number].complete() && clock.elapsed() < sliceMs) readNext(read_[number]);
     }
-    if (complete(wanted)) timer.stop();
+    if (complete(wanted_)) timer_.stop();
     Q_EMIT grown();
 }
 
 void PlanGeometry::readNext(Storey& storey) {
     Footprint footprint;
     footprint.element = storey.elements[storey.done++];
-    footprint.layer = planLayer(elements->typeId(footprint.element));
-    for (const model::Point& point : source->footprint(footprint.element))
+    footprint.layer = planLayer(elements_->typeId(footprint.element));
+    for (const model::Point& point : source_->footprint(footprint.element))
         footprint.outline << QPointF(point.x, point.y);
     if (footprint.outline.isEmpty()) {
         // A building or storey has an origin, which is no place in it.
-        const auto origin = source->placement(footprint.element);
+        const auto origin = source_->placement(footprint.element);
         if (!origin || footprint.layer == PlanLayer::Ground) return;
         footprint.outline << QPointF(origin->x, origin->y);
     }
     footprint.box = footprint.outline.boundingRect();
     footprint.area = areaOf(footprint.outline);
     storey.footprints.push_back(std::move(footprint));
-    byElement[storey.footprints.back().element] = &storey.footprints.back();
+    byElement_[storey.footprints.back().element] = &storey.footprints.back();
 }
 
 }  // namespace desktop

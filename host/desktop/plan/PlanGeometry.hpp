@@ -37,9 +37,9 @@ public:
     bool complete(const std::vector<std::uint32_t>& storeys) const;
 
     /// What has been read so far, in the order to draw. A footprint stays where it is until the source changes.
-    const std::deque<Footprint>& storey(std::uint32_t number) const { return read[number].footprints; }
+    const std::deque<Footprint>& storey(std::uint32_t number) const { return read_[number].footprints; }
     const Footprint* find(model::Element element) const;
-    const ElementIndex* index() const { return elements; }
+    const ElementIndex* index() const { return elements_; }
 
 Q_SIGNALS:
     void grown();
@@ -56,12 +56,12 @@ private:
     void readSome();
     void readNext(Storey& storey);
 
-    const model::Model* source = nullptr;
-    const ElementIndex* elements = nullptr;
-    std::vector<Storey> read;
-    std::vector<const Footprint*> byElement;
-    std::vector<std::uint32_t> wanted;
-    QTimer timer;
+    const model::Model* source_ = nullptr;
+    const ElementIndex* elements_ = nullptr;
+    std::vector<Storey> read_;
+    std::vector<const Footprint*> byElement_;
+    std::vector<std::uint32_t> wanted_;
+    QTimer timer_;
 };
 
 PlanLayer planLayer(std::int32_t typeId);

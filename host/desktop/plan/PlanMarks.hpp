@@ -16,22 +16,22 @@ inline constexpr std::size_t markCount = 6;
 class PlanMarks {
 public:
     void add(model::Element element, Mark mark) {
-        Mark& known = marks[element];
+        Mark& known = marks_[element];
         if (known < mark) known = mark;
-        ++rows[static_cast<std::size_t>(mark)];
+        ++rows_[static_cast<std::size_t>(mark)];
     }
     Mark of(model::Element element) const {
-        const auto found = marks.find(element);
-        return found == marks.end() ? Mark::None : found->second;
+        const auto found = marks_.find(element);
+        return found == marks_.end() ? Mark::None : found->second;
     }
-    bool empty() const { return marks.empty(); }
-    const std::unordered_map<model::Element, Mark>& all() const { return marks; }
+    bool empty() const { return marks_.empty(); }
+    const std::unordered_map<model::Element, Mark>& all() const { return marks_; }
     /// How many rows stand so.
-    std::size_t rowCount(Mark mark) const { return rows[static_cast<std::size_t>(mark)]; }
+    std::size_t rowCount(Mark mark) const { return rows_[static_cast<std::size_t>(mark)]; }
 
 private:
-    std::unordered_map<model::Element, Mark> marks;
-    std::array<std::size_t, markCount> rows{};
+    std::unordered_map<model::Element, Mark> marks_;
+    std::array<std::size_t, markCount> rows_{};
 };
 
 }  // namespace desktop

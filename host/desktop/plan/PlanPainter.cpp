@@ -27,54 +27,54 @@ bool inSight(const Footprint& footprint, const PlanViewport& viewport) {
 QPolygonF PlanPainter::onScreen(const Footprint& footprint) const {
     QPolygonF points;
     points.reserve(footprint.outline.size());
-    for (const QPointF& point : footprint.outline) points << viewport.toScreen(point);
+    for (const QPointF& point : footprint.outline) points << viewport_.toScreen(point);
     return points;
 }
 
 void PlanPainter::setStyle(const Footprint& footprint, Mark mark) {
     const std::pair wanted(footprint.layer, mark);
-    if (style == wanted) return;
-    style = wanted;
+    if (style_ == wanted) return;
+    style_ = wanted;
     if (mark == Mark::None) {
-        const PlanStyle plain = planStyle(colors, footprint.layer);
-        painter.setPen(QPen(plain.line, 1));
-        painter.setBrush(plain.fill);
+        const PlanStyle plain = planStyle(colors_, footprint.layer);
+        painter_.setPen(QPen(plain.line, 1));
+        painter_.setBrush(plain.fill);
         return;
     }
-    const QColor line = markColor(colors, mark);
+    const QColor line = markColor(colors_, mark);
     QColor fill = line;
     // A slab's mark must not hide what stands on it.
     fill.setAlphaF(footprint.layer <= PlanLayer::Floor ? 0.22F : 0.6F);
-    painter.setPen(QPen(line, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.setBrush(fill);
+    painter_.setPen(QPen(line, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter_.setBrush(fill);
 }
 
 void PlanPainter::draw(const Footprint& footprint, Mark mark) {
     setStyle(footprint, mark);
-    const QRectF size = viewport.toScreen(footprint.box);
+    const QRectF size = viewport_.toScreen(footprint.box);
     const double least = mark == Mark::None ? 1 : leastMark;
     if (footprint.outline.size() > 1 && (size.width() >= least || size.height() >= least)) {
-        painter.drawPolygon(onScreen(footprint));
+        painter_.drawPolygon(onScreen(footprint));
     } else if (mark == Mark::None) {
-        painter.drawPoint(size.center());
+        painter_.drawPoint(size.center());
     } else {
-        painter.drawEllipse(size.center(), leastMark / 2, leastMark / 2);
+        painter_.drawEllipse(size.center(), leastMark / 2, leastMark / 2);
     }
 }
 
 void PlanPainter::drawSelection(const Footprint& footprint) {
-    const QColor color = colors.color(QPalette::Highlight);
-    QColor halo = colors.color(QPalette::Base);
+    const QColor color = colors_.color(QPalette::Highlight);
+    QColor halo = colors_.color(QPalette::Base);
     halo.setAlphaF(0.85F);
-    painter.setBrush(Qt::NoBrush);
-    const QRectF size = viewport.toScreen(footprint.box);
+    painter_.setBrush(Qt::NoBrush);
+    const QRectF size = viewport_.toScreen(footprint.box);
     const bool small = size.width() < leastMark && size.height() < leastMark;
     for (const QPen& pen : {QPen(halo, 6), QPen(color, 3)}) {
-        painter.setPen(pen);
+        painter_.setPen(pen);
         if (small) {
-            painter.drawEllipse(size.center(), leastMark, leastMark);
+            painter_.drawEllipse(size.center(), leastMark, leastMark);
         } else {
-            painter.drawPolygon(onScreen(footprint));
+            painter_.drawPolygon(onScreen(footprint));
         }
     }
 }
@@ -88,27 +88,28 @@ void PlanPainter::drawLegend(const PlanMarks& marks) {
         texts += QStringLiteral("%1 %2").arg(number(static_cast<qint64>(marks.rowCount(mark))), markText(mark));
     }
     if (used.empty()) return;
-    const QFontMetricsF metrics(painter.font());
+    const QFontMetricsF metrics(painter_.font());
     const double line = metrics.height() + 2, padding = 8, swatch = 10, gap = 7, margin = 8;
     double width = 0;
     for (const QString& text : texts) width = std::max(width, metrics.horizontalAdvance(text));
     const double height = line * static_cast<double>(used.size()) + 2 * padding;
     const double across = width + swatch + gap + 2 * padding;
-    const QRectF box(viewport.size.width() - across - margin, viewport.size.height() - height - margin, across, height);
-    QColor background = colors.color(QPalette::Window);
+    const QRectF box(viewport_.size.width() - across - margin, viewport_.size.height() - height - margin, across,
+                     height);
+    QColor background = colors_.color(QPalette::Window);
     background.setAlphaF(0.93F);
-    QColor frame = colors.color(QPalette::Text);
+    QColor frame = colors_.color(QPalette::Text);
     frame.setAlphaF(0.25F);
-    painter.setPen(frame);
-    painter.setBrush(background);
-    painter.drawRoundedRect(box, 4, 4);
+    painter_.setPen(frame);
+    painter_.setBrush(background);
+    painter_.drawRoundedRect(box, 4, 4);
     double y = box.top() + padding;
     for (std::size_t i = 0; i < used.size(); ++i, y += line) {
         const QRectF square(box.left() + padding, y + (line - swatch) / 2, swatch, swatch);
-        painter.fillRect(square, markColor(colors, used[i]));
-        painter.setPen(colors.color(QPalette::WindowText));
-        painter.drawText(QRectF(square.right() + gap, y, width + 1, line), Qt::AlignVCenter | Qt::AlignLeft,
-                         texts[static_cast<qsizetype>(i)]);
+        painter_.fillRect(square, markColor(colors_, used[i]));
+        painter_.setPen(colors_.color(QPalette::WindowText));
+        painter_.drawText(QRectF(square.right() + gap, y, width + 1, line), Qt::AlignVCenter | Qt::AlignLeft,
+                          texts[static_cast<qsizetype>(i)]);
     }
 }
 

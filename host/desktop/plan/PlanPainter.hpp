@@ -14,7 +14,7 @@ namespace desktop {
 class PlanPainter {
 public:
     PlanPainter(QPainter& target, const PlanViewport& port, const QPalette& palette)
-        : painter(target), viewport(port), colors(palette) {}
+        : painter_(target), viewport_(port), colors_(palette) {}
 
     /// @param mark  None: as part of the building.
     void draw(const Footprint& footprint, Mark mark);
@@ -26,10 +26,10 @@ private:
     void setStyle(const Footprint& footprint, Mark mark);
     QPolygonF onScreen(const Footprint& footprint) const;
 
-    QPainter& painter;
-    const PlanViewport& viewport;
-    const QPalette& colors;
-    std::optional<std::pair<PlanLayer, Mark>> style;  ///< What pen and brush are set for.
+    QPainter& painter_;
+    const PlanViewport& viewport_;
+    const QPalette& colors_;
+    std::optional<std::pair<PlanLayer, Mark>> style_;  ///< What pen and brush are set for.
 };
 
 /// Whether any of it is in the view.

@@ -26,11 +26,11 @@ public:
 
     /// Lets the user click a point. @return nothing: cancelled.
     std::optional<host::PickedPoint> pickPoint(const QString& prompt);
-    bool picking() const { return isPicking; }
+    bool picking() const { return isPicking_; }
     void cancelPicking();
 
-    PlanView* view() const { return plan; }
-    QComboBox* storeyChoice() const { return choice; }
+    PlanView* view() const { return plan_; }
+    QComboBox* storeyChoice() const { return choice_; }
 
 Q_SIGNALS:
     void elementClicked(model::Element element);
@@ -48,12 +48,12 @@ private:
     std::vector<std::size_t> markedPerStorey() const;
     double heightOfPlan() const;
 
-    const ElementIndex* elements = nullptr;
-    const PlanMarks* marks = nullptr;
-    PlanGeometry* geometry;
-    PlanView* plan;
-    QComboBox* choice;
-    bool isPicking = false;
+    const ElementIndex* elements_ = nullptr;
+    const PlanMarks* marks_ = nullptr;
+    PlanGeometry* geometry_;
+    PlanView* plan_;
+    QComboBox* choice_;
+    bool isPicking_ = false;
 };
 
 }  // namespace desktop

@@ -47,52 +47,52 @@ bool touches(const Footprint& footprint, const QPointF& point, double tolerance)
 }  // namespace
 
 PlanView::PlanView(PlanGeometry* source, QWidget* parent)
-    : QWidget(parent), geometry(source), promptLabel(new QLabel(this)) {
+    : QWidget(parent), geometry_(source), promptLabel_(new QLabel(this)) {
     setObjectName(QStringLiteral("plan"));
     setAccessibleName(QStringLiteral("Plan of the model"));
     setFocusPolicy(Qt::StrongFocus);
     setBackgroundRole(QPalette::Base);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    promptLabel->setObjectName(QStringLiteral("planPrompt"));
-    promptLabel->setTextFormat(Qt::PlainText);
-    promptLabel->setMargin(8);
-    promptLabel->setAutoFillBackground(true);
-    promptLabel->setBackgroundRole(QPalette::Highlight);
-    promptLabel->setForegroundRole(QPalette::HighlightedText);
-    promptLabel->setAttribute(Qt::WA_TransparentForMouseEvents);
-    promptLabel->hide();
-    drawer.setInterval(0);
-    connect(&drawer, &QTimer::timeout, this, &PlanView::drawSome);
-    grow.setSingleShot(true);
-    grow.setInterval(growMs);
-    connect(&grow, &QTimer::timeout, this, &PlanView::takeGrowth);
-    connect(geometry, &PlanGeometry::grown, this, [this] {
-        if (geometry->complete(storeys)) {
+    promptLabel_->setObjectName(QStringLiteral("planPrompt"));
+    promptLabel_->setTextFormat(Qt::PlainText);
+    promptLabel_->setMargin(8);
+    promptLabel_->setAutoFillBackground(true);
+    promptLabel_->setBackgroundRole(QPalette::Highlight);
+    promptLabel_->setForegroundRole(QPalette::HighlightedText);
+    promptLabel_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    promptLabel_->hide();
+    drawer_.setInterval(0);
+    connect(&drawer_, &QTimer::timeout, this, &PlanView::drawSome);
+    grow_.setSingleShot(true);
+    grow_.setInterval(growMs);
+    connect(&grow_, &QTimer::timeout, this, &PlanView::takeGrowth);
+    connect(geometry_, &PlanGeometry::grown, this, [this] {
+        if (geometry_->complete(storeys_)) {
             takeGrowth();
-        } else if (!grow.isActive()) {
-            grow.start();
+        } else if (!grow_.isActive()) {
+            grow_.start();
         }
     });
-    connect(geometry, &PlanGeometry::clearing, this, [this] {
-        building.clear();
-        marked.clear();
+    connect(geometry_, &PlanGeometry::clearing, this, [this] {
+        building_.clear();
+        marked_.clear();
     });
 }
 
 void PlanView::setStoreys(const std::vector<std::uint32_t>& numbers) {
-    if (numbers == storeys && fitted) fit();
-    storeys = numbers;
-    geometry->request(storeys);
-    if (fitted) fit();
+    if (numbers == storeys_ && fitted_) fit();
+    storeys_ = numbers;
+    geometry_->request(storeys_);
+    if (fitted_) fit();
     redraw();
 }
 
 void PlanView::setMarks(const PlanMarks* shown) {
-    marks = shown;
+    marks_ = shown;
     QStringList counts;
     for (const Mark mark : {Mark::Error, Mark::Ticked, Mark::Open, Mark::Done, Mark::Unchanged}) {
-        if (marks && marks->rowCount(mark)) {
-            counts += QStringLiteral("%1 %2").arg(marks->rowCount(mark)).arg(markText(mark));
+        if (marks_ && marks_->rowCount(mark)) {
+            counts += QStringLiteral("%1 %2").arg(marks_->rowCount(mark)).arg(markText(mark));
         }
     }
     setAccessibleDescription(counts.join(QStringLiteral(", ")));
@@ -100,11 +100,11 @@ void PlanView::setMarks(const PlanMarks* shown) {
 }
 
 void PlanView::setSelected(std::optional<model::Element> element) {
-    selected = element;
-    const Footprint* footprint = element ? geometry->find(*element) : nullptr;
-    if (footprint && !port.visible().contains(footprint->box.center())) {
-        port.center = footprint->box.center();
-        fitted = false;
+    selected_ = element;
+    const Footprint* footprint = element ? geometry_->find(*element) : nullptr;
+    if (footprint && !port_.visible().contains(footprint->box.center())) {
+        port_.center = footprint->box.center();
+        fitted_ = false;
         redraw();
     }
     update();
@@ -114,8 +114,8 @@ void PlanView::setSelected(std::optional<model::Element> element) {
 QRectF PlanView::extent() const {
     QRectF inner, all;
     const auto add = [](QRectF& sum, const QRectF& box) { sum = sum.isNull() ? box : sum.united(box); };
-    for (const std::uint32_t number : storeys) {
-        for (const Footprint& footprint : geometry->storey(number)) {
+    for (const std::uint32_t number : storeys_) {
+        for (const Footprint& footprint : geometry_->storey(number)) {
             // United with another box, one without extent would be passed over.
             const QRectF box = footprint.box.adjusted(0, 0, 1e-6, 1e-6);
             add(all, box);
@@ -126,21 +126,21 @@ QRectF PlanView::extent() const {
 }
 
 void PlanView::fit() {
-    fitted = true;
-    port.size = size();
+    fitted_ = true;
+    port_.size = size();
     const QRectF box = extent();
-    if (!box.isNull()) port.fit(box, fitMargin);
+    if (!box.isNull()) port_.fit(box, fitMargin);
     redraw();
 }
 
 void PlanView::zoomBy(double factor) {
-    port.zoom(factor, rect().center());
+    port_.zoom(factor, rect().center());
     moved();
 }
 
 void PlanView::setPrompt(const QString& text) {
-    promptLabel->setText(text);
-    promptLabel->setVisible(!text.isEmpty());
+    promptLabel_->setText(text);
+    promptLabel_->setVisible(!text.isEmpty());
     placePrompt();
     if (text.isEmpty()) {
         unsetCursor();
@@ -150,18 +150,18 @@ void PlanView::setPrompt(const QString& text) {
 }
 
 void PlanView::placePrompt() {
-    const QSize wanted = promptLabel->sizeHint().boundedTo({width() - 16, height() - 16});
-    promptLabel->setGeometry((width() - wanted.width()) / 2, 8, wanted.width(), wanted.height());
+    const QSize wanted = promptLabel_->sizeHint().boundedTo({width() - 16, height() - 16});
+    promptLabel_->setGeometry((width() - wanted.width()) / 2, 8, wanted.width(), wanted.height());
 }
 
 std::optional<model::Element> PlanView::hit(const QPointF& point, bool preferMarked) const {
-    const double tolerance = hitPixels / port.scale;
+    const double tolerance = hitPixels / port_.scale;
     const Footprint* best = nullptr;
     bool bestMarked = false;
-    for (const std::uint32_t number : storeys) {
-        for (const Footprint& footprint : geometry->storey(number)) {
+    for (const std::uint32_t number : storeys_) {
+        for (const Footprint& footprint : geometry_->storey(number)) {
             if (!touches(footprint, point, tolerance)) continue;
-            const bool isMarked = preferMarked && marks && marks->of(footprint.element) != Mark::None;
+            const bool isMarked = preferMarked && marks_ && marks_->of(footprint.element) != Mark::None;
             const bool better = !best || (isMarked != bestMarked ? isMarked : footprint.area < best->area);
             if (!better) continue;
             best = &footprint;
@@ -173,8 +173,8 @@ std::optional<model::Element> PlanView::hit(const QPointF& point, bool preferMar
 }
 
 void PlanView::takeGrowth() {
-    grow.stop();
-    if (fitted) {
+    grow_.stop();
+    if (fitted_) {
         fit();
     } else {
         redraw();
@@ -182,7 +182,7 @@ void PlanView::takeGrowth() {
 }
 
 void PlanView::moved() {
-    fitted = false;
+    fitted_ = false;
     redraw();
 }
 
@@ -193,22 +193,22 @@ void PlanView::redraw() {
 
 void PlanView::startBuilding() {
     std::vector<PlanDrawing::Item> items;
-    for (const std::uint32_t number : storeys) {
-        for (const Footprint& footprint : geometry->storey(number)) {
-            if (inSight(footprint, port)) items.push_back({&footprint, Mark::None});
+    for (const std::uint32_t number : storeys_) {
+        for (const Footprint& footprint : geometry_->storey(number)) {
+            if (inSight(footprint, port_)) items.push_back({&footprint, Mark::None});
         }
     }
-    building.start(port, devicePixelRatioF(), palette(), palette().color(QPalette::Base), std::move(items));
+    building_.start(port_, devicePixelRatioF(), palette(), palette().color(QPalette::Base), std::move(items));
     drawSome();
 }
 
 /// Over the building, and drawn without it when a tick changes: the most urgent on top, small ones on big ones.
 void PlanView::startMarks() {
     std::vector<PlanDrawing::Item> items;
-    for (const std::uint32_t number : marks ? storeys : std::vector<std::uint32_t>()) {
-        for (const Footprint& footprint : geometry->storey(number)) {
-            const Mark mark = marks->of(footprint.element);
-            if (mark != Mark::None && inSight(footprint, port)) items.push_back({&footprint, mark});
+    for (const std::uint32_t number : marks_ ? storeys_ : std::vector<std::uint32_t>()) {
+        for (const Footprint& footprint : geometry_->storey(number)) {
+            const Mark mark = marks_->of(footprint.element);
+            if (mark != Mark::None && inSight(footprint, port_)) items.push_back({&footprint, mark});
         }
     }
     std::sort(items.begin(), items.end(), [](const PlanDrawing::Item& a, const PlanDrawing::Item& b) {
@@ -216,16 +216,16 @@ void PlanView::startMarks() {
         if (a.footprint->area != b.footprint->area) return a.footprint->area > b.footprint->area;
         return a.footprint->element < b.footprint->element;
     });
-    marked.start(port, devicePixelRatioF(), palette(), Qt::transparent, std::move(items));
+    marked_.start(port_, devicePixelRatioF(), palette(), Qt::transparent, std::move(items));
     drawSome();
 }
 
 void PlanView::drawSome() {
-    const bool done = building.draw(sliceMs) && marked.draw(sliceMs);
+    const bool done = building_.draw(sliceMs) && marked_.draw(sliceMs);
     if (done) {
-        drawer.stop();
-    } else if (!drawer.isActive()) {
-        drawer.start();
+        drawer_.stop();
+    } else if (!drawer_.isActive()) {
+        drawer_.start();
     }
     update();
 }
@@ -234,13 +234,13 @@ void PlanView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Base));
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    building.paint(painter, port);
-    marked.paint(painter, port);
-    PlanPainter plan(painter, port, palette());
-    const Footprint* footprint = selected ? geometry->find(*selected) : nullptr;
-    if (footprint && inSight(*footprint, port)) plan.drawSelection(*footprint);
-    if (marks) plan.drawLegend(*marks);
-    if (!storeys.empty() && !geometry->complete(storeys)) {
+    building_.paint(painter, port_);
+    marked_.paint(painter, port_);
+    PlanPainter plan(painter, port_, palette());
+    const Footprint* footprint = selected_ ? geometry_->find(*selected_) : nullptr;
+    if (footprint && inSight(*footprint, port_)) plan.drawSelection(*footprint);
+    if (marks_) plan.drawLegend(*marks_);
+    if (!storeys_.empty() && !geometry_->complete(storeys_)) {
         painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
         painter.drawText(rect().adjusted(8, 8, -8, -8), Qt::AlignLeft | Qt::AlignBottom,
                          QStringLiteral("Reading the geometry…"));
@@ -248,45 +248,45 @@ void PlanView::paintEvent(QPaintEvent*) {
 }
 
 void PlanView::resizeEvent(QResizeEvent*) {
-    port.size = size();
+    port_.size = size();
     placePrompt();
-    if (fitted) fit();
+    if (fitted_) fit();
     redraw();
 }
 
 void PlanView::wheelEvent(QWheelEvent* event) {
-    port.zoom(std::pow(zoomStep, event->angleDelta().y() / 120.0), event->position());
+    port_.zoom(std::pow(zoomStep, event->angleDelta().y() / 120.0), event->position());
     moved();
     event->accept();
 }
 
 void PlanView::mousePressEvent(QMouseEvent* event) {
-    pressed = event->button() == Qt::LeftButton || event->button() == Qt::MiddleButton;
-    dragging = false;
-    pressedAt = draggedFrom = event->position();
+    pressed_ = event->button() == Qt::LeftButton || event->button() == Qt::MiddleButton;
+    dragging_ = false;
+    pressedAt_ = draggedFrom_ = event->position();
 }
 
 void PlanView::mouseMoveEvent(QMouseEvent* event) {
-    if (!pressed) return;
-    const QPointF way = event->position() - pressedAt;
-    if (!dragging && way.manhattanLength() < QApplication::startDragDistance()) return;
-    dragging = true;
+    if (!pressed_) return;
+    const QPointF way = event->position() - pressedAt_;
+    if (!dragging_ && way.manhattanLength() < QApplication::startDragDistance()) return;
+    dragging_ = true;
     setCursor(Qt::ClosedHandCursor);
-    port.pan(event->position() - draggedFrom);
-    draggedFrom = event->position();
+    port_.pan(event->position() - draggedFrom_);
+    draggedFrom_ = event->position();
     moved();
 }
 
 void PlanView::mouseReleaseEvent(QMouseEvent* event) {
-    if (dragging) setPrompt(promptLabel->text());
-    const bool isClick = pressed && !dragging && event->button() == Qt::LeftButton;
-    pressed = dragging = false;
+    if (dragging_) setPrompt(promptLabel_->text());
+    const bool isClick = pressed_ && !dragging_ && event->button() == Qt::LeftButton;
+    pressed_ = dragging_ = false;
     if (isClick) click(event->position());
 }
 
 void PlanView::click(const QPointF& pixel) {
-    const QPointF point = port.toModel(pixel);
-    if (!promptLabel->isHidden()) {
+    const QPointF point = port_.toModel(pixel);
+    if (!promptLabel_->isHidden()) {
         Q_EMIT pointClicked(point);
     } else if (const auto element = hit(point, true)) {
         Q_EMIT elementClicked(*element);
@@ -307,16 +307,16 @@ void PlanView::keyPressEvent(QKeyEvent* event) {
             fit();
             return;
         case Qt::Key_Left:
-            port.pan({step, 0});
+            port_.pan({step, 0});
             break;
         case Qt::Key_Right:
-            port.pan({-step, 0});
+            port_.pan({-step, 0});
             break;
         case Qt::Key_Up:
-            port.pan({0, step});
+            port_.pan({0, step});
             break;
         case Qt::Key_Down:
-            port.pan({0, -step});
+            port_.pan({0, -step});
             break;
         default:
             QWidget::keyPressEvent(event);
@@ -331,11 +331,11 @@ void PlanView::changeEvent(QEvent* event) {
 }
 
 QString PlanView::toolTipAt(const QPointF& pixel) const {
-    const auto element = hit(port.toModel(pixel), true);
-    const ElementIndex* index = geometry->index();
+    const auto element = hit(port_.toModel(pixel), true);
+    const ElementIndex* index = geometry_->index();
     if (!element || !index) return {};
     QString text = index->type(*element) + u'\n' + guidText(index->guid(*element));
-    const Mark mark = marks ? marks->of(*element) : Mark::None;
+    const Mark mark = marks_ ? marks_->of(*element) : Mark::None;
     if (mark != Mark::None) text += u'\n' + markText(mark);
     return text;
 }

@@ -31,9 +31,9 @@ public:
 
     /// The smallest footprint at a point of the model, marked ones first if `preferMarked`.
     std::optional<model::Element> hit(const QPointF& point, bool preferMarked) const;
-    const PlanViewport& viewport() const { return port; }
+    const PlanViewport& viewport() const { return port_; }
     /// Whether all that it is to show has been read.
-    bool complete() const { return !storeys.empty() && geometry->complete(storeys); }
+    bool complete() const { return !storeys_.empty() && geometry_->complete(storeys_); }
 
     QSize sizeHint() const override { return {480, 360}; }
     QSize minimumSizeHint() const override { return {160, 120}; }
@@ -67,20 +67,20 @@ private:
     void placePrompt();
     QString toolTipAt(const QPointF& pixel) const;
 
-    PlanGeometry* geometry;
-    std::vector<std::uint32_t> storeys;
-    const PlanMarks* marks = nullptr;
-    std::optional<model::Element> selected;
-    PlanViewport port;
-    bool fitted = true;  ///< Nobody has zoomed or panned: the whole storey stays in sight as it grows.
+    PlanGeometry* geometry_;
+    std::vector<std::uint32_t> storeys_;
+    const PlanMarks* marks_ = nullptr;
+    std::optional<model::Element> selected_;
+    PlanViewport port_;
+    bool fitted_ = true;  ///< Nobody has zoomed or panned: the whole storey stays in sight as it grows.
 
-    PlanDrawing building, marked;
-    QTimer drawer;  ///< Runs while one of them is being drawn.
-    QTimer grow;    ///< Runs while more footprints come in.
+    PlanDrawing building_, marked_;
+    QTimer drawer_;  ///< Runs while one of them is being drawn.
+    QTimer grow_;    ///< Runs while more footprints come in.
 
-    QPointF pressedAt, draggedFrom;
-    bool pressed = false, dragging = false;
-    QLabel* promptLabel;
+    QPointF pressedAt_, draggedFrom_;
+    bool pressed_ = false, dragging_ = false;
+    QLabel* promptLabel_;
 };
 
 }  // namespace desktop

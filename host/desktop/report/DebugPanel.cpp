@@ -15,30 +15,30 @@ constexpr int keptLines = 20000;
 
 }  // namespace
 
-DebugPanel::DebugPanel(QWidget* parent) : QWidget(parent), view(new QPlainTextEdit(this)) {
-    view->setObjectName(QStringLiteral("debug"));
-    view->setAccessibleName(QStringLiteral("Debug output"));
-    view->setReadOnly(true);
-    view->setUndoRedoEnabled(false);
-    view->setMaximumBlockCount(keptLines);
-    view->setLineWrapMode(QPlainTextEdit::NoWrap);
-    view->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+DebugPanel::DebugPanel(QWidget* parent) : QWidget(parent), view_(new QPlainTextEdit(this)) {
+    view_->setObjectName(QStringLiteral("debug"));
+    view_->setAccessibleName(QStringLiteral("Debug output"));
+    view_->setReadOnly(true);
+    view_->setUndoRedoEnabled(false);
+    view_->setMaximumBlockCount(keptLines);
+    view_->setLineWrapMode(QPlainTextEdit::NoWrap);
+    view_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(6, 6, 6, 6);
-    all->addWidget(view);
-    timer.setSingleShot(true);
-    timer.setInterval(100);
-    connect(&timer, &QTimer::timeout, this, &DebugPanel::flush);
+    all->addWidget(view_);
+    timer_.setSingleShot(true);
+    timer_.setInterval(100);
+    connect(&timer_, &QTimer::timeout, this, &DebugPanel::flush);
 }
 
 void DebugPanel::append(const char* text) {
-    pending += text;
-    if (pending.size() > 2 * keptBytes) pending.erase(0, pending.size() - keptBytes);
-    if (isVisible() && !timer.isActive()) timer.start();
+    pending_ += text;
+    if (pending_.size() > 2 * keptBytes) pending_.erase(0, pending_.size() - keptBytes);
+    if (isVisible() && !timer_.isActive()) timer_.start();
 }
 
 QString DebugPanel::text() const {
-    return view->toPlainText() + QString::fromStdString(pending);
+    return view_->toPlainText() + QString::fromStdString(pending_);
 }
 
 void DebugPanel::showEvent(QShowEvent* event) {
@@ -47,13 +47,13 @@ void DebugPanel::showEvent(QShowEvent* event) {
 }
 
 void DebugPanel::flush() {
-    if (pending.empty()) return;
-    QScrollBar* bar = view->verticalScrollBar();
+    if (pending_.empty()) return;
+    QScrollBar* bar = view_->verticalScrollBar();
     const bool atEnd = bar->value() == bar->maximum();
-    QTextCursor end(view->document());
+    QTextCursor end(view_->document());
     end.movePosition(QTextCursor::End);
-    end.insertText(QString::fromStdString(pending));
-    pending.clear();
+    end.insertText(QString::fromStdString(pending_));
+    pending_.clear();
     if (atEnd) bar->setValue(bar->maximum());
 }
 

@@ -25,9 +25,9 @@ protected:
 private:
     void flush();
 
-    QPlainTextEdit* view;
-    QTimer timer;
-    std::string pending;
+    QPlainTextEdit* view_;
+    QTimer timer_;
+    std::string pending_;
 };
 
 }  // namespace desktop

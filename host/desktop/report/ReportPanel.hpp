@@ -25,7 +25,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QListWidget* list;
+    QListWidget* list_;
 };
 
 }  // namespace desktop

@@ -19,18 +19,18 @@ QString asMenuText(const GS::UniString& text) {
 }  // namespace
 
 AddOnMenu::AddOnMenu(QMainWindow* owner, host::Host& shared, Document& shown, Busy& sharedBusy)
-    : QObject(owner), window(owner), host(shared), document(shown), busy(sharedBusy) {
-    connect(&busy, &Busy::changed, this, &AddOnMenu::update);
-    connect(&document, &Document::fileChanged, this, &AddOnMenu::update);
+    : QObject(owner), window_(owner), host_(shared), document_(shown), busy_(sharedBusy) {
+    connect(&busy_, &Busy::changed, this, &AddOnMenu::update);
+    connect(&document_, &Document::fileChanged, this, &AddOnMenu::update);
 }
 
 void AddOnMenu::rebuild() {
-    for (QMenu* menu : menus) menu->deleteLater();
-    menus.clear();
-    entries.clear();
-    for (const host::Menu& registered : host.menus()) {
-        QMenu* menu = window->menuBar()->addMenu(asMenuText(registered.title));
-        menus.push_back(menu);
+    for (QMenu* menu : menus_) menu->deleteLater();
+    menus_.clear();
+    entries_.clear();
+    for (const host::Menu& registered : host_.menus()) {
+        QMenu* menu = window_->menuBar()->addMenu(asMenuText(registered.title));
+        menus_.push_back(menu);
         for (std::size_t i = 0; i < registered.items.size(); ++i) {
             const host::MenuItem& item = registered.items[i];
             QAction* action = menu->addAction(asMenuText(item.text));
@@ -38,14 +38,14 @@ void AddOnMenu::rebuild() {
             const Int16 number = registered.menuStrResID;
             const auto index = static_cast<Int32>(i + 1);
             connect(action, &QAction::triggered, this, [this, number, index] { pick(number, index); });
-            entries.push_back({number, index, action});
+            entries_.push_back({number, index, action});
         }
     }
     update();
 }
 
 QAction* AddOnMenu::action(Int16 menuStrResID, Int32 itemIndex) const {
-    for (const Entry& entry : entries) {
+    for (const Entry& entry : entries_) {
         if (entry.menu == menuStrResID && entry.item == itemIndex) return entry.action;
     }
     return nullptr;
@@ -53,8 +53,8 @@ QAction* AddOnMenu::action(Int16 menuStrResID, Int32 itemIndex) const {
 
 /// The add-on may change its items in any of its commands. Without a model none of them has anything to work on.
 void AddOnMenu::update() {
-    const bool free = document.isOpen() && !busy.active();
-    for (const host::Menu& menu : host.menus()) {
+    const bool free = document_.isOpen() && !busy_.active();
+    for (const host::Menu& menu : host_.menus()) {
         for (std::size_t i = 0; i < menu.items.size(); ++i) {
             QAction* item = action(menu.menuStrResID, static_cast<Int32>(i + 1));
             if (!item) continue;
@@ -67,14 +67,14 @@ void AddOnMenu::update() {
 }
 
 void AddOnMenu::pick(Int16 menu, Int32 item) {
-    if (busy.active()) return;
+    if (busy_.active()) return;
     GSErrCode error = NoError;
     {
-        const Busy::Guard guard(busy);
+        const Busy::Guard guard(busy_);
         const WaitCursor wait;
-        error = host.pickMenuItem(menu, item);
+        error = host_.pickMenuItem(menu, item);
     }
-    document.noteCommand();
+    document_.noteCommand();
     update();
     Q_EMIT commandEnded(error);
 }

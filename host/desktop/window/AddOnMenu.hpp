@@ -37,12 +37,12 @@ private:
     void update();
     void pick(Int16 menu, Int32 item);
 
-    QMainWindow* window;
-    host::Host& host;
-    Document& document;
-    Busy& busy;
-    std::vector<QMenu*> menus;
-    std::vector<Entry> entries;
+    QMainWindow* window_;
+    host::Host& host_;
+    Document& document_;
+    Busy& busy_;
+    std::vector<QMenu*> menus_;
+    std::vector<Entry> entries_;
 };
 
 }  // namespace desktop

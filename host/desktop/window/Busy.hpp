@@ -12,18 +12,18 @@ class Busy : public QObject {
 public:
     using QObject::QObject;
 
-    bool active() const { return depth > 0; }
+    bool active() const { return depth_ > 0; }
 
     /// Busy as long as one lives.
     class Guard {
     public:
-        explicit Guard(Busy& owner) : busy(owner) { busy.change(+1); }
-        ~Guard() { busy.change(-1); }
+        explicit Guard(Busy& owner) : busy_(owner) { busy_.change(+1); }
+        ~Guard() { busy_.change(-1); }
         Guard(const Guard&) = delete;
         Guard& operator=(const Guard&) = delete;
 
     private:
-        Busy& busy;
+        Busy& busy_;
     };
 
 Q_SIGNALS:
@@ -32,10 +32,10 @@ Q_SIGNALS:
 private:
     void change(int by) {
         const bool before = active();
-        depth += by;
+        depth_ += by;
         if (active() != before) Q_EMIT changed();
     }
-    int depth = 0;
+    int depth_ = 0;
 };
 
 }  // namespace desktop

@@ -4,15 +4,15 @@
 
 namespace desktop {
 
-Document::Document(host::Host& owner, QObject* parent) : QObject(parent), host(owner) {}
+Document::Document(host::Host& owner, QObject* parent) : QObject(parent), host_(owner) {}
 
 void Document::adopt(Opened opened, const QString& path) {
     Q_EMIT closing();
-    host.adoptModel(std::move(opened.model));
+    host_.adoptModel(std::move(opened.model));
     model()->takeLock();
-    elements = std::move(opened.index);
-    file = path;
-    revision = model()->revision();
+    elements_ = std::move(opened.index);
+    file_ = path;
+    revision_ = model()->revision();
     Q_EMIT replaced();
     Q_EMIT fileChanged();
 }
@@ -20,9 +20,9 @@ void Document::adopt(Opened opened, const QString& path) {
 void Document::close() {
     if (!isOpen()) return;
     Q_EMIT closing();
-    host.closeModel();
-    elements.reset();
-    file.clear();
+    host_.closeModel();
+    elements_.reset();
+    file_.clear();
     Q_EMIT replaced();
     Q_EMIT fileChanged();
 }
@@ -32,9 +32,9 @@ model::Status Document::save(const QString& path, bool force, const model::Progr
     options.progress = progress;
     options.force = force;
     options.moveLock = true;  // the file saved is the one shown from here on
-    model::Status status = host.save(toPath(path), options);
+    model::Status status = host_.save(toPath(path), options);
     if (status) {
-        file = path;
+        file_ = path;
         Q_EMIT fileChanged();
     }
     return status;
@@ -49,17 +49,17 @@ QString Document::lockHolder() const {
 }
 
 void Document::undo() {
-    if (host.undo()) noteCommand();
+    if (host_.undo()) noteCommand();
 }
 
 void Document::redo() {
-    if (host.redo()) noteCommand();
+    if (host_.redo()) noteCommand();
 }
 
 void Document::noteCommand() {
-    if (!isOpen() || model()->revision() == revision) return;
-    revision = model()->revision();
-    elements->refreshNames(*model());
+    if (!isOpen() || model()->revision() == revision_) return;
+    revision_ = model()->revision();
+    elements_->refreshNames(*model());
     Q_EMIT edited();
     Q_EMIT fileChanged();
 }

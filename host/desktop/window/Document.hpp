@@ -26,15 +26,15 @@ public:
     /// @param force  even over a file that another program has changed since: ErrorKind::ChangedSince otherwise.
     model::Status save(const QString& path, bool force, const model::Progress& progress);
 
-    bool isOpen() const { return elements != nullptr; }
+    bool isOpen() const { return elements_ != nullptr; }
     bool modified() const;
-    const QString& path() const { return file; }
+    const QString& path() const { return file_; }
     /// The program that has the file open for editing, so that the model can be saved under another name only. Empty
     /// where there is none.
     QString lockHolder() const;
     /// Null where none is open.
-    model::Model* model() const { return host.model(); }
-    const ElementIndex* index() const { return elements.get(); }
+    model::Model* model() const { return host_.model(); }
+    const ElementIndex* index() const { return elements_.get(); }
 
     void undo();
     void redo();
@@ -52,10 +52,10 @@ Q_SIGNALS:
     void fileChanged();
 
 private:
-    host::Host& host;
-    std::unique_ptr<ElementIndex> elements;
-    QString file;
-    std::uint64_t revision = 0;
+    host::Host& host_;
+    std::unique_ptr<ElementIndex> elements_;
+    QString file_;
+    std::uint64_t revision_ = 0;
 };
 
 }  // namespace desktop

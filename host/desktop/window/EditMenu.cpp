@@ -24,56 +24,56 @@ QString withName(const QString& verb, bool possible, const std::string& name) {
 }  // namespace
 
 EditMenu::EditMenu(QMainWindow* owner, Document& shown, ElementPanel& panel, Busy& shared)
-    : QObject(owner), window(owner), document(shown), elements(panel), busy(shared) {
-    QMenu* menu = window->menuBar()->addMenu(QStringLiteral("&Edit"));
+    : QObject(owner), window_(owner), document_(shown), elements_(panel), busy_(shared) {
+    QMenu* menu = window_->menuBar()->addMenu(QStringLiteral("&Edit"));
     const auto add = [&](const QString& text, const QKeySequence& key, const QString& prompt) {
         auto* action = menu->addAction(text);
         action->setShortcut(key);
         action->setStatusTip(prompt);
         return action;
     };
-    undoItem = add(QStringLiteral("&Undo"), QKeySequence::Undo, QStringLiteral("Take the last step back"));
-    redoItem = add(QStringLiteral("&Redo"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
-                   QStringLiteral("Do the step again that was taken back"));
+    undoItem_ = add(QStringLiteral("&Undo"), QKeySequence::Undo, QStringLiteral("Take the last step back"));
+    redoItem_ = add(QStringLiteral("&Redo"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
+                    QStringLiteral("Do the step again that was taken back"));
     menu->addSeparator();
-    copyItem = add(QStringLiteral("Copy &GUID"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C),
-                   QStringLiteral("Copy the GUID of the selected element"));
-    findItem = add(QStringLiteral("&Find Elements"), QKeySequence::Find, QStringLiteral("Go to the filter"));
+    copyItem_ = add(QStringLiteral("Copy &GUID"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C),
+                    QStringLiteral("Copy the GUID of the selected element"));
+    findItem_ = add(QStringLiteral("&Find Elements"), QKeySequence::Find, QStringLiteral("Go to the filter"));
 
-    connect(undoItem, &QAction::triggered, this, [this] {
+    connect(undoItem_, &QAction::triggered, this, [this] {
         const WaitCursor wait;
-        document.undo();
+        document_.undo();
     });
-    connect(redoItem, &QAction::triggered, this, [this] {
+    connect(redoItem_, &QAction::triggered, this, [this] {
         const WaitCursor wait;
-        document.redo();
+        document_.redo();
     });
-    connect(copyItem, &QAction::triggered, this, &EditMenu::copyGuid);
-    connect(findItem, &QAction::triggered, &elements, &ElementPanel::focusFilter);
-    connect(&document, &Document::fileChanged, this, &EditMenu::update);
-    connect(&elements, &ElementPanel::currentChanged, this, &EditMenu::update);
-    connect(&busy, &Busy::changed, this, &EditMenu::update);
+    connect(copyItem_, &QAction::triggered, this, &EditMenu::copyGuid);
+    connect(findItem_, &QAction::triggered, &elements_, &ElementPanel::focusFilter);
+    connect(&document_, &Document::fileChanged, this, &EditMenu::update);
+    connect(&elements_, &ElementPanel::currentChanged, this, &EditMenu::update);
+    connect(&busy_, &Busy::changed, this, &EditMenu::update);
     update();
 }
 
 void EditMenu::update() {
-    const bool free = document.isOpen() && !busy.active();
-    const bool canUndo = free && document.model()->canUndo();
-    const bool canRedo = free && document.model()->canRedo();
-    undoItem->setEnabled(canUndo);
-    redoItem->setEnabled(canRedo);
-    undoItem->setText(withName(QStringLiteral("&Undo"), canUndo, canUndo ? document.model()->undoName() : ""));
-    redoItem->setText(withName(QStringLiteral("&Redo"), canRedo, canRedo ? document.model()->redoName() : ""));
-    copyItem->setEnabled(document.isOpen() && elements.current().has_value());
-    findItem->setEnabled(document.isOpen());
+    const bool free = document_.isOpen() && !busy_.active();
+    const bool canUndo = free && document_.model()->canUndo();
+    const bool canRedo = free && document_.model()->canRedo();
+    undoItem_->setEnabled(canUndo);
+    redoItem_->setEnabled(canRedo);
+    undoItem_->setText(withName(QStringLiteral("&Undo"), canUndo, canUndo ? document_.model()->undoName() : ""));
+    redoItem_->setText(withName(QStringLiteral("&Redo"), canRedo, canRedo ? document_.model()->redoName() : ""));
+    copyItem_->setEnabled(document_.isOpen() && elements_.current().has_value());
+    findItem_->setEnabled(document_.isOpen());
 }
 
 void EditMenu::copyGuid() {
-    const auto element = elements.current();
-    if (!element || !document.isOpen()) return;
-    const QString guid = guidText(document.index()->guid(*element));
+    const auto element = elements_.current();
+    if (!element || !document_.isOpen()) return;
+    const QString guid = guidText(document_.index()->guid(*element));
     QApplication::clipboard()->setText(guid);
-    window->statusBar()->showMessage(QStringLiteral("Copied %1").arg(guid), 5000);
+    window_->statusBar()->showMessage(QStringLiteral("Copied %1").arg(guid), 5000);
 }
 
 }  // namespace desktop

@@ -23,11 +23,11 @@ private:
     void update();
     void copyGuid();
 
-    QMainWindow* window;
-    Document& document;
-    ElementPanel& elements;
-    Busy& busy;
-    QAction *undoItem, *redoItem, *copyItem, *findItem;
+    QMainWindow* window_;
+    Document& document_;
+    ElementPanel& elements_;
+    Busy& busy_;
+    QAction *undoItem_, *redoItem_, *copyItem_, *findItem_;
 };
 
 }  // namespace desktop

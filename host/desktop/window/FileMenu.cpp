@@ -43,30 +43,30 @@ void showError(QWidget* window, const QString& title, const model::Error& error)
 }  // namespace
 
 FileMenu::FileMenu(QMainWindow* owner, Document& shown, Busy& shared)
-    : QObject(owner), window(owner), document(shown), busy(shared) {
-    fileMenu = window->menuBar()->addMenu(QStringLiteral("&File"));
-    openItem =
+    : QObject(owner), window_(owner), document_(shown), busy_(shared) {
+    fileMenu_ = window_->menuBar()->addMenu(QStringLiteral("&File"));
+    openItem_ =
         add(QStringLiteral("&Open…"), QKeySequence::Open, QStringLiteral("Open a model"), &FileMenu::openByDialog);
-    fileMenu->setToolTipsVisible(true);
-    recentMenu = fileMenu->addMenu(QStringLiteral("Open &Recent"));
-    fileMenu->addSeparator();
-    saveItem = add(QStringLiteral("&Save"), QKeySequence::Save, QStringLiteral("Save the model to its file"),
-                   &FileMenu::saveAction);
-    saveAsItem = add(QStringLiteral("Save &As…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
-                     QStringLiteral("Save the model to another file"), &FileMenu::saveAsAction);
-    fileMenu->addSeparator();
-    closeItem = add(QStringLiteral("&Close"), QKeySequence(Qt::CTRL | Qt::Key_W), QStringLiteral("Close the model"),
-                    &FileMenu::closeAction);
-    quitItem = add(QStringLiteral("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), QStringLiteral("Leave the program"),
-                   &FileMenu::quit);
-    connect(recentMenu, &QMenu::aboutToShow, this, &FileMenu::fillRecent);
-    connect(&document, &Document::fileChanged, this, &FileMenu::update);
-    connect(&busy, &Busy::changed, this, &FileMenu::update);
+    fileMenu_->setToolTipsVisible(true);
+    recentMenu_ = fileMenu_->addMenu(QStringLiteral("Open &Recent"));
+    fileMenu_->addSeparator();
+    saveItem_ = add(QStringLiteral("&Save"), QKeySequence::Save, QStringLiteral("Save the model to its file"),
+                    &FileMenu::saveAction);
+    saveAsItem_ = add(QStringLiteral("Save &As…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
+                      QStringLiteral("Save the model to another file"), &FileMenu::saveAsAction);
+    fileMenu_->addSeparator();
+    closeItem_ = add(QStringLiteral("&Close"), QKeySequence(Qt::CTRL | Qt::Key_W), QStringLiteral("Close the model"),
+                     &FileMenu::closeAction);
+    quitItem_ = add(QStringLiteral("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), QStringLiteral("Leave the program"),
+                    &FileMenu::quit);
+    connect(recentMenu_, &QMenu::aboutToShow, this, &FileMenu::fillRecent);
+    connect(&document_, &Document::fileChanged, this, &FileMenu::update);
+    connect(&busy_, &Busy::changed, this, &FileMenu::update);
     update();
 }
 
 QAction* FileMenu::add(const QString& text, const QKeySequence& key, const QString& prompt, void (FileMenu::*what)()) {
-    auto* action = fileMenu->addAction(text);
+    auto* action = fileMenu_->addAction(text);
     action->setShortcut(key);
     action->setStatusTip(prompt);
     connect(action, &QAction::triggered, this, what);
@@ -74,34 +74,34 @@ QAction* FileMenu::add(const QString& text, const QKeySequence& key, const QStri
 }
 
 void FileMenu::update() {
-    const bool free = !busy.active();
-    openItem->setEnabled(free);
-    recentMenu->setEnabled(free && !RecentFiles::list().isEmpty());
-    const QString holder = document.lockHolder();
-    saveItem->setEnabled(free && document.modified());
-    saveItem->setText(holder.isEmpty() ? QStringLiteral("&Save") : QStringLiteral("&Save Under Another Name…"));
+    const bool free = !busy_.active();
+    openItem_->setEnabled(free);
+    recentMenu_->setEnabled(free && !RecentFiles::list().isEmpty());
+    const QString holder = document_.lockHolder();
+    saveItem_->setEnabled(free && document_.modified());
+    saveItem_->setText(holder.isEmpty() ? QStringLiteral("&Save") : QStringLiteral("&Save Under Another Name…"));
     const QString prompt = holder.isEmpty()
                                ? QStringLiteral("Save the model to its file")
                                : QStringLiteral("The file is open in %1; save under another name").arg(holder);
-    saveItem->setStatusTip(prompt);
-    saveItem->setToolTip(asPlainToolTip(prompt));
-    saveAsItem->setEnabled(free && document.isOpen());
-    closeItem->setEnabled(free && document.isOpen());
-    quitItem->setEnabled(free);
+    saveItem_->setStatusTip(prompt);
+    saveItem_->setToolTip(asPlainToolTip(prompt));
+    saveAsItem_->setEnabled(free && document_.isOpen());
+    closeItem_->setEnabled(free && document_.isOpen());
+    quitItem_->setEnabled(free);
 }
 
 void FileMenu::fillRecent() {
-    recentMenu->clear();
+    recentMenu_->clear();
     for (const QString& path : RecentFiles::list()) {
         // Names alone may be equal; the folder tells them apart.
         const QFileInfo file(path);
         QString text = QStringLiteral("%1 – %2").arg(file.fileName(), file.absolutePath());
-        auto* action = recentMenu->addAction(text.replace(u'&', QStringLiteral("&&")));
+        auto* action = recentMenu_->addAction(text.replace(u'&', QStringLiteral("&&")));
         action->setStatusTip(path);
         connect(action, &QAction::triggered, this, [this, path] { open(path); });
     }
-    recentMenu->addSeparator();
-    connect(recentMenu->addAction(QStringLiteral("&Clear List")), &QAction::triggered, this, [this] {
+    recentMenu_->addSeparator();
+    connect(recentMenu_->addAction(QStringLiteral("&Clear List")), &QAction::triggered, this, [this] {
         RecentFiles::clear();
         update();
     });
@@ -109,7 +109,7 @@ void FileMenu::fillRecent() {
 
 void FileMenu::openByDialog() {
     // Unsaved changes are asked about once a file is chosen: who cancels here has not been asked for nothing.
-    QFileDialog dialog(window, QStringLiteral("Open Model"));
+    QFileDialog dialog(window_, QStringLiteral("Open Model"));
     dialog.setObjectName(QStringLiteral("openDialog"));
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.setNameFilters(modelFilter.split(QStringLiteral(";;")));
@@ -118,14 +118,14 @@ void FileMenu::openByDialog() {
 }
 
 bool FileMenu::open(const QString& path) {
-    if (busy.active() || !mayLoseModel()) return false;
+    if (busy_.active() || !mayLoseModel()) return false;
     std::optional<model::Result<Document::Opened>> opened;
     {
-        const Busy::Guard guard(busy);
-        opened = openWithProgress(window, path);
+        const Busy::Guard guard(busy_);
+        opened = openWithProgress(window_, path);
     }
     if (!opened) {
-        window->statusBar()->showMessage(QStringLiteral("Opening cancelled"), 5000);
+        window_->statusBar()->showMessage(QStringLiteral("Opening cancelled"), 5000);
         return false;
     }
     if (!*opened) {
@@ -135,52 +135,52 @@ bool FileMenu::open(const QString& path) {
             error.message = path.toStdString() +
                             ": it looks like an update file, not like a model; open the model, then import this "
                             "file from the add-on's menu";
-        showError(window, QStringLiteral("%1 could not be opened").arg(QFileInfo(path).fileName()), error);
+        showError(window_, QStringLiteral("%1 could not be opened").arg(QFileInfo(path).fileName()), error);
         return false;
     }
     const QFileInfo file(path);
     QSettings().setValue(folderKey, file.absolutePath());
     RecentFiles::add(path);
-    document.adopt(std::move(**opened), file.absoluteFilePath());
+    document_.adopt(std::move(**opened), file.absoluteFilePath());
     return true;
 }
 
 bool FileMenu::save() {
-    if (!document.isOpen()) return false;
-    return document.lockHolder().isEmpty() ? saveTo(document.path()) : saveAs();
+    if (!document_.isOpen()) return false;
+    return document_.lockHolder().isEmpty() ? saveTo(document_.path()) : saveAs();
 }
 
 bool FileMenu::saveAs() {
-    if (!document.isOpen()) return false;
-    QFileDialog dialog(window, QStringLiteral("Save Model As"));
+    if (!document_.isOpen()) return false;
+    QFileDialog dialog(window_, QStringLiteral("Save Model As"));
     dialog.setObjectName(QStringLiteral("saveDialog"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setNameFilters(modelFilter.split(QStringLiteral(";;")));
-    dialog.setDefaultSuffix(QFileInfo(document.path()).suffix());
-    dialog.setDirectory(QFileInfo(document.path()).absolutePath());
-    dialog.selectFile(QFileInfo(document.path()).fileName());
+    dialog.setDefaultSuffix(QFileInfo(document_.path()).suffix());
+    dialog.setDirectory(QFileInfo(document_.path()).absolutePath());
+    dialog.selectFile(QFileInfo(document_.path()).fileName());
     return dialog.exec() == QDialog::Accepted && saveTo(dialog.selectedFiles().constFirst());
 }
 
 bool FileMenu::saveTo(const QString& path, bool force) {
     std::optional<model::Status> status;
     {
-        const Busy::Guard guard(busy);
-        status = saveWithProgress(window, document, path, force);
+        const Busy::Guard guard(busy_);
+        status = saveWithProgress(window_, document_, path, force);
     }
     if (!status) {
-        window->statusBar()->showMessage(QStringLiteral("Saving cancelled; the file is as it was"), 5000);
+        window_->statusBar()->showMessage(QStringLiteral("Saving cancelled; the file is as it was"), 5000);
         return false;
     }
     if (!*status && status->error().kind == model::ErrorKind::ChangedSince)
         return askAboutChangedFile(path, status->error());
     if (!*status) {
-        showError(window, QStringLiteral("%1 could not be saved").arg(QFileInfo(path).fileName()), status->error());
+        showError(window_, QStringLiteral("%1 could not be saved").arg(QFileInfo(path).fileName()), status->error());
         return false;
     }
     RecentFiles::add(path);
-    window->statusBar()->showMessage(QStringLiteral("Saved %1").arg(path), 5000);
+    window_->statusBar()->showMessage(QStringLiteral("Saved %1").arg(path), 5000);
     return true;
 }
 
@@ -189,7 +189,7 @@ bool FileMenu::askAboutChangedFile(const QString& path, const model::Error& erro
     QMessageBox box(
         QMessageBox::Warning, QStringLiteral("File Changed"),
         QStringLiteral("Another program has changed %1 since it was opened.").arg(QFileInfo(path).fileName()),
-        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, window);
+        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, window_);
     box.setObjectName(QStringLiteral("changedQuestion"));
     box.setTextFormat(Qt::PlainText);
     box.setInformativeText(QStringLiteral("Overwriting it loses what the other program has written."));
@@ -209,11 +209,11 @@ bool FileMenu::askAboutChangedFile(const QString& path, const model::Error& erro
 }
 
 bool FileMenu::mayLoseModel() {
-    if (busy.active()) return false;
-    if (!document.modified()) return true;
+    if (busy_.active()) return false;
+    if (!document_.modified()) return true;
     QMessageBox box(QMessageBox::Question, QStringLiteral("Unsaved Changes"),
-                    QStringLiteral("Save the changes to %1?").arg(QFileInfo(document.path()).fileName()),
-                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, window);
+                    QStringLiteral("Save the changes to %1?").arg(QFileInfo(document_.path()).fileName()),
+                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, window_);
     box.setObjectName(QStringLiteral("unsavedQuestion"));
     box.setTextFormat(Qt::PlainText);
     box.setInformativeText(QStringLiteral("Changes that are not saved are lost."));
@@ -230,12 +230,12 @@ bool FileMenu::mayLoseModel() {
 
 bool FileMenu::close() {
     if (!mayLoseModel()) return false;
-    document.close();
+    document_.close();
     return true;
 }
 
 void FileMenu::quit() {
-    window->close();
+    window_->close();
 }
 
 }  // namespace desktop

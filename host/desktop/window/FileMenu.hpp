@@ -18,7 +18,7 @@ class FileMenu : public QObject {
 public:
     FileMenu(QMainWindow* window, Document& document, Busy& busy);
 
-    QMenu* menu() const { return fileMenu; }
+    QMenu* menu() const { return fileMenu_; }
 
     /// Asks about unsaved changes first. A file that cannot be opened is said in a message; the model that was open
     /// stays. @return whether it is open now.
@@ -43,12 +43,12 @@ private:
     void saveAsAction() { saveAs(); }
     void closeAction() { close(); }
 
-    QMainWindow* window;
-    Document& document;
-    Busy& busy;
-    QMenu* fileMenu;
-    QMenu* recentMenu;
-    QAction *openItem, *saveItem, *saveAsItem, *closeItem, *quitItem;
+    QMainWindow* window_;
+    Document& document_;
+    Busy& busy_;
+    QMenu* fileMenu_;
+    QMenu* recentMenu_;
+    QAction *openItem_, *saveItem_, *saveAsItem_, *closeItem_, *quitItem_;
 };
 
 }  // namespace desktop

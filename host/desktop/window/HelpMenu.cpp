@@ -17,43 +17,43 @@ namespace desktop {
 HelpMenu::HelpMenu(QMainWindow* owner, host::Host& shared)
     : QObject(owner),
       openFolder([](const QString& folder) { return QDesktopServices::openUrl(QUrl::fromLocalFile(folder)); }),
-      window(owner),
-      host(shared),
-      menu(window->menuBar()->addMenu(QStringLiteral("&Help"))) {
-    connect(menu, &QMenu::aboutToShow, this, &HelpMenu::fill);
+      window_(owner),
+      host_(shared),
+      menu_(window_->menuBar()->addMenu(QStringLiteral("&Help"))) {
+    connect(menu_, &QMenu::aboutToShow, this, &HelpMenu::fill);
     fill();
 }
 
 void HelpMenu::fill() {
-    menu->clear();
+    menu_->clear();
     for (const frontend::HelpLocation& location : frontend::helpLocations()) {
         const QString folder = toQString(location.path);
-        QAction* action = menu->addAction(QStringLiteral("&Add-On Help"));
+        QAction* action = menu_->addAction(QStringLiteral("&Add-On Help"));
         action->setStatusTip(QStringLiteral("Open the folder %1").arg(folder));
         connect(action, &QAction::triggered, this, [this, folder] {
             if (openFolder(folder)) return;
             QMessageBox::information(
-                window, QStringLiteral("Add-On Help"),
+                window_, QStringLiteral("Add-On Help"),
                 QStringLiteral("No program is set up to show folders. The help is in %1").arg(folder));
         });
     }
-    if (!menu->isEmpty()) menu->addSeparator();
-    connect(menu->addAction(QStringLiteral("A&bout")), &QAction::triggered, this, &HelpMenu::about);
+    if (!menu_->isEmpty()) menu_->addSeparator();
+    connect(menu_->addAction(QStringLiteral("A&bout")), &QAction::triggered, this, &HelpMenu::about);
 }
 
 QAction* HelpMenu::menuAction() const {
-    return menu->menuAction();
+    return menu_->menuAction();
 }
 
 void HelpMenu::about() {
     QMessageBox box(QMessageBox::NoIcon, QStringLiteral("About"), QStringLiteral("Model Host"), QMessageBox::Ok,
-                    window);
+                    window_);
     box.setObjectName(QStringLiteral("aboutMessage"));
     QString text = QStringLiteral("Opens IFC models and runs an add-on on them.\nVersion %1, Qt %2")
                        .arg(QCoreApplication::applicationVersion(), QString::fromLatin1(qVersion()));
-    if (host.addOnLoaded()) {
+    if (host_.addOnLoaded()) {
         text +=
-            QStringLiteral("\n\nAdd-on: %1\n%2").arg(toQString(host.addOnName()), toQString(host.addOnDescription()));
+            QStringLiteral("\n\nAdd-on: %1\n%2").arg(toQString(host_.addOnName()), toQString(host_.addOnDescription()));
     }
     box.setInformativeText(text);
     box.exec();

@@ -26,9 +26,9 @@ private:
     void fill();
     void about();
 
-    QMainWindow* window;
-    host::Host& host;
-    QMenu* menu;
+    QMainWindow* window_;
+    host::Host& host_;
+    QMenu* menu_;
 };
 
 }  // namespace desktop

@@ -55,15 +55,15 @@ QString droppedFile(const QMimeData* data) {
 }  // namespace
 
 MainWindow::MainWindow()
-    : doc(new Document(theHost, this)),
-      table(new ElementPanel),
-      inspect(new InspectorPanel),
-      planPanel(new PlanPanel),
-      reportPanel(new ReportPanel),
-      debugPanel(new DebugPanel),
-      middle(new QStackedWidget),
-      summary(new QLabel),
-      readOnlyBar(new ReadOnlyBar) {
+    : doc_(new Document(theHost_, this)),
+      table_(new ElementPanel),
+      inspect_(new InspectorPanel),
+      planPanel_(new PlanPanel),
+      reportPanel_(new ReportPanel),
+      debugPanel_(new DebugPanel),
+      middle_(new QStackedWidget),
+      summary_(new QLabel),
+      readOnlyBar_(new ReadOnlyBar) {
     setObjectName(QStringLiteral("mainWindow"));
     setAcceptDrops(true);
     makePanels();
@@ -75,12 +75,12 @@ MainWindow::MainWindow()
 }
 
 MainWindow::~MainWindow() {
-    review.reset();
+    review_.reset();
     frontend::setDebugSink({});
-    theHost.setReportSink({});
-    theHost.setPointPicker({});
+    theHost_.setReportSink({});
+    theHost_.setPointPicker({});
     // What looks at the model goes before the host that owns it.
-    doc->close();
+    doc_->close();
 }
 
 QSize MainWindow::sizeHint() const {
@@ -88,26 +88,27 @@ QSize MainWindow::sizeHint() const {
 }
 
 void MainWindow::makePanels() {
-    addToolBar(Qt::TopToolBarArea, readOnlyBar);
-    middle->addWidget(makeWelcome());
-    middle->addWidget(table);
-    setCentralWidget(middle);
+    addToolBar(Qt::TopToolBarArea, readOnlyBar_);
+    middle_->addWidget(makeWelcome());
+    middle_->addWidget(table_);
+    setCentralWidget(middle_);
     // The report belongs under the table; the plan and the element's data keep the window's whole height.
     setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
-    planDock = addDock(QStringLiteral("Plan"), QStringLiteral("planDock"), planPanel, Qt::RightDockWidgetArea);
-    elementDock = addDock(QStringLiteral("Element"), QStringLiteral("elementDock"), inspect, Qt::RightDockWidgetArea);
-    reportDock = addDock(QStringLiteral("Report"), QStringLiteral("reportDock"), reportPanel, Qt::BottomDockWidgetArea);
-    debugDock =
-        addDock(QStringLiteral("Debug Output"), QStringLiteral("debugDock"), debugPanel, Qt::BottomDockWidgetArea);
-    tabifyDockWidget(reportDock, debugDock);
-    debugDock->hide();
+    planDock_ = addDock(QStringLiteral("Plan"), QStringLiteral("planDock"), planPanel_, Qt::RightDockWidgetArea);
+    elementDock_ = addDock(QStringLiteral("Element"), QStringLiteral("elementDock"), inspect_, Qt::RightDockWidgetArea);
+    reportDock_ =
+        addDock(QStringLiteral("Report"), QStringLiteral("reportDock"), reportPanel_, Qt::BottomDockWidgetArea);
+    debugDock_ =
+        addDock(QStringLiteral("Debug Output"), QStringLiteral("debugDock"), debugPanel_, Qt::BottomDockWidgetArea);
+    tabifyDockWidget(reportDock_, debugDock_);
+    debugDock_->hide();
     const QSize size = MainWindow::sizeHint();
-    resizeDocks({planDock, elementDock}, {size.height() * 55 / 100, size.height() * 45 / 100}, Qt::Vertical);
-    resizeDocks({planDock}, {size.width() * 2 / 5}, Qt::Horizontal);
-    resizeDocks({reportDock}, {size.height() / 7}, Qt::Vertical);
-    summary->setObjectName(QStringLiteral("summary"));
-    summary->setAccessibleName(QStringLiteral("Model"));
-    statusBar()->addPermanentWidget(summary);
+    resizeDocks({planDock_, elementDock_}, {size.height() * 55 / 100, size.height() * 45 / 100}, Qt::Vertical);
+    resizeDocks({planDock_}, {size.width() * 2 / 5}, Qt::Horizontal);
+    resizeDocks({reportDock_}, {size.height() / 7}, Qt::Vertical);
+    summary_->setObjectName(QStringLiteral("summary"));
+    summary_->setAccessibleName(QStringLiteral("Model"));
+    statusBar()->addPermanentWidget(summary_);
 }
 
 QDockWidget* MainWindow::addDock(const QString& title, const QString& name, QWidget* content, Qt::DockWidgetArea area) {
@@ -127,7 +128,7 @@ QWidget* MainWindow::makeWelcome() {
     auto* button = new QPushButton(QStringLiteral("Open Model…"));
     button->setObjectName(QStringLiteral("welcomeOpen"));
     button->setAccessibleName(QStringLiteral("Open a model"));
-    connect(button, &QPushButton::clicked, this, [this] { files->openByDialog(); });
+    connect(button, &QPushButton::clicked, this, [this] { files_->openByDialog(); });
     auto* all = new QVBoxLayout(page);
     all->addStretch();
     all->addWidget(text);
@@ -138,55 +139,57 @@ QWidget* MainWindow::makeWelcome() {
 }
 
 void MainWindow::makeMenus() {
-    files = new FileMenu(this, *doc, busy);
-    new EditMenu(this, *doc, *table, busy);
+    files_ = new FileMenu(this, *doc_, busy_);
+    new EditMenu(this, *doc_, *table_, busy_);
     QMenu* shown = menuBar()->addMenu(QStringLiteral("&View"));
-    for (QDockWidget* dock : {planDock, elementDock, reportDock, debugDock}) shown->addAction(dock->toggleViewAction());
-    addOn = new AddOnMenu(this, theHost, *doc, busy);
-    help = new HelpMenu(this, theHost);
+    for (QDockWidget* dock : {planDock_, elementDock_, reportDock_, debugDock_})
+        shown->addAction(dock->toggleViewAction());
+    addOn_ = new AddOnMenu(this, theHost_, *doc_, busy_);
+    help_ = new HelpMenu(this, theHost_);
 }
 
 void MainWindow::connectPanels() {
-    connect(doc, &Document::closing, this, [this] {
-        table->setSource(nullptr, nullptr);
-        inspect->show(nullptr, std::nullopt);
-        planPanel->setSource(nullptr, nullptr);
+    connect(doc_, &Document::closing, this, [this] {
+        table_->setSource(nullptr, nullptr);
+        inspect_->show(nullptr, std::nullopt);
+        planPanel_->setSource(nullptr, nullptr);
     });
-    connect(doc, &Document::replaced, this, &MainWindow::showDocument);
-    connect(doc, &Document::fileChanged, this, &MainWindow::showTitle);
-    connect(doc, &Document::fileChanged, this, [this] { readOnlyBar->show(doc->lockHolder()); });
-    connect(readOnlyBar, &ReadOnlyBar::saveAsWanted, this, [this] { files->saveAs(); });
-    connect(readOnlyBar, &ReadOnlyBar::reopeningWanted, this, [this] {
-        const QString path = doc->path();  // a copy: saving the changes first may give the document another one
-        files->open(path);
+    connect(doc_, &Document::replaced, this, &MainWindow::showDocument);
+    connect(doc_, &Document::fileChanged, this, &MainWindow::showTitle);
+    connect(doc_, &Document::fileChanged, this, [this] { readOnlyBar_->show(doc_->lockHolder()); });
+    connect(readOnlyBar_, &ReadOnlyBar::saveAsWanted, this, [this] { files_->saveAs(); });
+    connect(readOnlyBar_, &ReadOnlyBar::reopeningWanted, this, [this] {
+        const QString path = doc_->path();  // a copy: saving the changes first may give the document another one
+        files_->open(path);
     });
-    connect(&busy, &Busy::changed, this, [this] { readOnlyBar->setEnabled(!busy.active()); });
-    connect(doc, &Document::edited, table, &ElementPanel::refresh);
-    connect(table, &ElementPanel::currentChanged, this, [this] {
-        inspect->show(doc->model(), table->current());
-        planPanel->showElement(table->current());
+    connect(&busy_, &Busy::changed, this, [this] { readOnlyBar_->setEnabled(!busy_.active()); });
+    connect(doc_, &Document::edited, table_, &ElementPanel::refresh);
+    connect(table_, &ElementPanel::currentChanged, this, [this] {
+        inspect_->show(doc_->model(), table_->current());
+        planPanel_->showElement(table_->current());
     });
-    connect(planPanel, &PlanPanel::elementClicked, table, &ElementPanel::select);
-    connect(reportPanel, &ReportPanel::countChanged, this, [this](int count) {
-        reportDock->setWindowTitle(count ? QStringLiteral("Report (%1)").arg(number(count)) : QStringLiteral("Report"));
+    connect(planPanel_, &PlanPanel::elementClicked, table_, &ElementPanel::select);
+    connect(reportPanel_, &ReportPanel::countChanged, this, [this](int count) {
+        reportDock_->setWindowTitle(count ? QStringLiteral("Report (%1)").arg(number(count))
+                                          : QStringLiteral("Report"));
     });
-    connect(addOn, &AddOnMenu::commandEnded, this, [this](GSErrCode error) {
-        frontEnd->takePickedFile();
+    connect(addOn_, &AddOnMenu::commandEnded, this, [this](GSErrCode error) {
+        frontEnd_->takePickedFile();
         if (error == NoError) return;
-        reportPanel->append(QStringLiteral("The add-on's command ended with the error 0x%1")
-                                .arg(static_cast<quint32>(error), 8, 16, QLatin1Char('0')),
-                            false);
+        reportPanel_->append(QStringLiteral("The add-on's command ended with the error 0x%1")
+                                 .arg(static_cast<quint32>(error), 8, 16, QLatin1Char('0')),
+                             false);
     });
 }
 
 void MainWindow::connectHost() {
-    frontEnd = std::make_unique<DesktopView>(this, planDock);
-    connect(frontEnd.get(), &DesktopView::dialogOpened, this, &MainWindow::showDialog);
-    connect(frontEnd.get(), &DesktopView::dialogClosed, this, [this] { review.reset(); });
-    frontend::setDebugSink([this](const char* text) { debugPanel->append(text); });
+    frontEnd_ = std::make_unique<DesktopView>(this, planDock_);
+    connect(frontEnd_.get(), &DesktopView::dialogOpened, this, &MainWindow::showDialog);
+    connect(frontEnd_.get(), &DesktopView::dialogClosed, this, [this] { review_.reset(); });
+    frontend::setDebugSink([this](const char* text) { debugPanel_->append(text); });
     frontend::setBeepSink([] { QApplication::beep(); });
-    theHost.setReportSink([this](const host::ReportLine& line) { showReportLine(line); });
-    theHost.setPointPicker([this](const std::string& prompt) { return pickPoint(toQString(prompt)); });
+    theHost_.setReportSink([this](const host::ReportLine& line) { showReportLine(line); });
+    theHost_.setPointPicker([this](const std::string& prompt) { return pickPoint(toQString(prompt)); });
 }
 
 void MainWindow::restorePlaces() {
@@ -197,13 +200,13 @@ void MainWindow::restorePlaces() {
 }
 
 bool MainWindow::loadAddOn(const std::filesystem::path& bundle) {
-    const model::Status status = theHost.loadAddOn(bundle);
-    addOn->rebuild();
+    const model::Status status = theHost_.loadAddOn(bundle);
+    addOn_->rebuild();
     // Help stands last in a menu bar.
-    menuBar()->addAction(help->menuAction());
+    menuBar()->addAction(help_->menuAction());
     if (status) return true;
     const QString reason = toQString(status.error().message);
-    reportPanel->append(reason, true);
+    reportPanel_->append(reason, true);
     QTimer::singleShot(0, this, [this, reason] {
         QMessageBox box(QMessageBox::Warning, QStringLiteral("Add-On"),
                         QStringLiteral("The add-on could not be loaded."), QMessageBox::Ok, this);
@@ -215,21 +218,21 @@ bool MainWindow::loadAddOn(const std::filesystem::path& bundle) {
 }
 
 bool MainWindow::openFile(const QString& path) {
-    return files->open(path);
+    return files_->open(path);
 }
 
 void MainWindow::showDocument() {
-    const bool open = doc->isOpen();
-    middle->setCurrentIndex(open ? 1 : 0);
-    reportPanel->clear();
-    table->setSource(doc->model(), doc->index());
-    planPanel->setSource(doc->model(), doc->index());
-    summary->clear();
+    const bool open = doc_->isOpen();
+    middle_->setCurrentIndex(open ? 1 : 0);
+    reportPanel_->clear();
+    table_->setSource(doc_->model(), doc_->index());
+    planPanel_->setSource(doc_->model(), doc_->index());
+    summary_->clear();
     if (open) {
-        summary->setText(QStringLiteral("%1 · %2").arg(toQString(doc->model()->schemaName()),
-                                                       counted(doc->index()->size(), "element", "elements")));
-        for (const std::string& remark : doc->model()->remarks()) {
-            reportPanel->append(toQString(remark), false);
+        summary_->setText(QStringLiteral("%1 · %2").arg(toQString(doc_->model()->schemaName()),
+                                                        counted(doc_->index()->size(), "element", "elements")));
+        for (const std::string& remark : doc_->model()->remarks()) {
+            reportPanel_->append(toQString(remark), false);
         }
     }
     showTitle();
@@ -237,16 +240,17 @@ void MainWindow::showDocument() {
 
 void MainWindow::showTitle() {
     const QString program = QStringLiteral("Model Host");
-    const QString state = doc->lockHolder().isEmpty() ? QString() : QStringLiteral(" (read-only)");
-    setWindowTitle(doc->isOpen() ? QStringLiteral("%1[*]%2 – %3").arg(QFileInfo(doc->path()).fileName(), state, program)
-                                 : program);
-    setWindowModified(doc->modified());
-    statusBar()->setToolTip(doc->path());
+    const QString state = doc_->lockHolder().isEmpty() ? QString() : QStringLiteral(" (read-only)");
+    setWindowTitle(doc_->isOpen()
+                       ? QStringLiteral("%1[*]%2 – %3").arg(QFileInfo(doc_->path()).fileName(), state, program)
+                       : program);
+    setWindowModified(doc_->modified());
+    statusBar()->setToolTip(doc_->path());
 }
 
 void MainWindow::showReportLine(const host::ReportLine& line) {
     const QString text = toQString(line.text);
-    reportPanel->append(text, line.alert);
+    reportPanel_->append(text, line.alert);
     if (!line.alert) return;
     const WaitCursor::Pause usable;
     QMessageBox box(QMessageBox::Warning, QStringLiteral("Report"), text, QMessageBox::Ok, this);
@@ -256,38 +260,38 @@ void MainWindow::showReportLine(const host::ReportLine& line) {
 }
 
 void MainWindow::showDialog(AddOnDialog* dialog) {
-    review = std::make_unique<Review>(*doc, *planPanel, *table, *dialog);
-    const auto file = frontEnd->takePickedFile();
-    if (!file || !doc->isOpen()) return;
+    review_ = std::make_unique<Review>(*doc_, *planPanel_, *table_, *dialog);
+    const auto file = frontEnd_->takePickedFile();
+    if (!file || !doc_->isOpen()) return;
     const QString name = QFileInfo(pathText(*file)).fileName();
-    const QStringList hints = hintsAbout(*file, dialog->content(), *doc->model());
+    const QStringList hints = hintsAbout(*file, dialog->content(), *doc_->model());
     dialog->showHints(name, hints);
     // There they stay when the dialog is gone.
-    for (const QString& hint : hints) reportPanel->append(QStringLiteral("%1: %2").arg(name, hint), false);
+    for (const QString& hint : hints) reportPanel_->append(QStringLiteral("%1: %2").arg(name, hint), false);
 }
 
 /// A dialog that stands before the plan makes room until the user has answered.
 std::optional<host::PickedPoint> MainWindow::pickPoint(const QString& prompt) {
-    const Busy::Guard guard(busy);
+    const Busy::Guard guard(busy_);
     const WaitCursor::Pause usable;
-    AddOnDialog* dialog = frontEnd->current();
+    AddOnDialog* dialog = frontEnd_->current();
     const bool hidden = dialog && dialog->isVisible();
     if (hidden) dialog->hide();
-    planDock->show();
-    planDock->raise();
+    planDock_->show();
+    planDock_->raise();
     activateWindow();
     statusBar()->showMessage(prompt);
-    const auto picked = planPanel->pickPoint(prompt);
+    const auto picked = planPanel_->pickPoint(prompt);
     statusBar()->clearMessage();
     if (hidden) dialog->show();
     return picked;
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-    if (busy.active()) {
+    if (busy_.active()) {
         // The add-on's command is on the stack; its dialog or question has to be answered first.
-        planPanel->cancelPicking();
-        if (AddOnDialog* dialog = frontEnd->current()) {
+        planPanel_->cancelPicking();
+        if (AddOnDialog* dialog = frontEnd_->current()) {
             dialog->raise();
             dialog->activateWindow();
         }
@@ -295,7 +299,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         event->ignore();
         return;
     }
-    if (!files->mayLoseModel()) {
+    if (!files_->mayLoseModel()) {
         event->ignore();
         return;
     }
@@ -306,7 +310,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-    if (!busy.active() && !droppedFile(event->mimeData()).isEmpty()) event->acceptProposedAction();
+    if (!busy_.active() && !droppedFile(event->mimeData()).isEmpty()) event->acceptProposedAction();
 }
 
 void MainWindow::dropEvent(QDropEvent* event) {

@@ -37,17 +37,17 @@ public:
     bool loadAddOn(const std::filesystem::path& bundle);
     bool openFile(const QString& path);
 
-    host::Host& host() { return theHost; }
-    Document& document() { return *doc; }
-    FileMenu& fileMenu() { return *files; }
-    AddOnMenu& addOnMenu() { return *addOn; }
-    HelpMenu& helpMenu() { return *help; }
-    ElementPanel& elements() { return *table; }
-    InspectorPanel& inspector() { return *inspect; }
-    PlanPanel& plan() { return *planPanel; }
-    ReportPanel& report() { return *reportPanel; }
-    DebugPanel& debug() { return *debugPanel; }
-    DesktopView& view() { return *frontEnd; }
+    host::Host& host() { return theHost_; }
+    Document& document() { return *doc_; }
+    FileMenu& fileMenu() { return *files_; }
+    AddOnMenu& addOnMenu() { return *addOn_; }
+    HelpMenu& helpMenu() { return *help_; }
+    ElementPanel& elements() { return *table_; }
+    InspectorPanel& inspector() { return *inspect_; }
+    PlanPanel& plan() { return *planPanel_; }
+    ReportPanel& report() { return *reportPanel_; }
+    DebugPanel& debug() { return *debugPanel_; }
+    DesktopView& view() { return *frontEnd_; }
 
     QSize sizeHint() const override;
 
@@ -71,23 +71,23 @@ private:
     void showDialog(AddOnDialog* dialog);
     std::optional<host::PickedPoint> pickPoint(const QString& prompt);
 
-    host::Host theHost;
-    Busy busy;
-    Document* doc;
-    ElementPanel* table;
-    InspectorPanel* inspect;
-    PlanPanel* planPanel;
-    ReportPanel* reportPanel;
-    DebugPanel* debugPanel;
-    QStackedWidget* middle;
-    QDockWidget *planDock, *elementDock, *reportDock, *debugDock;
-    QLabel* summary;
-    ReadOnlyBar* readOnlyBar;
-    FileMenu* files = nullptr;
-    AddOnMenu* addOn = nullptr;
-    HelpMenu* help = nullptr;
-    std::unique_ptr<DesktopView> frontEnd;
-    std::unique_ptr<Review> review;
+    host::Host theHost_;
+    Busy busy_;
+    Document* doc_;
+    ElementPanel* table_;
+    InspectorPanel* inspect_;
+    PlanPanel* planPanel_;
+    ReportPanel* reportPanel_;
+    DebugPanel* debugPanel_;
+    QStackedWidget* middle_;
+    QDockWidget *planDock_, *elementDock_, *reportDock_, *debugDock_;
+    QLabel* summary_;
+    ReadOnlyBar* readOnlyBar_;
+    FileMenu* files_ = nullptr;
+    AddOnMenu* addOn_ = nullptr;
+    HelpMenu* help_ = nullptr;
+    std::unique_ptr<DesktopView> frontEnd_;
+    std::unique_ptr<Review> review_;
 };
 
 }  // namespace desktop

@@ -7,7 +7,7 @@
 
 namespace desktop {
 
-ReadOnlyBar::ReadOnlyBar(QWidget* parent) : QToolBar(QStringLiteral("Read-only"), parent), label(new QLabel) {
+ReadOnlyBar::ReadOnlyBar(QWidget* parent) : QToolBar(QStringLiteral("Read-only"), parent), label_(new QLabel) {
     setObjectName(QStringLiteral("readOnlyBar"));
     setMovable(false);
     // It comes and goes with the reason for it; the user cannot ask for it.
@@ -23,10 +23,10 @@ ReadOnlyBar::ReadOnlyBar(QWidget* parent) : QToolBar(QStringLiteral("Read-only")
     icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxInformation).pixmap(side, side));
     icon->setMargin(4);
     addWidget(icon);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    label->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    addWidget(label);
+    label_->setTextFormat(Qt::PlainText);
+    label_->setWordWrap(true);
+    label_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    addWidget(label_);
     connect(addAction(QStringLiteral("Open Again")), &QAction::triggered, this, &ReadOnlyBar::reopeningWanted);
     connect(addAction(QStringLiteral("Save As…")), &QAction::triggered, this, &ReadOnlyBar::saveAsWanted);
     hide();
@@ -34,16 +34,16 @@ ReadOnlyBar::ReadOnlyBar(QWidget* parent) : QToolBar(QStringLiteral("Read-only")
 
 void ReadOnlyBar::show(const QString& holder) {
     if (!holder.isEmpty()) {
-        label->setText(
+        label_->setText(
             QStringLiteral("The file is open in %1 and was opened here for reading: save changes under another name.")
                 .arg(holder));
-        label->setAccessibleName(label->text());
+        label_->setAccessibleName(label_->text());
     }
     setVisible(!holder.isEmpty());
 }
 
 QString ReadOnlyBar::text() const {
-    return isVisible() ? label->text() : QString();
+    return isVisible() ? label_->text() : QString();
 }
 
 }  // namespace desktop

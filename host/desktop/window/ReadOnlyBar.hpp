@@ -24,7 +24,7 @@ Q_SIGNALS:
     void reopeningWanted();
 
 private:
-    QLabel* label;
+    QLabel* label_;
 };
 
 }  // namespace desktop

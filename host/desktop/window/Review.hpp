@@ -27,14 +27,14 @@ private:
     void selectRow(Int16 item, int row);
     void showRowOf(model::Element element);
 
-    Document& document;
-    PlanPanel& plan;
-    ElementPanel& elements;
-    AddOnDialog& dialog;
-    Int16 listItem = 0;  ///< The dialog's first list; 0 where it has none.
-    std::unique_ptr<ReviewRows> rows;
-    std::optional<model::Element> newest;
-    bool shownBefore = false;
+    Document& document_;
+    PlanPanel& plan_;
+    ElementPanel& elements_;
+    AddOnDialog& dialog_;
+    Int16 listItem_ = 0;  ///< The dialog's first list; 0 where it has none.
+    std::unique_ptr<ReviewRows> rows_;
+    std::optional<model::Element> newest_;
+    bool shownBefore_ = false;
 };
 
 }  // namespace desktop

@@ -102,15 +102,15 @@ Class classOf(const Entity* entity) {
 }  // namespace
 
 Classes::Classes(const step::StepFile& stepFile, const Schema& facts)
-    : file(stepFile), schema(facts), complexInstance(classOf(nullptr)) {}
+    : file_(stepFile), schema_(facts), complexInstance_(classOf(nullptr)) {}
 
 const Class& Classes::ofKeyword(step::KeywordCode code) {
-    if (code == step::NoKeyword) return complexInstance;
-    while (known.size() <= code) {
-        const auto next = static_cast<step::KeywordCode>(known.size());
-        known.push_back(classOf(schema.entity(file.keywordText(next))));
+    if (code == step::NoKeyword) return complexInstance_;
+    while (known_.size() <= code) {
+        const auto next = static_cast<step::KeywordCode>(known_.size());
+        known_.push_back(classOf(schema_.entity(file_.keywordText(next))));
     }
-    return known[code];
+    return known_[code];
 }
 
 step::Value argument(const step::Instance& instance, const Class& cls, Field field) {

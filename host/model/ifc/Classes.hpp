@@ -67,14 +67,14 @@ public:
     Classes(const step::StepFile& file, const Schema& schema);
 
     /// Stays where it is as long as the Classes live.
-    const Class& of(step::Slot slot) { return ofKeyword(file.keyword(slot)); }
+    const Class& of(step::Slot slot) { return ofKeyword(file_.keyword(slot)); }
     const Class& ofKeyword(step::KeywordCode code);
 
 private:
-    const step::StepFile& file;
-    const Schema& schema;
-    std::deque<Class> known;  // by keyword code; a file gains keywords when instances are added
-    Class complexInstance;
+    const step::StepFile& file_;
+    const Schema& schema_;
+    std::deque<Class> known_;  // by keyword code; a file gains keywords when instances are added
+    Class complexInstance_;
 };
 
 /// The argument for a field; Unset where the class has none such or the instance gives fewer arguments.

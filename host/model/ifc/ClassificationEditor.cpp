@@ -28,13 +28,13 @@ class ClassificationEditor {
 public:
     ClassificationEditor(Workspace& workspace, Element element, const ClassificationReference& target,
                          std::vector<std::string>& toTell)
-        : work(workspace), edit(workspace, element), wanted(target), notes(toTell) {}
+        : work_(workspace), edit_(workspace, element), wanted_(target), notes_(toTell) {}
 
     Status run() {
-        if (wanted.system.empty()) return Error{ErrorKind::BadName, "the classification system has no label"};
-        const auto own = findBy(edit.slot());
+        if (wanted_.system.empty()) return Error{ErrorKind::BadName, "the classification system has no label"};
+        const auto own = findBy(edit_.slot());
         if (!own.empty()) return isSettled(own.front().data) ? Status{} : changeFirst(own);
-        const Slot type = work.typeObject(edit.slot());
+        const Slot type = work_.typeObject(edit_.slot());
         const auto inherited = type == step::NoSlot ? own : findBy(type);
         return !inherited.empty() && isSettled(inherited.front().data) ? Status{} : create();
     }
@@ -43,7 +43,7 @@ private:
     /// The object's classifications of the wanted label.
     std::vector<AssignedClassification> findBy(Slot object);
     bool isSettled(const ClassificationReference& held) const {
-        return sameEntry(held, wanted) && sameSource(held, wanted);
+        return sameEntry(held, wanted_) && sameSource(held, wanted_);
     }
 
     Status changeFirst(const std::vector<AssignedClassification>& held);
@@ -56,18 +56,18 @@ private:
     void fill(Draft& reference, const std::string& source) const;
     /// "#12", a classification that fits, made if there is none; "$" where nothing is said of it.
     Result<std::string> source();
-    std::string relationPurpose() const { return "classification relation " + toUtf8(wanted.system); }
+    std::string relationPurpose() const { return "classification relation " + toUtf8(wanted_.system); }
 
-    Workspace& work;
-    ElementEdit edit;
-    const ClassificationReference& wanted;
-    std::vector<std::string>& notes;
+    Workspace& work_;
+    ElementEdit edit_;
+    const ClassificationReference& wanted_;
+    std::vector<std::string>& notes_;
 };
 
 std::vector<AssignedClassification> ClassificationEditor::findBy(Slot object) {
-    auto assigned = assignedClassifications(work, object);
+    auto assigned = assignedClassifications(work_, object);
     std::erase_if(assigned,
-                  [&](const AssignedClassification& candidate) { return candidate.data.system != wanted.system; });
+                  [&](const AssignedClassification& candidate) { return candidate.data.system != wanted_.system; });
     return assigned;
 }
 
@@ -75,98 +75,99 @@ std::vector<AssignedClassification> ClassificationEditor::findBy(Slot object) {
 Status ClassificationEditor::changeFirst(const std::vector<AssignedClassification>& held) {
     Status changed = change(held.front());
     if (changed && held.size() > 1) {
-        notes.push_back("the element has " + std::to_string(held.size()) + " classifications " +
-                        inQuotes(wanted.system) + "; the first one was changed");
+        notes_.push_back("the element has " + std::to_string(held.size()) + " classifications " +
+                         inQuotes(wanted_.system) + "; the first one was changed");
     }
     return changed;
 }
 
 Status ClassificationEditor::change(const AssignedClassification& held) {
-    for (const Slot slot : {edit.slot(), held.relation, held.reference}) {
-        if (Status editable = edit.check(slot); !editable) return editable;
+    for (const Slot slot : {edit_.slot(), held.relation, held.reference}) {
+        if (Status editable = edit_.check(slot); !editable) return editable;
     }
     if (Status fits = checkTexts(); !fits) return fits;
     if (Status readable = checkReadable(held.reference); !readable) return readable;
-    const bool isReference = work.classes.of(held.reference).role == Role::ClassificationReference;
-    std::string newSource = held.classification == step::NoSlot ? "$" : edit.reference(held.classification);
+    const bool isReference = work_.classes.of(held.reference).role == Role::ClassificationReference;
+    std::string newSource = held.classification == step::NoSlot ? "$" : edit_.reference(held.classification);
     if (isReference) {
         // Not the classification itself but the chain that leads to it.
         step::Instance instance;
-        work.file.read(held.reference, instance);
-        newSource = argument(instance, work.classes.of(held.reference), Field::ReferencedSource).text;
+        work_.file.read(held.reference, instance);
+        newSource = argument(instance, work_.classes.of(held.reference), Field::ReferencedSource).text;
     }
-    if (!sameSource(held.data, wanted)) {
+    if (!sameSource(held.data, wanted_)) {
         Result<std::string> other = source();
         if (!other) return other.error();
         newSource = std::move(*other);
     }
-    if (isReference && edit.isAlone(held.relation) && edit.isUsedOnlyBy(held.reference, held.relation)) {
+    if (isReference && edit_.isAlone(held.relation) && edit_.isUsedOnlyBy(held.reference, held.relation)) {
         return changeInPlace(held.reference, newSource);
     }
-    Draft draft = isReference ? edit.copyOf(held.reference) : Draft(*work.schema.entity("IfcClassificationReference"));
+    Draft draft =
+        isReference ? edit_.copyOf(held.reference) : Draft(*work_.schema.entity("IfcClassificationReference"));
     fill(draft, newSource);
-    const Result<Slot> added = edit.add(draft, held.relation);
+    const Result<Slot> added = edit_.add(draft, held.relation);
     if (!added) return added.error();
-    return edit.relink(held.relation, Field::Relating, held.reference, *added, relationPurpose());
+    return edit_.relink(held.relation, Field::Relating, held.reference, *added, relationPurpose());
 }
 
 Status ClassificationEditor::changeInPlace(Slot reference, const std::string& newSource) {
-    const std::pair<Field, std::string> texts[] = {{Field::Location, stepText(wanted.location)},
-                                                   {Field::ItemReference, stepText(wanted.itemReference)},
-                                                   {Field::Name, stepText(wanted.name)},
+    const std::pair<Field, std::string> texts[] = {{Field::Location, stepText(wanted_.location)},
+                                                   {Field::ItemReference, stepText(wanted_.itemReference)},
+                                                   {Field::Name, stepText(wanted_.name)},
                                                    {Field::ReferencedSource, newSource}};
     for (const auto& [field, text] : texts) {
         step::Instance instance;
-        work.file.read(reference, instance);
-        const step::Value held = argument(instance, work.classes.of(reference), field);
+        work_.file.read(reference, instance);
+        const step::Value held = argument(instance, work_.classes.of(reference), field);
         std::u16string before, after;
         // The same text may be written in several ways; what is equal stays as it is.
         const bool same = held.kind == step::ValueKind::String && text.front() == '\'' &&
                           step::decodeString(held.text, before) == step::Decoding::Exact &&
                           step::decodeString(text, after) == step::Decoding::Exact && before == after;
         if (same || held.text == text || held.text.empty()) continue;
-        if (Status replaced = work.file.replaceValue(reference, held, text); !replaced) return replaced;
+        if (Status replaced = work_.file.replaceValue(reference, held, text); !replaced) return replaced;
     }
     return {};
 }
 
 Status ClassificationEditor::create() {
-    if (Status editable = edit.check(edit.slot()); !editable) return editable;
+    if (Status editable = edit_.check(edit_.slot()); !editable) return editable;
     if (Status fits = checkTexts(); !fits) return fits;
     const Result<std::string> newSource = source();
     if (!newSource) return newSource.error();
-    Draft reference(*work.schema.entity("IfcClassificationReference"));
+    Draft reference(*work_.schema.entity("IfcClassificationReference"));
     fill(reference, *newSource);
-    const Result<Slot> added = edit.add(reference, edit.slot());
+    const Result<Slot> added = edit_.add(reference, edit_.slot());
     if (!added) return added.error();
-    Draft relation = edit.newRoot("IfcRelAssociatesClassification", relationPurpose());
-    relation.set("Name", step::encodeString(wanted.system))
-        .set("RelatedObjects", '(' + referenceText(edit.id()) + ')')
-        .set("RelatingClassification", edit.reference(*added));
-    const Result<Slot> related = edit.add(relation, edit.slot());
+    Draft relation = edit_.newRoot("IfcRelAssociatesClassification", relationPurpose());
+    relation.set("Name", step::encodeString(wanted_.system))
+        .set("RelatedObjects", '(' + referenceText(edit_.id()) + ')')
+        .set("RelatingClassification", edit_.reference(*added));
+    const Result<Slot> related = edit_.add(relation, edit_.slot());
     return related ? Status{} : Status{related.error()};
 }
 
 Status ClassificationEditor::checkTexts() const {
     const auto fits = [&](std::string_view entity, std::string_view attribute, const std::u16string& text) -> Status {
-        const Entity& cls = *work.schema.entity(entity);
+        const Entity& cls = *work_.schema.entity(entity);
         const int place = cls.attributeIndex(attribute);
         if (place < 0) return {};
         Status within = checkText(text, cls.attributes()[static_cast<std::size_t>(place)].type);
         if (within) return within;
         return Error{ErrorKind::BadValue, std::string(attribute) + " " + inQuotes(text) + " " + within.error().message};
     };
-    if (Status label = fits("IfcRelAssociatesClassification", "Name", wanted.system); !label) {
+    if (Status label = fits("IfcRelAssociatesClassification", "Name", wanted_.system); !label) {
         return Error{ErrorKind::BadName, label.error().message};
     }
     const auto entry = [&](std::string_view attribute, const std::optional<std::u16string>& text) {
         return text ? fits("IfcClassificationReference", attribute, *text) : Status{};
     };
     for (const Status& status :
-         {entry("Location", wanted.location), entry("ItemReference", wanted.itemReference),
-          entry("Identification", wanted.itemReference), entry("Name", wanted.name),
-          fits("IfcClassification", "Source", wanted.source), fits("IfcClassification", "Edition", wanted.edition),
-          fits("IfcClassification", "Name", wanted.classificationName)}) {
+         {entry("Location", wanted_.location), entry("ItemReference", wanted_.itemReference),
+          entry("Identification", wanted_.itemReference), entry("Name", wanted_.name),
+          fits("IfcClassification", "Source", wanted_.source), fits("IfcClassification", "Edition", wanted_.edition),
+          fits("IfcClassification", "Name", wanted_.classificationName)}) {
         if (!status) return status;
     }
     return {};
@@ -174,13 +175,13 @@ Status ClassificationEditor::checkTexts() const {
 
 /// A text that cannot be decoded is not overwritten blindly, nor is an instance that lacks the place for one.
 Status ClassificationEditor::checkReadable(Slot reference) const {
-    const Class& cls = work.classes.of(reference);
+    const Class& cls = work_.classes.of(reference);
     step::Instance instance;
-    if (cls.role != Role::ClassificationReference || !work.file.read(reference, instance)) return {};
+    if (cls.role != Role::ClassificationReference || !work_.file.read(reference, instance)) return {};
     for (const Field field : {Field::Location, Field::ItemReference, Field::Name, Field::ReferencedSource}) {
         const step::Value held = argument(instance, cls, field);
         if (held.text.empty()) {
-            return Error{ErrorKind::Refused, "the file gives " + edit.reference(reference) + " too few attributes"};
+            return Error{ErrorKind::Refused, "the file gives " + edit_.reference(reference) + " too few attributes"};
         }
         std::u16string text;
         const bool readable =
@@ -194,26 +195,28 @@ Status ClassificationEditor::checkReadable(Slot reference) const {
 }
 
 void ClassificationEditor::fill(Draft& reference, const std::string& newSource) const {
-    reference.set("Location", stepText(wanted.location))
-        .set("ItemReference", stepText(wanted.itemReference))   // IFC2X3
-        .set("Identification", stepText(wanted.itemReference))  // later
-        .set("Name", stepText(wanted.name))
+    reference.set("Location", stepText(wanted_.location))
+        .set("ItemReference", stepText(wanted_.itemReference))   // IFC2X3
+        .set("Identification", stepText(wanted_.itemReference))  // later
+        .set("Name", stepText(wanted_.name))
         .set("ReferencedSource", newSource);
 }
 
 Result<std::string> ClassificationEditor::source() {
-    if (wanted.source.empty() && wanted.edition.empty() && wanted.classificationName.empty()) return std::string("$");
-    if (const Slot found = work.classificationIndex.find(wanted); found != step::NoSlot) return edit.reference(found);
-    const Entity& entity = *work.schema.entity("IfcClassification");
+    if (wanted_.source.empty() && wanted_.edition.empty() && wanted_.classificationName.empty())
+        return std::string("$");
+    if (const Slot found = work_.classificationIndex.find(wanted_); found != step::NoSlot)
+        return edit_.reference(found);
+    const Entity& entity = *work_.schema.entity("IfcClassification");
     Draft draft(entity);
-    for (const auto& [name, text] : {std::pair{"Source", &wanted.source}, std::pair{"Edition", &wanted.edition},
-                                     std::pair{"Name", &wanted.classificationName}}) {
+    for (const auto& [name, text] : {std::pair{"Source", &wanted_.source}, std::pair{"Edition", &wanted_.edition},
+                                     std::pair{"Name", &wanted_.classificationName}}) {
         const bool optional = entity.attributes()[static_cast<std::size_t>(entity.attributeIndex(name))].optional;
         if (!text->empty() || !optional) draft.set(name, step::encodeString(*text));
     }
-    const Result<Slot> added = edit.add(draft, edit.slot());
+    const Result<Slot> added = edit_.add(draft, edit_.slot());
     if (!added) return added.error();
-    return edit.reference(*added);
+    return edit_.reference(*added);
 }
 
 }  // namespace

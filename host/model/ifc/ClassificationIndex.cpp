@@ -18,18 +18,18 @@ bool readClassification(const step::StepFile& file, Classes& classes, step::Slot
 }
 
 ClassificationIndex::ClassificationIndex(const step::StepFile& stepFile, Classes& knownClasses)
-    : file(stepFile), classes(knownClasses) {}
+    : file_(stepFile), classes_(knownClasses) {}
 
 step::Slot ClassificationIndex::find(const ClassificationReference& wanted) {
-    for (; seen < file.instanceCount(); ++seen) {
-        if (classes.of(seen).role != Role::Classification || file.find(file.id(seen)) != seen) continue;
+    for (; seen_ < file_.instanceCount(); ++seen_) {
+        if (classes_.of(seen_).role != Role::Classification || file_.find(file_.id(seen_)) != seen_) continue;
         ClassificationReference data;
-        if (readClassification(file, classes, seen, data)) slots[keyOf(data)].push_back(seen);
+        if (readClassification(file_, classes_, seen_, data)) slots_[keyOf(data)].push_back(seen_);
     }
-    const auto found = slots.find(keyOf(wanted));
-    if (found == slots.end()) return step::NoSlot;
+    const auto found = slots_.find(keyOf(wanted));
+    if (found == slots_.end()) return step::NoSlot;
     const auto present =
-        std::find_if(found->second.begin(), found->second.end(), [&](step::Slot slot) { return file.present(slot); });
+        std::find_if(found->second.begin(), found->second.end(), [&](step::Slot slot) { return file_.present(slot); });
     return present == found->second.end() ? step::NoSlot : *present;
 }
 

@@ -22,10 +22,10 @@ public:
 private:
     static std::u16string keyOf(const ClassificationReference& data);
 
-    const step::StepFile& file;
-    Classes& classes;
-    step::Slot seen = 0;  // slots below have been looked at; what is added later lies behind
-    std::unordered_map<std::u16string, std::vector<step::Slot>> slots;
+    const step::StepFile& file_;
+    Classes& classes_;
+    step::Slot seen_ = 0;  // slots below have been looked at; what is added later lies behind
+    std::unordered_map<std::u16string, std::vector<step::Slot>> slots_;
 };
 
 }  // namespace model::ifc

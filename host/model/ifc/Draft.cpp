@@ -4,21 +4,21 @@
 
 namespace model::ifc {
 
-Draft::Draft(const Entity& cls) : entity(cls), keyword(cls.name()) {
-    for (char& c : keyword) {
+Draft::Draft(const Entity& cls) : entity_(cls), keyword_(cls.name()) {
+    for (char& c : keyword_) {
         if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
     }
-    for (const Attribute& attribute : entity.attributes()) arguments.emplace_back(attribute.derived ? "*" : "$");
+    for (const Attribute& attribute : entity_.attributes()) arguments_.emplace_back(attribute.derived ? "*" : "$");
 }
 
-Draft::Draft(const Entity& cls, const step::Instance& original) : entity(cls), keyword(original.keyword) {
-    for (const step::Value& value : original.arguments) arguments.emplace_back(value.text);
+Draft::Draft(const Entity& cls, const step::Instance& original) : entity_(cls), keyword_(original.keyword) {
+    for (const step::Value& value : original.arguments) arguments_.emplace_back(value.text);
 }
 
 std::string* Draft::argument(std::string_view attribute) {
-    const int place = entity.attributeIndex(attribute);
-    return place >= 0 && static_cast<std::size_t>(place) < arguments.size()
-               ? &arguments[static_cast<std::size_t>(place)]
+    const int place = entity_.attributeIndex(attribute);
+    return place >= 0 && static_cast<std::size_t>(place) < arguments_.size()
+               ? &arguments_[static_cast<std::size_t>(place)]
                : nullptr;
 }
 
@@ -45,10 +45,10 @@ Draft& Draft::addReference(std::string_view attribute, step::InstanceId member) 
 }
 
 std::string Draft::body() const {
-    std::string text = keyword + '(';
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
+    std::string text = keyword_ + '(';
+    for (std::size_t i = 0; i < arguments_.size(); ++i) {
         if (i > 0) text += ',';
-        text += arguments[i];
+        text += arguments_[i];
     }
     return text + ')';
 }

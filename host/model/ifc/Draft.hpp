@@ -26,9 +26,9 @@ private:
     /// Null where there is no such attribute.
     std::string* argument(std::string_view attribute);
 
-    const Entity& entity;
-    std::string keyword;
-    std::vector<std::string> arguments;
+    const Entity& entity_;
+    std::string keyword_;
+    std::vector<std::string> arguments_;
 };
 
 std::string referenceText(step::InstanceId id);  ///< "#12"

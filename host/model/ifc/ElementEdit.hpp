@@ -11,8 +11,8 @@ class ElementEdit {
 public:
     ElementEdit(Workspace& workspace, Element element);
 
-    step::Slot slot() const { return own; }
-    step::InstanceId id() const { return ownId; }
+    step::Slot slot() const { return own_; }
+    step::InstanceId id() const { return ownId_; }
 
     /// Whether the instance can be read and changed: well formed, and the only one of its id.
     Status check(step::Slot slot) const;
@@ -41,7 +41,7 @@ public:
     /// Adds a copy of a relation for the element alone and takes the element out of the old one, which others stay in.
     Status moveInto(Draft& copy, step::Slot relation);
 
-    std::string reference(step::Slot slot) const { return referenceText(work.file.id(slot)); }
+    std::string reference(step::Slot slot) const { return referenceText(work_.file.id(slot)); }
     /// The name of the attribute that a class has for a field.
     std::string_view attributeName(step::Slot slot, Field field) const;
 
@@ -51,10 +51,10 @@ private:
     void setRoot(Draft& draft, const Entity& entity, const std::string& purpose);
     std::string_view argumentText(step::Slot slot, Field field) const;
 
-    Workspace& work;
-    Element element;
-    step::Slot own;
-    step::InstanceId ownId;
+    Workspace& work_;
+    Element element_;
+    step::Slot own_;
+    step::InstanceId ownId_;
 };
 
 }  // namespace model::ifc

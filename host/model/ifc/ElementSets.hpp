@@ -27,11 +27,11 @@ public:
 private:
     using Known = std::unordered_map<step::Slot, SetsOfElement>;
 
-    const step::StepFile& file;
-    const PropertySets& propertySets;
-    std::uint64_t revision = 0;
-    std::uint64_t generation = 0;
-    Known known;
+    const step::StepFile& file_;
+    const PropertySets& propertySets_;
+    std::uint64_t revision_ = 0;
+    std::uint64_t generation_ = 0;
+    Known known_;
 };
 
 }  // namespace model::ifc

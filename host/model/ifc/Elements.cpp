@@ -45,7 +45,7 @@ std::optional<Guid> globalIdOf(std::string_view instanceText) {
 
 Elements::Elements(const step::StepFile& file, Classes& classes) {
     const auto products = productsOf(file, classes);
-    buckets.assign(std::bit_ceil(2 * products.size() + 1), Free);
+    buckets_.assign(std::bit_ceil(2 * products.size() + 1), Free);
     for (std::size_t i = 0; i < products.size(); ++i) {
         // They lie scattered over a file that no cache holds: waiting for each would take longer than all the rest.
         constexpr std::size_t Ahead = 16;
@@ -53,40 +53,40 @@ Elements::Elements(const step::StepFile& file, Classes& classes) {
         if (const auto guid = globalIdOf(products[i].text)) {
             add(products[i].slot, *guid);
         } else {
-            ++invalidCount;
+            ++invalidCount_;
         }
     }
-    std::sort(duplicated.begin(), duplicated.end());
-    duplicated.erase(std::unique(duplicated.begin(), duplicated.end()), duplicated.end());
+    std::sort(duplicated_.begin(), duplicated_.end());
+    duplicated_.erase(std::unique(duplicated_.begin(), duplicated_.end()), duplicated_.end());
 }
 
 void Elements::add(step::Slot slot, const Guid& guid) {
-    Element& bucket = buckets[bucketOf(guid)];
+    Element& bucket = buckets_[bucketOf(guid)];
     if (bucket != Free) {
-        ++duplicateCount;
-        duplicated.push_back(bucket);
+        ++duplicateCount_;
+        duplicated_.push_back(bucket);
         return;
     }
-    bucket = static_cast<Element>(slots.size());
-    slots.push_back(slot);
-    guids.push_back(guid);
+    bucket = static_cast<Element>(slots_.size());
+    slots_.push_back(slot);
+    guids_.push_back(guid);
 }
 
 /// Where the GUID is, or where it would go.
 std::size_t Elements::bucketOf(const Guid& guid) const {
-    const std::size_t mask = buckets.size() - 1;
+    const std::size_t mask = buckets_.size() - 1;
     std::size_t bucket = hashOf(guid) & mask;
-    while (buckets[bucket] != Free && guids[buckets[bucket]] != guid) bucket = (bucket + 1) & mask;
+    while (buckets_[bucket] != Free && guids_[buckets_[bucket]] != guid) bucket = (bucket + 1) & mask;
     return bucket;
 }
 
 std::optional<Element> Elements::find(const Guid& guid) const {
-    const Element element = buckets[bucketOf(guid)];
+    const Element element = buckets_[bucketOf(guid)];
     return element == Free ? std::nullopt : std::optional<Element>(element);
 }
 
 bool Elements::hasDuplicates(Element element) const {
-    return std::binary_search(duplicated.begin(), duplicated.end(), element);
+    return std::binary_search(duplicated_.begin(), duplicated_.end(), element);
 }
 
 }  // namespace model::ifc

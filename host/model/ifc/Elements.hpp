@@ -12,24 +12,24 @@ public:
     /// One pass over the index of the file; of each product no more than the GlobalId is read.
     Elements(const step::StepFile& file, Classes& classes);
 
-    std::size_t size() const { return slots.size(); }
-    step::Slot slot(Element element) const { return slots[element]; }
-    const Guid& guid(Element element) const { return guids[element]; }
+    std::size_t size() const { return slots_.size(); }
+    step::Slot slot(Element element) const { return slots_[element]; }
+    const Guid& guid(Element element) const { return guids_[element]; }
     std::optional<Element> find(const Guid& guid) const;
     bool hasDuplicates(Element element) const;
-    std::uint64_t duplicates() const { return duplicateCount; }
-    std::uint64_t invalid() const { return invalidCount; }
+    std::uint64_t duplicates() const { return duplicateCount_; }
+    std::uint64_t invalid() const { return invalidCount_; }
 
 private:
     void add(step::Slot slot, const Guid& guid);
     std::size_t bucketOf(const Guid& guid) const;
 
-    std::vector<step::Slot> slots;
-    std::vector<Guid> guids;
-    std::vector<Element> buckets;  // open addressing; a power of two, at most half full
-    std::vector<Element> duplicated;
-    std::uint64_t duplicateCount = 0;
-    std::uint64_t invalidCount = 0;
+    std::vector<step::Slot> slots_;
+    std::vector<Guid> guids_;
+    std::vector<Element> buckets_;  // open addressing; a power of two, at most half full
+    std::vector<Element> duplicated_;
+    std::uint64_t duplicateCount_ = 0;
+    std::uint64_t invalidCount_ = 0;
 };
 
 /// The GlobalId of a rooted instance: its first argument. Reads no further than that, since this is done for every

@@ -12,12 +12,12 @@ std::uint64_t keyOf(step::Slot slot, Field field) {
 
 }  // namespace
 
-Links::Links(const step::StepFile& stepFile, Classes& knownClasses) : file(stepFile), classes(knownClasses) {}
+Links::Links(const step::StepFile& stepFile, Classes& knownClasses) : file_(stepFile), classes_(knownClasses) {}
 
 std::vector<step::Slot> Links::of(step::Slot slot, Field field) {
-    if (const auto found = known.find(keyOf(slot, field)); found != known.end()) return found->second;
-    if (file.text(slot).size() <= ShortText) return read(slot, field);
-    return known.emplace(keyOf(slot, field), read(slot, field)).first->second;
+    if (const auto found = known_.find(keyOf(slot, field)); found != known_.end()) return found->second;
+    if (file_.text(slot).size() <= ShortText) return read(slot, field);
+    return known_.emplace(keyOf(slot, field), read(slot, field)).first->second;
 }
 
 step::Slot Links::first(step::Slot slot, Field field) {
@@ -27,10 +27,10 @@ step::Slot Links::first(step::Slot slot, Field field) {
 
 std::vector<step::Slot> Links::read(step::Slot slot, Field field) const {
     std::vector<step::Slot> slots;
-    const std::uint64_t arguments = argumentBit(classes.of(slot).place(field));
+    const std::uint64_t arguments = argumentBit(classes_.of(slot).place(field));
     if (arguments == 0) return slots;
-    forEachReference(file.text(slot), arguments, [&](unsigned, std::string_view token) {
-        if (const step::Slot target = file.find(tokenId(token)); target != step::NoSlot) slots.push_back(target);
+    forEachReference(file_.text(slot), arguments, [&](unsigned, std::string_view token) {
+        if (const step::Slot target = file_.find(tokenId(token)); target != step::NoSlot) slots.push_back(target);
         return true;
     });
     return slots;
@@ -38,13 +38,13 @@ std::vector<step::Slot> Links::read(step::Slot slot, Field field) const {
 
 void Links::forget(step::Slot slot) {
     for (const Field field : {Field::Relating, Field::Overriding, Field::HasPropertySets, Field::HasProperties}) {
-        known.erase(keyOf(slot, field));
+        known_.erase(keyOf(slot, field));
     }
 }
 
 void Links::append(step::Slot slot, Field field, step::Slot target) {
-    const auto found = known.find(keyOf(slot, field));
-    if (found != known.end()) found->second.push_back(target);
+    const auto found = known_.find(keyOf(slot, field));
+    if (found != known_.end()) found->second.push_back(target);
 }
 
 }  // namespace model::ifc

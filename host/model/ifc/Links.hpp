@@ -25,9 +25,9 @@ public:
 private:
     std::vector<step::Slot> read(step::Slot slot, Field field) const;
 
-    const step::StepFile& file;
-    Classes& classes;
-    std::unordered_map<std::uint64_t, std::vector<step::Slot>> known;
+    const step::StepFile& file_;
+    Classes& classes_;
+    std::unordered_map<std::uint64_t, std::vector<step::Slot>> known_;
 };
 
 }  // namespace model::ifc

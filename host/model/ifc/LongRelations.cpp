@@ -7,25 +7,25 @@
 namespace model::ifc {
 
 LongRelations::LongRelations(const step::StepFile& stepFile, Classes& knownClasses)
-    : file(stepFile), classes(knownClasses) {}
+    : file_(stepFile), classes_(knownClasses) {}
 
 LongRelation* LongRelations::of(step::Slot slot) {
-    if (classes.of(slot).place(Field::Related) < 0) return nullptr;
+    if (classes_.of(slot).place(Field::Related) < 0) return nullptr;
     if (LongRelation* relation = find(slot)) return relation;
-    return file.text(slot).size() <= ShortText ? nullptr : &known.emplace(slot, read(slot)).first->second;
+    return file_.text(slot).size() <= ShortText ? nullptr : &known_.emplace(slot, read(slot)).first->second;
 }
 
 LongRelation* LongRelations::find(step::Slot slot) {
-    const auto found = known.find(slot);
-    return found == known.end() ? nullptr : &found->second;
+    const auto found = known_.find(slot);
+    return found == known_.end() ? nullptr : &found->second;
 }
 
 LongRelation LongRelations::read(step::Slot slot) {
     LongRelation relation;
-    const Class& cls = classes.of(slot);
-    relation.name = leadingString(file.text(slot), cls.place(Field::Name));
+    const Class& cls = classes_.of(slot);
+    relation.name = leadingString(file_.text(slot), cls.place(Field::Name));
     step::Instance instance;
-    if (!file.read(slot, instance) || !isWellFormed(instance)) return relation;
+    if (!file_.read(slot, instance) || !isWellFormed(instance)) return relation;
     std::vector<step::Value> members;
     if (step::splitAggregate(argument(instance, cls, Field::Related), members)) {
         relation.namesSeveral = std::any_of(members.begin(), members.end(), [&](const step::Value& member) {

@@ -27,14 +27,14 @@ public:
     LongRelation* find(step::Slot slot);
 
     /// Of any change but an element's leaving.
-    void forget(step::Slot slot) { known.erase(slot); }
+    void forget(step::Slot slot) { known_.erase(slot); }
 
 private:
     LongRelation read(step::Slot slot);
 
-    const step::StepFile& file;
-    Classes& classes;
-    std::unordered_map<step::Slot, LongRelation> known;
+    const step::StepFile& file_;
+    Classes& classes_;
+    std::unordered_map<step::Slot, LongRelation> known_;
 };
 
 }  // namespace model::ifc

@@ -31,10 +31,10 @@ std::uint64_t fingerprint(const Guid& guid) {
 
 }  // namespace
 
-NewRoots::NewRoots(const step::StepFile& stepFile, Classes& knownClasses) : file(stepFile), classes(knownClasses) {}
+NewRoots::NewRoots(const step::StepFile& stepFile, Classes& knownClasses) : file_(stepFile), classes_(knownClasses) {}
 
 std::string NewRoots::globalId(const Guid& element, std::string_view purpose) {
-    if (!built) build();
+    if (!built_) build();
     const std::string name = guidText(element) + ' ' + std::string(purpose);
     Guid guid = namedGuid(name);
     for (unsigned number = 2; isTaken(guid); ++number) guid = namedGuid(name + ' ' + std::to_string(number));
@@ -42,30 +42,31 @@ std::string NewRoots::globalId(const Guid& element, std::string_view purpose) {
 }
 
 void NewRoots::build() {
-    built = true;
-    firstNew = static_cast<step::Slot>(file.instanceCount());
-    for (step::Slot slot = 0; slot < firstNew; ++slot) {
-        if (!classes.ofKeyword(file.keyword(slot)).rooted || !file.present(slot)) continue;
-        if (const auto guid = globalIdOf(file.text(slot))) taken.push_back(fingerprint(*guid));
+    built_ = true;
+    firstNew_ = static_cast<step::Slot>(file_.instanceCount());
+    for (step::Slot slot = 0; slot < firstNew_; ++slot) {
+        if (!classes_.ofKeyword(file_.keyword(slot)).rooted || !file_.present(slot)) continue;
+        if (const auto guid = globalIdOf(file_.text(slot))) taken_.push_back(fingerprint(*guid));
     }
-    std::sort(taken.begin(), taken.end());
+    std::sort(taken_.begin(), taken_.end());
 }
 
 bool NewRoots::isTaken(const Guid& guid) const {
-    return std::binary_search(taken.begin(), taken.end(), fingerprint(guid)) || takenByNew.contains(fingerprint(guid));
+    return std::binary_search(taken_.begin(), taken_.end(), fingerprint(guid)) ||
+           takenByNew_.contains(fingerprint(guid));
 }
 
 std::optional<Guid> NewRoots::addedGuid(step::Slot slot) {
-    if (!built || slot < firstNew || !file.present(slot)) return std::nullopt;
-    return classes.of(slot).rooted ? globalIdOf(file.text(slot)) : std::nullopt;
+    if (!built_ || slot < firstNew_ || !file_.present(slot)) return std::nullopt;
+    return classes_.of(slot).rooted ? globalIdOf(file_.text(slot)) : std::nullopt;
 }
 
 void NewRoots::beforeChange(step::Slot slot) {
-    if (const auto guid = addedGuid(slot)) takenByNew.erase(fingerprint(*guid));
+    if (const auto guid = addedGuid(slot)) takenByNew_.erase(fingerprint(*guid));
 }
 
 void NewRoots::afterChange(step::Slot slot) {
-    if (const auto guid = addedGuid(slot)) takenByNew.insert(fingerprint(*guid));
+    if (const auto guid = addedGuid(slot)) takenByNew_.insert(fingerprint(*guid));
 }
 
 }  // namespace model::ifc

@@ -26,13 +26,13 @@ private:
     bool isTaken(const Guid& guid) const;
     std::optional<Guid> addedGuid(step::Slot slot);
 
-    const step::StepFile& file;
-    Classes& classes;
-    bool built = false;
-    step::Slot firstNew = 0;
+    const step::StepFile& file_;
+    Classes& classes_;
+    bool built_ = false;
+    step::Slot firstNew_ = 0;
     // Eight bytes of each GlobalId tell millions of them apart; where they do not, the next candidate is taken.
-    std::vector<std::uint64_t> taken;  // sorted
-    std::unordered_set<std::uint64_t> takenByNew;
+    std::vector<std::uint64_t> taken_;  // sorted
+    std::unordered_set<std::uint64_t> takenByNew_;
 };
 
 }  // namespace model::ifc

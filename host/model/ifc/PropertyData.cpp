@@ -36,25 +36,25 @@ bool visitSet(const DecodedSet& decoded, Slot set, const PropertyVisit& visit) {
 class OverriddenSet {
 public:
     OverriddenSet(Workspace& work, Slot setSlot, const std::vector<Override>& overrides)
-        : set(setSlot), base(work.propertySets.of(setSlot)) {
+        : set_(setSlot), base_(work.propertySets.of(setSlot)) {
         for (const Override& candidate : overrides) {
-            if (candidate.set != set) continue;
+            if (candidate.set != set_) continue;
             for (const Slot slot : candidate.properties) {
-                const DecodedSet& decoded = work.propertySets.overriding(slot, set);
+                const DecodedSet& decoded = work.propertySets.overriding(slot, set_);
                 if (decoded.size() == 0 || find(decoded.property(0).name) != nullptr) continue;
-                replacements.push_back({decoded.property(0), {slot, set, candidate.relation}, false});
+                replacements_.push_back({decoded.property(0), {slot, set_, candidate.relation}, false});
             }
         }
     }
 
     bool visitAll(const PropertyVisit& visit) {
-        for (std::size_t i = 0; i < base.size(); ++i) {
-            Replacement* replacement = find(base.property(i).name);
-            const bool goOn = replacement == nullptr ? visit(base.property(i), {base.slot(i), set, step::NoSlot})
+        for (std::size_t i = 0; i < base_.size(); ++i) {
+            Replacement* replacement = find(base_.property(i).name);
+            const bool goOn = replacement == nullptr ? visit(base_.property(i), {base_.slot(i), set_, step::NoSlot})
                                                      : visitOnce(*replacement, visit);
             if (!goOn) return false;
         }
-        return std::all_of(replacements.begin(), replacements.end(),
+        return std::all_of(replacements_.begin(), replacements_.end(),
                            [&](Replacement& replacement) { return visitOnce(replacement, visit); });
     }
 
@@ -66,9 +66,9 @@ private:
     };
 
     Replacement* find(std::u16string_view name) {
-        const auto found = std::find_if(replacements.begin(), replacements.end(),
+        const auto found = std::find_if(replacements_.begin(), replacements_.end(),
                                         [&](const Replacement& candidate) { return candidate.property.name == name; });
-        return found == replacements.end() ? nullptr : &*found;
+        return found == replacements_.end() ? nullptr : &*found;
     }
 
     static bool visitOnce(Replacement& replacement, const PropertyVisit& visit) {
@@ -76,9 +76,9 @@ private:
         return visit(replacement.property, replacement.place);
     }
 
-    Slot set;
-    const DecodedSet& base;
-    std::vector<Replacement> replacements;
+    Slot set_;
+    const DecodedSet& base_;
+    std::vector<Replacement> replacements_;
 };
 
 /// The sets in the order of the properties; each once.

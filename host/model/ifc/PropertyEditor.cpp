@@ -22,18 +22,18 @@ struct FoundProperty {
 class PropertyEditor {
 public:
     PropertyEditor(Workspace& workspace, Element element, const Property& target, std::vector<std::string>& toTell)
-        : work(workspace),
-          edit(workspace, element),
-          wanted(target),
-          notes(toTell),
-          assigned(assignedSets(work, edit.slot())) {}
+        : work_(workspace),
+          edit_(workspace, element),
+          wanted_(target),
+          notes_(toTell),
+          assigned_(assignedSets(work_, edit_.slot())) {}
 
     Status run() {
-        work.propertySets.trim();
+        work_.propertySets.trim();
         if (Status named = checkNames(); !named) return named;
-        const std::uint64_t before = work.file.revision();
+        const std::uint64_t before = work_.file.revision();
         Status done = set();
-        if (done && work.file.revision() != before) noteNamesakes();
+        if (done && work_.file.revision() != before) noteNamesakes();
         return done;
     }
 
@@ -43,11 +43,11 @@ private:
     std::optional<FoundProperty> findOwn() const;
     std::optional<FoundProperty> findInherited() const;
     bool matches(const PropertyView& property) const {
-        return property.set == wanted.set && property.name == wanted.name;
+        return property.set == wanted_.set && property.name == wanted_.name;
     }
     bool isSettled(const PropertyView& held) const {
-        return held.kind != PropertyKind::Single || wanted.kind != PropertyKind::Single ||
-               sameContent(held, wanted.value);
+        return held.kind != PropertyKind::Single || wanted_.kind != PropertyKind::Single ||
+               sameContent(held, wanted_.value);
     }
 
     Status changeOwn(const FoundProperty& found);
@@ -71,32 +71,32 @@ private:
     Slot ownSetOfName();
     void noteNamesakes();
 
-    std::string setPurpose() const { return "property set " + toUtf8(wanted.set); }
-    std::string relationPurpose() const { return "property relation " + toUtf8(wanted.set); }
+    std::string setPurpose() const { return "property set " + toUtf8(wanted_.set); }
+    std::string relationPurpose() const { return "property relation " + toUtf8(wanted_.set); }
 
-    Workspace& work;
-    ElementEdit edit;
-    const Property& wanted;
-    std::vector<std::string>& notes;
-    std::vector<AssignedSet> assigned;
+    Workspace& work_;
+    ElementEdit edit_;
+    const Property& wanted_;
+    std::vector<std::string>& notes_;
+    std::vector<AssignedSet> assigned_;
 };
 
 Status PropertyEditor::set() {
     if (const auto own = findOwn()) return changeOwn(*own);
     const auto inherited = findInherited();
-    if (wanted.kind != PropertyKind::Single || (inherited && inherited->settled)) return {};
+    if (wanted_.kind != PropertyKind::Single || (inherited && inherited->settled)) return {};
     return inherited ? overrideInherited(inherited->place.property) : create();
 }
 
 Status PropertyEditor::checkNames() const {
-    if (wanted.set.empty()) return Error{ErrorKind::BadName, "the property set has no name"};
-    if (wanted.name.empty()) return Error{ErrorKind::BadName, "the property has no name"};
+    if (wanted_.set.empty()) return Error{ErrorKind::BadName, "the property set has no name"};
+    if (wanted_.name.empty()) return Error{ErrorKind::BadName, "the property has no name"};
     return {};
 }
 
 std::optional<FoundProperty> PropertyEditor::findOwn() const {
     std::optional<FoundProperty> found;
-    forEachOwnProperty(work, assigned, [&](const PropertyView& property, const PropertyPlace& place) {
+    forEachOwnProperty(work_, assigned_, [&](const PropertyView& property, const PropertyPlace& place) {
         if (matches(property)) found = FoundProperty{place, isSettled(property)};
         return !found;
     });
@@ -105,7 +105,7 @@ std::optional<FoundProperty> PropertyEditor::findOwn() const {
 
 std::optional<FoundProperty> PropertyEditor::findInherited() const {
     std::optional<FoundProperty> found;
-    forEachTypeProperty(work, edit.slot(), [&](const PropertyView& property, const PropertyPlace& place) {
+    forEachTypeProperty(work_, edit_.slot(), [&](const PropertyView& property, const PropertyPlace& place) {
         if (matches(property)) found = FoundProperty{place, isSettled(property)};
         return !found;
     });
@@ -115,89 +115,89 @@ std::optional<FoundProperty> PropertyEditor::findInherited() const {
 Status PropertyEditor::changeOwn(const FoundProperty& found) {
     if (found.settled) return {};
     const PropertyPlace& place = found.place;
-    if (Status editable = edit.check(place.property); !editable) return editable;
+    if (Status editable = edit_.check(place.property); !editable) return editable;
     if (Status editable = checkSetAndRelations(place.set); !editable) return editable;
     const bool overridden = place.overriding != step::NoSlot;
     const Slot holder = overridden ? place.overriding : place.set;
-    const bool holderIsOwn = overridden ? edit.isAlone(holder) : edit.isOwn(holder);
-    if (holderIsOwn && edit.isUsedOnlyBy(place.property, holder)) return changeInPlace(place.property);
+    const bool holderIsOwn = overridden ? edit_.isAlone(holder) : edit_.isOwn(holder);
+    if (holderIsOwn && edit_.isUsedOnlyBy(place.property, holder)) return changeInPlace(place.property);
     return putCopyInPlaceOf(place);
 }
 
 Status PropertyEditor::changeInPlace(Slot property) {
     step::Instance instance;
-    work.file.read(property, instance);
-    const auto nominal = argument(instance, work.classes.of(property), Field::NominalValue);
+    work_.file.read(property, instance);
+    const auto nominal = argument(instance, work_.classes.of(property), Field::NominalValue);
     if (nominal.text.empty()) return Error{ErrorKind::Refused, "the file gives the property no place for a value"};
-    const Result<Replacement> change = replaceNominalValue(nominal, wanted.value, work.schema);
+    const Result<Replacement> change = replaceNominalValue(nominal, wanted_.value, work_.schema);
     if (!change) return change.error();
-    return work.file.replaceValue(property, change->part, change->text);
+    return work_.file.replaceValue(property, change->part, change->text);
 }
 
 /// A copy of a property with the new value.
 Result<Draft> PropertyEditor::copyWithValue(Slot property) {
     step::Instance instance;
-    work.file.read(property, instance);
-    const auto nominal = argument(instance, work.classes.of(property), Field::NominalValue);
+    work_.file.read(property, instance);
+    const auto nominal = argument(instance, work_.classes.of(property), Field::NominalValue);
     if (nominal.text.empty()) return Error{ErrorKind::Refused, "the file gives the property no place for a value"};
-    const Result<Replacement> change = replaceNominalValue(nominal, wanted.value, work.schema);
+    const Result<Replacement> change = replaceNominalValue(nominal, wanted_.value, work_.schema);
     if (!change) return change.error();
     std::string text(nominal.text);
     const auto at = static_cast<std::size_t>(change->part.text.data() - nominal.text.data());
     text.replace(at, change->part.text.size(), change->text);
-    Draft draft = edit.copyOf(property);
-    draft.set(edit.attributeName(property, Field::NominalValue), std::move(text));
+    Draft draft = edit_.copyOf(property);
+    draft.set(edit_.attributeName(property, Field::NominalValue), std::move(text));
     return draft;
 }
 
 Status PropertyEditor::putCopyInPlaceOf(const PropertyPlace& place) {
     const Result<Draft> draft = copyWithValue(place.property);
     if (!draft) return draft.error();
-    const Result<Slot> copy = edit.add(*draft, place.property);
+    const Result<Slot> copy = edit_.add(*draft, place.property);
     if (!copy) return copy.error();
     if (place.overriding != step::NoSlot) {
-        return edit.relink(place.overriding, Field::Overriding, place.property, *copy, relationPurpose());
+        return edit_.relink(place.overriding, Field::Overriding, place.property, *copy, relationPurpose());
     }
-    if (edit.isOwn(place.set)) return edit.replaceReference(place.set, Field::HasProperties, place.property, *copy);
+    if (edit_.isOwn(place.set)) return edit_.replaceReference(place.set, Field::HasProperties, place.property, *copy);
     if (const Slot overriding = overridingRelation(place.set); overriding != step::NoSlot) {
         return addToOverride(overriding, *copy);
     }
-    Draft set = edit.copyOfRoot(place.set, setPurpose());
-    set.replaceReference("HasProperties", work.file.id(place.property), work.file.id(*copy));
-    const Result<Slot> newSet = edit.add(set, place.set);
+    Draft set = edit_.copyOfRoot(place.set, setPurpose());
+    set.replaceReference("HasProperties", work_.file.id(place.property), work_.file.id(*copy));
+    const Result<Slot> newSet = edit_.add(set, place.set);
     return newSet ? relinkSet(place.set, *newSet) : Status{newSet.error()};
 }
 
 /// IFC2X3: the relation that already overrides some of a set's properties takes one more.
 Status PropertyEditor::addToOverride(Slot overriding, Slot property) {
-    if (edit.isAlone(overriding)) return work.addToList(overriding, Field::Overriding, property);
-    Draft draft = edit.copyOfRoot(overriding, relationPurpose());
-    draft.addReference("OverridingProperties", work.file.id(property));
-    return edit.moveInto(draft, overriding);
+    if (edit_.isAlone(overriding)) return work_.addToList(overriding, Field::Overriding, property);
+    Draft draft = edit_.copyOfRoot(overriding, relationPurpose());
+    draft.addReference("OverridingProperties", work_.file.id(property));
+    return edit_.moveInto(draft, overriding);
 }
 
 Status PropertyEditor::overrideInherited(Slot inherited) {
-    if (Status editable = edit.check(inherited); !editable) return editable;
+    if (Status editable = edit_.check(inherited); !editable) return editable;
     const Result<Draft> draft = copyWithValue(inherited);
     return draft ? addProperty(*draft) : Status{draft.error()};
 }
 
 Status PropertyEditor::create() {
-    for (const auto& [type, text] : {std::pair{"IfcLabel", &wanted.set}, std::pair{"IfcIdentifier", &wanted.name}}) {
-        if (Status fits = checkText(*text, work.schema.type(type)); !fits) {
+    for (const auto& [type, text] : {std::pair{"IfcLabel", &wanted_.set}, std::pair{"IfcIdentifier", &wanted_.name}}) {
+        if (Status fits = checkText(*text, work_.schema.type(type)); !fits) {
             return Error{ErrorKind::BadName, inQuotes(*text) + " " + fits.error().message};
         }
     }
-    Result<std::string> value = encodeNominalValue(wanted.value, work.schema);
+    Result<std::string> value = encodeNominalValue(wanted_.value, work_.schema);
     if (!value) return value.error();
-    Draft draft(*work.schema.entity("IfcPropertySingleValue"));
-    draft.set("Name", step::encodeString(wanted.name)).set("NominalValue", std::move(*value));
+    Draft draft(*work_.schema.entity("IfcPropertySingleValue"));
+    draft.set("Name", step::encodeString(wanted_.name)).set("NominalValue", std::move(*value));
     return addProperty(draft);
 }
 
 /// Puts a new property into the element's own set of the wanted name, or into a new one.
 Status PropertyEditor::addProperty(const Draft& property) {
-    if (Status editable = edit.check(edit.slot()); !editable) return editable;
+    if (Status editable = edit_.check(edit_.slot()); !editable) return editable;
     const Slot set = ownSetOfName();
     return set == step::NoSlot ? addWithNewSet(property) : addToSet(property, set);
 }
@@ -205,37 +205,37 @@ Status PropertyEditor::addProperty(const Draft& property) {
 Status PropertyEditor::addToSet(const Draft& property, Slot set) {
     if (Status editable = checkSetAndRelations(set); !editable) return editable;
     if (Status free = checkNoComplexNamesake(set); !free) return free;
-    const Result<Slot> added = edit.add(property, set);
+    const Result<Slot> added = edit_.add(property, set);
     if (!added) return added.error();
-    if (edit.isOwn(set)) return work.addToList(set, Field::HasProperties, *added);
-    Draft copy = edit.copyOfRoot(set, setPurpose());
-    copy.addReference("HasProperties", work.file.id(*added));
-    const Result<Slot> newSet = edit.add(copy, set);
+    if (edit_.isOwn(set)) return work_.addToList(set, Field::HasProperties, *added);
+    Draft copy = edit_.copyOfRoot(set, setPurpose());
+    copy.addReference("HasProperties", work_.file.id(*added));
+    const Result<Slot> newSet = edit_.add(copy, set);
     return newSet ? relinkSet(set, *newSet) : Status{newSet.error()};
 }
 
 Status PropertyEditor::addWithNewSet(const Draft& property) {
-    const Result<Slot> added = edit.add(property, edit.slot());
+    const Result<Slot> added = edit_.add(property, edit_.slot());
     if (!added) return added.error();
-    Draft set = edit.newRoot("IfcPropertySet", setPurpose());
-    set.set("Name", step::encodeString(wanted.set)).set("HasProperties", '(' + edit.reference(*added) + ')');
-    const Result<Slot> newSet = edit.add(set, edit.slot());
+    Draft set = edit_.newRoot("IfcPropertySet", setPurpose());
+    set.set("Name", step::encodeString(wanted_.set)).set("HasProperties", '(' + edit_.reference(*added) + ')');
+    const Result<Slot> newSet = edit_.add(set, edit_.slot());
     if (!newSet) return newSet.error();
-    Draft relation = edit.newRoot("IfcRelDefinesByProperties", relationPurpose());
-    relation.set("RelatedObjects", '(' + referenceText(edit.id()) + ')')
-        .set("RelatingPropertyDefinition", edit.reference(*newSet));
-    const Result<Slot> related = edit.add(relation, edit.slot());
+    Draft relation = edit_.newRoot("IfcRelDefinesByProperties", relationPurpose());
+    relation.set("RelatedObjects", '(' + referenceText(edit_.id()) + ')')
+        .set("RelatingPropertyDefinition", edit_.reference(*newSet));
+    const Result<Slot> related = edit_.add(relation, edit_.slot());
     return related ? Status{} : Status{related.error()};
 }
 
 /// Lets every relation that gives the element one set give it the other.
 Status PropertyEditor::relinkSet(Slot from, Slot to) {
     std::vector<Slot> done;
-    for (const AssignedSet& assignment : assigned) {
+    for (const AssignedSet& assignment : assigned_) {
         const bool again = std::find(done.begin(), done.end(), assignment.relation) != done.end();
         if (assignment.set != from || again) continue;
         done.push_back(assignment.relation);
-        if (Status linked = edit.relink(assignment.relation, Field::Relating, from, to, relationPurpose()); !linked) {
+        if (Status linked = edit_.relink(assignment.relation, Field::Relating, from, to, relationPurpose()); !linked) {
             return linked;
         }
     }
@@ -245,21 +245,21 @@ Status PropertyEditor::relinkSet(Slot from, Slot to) {
 /// Everything that a change of the set may touch can be changed. Asked before the first change is made, so that a
 /// refusal leaves nothing half done.
 Status PropertyEditor::checkSetAndRelations(Slot set) const {
-    if (Status editable = edit.check(edit.slot()); !editable) return editable;
-    if (Status editable = edit.check(set); !editable) return editable;
+    if (Status editable = edit_.check(edit_.slot()); !editable) return editable;
+    if (Status editable = edit_.check(set); !editable) return editable;
     step::Instance instance;
     std::vector<step::Value> members;
-    work.file.read(set, instance);
-    if (!step::splitAggregate(argument(instance, work.classes.of(set), Field::HasProperties), members)) {
-        return Error{ErrorKind::Refused, "the properties of set " + edit.reference(set) + " are no well-formed list"};
+    work_.file.read(set, instance);
+    if (!step::splitAggregate(argument(instance, work_.classes.of(set), Field::HasProperties), members)) {
+        return Error{ErrorKind::Refused, "the properties of set " + edit_.reference(set) + " are no well-formed list"};
     }
-    for (const AssignedSet& assignment : assigned) {
+    for (const AssignedSet& assignment : assigned_) {
         if (assignment.set != set) continue;
-        if (Status editable = edit.check(assignment.relation); !editable) return editable;
-        if (!assignment.overriding || !work.file.read(assignment.relation, instance)) continue;
-        if (!step::splitAggregate(argument(instance, work.classes.of(assignment.relation), Field::Overriding),
+        if (Status editable = edit_.check(assignment.relation); !editable) return editable;
+        if (!assignment.overriding || !work_.file.read(assignment.relation, instance)) continue;
+        if (!step::splitAggregate(argument(instance, work_.classes.of(assignment.relation), Field::Overriding),
                                   members)) {
-            return Error{ErrorKind::Refused, "the properties of relation " + edit.reference(assignment.relation) +
+            return Error{ErrorKind::Refused, "the properties of relation " + edit_.reference(assignment.relation) +
                                                  " are no well-formed list"};
         }
     }
@@ -271,53 +271,53 @@ Status PropertyEditor::checkSetAndRelations(Slot set) const {
 Status PropertyEditor::checkOverrides(Slot set) const {
     std::size_t count = 0;
     bool shared = false;
-    for (const AssignedSet& assignment : assigned) {
+    for (const AssignedSet& assignment : assigned_) {
         if (assignment.set != set || !assignment.overriding) continue;
         ++count;
-        shared = shared || !edit.isAlone(assignment.relation);
+        shared = shared || !edit_.isAlone(assignment.relation);
     }
     if (count < 2 || !shared) return {};
     return Error{ErrorKind::Refused, std::to_string(count) + " relations override properties of set " +
-                                         edit.reference(set) + " for the element, and other elements share them"};
+                                         edit_.reference(set) + " for the element, and other elements share them"};
 }
 
 /// Property names are unique in a set, also among the complex ones, which are not listed.
 Status PropertyEditor::checkNoComplexNamesake(Slot set) const {
-    for (const Slot member : work.links.of(set, Field::HasProperties)) {
+    for (const Slot member : work_.links.of(set, Field::HasProperties)) {
         step::Instance instance;
-        const Class& cls = work.classes.of(member);
-        if (cls.role != Role::ComplexProperty || !work.file.read(member, instance)) continue;
-        if (stringArgument(instance, cls, Field::Name) == wanted.name) {
-            return Error{ErrorKind::Refused, "the set has a complex property of that name, " + edit.reference(member)};
+        const Class& cls = work_.classes.of(member);
+        if (cls.role != Role::ComplexProperty || !work_.file.read(member, instance)) continue;
+        if (stringArgument(instance, cls, Field::Name) == wanted_.name) {
+            return Error{ErrorKind::Refused, "the set has a complex property of that name, " + edit_.reference(member)};
         }
     }
     return {};
 }
 
 Slot PropertyEditor::overridingRelation(Slot set) const {
-    const auto found = std::find_if(assigned.begin(), assigned.end(), [&](const AssignedSet& assignment) {
+    const auto found = std::find_if(assigned_.begin(), assigned_.end(), [&](const AssignedSet& assignment) {
         return assignment.set == set && assignment.overriding;
     });
-    return found == assigned.end() ? step::NoSlot : found->relation;
+    return found == assigned_.end() ? step::NoSlot : found->relation;
 }
 
 Slot PropertyEditor::ownSetOfName() {
-    const auto found = std::find_if(assigned.begin(), assigned.end(), [&](const AssignedSet& assignment) {
-        return work.propertySets.of(assignment.set).name() == wanted.set;
+    const auto found = std::find_if(assigned_.begin(), assigned_.end(), [&](const AssignedSet& assignment) {
+        return work_.propertySets.of(assignment.set).name() == wanted_.set;
     });
-    return found == assigned.end() ? step::NoSlot : found->set;
+    return found == assigned_.end() ? step::NoSlot : found->set;
 }
 
 /// Which of two sets of one name is meant nobody can tell; the first in the file is taken, and it is said.
 void PropertyEditor::noteNamesakes() {
     std::vector<Slot> namesakes;
-    for (const AssignedSet& assignment : assigned) {
+    for (const AssignedSet& assignment : assigned_) {
         const bool known = std::find(namesakes.begin(), namesakes.end(), assignment.set) != namesakes.end();
-        if (!known && work.propertySets.of(assignment.set).name() == wanted.set) namesakes.push_back(assignment.set);
+        if (!known && work_.propertySets.of(assignment.set).name() == wanted_.set) namesakes.push_back(assignment.set);
     }
     if (namesakes.size() < 2) return;
-    notes.push_back("the element has " + std::to_string(namesakes.size()) + " property sets " + inQuotes(wanted.set) +
-                    "; the first one that fits was changed");
+    notes_.push_back("the element has " + std::to_string(namesakes.size()) + " property sets " + inQuotes(wanted_.set) +
+                     "; the first one that fits was changed");
 }
 
 }  // namespace

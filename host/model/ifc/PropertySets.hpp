@@ -16,11 +16,11 @@ namespace model::ifc {
 /// buffer, since a review reads thousands of sets.
 class DecodedSet {
 public:
-    std::u16string_view name() const { return text(setName); }
-    std::size_t size() const { return rows.size(); }
+    std::u16string_view name() const { return text(setName_); }
+    std::size_t size() const { return rows_.size(); }
     /// Index of the first property of that name; size() where there is none.
     std::size_t find(std::u16string_view name) const;
-    step::Slot slot(std::size_t index) const { return rows[index].slot; }
+    step::Slot slot(std::size_t index) const { return rows_[index].slot; }
     /// Its texts are valid as long as the set lives.
     PropertyView property(std::size_t index) const;
 
@@ -41,13 +41,13 @@ private:
         double real = 0;
     };
 
-    std::u16string_view text(Part part) const { return std::u16string_view(texts).substr(part.begin, part.length); }
-    std::size_t bytes() const { return sizeof(*this) + rows.capacity() * sizeof(Row) + 2 * texts.capacity(); }
+    std::u16string_view text(Part part) const { return std::u16string_view(texts_).substr(part.begin, part.length); }
+    std::size_t bytes() const { return sizeof(*this) + rows_.capacity() * sizeof(Row) + 2 * texts_.capacity(); }
 
-    Part setName;
-    std::vector<Row> rows;
-    std::u16string texts;
-    std::size_t textsWhenRead = 0;  // length of the texts when nothing of them was unused
+    Part setName_;
+    std::vector<Row> rows_;
+    std::u16string texts_;
+    std::size_t textsWhenRead_ = 0;  // length of the texts when nothing of them was unused
 };
 
 /// Property sets, decoded once: the lines of an update file that concern one element stand together, and elements share
@@ -64,7 +64,7 @@ public:
     /// Keeps the memory within bounds. To be called where nothing of the above is held.
     void trim();
     /// Grows with each trim() that dropped what was held.
-    std::uint64_t generation() const { return trims; }
+    std::uint64_t generation() const { return trims_; }
 
     /// Of a property added to the end of a set, and no other change.
     void append(step::Slot set, step::Slot property);
@@ -81,18 +81,18 @@ private:
     void readAgain(step::Slot set, step::Slot property);
     DecodedSet::Part putText(step::Value string, DecodedSet& set, DecodedSet::Part old);
 
-    const step::StepFile& file;
-    Classes& classes;
-    const Schema& schema;
-    std::size_t byteLimit;
-    std::size_t knownBytes = 0;
-    std::uint64_t trims = 0;
-    std::unordered_map<step::Slot, DecodedSet> known;
-    std::map<std::pair<step::Slot, step::Slot>, DecodedSet> knownOverriding;  // by property and set; rare
-    std::set<std::string, std::less<>> unknownTypes;                          // rows refer to these names
-    step::Instance setInstance, propertyInstance;                             // kept to save allocations
-    std::vector<step::Value> members;
-    std::u16string decoded;
+    const step::StepFile& file_;
+    Classes& classes_;
+    const Schema& schema_;
+    std::size_t byteLimit_;
+    std::size_t knownBytes_ = 0;
+    std::uint64_t trims_ = 0;
+    std::unordered_map<step::Slot, DecodedSet> known_;
+    std::map<std::pair<step::Slot, step::Slot>, DecodedSet> knownOverriding_;  // by property and set; rare
+    std::set<std::string, std::less<>> unknownTypes_;                          // rows refer to these names
+    step::Instance setInstance_, propertyInstance_;                            // kept to save allocations
+    std::vector<step::Value> members_;
+    std::u16string decoded_;
 };
 
 /// The text of a string argument; empty for anything else.

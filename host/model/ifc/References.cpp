@@ -33,7 +33,7 @@ bool isRelation(Role role) {
 }  // namespace
 
 References::References(const step::StepFile& stepFile, Classes& knownClasses, const Schema& facts)
-    : file(stepFile), classes(knownClasses), schema(facts) {}
+    : file_(stepFile), classes_(knownClasses), schema_(facts) {}
 
 std::uint64_t References::keptArgumentsOf(const Class& cls) const {
     if (cls.entity == nullptr) return AllArguments & ~Unknown;  // Of an unknown class anything may be said.
@@ -41,8 +41,8 @@ std::uint64_t References::keptArgumentsOf(const Class& cls) const {
     const auto attributes = cls.entity->attributes();
     for (std::size_t i = 0; i < attributes.size(); ++i) {
         for (const auto name : Watched) {
-            const Entity* target = schema.entity(name);
-            if (target != nullptr && schema.canReferTo(attributes[i].typeName, *target)) {
+            const Entity* target = schema_.entity(name);
+            if (target != nullptr && schema_.canReferTo(attributes[i].typeName, *target)) {
                 bits |= argumentBit(static_cast<int>(i));
             }
         }
@@ -53,62 +53,62 @@ std::uint64_t References::keptArgumentsOf(const Class& cls) const {
 std::uint64_t References::keptArguments(step::KeywordCode keyword) {
     // Nothing is read of a complex instance, but it may use what others read.
     if (keyword == step::NoKeyword) return AllArguments & ~Unknown;
-    if (kept.size() <= keyword) kept.resize(keyword + 1U, Unknown);
-    if (kept[keyword] == Unknown) kept[keyword] = keptArgumentsOf(classes.ofKeyword(keyword));
-    return kept[keyword];
+    if (kept_.size() <= keyword) kept_.resize(keyword + 1U, Unknown);
+    if (kept_[keyword] == Unknown) kept_[keyword] = keptArgumentsOf(classes_.ofKeyword(keyword));
+    return kept_[keyword];
 }
 
 void References::mentions(step::Slot user, std::vector<Mention>& out) {
     out.clear();
-    if (!file.present(user)) return;
-    const std::uint64_t arguments = keptArguments(file.keyword(user));
+    if (!file_.present(user)) return;
+    const std::uint64_t arguments = keptArguments(file_.keyword(user));
     if (arguments == 0) return;
-    forEachReference(file.text(user), arguments, [&](unsigned argument, std::string_view token) {
+    forEachReference(file_.text(user), arguments, [&](unsigned argument, std::string_view token) {
         out.push_back({tokenId(token), static_cast<std::uint8_t>(argument)});
         return true;
     });
 }
 
 void References::build() {
-    built = true;
+    built_ = true;
     struct Edge {
         step::Slot target;
         Use use;
     };
     std::vector<Edge> edges;
-    const std::size_t slots = file.instanceCount();
-    offsets.assign(slots + 1, 0);
+    const std::size_t slots = file_.instanceCount();
+    offsets_.assign(slots + 1, 0);
     std::vector<Mention> found;
     for (step::Slot user = 0; user < slots; ++user) {
         mentions(user, found);
         for (const Mention& mention : found) {
-            const step::Slot target = file.find(mention.target);
+            const step::Slot target = file_.find(mention.target);
             if (target == step::NoSlot) continue;
             edges.push_back({target, {user, mention.argument, true}});
-            ++offsets[target + 1U];
+            ++offsets_[target + 1U];
         }
     }
-    for (std::size_t i = 1; i <= slots; ++i) offsets[i] += offsets[i - 1];
+    for (std::size_t i = 1; i <= slots; ++i) offsets_[i] += offsets_[i - 1];
     // A counting sort keeps the file order among the uses of each target.
-    std::vector<std::uint32_t> next(offsets.begin(), offsets.end() - 1);
-    uses.resize(edges.size());
-    for (const Edge& edge : edges) uses[next[edge.target]++] = edge.use;
+    std::vector<std::uint32_t> next(offsets_.begin(), offsets_.end() - 1);
+    uses_.resize(edges.size());
+    for (const Edge& edge : edges) uses_[next[edge.target]++] = edge.use;
 }
 
 void References::beforeChange(step::Slot slot) {
-    if (built) mentions(slot, before);
+    if (built_) mentions(slot, before_);
 }
 
 void References::afterChange(step::Slot slot) {
-    if (!built) return;
-    mentions(slot, after);
-    std::sort(before.begin(), before.end());
-    std::sort(after.begin(), after.end());
+    if (!built_) return;
+    mentions(slot, after_);
+    std::sort(before_.begin(), before_.end());
+    std::sort(after_.begin(), after_.end());
     std::vector<Mention> changed;
-    std::set_difference(before.begin(), before.end(), after.begin(), after.end(), std::back_inserter(changed));
+    std::set_difference(before_.begin(), before_.end(), after_.begin(), after_.end(), std::back_inserter(changed));
     for (const Mention& mention : changed) remove(mention, slot);
     changed.clear();
-    std::set_difference(after.begin(), after.end(), before.begin(), before.end(), std::back_inserter(changed));
+    std::set_difference(after_.begin(), after_.end(), before_.begin(), before_.end(), std::back_inserter(changed));
     for (const Mention& mention : changed) add(mention, slot);
 }
 
@@ -118,16 +118,16 @@ Use* References::find(const Mention& mention, step::Slot user, bool live) {
     };
     const auto beforeUser = [](const Use& use, step::Slot slot) { return use.user < slot; };
     // NoSlot is no place in the index, so an instance that is absent just now is looked up by its id alone.
-    const step::Slot target = file.find(mention.target);
-    if (std::size_t{target} + 1 < offsets.size()) {
-        const auto begin = uses.begin() + offsets[target];
-        const auto end = uses.begin() + offsets[target + 1U];
+    const step::Slot target = file_.find(mention.target);
+    if (std::size_t{target} + 1 < offsets_.size()) {
+        const auto begin = uses_.begin() + offsets_[target];
+        const auto end = uses_.begin() + offsets_[target + 1U];
         for (auto use = std::lower_bound(begin, end, user, beforeUser); use != end && use->user == user; ++use) {
             if (matches(*use)) return &*use;
         }
     }
-    const auto list = added.find(mention.target);
-    if (list == added.end()) return nullptr;
+    const auto list = added_.find(mention.target);
+    if (list == added_.end()) return nullptr;
     auto use = std::lower_bound(list->second.begin(), list->second.end(), user, beforeUser);
     while (use != list->second.end() && use->user == user && !matches(*use)) ++use;
     return use == list->second.end() || use->user != user ? nullptr : &*use;
@@ -138,7 +138,7 @@ void References::add(const Mention& mention, step::Slot user) {
         use->live = true;
         return;
     }
-    auto& list = added[mention.target];
+    auto& list = added_[mention.target];
     const auto at = std::upper_bound(list.begin(), list.end(), user,
                                      [](step::Slot slot, const Use& use) { return slot < use.user; });
     list.insert(at, {user, mention.argument, true});
@@ -149,12 +149,12 @@ void References::remove(const Mention& mention, step::Slot user) {
 }
 
 void References::forget(step::Slot target, step::Slot user, int argument) {
-    const Mention mention{file.id(target), static_cast<std::uint8_t>(argument)};
+    const Mention mention{file_.id(target), static_cast<std::uint8_t>(argument)};
     while (Use* use = find(mention, user, true)) use->live = false;
 }
 
 void References::remember(step::Slot target, step::Slot user, int argument) {
-    if (built) add({file.id(target), static_cast<std::uint8_t>(argument)}, user);
+    if (built_) add({file_.id(target), static_cast<std::uint8_t>(argument)}, user);
 }
 
 }  // namespace model::ifc

@@ -25,14 +25,14 @@ public:
     /// Calls visit(const Use&) for the uses of `target` in file order until it returns false.
     template <class Visit>
     void forEachUse(step::Slot target, Visit&& visit) {
-        if (!built) build();
-        if (std::size_t{target} + 1 < offsets.size()) {
-            for (std::uint32_t i = offsets[target]; i < offsets[target + 1]; ++i) {
-                if (uses[i].live && !visit(uses[i])) return;
+        if (!built_) build();
+        if (std::size_t{target} + 1 < offsets_.size()) {
+            for (std::uint32_t i = offsets_[target]; i < offsets_[target + 1]; ++i) {
+                if (uses_[i].live && !visit(uses_[i])) return;
             }
         }
-        if (added.empty()) return;
-        if (const auto found = added.find(file.id(target)); found != added.end()) {
+        if (added_.empty()) return;
+        if (const auto found = added_.find(file_.id(target)); found != added_.end()) {
             for (const Use& use : found->second) {
                 if (use.live && !visit(use)) return;
             }
@@ -67,17 +67,17 @@ private:
     void remove(const Mention& mention, step::Slot user);
     Use* find(const Mention& mention, step::Slot user, bool live);
 
-    const step::StepFile& file;
-    Classes& classes;
-    const Schema& schema;
-    bool built = false;
-    std::vector<std::uint64_t> kept;  // by keyword code: a bit for each argument worth keeping; Unknown until asked
+    const step::StepFile& file_;
+    Classes& classes_;
+    const Schema& schema_;
+    bool built_ = false;
+    std::vector<std::uint64_t> kept_;  // by keyword code: a bit for each argument worth keeping; Unknown until asked
     // The file as it was when the index was made: uses[offsets[t]] to uses[offsets[t + 1]] are those of slot t, in file
     // order. A use that ends is marked, one that comes back is revived.
-    std::vector<std::uint32_t> offsets;
-    std::vector<Use> uses;
-    std::unordered_map<step::InstanceId, std::vector<Use>> added;  // what came later, by the target's id
-    std::vector<Mention> before, after;                            // kept to save allocations
+    std::vector<std::uint32_t> offsets_;
+    std::vector<Use> uses_;
+    std::unordered_map<step::InstanceId, std::vector<Use>> added_;  // what came later, by the target's id
+    std::vector<Mention> before_, after_;                           // kept to save allocations
 };
 
 }  // namespace model::ifc

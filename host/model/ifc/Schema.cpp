@@ -29,52 +29,52 @@ std::string_view innermostType(std::string_view typeName) {
 }  // namespace
 
 bool Entity::isA(std::string_view ancestor) const {
-    for (const Entity* entity = this; entity != nullptr; entity = entity->parent) {
-        if (entity->entityName == ancestor) return true;
+    for (const Entity* entity = this; entity != nullptr; entity = entity->parent_) {
+        if (entity->entityName_ == ancestor) return true;
     }
     return false;
 }
 
 bool Entity::isA(const Entity& ancestor) const {
-    for (const Entity* entity = this; entity != nullptr; entity = entity->parent) {
+    for (const Entity* entity = this; entity != nullptr; entity = entity->parent_) {
         if (entity == &ancestor) return true;
     }
     return false;
 }
 
 int Entity::attributeIndex(std::string_view name) const {
-    const auto found = std::find_if(allAttributes.begin(), allAttributes.end(),
+    const auto found = std::find_if(allAttributes_.begin(), allAttributes_.end(),
                                     [&](const Attribute& attribute) { return attribute.name == name; });
-    return found == allAttributes.end() ? -1 : static_cast<int>(found - allAttributes.begin());
+    return found == allAttributes_.end() ? -1 : static_cast<int>(found - allAttributes_.begin());
 }
 
 Schema::Schema(SchemaVersion version) {
     const SchemaRows& rows = schemaRows(version);
-    entities.resize(rows.entities.size());
-    std::vector<bool> ready(entities.size());
+    entities_.resize(rows.entities.size());
+    std::vector<bool> ready(entities_.size());
     // An entity's ancestors come first, wherever they stand in the alphabetical table.
     const auto prepare = [&](const auto& self, std::size_t index) -> void {
         if (ready[index]) return;
         ready[index] = true;
         const EntityRow& row = rows.entities[index];
-        Entity& entity = entities[index];
-        entity.entityName = row.name;
-        entity.isAbstract = row.abstract;
+        Entity& entity = entities_[index];
+        entity.entityName_ = row.name;
+        entity.isAbstract_ = row.abstract;
         if (row.super >= 0) {
             const auto super = static_cast<std::size_t>(row.super);
             self(self, super);
-            entity.parent = &entities[super];
-            entity.allAttributes = entities[super].allAttributes;
+            entity.parent_ = &entities_[super];
+            entity.allAttributes_ = entities_[super].allAttributes_;
         }
         const auto own = rows.attributes.subspan(row.firstAttribute, row.attributeCount);
-        entity.allAttributes.insert(entity.allAttributes.end(), own.begin(), own.end());
+        entity.allAttributes_.insert(entity.allAttributes_.end(), own.begin(), own.end());
         for (const auto name : rows.derived.subspan(row.firstDerived, row.derivedCount)) {
-            entity.allAttributes[static_cast<std::size_t>(entity.attributeIndex(name))].derived = true;
+            entity.allAttributes_[static_cast<std::size_t>(entity.attributeIndex(name))].derived = true;
         }
-        entityByKeyword.emplace(upperCase(row.name), &entity);
+        entityByKeyword_.emplace(upperCase(row.name), &entity);
     };
-    for (std::size_t index = 0; index < entities.size(); ++index) prepare(prepare, index);
-    for (const DefinedType& type : rows.types) typeByKeyword.emplace(upperCase(type.name), &type);
+    for (std::size_t index = 0; index < entities_.size(); ++index) prepare(prepare, index);
+    for (const DefinedType& type : rows.types) typeByKeyword_.emplace(upperCase(type.name), &type);
 }
 
 const Schema& Schema::of(SchemaVersion version) {
@@ -131,11 +131,11 @@ typename Map::mapped_type lookUp(const Map& map, std::string_view name) {
 }  // namespace
 
 const Entity* Schema::entity(std::string_view keyword) const {
-    return lookUp(entityByKeyword, keyword);
+    return lookUp(entityByKeyword_, keyword);
 }
 
 const DefinedType* Schema::type(std::string_view keyword) const {
-    return lookUp(typeByKeyword, keyword);
+    return lookUp(typeByKeyword_, keyword);
 }
 
 bool Schema::canReferTo(std::string_view typeName, const Entity& target) const {

@@ -58,22 +58,22 @@ struct Attribute {
 
 class Entity {
 public:
-    std::string_view name() const { return entityName; }  ///< "IfcWall"
-    const Entity* super() const { return parent; }        ///< Null at the root.
-    bool abstract() const { return isAbstract; }
+    std::string_view name() const { return entityName_; }  ///< "IfcWall"
+    const Entity* super() const { return parent_; }        ///< Null at the root.
+    bool abstract() const { return isAbstract_; }
     bool isA(std::string_view ancestor) const;  ///< Itself or below; exact spelling.
     bool isA(const Entity& ancestor) const;
     /// All explicit attributes, inherited first: the order of the arguments in a file.
-    std::span<const Attribute> attributes() const { return allAttributes; }
+    std::span<const Attribute> attributes() const { return allAttributes_; }
     /// Index of an attribute, -1 where there is none.
     int attributeIndex(std::string_view name) const;
 
 private:
     friend class Schema;
-    std::string_view entityName;
-    const Entity* parent = nullptr;
-    bool isAbstract = false;
-    std::vector<Attribute> allAttributes;
+    std::string_view entityName_;
+    const Entity* parent_ = nullptr;
+    bool isAbstract_ = false;
+    std::vector<Attribute> allAttributes_;
 };
 
 class Schema {
@@ -100,9 +100,9 @@ private:
     template <class Value>
     using ByKeyword = std::unordered_map<std::string, Value, Hash, std::equal_to<>>;
 
-    std::vector<Entity> entities;
-    ByKeyword<const Entity*> entityByKeyword;     // upper case
-    ByKeyword<const DefinedType*> typeByKeyword;  // upper case
+    std::vector<Entity> entities_;
+    ByKeyword<const Entity*> entityByKeyword_;     // upper case
+    ByKeyword<const DefinedType*> typeByKeyword_;  // upper case
 };
 
 }  // namespace model::ifc

@@ -35,9 +35,9 @@ Status Workspace::addToList(step::Slot holder, Field field, step::Slot member) {
     const Class& cls = classes.of(holder);
     step::Instance instance;
     file.read(holder, instance);
-    observing = false;
+    observing_ = false;
     Status added = file.addToAggregate(holder, argument(instance, cls, field), referenceText(file.id(member)));
-    observing = true;
+    observing_ = true;
     if (!added) return added;
     references.remember(member, holder, cls.place(field));
     links.append(holder, field, member);
@@ -47,7 +47,7 @@ Status Workspace::addToList(step::Slot holder, Field field, step::Slot member) {
 }
 
 void Workspace::beforeChange(step::Slot slot) {
-    if (!observing) return;
+    if (!observing_) return;
     propertySets.beforeChange(slot);
     links.forget(slot);
     longRelations.forget(slot);
@@ -56,7 +56,7 @@ void Workspace::beforeChange(step::Slot slot) {
 }
 
 void Workspace::afterChange(step::Slot slot) {
-    if (!observing) return;
+    if (!observing_) return;
     references.afterChange(slot);
     newRoots.afterChange(slot);
     propertySets.afterChange(slot, references);

@@ -51,7 +51,7 @@ private:
     void beforeChange(step::Slot slot) override;
     void afterChange(step::Slot slot) override;
 
-    bool observing = true;
+    bool observing_ = true;
 };
 
 }  // namespace model::ifc

@@ -38,10 +38,10 @@ struct ChangedInstance {
 
 class Changes {
 public:
-    explicit Changes(Index& target) : index(target) {}
+    explicit Changes(Index& target) : index_(target) {}
 
     /// Of NoSlot, and any other slot that does not exist, these tell nothing.
-    bool known(Slot slot) const { return slot < index.places.size(); }
+    bool known(Slot slot) const { return slot < index_.places.size(); }
     bool present(Slot slot) const;
     InstanceId id(Slot slot) const;
     Slot find(InstanceId id) const;
@@ -53,7 +53,7 @@ public:
     std::uint32_t section(Slot slot) const;
 
     bool begin();
-    bool open() const { return running; }
+    bool open() const { return running_; }
     /// Lays `next` over the instance. Only while a command is open.
     void set(Slot slot, TextState next);
     /// Takes the references to `member` out of an argument of an instance, in its text only when that is asked for.
@@ -68,21 +68,21 @@ public:
 
     bool undo();
     bool redo();
-    bool canUndo() const { return !running && !undoable.empty(); }
-    bool canRedo() const { return !running && !redoable.empty(); }
-    std::string undoName() const { return canUndo() ? undoable.back().name : std::string(); }
-    std::string redoName() const { return canRedo() ? redoable.back().name : std::string(); }
+    bool canUndo() const { return !running_ && !undoable_.empty(); }
+    bool canRedo() const { return !running_ && !redoable_.empty(); }
+    std::string undoName() const { return canUndo() ? undoable_.back().name : std::string(); }
+    std::string redoName() const { return canRedo() ? redoable_.back().name : std::string(); }
 
-    std::uint64_t revision() const { return changeCount; }
+    std::uint64_t revision() const { return changeCount_; }
     /// Stands for the bytes that saving would write: equal for equal bytes, and 0 for those of the file as opened. It
     /// is a sum over the changed instances, so that asking costs no more than what changed since the last time, and
     /// undoing leads back to the same number.
     std::uint64_t fingerprint();
-    void setListener(StepFile::Listener* newListener) { listener = newListener; }
+    void setListener(StepFile::Listener* newListener) { listener_ = newListener; }
 
     const std::deque<ChangedInstance>& instances() {
         takeOutAll();
-        return changed;
+        return changed_;
     }
 
 private:
@@ -111,20 +111,20 @@ private:
     void exchangeAll(Command& command);
     void rememberNewId(const ChangedInstance& instance);
 
-    Index& index;
-    StepFile::Listener* listener = nullptr;
-    std::deque<ChangedInstance> changed;  ///< Never moves in memory: text() hands out views of short strings too.
-    std::unordered_map<Slot, ReferenceRemovals> removals;  ///< That no text shows yet; only while a command is open.
-    std::vector<Slot> newIds;                              ///< By id, from firstNewId on.
-    InstanceId firstNewId = 0;                             ///< 0 until the first new instance asks.
-    InstanceId nextId = 0;
-    std::vector<Command> undoable, redoable;
-    Command current;
-    bool running = false;
-    std::uint64_t commandCount = 0;
-    std::uint64_t changeCount = 0;
-    std::uint64_t sum = 0;                ///< Of the weights.
-    std::vector<std::size_t> notWeighed;  ///< Places in `changed`.
+    Index& index_;
+    StepFile::Listener* listener_ = nullptr;
+    std::deque<ChangedInstance> changed_;  ///< Never moves in memory: text() hands out views of short strings too.
+    std::unordered_map<Slot, ReferenceRemovals> removals_;  ///< That no text shows yet; only while a command is open.
+    std::vector<Slot> newIds_;                              ///< By id, from firstNewId on.
+    InstanceId firstNewId_ = 0;                             ///< 0 until the first new instance asks.
+    InstanceId nextId_ = 0;
+    std::vector<Command> undoable_, redoable_;
+    Command current_;
+    bool running_ = false;
+    std::uint64_t commandCount_ = 0;
+    std::uint64_t changeCount_ = 0;
+    std::uint64_t sum_ = 0;                ///< Of the weights.
+    std::vector<std::size_t> notWeighed_;  ///< Places in `changed`.
 };
 
 }  // namespace model::step

@@ -55,19 +55,19 @@ void copyExtendedAttributes(const fs::path& from, int to) {
 class RealTemporaryFile final : public TemporaryFile {
 public:
     ~RealTemporaryFile() override {
-        if (!name.empty()) ::unlink(name.c_str());
+        if (!name_.empty()) ::unlink(name_.c_str());
     }
 
     /// Without a name where the file system can do that: then not even a crash leaves a file behind.
     std::error_code create(const fs::path& target) {
         const fs::path folder = target.parent_path();
-        handle = FileHandle(::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0666));
-        if (handle) return {};
+        handle_ = FileHandle(::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0666));
+        if (handle_) return {};
         if (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL && errno != ENOENT) return lastError();
         const std::string path = temporaryName(target);
-        handle = FileHandle(::open(path.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0666));
-        if (!handle) return lastError();
-        name = path;
+        handle_ = FileHandle(::open(path.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0666));
+        if (!handle_) return lastError();
+        name_ = path;
         return {};
     }
 
@@ -78,7 +78,7 @@ public:
         std::size_t done = 0;
         while (done < vectors.size()) {
             const int count = static_cast<int>(std::min<std::size_t>(vectors.size() - done, IOV_MAX));
-            const ssize_t written = ::writev(handle.number(), vectors.data() + done, count);
+            const ssize_t written = ::writev(handle_.number(), vectors.data() + done, count);
             if (written < 0 && errno == EINTR) continue;
             if (written < 0) return lastError();
             advance(vectors, done, static_cast<std::size_t>(written));
@@ -88,26 +88,26 @@ public:
 
     std::error_code takeOver(const FileState& old, const fs::path& oldPath) override {
         struct stat mine {};
-        if (::fstat(handle.number(), &mine) != 0) return lastError();
+        if (::fstat(handle_.number(), &mine) != 0) return lastError();
         // Not everyone may give files away; the mode is set last, since a new owner takes bits of it.
         if ((mine.st_uid != old.owner || mine.st_gid != old.group) &&
-            ::fchown(handle.number(), old.owner, old.group) != 0)
-            (void)!::fchown(handle.number(), static_cast<uid_t>(-1), old.group);
-        copyExtendedAttributes(oldPath, handle.number());
-        return outcome(::fchmod(handle.number(), old.mode & 07777U));
+            ::fchown(handle_.number(), old.owner, old.group) != 0)
+            (void)!::fchown(handle_.number(), static_cast<uid_t>(-1), old.group);
+        copyExtendedAttributes(oldPath, handle_.number());
+        return outcome(::fchmod(handle_.number(), old.mode & 07777U));
     }
 
-    std::error_code sync() override { return outcome(::fsync(handle.number())); }
+    std::error_code sync() override { return outcome(::fsync(handle_.number())); }
 
     std::error_code replace(const fs::path& target) override {
-        if (name.empty()) {
+        if (name_.empty()) {
             const std::string path = temporaryName(target);
-            const std::string mine = "/proc/self/fd/" + std::to_string(handle.number());
+            const std::string mine = "/proc/self/fd/" + std::to_string(handle_.number());
             if (::linkat(AT_FDCWD, mine.c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW) != 0) return lastError();
-            name = path;
+            name_ = path;
         }
-        if (::rename(name.c_str(), target.c_str()) != 0) return lastError();
-        name.clear();
+        if (::rename(name_.c_str(), target.c_str()) != 0) return lastError();
+        name_.clear();
         return {};
     }
 
@@ -119,8 +119,8 @@ private:
         vectors[done].iov_len -= written;
     }
 
-    FileHandle handle;
-    std::string name;  ///< Empty while it has none.
+    FileHandle handle_;
+    std::string name_;  ///< Empty while it has none.
 };
 
 class RealDisk final : public Disk {

@@ -5,7 +5,7 @@
 namespace model::step {
 
 FileHandle::~FileHandle() {
-    if (descriptor >= 0) ::close(descriptor);
+    if (descriptor_ >= 0) ::close(descriptor_);
 }
 
 FileState toFileState(const struct stat& found) {

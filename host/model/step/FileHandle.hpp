@@ -12,19 +12,19 @@ namespace model::step {
 class FileHandle {
 public:
     FileHandle() = default;
-    explicit FileHandle(int opened) : descriptor(opened) {}
-    FileHandle(FileHandle&& other) noexcept : descriptor(std::exchange(other.descriptor, -1)) {}
+    explicit FileHandle(int opened) : descriptor_(opened) {}
+    FileHandle(FileHandle&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
     FileHandle& operator=(FileHandle&& other) noexcept {
-        std::swap(descriptor, other.descriptor);
+        std::swap(descriptor_, other.descriptor_);
         return *this;
     }
     ~FileHandle();
 
-    explicit operator bool() const { return descriptor >= 0; }
-    int number() const { return descriptor; }
+    explicit operator bool() const { return descriptor_ >= 0; }
+    int number() const { return descriptor_; }
 
 private:
-    int descriptor = -1;
+    int descriptor_ = -1;
 };
 
 FileState toFileState(const struct stat& found);

@@ -26,33 +26,33 @@ bool startsIgnoringCase(std::string_view text, std::string_view start) {
 }  // namespace
 
 FrameReader::FrameReader(Index& target, const Progress& function)
-    : index(target), progress(function), cursor(target.bytes) {}
+    : index_(target), progress_(function), cursor_(target.bytes) {}
 
 Status FrameReader::run() {
-    if (!readMagic()) return Error{ErrorKind::CannotRead, describeForeignFile(index.bytes)};
+    if (!readMagic()) return Error{ErrorKind::CannotRead, describeForeignFile(index_.bytes)};
     while (readPart()) {
     }
-    if (cancelled) return Error{ErrorKind::CannotRead, "opening was cancelled"};
+    if (cancelled_) return Error{ErrorKind::CannotRead, "opening was cancelled"};
     return {};
 }
 
 bool FrameReader::readMagic() {
-    if (index.bytes.starts_with(byteOrderMark)) cursor.at += byteOrderMark.size();
-    if (!skipBlanks(cursor) || !equalIgnoringCase(word(), magic)) return false;
-    if (!passSemicolon()) remark(cursor.at, "the semicolon behind ISO-10303-21 is missing");
+    if (index_.bytes.starts_with(byteOrderMark)) cursor_.at += byteOrderMark.size();
+    if (!skipBlanks(cursor_) || !equalIgnoringCase(word(), magic)) return false;
+    if (!passSemicolon()) remark(cursor_.at, "the semicolon behind ISO-10303-21 is missing");
     return true;
 }
 
 bool FrameReader::readPart() {
-    if (cancelled) return false;
-    if (!skipBlanks(cursor)) {
-        remark(cursor.at, std::string(cursor.problem) + "; nothing behind it is used");
+    if (cancelled_) return false;
+    if (!skipBlanks(cursor_)) {
+        remark(cursor_.at, std::string(cursor_.problem) + "; nothing behind it is used");
         return false;
     }
-    const char* at = cursor.at;
+    const char* at = cursor_.at;
     const std::string_view name = word();
-    if (ended && !equalIgnoringCase(name, "SIGNATURE")) {
-        cursor.at = at;
+    if (ended_ && !equalIgnoringCase(name, "SIGNATURE")) {
+        cursor_.at = at;
         readRestOfFile();
         return false;
     }
@@ -61,7 +61,7 @@ bool FrameReader::readPart() {
         return false;
     }
     if (!readSection(name)) {
-        cursor.at = at;
+        cursor_.at = at;
         passToSemicolon("unexpected text outside the sections");
     }
     return true;
@@ -77,8 +77,8 @@ bool FrameReader::readSection(std::string_view name) {
     } else if (equalIgnoringCase(name, "SIGNATURE")) {
         readSignature();
     } else if (equalIgnoringCase(name, fileEnd)) {
-        if (!passSemicolon()) remark(cursor.at, "the semicolon behind END-ISO-10303-21 is missing");
-        ended = true;
+        if (!passSemicolon()) remark(cursor_.at, "the semicolon behind END-ISO-10303-21 is missing");
+        ended_ = true;
     } else {
         return false;
     }
@@ -86,29 +86,29 @@ bool FrameReader::readSection(std::string_view name) {
 }
 
 void FrameReader::readHeader() {
-    if (!passSemicolon()) remark(cursor.at, "the semicolon behind HEADER is missing");
-    while (skipBlanks(cursor) && !cursor.atEnd()) {
-        const char* at = cursor.at;
+    if (!passSemicolon()) remark(cursor_.at, "the semicolon behind HEADER is missing");
+    while (skipBlanks(cursor_) && !cursor_.atEnd()) {
+        const char* at = cursor_.at;
         const std::string_view name = word();
         if (equalIgnoringCase(name, "ENDSEC")) {
             if (!passSemicolon()) remark(at, "the semicolon behind ENDSEC is missing");
             return;
         }
         if (equalIgnoringCase(name, "DATA") || equalIgnoringCase(name, fileEnd)) {
-            cursor.at = at;
+            cursor_.at = at;
             remark(at, "ENDSEC of the header is missing");
             return;
         }
-        cursor.at = at;
-        readHeaderEntry(scanKeyword(cursor));
+        cursor_.at = at;
+        readHeaderEntry(scanKeyword(cursor_));
     }
 }
 
 void FrameReader::readHeaderEntry(std::string_view keyword) {
-    const char* begin = cursor.at - keyword.size();
+    const char* begin = cursor_.at - keyword.size();
     std::vector<Value> arguments;
-    if (keyword.empty() || !skipBlanks(cursor) || !scanList(cursor, &arguments) || !passSemicolon()) {
-        cursor.at = begin;
+    if (keyword.empty() || !skipBlanks(cursor_) || !scanList(cursor_, &arguments) || !passSemicolon()) {
+        cursor_.at = begin;
         passToSemicolon("a malformed entry of the header");
         return;
     }
@@ -118,101 +118,101 @@ void FrameReader::readHeaderEntry(std::string_view keyword) {
     for (const Value& name : names) {
         std::u16string text;
         decodeString(name.text, text);
-        index.schemaNames.push_back(toUtf8(text));
+        index_.schemaNames.push_back(toUtf8(text));
     }
 }
 
 void FrameReader::readLinks(std::string_view keyword) {
-    const char* begin = cursor.at;
-    while (skipBlanks(cursor) && !cursor.atEnd()) {
+    const char* begin = cursor_.at;
+    while (skipBlanks(cursor_) && !cursor_.atEnd()) {
         const std::string_view name = word();
         if (equalIgnoringCase(name, "ENDSEC")) {
             passSemicolon();
-            index.linkSections.push_back({offset(begin), offset(cursor.at)});
+            index_.linkSections.push_back({offset(begin), offset(cursor_.at)});
             return;
         }
         if (name.empty()) skipLinkToken();
     }
-    index.linkSections.push_back({offset(begin), index.bytes.size()});
+    index_.linkSections.push_back({offset(begin), index_.bytes.size()});
     endTruncated("ENDSEC of the section " + toUpperCase(keyword) + " is missing");
 }
 
 void FrameReader::skipLinkToken() {
     // URIs and strings may hold any of the characters that mean something elsewhere, but here no line ends: a quote or
     // a bracket without its counterpart must not swallow the section's end.
-    const char closing = cursor.sees('<') ? '>' : cursor.sees('\'') ? '\'' : '\0';
-    const char* at = ++cursor.at;
+    const char closing = cursor_.sees('<') ? '>' : cursor_.sees('\'') ? '\'' : '\0';
+    const char* at = ++cursor_.at;
     if (closing == '\0') return;
-    while (!cursor.atEnd() && !isLineEnd(*cursor.at) && !cursor.sees(closing)) ++cursor.at;
-    cursor.at = cursor.sees(closing) ? cursor.at + 1 : at;
+    while (!cursor_.atEnd() && !isLineEnd(*cursor_.at) && !cursor_.sees(closing)) ++cursor_.at;
+    cursor_.at = cursor_.sees(closing) ? cursor_.at + 1 : at;
 }
 
 void FrameReader::readSignature() {
     // Base-64 text, which has no tokens.
-    index.signedFile = true;
-    const char* begin = cursor.at;
-    for (; !cursor.atEnd(); ++cursor.at) {
-        if (!startsIgnoringCase({cursor.at, static_cast<std::size_t>(cursor.end - cursor.at)}, "ENDSEC")) continue;
-        cursor.at += 6;
+    index_.signedFile = true;
+    const char* begin = cursor_.at;
+    for (; !cursor_.atEnd(); ++cursor_.at) {
+        if (!startsIgnoringCase({cursor_.at, static_cast<std::size_t>(cursor_.end - cursor_.at)}, "ENDSEC")) continue;
+        cursor_.at += 6;
         if (passSemicolon()) return;
     }
     remark(begin, "ENDSEC of the section SIGNATURE is missing");
 }
 
 void FrameReader::readRestOfFile() {
-    const std::string_view left(cursor.at, static_cast<std::size_t>(cursor.end - cursor.at));
+    const std::string_view left(cursor_.at, static_cast<std::size_t>(cursor_.end - cursor_.at));
     if (left.empty()) return;
     const bool padding = left.find_first_not_of('\0') == std::string_view::npos;
-    remark(cursor.at, std::to_string(left.size()) + (padding ? " zero bytes" : " bytes") +
-                          " behind the end of the file; they are kept as they are");
-    cursor.at = cursor.end;
+    remark(cursor_.at, std::to_string(left.size()) + (padding ? " zero bytes" : " bytes") +
+                           " behind the end of the file; they are kept as they are");
+    cursor_.at = cursor_.end;
 }
 
 void FrameReader::passMalformed(const char* begin, const std::string& what) {
     remark(begin, what);
-    malformed = true;
-    cursor.problem = nullptr;
-    cursor.at = nextStatement(begin, cursor.end);
+    malformed_ = true;
+    cursor_.problem = nullptr;
+    cursor_.at = nextStatement(begin, cursor_.end);
 }
 
 void FrameReader::passToSemicolon(const std::string& what) {
-    remark(cursor.at, what);
-    cursor.problem = nullptr;
-    const std::size_t found = index.bytes.find(';', offset(cursor.at));
-    cursor.at = found == std::string_view::npos ? cursor.end : index.bytes.data() + found + 1;
+    remark(cursor_.at, what);
+    cursor_.problem = nullptr;
+    const std::size_t found = index_.bytes.find(';', offset(cursor_.at));
+    cursor_.at = found == std::string_view::npos ? cursor_.end : index_.bytes.data() + found + 1;
 }
 
 void FrameReader::endTruncated(const std::string& what) {
-    ended = true;
-    cursor.at = cursor.end;
-    const bool padded = index.bytes.ends_with('\0');
-    remark(cursor.end, "the file is not complete: " + what +
-                           (padded ? "; it ends in zero bytes, so writing or copying it was probably interrupted"
-                                   : "; writing or copying it was probably interrupted"));
+    ended_ = true;
+    cursor_.at = cursor_.end;
+    const bool padded = index_.bytes.ends_with('\0');
+    remark(cursor_.end, "the file is not complete: " + what +
+                            (padded ? "; it ends in zero bytes, so writing or copying it was probably interrupted"
+                                    : "; writing or copying it was probably interrupted"));
 }
 
 std::string_view FrameReader::word() {
-    const char* begin = cursor.at;
-    if (cursor.atEnd() || !isLetter(*begin)) return {};
-    while (!cursor.atEnd() && (isKeywordCharacter(*cursor.at) || cursor.sees('-'))) ++cursor.at;
-    return {begin, static_cast<std::size_t>(cursor.at - begin)};
+    const char* begin = cursor_.at;
+    if (cursor_.atEnd() || !isLetter(*begin)) return {};
+    while (!cursor_.atEnd() && (isKeywordCharacter(*cursor_.at) || cursor_.sees('-'))) ++cursor_.at;
+    return {begin, static_cast<std::size_t>(cursor_.at - begin)};
 }
 
 bool FrameReader::passSemicolon() {
-    const char* at = cursor.at;
-    if (skipBlanks(cursor) && cursor.sees(';')) {
-        ++cursor.at;
+    const char* at = cursor_.at;
+    if (skipBlanks(cursor_) && cursor_.sees(';')) {
+        ++cursor_.at;
         return true;
     }
-    cursor.at = at;
-    cursor.problem = nullptr;
+    cursor_.at = at;
+    cursor_.problem = nullptr;
     return false;
 }
 
 bool FrameReader::reportProgress() {
     // Reading the bytes was the first half.
-    if (!progress.report((index.bytes.size() + offset(cursor.at)) / 2, index.bytes.size())) cancelled = true;
-    return !cancelled;
+    if (!progress_.report((index_.bytes.size() + offset(cursor_.at)) / 2, index_.bytes.size())) cancelled_ = true;
+    return !cancelled_;
 }
 
 }  // namespace model::step

@@ -42,23 +42,23 @@ private:
     void passMalformed(const char* begin, const std::string& what);
     void passToSemicolon(const std::string& what);
     void endTruncated(const std::string& what);
-    void remark(const char* at, std::string message) { index.remark(offset(at), std::move(message)); }
+    void remark(const char* at, std::string message) { index_.remark(offset(at), std::move(message)); }
     bool onlyZerosLeft() const {
-        return index.bytes.find_first_not_of('\0', offset(cursor.at)) == std::string_view::npos;
+        return index_.bytes.find_first_not_of('\0', offset(cursor_.at)) == std::string_view::npos;
     }
     /// The word here, "END-ISO-10303-21" for one. Empty where there is none.
     std::string_view word();
     bool passSemicolon();
-    std::uint64_t offset(const char* at) const { return static_cast<std::uint64_t>(at - index.bytes.data()); }
+    std::uint64_t offset(const char* at) const { return static_cast<std::uint64_t>(at - index_.bytes.data()); }
     bool reportProgress();
 
-    Index& index;
-    Throttle progress;
-    Cursor cursor;
-    Section section;         ///< The one being read.
-    bool malformed = false;  ///< Since the last sound instance.
-    bool ended = false;      ///< END-ISO-10303-21 was read.
-    bool cancelled = false;  ///< By the progress function.
+    Index& index_;
+    Throttle progress_;
+    Cursor cursor_;
+    Section section_;         ///< The one being read.
+    bool malformed_ = false;  ///< Since the last sound instance.
+    bool ended_ = false;      ///< END-ISO-10303-21 was read.
+    bool cancelled_ = false;  ///< By the progress function.
 };
 
 }  // namespace model::step

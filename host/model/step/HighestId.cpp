@@ -13,12 +13,12 @@ namespace {
 
 class HighestIdSearch {
 public:
-    explicit HighestIdSearch(std::string_view text) : bytes(text) {}
+    explicit HighestIdSearch(std::string_view text) : bytes_(text) {}
 
     /// Every '#' with digits behind it.
     void everywhere(std::uint64_t begin, std::uint64_t end) {
-        while ((begin = bytes.find('#', begin)) < end) {
-            note(bytes.data() + begin);
+        while ((begin = bytes_.find('#', begin)) < end) {
+            note(bytes_.data() + begin);
             ++begin;
         }
     }
@@ -27,19 +27,19 @@ public:
     void instance(std::uint64_t begin, std::uint64_t end) {
         std::uint64_t inString = 0;
         for (std::uint64_t at = begin; at < end; at += Block::size) {
-            const Block block = readBlock(bytes.data() + at);
+            const Block block = readBlock(bytes_.data() + at);
             const std::uint64_t inside = prefixParity(block.quotes) ^ inString;
             const std::uint64_t rest =
                 end - at < Block::size ? (std::uint64_t{1} << (end - at)) - 1 : ~std::uint64_t{0};
             // With a comment, which may hold a single apostrophe, the parity tells nothing.
             if ((block.slashes & ~inside & rest) != 0) return everywhere(begin, end);
             for (std::uint64_t hashes = block.hashes & ~inside & rest; hashes != 0; hashes &= hashes - 1)
-                note(bytes.data() + at + std::countr_zero(hashes));
+                note(bytes_.data() + at + std::countr_zero(hashes));
             inString = (inside >> 63U) == 0 ? 0 : ~std::uint64_t{0};
         }
     }
 
-    InstanceId result() const { return highest; }
+    InstanceId result() const { return highest_; }
 
 private:
     void note(const char* hash) {
@@ -51,11 +51,11 @@ private:
             Cursor cursor({hash, static_cast<std::size_t>(at - hash)});
             id = scanId(cursor);
         }
-        highest = std::max(highest, id);
+        highest_ = std::max(highest_, id);
     }
 
-    std::string_view bytes;
-    InstanceId highest = 0;
+    std::string_view bytes_;
+    InstanceId highest_ = 0;
 };
 
 }  // namespace

@@ -13,13 +13,13 @@ namespace model::step {
 class IdTable {
 public:
     IdTable() = default;
-    explicit IdTable(std::uint64_t fileSize) : table(static_cast<std::size_t>(fileSize / 8 + 64) * sizeof(Slot)) {
-        limit = table.size() / sizeof(Slot);
+    explicit IdTable(std::uint64_t fileSize) : table_(static_cast<std::size_t>(fileSize / 8 + 64) * sizeof(Slot)) {
+        limit_ = table_.size() / sizeof(Slot);
     }
 
     void add(InstanceId id, Slot slot) {
-        if (id >= limit) {
-            high.push_back({id, slot});
+        if (id >= limit_) {
+            high_.push_back({id, slot});
             return;
         }
         Slot& entry = low()[id];
@@ -27,14 +27,14 @@ public:
             entry = slot + 1;
         } else {
             entry = ambiguous;
-            repeated.push_back(slot);
+            repeated_.push_back(slot);
         }
     }
 
     /// Ends the adding.
     void finish();
     /// The slots that repeat the id of an earlier one, in file order.
-    const std::vector<Slot>& duplicates() const { return repeated; }
+    const std::vector<Slot>& duplicates() const { return repeated_; }
     /// NoSlot where there is none, or where there are several.
     Slot find(InstanceId id) const;
 
@@ -45,13 +45,13 @@ private:
     };
     static constexpr Slot ambiguous = 0xFFFFFFFFU;
 
-    Slot* low() { return static_cast<Slot*>(static_cast<void*>(table.data())); }
-    const Slot* low() const { return static_cast<const Slot*>(static_cast<const void*>(table.data())); }
+    Slot* low() { return static_cast<Slot*>(static_cast<void*>(table_.data())); }
+    const Slot* low() const { return static_cast<const Slot*>(static_cast<const void*>(table_.data())); }
 
-    Region table;  ///< By id: slot + 1, 0 where the id is not used.
-    InstanceId limit = 0;
-    std::vector<High> high;
-    std::vector<Slot> repeated;
+    Region table_;  ///< By id: slot + 1, 0 where the id is not used.
+    InstanceId limit_ = 0;
+    std::vector<High> high_;
+    std::vector<Slot> repeated_;
 };
 
 }  // namespace model::step

@@ -21,15 +21,15 @@ public:
 
     Place() = default;
     Place(KeywordCode keyword, bool changed, std::uint64_t where)
-        : bits(std::uint64_t{keyword} << 48U | std::uint64_t{changed} << 47U | where) {}
+        : bits_(std::uint64_t{keyword} << 48U | std::uint64_t{changed} << 47U | where) {}
 
-    KeywordCode keyword() const { return static_cast<KeywordCode>(bits >> 48U); }
+    KeywordCode keyword() const { return static_cast<KeywordCode>(bits_ >> 48U); }
     /// Whether where() is a number in the list of changes; otherwise it is an offset in the file.
-    bool changed() const { return (bits >> 47U & 1U) != 0; }
-    std::uint64_t where() const { return bits & maximum; }
+    bool changed() const { return (bits_ >> 47U & 1U) != 0; }
+    std::uint64_t where() const { return bits_ & maximum; }
 
 private:
-    std::uint64_t bits = 0;
+    std::uint64_t bits_ = 0;
 };
 
 /// One DATA section.

@@ -15,21 +15,21 @@ namespace model::step {
 
 class Keywords {
 public:
-    Keywords() : table(512) {}
+    Keywords() : table_(512) {}
 
     /// @return NoKeyword where the code numbers are used up.
     KeywordCode intern(std::string_view spelling) {
-        const Entry& entry = table[position(spelling)];
+        const Entry& entry = table_[position(spelling)];
         return entry.text != nullptr ? entry.code : add(spelling);
     }
     KeywordCode find(std::string_view spelling) const {
-        const Entry& entry = table[position(spelling)];
+        const Entry& entry = table_[position(spelling)];
         return entry.text != nullptr ? entry.code : NoKeyword;
     }
     std::string_view text(KeywordCode code) const {
-        return code < names.size() ? std::string_view(names[code]) : std::string_view();
+        return code < names_.size() ? std::string_view(names_[code]) : std::string_view();
     }
-    std::size_t size() const { return names.size(); }
+    std::size_t size() const { return names_.size(); }
 
 private:
     /// One spelling; several may share a code.
@@ -73,10 +73,10 @@ private:
 
     /// Where the spelling is, or the free place for it.
     std::size_t position(std::string_view spelling) const {
-        const std::size_t mask = table.size() - 1;
+        const std::size_t mask = table_.size() - 1;
         std::size_t at = hash(spelling) & mask;
-        while (table[at].text != nullptr &&
-               (table[at].length != spelling.size() || !equal(table[at].text, spelling.data(), spelling.size())))
+        while (table_[at].text != nullptr &&
+               (table_[at].length != spelling.size() || !equal(table_[at].text, spelling.data(), spelling.size())))
             at = (at + 1) & mask;
         return at;
     }
@@ -86,10 +86,10 @@ private:
     void insert(const std::string& spelling, KeywordCode code);
     void grow();
 
-    std::vector<Entry> table;  ///< Open addressing; its size is a power of two, at most half is used.
-    std::size_t used = 0;
-    std::deque<std::string> names;      ///< By code, upper case.
-    std::deque<std::string> spellings;  ///< Owns what the table points to.
+    std::vector<Entry> table_;  ///< Open addressing; its size is a power of two, at most half is used.
+    std::size_t used_ = 0;
+    std::deque<std::string> names_;      ///< By code, upper case.
+    std::deque<std::string> spellings_;  ///< Owns what the table points to.
 };
 
 }  // namespace model::step

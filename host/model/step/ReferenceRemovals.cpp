@@ -25,32 +25,32 @@ std::optional<ReferenceRemovals> ReferenceRemovals::of(std::string_view instance
     std::vector<Value> elements;
     if (!splitList(instanceText, argument, elements)) return std::nullopt;
     ReferenceRemovals removals;
-    removals.place = argument;
-    removals.members.reserve(elements.size());
+    removals.place_ = argument;
+    removals.members_.reserve(elements.size());
     for (const Value& element : elements) {
-        if (const InstanceId id = referenceId(element); id != 0) removals.members.push_back(id);
+        if (const InstanceId id = referenceId(element); id != 0) removals.members_.push_back(id);
     }
-    std::sort(removals.members.begin(), removals.members.end());
-    removals.members.erase(std::unique(removals.members.begin(), removals.members.end()), removals.members.end());
-    removals.marked.assign(removals.members.size(), false);
+    std::sort(removals.members_.begin(), removals.members_.end());
+    removals.members_.erase(std::unique(removals.members_.begin(), removals.members_.end()), removals.members_.end());
+    removals.marked_.assign(removals.members_.size(), false);
     return removals;
 }
 
 bool ReferenceRemovals::remove(InstanceId member) {
-    const std::size_t at = find(members, member);
-    if (at == members.size() || marked[at]) return false;
-    marked[at] = true;
-    ++removed;
+    const std::size_t at = find(members_, member);
+    if (at == members_.size() || marked_[at]) return false;
+    marked_[at] = true;
+    ++removed_;
     return true;
 }
 
 std::string ReferenceRemovals::applyTo(std::string_view instanceText) const {
     std::vector<Value> elements;
-    splitList(instanceText, place, elements);
+    splitList(instanceText, place_, elements);
     std::vector<bool> gone(elements.size());
     for (std::size_t i = 0; i < elements.size(); ++i) {
-        const std::size_t at = find(members, referenceId(elements[i]));
-        gone[i] = at < members.size() && marked[at];
+        const std::size_t at = find(members_, referenceId(elements[i]));
+        gone[i] = at < members_.size() && marked_[at];
     }
     return withoutMarked(instanceText, elements, gone);
 }

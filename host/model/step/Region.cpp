@@ -22,24 +22,24 @@ Region::Region(std::size_t size) {
     void* memory = ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
     if (memory == MAP_FAILED) throw std::bad_alloc();
     preferLargePages(memory, size);
-    base = static_cast<char*>(memory);
-    length = size;
+    base_ = static_cast<char*>(memory);
+    length_ = size;
 }
 
 Region::~Region() {
-    if (base != nullptr) ::munmap(base, length);
+    if (base_ != nullptr) ::munmap(base_, length_);
 }
 
 void Region::resize(std::size_t size) {
-    if (base == nullptr) {
+    if (base_ == nullptr) {
         *this = Region(size);
         return;
     }
-    void* memory = ::mremap(base, length, size, MREMAP_MAYMOVE);
+    void* memory = ::mremap(base_, length_, size, MREMAP_MAYMOVE);
     if (memory == MAP_FAILED) throw std::bad_alloc();
     preferLargePages(memory, size);
-    base = static_cast<char*>(memory);
-    length = size;
+    base_ = static_cast<char*>(memory);
+    length_ = size;
 }
 
 }  // namespace model::step

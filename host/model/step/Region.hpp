@@ -14,23 +14,23 @@ public:
     Region() = default;
     explicit Region(std::size_t size);
     Region(Region&& other) noexcept
-        : base(std::exchange(other.base, nullptr)), length(std::exchange(other.length, 0)) {}
+        : base_(std::exchange(other.base_, nullptr)), length_(std::exchange(other.length_, 0)) {}
     Region& operator=(Region&& other) noexcept {
-        std::swap(base, other.base);
-        std::swap(length, other.length);
+        std::swap(base_, other.base_);
+        std::swap(length_, other.length_);
         return *this;
     }
     ~Region();
 
-    char* data() { return base; }
-    const char* data() const { return base; }
-    std::size_t size() const { return length; }
+    char* data() { return base_; }
+    const char* data() const { return base_; }
+    std::size_t size() const { return length_; }
     /// Keeps the contents, moves them where necessary; what is added is zero.
     void resize(std::size_t size);
 
 private:
-    char* base = nullptr;
-    std::size_t length = 0;
+    char* base_ = nullptr;
+    std::size_t length_ = 0;
 };
 
 /// A vector for millions of small records. Its elements move in memory when it grows.
@@ -39,28 +39,28 @@ class GrowingArray {
     static_assert(std::is_trivially_copyable_v<Element>);
 
 public:
-    std::size_t size() const { return count; }
+    std::size_t size() const { return count_; }
     Element& operator[](std::size_t index) { return elements()[index]; }
     const Element& operator[](std::size_t index) const { return elements()[index]; }
 
     void push_back(Element element) {
-        if (count == capacity) grow();
-        elements()[count++] = element;
+        if (count_ == capacity_) grow();
+        elements()[count_++] = element;
     }
 
 private:
     static constexpr std::size_t firstBytes = std::size_t{1} << 16U;
 
-    Element* elements() { return static_cast<Element*>(static_cast<void*>(memory.data())); }
-    const Element* elements() const { return static_cast<const Element*>(static_cast<const void*>(memory.data())); }
+    Element* elements() { return static_cast<Element*>(static_cast<void*>(memory_.data())); }
+    const Element* elements() const { return static_cast<const Element*>(static_cast<const void*>(memory_.data())); }
     void grow() {
-        memory.resize(memory.size() == 0 ? firstBytes : memory.size() * 2);
-        capacity = memory.size() / sizeof(Element);
+        memory_.resize(memory_.size() == 0 ? firstBytes : memory_.size() * 2);
+        capacity_ = memory_.size() / sizeof(Element);
     }
 
-    Region memory;
-    std::size_t count = 0;
-    std::size_t capacity = 0;
+    Region memory_;
+    std::size_t count_ = 0;
+    std::size_t capacity_ = 0;
 };
 
 }  // namespace model::step

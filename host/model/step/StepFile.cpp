@@ -16,46 +16,46 @@ Error refused(InstanceId id, const std::string& why) {
 // --- What the file says of itself ---
 
 const std::vector<std::string>& StepFile::schemaNames() const {
-    return content->index.schemaNames;
+    return content_->index.schemaNames;
 }
 const std::vector<Remark>& StepFile::remarks() const {
-    return content->index.remarks;
+    return content_->index.remarks;
 }
 std::uint64_t StepFile::byteCount() const {
-    return content->bytes.size;
+    return content_->bytes.size;
 }
 const std::string& StepFile::lockHolder() const {
-    return content->lockedBy;
+    return content_->lockedBy;
 }
 
 // --- Instances ---
 
 std::size_t StepFile::instanceCount() const {
-    return content->index.places.size();
+    return content_->index.places.size();
 }
 Slot StepFile::find(InstanceId id) const {
-    return content->changes.find(id);
+    return content_->changes.find(id);
 }
 bool StepFile::present(Slot slot) const {
-    return content->changes.present(slot);
+    return content_->changes.present(slot);
 }
 InstanceId StepFile::id(Slot slot) const {
-    return content->changes.id(slot);
+    return content_->changes.id(slot);
 }
 KeywordCode StepFile::keyword(Slot slot) const {
-    return content->changes.known(slot) ? content->index.places[slot].keyword() : NoKeyword;
+    return content_->changes.known(slot) ? content_->index.places[slot].keyword() : NoKeyword;
 }
 std::string_view StepFile::keywordText(KeywordCode code) const {
-    return content->index.keywords.text(code);
+    return content_->index.keywords.text(code);
 }
 KeywordCode StepFile::keywordCode(std::string_view upperCase) const {
-    return content->index.keywords.find(upperCase);
+    return content_->index.keywords.find(upperCase);
 }
 std::size_t StepFile::keywordCount() const {
-    return content->index.keywords.size();
+    return content_->index.keywords.size();
 }
 std::string_view StepFile::text(Slot slot) const {
-    return content->changes.text(slot);
+    return content_->changes.text(slot);
 }
 bool StepFile::read(Slot slot, Instance& out) const {
     return splitInstance(text(slot), out);
@@ -64,12 +64,12 @@ bool StepFile::read(Slot slot, Instance& out) const {
 // --- Changes ---
 
 Status StepFile::begin() {
-    if (content->changes.begin()) return {};
+    if (content_->changes.begin()) return {};
     return Error{ErrorKind::Nesting, "a command is open already"};
 }
 
 bool StepFile::open() const {
-    return content->changes.open();
+    return content_->changes.open();
 }
 
 /// Whether the instance can be edited now. Its id must lead back to it: of a repeated one nobody knows which is meant.
@@ -90,23 +90,23 @@ Status StepFile::Content::edit(Slot slot, Result<std::string> newText) {
 }
 
 Status StepFile::replaceValue(Slot slot, Value value, std::string_view newText) {
-    if (Status editable = content->checkEditable(slot); !editable) return editable;
-    return content->edit(slot, withValue(text(slot), value, newText));
+    if (Status editable = content_->checkEditable(slot); !editable) return editable;
+    return content_->edit(slot, withValue(text(slot), value, newText));
 }
 
 Status StepFile::addToAggregate(Slot slot, Value aggregate, std::string_view element) {
-    if (Status editable = content->checkEditable(slot); !editable) return editable;
-    return content->edit(slot, withElement(text(slot), aggregate, element));
+    if (Status editable = content_->checkEditable(slot); !editable) return editable;
+    return content_->edit(slot, withElement(text(slot), aggregate, element));
 }
 
 Result<std::size_t> StepFile::removeReferences(Slot slot, std::size_t argument, InstanceId member) {
-    if (Status editable = content->checkEditable(slot); !editable) return editable.error();
-    if (const auto left = content->changes.removeReferences(slot, argument, member)) return *left;
-    return refused(content->changes.id(slot), "its list does not name #" + std::to_string(member));
+    if (Status editable = content_->checkEditable(slot); !editable) return editable.error();
+    if (const auto left = content_->changes.removeReferences(slot, argument, member)) return *left;
+    return refused(content_->changes.id(slot), "its list does not name #" + std::to_string(member));
 }
 
 Result<Slot> StepFile::append(std::string_view body, Slot neighbour) {
-    Content& parts = *content;
+    Content& parts = *content_;
     std::string_view keyword;
     if (!parts.changes.open()) return Error{ErrorKind::Refused, "a file is edited only inside a command"};
     if (!isInstanceBody(body, keyword)) return Error{ErrorKind::Refused, "the new instance is malformed"};
@@ -120,45 +120,45 @@ Result<Slot> StepFile::append(std::string_view body, Slot neighbour) {
 }
 
 Status StepFile::erase(Slot slot) {
-    if (Status editable = content->checkEditable(slot); !editable) return editable;
-    content->changes.set(slot, {TextState::Kind::Absent, {}});
+    if (Status editable = content_->checkEditable(slot); !editable) return editable;
+    content_->changes.set(slot, {TextState::Kind::Absent, {}});
     return {};
 }
 
 // --- Commands ---
 
 bool StepFile::commit(std::string name) {
-    return content->changes.commit(std::move(name));
+    return content_->changes.commit(std::move(name));
 }
 void StepFile::rollback() {
-    content->changes.rollback();
+    content_->changes.rollback();
 }
 bool StepFile::canUndo() const {
-    return content->changes.canUndo();
+    return content_->changes.canUndo();
 }
 bool StepFile::canRedo() const {
-    return content->changes.canRedo();
+    return content_->changes.canRedo();
 }
 std::string StepFile::undoName() const {
-    return content->changes.undoName();
+    return content_->changes.undoName();
 }
 std::string StepFile::redoName() const {
-    return content->changes.redoName();
+    return content_->changes.redoName();
 }
 bool StepFile::undo() {
-    return content->changes.undo();
+    return content_->changes.undo();
 }
 bool StepFile::redo() {
-    return content->changes.redo();
+    return content_->changes.redo();
 }
 bool StepFile::modified() const {
-    return content->changes.fingerprint() != content->savedFingerprint;
+    return content_->changes.fingerprint() != content_->savedFingerprint;
 }
 std::uint64_t StepFile::revision() const {
-    return content->changes.revision();
+    return content_->changes.revision();
 }
 void StepFile::setListener(Listener* listener) {
-    content->changes.setListener(listener);
+    content_->changes.setListener(listener);
 }
 
 }  // namespace model::step

@@ -144,7 +144,7 @@ public:
 private:
     struct Content;
     explicit StepFile(std::unique_ptr<Content> parts);
-    std::unique_ptr<Content> content;
+    std::unique_ptr<Content> content_;
 };
 
 }  // namespace model::step

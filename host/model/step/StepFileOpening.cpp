@@ -24,7 +24,7 @@ Status unpack(ReadFile& file, Bytes& archive, ModelEntry& entry, const Progress&
 
 }  // namespace
 
-StepFile::StepFile(std::unique_ptr<Content> parts) : content(std::move(parts)) {}
+StepFile::StepFile(std::unique_ptr<Content> parts) : content_(std::move(parts)) {}
 StepFile::~StepFile() = default;
 
 Result<std::unique_ptr<StepFile>> StepFile::open(const fs::path& path, const OpenOptions& options) try {
@@ -55,8 +55,8 @@ Result<std::unique_ptr<StepFile>> StepFile::open(const fs::path& path, const Ope
 }
 
 void StepFile::takeLock() {
-    if (!content->lock && !content->lockedPath.empty())
-        content->lock = lockFile(content->lockedPath, content->lockedBy);
+    if (!content_->lock && !content_->lockedPath.empty())
+        content_->lock = lockFile(content_->lockedPath, content_->lockedBy);
 }
 
 Result<std::unique_ptr<StepFile>> StepFile::fromBytes(std::string text) try {

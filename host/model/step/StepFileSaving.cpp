@@ -86,14 +86,14 @@ Status StepFile::Content::writeArchive(const fs::path& target, const FileState& 
 }
 
 Status StepFile::save(const fs::path& path, const SaveOptions& options) try {
-    return content->save(path, options);
+    return content_->save(path, options);
 } catch (const std::bad_alloc&) {
     return cannotWrite(path, "there is not enough memory to save it; the old file is untouched");
 }
 
 std::string StepFile::bytes() const {
     std::string result;
-    const std::vector<std::string_view> parts = pieces(content->index, content->changes);
+    const std::vector<std::string_view> parts = pieces(content_->index, content_->changes);
     std::size_t size = 0;
     for (const std::string_view part : parts) size += part.size();
     result.reserve(size);

@@ -32,17 +32,17 @@ Utf8Character readUtf8(std::string_view text) {
 /// Reads what stands between the quotes, one character or directive at a time.
 class StringDecoder {
 public:
-    StringDecoder(std::string_view body, std::u16string& target) : text(body), out(target) {}
+    StringDecoder(std::string_view body, std::u16string& target) : text_(body), out_(target) {}
 
     Decoding run() {
-        while (at < text.size() && result != Decoding::Undecodable) step();
-        if (result != Decoding::Undecodable && hasLoneSurrogate()) result = Decoding::Undecodable;
-        return result;
+        while (at_ < text_.size() && result_ != Decoding::Undecodable) step();
+        if (result_ != Decoding::Undecodable && hasLoneSurrogate()) result_ = Decoding::Undecodable;
+        return result_;
     }
 
 private:
     void step() {
-        const char c = text[at];
+        const char c = text_[at_];
         if (c == '\'') {
             apostrophe();
         } else if (c == '\\') {
@@ -50,28 +50,28 @@ private:
         } else if (static_cast<unsigned char>(c) > 126) {
             rawByte();
         } else {
-            out.push_back(static_cast<char16_t>(c));
-            ++at;
+            out_.push_back(static_cast<char16_t>(c));
+            ++at_;
         }
     }
 
-    std::string_view ahead() const { return text.substr(at); }
-    void fail() { result = Decoding::Undecodable; }
+    std::string_view ahead() const { return text_.substr(at_); }
+    void fail() { result_ = Decoding::Undecodable; }
     void guess() {
-        if (result == Decoding::Exact) result = Decoding::Guessed;
+        if (result_ == Decoding::Exact) result_ = Decoding::Guessed;
     }
 
     void apostrophe() {
         if (!ahead().starts_with("''")) return fail();
-        out.push_back(u'\'');
-        at += 2;
+        out_.push_back(u'\'');
+        at_ += 2;
     }
 
     void directive() {
         const std::string_view next = ahead();
         if (next.starts_with("\\\\")) {
-            out.push_back(u'\\');
-            at += 2;
+            out_.push_back(u'\\');
+            at_ += 2;
         } else if (next.starts_with("\\X2\\")) {
             hexRun(4);
         } else if (next.starts_with("\\X4\\")) {
@@ -81,31 +81,31 @@ private:
         } else if (next.starts_with("\\S\\")) {
             shifted();
         } else if (next.size() >= 4 && next[1] == 'P' && next[3] == '\\' && next[2] >= 'A' && next[2] <= 'I') {
-            page = next[2] - 'A' + 1;
-            at += 4;
+            page_ = next[2] - 'A' + 1;
+            at_ += 4;
         } else {
             // Windows paths that nobody escaped are the usual case.
-            out.push_back(u'\\');
-            ++at;
+            out_.push_back(u'\\');
+            ++at_;
             guess();
         }
     }
 
     /// The number of `digits` hexadecimal digits here, or -1 where there are fewer.
     std::int64_t hexNumber(std::size_t digits) {
-        if (text.size() - at < digits) return -1;
+        if (text_.size() - at_ < digits) return -1;
         std::int64_t number = 0;
         for (std::size_t i = 0; i < digits; ++i) {
-            const int digit = hexDigit(text[at + i]);
+            const int digit = hexDigit(text_[at_ + i]);
             if (digit < 0) return -1;
             number = number * 16 + digit;
         }
-        at += digits;
+        at_ += digits;
         return number;
     }
 
     void hexRun(std::size_t digits) {
-        at += 4;
+        at_ += 4;
         if (ahead().starts_with("\\X0\\")) return fail();
         while (!ahead().starts_with("\\X0\\")) {
             const std::int64_t number = hexNumber(digits);
@@ -113,26 +113,26 @@ private:
             if (digits == 8 && U_IS_SURROGATE(number)) return fail();
             appendCodePoint(static_cast<UChar32>(number));
         }
-        at += 4;
+        at_ += 4;
     }
 
     void singleByte() {
-        at += 3;
+        at_ += 3;
         const std::int64_t number = hexNumber(2);
         if (number < 0) return fail();
-        out.push_back(static_cast<char16_t>(number));
+        out_.push_back(static_cast<char16_t>(number));
     }
 
     void shifted() {
-        at += 3;
-        if (at == text.size()) return fail();
-        const char c = text[at];
+        at_ += 3;
+        if (at_ == text_.size()) return fail();
+        const char c = text_[at_];
         if (c < 32 || c > 126) return fail();
         if (c == '\'' && !ahead().starts_with("''")) return fail();
-        at += c == '\'' ? 2 : 1;
-        const char16_t character = latinCharacter(page, static_cast<unsigned char>(c + 128));
+        at_ += c == '\'' ? 2 : 1;
+        const char16_t character = latinCharacter(page_, static_cast<unsigned char>(c + 128));
         if (character == 0) return fail();
-        out.push_back(character);
+        out_.push_back(character);
     }
 
     void rawByte() {
@@ -140,38 +140,38 @@ private:
         const Utf8Character character = readUtf8(ahead());
         if (character.length != 0) {
             appendCodePoint(character.codePoint);
-            at += character.length;
+            at_ += character.length;
         } else {
-            out.push_back(windowsCharacter(static_cast<unsigned char>(text[at])));
-            ++at;
+            out_.push_back(windowsCharacter(static_cast<unsigned char>(text_[at_])));
+            ++at_;
         }
     }
 
     void appendCodePoint(UChar32 character) {
         if (character > 0xFFFF) {
-            out.push_back(static_cast<char16_t>(U16_LEAD(character)));
-            out.push_back(static_cast<char16_t>(U16_TRAIL(character)));
+            out_.push_back(static_cast<char16_t>(U16_LEAD(character)));
+            out_.push_back(static_cast<char16_t>(U16_TRAIL(character)));
         } else {
-            out.push_back(static_cast<char16_t>(character));
+            out_.push_back(static_cast<char16_t>(character));
         }
     }
 
     /// Half a surrogate pair is no character. Pairs may come from two runs: some programs write each unit by itself.
     bool hasLoneSurrogate() const {
-        for (std::size_t i = 0; i < out.size(); ++i) {
-            if (!U16_IS_SURROGATE(out[i])) continue;
-            const bool pair = U16_IS_SURROGATE_LEAD(out[i]) && i + 1 < out.size() && U16_IS_TRAIL(out[i + 1]);
+        for (std::size_t i = 0; i < out_.size(); ++i) {
+            if (!U16_IS_SURROGATE(out_[i])) continue;
+            const bool pair = U16_IS_SURROGATE_LEAD(out_[i]) && i + 1 < out_.size() && U16_IS_TRAIL(out_[i + 1]);
             if (!pair) return true;
             ++i;
         }
         return false;
     }
 
-    std::string_view text;
-    std::u16string& out;
-    std::size_t at = 0;
-    int page = 1;  ///< ISO 8859 part that \S\ stands for. A choice made in one string does not hold in the next.
-    Decoding result = Decoding::Exact;
+    std::string_view text_;
+    std::u16string& out_;
+    std::size_t at_ = 0;
+    int page_ = 1;  ///< ISO 8859 part that \S\ stands for. A choice made in one string does not hold in the next.
+    Decoding result_ = Decoding::Exact;
 };
 
 /// What is shown of a string that cannot be decoded: its bytes as they stand.

@@ -22,12 +22,12 @@ bool isSpelledRight(std::string_view keyword) {
 
 class Sweeper {
 public:
-    Sweeper(const char* from, Index& target) : index(target), instance(from) {}
+    Sweeper(const char* from, Index& target) : index_(target), instance_(from) {}
 
     const char* run(const char* limit) {
-        const char* at = instance;
-        while (at < limit && at - instance < longestInstance && take(at)) at += Block::size;
-        return instance;
+        const char* at = instance_;
+        while (at < limit && at - instance_ < longestInstance && take(at)) at += Block::size;
+        return instance_;
     }
 
 private:
@@ -41,9 +41,9 @@ private:
 
     bool take(const char* at) {
         const Block block = readBlock(at);
-        const std::uint64_t inside = prefixParity(block.quotes) ^ inString;
+        const std::uint64_t inside = prefixParity(block.quotes) ^ inString_;
         const std::uint64_t stringEnds = block.quotes & ~inside;
-        const std::uint64_t behindStrings = stringEnds << 1U | stringEndBefore;
+        const std::uint64_t behindStrings = stringEnds << 1U | stringEndBefore_;
         Marks marks{block.equals & ~inside, block.opening & ~inside, block.closing & ~inside,
                     (block.slashes & ~inside) | (block.controls & inside) | (block.beyondSlash & behindStrings)};
         std::uint64_t ends = block.semicolons & ~inside;
@@ -52,8 +52,8 @@ private:
             if (!note(at, marks.only(upToEnd)) || !finish(at + std::countr_zero(ends))) return false;
             marks = marks.only(~upToEnd);
         }
-        inString = (inside >> 63U) == 0 ? 0 : ~std::uint64_t{0};
-        stringEndBefore = stringEnds >> 63U;
+        inString_ = (inside >> 63U) == 0 ? 0 : ~std::uint64_t{0};
+        stringEndBefore_ = stringEnds >> 63U;
         return note(at, marks);
     }
 
@@ -67,19 +67,20 @@ private:
     bool note(const char* at, const Marks& marks) {
         if (marks.suspicious != 0) return false;
         if (marks.equals != 0) {
-            shape.odd = shape.equals != nullptr || (marks.equals & (marks.equals - 1)) != 0;
-            shape.equals = at + std::countr_zero(marks.equals);
+            shape_.odd = shape_.equals != nullptr || (marks.equals & (marks.equals - 1)) != 0;
+            shape_.equals = at + std::countr_zero(marks.equals);
         }
-        if (marks.opening != 0 && shape.opening == nullptr) shape.opening = at + std::countr_zero(marks.opening);
-        shape.depth += difference(marks.opening, marks.closing);
-        return !shape.odd;
+        if (marks.opening != 0 && shape_.opening == nullptr) shape_.opening = at + std::countr_zero(marks.opening);
+        shape_.depth += difference(marks.opening, marks.closing);
+        return !shape_.odd;
     }
 
     /// "#12 = KEYWORD ( ... ) ;" from instance to semicolon.
     bool finish(const char* semicolon) {
-        if (shape.depth != 0 || shape.equals == nullptr || shape.opening == nullptr || shape.opening < shape.equals)
+        if (shape_.depth != 0 || shape_.equals == nullptr || shape_.opening == nullptr ||
+            shape_.opening < shape_.equals)
             return false;
-        const char* at = instance;
+        const char* at = instance_;
         while (isBlank(*at)) ++at;
         const char* begin = at;
         const InstanceId id = readId(at);
@@ -89,9 +90,9 @@ private:
         if (*last != ')') return false;
         KeywordCode code = NoKeyword;
         if (!readKeyword(code)) return false;
-        index.add(id, code, begin, semicolon + 1);
-        instance = semicolon + 1;
-        shape = {};
+        index_.add(id, code, begin, semicolon + 1);
+        instance_ = semicolon + 1;
+        shape_ = {};
         return true;
     }
 
@@ -103,28 +104,28 @@ private:
         for (; isDigit(*at); ++at) id = id * 10 + static_cast<InstanceId>(*at - '0');
         const bool fits = at - digits <= 18;
         while (isBlank(*at)) ++at;
-        return fits && at == shape.equals ? id : 0;
+        return fits && at == shape_.equals ? id : 0;
     }
 
     bool readKeyword(KeywordCode& code) {
-        const char* begin = shape.equals + 1;
-        const char* end = shape.opening;
+        const char* begin = shape_.equals + 1;
+        const char* end = shape_.opening;
         while (isBlank(*begin)) ++begin;
         while (end > begin && isBlank(end[-1])) --end;
         if (begin == end) return true;
         const std::string_view keyword(begin, static_cast<std::size_t>(end - begin));
-        code = index.keywords.find(keyword);
+        code = index_.keywords.find(keyword);
         if (code != NoKeyword) return true;
         if (!isSpelledRight(keyword)) return false;
-        code = index.keywords.intern(keyword);
+        code = index_.keywords.intern(keyword);
         return true;
     }
 
-    Index& index;
-    const char* instance;               ///< Where the one being read began, blanks before it included.
-    std::uint64_t inString = 0;         ///< All ones where the last block ended inside a string.
-    std::uint64_t stringEndBefore = 0;  ///< 1 where it ended with the end of one.
-    Shape shape;
+    Index& index_;
+    const char* instance_;               ///< Where the one being read began, blanks before it included.
+    std::uint64_t inString_ = 0;         ///< All ones where the last block ended inside a string.
+    std::uint64_t stringEndBefore_ = 0;  ///< 1 where it ended with the end of one.
+    Shape shape_;
 };
 
 }  // namespace
