@@ -62,7 +62,7 @@ std::uint64_t mixed(std::uint64_t value) {
 class Estate {
 public:
     Estate(const StepFile& sample, std::FILE* output) : file(sample), out(output) {
-        for (Slot slot = 0; slot < file.instanceCount(); ++slot) read(slot);
+        for (Slot slot = 0; slot < file.slotCount(); ++slot) read(slot);
     }
 
     std::uint64_t writeCopy(std::uint64_t number) {

@@ -2,7 +2,7 @@
 // How the console's own code fails: it throws a Failure, and only main catches and prints it. No Failure ever crosses
 // the add-on: inside a View's calls a problem is kept and thrown after the command has returned.
 
-#include "model/Result.hpp"
+#include "model/base/Result.hpp"
 
 #include <stdexcept>
 #include <string>

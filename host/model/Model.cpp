@@ -1,15 +1,16 @@
 #include "model/Model.hpp"
+#include "model/base/GlobalId.hpp"
 
-#include "model/ifc/AttributeData.hpp"
-#include "model/ifc/ClassificationData.hpp"
-#include "model/ifc/ClassificationEditor.hpp"
-#include "model/ifc/Footprint.hpp"
-#include "model/ifc/Placement.hpp"
-#include "model/ifc/PropertyData.hpp"
-#include "model/ifc/PropertyEditor.hpp"
-#include "model/ifc/Spatial.hpp"
-#include "model/ifc/Text.hpp"
-#include "model/step/Saving.hpp"
+#include "model/ifc/data/AttributeData.hpp"
+#include "model/ifc/data/ClassificationData.hpp"
+#include "model/ifc/data/ClassificationEditor.hpp"
+#include "model/ifc/data/PropertyData.hpp"
+#include "model/ifc/data/PropertyEditor.hpp"
+#include "model/ifc/geometry/Footprint.hpp"
+#include "model/ifc/geometry/Placement.hpp"
+#include "model/ifc/geometry/Spatial.hpp"
+#include "model/ifc/values/Text.hpp"
+#include "model/step/disk/Saving.hpp"
 
 #include <unordered_set>
 

@@ -2,10 +2,11 @@
 // The building model as a host's services see it: elements with attributes, properties and classification references,
 // read from an IFC file and written back into it.
 
-#include "model/Progress.hpp"
-#include "model/Result.hpp"
+#include "model/base/FileOptions.hpp"
+#include "model/base/GlobalId.hpp"
+#include "model/base/Records.hpp"
+#include "model/base/Result.hpp"
 
-#include <array>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -16,92 +17,6 @@
 #include <vector>
 
 namespace model {
-
-using Guid = std::array<std::uint8_t, 16>;  ///< Bytes in the order of the text form.
-
-/// The 22-character GlobalId (IFC's base-64 of the 16 bytes), and back. Nothing where the text is no GlobalId: 22
-/// characters of 0-9 A-Z a-z _ $, the first at most '3'.
-std::string toGlobalId(const Guid& guid);
-std::optional<Guid> fromGlobalId(std::string_view globalId);
-
-/// The 36-character form, upper case.
-std::string guidText(const Guid& guid);
-
-/// An element's place in the model: file order. Valid as long as the model lives; no edit changes it.
-using Element = std::uint32_t;
-
-struct ElementInfo {
-    Guid guid;
-    std::string globalId;
-    std::string ifcClass;       ///< In the schema's spelling, "IfcWall".
-    std::int32_t typeId;        ///< Type identifier of the header.
-    std::string_view typeName;  ///< Display name, "Wall".
-    std::uint64_t instanceId;
-};
-
-struct Attribute {
-    std::string_view name;
-    std::u16string value;
-};
-
-enum class PropertyKind : std::uint8_t { Single, List, Bounded, Enumerated, Table, Reference };
-enum class Primitive : std::uint8_t { Integer, Real, Boolean, Logical, String, Other };
-
-/// A property's value; which member counts is told by `primitive`.
-struct PropertyValue {
-    std::string type;  ///< In the schema's spelling, "IfcLabel"; empty for a single value without a nominal value.
-    Primitive primitive = Primitive::String;
-    std::int64_t integer = 0;  ///< Also the logical's code: 0 false, 1 unknown, 2 true.
-    double real = 0.0;
-    bool boolean = false;
-    std::u16string string;
-};
-
-struct Property {
-    std::u16string set;
-    std::u16string name;
-    PropertyKind kind = PropertyKind::Single;
-    bool inherited = false;  ///< From the element's type object.
-    PropertyValue value;
-};
-
-/// A property without copies of its texts: they are valid during the visit.
-struct PropertyView {
-    std::u16string_view set;
-    std::u16string_view name;
-    PropertyKind kind = PropertyKind::Single;
-    bool inherited = false;
-    std::string_view type;
-    Primitive primitive = Primitive::String;
-    std::int64_t integer = 0;
-    double real = 0.0;
-    bool boolean = false;
-    std::u16string_view string;
-};
-
-struct ClassificationReference {
-    std::u16string system;  ///< The label: the relation's Name, or the classification's name where that is empty.
-    std::optional<std::u16string> location, name, itemReference;
-    std::u16string source, edition, classificationName;
-};
-
-struct OpenOptions {
-    Progress progress;
-    /// Tells other hosts that the file is open for editing here. For reading alone it is not needed.
-    bool lock = true;
-};
-
-struct SaveOptions {
-    Progress progress;
-    /// Even over a file that another program changed since: ErrorKind::ChangedSince otherwise.
-    bool force = false;
-    /// From here on the saved file is the one worked on, and locked in place of the one opened.
-    bool moveLock = false;
-};
-
-struct Point {
-    double x = 0, y = 0, z = 0;
-};
 
 class Model {
 public:

@@ -3,7 +3,7 @@
 
 #include "HostTable.hpp"
 #include "ResourceManager.hpp"
-#include "model/Result.hpp"
+#include "model/base/Result.hpp"
 #include "services/AddOnImage.hpp"
 #include "services/CallGuard.hpp"
 

@@ -2,7 +2,7 @@
 // An add-on's bundle and the image in it.
 
 #include "HostTable.hpp"
-#include "model/Result.hpp"
+#include "model/base/Result.hpp"
 #include "services/CodeRange.hpp"
 
 #include <filesystem>

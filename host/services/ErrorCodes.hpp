@@ -2,7 +2,7 @@
 // The host's error codes as text, and the building model's failures as error codes.
 
 #include "APITypes.hpp"
-#include "model/Result.hpp"
+#include "model/base/Result.hpp"
 
 #include <string>
 

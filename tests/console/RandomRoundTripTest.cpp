@@ -3,8 +3,8 @@
 
 #include "ConsoleTest.hpp"
 
-#include "model/ifc/Text.hpp"
-#include "model/step/StepSyntax.hpp"
+#include "model/ifc/values/Text.hpp"
+#include "model/step/syntax/StringEncoder.hpp"
 
 #include <random>
 #include <set>

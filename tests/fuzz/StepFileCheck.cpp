@@ -1,5 +1,7 @@
 #include "fuzz/Checks.hpp"
 #include "model/step/StepFile.hpp"
+#include "model/step/syntax/Numbers.hpp"
+#include "model/step/syntax/StringDecoder.hpp"
 
 #include <algorithm>
 #include <vector>
@@ -33,7 +35,7 @@ void checkValue(const Value& value, std::string_view whole) {
 
 void checkInstances(const StepFile& file) {
     Instance instance;
-    for (Slot slot = 0; slot < file.instanceCount(); ++slot) {
+    for (Slot slot = 0; slot < file.slotCount(); ++slot) {
         const Slot found = file.find(file.id(slot));
         require(file.id(slot) != 0, "an instance has no id");
         require(found == slot || found == NoSlot, "an id leads to another instance");
@@ -45,7 +47,7 @@ void checkInstances(const StepFile& file) {
 
 /// Some edit of each kind, spread over the file.
 void edit(StepFile& file) {
-    const std::size_t count = file.instanceCount();
+    const std::size_t count = file.slotCount();
     const Slot neighbour = count == 0 ? NoSlot : static_cast<Slot>(count / 2);
     Instance instance;
     for (Slot slot = 0; slot < count; ++slot) {
@@ -67,7 +69,7 @@ void edit(StepFile& file) {
 
 std::vector<std::string> texts(const StepFile& file) {
     std::vector<std::string> all;
-    for (Slot slot = 0; slot < file.instanceCount(); ++slot)
+    for (Slot slot = 0; slot < file.slotCount(); ++slot)
         if (file.present(slot)) all.emplace_back(file.text(slot));
     std::sort(all.begin(), all.end());
     return all;

@@ -1,5 +1,6 @@
 #include "fuzz/Checks.hpp"
-#include "model/step/StepSyntax.hpp"
+#include "model/step/syntax/StringDecoder.hpp"
+#include "model/step/syntax/StringEncoder.hpp"
 
 namespace fuzz {
 

@@ -100,14 +100,14 @@ void addClassifications(Dice& dice, TinyModel& ifc, const Objects& objects) {
 class FullReader {
 public:
     explicit FullReader(const StepFile& source) : file_(source) {
-        for (model::step::Slot slot = 0; slot < file_.instanceCount(); ++slot) {
+        for (model::step::Slot slot = 0; slot < file_.slotCount(); ++slot) {
             if (keyword(slot).starts_with("IFCREL")) relations_.push_back(slot);
         }
     }
 
     std::map<Id, std::string> all() const {
         std::map<Id, std::string> objects;
-        for (model::step::Slot slot = 0; slot < file_.instanceCount(); ++slot) {
+        for (model::step::Slot slot = 0; slot < file_.slotCount(); ++slot) {
             const auto word = keyword(slot);
             // What is shared is compared as its users see it: properties, sets and references come in copies.
             const bool shared = word.starts_with("IFCREL") || word.starts_with("IFCPROPERTY") ||

@@ -3,7 +3,7 @@
 
 #include "RandomModel.hpp"
 
-#include "model/ifc/Schema.hpp"
+#include "model/ifc/schema/Schema.hpp"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>

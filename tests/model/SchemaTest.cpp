@@ -1,4 +1,4 @@
-#include "model/ifc/Schema.hpp"
+#include "model/ifc/schema/Schema.hpp"
 
 #include <gtest/gtest.h>
 

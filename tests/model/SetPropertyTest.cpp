@@ -1,7 +1,5 @@
 #include "TinyModel.hpp"
 
-#include "model/step/StepSyntax.hpp"
-
 #include <gmock/gmock.h>
 
 namespace {

@@ -1,8 +1,9 @@
 #include "TinyModel.hpp"
 
-#include "model/ifc/Schema.hpp"
-#include "model/ifc/Text.hpp"
-#include "model/step/StepSyntax.hpp"
+#include "model/ifc/schema/Schema.hpp"
+#include "model/ifc/values/Text.hpp"
+#include "model/step/syntax/Numbers.hpp"
+#include "model/step/syntax/StringEncoder.hpp"
 
 #include <gtest/gtest.h>
 

@@ -32,6 +32,13 @@ MAY_INCLUDE = {
     "host/console/": (("host/",), ("standard", "system", "ICU", "fmt", "json", "CLI")),
     "host/desktop/": (("host/",), ("standard", "system", "ICU", "fmt", "Qt")),
 }
+# The building model from the ground up: a file includes its own folder and those named before it, never one behind.
+MODEL_FOLDERS = (
+    "base",
+    "step/syntax", "step/disk", "step/index", "step/reading", "step/editing", "step",
+    "ifc/schema", "ifc/values", "ifc/index", "ifc/data", "ifc/geometry",
+    ".",
+)
 PROGRAMS = ("host/console/", "host/desktop/")
 WRITTEN_BY_THE_BUILD = (".moc", ".inc")
 
@@ -56,6 +63,17 @@ class IncludeRules(Rules):
             self.expect_none(f"{place}: {folder} may not include {own or name}"
                              for place, own, name in included(folder)
                              if not (own.as_posix().startswith(folders) if own else library_of(name) in libraries))
+
+    def test_no_folder_of_the_model_includes_one_above_it(self):
+        def height(path):
+            return MODEL_FOLDERS.index(path.relative_to("host/model").parent.as_posix())
+
+        known = {path.relative_to("host/model").parent.as_posix() for path in sources("host/model/")}
+        self.assertEqual(known, set(MODEL_FOLDERS), "a folder of host/model has no place in the order, or is gone")
+        for path in sources("host/model/"):
+            own = (resolve(path, name, quoted) for _, name, quoted in includes(path))
+            self.expect_none(f"{path} includes {other}, which stands above it"
+                             for other in own if other and height(other) > height(path))
 
     def test_programs_do_not_include_each_other(self):
         for folder in PROGRAMS:

@@ -1,7 +1,7 @@
 #pragma once
 // A disk in memory that fails when told to.
 
-#include "model/step/Disk.hpp"
+#include "model/step/disk/Disk.hpp"
 
 #include <chrono>
 #include <map>

@@ -330,9 +330,9 @@ TEST_P(RealModel, IsUnderstoodWholeAndSavedByteForByte) {
     const TempFolder folder;
     const auto file = openFile(GetParam());
     EXPECT_THAT(remarks(*file), IsEmpty());
-    EXPECT_GT(file->instanceCount(), 1000U);
+    EXPECT_GT(file->slotCount(), 1000U);
     Instance instance;
-    for (Slot slot = 0; slot < file->instanceCount(); ++slot) {
+    for (Slot slot = 0; slot < file->slotCount(); ++slot) {
         ASSERT_TRUE(file->read(slot, instance)) << file->text(slot);
         ASSERT_EQ(file->find(instance.id), slot);
         for (const Value& value : instance.arguments) ASSERT_NE(value.kind, ValueKind::Malformed) << file->text(slot);
@@ -346,7 +346,7 @@ TEST_P(RealModel, WithManyEditsIsUndoneToTheByte) {
     const std::string original = file->bytes();
     Instance instance;
     ASSERT_TRUE(file->begin());
-    for (Slot slot = 0; slot < file->instanceCount(); slot += 7) {
+    for (Slot slot = 0; slot < file->slotCount(); slot += 7) {
         ASSERT_TRUE(file->read(slot, instance));
         for (const Value& value : instance.arguments) {
             if (value.kind != ValueKind::String) continue;

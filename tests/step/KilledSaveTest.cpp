@@ -61,7 +61,7 @@ private:
             if (!(*file)->begin()) break;
             const std::string text = "'" + std::string(40, digit) + "'";
             Instance instance;
-            for (Slot slot = 0; slot < (*file)->instanceCount(); ++slot)
+            for (Slot slot = 0; slot < (*file)->slotCount(); ++slot)
                 if ((*file)->read(slot, instance)) (void)(*file)->replaceValue(slot, instance.arguments[0], text);
             (*file)->commit("Edit");
             sign();

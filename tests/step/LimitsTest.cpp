@@ -1,5 +1,7 @@
 // Every number that the reader or the writer draws a line at: on it, one below, one above.
 
+#include "model/step/syntax/StringDecoder.hpp"
+#include "model/step/syntax/StringEncoder.hpp"
 #include "step/StepText.hpp"
 
 #include <limits>
@@ -22,7 +24,7 @@ TEST(NewId, GoesUpToTheLargestSignedNumberOf64Bits) {
             EXPECT_EQ(edit.file->find(id), *slot);
         }
         EXPECT_FALSE(edit.append("B()", 1)) << room;
-        EXPECT_EQ(opened(edit.file->bytes())->instanceCount(), 2 + room);
+        EXPECT_EQ(opened(edit.file->bytes())->slotCount(), 2 + room);
     }
 }
 
@@ -37,7 +39,7 @@ TEST(Ids, OfAnyNumberOfDigitsAreOne) {
             EXPECT_EQ(referenceId(argument(*file, std::stoull(id), 0)), std::stoull(id));
         }
     }
-    EXPECT_EQ(opened(fileOf("#99999999999999999999=A();\n#1=B();\n"))->instanceCount(), 1U);
+    EXPECT_EQ(opened(fileOf("#99999999999999999999=A();\n#1=B();\n"))->slotCount(), 1U);
 }
 
 /// Ids up to a bound that grows with the file are kept in a table, the others in a list.

@@ -175,7 +175,7 @@ TEST(DeepNesting, IsReadWithoutUsingUpTheStack) {
     const std::string depth(1U << 20U, '(');
     const std::string back(1U << 20U, ')');
     const auto file = opened(fileOf("#1=A(" + depth + back + ");\n#2=B();\n"));
-    EXPECT_EQ(file->instanceCount(), 2U);
+    EXPECT_EQ(file->slotCount(), 2U);
     EXPECT_EQ(argument(*file, 1, 0).kind, ValueKind::Aggregate);
 }
 

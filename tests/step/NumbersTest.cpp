@@ -1,3 +1,4 @@
+#include "model/step/syntax/Numbers.hpp"
 #include "step/StepText.hpp"
 
 #include <rapidcheck.h>

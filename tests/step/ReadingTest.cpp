@@ -1,5 +1,6 @@
 // How instances are found, however they are laid out.
 
+#include "model/step/syntax/Characters.hpp"
 #include "step/StepText.hpp"
 
 namespace step_tests {
@@ -78,7 +79,7 @@ TEST_P(Reading, EachInstanceIsFoundBehindAComment) {
 TEST_P(Reading, EachInstanceIsCutIntoItsParts) {
     const auto file = opened(fileOf(GetParam().data));
     Instance instance;
-    for (Slot slot = 0; slot < file->instanceCount(); ++slot) {
+    for (Slot slot = 0; slot < file->slotCount(); ++slot) {
         EXPECT_TRUE(file->read(slot, instance)) << file->text(slot);
         EXPECT_EQ(file->find(instance.id), slot);
         EXPECT_EQ(file->id(slot), instance.id);
@@ -112,7 +113,7 @@ TEST(Ids, UsedTwiceAreRemarkedAndNotFound) {
     EXPECT_EQ(file->find(1), NoSlot);
     EXPECT_EQ(file->find(70000000000), NoSlot);
     EXPECT_NE(file->find(2), NoSlot);
-    EXPECT_EQ(file->instanceCount(), 5U);
+    EXPECT_EQ(file->slotCount(), 5U);
     EXPECT_THAT(remarks(*file),
                 ElementsAre("10: the id #01 is used more than once; its instances are not edited",
                             "12: the id #70000000000 is used more than once; its instances are not edited"));
@@ -131,7 +132,7 @@ TEST(Keywords, BeyondTheCodesAreNotUsed) {
     std::string data;
     for (int i = 0; i < 70000; ++i) data += "#" + std::to_string(i + 1) + "=K" + std::to_string(i) + "();\n";
     const auto file = opened(fileOf(data));
-    EXPECT_EQ(file->instanceCount(), 70000U);
+    EXPECT_EQ(file->slotCount(), 70000U);
     EXPECT_EQ(file->keywordCount(), 65535U);
     EXPECT_EQ(file->keywordText(file->keyword(65534)), "K65534");
     EXPECT_EQ(file->keyword(65535), NoKeyword);

@@ -38,7 +38,7 @@ std::string openingError(const std::string& bytes) {
 
 std::vector<std::string> instances(const StepFile& file) {
     std::vector<std::string> texts;
-    for (Slot slot = 0; slot < file.instanceCount(); ++slot)
+    for (Slot slot = 0; slot < file.slotCount(); ++slot)
         if (file.present(slot)) texts.emplace_back(file.text(slot));
     return texts;
 }

@@ -1,5 +1,7 @@
 // Text as the clear-text encoding has it, and back.
 
+#include "model/step/syntax/StringDecoder.hpp"
+#include "model/step/syntax/StringEncoder.hpp"
 #include "step/StepText.hpp"
 
 #include <rapidcheck.h>

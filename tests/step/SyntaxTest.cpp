@@ -1,5 +1,6 @@
 // Cutting instances, lists and typed values into their parts.
 
+#include "model/step/syntax/Characters.hpp"
 #include "step/StepText.hpp"
 
 namespace step_tests {

@@ -2,7 +2,7 @@
 
 #include "Guid.hpp"
 #include "model/Model.hpp"
-#include "model/ifc/Schema.hpp"
+#include "model/ifc/schema/Schema.hpp"
 
 #include <fmt/format.h>
 

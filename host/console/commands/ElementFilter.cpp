@@ -2,7 +2,7 @@
 
 #include "console/Failure.hpp"
 #include "console/output/Text.hpp"
-#include "model/ifc/ElementTypes.hpp"
+#include "model/ifc/schema/ElementTypes.hpp"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>

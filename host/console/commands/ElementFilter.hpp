@@ -2,7 +2,7 @@
 // Which elements a command is about: --type and --class.
 
 #include "model/Model.hpp"
-#include "model/ifc/Schema.hpp"
+#include "model/ifc/schema/Schema.hpp"
 
 #include <string>
 #include <vector>

@@ -1,7 +1,7 @@
 #pragma once
 // The items of an export: --items 'Name,FireRating[WallCommon],UniFormat Classification'.
 
-#include "model/Result.hpp"
+#include "model/base/Result.hpp"
 
 #include <string>
 #include <string_view>

@@ -1,7 +1,7 @@
 #pragma once
 // Which rows of the review list the user ticks: --tick all|none|1,4-9.
 
-#include "model/Result.hpp"
+#include "model/base/Result.hpp"
 
 #include <cstdint>
 #include <string>

@@ -1,7 +1,7 @@
 #pragma once
 // Ctrl-C while a file is being written.
 
-#include "model/Progress.hpp"
+#include "model/base/Progress.hpp"
 
 namespace console {
 

@@ -2,7 +2,7 @@
 // Everything said on standard error: one line a message, and on a terminal a line that shows how far a long operation
 // has come.
 
-#include "model/Progress.hpp"
+#include "model/base/Progress.hpp"
 
 #include <string>
 #include <string_view>

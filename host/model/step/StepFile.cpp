@@ -1,7 +1,7 @@
 #include "model/step/StepFile.hpp"
 
-#include "model/step/Splice.hpp"
 #include "model/step/StepFileContent.hpp"
+#include "model/step/editing/Splice.hpp"
 
 namespace model::step {
 
@@ -30,7 +30,7 @@ const std::string& StepFile::lockHolder() const {
 
 // --- Instances ---
 
-std::size_t StepFile::instanceCount() const {
+std::size_t StepFile::slotCount() const {
     return content_->index.places.size();
 }
 Slot StepFile::find(InstanceId id) const {
@@ -157,7 +157,7 @@ bool StepFile::modified() const {
 std::uint64_t StepFile::revision() const {
     return content_->changes.revision();
 }
-void StepFile::setListener(Listener* listener) {
+void StepFile::setListener(ChangeListener* listener) {
     content_->changes.setListener(listener);
 }
 

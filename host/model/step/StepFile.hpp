@@ -2,9 +2,12 @@
 // A file in clear-text encoding (ISO 10303-21), held as the bytes it came with, an index of its instances, and the
 // changes made since. Saving writes every byte as it was except the instances that changed and the new ones.
 
-#include "model/Progress.hpp"
-#include "model/Result.hpp"
-#include "model/step/StepSyntax.hpp"
+#include "model/base/FileOptions.hpp"
+#include "model/base/Result.hpp"
+#include "model/step/editing/ChangeListener.hpp"
+#include "model/step/index/Remark.hpp"
+#include "model/step/index/Slot.hpp"
+#include "model/step/syntax/Instance.hpp"
 
 #include <cstddef>
 #include <filesystem>
@@ -15,41 +18,6 @@
 #include <vector>
 
 namespace model::step {
-
-/// An instance's place in the file's index: file order, new instances behind. Valid as long as the StepFile lives;
-/// undone new instances keep their place but are absent.
-using Slot = std::uint32_t;
-inline constexpr Slot NoSlot = 0xFFFFFFFFU;
-
-/// A keyword as the file's index knows it: upper case, numbered in order of first appearance.
-using KeywordCode = std::uint16_t;
-inline constexpr KeywordCode NoKeyword = 0xFFFFU;
-
-/// Something wrong in the file that does not keep it from being opened.
-struct Remark {
-    std::uint64_t line = 0;    ///< From 1; 0 where it concerns the whole file.
-    std::uint64_t offset = 0;  ///< Bytes from the beginning.
-    std::string message;
-};
-
-class Disk;
-
-struct OpenOptions {
-    Progress progress;
-    /// Takes the advisory lock on the file, so that other hosts learn that it is open here. For reading alone it is
-    /// not needed.
-    bool lock = true;
-};
-
-struct SaveOptions {
-    Progress progress;
-    /// Write even where another program changed the file since it was opened.
-    bool force = false;
-    /// From here on the saved file is the one that is worked on: it is locked in place of the one opened.
-    bool moveLock = false;
-    /// Null for the real one. Tests put one here that fails.
-    Disk* disk = nullptr;
-};
 
 class StepFile {
 public:
@@ -72,8 +40,8 @@ public:
     void takeLock();
 
     // --- Instances as they are now. NoSlot may be asked about: it is not present and has no id, keyword and text. ---
-    std::size_t instanceCount() const;  ///< Places, absent ones included.
-    Slot find(InstanceId id) const;     ///< NoSlot where there is none, or where the file has several of that id.
+    std::size_t slotCount() const;   ///< Places, absent ones included.
+    Slot find(InstanceId id) const;  ///< NoSlot where there is none, or where the file has several of that id.
     bool present(Slot slot) const;
     InstanceId id(Slot slot) const;
     KeywordCode keyword(Slot slot) const;  ///< NoKeyword for a complex instance.
@@ -121,14 +89,8 @@ public:
     /// Grows by one with each change, undo and redo: what is cached of the file is valid for one revision.
     std::uint64_t revision() const;
 
-    /// The slots changed between two revisions are not kept; the caller drops its caches by revision. The journal of
-    /// the current command is here for callers that keep indexes of the file.
-    struct Listener {
-        virtual ~Listener() = default;
-        virtual void beforeChange(Slot slot) = 0;  ///< The instance still has its old text.
-        virtual void afterChange(Slot slot) = 0;   ///< It has the new one, or is absent.
-    };
-    void setListener(Listener* listener);
+    /// For callers that keep indexes of the file: it is told of every change, undo and redo. Null for none; not owned.
+    void setListener(ChangeListener* listener);
 
     /// Writes the file. Goes to a temporary file in the target's folder, is synced, renamed over the target, and the
     /// folder synced: at every moment the old file or the new one is there whole. Mode bits stay; a symbolic link stays

@@ -1,11 +1,11 @@
 #pragma once
 // What a StepFile is made of.
 
-#include "model/step/Archive.hpp"
-#include "model/step/Changes.hpp"
-#include "model/step/FileReading.hpp"
-#include "model/step/Index.hpp"
 #include "model/step/StepFile.hpp"
+#include "model/step/disk/Archive.hpp"
+#include "model/step/disk/FileReading.hpp"
+#include "model/step/editing/Changes.hpp"
+#include "model/step/index/Index.hpp"
 
 #include <filesystem>
 #include <map>

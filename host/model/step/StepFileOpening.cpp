@@ -1,7 +1,7 @@
-#include "model/step/Disk.hpp"
-#include "model/step/FileLock.hpp"
-#include "model/step/Indexer.hpp"
 #include "model/step/StepFileContent.hpp"
+#include "model/step/disk/Disk.hpp"
+#include "model/step/disk/FileLock.hpp"
+#include "model/step/reading/Indexer.hpp"
 
 #include <cstring>
 #include <new>

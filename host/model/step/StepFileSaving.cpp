@@ -1,8 +1,9 @@
-#include "model/step/Disk.hpp"
-#include "model/step/FileLock.hpp"
-#include "model/step/Pieces.hpp"
-#include "model/step/Saving.hpp"
 #include "model/step/StepFileContent.hpp"
+#include "model/step/disk/Disk.hpp"
+#include "model/step/disk/FileLock.hpp"
+#include "model/step/disk/Saving.hpp"
+#include "model/step/editing/Pieces.hpp"
+#include "model/step/syntax/Characters.hpp"
 
 #include <zip.h>
 

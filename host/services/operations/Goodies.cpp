@@ -1,6 +1,6 @@
 // Slot 78: questions about element types and places.
 
-#include "model/ifc/ElementTypes.hpp"
+#include "model/ifc/schema/ElementTypes.hpp"
 #include "services/Neigs.hpp"
 #include "services/Services.hpp"
 #include "services/Session.hpp"

@@ -1,0 +1,231 @@
+#include "model/ifc/data/ClassificationEditor.hpp"
+
+#include "model/ifc/data/ClassificationData.hpp"
+#include "model/ifc/values/Text.hpp"
+#include "model/ifc/values/ValueText.hpp"
+#include "model/step/syntax/StringDecoder.hpp"
+#include "model/step/syntax/StringEncoder.hpp"
+
+#include <algorithm>
+
+namespace model::ifc {
+
+namespace {
+
+using step::Slot;
+
+bool sameSource(const ClassificationReference& a, const ClassificationReference& b) {
+    return a.source == b.source && a.edition == b.edition && a.classificationName == b.classificationName;
+}
+
+bool sameEntry(const ClassificationReference& a, const ClassificationReference& b) {
+    return a.location == b.location && a.itemReference == b.itemReference && a.name == b.name;
+}
+
+std::string stepText(const std::optional<std::u16string>& text) {
+    return text ? step::encodeString(*text) : "$";
+}
+
+class ClassificationEditor {
+public:
+    ClassificationEditor(Workspace& workspace, Element element, const ClassificationReference& target,
+                         std::vector<std::string>& toTell)
+        : work_(workspace), edit_(workspace, element), wanted_(target), notes_(toTell) {}
+
+    Status run() {
+        if (wanted_.system.empty()) return Error{ErrorKind::BadName, "the classification system has no label"};
+        const auto own = findBy(edit_.slot());
+        if (!own.empty()) return isSettled(own.front().data) ? Status{} : changeFirst(own);
+        const Slot type = work_.typeObject(edit_.slot());
+        const auto inherited = type == step::NoSlot ? own : findBy(type);
+        return !inherited.empty() && isSettled(inherited.front().data) ? Status{} : create();
+    }
+
+private:
+    /// The object's classifications of the wanted label.
+    std::vector<AssignedClassification> findBy(Slot object);
+    bool isSettled(const ClassificationReference& held) const {
+        return sameEntry(held, wanted_) && sameSource(held, wanted_);
+    }
+
+    Status changeFirst(const std::vector<AssignedClassification>& held);
+    Status change(const AssignedClassification& held);
+    Status changeInPlace(Slot reference, const std::string& source);
+    Status create();
+
+    Status checkTexts() const;
+    Status checkReadable(Slot reference) const;
+    void fill(InstanceBuilder& reference, const std::string& source) const;
+    /// "#12", a classification that fits, made if there is none; "$" where nothing is said of it.
+    Result<std::string> source();
+    std::string relationPurpose() const { return "classification relation " + toUtf8(wanted_.system); }
+
+    Workspace& work_;
+    ElementEdit edit_;
+    const ClassificationReference& wanted_;
+    std::vector<std::string>& notes_;
+};
+
+std::vector<AssignedClassification> ClassificationEditor::findBy(Slot object) {
+    auto assigned = assignedClassifications(work_, object);
+    std::erase_if(assigned,
+                  [&](const AssignedClassification& candidate) { return candidate.data.system != wanted_.system; });
+    return assigned;
+}
+
+/// Which of several of one label is meant nobody can tell; the first in the file is taken, and it is said.
+Status ClassificationEditor::changeFirst(const std::vector<AssignedClassification>& held) {
+    Status changed = change(held.front());
+    if (changed && held.size() > 1) {
+        notes_.push_back("the element has " + std::to_string(held.size()) + " classifications " +
+                         inQuotes(wanted_.system) + "; the first one was changed");
+    }
+    return changed;
+}
+
+Status ClassificationEditor::change(const AssignedClassification& held) {
+    for (const Slot slot : {edit_.slot(), held.relation, held.reference}) {
+        if (Status editable = edit_.check(slot); !editable) return editable;
+    }
+    if (Status fits = checkTexts(); !fits) return fits;
+    if (Status readable = checkReadable(held.reference); !readable) return readable;
+    const bool isReference = work_.classes.of(held.reference).role == Role::ClassificationReference;
+    std::string newSource = held.classification == step::NoSlot ? "$" : edit_.reference(held.classification);
+    if (isReference) {
+        // Not the classification itself but the chain that leads to it.
+        step::Instance instance;
+        work_.file.read(held.reference, instance);
+        newSource = argument(instance, work_.classes.of(held.reference), Field::ReferencedSource).text;
+    }
+    if (!sameSource(held.data, wanted_)) {
+        Result<std::string> other = source();
+        if (!other) return other.error();
+        newSource = std::move(*other);
+    }
+    if (isReference && edit_.isAlone(held.relation) && edit_.isUsedOnlyBy(held.reference, held.relation)) {
+        return changeInPlace(held.reference, newSource);
+    }
+    InstanceBuilder draft = isReference ? edit_.copyOf(held.reference)
+                                        : InstanceBuilder(*work_.schema.entity("IfcClassificationReference"));
+    fill(draft, newSource);
+    const Result<Slot> added = edit_.add(draft, held.relation);
+    if (!added) return added.error();
+    return edit_.relink(held.relation, Field::Relating, held.reference, *added, relationPurpose());
+}
+
+Status ClassificationEditor::changeInPlace(Slot reference, const std::string& newSource) {
+    const std::pair<Field, std::string> texts[] = {{Field::Location, stepText(wanted_.location)},
+                                                   {Field::ItemReference, stepText(wanted_.itemReference)},
+                                                   {Field::Name, stepText(wanted_.name)},
+                                                   {Field::ReferencedSource, newSource}};
+    for (const auto& [field, text] : texts) {
+        step::Instance instance;
+        work_.file.read(reference, instance);
+        const step::Value held = argument(instance, work_.classes.of(reference), field);
+        std::u16string before, after;
+        // The same text may be written in several ways; what is equal stays as it is.
+        const bool same = held.kind == step::ValueKind::String && text.front() == '\'' &&
+                          step::decodeString(held.text, before) == step::Decoding::Exact &&
+                          step::decodeString(text, after) == step::Decoding::Exact && before == after;
+        if (same || held.text == text || held.text.empty()) continue;
+        if (Status replaced = work_.file.replaceValue(reference, held, text); !replaced) return replaced;
+    }
+    return {};
+}
+
+Status ClassificationEditor::create() {
+    if (Status editable = edit_.check(edit_.slot()); !editable) return editable;
+    if (Status fits = checkTexts(); !fits) return fits;
+    const Result<std::string> newSource = source();
+    if (!newSource) return newSource.error();
+    InstanceBuilder reference(*work_.schema.entity("IfcClassificationReference"));
+    fill(reference, *newSource);
+    const Result<Slot> added = edit_.add(reference, edit_.slot());
+    if (!added) return added.error();
+    InstanceBuilder relation = edit_.newRoot("IfcRelAssociatesClassification", relationPurpose());
+    relation.set("Name", step::encodeString(wanted_.system))
+        .set("RelatedObjects", '(' + referenceText(edit_.id()) + ')')
+        .set("RelatingClassification", edit_.reference(*added));
+    const Result<Slot> related = edit_.add(relation, edit_.slot());
+    return related ? Status{} : Status{related.error()};
+}
+
+Status ClassificationEditor::checkTexts() const {
+    const auto fits = [&](std::string_view entity, std::string_view attribute, const std::u16string& text) -> Status {
+        const Entity& cls = *work_.schema.entity(entity);
+        const int place = cls.attributeIndex(attribute);
+        if (place < 0) return {};
+        Status within = checkText(text, cls.attributes()[static_cast<std::size_t>(place)].type);
+        if (within) return within;
+        return Error{ErrorKind::BadValue, std::string(attribute) + " " + inQuotes(text) + " " + within.error().message};
+    };
+    if (Status label = fits("IfcRelAssociatesClassification", "Name", wanted_.system); !label) {
+        return Error{ErrorKind::BadName, label.error().message};
+    }
+    const auto entry = [&](std::string_view attribute, const std::optional<std::u16string>& text) {
+        return text ? fits("IfcClassificationReference", attribute, *text) : Status{};
+    };
+    for (const Status& status :
+         {entry("Location", wanted_.location), entry("ItemReference", wanted_.itemReference),
+          entry("Identification", wanted_.itemReference), entry("Name", wanted_.name),
+          fits("IfcClassification", "Source", wanted_.source), fits("IfcClassification", "Edition", wanted_.edition),
+          fits("IfcClassification", "Name", wanted_.classificationName)}) {
+        if (!status) return status;
+    }
+    return {};
+}
+
+/// A text that cannot be decoded is not overwritten blindly, nor is an instance that lacks the place for one.
+Status ClassificationEditor::checkReadable(Slot reference) const {
+    const Class& cls = work_.classes.of(reference);
+    step::Instance instance;
+    if (cls.role != Role::ClassificationReference || !work_.file.read(reference, instance)) return {};
+    for (const Field field : {Field::Location, Field::ItemReference, Field::Name, Field::ReferencedSource}) {
+        const step::Value held = argument(instance, cls, field);
+        if (held.text.empty()) {
+            return Error{ErrorKind::Refused, "the file gives " + edit_.reference(reference) + " too few attributes"};
+        }
+        std::u16string text;
+        const bool readable =
+            held.kind != step::ValueKind::String || step::decodeString(held.text, text) != step::Decoding::Undecodable;
+        if (!readable) {
+            return Error{ErrorKind::Refused, "the file holds a text that cannot be decoded, " + std::string(held.text) +
+                                                 "; mend it in the program that wrote it"};
+        }
+    }
+    return {};
+}
+
+void ClassificationEditor::fill(InstanceBuilder& reference, const std::string& newSource) const {
+    reference.set("Location", stepText(wanted_.location))
+        .set("ItemReference", stepText(wanted_.itemReference))   // IFC2X3
+        .set("Identification", stepText(wanted_.itemReference))  // later
+        .set("Name", stepText(wanted_.name))
+        .set("ReferencedSource", newSource);
+}
+
+Result<std::string> ClassificationEditor::source() {
+    if (wanted_.source.empty() && wanted_.edition.empty() && wanted_.classificationName.empty())
+        return std::string("$");
+    if (const Slot found = work_.classificationIndex.find(wanted_); found != step::NoSlot)
+        return edit_.reference(found);
+    const Entity& entity = *work_.schema.entity("IfcClassification");
+    InstanceBuilder draft(entity);
+    for (const auto& [name, text] : {std::pair{"Source", &wanted_.source}, std::pair{"Edition", &wanted_.edition},
+                                     std::pair{"Name", &wanted_.classificationName}}) {
+        const bool optional = entity.attributes()[static_cast<std::size_t>(entity.attributeIndex(name))].optional;
+        if (!text->empty() || !optional) draft.set(name, step::encodeString(*text));
+    }
+    const Result<Slot> added = edit_.add(draft, edit_.slot());
+    if (!added) return added.error();
+    return edit_.reference(*added);
+}
+
+}  // namespace
+
+Status setClassification(Workspace& work, Element element, const ClassificationReference& reference,
+                         std::vector<std::string>& notes) {
+    return ClassificationEditor(work, element, reference, notes).run();
+}
+
+}  // namespace model::ifc

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "model/ifc/data/ElementEdit.hpp"
+
+namespace model::ifc {
+
+/// Sets the classification reference that an element has under a label, or gives it one. A reference or relation that
+/// others share is split first; an IfcClassification is never changed, but one that fits is used.
+/// Refusals say value and reason; the caller adds element and item. Nothing is changed by a refused call.
+/// @param notes  Takes what the user is to be told of a change that was made.
+Status setClassification(Workspace& work, Element element, const ClassificationReference& reference,
+                         std::vector<std::string>& notes);
+
+}  // namespace model::ifc

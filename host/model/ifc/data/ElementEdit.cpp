@@ -1,0 +1,138 @@
+#include "model/ifc/data/ElementEdit.hpp"
+
+#include "model/ifc/values/InstanceScan.hpp"
+
+#include <algorithm>
+
+namespace model::ifc {
+
+using step::Slot;
+
+ElementEdit::ElementEdit(Workspace& workspace, Element edited)
+    : work_(workspace), element_(edited), own_(work_.elements.slot(edited)), ownId_(work_.file.id(own_)) {}
+
+Status ElementEdit::check(Slot slot) const {
+    const step::InstanceId id = work_.file.id(slot);
+    const std::string name = referenceText(id);
+    if (!isReadable(slot)) return Error{ErrorKind::Refused, "instance " + name + " is not well formed"};
+    if (work_.file.find(id) != slot) {
+        return Error{ErrorKind::Refused, "the file has several instances " + name + ", so none of them can be changed"};
+    }
+    return {};
+}
+
+bool ElementEdit::isReadable(Slot slot) const {
+    if (const LongRelation* relation = work_.longRelations.of(slot)) return relation->frame.has_value();
+    step::Instance instance;
+    return work_.file.read(slot, instance) && isWellFormed(instance);
+}
+
+bool ElementEdit::isAlone(Slot relation) const {
+    const LongRelation* longRelation = work_.longRelations.find(relation);
+    if (longRelation != nullptr && longRelation->namesSeveral) return false;
+    bool named = false, others = false;
+    const auto arguments = argumentBit(work_.classes.of(relation).place(Field::Related));
+    forEachReference(work_.file.text(relation), arguments, [&](unsigned, std::string_view token) {
+        (tokenId(token) == ownId_ ? named : others) = true;
+        return !others;
+    });
+    return named && !others;
+}
+
+bool ElementEdit::isUsedOnlyBy(Slot instance, Slot user) const {
+    bool only = true;
+    work_.inverseReferences.forEachUse(instance, [&](const Use& use) {
+        only = use.user == user;
+        return only;
+    });
+    return only;
+}
+
+bool ElementEdit::isOwn(Slot instance) const {
+    bool ownOnly = true;
+    work_.inverseReferences.forEachUse(instance, [&](const Use& use) {
+        const Class& cls = work_.classes.of(use.user);
+        ownOnly = cls.place(Field::Related) >= 0 && cls.place(Field::Relating) == use.argument && isAlone(use.user);
+        return ownOnly;
+    });
+    return ownOnly;
+}
+
+Result<Slot> ElementEdit::add(const InstanceBuilder& draft, Slot neighbour) {
+    return work_.file.append(draft.body(), neighbour);
+}
+
+InstanceBuilder ElementEdit::newRoot(std::string_view entityName, const std::string& purpose) {
+    const Entity& entity = *work_.schema.entity(entityName);
+    InstanceBuilder draft(entity);
+    setRoot(draft, entity, purpose);
+    return draft;
+}
+
+InstanceBuilder ElementEdit::copyOfRoot(Slot original, const std::string& purpose) {
+    const LongRelation* relation = work_.longRelations.of(original);
+    InstanceBuilder draft = relation != nullptr && relation->frame ? *relation->frame : copyOf(original);
+    setRoot(draft, *work_.classes.of(original).entity, purpose);
+    return draft;
+}
+
+InstanceBuilder ElementEdit::copyOf(Slot original) const {
+    step::Instance instance;
+    work_.file.read(original, instance);
+    return {*work_.classes.of(original).entity, instance};
+}
+
+void ElementEdit::setRoot(InstanceBuilder& draft, const Entity& entity, const std::string& purpose) {
+    draft.set("GlobalId", work_.globalIds.globalId(work_.elements.guid(element_), purpose));
+    const int place = entity.attributeIndex("OwnerHistory");
+    if (place < 0 || entity.attributes()[static_cast<std::size_t>(place)].optional) return;
+    // The element's own: who is responsible for the element is responsible for what describes it.
+    const std::string_view history = argumentText(own_, Field::OwnerHistory);
+    if (step::referenceId({step::ValueKind::Reference, history}) != 0) draft.set("OwnerHistory", std::string(history));
+}
+
+std::string_view ElementEdit::argumentText(Slot slot, Field field) const {
+    step::Instance instance;
+    if (!work_.file.read(slot, instance)) return {};
+    return argument(instance, work_.classes.of(slot), field).text;
+}
+
+std::string_view ElementEdit::attributeName(Slot slot, Field field) const {
+    const Class& cls = work_.classes.of(slot);
+    return cls.entity->attributes()[static_cast<std::size_t>(cls.place(field))].name;
+}
+
+Status ElementEdit::replaceReference(Slot instance, Field field, Slot from, Slot to) {
+    // A list may name it more than once.
+    for (;;) {
+        const std::string_view token = findReference(argumentText(instance, field), work_.file.id(from));
+        if (token.empty()) return {};
+        Status replaced = work_.file.replaceValue(instance, {step::ValueKind::Reference, token}, reference(to));
+        if (!replaced) return replaced;
+    }
+}
+
+Status ElementEdit::relink(Slot relation, Field field, Slot from, Slot to, const std::string& purpose) {
+    if (isAlone(relation)) return replaceReference(relation, field, from, to);
+    InstanceBuilder draft = copyOfRoot(relation, purpose);
+    draft.replaceReference(attributeName(relation, field), work_.file.id(from), work_.file.id(to));
+    return moveInto(draft, relation);
+}
+
+Status ElementEdit::moveInto(InstanceBuilder& draft, Slot relation) {
+    draft.set(attributeName(relation, Field::Related), '(' + referenceText(ownId_) + ')');
+    if (Status left = leave(relation); !left) return left;
+    const Result<Slot> added = add(draft, relation);
+    return added ? Status{} : Status{added.error()};
+}
+
+Status ElementEdit::leave(Slot relation) {
+    const int place = work_.classes.of(relation).place(Field::Related);
+    const Result<std::size_t> left = work_.file.removeReferences(relation, static_cast<std::size_t>(place), ownId_);
+    if (!left) return left.error();
+    work_.inverseReferences.forget(own_, relation, place);
+    if (LongRelation* longRelation = work_.longRelations.find(relation)) longRelation->namesSeveral = *left > 1;
+    return {};
+}
+
+}  // namespace model::ifc

@@ -1,0 +1,330 @@
+#include "model/ifc/data/PropertyEditor.hpp"
+
+#include "model/ifc/data/PropertyData.hpp"
+#include "model/ifc/values/PropertyValues.hpp"
+#include "model/ifc/values/Text.hpp"
+#include "model/ifc/values/ValueText.hpp"
+#include "model/step/syntax/StringEncoder.hpp"
+
+#include <algorithm>
+
+namespace model::ifc {
+
+namespace {
+
+using step::Slot;
+
+/// A property of the wanted name, and whether there is nothing to do about it: it is no single value, or has the value.
+struct FoundProperty {
+    PropertyPlace place;
+    bool settled;
+};
+
+class PropertyEditor {
+public:
+    PropertyEditor(Workspace& workspace, Element element, const Property& target, std::vector<std::string>& toTell)
+        : work_(workspace),
+          edit_(workspace, element),
+          wanted_(target),
+          notes_(toTell),
+          assigned_(assignedSets(work_, edit_.slot())) {}
+
+    Status run() {
+        work_.propertySets.trim();
+        if (Status named = checkNames(); !named) return named;
+        const std::uint64_t before = work_.file.revision();
+        Status done = set();
+        if (done && work_.file.revision() != before) noteNamesakes();
+        return done;
+    }
+
+private:
+    Status set();
+    Status checkNames() const;
+    std::optional<FoundProperty> findOwn() const;
+    std::optional<FoundProperty> findInherited() const;
+    bool matches(const PropertyView& property) const {
+        return property.set == wanted_.set && property.name == wanted_.name;
+    }
+    bool isSettled(const PropertyView& held) const {
+        return held.kind != PropertyKind::Single || wanted_.kind != PropertyKind::Single ||
+               sameContent(held, wanted_.value);
+    }
+
+    Status changeOwn(const FoundProperty& found);
+    Status overrideInherited(Slot inherited);
+    Status create();
+
+    Result<InstanceBuilder> copyWithValue(Slot property);
+    Status changeInPlace(Slot property);
+    Status putCopyInPlaceOf(const PropertyPlace& place);
+    Status addToOverride(Slot overriding, Slot property);
+    Status addProperty(const InstanceBuilder& property);
+    Status addToSet(const InstanceBuilder& property, Slot set);
+    Status addWithNewSet(const InstanceBuilder& property);
+    Status relinkSet(Slot from, Slot to);
+    Status checkSetAndRelations(Slot set) const;
+    Status checkOverrides(Slot set) const;
+    Status checkNoComplexNamesake(Slot set) const;
+
+    /// A relation that overrides properties of the set for the element; NoSlot where there is none.
+    Slot overridingRelation(Slot set) const;
+    Slot ownSetOfName();
+    void noteNamesakes();
+
+    std::string setPurpose() const { return "property set " + toUtf8(wanted_.set); }
+    std::string relationPurpose() const { return "property relation " + toUtf8(wanted_.set); }
+
+    Workspace& work_;
+    ElementEdit edit_;
+    const Property& wanted_;
+    std::vector<std::string>& notes_;
+    std::vector<AssignedSet> assigned_;
+};
+
+Status PropertyEditor::set() {
+    if (const auto own = findOwn()) return changeOwn(*own);
+    const auto inherited = findInherited();
+    if (wanted_.kind != PropertyKind::Single || (inherited && inherited->settled)) return {};
+    return inherited ? overrideInherited(inherited->place.property) : create();
+}
+
+Status PropertyEditor::checkNames() const {
+    if (wanted_.set.empty()) return Error{ErrorKind::BadName, "the property set has no name"};
+    if (wanted_.name.empty()) return Error{ErrorKind::BadName, "the property has no name"};
+    return {};
+}
+
+std::optional<FoundProperty> PropertyEditor::findOwn() const {
+    std::optional<FoundProperty> found;
+    forEachOwnProperty(work_, assigned_, [&](const PropertyView& property, const PropertyPlace& place) {
+        if (matches(property)) found = FoundProperty{place, isSettled(property)};
+        return !found;
+    });
+    return found;
+}
+
+std::optional<FoundProperty> PropertyEditor::findInherited() const {
+    std::optional<FoundProperty> found;
+    forEachTypeProperty(work_, edit_.slot(), [&](const PropertyView& property, const PropertyPlace& place) {
+        if (matches(property)) found = FoundProperty{place, isSettled(property)};
+        return !found;
+    });
+    return found;
+}
+
+Status PropertyEditor::changeOwn(const FoundProperty& found) {
+    if (found.settled) return {};
+    const PropertyPlace& place = found.place;
+    if (Status editable = edit_.check(place.property); !editable) return editable;
+    if (Status editable = checkSetAndRelations(place.set); !editable) return editable;
+    const bool overridden = place.overriding != step::NoSlot;
+    const Slot holder = overridden ? place.overriding : place.set;
+    const bool holderIsOwn = overridden ? edit_.isAlone(holder) : edit_.isOwn(holder);
+    if (holderIsOwn && edit_.isUsedOnlyBy(place.property, holder)) return changeInPlace(place.property);
+    return putCopyInPlaceOf(place);
+}
+
+Status PropertyEditor::changeInPlace(Slot property) {
+    step::Instance instance;
+    work_.file.read(property, instance);
+    const auto nominal = argument(instance, work_.classes.of(property), Field::NominalValue);
+    if (nominal.text.empty()) return Error{ErrorKind::Refused, "the file gives the property no place for a value"};
+    const Result<Replacement> change = replaceNominalValue(nominal, wanted_.value, work_.schema);
+    if (!change) return change.error();
+    return work_.file.replaceValue(property, change->part, change->text);
+}
+
+/// A copy of a property with the new value.
+Result<InstanceBuilder> PropertyEditor::copyWithValue(Slot property) {
+    step::Instance instance;
+    work_.file.read(property, instance);
+    const auto nominal = argument(instance, work_.classes.of(property), Field::NominalValue);
+    if (nominal.text.empty()) return Error{ErrorKind::Refused, "the file gives the property no place for a value"};
+    const Result<Replacement> change = replaceNominalValue(nominal, wanted_.value, work_.schema);
+    if (!change) return change.error();
+    std::string text(nominal.text);
+    const auto at = static_cast<std::size_t>(change->part.text.data() - nominal.text.data());
+    text.replace(at, change->part.text.size(), change->text);
+    InstanceBuilder draft = edit_.copyOf(property);
+    draft.set(edit_.attributeName(property, Field::NominalValue), std::move(text));
+    return draft;
+}
+
+Status PropertyEditor::putCopyInPlaceOf(const PropertyPlace& place) {
+    const Result<InstanceBuilder> draft = copyWithValue(place.property);
+    if (!draft) return draft.error();
+    const Result<Slot> copy = edit_.add(*draft, place.property);
+    if (!copy) return copy.error();
+    if (place.overriding != step::NoSlot) {
+        return edit_.relink(place.overriding, Field::Overriding, place.property, *copy, relationPurpose());
+    }
+    if (edit_.isOwn(place.set)) return edit_.replaceReference(place.set, Field::HasProperties, place.property, *copy);
+    if (const Slot overriding = overridingRelation(place.set); overriding != step::NoSlot) {
+        return addToOverride(overriding, *copy);
+    }
+    InstanceBuilder set = edit_.copyOfRoot(place.set, setPurpose());
+    set.replaceReference("HasProperties", work_.file.id(place.property), work_.file.id(*copy));
+    const Result<Slot> newSet = edit_.add(set, place.set);
+    return newSet ? relinkSet(place.set, *newSet) : Status{newSet.error()};
+}
+
+/// IFC2X3: the relation that already overrides some of a set's properties takes one more.
+Status PropertyEditor::addToOverride(Slot overriding, Slot property) {
+    if (edit_.isAlone(overriding)) return work_.addToList(overriding, Field::Overriding, property);
+    InstanceBuilder draft = edit_.copyOfRoot(overriding, relationPurpose());
+    draft.addReference("OverridingProperties", work_.file.id(property));
+    return edit_.moveInto(draft, overriding);
+}
+
+Status PropertyEditor::overrideInherited(Slot inherited) {
+    if (Status editable = edit_.check(inherited); !editable) return editable;
+    const Result<InstanceBuilder> draft = copyWithValue(inherited);
+    return draft ? addProperty(*draft) : Status{draft.error()};
+}
+
+Status PropertyEditor::create() {
+    for (const auto& [type, text] : {std::pair{"IfcLabel", &wanted_.set}, std::pair{"IfcIdentifier", &wanted_.name}}) {
+        if (Status fits = checkText(*text, work_.schema.type(type)); !fits) {
+            return Error{ErrorKind::BadName, inQuotes(*text) + " " + fits.error().message};
+        }
+    }
+    Result<std::string> value = encodeNominalValue(wanted_.value, work_.schema);
+    if (!value) return value.error();
+    InstanceBuilder draft(*work_.schema.entity("IfcPropertySingleValue"));
+    draft.set("Name", step::encodeString(wanted_.name)).set("NominalValue", std::move(*value));
+    return addProperty(draft);
+}
+
+/// Puts a new property into the element's own set of the wanted name, or into a new one.
+Status PropertyEditor::addProperty(const InstanceBuilder& property) {
+    if (Status editable = edit_.check(edit_.slot()); !editable) return editable;
+    const Slot set = ownSetOfName();
+    return set == step::NoSlot ? addWithNewSet(property) : addToSet(property, set);
+}
+
+Status PropertyEditor::addToSet(const InstanceBuilder& property, Slot set) {
+    if (Status editable = checkSetAndRelations(set); !editable) return editable;
+    if (Status free = checkNoComplexNamesake(set); !free) return free;
+    const Result<Slot> added = edit_.add(property, set);
+    if (!added) return added.error();
+    if (edit_.isOwn(set)) return work_.addToList(set, Field::HasProperties, *added);
+    InstanceBuilder copy = edit_.copyOfRoot(set, setPurpose());
+    copy.addReference("HasProperties", work_.file.id(*added));
+    const Result<Slot> newSet = edit_.add(copy, set);
+    return newSet ? relinkSet(set, *newSet) : Status{newSet.error()};
+}
+
+Status PropertyEditor::addWithNewSet(const InstanceBuilder& property) {
+    const Result<Slot> added = edit_.add(property, edit_.slot());
+    if (!added) return added.error();
+    InstanceBuilder set = edit_.newRoot("IfcPropertySet", setPurpose());
+    set.set("Name", step::encodeString(wanted_.set)).set("HasProperties", '(' + edit_.reference(*added) + ')');
+    const Result<Slot> newSet = edit_.add(set, edit_.slot());
+    if (!newSet) return newSet.error();
+    InstanceBuilder relation = edit_.newRoot("IfcRelDefinesByProperties", relationPurpose());
+    relation.set("RelatedObjects", '(' + referenceText(edit_.id()) + ')')
+        .set("RelatingPropertyDefinition", edit_.reference(*newSet));
+    const Result<Slot> related = edit_.add(relation, edit_.slot());
+    return related ? Status{} : Status{related.error()};
+}
+
+/// Lets every relation that gives the element one set give it the other.
+Status PropertyEditor::relinkSet(Slot from, Slot to) {
+    std::vector<Slot> done;
+    for (const AssignedSet& assignment : assigned_) {
+        const bool again = std::find(done.begin(), done.end(), assignment.relation) != done.end();
+        if (assignment.set != from || again) continue;
+        done.push_back(assignment.relation);
+        if (Status linked = edit_.relink(assignment.relation, Field::Relating, from, to, relationPurpose()); !linked) {
+            return linked;
+        }
+    }
+    return {};
+}
+
+/// Everything that a change of the set may touch can be changed. Asked before the first change is made, so that a
+/// refusal leaves nothing half done.
+Status PropertyEditor::checkSetAndRelations(Slot set) const {
+    if (Status editable = edit_.check(edit_.slot()); !editable) return editable;
+    if (Status editable = edit_.check(set); !editable) return editable;
+    step::Instance instance;
+    std::vector<step::Value> members;
+    work_.file.read(set, instance);
+    if (!step::splitAggregate(argument(instance, work_.classes.of(set), Field::HasProperties), members)) {
+        return Error{ErrorKind::Refused, "the properties of set " + edit_.reference(set) + " are no well-formed list"};
+    }
+    for (const AssignedSet& assignment : assigned_) {
+        if (assignment.set != set) continue;
+        if (Status editable = edit_.check(assignment.relation); !editable) return editable;
+        if (!assignment.overriding || !work_.file.read(assignment.relation, instance)) continue;
+        if (!step::splitAggregate(argument(instance, work_.classes.of(assignment.relation), Field::Overriding),
+                                  members)) {
+            return Error{ErrorKind::Refused, "the properties of relation " + edit_.reference(assignment.relation) +
+                                                 " are no well-formed list"};
+        }
+    }
+    return checkOverrides(set);
+}
+
+/// The first of several overriding relations counts. Splitting a shared one moves it behind the others, and another
+/// value would come to light.
+Status PropertyEditor::checkOverrides(Slot set) const {
+    std::size_t count = 0;
+    bool shared = false;
+    for (const AssignedSet& assignment : assigned_) {
+        if (assignment.set != set || !assignment.overriding) continue;
+        ++count;
+        shared = shared || !edit_.isAlone(assignment.relation);
+    }
+    if (count < 2 || !shared) return {};
+    return Error{ErrorKind::Refused, std::to_string(count) + " relations override properties of set " +
+                                         edit_.reference(set) + " for the element, and other elements share them"};
+}
+
+/// Property names are unique in a set, also among the complex ones, which are not listed.
+Status PropertyEditor::checkNoComplexNamesake(Slot set) const {
+    for (const Slot member : work_.forwardReferences.of(set, Field::HasProperties)) {
+        step::Instance instance;
+        const Class& cls = work_.classes.of(member);
+        if (cls.role != Role::ComplexProperty || !work_.file.read(member, instance)) continue;
+        if (stringArgument(instance, cls, Field::Name) == wanted_.name) {
+            return Error{ErrorKind::Refused, "the set has a complex property of that name, " + edit_.reference(member)};
+        }
+    }
+    return {};
+}
+
+Slot PropertyEditor::overridingRelation(Slot set) const {
+    const auto found = std::find_if(assigned_.begin(), assigned_.end(), [&](const AssignedSet& assignment) {
+        return assignment.set == set && assignment.overriding;
+    });
+    return found == assigned_.end() ? step::NoSlot : found->relation;
+}
+
+Slot PropertyEditor::ownSetOfName() {
+    const auto found = std::find_if(assigned_.begin(), assigned_.end(), [&](const AssignedSet& assignment) {
+        return work_.propertySets.of(assignment.set).name() == wanted_.set;
+    });
+    return found == assigned_.end() ? step::NoSlot : found->set;
+}
+
+/// Which of two sets of one name is meant nobody can tell; the first in the file is taken, and it is said.
+void PropertyEditor::noteNamesakes() {
+    std::vector<Slot> namesakes;
+    for (const AssignedSet& assignment : assigned_) {
+        const bool known = std::find(namesakes.begin(), namesakes.end(), assignment.set) != namesakes.end();
+        if (!known && work_.propertySets.of(assignment.set).name() == wanted_.set) namesakes.push_back(assignment.set);
+    }
+    if (namesakes.size() < 2) return;
+    notes_.push_back("the element has " + std::to_string(namesakes.size()) + " property sets " + inQuotes(wanted_.set) +
+                     "; the first one that fits was changed");
+}
+
+}  // namespace
+
+Status setProperty(Workspace& work, Element element, const Property& property, std::vector<std::string>& notes) {
+    return PropertyEditor(work, element, property, notes).run();
+}
+
+}  // namespace model::ifc

@@ -1,0 +1,164 @@
+#include "model/ifc/geometry/Placement.hpp"
+
+#include "model/step/syntax/Numbers.hpp"
+
+#include <cmath>
+
+namespace model::ifc {
+
+namespace {
+
+using step::Slot;
+
+Point scaled(const Point& p, double factor) {
+    return {p.x * factor, p.y * factor, p.z * factor};
+}
+
+Point sum(const Point& a, const Point& b) {
+    return {a.x + b.x, a.y + b.y, a.z + b.z};
+}
+
+Point cross(const Point& a, const Point& b) {
+    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
+}
+
+double dot(const Point& a, const Point& b) {
+    return a.x * b.x + a.y * b.y + a.z * b.z;
+}
+
+std::optional<Point> unit(const Point& p) {
+    const double length = std::sqrt(dot(p, p));
+    if (!(length > 1e-12) || !std::isfinite(length)) return std::nullopt;
+    return scaled(p, 1 / length);
+}
+
+/// The part of `p` at a right angle to `axis`.
+Point rejected(const Point& p, const Point& axis) {
+    return sum(p, scaled(axis, -dot(p, axis)));
+}
+
+/// Two or three numbers of an instance's first argument.
+std::optional<Point> readTriple(Workspace& work, Slot slot) {
+    step::Instance instance;
+    std::vector<step::Value> numbers;
+    if (slot == step::NoSlot || !work.file.read(slot, instance) || instance.arguments.empty()) return std::nullopt;
+    if (!step::splitAggregate(instance.arguments[0], numbers) || numbers.empty() || numbers.size() > 3) {
+        return std::nullopt;
+    }
+    std::array<double, 3> values{};
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        const auto number = step::realValue(numbers[i]);
+        if (!number) return std::nullopt;
+        values[i] = *number;
+    }
+    return Point{values[0], values[1], values[2]};
+}
+
+}  // namespace
+
+bool isOfClass(Workspace& work, Slot slot, std::string_view name) {
+    if (slot == step::NoSlot) return false;
+    const Entity* entity = work.classes.of(slot).entity;
+    return entity != nullptr && entity->isA(name);
+}
+
+Slot targetOf(Workspace& work, const step::Instance& instance, std::size_t place) {
+    if (place >= instance.arguments.size()) return step::NoSlot;
+    return work.file.find(step::referenceId(instance.arguments[place]));
+}
+
+Point Frame::turned(const Point& local) const {
+    return sum(scaled(x, local.x), sum(scaled(y, local.y), scaled(z, local.z)));
+}
+
+Point Frame::toOuter(const Point& local) const {
+    return sum(origin, turned(local));
+}
+
+Frame Frame::toOuter(const Frame& inner) const {
+    return {turned(inner.x), turned(inner.y), turned(inner.z), toOuter(inner.origin)};
+}
+
+std::optional<Point> readPoint(Workspace& work, Slot slot) {
+    return isOfClass(work, slot, "IfcCartesianPoint") ? readTriple(work, slot) : std::nullopt;
+}
+
+std::optional<Point> readDirection(Workspace& work, Slot slot) {
+    const auto ratios = isOfClass(work, slot, "IfcDirection") ? readTriple(work, slot) : std::nullopt;
+    return ratios ? unit(*ratios) : std::nullopt;
+}
+
+std::optional<Frame> readAxisPlacement(Workspace& work, Slot slot) {
+    const bool spatial = isOfClass(work, slot, "IfcAxis2Placement3D");
+    if (!spatial && !isOfClass(work, slot, "IfcAxis2Placement2D")) return std::nullopt;
+    step::Instance instance;
+    if (!work.file.read(slot, instance)) return std::nullopt;
+    const auto location = readPoint(work, targetOf(work, instance, 0));
+    if (!location) return std::nullopt;
+    Frame frame;
+    frame.origin = *location;
+    if (spatial) frame.z = readDirection(work, targetOf(work, instance, 1)).value_or(frame.z);
+    const auto reference = readDirection(work, targetOf(work, instance, spatial ? 2 : 1)).value_or(Point{1, 0, 0});
+    // Without a usable reference direction the standard takes the x axis, and the z axis where x lies along the axis.
+    auto x = unit(rejected(reference, frame.z));
+    if (!x) x = unit(rejected({1, 0, 0}, frame.z));
+    frame.x = x ? *x : *unit(rejected({0, 0, 1}, frame.z));
+    frame.y = cross(frame.z, frame.x);
+    return frame;
+}
+
+Frame inverseOf(const Frame& frame) {
+    Frame inverse;
+    inverse.x = {frame.x.x, frame.y.x, frame.z.x};
+    inverse.y = {frame.x.y, frame.y.y, frame.z.y};
+    inverse.z = {frame.x.z, frame.y.z, frame.z.z};
+    inverse.origin = scaled(inverse.turned(frame.origin), -1);
+    return inverse;
+}
+
+std::optional<Frame> readTransformation(Workspace& work, Slot slot) {
+    const bool spatial = isOfClass(work, slot, "IfcCartesianTransformationOperator3D");
+    if (!spatial && !isOfClass(work, slot, "IfcCartesianTransformationOperator2D")) return std::nullopt;
+    step::Instance instance;
+    if (!work.file.read(slot, instance)) return std::nullopt;
+    const auto origin = readPoint(work, targetOf(work, instance, 2));
+    if (!origin) return std::nullopt;
+    const auto scale = [&](std::size_t place, double otherwise) {
+        if (place >= instance.arguments.size()) return otherwise;
+        return step::realValue(instance.arguments[place]).value_or(otherwise);
+    };
+    Frame frame;
+    if (spatial) frame.z = readDirection(work, targetOf(work, instance, 4)).value_or(frame.z);
+    const auto axis1 = readDirection(work, targetOf(work, instance, 0)).value_or(Point{1, 0, 0});
+    frame.x = unit(rejected(axis1, frame.z)).value_or(frame.x);
+    frame.y = cross(frame.z, frame.x);
+    // The second axis may point the other way: then the copy is mirrored.
+    const auto axis2 = readDirection(work, targetOf(work, instance, 1));
+    if (axis2 && dot(*axis2, frame.y) < 0) frame.y = scaled(frame.y, -1);
+    const double first = scale(3, 1), second = scale(spatial ? 5 : 4, first), third = spatial ? scale(6, first) : 1;
+    return Frame{scaled(frame.x, first), scaled(frame.y, second), scaled(frame.z, third), *origin};
+}
+
+std::optional<Frame> placementOf(Workspace& work, Slot element) {
+    step::Instance instance;
+    if (!work.file.read(element, instance)) return std::nullopt;
+    Slot placement =
+        work.file.find(step::referenceId(argument(instance, work.classes.of(element), Field::ObjectPlacement)));
+    if (placement == step::NoSlot) return std::nullopt;
+    // A chain longer than any building is a circle.
+    constexpr int Longest = 256;
+    Frame frame;
+    for (int i = 0; i < Longest; ++i) {
+        if (!isOfClass(work, placement, "IfcLocalPlacement") || !work.file.read(placement, instance))
+            return std::nullopt;
+        const auto outer = readAxisPlacement(work, targetOf(work, instance, 1));
+        if (!outer) return std::nullopt;
+        frame = outer->toOuter(frame);
+        const bool relative = !instance.arguments.empty() && instance.arguments[0].kind != step::ValueKind::Unset;
+        if (!relative) return frame;
+        placement = targetOf(work, instance, 0);
+    }
+    return std::nullopt;
+}
+
+}  // namespace model::ifc

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "model/ifc/index/Workspace.hpp"
+
+namespace model::ifc {
+
+/// Where a local coordinate system lies: its axes and its origin. The axes are of length 1 and at right angles but in a
+/// transformation that scales.
+struct Frame {
+    Point x{1, 0, 0}, y{0, 1, 0}, z{0, 0, 1};
+    Point origin;
+
+    Point toOuter(const Point& local) const;
+    /// A direction: the origin does not count.
+    Point turned(const Point& local) const;
+    /// The frame `inner`, given in this one, in what this one is given in.
+    Frame toOuter(const Frame& inner) const;
+};
+
+/// The way back; of a frame with axes of length 1 at right angles.
+Frame inverseOf(const Frame& frame);
+
+/// An IfcCartesianTransformationOperator of two or three dimensions, scaled and mirrored as it says. Nothing for
+/// anything else.
+std::optional<Frame> readTransformation(Workspace& work, step::Slot slot);
+
+/// An IfcAxis2Placement3D or IfcAxis2Placement2D. Nothing for anything else.
+std::optional<Frame> readAxisPlacement(Workspace& work, step::Slot slot);
+
+/// The coordinates of an IfcCartesianPoint; two dimensions lie at z = 0.
+std::optional<Point> readPoint(Workspace& work, step::Slot slot);
+/// The unit vector of an IfcDirection. Nothing where it has no length.
+std::optional<Point> readDirection(Workspace& work, step::Slot slot);
+
+/// Whether the instance is of a class or below; false for NoSlot and unknown classes.
+bool isOfClass(Workspace& work, step::Slot slot, std::string_view name);
+/// The instance that an argument refers to; NoSlot where it refers to none.
+step::Slot targetOf(Workspace& work, const step::Instance& instance, std::size_t place);
+
+/// The element's coordinate system in the model's, up the chain of IfcLocalPlacements. Nothing where the element has
+/// none, or the chain is broken, circular, or holds another kind of placement.
+std::optional<Frame> placementOf(Workspace& work, step::Slot element);
+
+}  // namespace model::ifc

@@ -1,0 +1,41 @@
+#include "model/ifc/index/LongRelations.hpp"
+
+#include "model/ifc/values/InstanceScan.hpp"
+
+#include <algorithm>
+
+namespace model::ifc {
+
+LongRelations::LongRelations(const step::StepFile& stepFile, Classes& knownClasses)
+    : file_(stepFile), classes_(knownClasses) {}
+
+LongRelation* LongRelations::of(step::Slot slot) {
+    if (classes_.of(slot).place(Field::Related) < 0) return nullptr;
+    if (LongRelation* relation = find(slot)) return relation;
+    return file_.text(slot).size() <= ShortText ? nullptr : &known_.emplace(slot, read(slot)).first->second;
+}
+
+LongRelation* LongRelations::find(step::Slot slot) {
+    const auto found = known_.find(slot);
+    return found == known_.end() ? nullptr : &found->second;
+}
+
+LongRelation LongRelations::read(step::Slot slot) {
+    LongRelation relation;
+    const Class& cls = classes_.of(slot);
+    relation.name = leadingString(file_.text(slot), cls.place(Field::Name));
+    step::Instance instance;
+    if (!file_.read(slot, instance) || !isWellFormed(instance)) return relation;
+    std::vector<step::Value> members;
+    if (step::splitAggregate(argument(instance, cls, Field::Related), members)) {
+        relation.namesSeveral = std::any_of(members.begin(), members.end(), [&](const step::Value& member) {
+            return step::referenceId(member) != step::referenceId(members.front());
+        });
+    }
+    const auto place = static_cast<std::size_t>(cls.place(Field::Related));
+    if (place < instance.arguments.size()) instance.arguments[place].text = "()";
+    relation.frame.emplace(*cls.entity, instance);
+    return relation;
+}
+
+}  // namespace model::ifc

@@ -1,0 +1,168 @@
+#include "model/ifc/index/PropertySets.hpp"
+
+#include "model/step/syntax/StringDecoder.hpp"
+
+#include <algorithm>
+
+namespace model::ifc {
+
+std::u16string stringArgument(const step::Instance& instance, const Class& cls, Field field) {
+    std::u16string text;
+    const step::Value value = argument(instance, cls, field);
+    if (value.kind == step::ValueKind::String) step::decodeString(value.text, text);
+    return text;
+}
+
+PropertyView DecodedSet::property(std::size_t index) const {
+    const Row& row = rows_[index];
+    return {name(),        text(row.name), row.kind, false,       row.type,
+            row.primitive, row.integer,    row.real, row.boolean, text(row.string)};
+}
+
+std::size_t DecodedSet::find(std::u16string_view sought) const {
+    const auto row =
+        std::find_if(rows_.begin(), rows_.end(), [&](const Row& candidate) { return text(candidate.name) == sought; });
+    return static_cast<std::size_t>(row - rows_.begin());
+}
+
+PropertySets::PropertySets(const step::StepFile& stepFile, Classes& knownClasses, const Schema& facts)
+    : file_(stepFile),
+      classes_(knownClasses),
+      schema_(facts),
+      // A part of the file's size: reviewing a large model must not keep a decoded copy of all of it.
+      byteLimit_((std::size_t{4} << 20U) + file_.byteCount() / 8) {}
+
+const DecodedSet& PropertySets::of(step::Slot set) {
+    const auto [entry, isNew] = known_.try_emplace(set);
+    if (isNew) {
+        entry->second = decode(set);
+        knownBytes_ += entry->second.bytes();
+    }
+    return entry->second;
+}
+
+const DecodedSet& PropertySets::overriding(step::Slot property, step::Slot set) {
+    const auto [entry, isNew] = knownOverriding_.try_emplace({property, set});
+    DecodedSet& single = entry->second;
+    if (isNew) {
+        single.texts_ = of(set).name();
+        single.setName_.length = static_cast<std::uint32_t>(single.texts_.size());
+        addRow(property, single);
+        knownBytes_ += single.bytes();
+    }
+    return single;
+}
+
+void PropertySets::trim() {
+    if (knownBytes_ <= byteLimit_) return;
+    known_.clear();
+    knownOverriding_.clear();
+    knownBytes_ = 0;
+    ++trims_;
+}
+
+void PropertySets::dropSet(step::Slot set) {
+    const auto found = known_.find(set);
+    if (found == known_.end()) return;
+    knownBytes_ -= found->second.bytes();
+    known_.erase(found);
+}
+
+void PropertySets::dropOverriding(step::Slot property) {
+    const auto begin = knownOverriding_.lower_bound({property, 0});
+    auto end = begin;
+    for (; end != knownOverriding_.end() && end->first.first == property; ++end) knownBytes_ -= end->second.bytes();
+    knownOverriding_.erase(begin, end);
+}
+
+DecodedSet PropertySets::decode(step::Slot slot) {
+    DecodedSet set;
+    const Class& cls = classes_.of(slot);
+    if (cls.role != Role::PropertySet || !file_.read(slot, setInstance_)) return set;
+    set.setName_ = putText(argument(setInstance_, cls, Field::Name), set, {});
+    if (!step::splitAggregate(argument(setInstance_, cls, Field::HasProperties), members_)) return set;
+    set.rows_.reserve(members_.size());
+    for (const step::Value& member : members_) {
+        const step::Slot property = file_.find(step::referenceId(member));
+        if (property != step::NoSlot) addRow(property, set);
+    }
+    set.texts_.shrink_to_fit();
+    set.textsWhenRead_ = set.texts_.size();
+    return set;
+}
+
+void PropertySets::addRow(step::Slot property, DecodedSet& set) {
+    DecodedSet::Row row;
+    if (readRow(property, set, row)) set.rows_.push_back(row);
+}
+
+/// @param row  As it was read before; its texts are overwritten where the new ones are no longer.
+bool PropertySets::readRow(step::Slot property, DecodedSet& set, DecodedSet::Row& row) {
+    const Class& cls = classes_.of(property);
+    if (cls.role != Role::SimpleProperty || !file_.read(property, propertyInstance_)) return false;
+    row.slot = property;
+    row.kind = cls.propertyKind;
+    row.name = putText(argument(propertyInstance_, cls, Field::Name), set, row.name);
+    if (cls.propertyKind != PropertyKind::Single) return true;
+    const NominalValue value = readNominalValue(argument(propertyInstance_, cls, Field::NominalValue), schema_);
+    row.primitive = value.primitive;
+    row.integer = value.integer;
+    row.real = value.real;
+    row.boolean = value.boolean;
+    row.type = value.typeKnown ? value.type : *unknownTypes_.emplace(value.type).first;
+    row.string = value.primitive == Primitive::String ? putText(value.string, set, row.string) : DecodedSet::Part{};
+    return true;
+}
+
+DecodedSet::Part PropertySets::putText(step::Value string, DecodedSet& set, DecodedSet::Part old) {
+    if (string.kind != step::ValueKind::String) return {};
+    step::decodeString(string.text, decoded_);
+    const auto length = static_cast<std::uint32_t>(decoded_.size());
+    if (length <= old.length) {
+        set.texts_.replace(old.begin, length, decoded_);
+        return {old.begin, length};
+    }
+    const auto begin = static_cast<std::uint32_t>(set.texts_.size());
+    set.texts_ += decoded_;
+    return {begin, length};
+}
+
+void PropertySets::append(step::Slot set, step::Slot property) {
+    const auto found = known_.find(set);
+    if (found == known_.end()) return;
+    knownBytes_ -= found->second.bytes();
+    addRow(property, found->second);
+    knownBytes_ += found->second.bytes();
+}
+
+void PropertySets::beforeChange(step::Slot slot) {
+    if (known_.empty() && knownOverriding_.empty()) return;
+    const Role role = classes_.of(slot).role;
+    if (role == Role::PropertySet) dropSet(slot);
+    if (role == Role::SimpleProperty) dropOverriding(slot);
+}
+
+void PropertySets::afterChange(step::Slot slot, InverseReferences& inverseReferences) {
+    beforeChange(slot);
+    if (known_.empty() || classes_.of(slot).role != Role::SimpleProperty) return;
+    inverseReferences.forEachUse(slot, [&](const Use& use) {
+        readAgain(use.user, slot);
+        return true;
+    });
+}
+
+/// One property of a set that is known: an update file changes one after the other of a set of many.
+void PropertySets::readAgain(step::Slot slot, step::Slot property) {
+    const auto found = known_.find(slot);
+    if (found == known_.end()) return;
+    DecodedSet& set = found->second;
+    knownBytes_ -= set.bytes();
+    const bool read = std::all_of(set.rows_.begin(), set.rows_.end(), [&](DecodedSet::Row& row) {
+        return row.slot != property || readRow(property, set, row);
+    });
+    knownBytes_ += set.bytes();
+    // Texts that grew leave their old places unused.
+    if (!read || set.texts_.size() > 2 * set.textsWhenRead_ + 1000) dropSet(slot);
+}
+
+}  // namespace model::ifc

@@ -1,0 +1,101 @@
+#pragma once
+
+#include "model/ifc/index/InverseReferences.hpp"
+#include "model/ifc/schema/Classes.hpp"
+#include "model/ifc/values/PropertyValues.hpp"
+
+#include <map>
+#include <set>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace model::ifc {
+
+/// An IfcPropertySet with its properties as the host lists them: complex ones are left out. All texts stand in one
+/// buffer, since a review reads thousands of sets.
+class DecodedSet {
+public:
+    std::u16string_view name() const { return text(setName_); }
+    std::size_t size() const { return rows_.size(); }
+    /// Index of the first property of that name; size() where there is none.
+    std::size_t find(std::u16string_view name) const;
+    step::Slot slot(std::size_t index) const { return rows_[index].slot; }
+    /// Its texts are valid as long as the set lives.
+    PropertyView property(std::size_t index) const;
+
+private:
+    friend class PropertySets;
+
+    struct Part {
+        std::uint32_t begin = 0, length = 0;
+    };
+    struct Row {
+        step::Slot slot = step::NoSlot;
+        Part name, string;
+        PropertyKind kind = PropertyKind::Single;
+        Primitive primitive = Primitive::String;
+        bool boolean = false;
+        std::string_view type;
+        std::int64_t integer = 0;
+        double real = 0;
+    };
+
+    std::u16string_view text(Part part) const { return std::u16string_view(texts_).substr(part.begin, part.length); }
+    std::size_t bytes() const { return sizeof(*this) + rows_.capacity() * sizeof(Row) + 2 * texts_.capacity(); }
+
+    Part setName_;
+    std::vector<Row> rows_;
+    std::u16string texts_;
+    std::size_t textsWhenRead_ = 0;  // length of the texts when nothing of them was unused
+};
+
+/// Property sets, decoded once: the lines of an update file that concern one element stand together, and elements share
+/// sets.
+class PropertySets {
+public:
+    PropertySets(const step::StepFile& file, Classes& classes, const Schema& schema);
+
+    /// Its texts are valid until a change of the set or one of its properties, or trim().
+    const DecodedSet& of(step::Slot set);
+    /// A property that is listed with a set but not in it (an overriding one), as a set of one; of none where it is
+    /// complex or no property.
+    const DecodedSet& overriding(step::Slot property, step::Slot set);
+    /// Keeps the memory within bounds. To be called where nothing of the above is held.
+    void trim();
+    /// Grows with each trim() that dropped what was held.
+    std::uint64_t generation() const { return trims_; }
+
+    /// Of a property added to the end of a set, and no other change.
+    void append(step::Slot set, step::Slot property);
+    /// To be told of every change of the file but append().
+    void beforeChange(step::Slot slot);
+    void afterChange(step::Slot slot, InverseReferences& inverseReferences);
+
+private:
+    void dropSet(step::Slot set);
+    void dropOverriding(step::Slot property);
+    DecodedSet decode(step::Slot set);
+    void addRow(step::Slot property, DecodedSet& set);
+    bool readRow(step::Slot property, DecodedSet& set, DecodedSet::Row& row);
+    void readAgain(step::Slot set, step::Slot property);
+    DecodedSet::Part putText(step::Value string, DecodedSet& set, DecodedSet::Part old);
+
+    const step::StepFile& file_;
+    Classes& classes_;
+    const Schema& schema_;
+    std::size_t byteLimit_;
+    std::size_t knownBytes_ = 0;
+    std::uint64_t trims_ = 0;
+    std::unordered_map<step::Slot, DecodedSet> known_;
+    std::map<std::pair<step::Slot, step::Slot>, DecodedSet> knownOverriding_;  // by property and set; rare
+    std::set<std::string, std::less<>> unknownTypes_;                          // rows refer to these names
+    step::Instance setInstance_, propertyInstance_;                            // kept to save allocations
+    std::vector<step::Value> members_;
+    std::u16string decoded_;
+};
+
+/// The text of a string argument; empty for anything else.
+std::u16string stringArgument(const step::Instance& instance, const Class& cls, Field field);
+
+}  // namespace model::ifc

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "model/ifc/index/ClassificationIndex.hpp"
+#include "model/ifc/index/ElementSets.hpp"
+#include "model/ifc/index/Elements.hpp"
+#include "model/ifc/index/ForwardReferences.hpp"
+#include "model/ifc/index/GlobalIdAllocator.hpp"
+#include "model/ifc/index/InverseReferences.hpp"
+#include "model/ifc/index/LongRelations.hpp"
+
+namespace model::ifc {
+
+/// An open file with everything kept about it. Each index is made when first needed and follows every change.
+class Workspace final : private step::ChangeListener {
+public:
+    Workspace(step::StepFile& file, SchemaVersion version);
+    ~Workspace() override;
+    Workspace(const Workspace&) = delete;
+    Workspace& operator=(const Workspace&) = delete;
+
+    /// Slots of `object`'s relations of a role that name it on their many side, in file order.
+    template <class Visit>
+    void forEachRelation(step::Slot object, Role role, Visit&& visit) {
+        inverseReferences.forEachUse(object, [&](const Use& use) {
+            const Class& cls = classes.of(use.user);
+            return cls.role != role || cls.place(Field::Related) != use.argument || visit(use.user);
+        });
+    }
+
+    /// The type object of an element: of several, the first in the file. NoSlot where it has none.
+    step::Slot typeObject(step::Slot object);
+
+    /// Adds a reference to the end of a list. What is kept about the list is added to, not made anew: a set may be
+    /// given one property after the other.
+    Status addToList(step::Slot holder, Field field, step::Slot member);
+
+    step::StepFile& file;
+    const SchemaVersion version;
+    const Schema& schema;
+    Classes classes;
+    Elements elements;
+    InverseReferences inverseReferences;
+    ForwardReferences forwardReferences;
+    LongRelations longRelations;
+    PropertySets propertySets;
+    ElementSets elementSets;
+    GlobalIdAllocator globalIds;
+    ClassificationIndex classificationIndex;
+
+private:
+    void beforeChange(step::Slot slot) override;
+    void afterChange(step::Slot slot) override;
+
+    bool observing_ = true;
+};
+
+}  // namespace model::ifc

@@ -1,0 +1,71 @@
+#include "model/ifc/values/InstanceBuilder.hpp"
+
+#include "model/ifc/values/InstanceScan.hpp"
+
+namespace model::ifc {
+
+InstanceBuilder::InstanceBuilder(const Entity& cls) : entity_(cls), keyword_(cls.name()) {
+    for (char& c : keyword_) {
+        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+    }
+    for (const Attribute& attribute : entity_.attributes()) arguments_.emplace_back(attribute.derived ? "*" : "$");
+}
+
+InstanceBuilder::InstanceBuilder(const Entity& cls, const step::Instance& original)
+    : entity_(cls), keyword_(original.keyword) {
+    for (const step::Value& value : original.arguments) arguments_.emplace_back(value.text);
+}
+
+std::string* InstanceBuilder::argument(std::string_view attribute) {
+    const int place = entity_.attributeIndex(attribute);
+    return place >= 0 && static_cast<std::size_t>(place) < arguments_.size()
+               ? &arguments_[static_cast<std::size_t>(place)]
+               : nullptr;
+}
+
+InstanceBuilder& InstanceBuilder::set(std::string_view attribute, std::string stepText) {
+    if (std::string* text = argument(attribute)) *text = std::move(stepText);
+    return *this;
+}
+
+InstanceBuilder& InstanceBuilder::replaceReference(std::string_view attribute, step::InstanceId from,
+                                                   step::InstanceId to) {
+    std::string* text = argument(attribute);
+    if (text == nullptr) return *this;
+    for (auto token = findReference(*text, from); !token.empty(); token = findReference(*text, from)) {
+        text->replace(static_cast<std::size_t>(token.data() - text->data()), token.size(), referenceText(to));
+    }
+    return *this;
+}
+
+InstanceBuilder& InstanceBuilder::addReference(std::string_view attribute, step::InstanceId member) {
+    std::string* text = argument(attribute);
+    if (text == nullptr || !text->ends_with(')')) return *this;
+    const bool isEmpty = text->find('#') == std::string::npos;
+    text->insert(text->size() - 1, (isEmpty ? "" : ",") + referenceText(member));
+    return *this;
+}
+
+std::string InstanceBuilder::body() const {
+    std::string text = keyword_ + '(';
+    for (std::size_t i = 0; i < arguments_.size(); ++i) {
+        if (i > 0) text += ',';
+        text += arguments_[i];
+    }
+    return text + ')';
+}
+
+std::string referenceText(step::InstanceId id) {
+    return '#' + std::to_string(id);
+}
+
+std::string_view findReference(std::string_view argument, step::InstanceId id) {
+    std::string_view found;
+    forEachReferenceIn(argument, [&](std::string_view token) {
+        if (tokenId(token) == id) found = token;
+        return found.empty();
+    });
+    return found;
+}
+
+}  // namespace model::ifc

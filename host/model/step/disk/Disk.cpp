@@ -1,0 +1,175 @@
+#include "model/step/disk/Disk.hpp"
+
+#include "model/step/disk/FileHandle.hpp"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/uio.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace model::step {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::error_code lastError() {
+    return {errno, std::generic_category()};
+}
+std::error_code outcome(int result) {
+    return result == 0 ? std::error_code() : lastError();
+}
+
+/// ".house.ifc.1f3a9c.tmp" beside "house.ifc".
+std::string temporaryName(const fs::path& target) {
+    std::random_device random;
+    std::array<char, 16> digits{};
+    std::snprintf(digits.data(), digits.size(), "%08x", static_cast<unsigned>(random()));
+    return (target.parent_path() / ("." + target.filename().string() + "." + digits.data() + ".tmp")).string();
+}
+
+void copyExtendedAttributes(const fs::path& from, int to) {
+    const std::string path = from.string();
+    std::vector<char> names(static_cast<std::size_t>(std::max<ssize_t>(0, ::listxattr(path.c_str(), nullptr, 0))));
+    if (names.empty() || ::listxattr(path.c_str(), names.data(), names.size()) != static_cast<ssize_t>(names.size()))
+        return;
+    for (std::size_t at = 0; at < names.size(); at += std::string_view(names.data() + at).size() + 1) {
+        const char* name = names.data() + at;
+        std::vector<char> value(
+            static_cast<std::size_t>(std::max<ssize_t>(0, ::getxattr(path.c_str(), name, nullptr, 0))));
+        const ssize_t size = ::getxattr(path.c_str(), name, value.data(), value.size());
+        if (size >= 0) ::fsetxattr(to, name, value.data(), static_cast<std::size_t>(size), 0);
+    }
+}
+
+class RealTemporaryFile final : public TemporaryFile {
+public:
+    ~RealTemporaryFile() override {
+        if (!name_.empty()) ::unlink(name_.c_str());
+    }
+
+    /// Without a name where the file system can do that: then not even a crash leaves a file behind.
+    std::error_code create(const fs::path& target) {
+        const fs::path folder = target.parent_path();
+        handle_ = FileHandle(::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0666));
+        if (handle_) return {};
+        if (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL && errno != ENOENT) return lastError();
+        const std::string path = temporaryName(target);
+        handle_ = FileHandle(::open(path.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0666));
+        if (!handle_) return lastError();
+        name_ = path;
+        return {};
+    }
+
+    std::error_code write(std::span<const std::string_view> pieces) override {
+        std::vector<iovec> vectors;
+        for (const std::string_view piece : pieces)
+            vectors.push_back({const_cast<char*>(piece.data()), piece.size()});  // writev only reads
+        std::size_t done = 0;
+        while (done < vectors.size()) {
+            const int count = static_cast<int>(std::min<std::size_t>(vectors.size() - done, IOV_MAX));
+            const ssize_t written = ::writev(handle_.number(), vectors.data() + done, count);
+            if (written < 0 && errno == EINTR) continue;
+            if (written < 0) return lastError();
+            advance(vectors, done, static_cast<std::size_t>(written));
+        }
+        return {};
+    }
+
+    std::error_code takeOver(const FileState& old, const fs::path& oldPath) override {
+        struct stat mine {};
+        if (::fstat(handle_.number(), &mine) != 0) return lastError();
+        // Not everyone may give files away; the mode is set last, since a new owner takes bits of it.
+        if ((mine.st_uid != old.owner || mine.st_gid != old.group) &&
+            ::fchown(handle_.number(), old.owner, old.group) != 0)
+            (void)!::fchown(handle_.number(), static_cast<uid_t>(-1), old.group);
+        copyExtendedAttributes(oldPath, handle_.number());
+        return outcome(::fchmod(handle_.number(), old.mode & 07777U));
+    }
+
+    std::error_code sync() override { return outcome(::fsync(handle_.number())); }
+
+    std::error_code replace(const fs::path& target) override {
+        if (name_.empty()) {
+            const std::string path = temporaryName(target);
+            const std::string mine = "/proc/self/fd/" + std::to_string(handle_.number());
+            if (::linkat(AT_FDCWD, mine.c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW) != 0) return lastError();
+            name_ = path;
+        }
+        if (::rename(name_.c_str(), target.c_str()) != 0) return lastError();
+        name_.clear();
+        return {};
+    }
+
+private:
+    static void advance(std::vector<iovec>& vectors, std::size_t& done, std::size_t written) {
+        while (done < vectors.size() && written >= vectors[done].iov_len) written -= vectors[done++].iov_len;
+        if (written == 0) return;
+        vectors[done].iov_base = static_cast<char*>(vectors[done].iov_base) + written;
+        vectors[done].iov_len -= written;
+    }
+
+    FileHandle handle_;
+    std::string name_;  ///< Empty while it has none.
+};
+
+class RealDisk final : public Disk {
+public:
+    std::error_code resolve(const fs::path& path, fs::path& target) override {
+        constexpr int mostLinks = 40;
+        std::error_code error;
+        target = fs::absolute(path, error);
+        for (int i = 0; fs::is_symlink(fs::symlink_status(target, error)); ++i) {
+            if (i == mostLinks) return std::make_error_code(std::errc::too_many_symbolic_link_levels);
+            target = target.parent_path() / fs::read_symlink(target, error);
+        }
+        // One name for one file: the file need not exist, its folder may be reached by several ways.
+        const fs::path folder = fs::canonical(target.parent_path(), error);
+        if (error) return error;
+        target = folder / target.filename();
+        return {};
+    }
+
+    std::error_code state(const fs::path& path, FileState& state) override {
+        struct stat found {};
+        state = {};
+        if (::stat(path.c_str(), &found) != 0) return errno == ENOENT ? std::error_code() : lastError();
+        state = toFileState(found);
+        state.writable = ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
+        return {};
+    }
+
+    std::error_code createTemporary(const fs::path& target, std::unique_ptr<TemporaryFile>& file) override {
+        auto created = std::make_unique<RealTemporaryFile>();
+        const std::error_code error = created->create(target);
+        if (!error) file = std::move(created);
+        return error;
+    }
+
+    std::error_code syncFolder(const fs::path& folder) override {
+        const FileHandle handle(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        if (!handle) return lastError();
+        // Some network file systems cannot sync folders.
+        if (::fsync(handle.number()) != 0 && errno != EINVAL && errno != ENOTSUP) return lastError();
+        return {};
+    }
+};
+
+}  // namespace
+
+Disk& Disk::real() {
+    static RealDisk disk;
+    return disk;
+}
+
+}  // namespace model::step

@@ -1,0 +1,59 @@
+#include "model/step/editing/ReferenceRemovals.hpp"
+
+#include "model/step/editing/Splice.hpp"
+#include "model/step/syntax/Instance.hpp"
+
+#include <algorithm>
+
+namespace model::step {
+
+namespace {
+
+bool splitList(std::string_view instanceText, std::size_t argument, std::vector<Value>& elements) {
+    Instance instance;
+    return splitInstance(instanceText, instance) && !instance.complex && argument < instance.arguments.size() &&
+           splitAggregate(instance.arguments[argument], elements);
+}
+
+std::size_t find(const std::vector<InstanceId>& sorted, InstanceId id) {
+    const auto at = std::lower_bound(sorted.begin(), sorted.end(), id);
+    return static_cast<std::size_t>((at != sorted.end() && *at == id ? at : sorted.end()) - sorted.begin());
+}
+
+}  // namespace
+
+std::optional<ReferenceRemovals> ReferenceRemovals::of(std::string_view instanceText, std::size_t argument) {
+    std::vector<Value> elements;
+    if (!splitList(instanceText, argument, elements)) return std::nullopt;
+    ReferenceRemovals removals;
+    removals.place_ = argument;
+    removals.members_.reserve(elements.size());
+    for (const Value& element : elements) {
+        if (const InstanceId id = referenceId(element); id != 0) removals.members_.push_back(id);
+    }
+    std::sort(removals.members_.begin(), removals.members_.end());
+    removals.members_.erase(std::unique(removals.members_.begin(), removals.members_.end()), removals.members_.end());
+    removals.marked_.assign(removals.members_.size(), false);
+    return removals;
+}
+
+bool ReferenceRemovals::remove(InstanceId member) {
+    const std::size_t at = find(members_, member);
+    if (at == members_.size() || marked_[at]) return false;
+    marked_[at] = true;
+    ++removed_;
+    return true;
+}
+
+std::string ReferenceRemovals::applyTo(std::string_view instanceText) const {
+    std::vector<Value> elements;
+    splitList(instanceText, place_, elements);
+    std::vector<bool> gone(elements.size());
+    for (std::size_t i = 0; i < elements.size(); ++i) {
+        const std::size_t at = find(members_, referenceId(elements[i]));
+        gone[i] = at < members_.size() && marked_[at];
+    }
+    return withoutMarked(instanceText, elements, gone);
+}
+
+}  // namespace model::step

@@ -1,0 +1,94 @@
+#include "model/step/editing/Splice.hpp"
+
+#include "model/step/syntax/Instance.hpp"
+#include "model/step/syntax/Tokens.hpp"
+
+#include <algorithm>
+#include <functional>
+#include <vector>
+
+namespace model::step {
+
+namespace {
+
+Error refused(std::string message) {
+    return {ErrorKind::Refused, std::move(message)};
+}
+
+bool isPart(std::string_view part, std::string_view whole) {
+    const std::less_equal<const char*> notBehind;
+    return notBehind(whole.data(), part.data()) && notBehind(part.data() + part.size(), whole.data() + whole.size());
+}
+
+bool isSingleValue(std::string_view text) {
+    Cursor cursor(text);
+    Value value;
+    return scanValue(cursor, value) && value.kind != ValueKind::Malformed && value.text.size() == text.size();
+}
+
+/// `text` with the bytes of `part`, a view into it, replaced.
+std::string replaced(std::string_view text, std::string_view part, std::string_view with) {
+    const auto begin = static_cast<std::size_t>(part.data() - text.data());
+    std::string result;
+    result.reserve(text.size() - part.size() + with.size());
+    result.append(text.substr(0, begin)).append(with).append(text.substr(begin + part.size()));
+    return result;
+}
+
+std::string_view between(const char* begin, const char* end) {
+    return {begin, static_cast<std::size_t>(end - begin)};
+}
+
+const char* endOf(std::string_view text) {
+    return text.data() + text.size();
+}
+
+/// What stands between two elements, so that a list of one element a line stays one.
+std::string_view separatorIn(const std::vector<Value>& elements) {
+    if (elements.size() < 2) return ",";
+    const Value& last = elements[elements.size() - 1];
+    const std::string_view separator = between(endOf(elements[elements.size() - 2].text), last.text.data());
+    const bool plain = std::all_of(separator.begin(), separator.end(), [](char c) { return c == ',' || isBlank(c); });
+    return plain ? separator : ",";
+}
+
+}  // namespace
+
+Result<std::string> withValue(std::string_view text, Value value, std::string_view newText) {
+    if (value.text.empty() || !isPart(value.text, text)) return refused("the value is not one of this instance");
+    if (value.kind == ValueKind::Malformed) return refused("the value is malformed in the file");
+    if (value.kind == ValueKind::Derived) return refused("the value is derived from others");
+    if (!isSingleValue(newText)) return refused("the new value is malformed");
+    return replaced(text, value.text, newText);
+}
+
+Result<std::string> withElement(std::string_view text, Value aggregate, std::string_view element) {
+    std::vector<Value> elements;
+    if (!isPart(aggregate.text, text) || !splitAggregate(aggregate, elements))
+        return refused("the list is malformed in the file");
+    if (!isSingleValue(element)) return refused("the new element is malformed");
+    if (elements.empty()) return replaced(text, between(endOf(aggregate.text) - 1, endOf(aggregate.text) - 1), element);
+    const char* end = endOf(elements.back().text);
+    return replaced(text, between(end, end), std::string(separatorIn(elements)).append(element));
+}
+
+std::string withoutMarked(std::string_view text, const std::vector<Value>& elements, const std::vector<bool>& marked) {
+    const std::size_t first = static_cast<std::size_t>(std::find(marked.begin(), marked.end(), false) - marked.begin());
+    const char* firstKept = first < elements.size() ? elements[first].text.data() : endOf(elements.back().text);
+    std::string result(between(text.data(), elements.front().text.data()));
+    const char* copied = firstKept;
+    for (std::size_t i = first + 1; i < elements.size(); ++i) {
+        if (!marked[i]) continue;
+        result.append(between(copied, std::max(copied, endOf(elements[i - 1].text))));
+        copied = endOf(elements[i].text);
+    }
+    return result.append(between(copied, endOf(text)));
+}
+
+bool isInstanceBody(std::string_view body, std::string_view& keyword) {
+    Cursor cursor(body);
+    keyword = scanKeyword(cursor);
+    return !keyword.empty() && skipBlanks(cursor) && scanList(cursor, nullptr) && cursor.atEnd();
+}
+
+}  // namespace model::step

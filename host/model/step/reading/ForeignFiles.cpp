@@ -1,0 +1,46 @@
+#include "model/step/reading/ForeignFiles.hpp"
+
+#include <array>
+
+namespace model::step {
+
+namespace {
+
+struct Kind {
+    std::string_view start;
+    const char* description;
+};
+
+constexpr std::string_view utf16Start("I\0S\0", 4);
+constexpr std::string_view utf16BigStart("\0I\0S", 4);
+constexpr const char* utf16 =
+    "it is UTF-16 text, and an IFC file is plain ASCII; convert it, or export the model again";
+constexpr const char* xml = "it is XML, not an IFC file in clear text; export the model as .ifc";
+
+constexpr std::array kinds = {
+    Kind{"\xFF\xFE", utf16},
+    Kind{"\xFE\xFF", utf16},
+    Kind{utf16Start, utf16},
+    Kind{utf16BigStart, utf16},
+    Kind{"<?xml", xml},
+    Kind{"\xEF\xBB\xBF<", xml},
+    Kind{"<", "it is XML or HTML, not an IFC file in clear text; export the model as .ifc"},
+    Kind{"{", "it is JSON, not an IFC file in clear text; export the model as .ifc"},
+    Kind{"\x89HDF", "it is an HDF5 file, not an IFC file in clear text; export the model as .ifc"},
+    Kind{"\x1F\x8B", "it is packed with gzip; unpack it first"},
+    Kind{"7z\xBC\xAF", "it is packed with 7-Zip; unpack it first"},
+    Kind{"Rar!", "it is packed with RAR; unpack it first"},
+};
+
+}  // namespace
+
+std::string describeForeignFile(std::string_view bytes) {
+    if (bytes.empty()) return "the file is empty; export the model again";
+    for (const Kind& kind : kinds)
+        if (bytes.starts_with(kind.start)) return kind.description;
+    if (bytes.find_first_not_of('\0') == std::string_view::npos)
+        return "the file holds nothing but zero bytes; copying it was probably interrupted, so fetch it again";
+    return "it does not begin with ISO-10303-21, so it is no IFC file in clear text; export the model as .ifc";
+}
+
+}  // namespace model::step

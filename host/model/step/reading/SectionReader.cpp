@@ -1,0 +1,326 @@
+#include "model/step/reading/SectionReader.hpp"
+
+#include "model/step/reading/ForeignFiles.hpp"
+#include "model/step/reading/Resync.hpp"
+#include "model/step/reading/Sweep.hpp"
+#include "model/step/syntax/Instance.hpp"
+#include "model/step/syntax/StringDecoder.hpp"
+
+#include <unicode/unistr.h>
+
+#include <algorithm>
+#include <limits>
+
+namespace model::step {
+
+namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view magic = "ISO-10303-21";
+constexpr std::string_view fileEnd = "END-ISO-10303-21";
+
+std::string toUtf8(const std::u16string& text) {
+    std::string utf8;
+    icu::UnicodeString(false, text.data(), static_cast<int32_t>(text.size())).toUTF8String(utf8);
+    return utf8;
+}
+
+bool startsIgnoringCase(std::string_view text, std::string_view start) {
+    return equalIgnoringCase(text.substr(0, start.size()), start);
+}
+
+constexpr std::ptrdiff_t stretch = std::ptrdiff_t{16} << 20U;  ///< Swept between two reports of progress.
+
+}  // namespace
+
+SectionReader::SectionReader(Index& target, const Progress& function)
+    : index_(target), progress_(function), cursor_(target.bytes) {}
+
+Status SectionReader::run() {
+    if (!readMagic()) return Error{ErrorKind::CannotRead, describeForeignFile(index_.bytes)};
+    while (readPart()) {
+    }
+    if (cancelled_) return Error{ErrorKind::CannotRead, "opening was cancelled"};
+    return {};
+}
+
+bool SectionReader::readMagic() {
+    if (index_.bytes.starts_with(byteOrderMark)) cursor_.at += byteOrderMark.size();
+    if (!skipBlanks(cursor_) || !equalIgnoringCase(word(), magic)) return false;
+    if (!passSemicolon()) remark(cursor_.at, "the semicolon behind ISO-10303-21 is missing");
+    return true;
+}
+
+bool SectionReader::readPart() {
+    if (cancelled_) return false;
+    if (!skipBlanks(cursor_)) {
+        remark(cursor_.at, std::string(cursor_.problem) + "; nothing behind it is used");
+        return false;
+    }
+    const char* at = cursor_.at;
+    const std::string_view name = word();
+    if (ended_ && !equalIgnoringCase(name, "SIGNATURE")) {
+        cursor_.at = at;
+        readRestOfFile();
+        return false;
+    }
+    if (name.empty() && onlyZerosLeft()) {
+        endTruncated("END-ISO-10303-21 is missing");
+        return false;
+    }
+    if (!readSection(name)) {
+        cursor_.at = at;
+        passToSemicolon("unexpected text outside the sections");
+    }
+    return true;
+}
+
+bool SectionReader::readSection(std::string_view name) {
+    if (equalIgnoringCase(name, "HEADER")) {
+        readHeader();
+    } else if (equalIgnoringCase(name, "DATA")) {
+        readData();
+    } else if ((equalIgnoringCase(name, "ANCHOR") || equalIgnoringCase(name, "REFERENCE")) && passSemicolon()) {
+        readLinks(name);
+    } else if (equalIgnoringCase(name, "SIGNATURE")) {
+        readSignature();
+    } else if (equalIgnoringCase(name, fileEnd)) {
+        if (!passSemicolon()) remark(cursor_.at, "the semicolon behind END-ISO-10303-21 is missing");
+        ended_ = true;
+    } else {
+        return false;
+    }
+    return true;
+}
+
+void SectionReader::readHeader() {
+    if (!passSemicolon()) remark(cursor_.at, "the semicolon behind HEADER is missing");
+    while (skipBlanks(cursor_) && !cursor_.atEnd()) {
+        const char* at = cursor_.at;
+        const std::string_view name = word();
+        if (equalIgnoringCase(name, "ENDSEC")) {
+            if (!passSemicolon()) remark(at, "the semicolon behind ENDSEC is missing");
+            return;
+        }
+        if (equalIgnoringCase(name, "DATA") || equalIgnoringCase(name, fileEnd)) {
+            cursor_.at = at;
+            remark(at, "ENDSEC of the header is missing");
+            return;
+        }
+        cursor_.at = at;
+        readHeaderEntry(scanKeyword(cursor_));
+    }
+}
+
+void SectionReader::readHeaderEntry(std::string_view keyword) {
+    const char* begin = cursor_.at - keyword.size();
+    std::vector<Value> arguments;
+    if (keyword.empty() || !skipBlanks(cursor_) || !scanList(cursor_, &arguments) || !passSemicolon()) {
+        cursor_.at = begin;
+        passToSemicolon("a malformed entry of the header");
+        return;
+    }
+    if (!equalIgnoringCase(keyword, "FILE_SCHEMA") || arguments.empty()) return;
+    std::vector<Value> names;
+    splitAggregate(arguments[0], names);
+    for (const Value& name : names) {
+        std::u16string text;
+        decodeString(name.text, text);
+        index_.schemaNames.push_back(toUtf8(text));
+    }
+}
+
+void SectionReader::readLinks(std::string_view keyword) {
+    const char* begin = cursor_.at;
+    while (skipBlanks(cursor_) && !cursor_.atEnd()) {
+        const std::string_view name = word();
+        if (equalIgnoringCase(name, "ENDSEC")) {
+            passSemicolon();
+            index_.linkSections.push_back({offset(begin), offset(cursor_.at)});
+            return;
+        }
+        if (name.empty()) skipLinkToken();
+    }
+    index_.linkSections.push_back({offset(begin), index_.bytes.size()});
+    endTruncated("ENDSEC of the section " + toUpperCase(keyword) + " is missing");
+}
+
+void SectionReader::skipLinkToken() {
+    // URIs and strings may hold any of the characters that mean something elsewhere, but here no line ends: a quote or
+    // a bracket without its counterpart must not swallow the section's end.
+    const char closing = cursor_.sees('<') ? '>' : cursor_.sees('\'') ? '\'' : '\0';
+    const char* at = ++cursor_.at;
+    if (closing == '\0') return;
+    while (!cursor_.atEnd() && !isLineEnd(*cursor_.at) && !cursor_.sees(closing)) ++cursor_.at;
+    cursor_.at = cursor_.sees(closing) ? cursor_.at + 1 : at;
+}
+
+void SectionReader::readSignature() {
+    // Base-64 text, which has no tokens.
+    index_.signedFile = true;
+    const char* begin = cursor_.at;
+    for (; !cursor_.atEnd(); ++cursor_.at) {
+        if (!startsIgnoringCase({cursor_.at, static_cast<std::size_t>(cursor_.end - cursor_.at)}, "ENDSEC")) continue;
+        cursor_.at += 6;
+        if (passSemicolon()) return;
+    }
+    remark(begin, "ENDSEC of the section SIGNATURE is missing");
+}
+
+void SectionReader::readRestOfFile() {
+    const std::string_view left(cursor_.at, static_cast<std::size_t>(cursor_.end - cursor_.at));
+    if (left.empty()) return;
+    const bool padding = left.find_first_not_of('\0') == std::string_view::npos;
+    remark(cursor_.at, std::to_string(left.size()) + (padding ? " zero bytes" : " bytes") +
+                           " behind the end of the file; they are kept as they are");
+    cursor_.at = cursor_.end;
+}
+
+void SectionReader::passMalformed(const char* begin, const std::string& what) {
+    remark(begin, what);
+    malformed_ = true;
+    cursor_.problem = nullptr;
+    cursor_.at = nextStatement(begin, cursor_.end);
+}
+
+void SectionReader::passToSemicolon(const std::string& what) {
+    remark(cursor_.at, what);
+    cursor_.problem = nullptr;
+    const std::size_t found = index_.bytes.find(';', offset(cursor_.at));
+    cursor_.at = found == std::string_view::npos ? cursor_.end : index_.bytes.data() + found + 1;
+}
+
+void SectionReader::endTruncated(const std::string& what) {
+    ended_ = true;
+    cursor_.at = cursor_.end;
+    const bool padded = index_.bytes.ends_with('\0');
+    remark(cursor_.end, "the file is not complete: " + what +
+                            (padded ? "; it ends in zero bytes, so writing or copying it was probably interrupted"
+                                    : "; writing or copying it was probably interrupted"));
+}
+
+std::string_view SectionReader::word() {
+    const char* begin = cursor_.at;
+    if (cursor_.atEnd() || !isLetter(*begin)) return {};
+    while (!cursor_.atEnd() && (isKeywordCharacter(*cursor_.at) || cursor_.sees('-'))) ++cursor_.at;
+    return {begin, static_cast<std::size_t>(cursor_.at - begin)};
+}
+
+bool SectionReader::passSemicolon() {
+    const char* at = cursor_.at;
+    if (skipBlanks(cursor_) && cursor_.sees(';')) {
+        ++cursor_.at;
+        return true;
+    }
+    cursor_.at = at;
+    cursor_.problem = nullptr;
+    return false;
+}
+
+bool SectionReader::reportProgress() {
+    // Reading the bytes was the first half.
+    if (!progress_.report((index_.bytes.size() + offset(cursor_.at)) / 2, index_.bytes.size())) cancelled_ = true;
+    return !cancelled_;
+}
+
+// --- DATA sections ---
+
+void SectionReader::readData() {
+    section_ = {offset(cursor_.at), offset(cursor_.at), offset(cursor_.at)};
+    const char* begin = cursor_.at;
+    const bool listed = skipBlanks(cursor_) && (!cursor_.sees('(') || scanList(cursor_, nullptr));
+    if (!listed || !passSemicolon()) passMalformed(begin, "the beginning of the section DATA is malformed");
+    noteSound();
+    while (reportProgress()) {
+        const char* limit = cursor_.at + std::min(stretch, cursor_.end - cursor_.at);
+        const char* swept = sweep(cursor_.at, limit, index_);
+        const bool moved = swept != cursor_.at;
+        cursor_.at = swept;
+        if (moved) noteSound();
+        if (limit == cursor_.end || limit - swept > stretch / 2) {
+            if (!readStatement()) return;
+        }
+    }
+}
+
+bool SectionReader::readStatement() {
+    const char* begin = cursor_.at;
+    if (!skipBlanks(cursor_)) {
+        while (isBlank(*begin)) ++begin;
+        passMalformed(begin, cursor_.problem);
+        return true;
+    }
+    if (onlyZerosLeft()) {
+        section_.end = index_.bytes.size();
+        index_.sections.push_back(section_);
+        endTruncated("ENDSEC and END-ISO-10303-21 are missing");
+        return false;
+    }
+    if (cursor_.sees('#')) {
+        readInstance();
+    } else if (isLetter(*cursor_.at)) {
+        return readWordInData();
+    } else if (cursor_.sees(';')) {
+        ++cursor_.at;
+        noteSound();
+    } else {
+        passMalformed(cursor_.at, "unexpected text between the instances");
+    }
+    return true;
+}
+
+bool SectionReader::readWordInData() {
+    const char* at = cursor_.at;
+    const std::string_view name = word();
+    if (equalIgnoringCase(name, "ENDSEC")) {
+        if (!passSemicolon()) remark(at, "the semicolon behind ENDSEC is missing");
+        return closeData(at);
+    }
+    if (equalIgnoringCase(name, "END-ISO-10303-21") || equalIgnoringCase(name, "DATA")) {
+        remark(at, "ENDSEC is missing");
+        cursor_.at = at;
+        return closeData(at);
+    }
+    passMalformed(at, "unexpected text between the instances");
+    return true;
+}
+
+bool SectionReader::closeData(const char* at) {
+    section_.end = offset(at);
+    const char* line = at;
+    while (line != index_.bytes.data() && (line[-1] == ' ' || line[-1] == '\t')) --line;
+    const bool firstOnLine = line != index_.bytes.data() && isLineEnd(line[-1]);
+    // Behind malformed text another reader may not see new instances.
+    if (!malformed_) section_.insertAt = offset(firstOnLine ? line : at);
+    index_.sections.push_back(section_);
+    return false;
+}
+
+void SectionReader::readInstance() {
+    const char* begin = cursor_.at;
+    InstanceHead head;
+    if (!scanInstance(cursor_, head, nullptr)) {
+        const std::string name = head.id == 0 ? "an instance" : "the instance #" + std::to_string(head.id);
+        passMalformed(begin, name + " is malformed: " + cursor_.problem + "; it is kept as it is and not used");
+        return;
+    }
+    if (cursor_.at - begin > std::numeric_limits<std::uint32_t>::max()) {
+        remark(begin, "the instance #" + std::to_string(head.id) + " is longer than 4 GB; it is kept and not used");
+        return;
+    }
+    const KeywordCode code = head.complex ? NoKeyword : index_.keywords.intern(head.keyword);
+    index_.add(head.id, code, begin, cursor_.at);
+    noteSound();
+}
+
+void SectionReader::noteSound() {
+    malformed_ = false;
+    const char* at = cursor_.at;
+    while (at != cursor_.end && (*at == ' ' || *at == '\t')) ++at;
+    if (at != cursor_.end && *at == '\r') ++at;
+    if (at != cursor_.end && *at == '\n') ++at;
+    section_.end = offset(at);
+    section_.insertAt = offset(at);
+}
+
+}  // namespace model::step

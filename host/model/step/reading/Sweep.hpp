@@ -1,0 +1,12 @@
+#pragma once
+
+#include "model/step/index/Index.hpp"
+
+namespace model::step {
+
+/// Indexes instances of the usual form, 64 bytes at a time, as far as `limit`.
+/// @return the end of the last instance indexed. What follows may be the limit, or the end of the section, or anything
+///         that wants a closer look: a comment, a line break in a string, something malformed.
+const char* sweep(const char* from, const char* limit, Index& index);
+
+}  // namespace model::step

@@ -1,0 +1,56 @@
+#pragma once
+// Walking over the tokens of the clear-text encoding. Used both for single instances (StepSyntax.hpp) and, over the
+// whole file, wherever the index has to look closely.
+
+#include "model/step/syntax/Characters.hpp"
+#include "model/step/syntax/Value.hpp"
+
+#include <string_view>
+#include <vector>
+
+namespace model::step {
+
+/// A place in a text and the first thing found wrong there. Every function below that returns false has said what.
+struct Cursor {
+    const char* at;
+    const char* end;
+    const char* problem = nullptr;
+
+    explicit Cursor(std::string_view text) : at(text.data()), end(text.data() + text.size()) {}
+    bool atEnd() const { return at == end; }
+    bool sees(char c) const { return at != end && *at == c; }
+    bool fail(const char* what) {
+        problem = what;
+        return false;
+    }
+
+    /// The end of the comment last looked up and where the search began: a broken file can make the same far-away end
+    /// the answer for each of its lines, and looking it up anew each time would take quadratic time.
+    const char* commentSearchedFrom = nullptr;
+    const char* commentEnd = nullptr;
+};
+
+/// Passes blanks, comments and the print directives \N\ and \F\.
+bool skipBlanks(Cursor& cursor);
+/// Passes the string that begins here. Its end is told by apostrophes alone, whatever code page its bytes are in.
+bool skipString(Cursor& cursor);
+/// Passes "( ... )" without looking at what the elements are.
+bool skipGroup(Cursor& cursor);
+/// The value that begins here. Where it is no value, the bytes up to the next comma or parenthesis as Malformed.
+/// @return false where not even its end can be told.
+bool scanValue(Cursor& cursor, Value& value);
+/// "( a, b )" as its elements. @param elements  may be null.
+bool scanList(Cursor& cursor, std::vector<Value>* elements);
+/// Letters, digits and underscores, behind an optional '!'; empty where there are none.
+std::string_view scanKeyword(Cursor& cursor);
+/// "#12". 0 where it is none, with the problem told.
+InstanceId scanId(Cursor& cursor);
+/// A whole instance, semicolon included. @param arguments  may be null.
+struct InstanceHead {
+    InstanceId id = 0;
+    std::string_view keyword;
+    bool complex = false;
+};
+bool scanInstance(Cursor& cursor, InstanceHead& head, std::vector<Value>* arguments);
+
+}  // namespace model::step
