@@ -1,4 +1,5 @@
 #include "HelperAddOn.hpp"
+#include "support/Places.hpp"
 
 #include <dlfcn.h>
 
@@ -9,7 +10,7 @@
 namespace testing_support {
 
 std::filesystem::path helperBundle() {
-    return std::filesystem::path(BINARY_DIR) / "helperaddon.bundle";
+    return testing_support::builtFile("helperaddon.bundle");
 }
 
 static const Helpers* helpersOf(void* getHelpers) {

@@ -5,6 +5,7 @@
 // it, steps.jsonl.
 
 #include "ConsoleTest.hpp"
+#include "support/Places.hpp"
 
 #include <cstdio>
 #include <fstream>
@@ -24,7 +25,7 @@ struct Page {
 
 Page read(const std::string& file) {
     Page page;
-    std::istringstream text(testing_support::bytesOf(PROJECT_DIR "/docs/" + file));
+    std::istringstream text(testing_support::bytesOf(testing_support::projectFile("docs") / file));
     std::string fence;
     for (std::string line; std::getline(text, line);) {
         if (line.starts_with("```"))
@@ -43,14 +44,14 @@ class Documentation : public ConsoleTest, public testing::WithParamInterface<con
 protected:
     Documentation() {
         for (const char* sample : {"house.ifc", "updates.txt"})
-            std::filesystem::copy_file(std::string(PROJECT_DIR "/samples/") + sample, folder_.path() / sample,
+            std::filesystem::copy_file(testing_support::projectFile("samples") / sample, folder_.path() / sample,
                                        std::filesystem::copy_options::overwrite_existing);
     }
 
     std::string outputOf(const std::string& command) {
         write("command.sh", "cd '" + folder_.path().string() +
-                                "'\nexport COLUMNS=110 LANG=C PATH=" BINARY_DIR ":$PATH\n{ " + command +
-                                "\n} 2> messages > output\ncat messages output\n");
+                                "'\nexport COLUMNS=110 LANG=C PATH=" + testing_support::builtFile("").string() +
+                                ":$PATH\n{ " + command + "\n} 2> messages > output\ncat messages output\n");
         std::FILE* pipe = popen(("sh '" + (folder_.path() / "command.sh").string() + "'").c_str(), "r");
         std::string text;
         char block[4096];

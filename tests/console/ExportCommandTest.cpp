@@ -1,6 +1,7 @@
 // modelhost export: what it writes comes back from the import as "the same".
 
 #include "ConsoleTest.hpp"
+#include "support/Places.hpp"
 
 #include <sys/stat.h>
 
@@ -207,12 +208,10 @@ TEST_F(ExportRoundTrip, ClassificationsWithoutNameOrWithBracesComeBack) {
     EXPECT_THAT(column(json({"import", "house.ifc", "updates.txt"})["review"], 7), ElementsAre(Same, Same));
 }
 
-class ExportOfModel : public ConsoleTest, public testing::WithParamInterface<const char*> {};
+class ExportOfModel : public ConsoleTest, public testing::WithParamInterface<std::string> {};
 
 TEST_P(ExportOfModel, ComesBackAsTheSameFromEveryElement) {
-    const std::string path =
-        std::string(GetParam()).starts_with("samples") ? PROJECT_DIR "/"s + GetParam() : MODELS_DIR "/"s + GetParam();
-    if (!std::filesystem::exists(path)) GTEST_SKIP() << path << " is not there";
+    const std::string path = GetParam();
     const Outcome exported = run({"export", path, "--items",
                                   "Name,Tag,ObjectType,IsExternal,Reference,LoadBearing,FireRating,"
                                   "UniFormat Classification,Uniclass",
@@ -225,9 +224,13 @@ TEST_P(ExportOfModel, ComesBackAsTheSameFromEveryElement) {
     for (const std::string& remark : column(document["review"], 7)) ASSERT_EQ(remark, Same);
 }
 
-INSTANTIATE_TEST_SUITE_P(Models, ExportOfModel,
-                         testing::Values("samples/house.ifc", "duplex-architecture.ifc", "fzk-haus.ifc",
-                                         "railway-signal.ifc"));
+std::vector<std::string> models() {
+    auto models = testing_support::realModels();
+    models.insert(models.begin(), testing_support::projectFile("samples/house.ifc").string());
+    return models;
+}
+
+INSTANTIATE_TEST_SUITE_P(Models, ExportOfModel, testing::ValuesIn(models()));
 
 }  // namespace
 }  // namespace console_tests

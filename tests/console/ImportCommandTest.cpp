@@ -1,6 +1,7 @@
 // modelhost import: review, ticking, applying, saving, and the three formats.
 
 #include "ConsoleTest.hpp"
+#include "support/Places.hpp"
 
 namespace console_tests {
 namespace {
@@ -278,7 +279,7 @@ TEST_P(ImportOfSchema, Works) {
 INSTANTIATE_TEST_SUITE_P(Schemas, ImportOfSchema, testing::Values("IFC2X3", "IFC4", "IFC4X3"));
 
 TEST_F(ImportCommand, EveryErrorOfTheSampleIsExplained) {
-    const std::string samples = PROJECT_DIR "/samples/";
+    const std::string samples = testing_support::projectFile("samples/").string();
     const Json document =
         json({"import", samples + "house.ifc", samples + "updates.txt", "--apply", "-o", "out.ifc"}, 2);
     EXPECT_GT(document["summary"]["done"], 0);

@@ -1,5 +1,6 @@
 #include "ModelHostRun.hpp"
 
+#include "support/Places.hpp"
 #include "support/TempFolder.hpp"
 
 #include <fcntl.h>
@@ -72,7 +73,7 @@ void ModelHostRun::become(const std::vector<std::string>& arguments) const {
     if (unprivileged_ && (setgid(nobody) != 0 || setuid(nobody) != 0)) _exit(CouldNotStart);
     for (const char* variable : {"COLUMNS", "NO_COLOR"}) unsetenv(variable);
     for (const auto& [name, value] : variables_) setenv(name.c_str(), value.c_str(), 1);
-    const std::string program = BINARY_DIR "/modelhost";
+    const std::string program = testing_support::builtFile("modelhost").string();
     std::vector<char*> words{const_cast<char*>(program.c_str())};
     for (const std::string& argument : arguments) words.push_back(const_cast<char*>(argument.c_str()));
     words.push_back(nullptr);

@@ -2,6 +2,7 @@
 // before its new version replaces the old one.
 
 #include "ConsoleTest.hpp"
+#include "support/Places.hpp"
 
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -71,10 +72,11 @@ using Clock = std::chrono::steady_clock;
 /// @return how long it worked.
 Clock::duration runAndKill(const std::filesystem::path& folder, Clock::duration after) {
     const Clock::time_point begin = Clock::now();
+    const std::string program = testing_support::builtFile("modelhost").string();
     const pid_t process = ::fork();
     if (process == 0) {
         if (::chdir(folder.c_str()) != 0 || std::freopen("/dev/null", "w", stdout) == nullptr) ::_exit(1);
-        ::execl(BINARY_DIR "/modelhost", "modelhost", "import", "house.ifc", "updates.txt", "--tick", "all", "--apply",
+        ::execl(program.c_str(), "modelhost", "import", "house.ifc", "updates.txt", "--tick", "all", "--apply",
                 "--in-place", static_cast<char*>(nullptr));
         ::_exit(1);
     }

@@ -3,6 +3,7 @@
 #include "Display.hpp"
 #include "desktop/Text.hpp"
 #include "desktop/window/FileMenu.hpp"
+#include "support/Places.hpp"
 
 #include <QFileDialog>
 #include <QLineEdit>
@@ -75,12 +76,12 @@ void Desk::start(const std::filesystem::path& bundle) {
     main_->show();
     main_->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(main_.get()));
-    const auto real = std::filesystem::path(BINARY_DIR) / "ZUNACAddin19.bundle";
+    const auto real = testing_support::builtFile("ZUNACAddin19.bundle");
     ASSERT_TRUE(main_->loadAddOn(bundle.empty() ? real : bundle));
 }
 
 void Desk::openSample() {
-    model_ = folder_.write("house.ifc", bytesOf(std::filesystem::path(PROJECT_DIR) / "samples" / "house.ifc"));
+    model_ = folder_.write("house.ifc", bytesOf(testing_support::projectFile("samples/house.ifc")));
     openFile(model_);
 }
 

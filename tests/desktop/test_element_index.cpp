@@ -2,6 +2,7 @@
 
 #include "Desk.hpp"
 #include "desktop/elements/ElementIndex.hpp"
+#include "support/Places.hpp"
 
 namespace desktop_tests {
 
@@ -25,7 +26,7 @@ TEST(NaturalOrder, EqualTextsAreNotLess) {
 class Elements : public ::testing::Test {
 protected:
     void SetUp() override {
-        auto read = model::Model::open(std::string(PROJECT_DIR) + "/samples/house.ifc");
+        auto read = model::Model::open(testing_support::projectFile("samples/house.ifc"));
         ASSERT_TRUE(read) << read.error().message;
         model_ = std::move(*read);
         index_ = std::make_unique<desktop::ElementIndex>(*model_);

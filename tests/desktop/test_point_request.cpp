@@ -5,6 +5,7 @@
 #include "HostTable.hpp"
 #include "desktop/Text.hpp"
 #include "desktop/plan/PlanPanel.hpp"
+#include "support/Places.hpp"
 
 #include <dlfcn.h>
 #include <QLabel>
@@ -19,7 +20,7 @@ const QString wall = QStringLiteral("4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9");
 /// A function that the probe's image exports.
 template <class Function>
 Function* exported(const char* name) {
-    const std::string image = GALLERY_DIR "/Probe.bundle/Contents/Linux/Probe";
+    const std::string image = testing_support::galleryAddOn("Probe.bundle/Contents/Linux/Probe").string();
     void* handle = dlopen(image.c_str(), RTLD_NOW | RTLD_NOLOAD);
     EXPECT_NE(handle, nullptr) << "the probe is not loaded";
     auto* function = reinterpret_cast<Function*>(dlsym(handle, name));
@@ -34,7 +35,7 @@ protected:
     void SetUp() override {
         Desk::SetUp();
         if (IsSkipped()) return;
-        start(GALLERY_DIR "/Probe.bundle");
+        start(testing_support::galleryAddOn("Probe.bundle"));
         openSample();
         window().plan().showElement(window().document().model()->find(*desktop::guidFromText(wall)));
         EXPECT_SOON(view().complete());

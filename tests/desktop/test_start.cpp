@@ -1,6 +1,7 @@
 // How the program starts, as a process of its own.
 
 #include "desktop/CommandLine.hpp"
+#include "support/Places.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -21,7 +22,7 @@ Outcome run(const QStringList& arguments, const QStringList& environment = {}) {
     QProcessEnvironment variables;
     for (const QString& line : environment) variables.insert(line.section(u'=', 0, 0), line.section(u'=', 1));
     program.setProcessEnvironment(variables);
-    program.start(QStringLiteral(BINARY_DIR "/modelhost-desktop"), arguments);
+    program.start(QString::fromStdString(testing_support::builtFile("modelhost-desktop").string()), arguments);
     EXPECT_TRUE(program.waitForFinished(30000)) << "it is still running";
     EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
     return {program.exitCode(), program.readAllStandardOutput().toStdString(),

@@ -4,6 +4,7 @@
 #include "desktop/Text.hpp"
 #include "desktop/window/FileMenu.hpp"
 #include "desktop/window/ReadOnlyBar.hpp"
+#include "support/Places.hpp"
 
 #include <QFileDialog>
 #include <QLineEdit>
@@ -26,7 +27,7 @@ protected:
     void SetUp() override {
         Desk::SetUp();
         if (IsSkipped()) return;
-        model_ = folder_.write("house.ifc", bytesOf(std::filesystem::path(PROJECT_DIR) / "samples" / "house.ifc"));
+        model_ = folder_.write("house.ifc", bytesOf(testing_support::projectFile("samples/house.ifc")));
         before_ = bytesOf(model_);
     }
     void TearDown() override {
@@ -35,7 +36,7 @@ protected:
     }
     /// A modelhost that has the model open, waiting for steps.
     void openElsewhere() {
-        other_.start(QStringLiteral(BINARY_DIR "/modelhost"),
+        other_.start(QString::fromStdString(testing_support::builtFile("modelhost").string()),
                      {QStringLiteral("script"), desktop::pathText(model_), QStringLiteral("-")});
         other_.write("{\"menus\":true}\n");
         ASSERT_TRUE(other_.waitForReadyRead());

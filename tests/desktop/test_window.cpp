@@ -9,6 +9,7 @@
 #include "desktop/window/FileMenu.hpp"
 #include "desktop/window/HelpMenu.hpp"
 #include "desktop/window/RecentFiles.hpp"
+#include "support/Places.hpp"
 
 #include <QAccessible>
 #include <QClipboard>
@@ -183,7 +184,7 @@ TEST_F(Window, CancelledOpeningLeavesTheModelThatWasOpen) {
 }
 
 TEST_F(Window, CrashInADialogsHandlerEndsTheDialogAndNotTheProgram) {
-    start(GALLERY_DIR "/CrashesInDialogHandler.bundle");
+    start(testing_support::galleryAddOn("CrashesInDialogHandler.bundle"));
     openSample();
     const auto text = answer(QStringLiteral("alertMessage"), QMessageBox::Ok);
     const auto menu = window().menuBar()->actions().at(3);
@@ -197,7 +198,7 @@ TEST_F(Window, CrashInADialogsHandlerEndsTheDialogAndNotTheProgram) {
 }
 
 TEST_F(Window, DroppedFileOpens) {
-    const auto path = folder_.write("dropped.ifc", bytesOf(std::string(PROJECT_DIR) + "/samples/house.ifc"));
+    const auto path = folder_.write("dropped.ifc", bytesOf(testing_support::projectFile("samples/house.ifc")));
     drop(desktop::pathText(path));
     EXPECT_SOON(window().document().path() == desktop::pathText(path));
 }
@@ -337,7 +338,8 @@ TEST_F(Window, HelpOpensTheFolderThatHoldsTheAddOn) {
         return true;
     };
     menuItem(QStringLiteral("Help"), QStringLiteral("Add-On Help"))->trigger();
-    EXPECT_EQ(QDir(opened).canonicalPath(), QDir(QStringLiteral(BINARY_DIR)).canonicalPath());
+    EXPECT_EQ(QDir(opened).canonicalPath(),
+              QDir(QString::fromStdString(testing_support::builtFile("").string())).canonicalPath());
 }
 
 TEST_F(Window, AboutNamesTheAddOn) {

@@ -1,6 +1,7 @@
 // The seeds of the fuzzers, and what they found once, as plain tests.
 
 #include "fuzz/Checks.hpp"
+#include "support/Places.hpp"
 #include "support/TempFolder.hpp"
 
 #include <gtest/gtest.h>
@@ -13,7 +14,7 @@ namespace fs = std::filesystem;
 
 int checkAll(const char* folder, void (*check)(std::string_view)) {
     int count = 0;
-    for (const auto& entry : fs::directory_iterator(fs::path(PROJECT_DIR) / "tests/fuzz/seeds" / folder)) {
+    for (const auto& entry : fs::directory_iterator(testing_support::projectFile("tests/fuzz/seeds") / folder)) {
         EXPECT_NO_THROW(check(testing_support::bytesOf(entry.path()))) << entry.path();
         ++count;
     }

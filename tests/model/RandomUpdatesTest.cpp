@@ -4,6 +4,7 @@
 #include "RandomModel.hpp"
 
 #include "model/ifc/schema/Schema.hpp"
+#include "support/Places.hpp"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
@@ -332,10 +333,9 @@ RC_GTEST_PROP(RandomUpdates, OfACommandThatFailsAreRolledBack, ()) {
 
 /// The real models, and the sample of this project.
 std::vector<std::filesystem::path> wholeModels() {
-    std::vector<std::filesystem::path> paths = {std::filesystem::path(PROJECT_DIR) / "samples/house.ifc"};
-    if (!std::filesystem::exists(MODELS_DIR)) return paths;
-    for (const auto& entry : std::filesystem::directory_iterator(MODELS_DIR))
-        if (entry.path().extension() == ".ifc") paths.push_back(entry.path());
+    std::vector<std::filesystem::path> paths = {testing_support::projectFile("samples/house.ifc")};
+    const auto real = testing_support::realModels();
+    paths.insert(paths.end(), real.begin(), real.end());
     return paths;
 }
 

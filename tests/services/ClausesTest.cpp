@@ -1,5 +1,6 @@
 // The clauses of docs/host-interface.md and the suites that prove them.
 
+#include "support/Places.hpp"
 #include "support/TempFolder.hpp"
 
 #include <gtest/gtest.h>
@@ -15,7 +16,7 @@ namespace {
 /// A clause is a list item that begins with its name: "- **Name.** text".
 std::set<std::string> clausesOfThePage() {
     const std::string begin = "- **";
-    std::istringstream page(bytesOf(std::filesystem::path(PROJECT_DIR) / "docs" / "host-interface.md"));
+    std::istringstream page(bytesOf(testing_support::projectFile("docs/host-interface.md")));
     std::set<std::string> names;
     for (std::string line; std::getline(page, line);) {
         const std::size_t end = line.find(".**");

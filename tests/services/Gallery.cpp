@@ -1,6 +1,7 @@
 #include "Gallery.hpp"
 
 #include "Guid.hpp"
+#include "support/Places.hpp"
 
 namespace testing_support {
 
@@ -17,7 +18,7 @@ IfcText houseWithWall(const std::string& schema) {
 }
 
 std::filesystem::path Gallery::bundle(const std::string& name) {
-    return std::filesystem::path(GALLERY_DIR) / (name + ".bundle");
+    return testing_support::galleryAddOn(name + ".bundle");
 }
 
 std::string Gallery::loadFailure(const std::filesystem::path& path) {

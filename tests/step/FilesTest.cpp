@@ -1,6 +1,7 @@
 // Opening and saving files of the real file system.
 
 #include "step/StepText.hpp"
+#include "support/Places.hpp"
 #include "support/TempFolder.hpp"
 
 #include <sys/resource.h>
@@ -363,7 +364,7 @@ TEST_P(RealModel, WithManyEditsIsUndoneToTheByte) {
 }
 
 GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(RealModel);
-INSTANTIATE_TEST_SUITE_P(Samples, RealModel, ::testing::ValuesIn(realModels()), [](const auto& row) {
+INSTANTIATE_TEST_SUITE_P(Samples, RealModel, ::testing::ValuesIn(testing_support::realModels()), [](const auto& row) {
     std::string name = fs::path(row.param).stem().string();
     std::erase_if(name, [](char c) { return c == '-' || c == '_' || c == '.'; });
     return name;

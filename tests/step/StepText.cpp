@@ -83,12 +83,4 @@ Result<Slot> Editing::append(std::string_view body, InstanceId neighbour) {
     return command([&] { return file->append(body, file->find(neighbour)); });
 }
 
-std::vector<std::string> realModels() {
-    std::vector<std::string> paths;
-    std::error_code absent;
-    for (const auto& entry : std::filesystem::directory_iterator(MODELS_DIR, absent))
-        if (entry.path().extension() == ".ifc") paths.push_back(entry.path().string());
-    return paths;
-}
-
 }  // namespace step_tests

@@ -51,7 +51,4 @@ private:
 /// The data of `bytes`: what fileOf was given.
 std::string dataOf(const std::string& bytes);
 
-/// Every file of the folder of real models; empty where that is absent.
-std::vector<std::string> realModels();
-
 }  // namespace step_tests

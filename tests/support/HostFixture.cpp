@@ -1,4 +1,5 @@
 #include "support/HostFixture.hpp"
+#include "support/Places.hpp"
 
 #include <cstdlib>
 
@@ -20,7 +21,7 @@ namespace {
 }  // namespace
 
 std::filesystem::path realBundle() {
-    return std::filesystem::path(BINARY_DIR) / "ZUNACAddin19.bundle";
+    return builtFile("ZUNACAddin19.bundle");
 }
 
 DebugCapture::DebugCapture() {
