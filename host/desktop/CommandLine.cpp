@@ -4,7 +4,7 @@
 
 namespace desktop {
 
-const char* const usage =
+const char* const Usage =
     "Usage: modelhost-desktop [MODEL.ifc] [--addon BUNDLE]\n"
     "\n"
     "Shows an IFC model in a window and runs an add-on on it.\n"

@@ -15,7 +15,7 @@ struct CommandLine {
 };
 
 CommandLine readCommandLine(const std::vector<std::string>& arguments);
-extern const char* const usage;
+extern const char* const Usage;
 
 /// Whether there is a display to draw on, as far as the environment tells. Asked before Qt is, which ends the process
 /// by a signal where there is none.

@@ -2,7 +2,7 @@
 
 #include "desktop/Application.hpp"
 #include "desktop/CommandLine.hpp"
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 #include "desktop/window/MainWindow.hpp"
 
 #include <QTimer>
@@ -15,7 +15,7 @@ int main(int argc, char** argv) {
         return 1;
     }
     if (line.help || line.version) {
-        std::fputs(line.help ? desktop::usage : "modelhost-desktop " DESKTOP_VERSION "\n", stdout);
+        std::fputs(line.help ? desktop::Usage : "modelhost-desktop " DESKTOP_VERSION "\n", stdout);
         return 0;
     }
     if (!desktop::haveDisplay()) {

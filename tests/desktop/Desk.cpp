@@ -1,7 +1,7 @@
 #include "Desk.hpp"
 
 #include "Display.hpp"
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 #include "desktop/window/FileMenu.hpp"
 #include "support/Places.hpp"
 
@@ -16,7 +16,7 @@ namespace desktop_tests {
 
 namespace {
 
-constexpr int patienceMs = 15000;
+constexpr int PatienceMs = 15000;
 
 QWidget* findWindow(const QString& name) {
     for (QWidget* widget : QApplication::topLevelWidgets()) {
@@ -67,17 +67,17 @@ void Desk::SetUp() {
 }
 
 void Desk::TearDown() {
-    main_.reset();
+    window_.reset();
 }
 
 void Desk::start(const std::filesystem::path& bundle) {
-    main_.reset();
-    main_ = std::make_unique<desktop::MainWindow>();
-    main_->show();
-    main_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(main_.get()));
+    window_.reset();
+    window_ = std::make_unique<desktop::MainWindow>();
+    window_->show();
+    window_->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
     const auto real = testing_support::builtFile("ZUNACAddin19.bundle");
-    ASSERT_TRUE(main_->loadAddOn(bundle.empty() ? real : bundle));
+    ASSERT_TRUE(window_->loadAddOn(bundle.empty() ? real : bundle));
 }
 
 void Desk::openSample() {
@@ -86,12 +86,12 @@ void Desk::openSample() {
 }
 
 void Desk::openFile(const std::filesystem::path& path) {
-    ASSERT_TRUE(main_->openFile(desktop::pathText(path)));
+    ASSERT_TRUE(window_->openFile(desktop::pathText(path)));
     QCoreApplication::processEvents();
 }
 
 QAction* Desk::menuItem(const QString& menu, const QString& item) {
-    for (QAction* title : main_->menuBar()->actions()) {
+    for (QAction* title : window_->menuBar()->actions()) {
         if (title->text().remove(u'&') != menu) continue;
         Q_EMIT title->menu()->aboutToShow();
         for (QAction* action : title->menu()->actions()) {
@@ -102,9 +102,9 @@ QAction* Desk::menuItem(const QString& menu, const QString& item) {
 }
 
 void Desk::pick(const QString& menu, const QString& item) {
-    for (QAction* title : main_->menuBar()->actions()) {
+    for (QAction* title : window_->menuBar()->actions()) {
         if (title->text().remove(u'&') != menu) continue;
-        clickAt(*main_->menuBar(), main_->menuBar()->actionGeometry(title).center());
+        clickAt(*window_->menuBar(), window_->menuBar()->actionGeometry(title).center());
         ASSERT_TRUE(QTest::qWaitForWindowExposed(title->menu()));
         for (QAction* action : title->menu()->actions()) {
             if (!action->text().remove(u'&').startsWith(item)) continue;
@@ -126,7 +126,7 @@ void Desk::reviewFile(const std::filesystem::path& file, const std::function<voi
     whenShown<QFileDialog>(QStringLiteral("addOnFileDialog"), [=, this](QFileDialog& dialog) {
         whenShown<desktop::AddOnDialog>(QStringLiteral("dialog32501"), [user](desktop::AddOnDialog& review) {
             user(review);
-            if (review.isVisible()) clickItem(review, closeItem);
+            if (review.isVisible()) clickItem(review, CloseItem);
         });
         auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
         ASSERT_NE(name, nullptr);
@@ -140,7 +140,7 @@ void Desk::reviewFile(const std::filesystem::path& file, const std::function<voi
 void Desk::lookUp(const std::function<void(desktop::AddOnDialog&)>& user) {
     whenShown<desktop::AddOnDialog>(QStringLiteral("dialog32500"), [user](desktop::AddOnDialog& dialog) {
         user(dialog);
-        if (dialog.isVisible()) clickItem(dialog, closeItem);
+        if (dialog.isVisible()) clickItem(dialog, CloseItem);
     });
     pick(QStringLiteral("Quillmarsh"), QStringLiteral("Look Up"));
 }
@@ -155,7 +155,7 @@ std::shared_ptr<QString> Desk::answer(const QString& name, QMessageBox::Standard
 }
 
 void Desk::whenWindow(const QString& name, std::function<void(QWidget&)> act) {
-    QTimer::singleShot(0, qApp, [=] { waitFor(name, act, patienceMs); });
+    QTimer::singleShot(0, qApp, [=] { waitFor(name, act, PatienceMs); });
 }
 
 void clickAt(QWidget& widget, const QPoint& place, Qt::KeyboardModifiers modifiers) {

@@ -30,9 +30,9 @@
 namespace desktop_tests {
 
 inline constexpr Int16 addOnMenu = 32500;
-inline constexpr Int32 importMenuItem = 1, lookupMenuItem = 2;
-inline constexpr Int16 applyItem = 1, closeItem = 2, selectAllItem = 3, deselectAllItem = 4, reviewList = 5;
-inline constexpr Int16 lookupItem = 1, guidField = 3, lookupList = 4;
+inline constexpr Int32 ImportMenuItem = 1, LookupMenuItem = 2;
+inline constexpr Int16 ApplyItem = 1, CloseItem = 2, SelectAllItem = 3, DeselectAllItem = 4, ReviewList = 5;
+inline constexpr Int16 LookupItem = 1, GuidField = 3, LookupList = 4;
 
 class Desk : public ::testing::Test {
 protected:
@@ -42,7 +42,7 @@ protected:
     // --- The program ---
     /// A new window with an add-on; without a bundle the real one.
     void start(const std::filesystem::path& bundle = {});
-    desktop::MainWindow& window() { return *main_; }
+    desktop::MainWindow& window() { return *window_; }
     /// Opens a copy of the sample in a folder of the test's own.
     void openSample();
     void openFile(const std::filesystem::path& path);
@@ -73,7 +73,7 @@ protected:
 
     testing_support::TempFolder folder_;
     std::filesystem::path model_;
-    std::unique_ptr<desktop::MainWindow> main_;
+    std::unique_ptr<desktop::MainWindow> window_;
 
 private:
     void whenWindow(const QString& name, std::function<void(QWidget&)> act);
@@ -86,13 +86,13 @@ void click(QWidget& widget);
 void press(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers = {});
 void type(QWidget& window, const QString& text);
 
-desktop::RowListView& listOf(desktop::AddOnDialog& dialog, Int16 item = reviewList);
+desktop::RowListView& listOf(desktop::AddOnDialog& dialog, Int16 item = ReviewList);
 void clickItem(desktop::AddOnDialog& dialog, Int16 item);
 /// Clicks in the middle of a cell; row and column from 1.
-void clickCell(desktop::AddOnDialog& dialog, int row, int column, Int16 item = reviewList);
+void clickCell(desktop::AddOnDialog& dialog, int row, int column, Int16 item = ReviewList);
 /// What the window shows in a cell; row and column from 1.
-QString cell(desktop::AddOnDialog& dialog, int row, int column, Int16 item = reviewList);
-QColor cellColor(desktop::AddOnDialog& dialog, int row, int column, Int16 item = reviewList);
-int rowCount(desktop::AddOnDialog& dialog, Int16 item = reviewList);
+QString cell(desktop::AddOnDialog& dialog, int row, int column, Int16 item = ReviewList);
+QColor cellColor(desktop::AddOnDialog& dialog, int row, int column, Int16 item = ReviewList);
+int rowCount(desktop::AddOnDialog& dialog, Int16 item = ReviewList);
 
 }  // namespace desktop_tests

@@ -1,9 +1,9 @@
 #include "desktop/dialogs/AddOnDialog.hpp"
 
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 #include "desktop/WaitCursor.hpp"
-#include "desktop/dialogs/HintBar.hpp"
 #include "desktop/dialogs/RowListView.hpp"
+#include "desktop/dialogs/UpdateHints.hpp"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -31,22 +31,26 @@ QString withoutShortcut(QString text) {
 }  // namespace
 
 AddOnDialog::AddOnDialog(frontend::Dialog& shown, QWidget* parent)
-    : QDialog(parent), dialog_(shown), canvas_(new QWidget(this)), banner_(new QLabel(this)), bar_(new HintBar(this)) {
+    : QDialog(parent),
+      dialog_(shown),
+      canvas_(new QWidget(this)),
+      notice_(new QLabel(this)),
+      hintBar_(new HintBar(this)) {
     setObjectName(QStringLiteral("dialog%1").arg(dialog_.resourceId()));
     setWindowTitle(toQString(dialog_.title()));
     setAccessibleName(windowTitle());
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setSizeGripEnabled(dialog_.growable());
 
-    banner_->setObjectName(QStringLiteral("notice"));
-    banner_->setAccessibleName(QStringLiteral("Notice"));
-    banner_->setTextFormat(Qt::PlainText);
-    banner_->setWordWrap(true);
-    banner_->setMargin(8);
-    banner_->setAutoFillBackground(true);
-    banner_->setBackgroundRole(QPalette::ToolTipBase);
-    banner_->setForegroundRole(QPalette::ToolTipText);
-    banner_->hide();
+    notice_->setObjectName(QStringLiteral("notice"));
+    notice_->setAccessibleName(QStringLiteral("Notice"));
+    notice_->setTextFormat(Qt::PlainText);
+    notice_->setWordWrap(true);
+    notice_->setMargin(8);
+    notice_->setAutoFillBackground(true);
+    notice_->setBackgroundRole(QPalette::ToolTipBase);
+    notice_->setForegroundRole(QPalette::ToolTipText);
+    notice_->hide();
 
     makeItems();
     orderTabs();
@@ -83,14 +87,11 @@ void AddOnDialog::noteChange() {
     QTimer::singleShot(0, this, &AddOnDialog::takeChanges);
 }
 
-/// Brings one action to the handler. An action that comes while one is under way (the handler may show a message or
-/// ask for a point, and events go on meanwhile) is dropped: the host delivers one message at a time.
+/// Brings one action to the handler. The dialog manager drops an action that comes while another is under way: the
+/// handler may show a message or ask for a point, and events go on meanwhile.
 template <class Action>
 void AddOnDialog::deliver(Action action) {
-    if (delivering_ || dialog_.ended()) return;
-    delivering_ = true;
     action();
-    delivering_ = false;
     noteChange();
     if (dialog_.ended()) loop_.quit();
 }
@@ -184,7 +185,6 @@ void AddOnDialog::chooseFocus() {
 
 void AddOnDialog::takeChanges() {
     changePending_ = false;
-    if (delivering_) return;  // taken when the message is through
     showRowsLost();
     placeItems();
     takeTexts();
@@ -197,7 +197,7 @@ void AddOnDialog::takeChanges() {
 }
 
 void AddOnDialog::placeItems() {
-    canvas_->setGeometry(0, bannerHeight(), width(), height() - frameHeight());
+    canvas_->setGeometry(0, noticeHeight(), width(), height() - frameHeight());
     for (const frontend::Item& item : dialog_.items()) widgets_[item.number]->setGeometry(toQRect(item.rect));
 }
 
@@ -216,22 +216,22 @@ void AddOnDialog::showRowsLost() {
     for (const frontend::Item& item : dialog_.items()) {
         if (item.list) lost += item.list->rowsLost();
     }
-    if (lost == 0 || !banner_->isHidden()) return;
-    banner_->setText(QStringLiteral("The list is full: %1 more %2 not shown, since a list holds at most %3 rows. Split "
+    if (lost == 0 || !notice_->isHidden()) return;
+    notice_->setText(QStringLiteral("The list is full: %1 more %2 not shown, since a list holds at most %3 rows. Split "
                                     "the file and import its parts one after the other.")
                          .arg(number(static_cast<qint64>(lost)),
                               lost == 1 ? QStringLiteral("row is") : QStringLiteral("rows are"),
                               number(DG_LIST_MAX_ROWS)));
-    banner_->show();
+    notice_->show();
     setSize();
 }
 
-int AddOnDialog::bannerHeight() const {
-    return banner_->isHidden() ? 0 : banner_->heightForWidth(std::max(width(), dialog_.width()));
+int AddOnDialog::noticeHeight() const {
+    return notice_->isHidden() ? 0 : notice_->heightForWidth(std::max(width(), dialog_.width()));
 }
 
 void AddOnDialog::setSize() {
-    const int extra = (banner_->isHidden() ? 0 : banner_->heightForWidth(dialog_.minimumWidth())) + hintHeight();
+    const int extra = (notice_->isHidden() ? 0 : notice_->heightForWidth(dialog_.minimumWidth())) + hintBarHeight();
     if (dialog_.growable()) {
         setMinimumSize(dialog_.minimumWidth(), dialog_.minimumHeight() + extra);
         const QSize size = wantedSize(extra);
@@ -245,15 +245,15 @@ void AddOnDialog::setSize() {
 }
 
 void AddOnDialog::placeFrame() {
-    banner_->setGeometry(0, 0, width(), bannerHeight());
-    bar_->setGeometry(0, height() - hintHeight(), width(), hintHeight());
+    notice_->setGeometry(0, 0, width(), noticeHeight());
+    hintBar_->setGeometry(0, height() - hintBarHeight(), width(), hintBarHeight());
 }
 
 void AddOnDialog::showHints(const QString& file, const QStringList& hints) {
     if (hints.isEmpty()) return;
-    bar_->setHints(file, hints);
-    bar_->show();
-    connect(bar_, &HintBar::folded, this, [this] {
+    hintBar_->setHints(file, hints);
+    hintBar_->show();
+    connect(hintBar_, &HintBar::folded, this, [this] {
         setSize();
         placeItems();
     });
@@ -261,8 +261,8 @@ void AddOnDialog::showHints(const QString& file, const QStringList& hints) {
     placeItems();
 }
 
-int AddOnDialog::hintHeight() const {
-    return bar_->isHidden() ? 0 : bar_->sizeHint().height();
+int AddOnDialog::hintBarHeight() const {
+    return hintBar_->isHidden() ? 0 : hintBar_->sizeHint().height();
 }
 
 /// The size that the user gave this dialog the last time, as far as the screen has room for it; else the add-on's.

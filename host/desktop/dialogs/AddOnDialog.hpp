@@ -35,10 +35,10 @@ public:
     const frontend::Dialog& content() const { return dialog_; }
     QWidget* itemWidget(Int16 number) const;
     RowListView* list(Int16 number) const;
-    QLabel* notice() const { return banner_; }
+    QLabel* notice() const { return notice_; }
     /// Shows what the user should know of the file that the dialog is about; to be said before it runs.
     void showHints(const QString& file, const QStringList& hints);
-    HintBar* hintBar() const { return bar_; }
+    HintBar* hintBar() const { return hintBar_; }
 
     /// Escape and the close box.
     void reject() override;
@@ -65,10 +65,10 @@ private:
     void placeItems();
     void takeTexts();
     void showRowsLost();
-    int bannerHeight() const;
-    int hintHeight() const;
+    int noticeHeight() const;
+    int hintBarHeight() const;
     /// What the window has above and below the add-on's items.
-    int frameHeight() const { return bannerHeight() + hintHeight(); }
+    int frameHeight() const { return noticeHeight() + hintBarHeight(); }
     void placeFrame();
     void setSize();
     void followSize();
@@ -77,11 +77,10 @@ private:
 
     frontend::Dialog& dialog_;
     QWidget* canvas_;
-    QLabel* banner_;
-    HintBar* bar_;
+    QLabel* notice_;
+    HintBar* hintBar_;
     std::map<Int16, QWidget*> widgets_;
     QEventLoop loop_;
-    bool delivering_ = false;
     bool changePending_ = false;
     bool ready_ = false;  ///< Sizes set before the window shows are no wish of the user's.
 };

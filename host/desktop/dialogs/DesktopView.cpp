@@ -1,6 +1,6 @@
 #include "desktop/dialogs/DesktopView.hpp"
 
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 #include "desktop/WaitCursor.hpp"
 #include "desktop/dialogs/AddOnDialog.hpp"
 
@@ -13,7 +13,7 @@ namespace desktop {
 
 namespace {
 
-const QString folderKey = QStringLiteral("folders/addOnFiles");
+const QString FolderKey = QStringLiteral("folders/addOnFiles");
 
 /// One entry of a file dialog for each kind of file, in the order of the request. Last, every file: the add-on may be
 /// handed any, so the user may pick any.
@@ -30,11 +30,11 @@ QStringList nameFilters(const frontend::FileRequest& request) {
 
 }  // namespace
 
-DesktopView::DesktopView(QWidget* shownOver, QWidget* keepFree)
-    : window_(shownOver), free_(keepFree), before_(frontend::setView(this)) {}
+DesktopView::DesktopView(QWidget* window, QWidget* keepFree)
+    : window_(window), keepFree_(keepFree), previous_(frontend::setView(this)) {}
 
 DesktopView::~DesktopView() {
-    frontend::setView(before_);
+    frontend::setView(previous_);
 }
 
 void DesktopView::runModal(frontend::Dialog& dialog) {
@@ -54,7 +54,7 @@ void DesktopView::place(AddOnDialog& dialog) const {
     const QMargins frame(window_->geometry().left() - window_->frameGeometry().left(),
                          window_->geometry().top() - window_->frameGeometry().top(), 0, 0);
     constexpr int gap = 12;
-    QPoint place = dialog.keptPlace().value_or(QPoint(free_->mapToGlobal(QPoint(0, 0)).x() - dialog.width() - gap,
+    QPoint place = dialog.keptPlace().value_or(QPoint(keepFree_->mapToGlobal(QPoint(0, 0)).x() - dialog.width() - gap,
                                                       window_->frameGeometry().bottom() - dialog.height() - gap));
     const auto within = [](int wanted, int least, int most) { return std::max(least, std::min(wanted, most)); };
     place.setX(within(place.x(), room.left(), room.right() - dialog.width()));
@@ -72,10 +72,10 @@ std::optional<std::string> DesktopView::pickFile(const frontend::FileRequest& re
     if (request.currentFilter < static_cast<std::size_t>(filters.size())) {
         dialog.selectNameFilter(filters[static_cast<qsizetype>(request.currentFilter)]);
     }
-    const QString folder = QSettings().value(folderKey).toString();
+    const QString folder = QSettings().value(FolderKey).toString();
     if (!folder.isEmpty()) dialog.setDirectory(folder);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-    QSettings().setValue(folderKey, dialog.directory().absolutePath());
+    QSettings().setValue(FolderKey, dialog.directory().absolutePath());
     picked_ = toPath(dialog.selectedFiles().constFirst()).string();
     return picked_;
 }

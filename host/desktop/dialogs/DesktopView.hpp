@@ -37,9 +37,9 @@ Q_SIGNALS:
 private:
     void place(AddOnDialog& dialog) const;
 
-    QWidget *window_, *free_;
+    QWidget *window_, *keepFree_;
     std::map<frontend::Dialog*, AddOnDialog*> open_;
-    frontend::View* before_;
+    frontend::View* previous_;
     std::optional<std::string> picked_;
 };
 

@@ -1,6 +1,6 @@
 #include "desktop/dialogs/RowListModel.hpp"
 
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 
 namespace desktop {
 
@@ -23,13 +23,13 @@ QString onOneLine(QString text) {
 
 RowListModel::RowListModel(const frontend::List& list, QObject* parent)
     : QAbstractTableModel(parent),
-      rows_(list),
+      list_(list),
       shownRows_(list.rowCount()),
       shownColumns_(static_cast<int>(list.tabFields().size())) {}
 
 void RowListModel::refresh() {
-    const int nowRows = rows_.rowCount();
-    const int nowColumns = static_cast<int>(rows_.tabFields().size());
+    const int nowRows = list_.rowCount();
+    const int nowColumns = static_cast<int>(list_.tabFields().size());
     if (nowColumns != shownColumns_ || nowRows < shownRows_) {
         beginResetModel();
         shownRows_ = nowRows;
@@ -47,7 +47,7 @@ void RowListModel::refresh() {
 }
 
 QString RowListModel::cellText(int row, int column) const {
-    return toQString(rows_.cell(counted1(row), counted1(column)));
+    return toQString(list_.cell(counted1(row), counted1(column)));
 }
 
 int RowListModel::rowCount(const QModelIndex& parent) const {
@@ -66,17 +66,17 @@ QVariant RowListModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant RowListModel::foreground(int row) const {
-    if (const auto color = rows_.color(counted1(row))) {
+    if (const auto color = list_.color(counted1(row))) {
         return QColor::fromRgba64(color->red, color->green, color->blue);
     }
-    if (rows_.status(counted1(row)) != DG_IS_ENABLE) return disabled_;
+    if (list_.status(counted1(row)) != DG_IS_ENABLE) return disabled_;
     return {};
 }
 
 QVariant RowListModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal) return {};
     if (role == Qt::TextAlignmentRole) return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
-    const auto& header = rows_.header();
+    const auto& header = list_.header();
     if (role != Qt::DisplayRole || section < 0 || static_cast<std::size_t>(section) >= header.size()) return {};
     return toQString(header[static_cast<std::size_t>(section)].text);
 }

@@ -20,7 +20,7 @@ public:
     /// Used for rows that are not enabled and bear no colour of their own.
     void setDisabledColor(const QColor& color) { disabled_ = color; }
 
-    const frontend::List& list() const { return rows_; }
+    const frontend::List& list() const { return list_; }
     /// The cell as the add-on set it.
     QString cellText(int row, int column) const;
 
@@ -32,7 +32,7 @@ public:
 private:
     QVariant foreground(int row) const;
 
-    const frontend::List& rows_;
+    const frontend::List& list_;
     int shownRows_ = 0, shownColumns_ = 0;
     QColor disabled_;
 };

@@ -1,6 +1,6 @@
 #include "desktop/dialogs/RowListView.hpp"
 
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 
 #include <QApplication>
 #include <QClipboard>
@@ -18,7 +18,7 @@ namespace desktop {
 namespace {
 
 /// Letters typed within this time belong to one search.
-constexpr qint64 searchPauseMs = 1200;
+constexpr qint64 SearchPauseMs = 1200;
 
 /// Grey, but still to be read: what a style gives disabled controls is hardly that, and these rows have reasons in
 /// them.
@@ -171,7 +171,7 @@ void RowListView::keyboardSearch(const QString& typed) {
         searched_.clear();
         return;
     }
-    const bool goesOn = sinceSearch_.isValid() && sinceSearch_.elapsed() < searchPauseMs;
+    const bool goesOn = sinceSearch_.isValid() && sinceSearch_.elapsed() < SearchPauseMs;
     const QString before = goesOn ? searched_ : QString();
     // One key pressed again and again goes from match to match.
     const bool again = !before.isEmpty() && before == typed;

@@ -1,19 +1,23 @@
 #include "desktop/dialogs/UpdateHints.hpp"
 
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 #include "updates/Hints.hpp"
 
 #include <QFile>
+#include <QPlainTextEdit>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <algorithm>
 
 namespace desktop {
 
 namespace {
 
-constexpr std::size_t reviewColumns = 8;
+constexpr std::size_t ReviewColumns = 8;
 
 const frontend::List* reviewOf(const frontend::Dialog& dialog) {
     for (const frontend::Item& item : dialog.items()) {
-        if (item.list && item.list->tabFields().size() == reviewColumns) return dialog.list(item.number);
+        if (item.list && item.list->tabFields().size() == ReviewColumns) return dialog.list(item.number);
     }
     return nullptr;
 }
@@ -39,6 +43,48 @@ QStringList hintsAbout(const std::string& file, const frontend::Dialog& dialog, 
         hints += text.replace(0, 1, text.at(0).toUpper());
     }
     return hints;
+}
+
+HintBar::HintBar(QWidget* parent) : QFrame(parent), title_(new QToolButton), text_(new QPlainTextEdit) {
+    setObjectName(QStringLiteral("hintBar"));
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::ToolTipBase);
+    title_->setObjectName(QStringLiteral("hintTitle"));
+    title_->setAutoRaise(true);
+    title_->setCheckable(true);
+    title_->setChecked(true);
+    title_->setArrowType(Qt::DownArrow);
+    title_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    // A click must not take the arrow keys away from the list.
+    title_->setFocusPolicy(Qt::TabFocus);
+    text_->setObjectName(QStringLiteral("hintText"));
+    text_->setAccessibleName(QStringLiteral("Hints"));
+    text_->setReadOnly(true);
+    text_->setTabChangesFocus(true);
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(6, 4, 6, 6);
+    all->setSpacing(2);
+    all->addWidget(title_, 0, Qt::AlignLeft);
+    all->addWidget(text_);
+    connect(title_, &QToolButton::toggled, this, [this](bool open) {
+        title_->setArrowType(open ? Qt::DownArrow : Qt::RightArrow);
+        text_->setVisible(open);
+        Q_EMIT folded();
+    });
+    hide();
+}
+
+void HintBar::setHints(const QString& file, const QStringList& hints) {
+    title_->setText(QStringLiteral("%1 about %2").arg(counted(hints.size(), "hint", "hints"), file));
+    title_->setAccessibleName(title_->text());
+    text_->setPlainText(hints.join(u'\n'));
+    // Most hints take two lines; more than two of them are scrolled to.
+    const int lines = static_cast<int>(std::clamp<qsizetype>(hints.size() * 2, 2, 5));
+    text_->setFixedHeight(lines * text_->fontMetrics().lineSpacing() + 2 * text_->frameWidth() + 8);
+}
+
+QStringList HintBar::hints() const {
+    return text_->toPlainText().split(u'\n', Qt::SkipEmptyParts);
 }
 
 }  // namespace desktop

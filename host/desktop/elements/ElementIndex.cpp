@@ -1,6 +1,6 @@
 #include "desktop/elements/ElementIndex.hpp"
 
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 
 #include <QHash>
 #include <QStringList>
@@ -11,7 +11,7 @@ namespace desktop {
 
 namespace {
 
-constexpr std::int32_t storeyTypeId = 1003;
+constexpr std::int32_t StoreyTypeId = 1003;
 
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
@@ -65,8 +65,8 @@ struct ElementIndex::Word {
     std::vector<bool> storeys, types, classes;
 };
 
-ElementIndex::ElementIndex(const model::Model& source) {
-    const auto count = static_cast<model::Element>(source.elementCount());
+ElementIndex::ElementIndex(const model::Model& model) {
+    const auto count = static_cast<model::Element>(model.elementCount());
     rows_.resize(count);
     guids_.resize(count);
     QHash<QString, std::uint16_t> typeNumbers, classNumbers;
@@ -80,61 +80,61 @@ ElementIndex::ElementIndex(const model::Model& source) {
     };
     std::vector<QString> storeyOf(count);
     for (model::Element element = 0; element < count; ++element) {
-        const model::ElementInfo info = source.info(element);
+        const model::ElementInfo info = model.info(element);
         rows_[element].type = shared(typeNumbers, types_, toQString(info.typeName));
         rows_[element].ifcClass = shared(classNumbers, classes_, toQString(info.ifcClass));
         rows_[element].typeId = info.typeId;
         guids_[element] = info.guid;
-        storeyOf[element] = toQString(source.storey(element));
+        storeyOf[element] = toQString(model.storey(element));
     }
-    gatherStoreys(source, storeyOf);
-    refreshNames(source);
+    gatherStoreys(model, storeyOf);
+    refreshNames(model);
 }
 
-void ElementIndex::gatherStoreys(const model::Model& source, std::vector<QString>& storeyOf) {
+void ElementIndex::gatherStoreys(const model::Model& model, std::vector<QString>& storeyOf) {
     QHash<QString, std::uint32_t> numbers;
     const auto numberOf = [&](const QString& name) {
         const auto known = numbers.constFind(name);
         if (known != numbers.constEnd()) return *known;
-        const auto next = static_cast<std::uint32_t>(storeyList_.size());
-        storeyList_.push_back({name, {}, 0});
+        const auto next = static_cast<std::uint32_t>(storeys_.size());
+        storeys_.push_back({name, {}, 0});
         numbers.insert(name, next);
         return next;
     };
     for (model::Element element = 0; element < size(); ++element) {
-        if (rows_[element].typeId == storeyTypeId) {
-            const QString name = toQString(source.name(element));
-            if (const auto origin = source.placement(element)) storeyList_[numberOf(name)].elevation = origin->z;
+        if (rows_[element].typeId == StoreyTypeId) {
+            const QString name = toQString(model.name(element));
+            if (const auto origin = model.placement(element)) storeys_[numberOf(name)].elevation = origin->z;
             if (storeyOf[element].isEmpty()) storeyOf[element] = name;  // a storey stands in itself
         }
         rows_[element].storey = numberOf(storeyOf[element]);
-        ++storeyList_[rows_[element].storey].elementCount;
+        ++storeys_[rows_[element].storey].elementCount;
     }
 
-    std::vector<std::uint32_t> order(storeyList_.size());
+    std::vector<std::uint32_t> order(storeys_.size());
     std::iota(order.begin(), order.end(), 0U);
     std::stable_sort(order.begin(), order.end(), [&](std::uint32_t a, std::uint32_t b) {
-        const StoreyInfo &left = storeyList_[a], &right = storeyList_[b];
+        const StoreyInfo &left = storeys_[a], &right = storeys_[b];
         if (left.name.isEmpty() != right.name.isEmpty()) return right.name.isEmpty();
         if (left.elevation.has_value() != right.elevation.has_value()) return left.elevation.has_value();
         return left.elevation && *left.elevation < *right.elevation;
     });
     std::vector<StoreyInfo> ordered;
-    std::vector<std::uint32_t> place(storeyList_.size());
+    std::vector<std::uint32_t> place(storeys_.size());
     for (const std::uint32_t old : order) {
         place[old] = static_cast<std::uint32_t>(ordered.size());
-        ordered.push_back(std::move(storeyList_[old]));
+        ordered.push_back(std::move(storeys_[old]));
     }
-    storeyList_ = std::move(ordered);
+    storeys_ = std::move(ordered);
     for (Row& row : rows_) row.storey = place[row.storey];
 }
 
-void ElementIndex::refreshNames(const model::Model& source) {
+void ElementIndex::refreshNames(const model::Model& model) {
     nameKeys_.clear();
     nameEnds_.clear();
     nameEnds_.reserve(rows_.size());
     for (model::Element element = 0; element < size(); ++element) {
-        nameKeys_ += toQString(source.name(element)).toCaseFolded().toStdString();
+        nameKeys_ += toQString(model.name(element)).toCaseFolded().toStdString();
         nameEnds_.push_back(nameKeys_.size());
     }
     nameKeys_.shrink_to_fit();
@@ -191,7 +191,7 @@ ElementIndex::Word ElementIndex::prepare(const QString& text) const {
     word.folded = folded.toStdString();
     if (looksLikeGuidPart(folded)) word.guidPart = text.toUpper().toStdString();
     if (text.size() == 22) word.guid = guidFromText(text);
-    for (const StoreyInfo& storey : storeyList_) word.storeys.push_back(storey.name.toCaseFolded().contains(folded));
+    for (const StoreyInfo& storey : storeys_) word.storeys.push_back(storey.name.toCaseFolded().contains(folded));
     for (const Shared& type : types_) word.types.push_back(type.folded.contains(folded));
     for (const Shared& ifcClass : classes_) word.classes.push_back(ifcClass.folded.contains(folded));
     return word;

@@ -14,7 +14,7 @@
 namespace desktop {
 
 enum class ElementColumn : std::uint8_t { Storey, Type, Name, Guid, Class };
-inline constexpr int elementColumnCount = 5;
+inline constexpr int ElementColumnCount = 5;
 
 /// One of the building's storeys, or the place of the elements that stand in none.
 struct StoreyInfo {
@@ -26,7 +26,7 @@ struct StoreyInfo {
 /// Plain data: may be built on another thread than the one that uses it.
 class ElementIndex {
 public:
-    explicit ElementIndex(const model::Model& source);
+    explicit ElementIndex(const model::Model& model);
 
     std::uint32_t size() const { return static_cast<std::uint32_t>(rows_.size()); }
     const QString& type(model::Element element) const { return types_[rows_[element].type].text; }
@@ -35,7 +35,7 @@ public:
     std::int32_t typeId(model::Element element) const { return rows_[element].typeId; }
 
     /// Lowest first; those of unknown height after them, "in none" last.
-    const std::vector<StoreyInfo>& storeys() const { return storeyList_; }
+    const std::vector<StoreyInfo>& storeys() const { return storeys_; }
     /// Position of the element's storey in storeys().
     std::uint32_t storey(model::Element element) const { return rows_[element].storey; }
 
@@ -45,7 +45,7 @@ public:
     std::vector<model::Element> filtered(const std::vector<model::Element>& order, const QString& text) const;
 
     /// Takes the names from the model anew, after an edit, undo or redo.
-    void refreshNames(const model::Model& source);
+    void refreshNames(const model::Model& model);
 
 private:
     struct Row {
@@ -59,7 +59,7 @@ private:
     };
     struct Word;
 
-    void gatherStoreys(const model::Model& source, std::vector<QString>& storeyOf);
+    void gatherStoreys(const model::Model& model, std::vector<QString>& storeyOf);
     std::string_view nameKey(model::Element element) const;
     Word prepare(const QString& text) const;
     bool matches(model::Element element, const Word& word) const;
@@ -67,9 +67,9 @@ private:
     std::vector<Row> rows_;
     std::vector<model::Guid> guids_;
     std::vector<Shared> types_, classes_;
-    std::vector<StoreyInfo> storeyList_;
+    std::vector<StoreyInfo> storeys_;
     std::string nameKeys_;                 ///< UTF-8, case folded, end to end.
-    std::vector<std::uint64_t> nameEnds_;  ///< Where each element's key ends in nameKeys.
+    std::vector<std::uint64_t> nameEnds_;  ///< Where each element's key ends in nameKeys_.
 };
 
 /// Order of two texts in which runs of digits count as numbers: "wall 9" before "wall 10".

@@ -1,6 +1,6 @@
 #include "desktop/elements/ElementPanel.hpp"
 
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 
 #include <QApplication>
 #include <QClipboard>
@@ -17,7 +17,7 @@ namespace desktop {
 namespace {
 
 /// Widths that show usual texts whole, in characters; 0 = what is left.
-constexpr int columnCharacters[elementColumnCount] = {15, 13, 0, 38, 22};
+constexpr int ColumnCharacters[ElementColumnCount] = {15, 13, 0, 38, 22};
 
 void setUpTable(QTableView* view) {
     view->setObjectName(QStringLiteral("elements"));
@@ -64,9 +64,9 @@ ElementPanel::ElementPanel(QWidget* parent)
     view_->installEventFilter(this);
     // Names have what the other columns leave.
     view_->horizontalHeader()->setSectionResizeMode(static_cast<int>(ElementColumn::Name), QHeaderView::Stretch);
-    for (int column = 0; column < elementColumnCount; ++column) {
-        if (columnCharacters[column])
-            view_->setColumnWidth(column, view_->fontMetrics().averageCharWidth() * columnCharacters[column]);
+    for (int column = 0; column < ElementColumnCount; ++column) {
+        if (ColumnCharacters[column])
+            view_->setColumnWidth(column, view_->fontMetrics().averageCharWidth() * ColumnCharacters[column]);
     }
 
     auto* top = new QHBoxLayout;
@@ -81,28 +81,28 @@ ElementPanel::ElementPanel(QWidget* parent)
     // The selection and not the current row: a table that gets the focus makes its first row the current one by itself.
     connect(view_->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this](const QItemSelection& rows) {
         if (changing_ || rows.isEmpty()) return;
-        chosen_ = model_->element(rows.first().top());
+        current_ = model_->element(rows.first().top());
         Q_EMIT currentChanged();
     });
     // Sorting resets the rows; the same element stays the current one and in sight.
     connect(model_, &QAbstractItemModel::modelAboutToBeReset, this, [this] { changing_ = true; });
     connect(model_, &QAbstractItemModel::modelReset, this, [this] {
-        restoreCurrent(chosen_);
+        restoreCurrent(current_);
         changing_ = false;
         showCount();
     });
     showCount();
 }
 
-void ElementPanel::setSource(const model::Model* source, const ElementIndex* index) {
-    chosen_.reset();
+void ElementPanel::setSource(const model::Model* model, const ElementIndex* index) {
+    current_.reset();
     {
         const QSignalBlocker quiet(filter_);
         filter_->clear();
         model_->setFilter({});
     }
-    model_->setSource(source, index);
-    filter_->setEnabled(source != nullptr);
+    model_->setSource(model, index);
+    filter_->setEnabled(model != nullptr);
     view_->scrollToTop();
     Q_EMIT currentChanged();
 }
@@ -113,16 +113,16 @@ void ElementPanel::refresh() {
 }
 
 std::optional<model::Element> ElementPanel::current() const {
-    return chosen_;
+    return current_;
 }
 
 void ElementPanel::select(model::Element element) {
-    if (chosen_ == element) return;
-    chosen_ = element;
+    if (current_ == element) return;
+    current_ = element;
     {
         const QScopedValueRollback hold(changing_, true);
         view_->clearSelection();
-        restoreCurrent(chosen_);
+        restoreCurrent(current_);
     }
     Q_EMIT currentChanged();
 }
@@ -134,7 +134,7 @@ void ElementPanel::focusFilter() {
 
 void ElementPanel::applyFilter() {
     model_->setFilter(filter_->text());
-    if (!chosen_ || model_->rowOf(*chosen_) < 0) view_->scrollToTop();
+    if (!current_ || model_->rowOf(*current_) < 0) view_->scrollToTop();
 }
 
 void ElementPanel::restoreCurrent(std::optional<model::Element> element) {
@@ -152,10 +152,10 @@ void ElementPanel::showCount() {
 }
 
 void ElementPanel::copyRow() {
-    if (!chosen_) return;
+    if (!current_) return;
     QStringList cells;
-    for (int column = 0; column < elementColumnCount; ++column) {
-        cells += model_->text(*chosen_, static_cast<ElementColumn>(column));
+    for (int column = 0; column < ElementColumnCount; ++column) {
+        cells += model_->text(*current_, static_cast<ElementColumn>(column));
     }
     QApplication::clipboard()->setText(cells.join(u'\t'));
 }

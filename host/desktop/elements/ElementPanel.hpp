@@ -17,7 +17,7 @@ class ElementPanel : public QWidget {
 public:
     explicit ElementPanel(QWidget* parent = nullptr);
 
-    void setSource(const model::Model* source, const ElementIndex* index);
+    void setSource(const model::Model* model, const ElementIndex* index);
     void refresh();
 
     std::optional<model::Element> current() const;
@@ -44,8 +44,8 @@ private:
     QLineEdit* filter_;
     QTableView* view_;
     QLabel* count_;
-    std::optional<model::Element> chosen_;  ///< Stays chosen while a filter hides it.
-    bool changing_ = false;                 ///< Rows are being exchanged; the view's selection means nothing.
+    std::optional<model::Element> current_;  ///< Stays chosen while a filter hides it.
+    bool changing_ = false;                  ///< Rows are being exchanged; the view's selection means nothing.
 };
 
 }  // namespace desktop

@@ -1,16 +1,16 @@
 #include "desktop/elements/ElementTableModel.hpp"
 
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 
 #include <algorithm>
 #include <numeric>
 
 namespace desktop {
 
-void ElementTableModel::setSource(const model::Model* newSource, const ElementIndex* newIndex) {
+void ElementTableModel::setSource(const model::Model* model, const ElementIndex* index) {
     beginResetModel();
-    source_ = newSource;
-    elements_ = newIndex;
+    model_ = model;
+    index_ = index;
     order_.clear();
     apply();
     endResetModel();
@@ -42,16 +42,16 @@ void ElementTableModel::sort(int column, Qt::SortOrder direction) {
 
 void ElementTableModel::apply() {
     shown_.clear();
-    if (!elements_) return;
+    if (!index_) return;
     if (order_.empty()) {
         if (sortColumn_ < 0) {
-            order_.resize(elements_->size());
+            order_.resize(index_->size());
             std::iota(order_.begin(), order_.end(), 0U);
         } else {
-            order_ = elements_->sorted(static_cast<ElementColumn>(sortColumn_), sortOrder_ == Qt::DescendingOrder);
+            order_ = index_->sorted(static_cast<ElementColumn>(sortColumn_), sortOrder_ == Qt::DescendingOrder);
         }
     }
-    shown_ = elements_->filtered(order_, filter_);
+    shown_ = index_->filtered(order_, filter_);
 }
 
 std::optional<model::Element> ElementTableModel::element(int row) const {
@@ -67,15 +67,15 @@ int ElementTableModel::rowOf(model::Element element) const {
 QString ElementTableModel::text(model::Element element, ElementColumn column) const {
     switch (column) {
         case ElementColumn::Storey:
-            return elements_->storeys()[elements_->storey(element)].name;
+            return index_->storeys()[index_->storey(element)].name;
         case ElementColumn::Type:
-            return elements_->type(element);
+            return index_->type(element);
         case ElementColumn::Name:
-            return toQString(source_->name(element));
+            return toQString(model_->name(element));
         case ElementColumn::Guid:
-            return guidText(elements_->guid(element));
+            return guidText(index_->guid(element));
         case ElementColumn::Class:
-            return elements_->ifcClass(element);
+            return index_->ifcClass(element);
     }
     return {};
 }
@@ -85,7 +85,7 @@ int ElementTableModel::rowCount(const QModelIndex& parent) const {
 }
 
 int ElementTableModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : elementColumnCount;
+    return parent.isValid() ? 0 : ElementColumnCount;
 }
 
 QVariant ElementTableModel::data(const QModelIndex& index, int role) const {
@@ -97,10 +97,10 @@ QVariant ElementTableModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant ElementTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    static const QString titles[elementColumnCount] = {QStringLiteral("Storey"), QStringLiteral("Type"),
+    static const QString titles[ElementColumnCount] = {QStringLiteral("Storey"), QStringLiteral("Type"),
                                                        QStringLiteral("Name"), QStringLiteral("GUID"),
                                                        QStringLiteral("Class")};
-    if (orientation != Qt::Horizontal || section < 0 || section >= elementColumnCount) return {};
+    if (orientation != Qt::Horizontal || section < 0 || section >= ElementColumnCount) return {};
     if (role == Qt::DisplayRole) return titles[section];
     if (role == Qt::TextAlignmentRole) return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
     return {};

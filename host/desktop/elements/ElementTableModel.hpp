@@ -14,7 +14,7 @@ public:
     using QAbstractTableModel::QAbstractTableModel;
 
     /// Both are the caller's and stay until the next call; null for no model.
-    void setSource(const model::Model* newSource, const ElementIndex* newIndex);
+    void setSource(const model::Model* model, const ElementIndex* index);
     void setFilter(const QString& text);
     /// The index has changed: sorts and filters anew.
     void refresh();
@@ -25,7 +25,7 @@ public:
     QString text(model::Element element, ElementColumn column) const;
 
     /// Number of elements, shown or not.
-    int total() const { return elements_ ? static_cast<int>(elements_->size()) : 0; }
+    int total() const { return index_ ? static_cast<int>(index_->size()) : 0; }
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -36,8 +36,8 @@ public:
 private:
     void apply();
 
-    const model::Model* source_ = nullptr;
-    const ElementIndex* elements_ = nullptr;
+    const model::Model* model_ = nullptr;
+    const ElementIndex* index_ = nullptr;
     std::vector<model::Element> order_, shown_;
     QString filter_;
     int sortColumn_ = -1;  ///< -1: file order.

@@ -1,6 +1,6 @@
 #include "desktop/elements/InspectorPanel.hpp"
 
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 
 #include <QApplication>
 #include <QClipboard>
@@ -87,20 +87,20 @@ InspectorPanel::InspectorPanel(QWidget* parent)
     show(nullptr, std::nullopt);
 }
 
-void InspectorPanel::show(const model::Model* source, std::optional<model::Element> element) {
+void InspectorPanel::show(const model::Model* model, std::optional<model::Element> element) {
     const int scrolled = view_->verticalScrollBar()->value();
     view_->setUpdatesEnabled(false);
     view_->clear();
-    if (source && element) {
-        const QString name = toQString(source->name(*element));
-        const QString type = toQString(source->info(*element).typeName);
+    if (model && element) {
+        const QString name = toQString(model->name(*element));
+        const QString type = toQString(model->info(*element).typeName);
         heading_->setText(name.isEmpty() ? type : QStringLiteral("%1 – %2").arg(name, type));
-        addIdentity(*source, *element);
-        addAttributes(*source, *element);
-        addProperties(*source, *element);
-        addClassifications(*source, *element);
+        addIdentity(*model, *element);
+        addAttributes(*model, *element);
+        addProperties(*model, *element);
+        addClassifications(*model, *element);
     } else {
-        heading_->setText(source ? QStringLiteral("No element selected") : QString());
+        heading_->setText(model ? QStringLiteral("No element selected") : QString());
     }
     view_->verticalScrollBar()->setValue(scrolled);
     view_->setUpdatesEnabled(true);
@@ -116,21 +116,21 @@ QTreeWidgetItem* InspectorPanel::group(const QString& title) {
     return item;
 }
 
-void InspectorPanel::addIdentity(const model::Model& source, model::Element element) {
-    const model::ElementInfo info = source.info(element);
+void InspectorPanel::addIdentity(const model::Model& model, model::Element element) {
+    const model::ElementInfo info = model.info(element);
     QTreeWidgetItem* identity = group(QStringLiteral("Element"));
     addRow(identity, QStringLiteral("GUID"), guidText(info.guid));
     addRow(identity, QStringLiteral("Class"), toQString(info.ifcClass));
-    addRow(identity, QStringLiteral("Storey"), toQString(source.storey(element)));
+    addRow(identity, QStringLiteral("Storey"), toQString(model.storey(element)));
     addRow(identity, QStringLiteral("Instance"), QStringLiteral("#%1").arg(info.instanceId));
-    if (source.hasDuplicates(element)) {
+    if (model.hasDuplicates(element)) {
         addRow(identity, QStringLiteral("Note"), QStringLiteral("Others in the file bear the same GlobalId"));
     }
 }
 
-void InspectorPanel::addAttributes(const model::Model& source, model::Element element) {
+void InspectorPanel::addAttributes(const model::Model& model, model::Element element) {
     QTreeWidgetItem* attributes = group(QStringLiteral("Attributes"));
-    const auto read = source.attributes(element);
+    const auto read = model.attributes(element);
     if (!read) {
         addRow(attributes, QStringLiteral("Not readable"), toQString(read.error().message));
         return;
@@ -140,8 +140,8 @@ void InspectorPanel::addAttributes(const model::Model& source, model::Element el
     }
 }
 
-void InspectorPanel::addProperties(const model::Model& source, model::Element element) {
-    const auto read = source.properties(element);
+void InspectorPanel::addProperties(const model::Model& model, model::Element element) {
+    const auto read = model.properties(element);
     if (!read) {
         addRow(group(QStringLiteral("Properties")), QStringLiteral("Not readable"), toQString(read.error().message));
         return;
@@ -159,8 +159,8 @@ void InspectorPanel::addProperties(const model::Model& source, model::Element el
     }
 }
 
-void InspectorPanel::addClassifications(const model::Model& source, model::Element element) {
-    const auto read = source.classifications(element);
+void InspectorPanel::addClassifications(const model::Model& model, model::Element element) {
+    const auto read = model.classifications(element);
     if (read && read->empty()) return;
     QTreeWidgetItem* references = group(QStringLiteral("Classification references"));
     if (!read) {

@@ -19,7 +19,7 @@ public:
     explicit InspectorPanel(QWidget* parent = nullptr);
 
     /// Shows an element, or nothing. Groups that the user has closed stay closed from one element to the next.
-    void show(const model::Model* source, std::optional<model::Element> element);
+    void show(const model::Model* model, std::optional<model::Element> element);
 
     QTreeWidget* tree() const { return view_; }
 
@@ -28,10 +28,10 @@ protected:
 
 private:
     QTreeWidgetItem* group(const QString& title);
-    void addIdentity(const model::Model& source, model::Element element);
-    void addAttributes(const model::Model& source, model::Element element);
-    void addProperties(const model::Model& source, model::Element element);
-    void addClassifications(const model::Model& source, model::Element element);
+    void addIdentity(const model::Model& model, model::Element element);
+    void addAttributes(const model::Model& model, model::Element element);
+    void addProperties(const model::Model& model, model::Element element);
+    void addClassifications(const model::Model& model, model::Element element);
     void copySelection();
 
     QLabel* heading_;

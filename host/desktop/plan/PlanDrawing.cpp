@@ -11,7 +11,7 @@ namespace desktop {
 namespace {
 
 /// Footprints between two looks at the clock.
-constexpr std::size_t piece = 64;
+constexpr std::size_t Piece = 64;
 
 }  // namespace
 
@@ -21,7 +21,7 @@ void PlanDrawing::start(const PlanViewport& port, qreal pixelRatio, const QPalet
     pending_.setDevicePixelRatio(pixelRatio);
     pending_.fill(paper);
     pendingPort_ = port;
-    colors_ = palette;
+    palette_ = palette;
     items_ = std::move(wanted);
     next_ = 0;
 }
@@ -33,9 +33,9 @@ bool PlanDrawing::draw(qint64 milliseconds) {
     {
         QPainter painter(&pending_);
         painter.setRenderHint(QPainter::Antialiasing);
-        PlanPainter plan(painter, pendingPort_, colors_);
+        PlanPainter plan(painter, pendingPort_, palette_);
         while (next_ < items_.size()) {
-            const std::size_t end = std::min(items_.size(), next_ + piece);
+            const std::size_t end = std::min(items_.size(), next_ + Piece);
             for (; next_ < end; ++next_) plan.draw(*items_[next_].footprint, items_[next_].mark);
             if (clock.elapsed() >= milliseconds) break;
         }

@@ -36,7 +36,7 @@ private:
     std::size_t next_ = 0;
     QImage pending_, picture_;
     PlanViewport pendingPort_, picturePort_;
-    QPalette colors_;
+    QPalette palette_;
 };
 
 }  // namespace desktop

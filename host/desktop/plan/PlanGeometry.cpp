@@ -9,8 +9,8 @@ namespace desktop {
 namespace {
 
 /// How long reading may hold up other events: short enough for a smooth scroll.
-constexpr qint64 sliceMs = 8;
-constexpr std::int32_t openingTypeId = 1006;
+constexpr qint64 SliceMs = 8;
+constexpr std::int32_t OpeningTypeId = 1006;
 
 double areaOf(const QPolygonF& outline) {
     double twice = 0;
@@ -52,24 +52,24 @@ PlanGeometry::PlanGeometry(QObject* parent) : QObject(parent) {
     connect(&timer_, &QTimer::timeout, this, &PlanGeometry::readSome);
 }
 
-void PlanGeometry::setSource(const model::Model* newSource, const ElementIndex* newIndex) {
+void PlanGeometry::setSource(const model::Model* model, const ElementIndex* index) {
     Q_EMIT clearing();
     timer_.stop();
-    source_ = newSource;
-    elements_ = newIndex;
+    model_ = model;
+    index_ = index;
     wanted_.clear();
-    read_.clear();
+    storeys_.clear();
     byElement_.clear();
-    if (!elements_) return;
-    byElement_.resize(elements_->size());
-    read_.resize(elements_->storeys().size());
-    for (model::Element element = 0; element < elements_->size(); ++element) {
+    if (!index_) return;
+    byElement_.resize(index_->size());
+    storeys_.resize(index_->storeys().size());
+    for (model::Element element = 0; element < index_->size(); ++element) {
         // An opening has the outline of its window or door, and would only hide it.
-        if (elements_->typeId(element) != openingTypeId) read_[elements_->storey(element)].elements.push_back(element);
+        if (index_->typeId(element) != OpeningTypeId) storeys_[index_->storey(element)].elements.push_back(element);
     }
-    for (Storey& storey : read_) {
+    for (Storey& storey : storeys_) {
         std::stable_sort(storey.elements.begin(), storey.elements.end(), [&](model::Element a, model::Element b) {
-            return planLayer(elements_->typeId(a)) < planLayer(elements_->typeId(b));
+            return planLayer(index_->typeId(a)) < planLayer(index_->typeId(b));
         });
     }
 }
@@ -80,7 +80,8 @@ void PlanGeometry::request(const std::vector<std::uint32_t>& storeys) {
 }
 
 bool PlanGeometry::complete(const std::vector<std::uint32_t>& storeys) const {
-    return std::all_of(storeys.begin(), storeys.end(), [&](std::uint32_t number) { return read_[number].complete(); });
+    return std::all_of(storeys.begin(), storeys.end(),
+                       [&](std::uint32_t number) { return storeys_[number].complete(); });
 }
 
 const Footprint* PlanGeometry::find(model::Element element) const {
@@ -91,7 +92,7 @@ void PlanGeometry::readSome() {
     QElapsedTimer clock;
     clock.start();
     for (const std::uint32_t number : wanted_) {
-        while (!read_[number].complete() && clock.elapsed() < sliceMs) readNext(read_[number]);
+        while (!storeys_[number].complete() && clock.elapsed() < SliceMs) readNext(storeys_[number]);
     }
     if (complete(wanted_)) timer_.stop();
     Q_EMIT grown();
@@ -100,12 +101,12 @@ void PlanGeometry::readSome() {
 void PlanGeometry::readNext(Storey& storey) {
     Footprint footprint;
     footprint.element = storey.elements[storey.done++];
-    footprint.layer = planLayer(elements_->typeId(footprint.element));
-    for (const model::Point& point : source_->footprint(footprint.element))
+    footprint.layer = planLayer(index_->typeId(footprint.element));
+    for (const model::Point& point : model_->footprint(footprint.element))
         footprint.outline << QPointF(point.x, point.y);
     if (footprint.outline.isEmpty()) {
         // A building or storey has an origin, which is no place in it.
-        const auto origin = source_->placement(footprint.element);
+        const auto origin = model_->placement(footprint.element);
         if (!origin || footprint.layer == PlanLayer::Ground) return;
         footprint.outline << QPointF(origin->x, origin->y);
     }

@@ -31,15 +31,15 @@ public:
     explicit PlanGeometry(QObject* parent = nullptr);
 
     /// Both are the caller's and stay until the next call; null for no model.
-    void setSource(const model::Model* newSource, const ElementIndex* newIndex);
+    void setSource(const model::Model* model, const ElementIndex* index);
     /// Starts to read these storeys (positions in ElementIndex::storeys) before all others.
     void request(const std::vector<std::uint32_t>& storeys);
     bool complete(const std::vector<std::uint32_t>& storeys) const;
 
     /// What has been read so far, in the order to draw. A footprint stays where it is until the source changes.
-    const std::deque<Footprint>& storey(std::uint32_t number) const { return read_[number].footprints; }
+    const std::deque<Footprint>& storey(std::uint32_t number) const { return storeys_[number].footprints; }
     const Footprint* find(model::Element element) const;
-    const ElementIndex* index() const { return elements_; }
+    const ElementIndex* index() const { return index_; }
 
 Q_SIGNALS:
     void grown();
@@ -56,9 +56,9 @@ private:
     void readSome();
     void readNext(Storey& storey);
 
-    const model::Model* source_ = nullptr;
-    const ElementIndex* elements_ = nullptr;
-    std::vector<Storey> read_;
+    const model::Model* model_ = nullptr;
+    const ElementIndex* index_ = nullptr;
+    std::vector<Storey> storeys_;
     std::vector<const Footprint*> byElement_;
     std::vector<std::uint32_t> wanted_;
     QTimer timer_;

@@ -10,7 +10,9 @@ namespace desktop {
 /// How an element's row in an open review stands. Of an element with several rows the greatest counts: what needs the
 /// user's eye comes before what is settled.
 enum class Mark : std::uint8_t { None, Unchanged, Done, Open, Ticked, Error };
-inline constexpr std::size_t markCount = 6;
+inline constexpr std::size_t MarkCount = 6;
+/// In the order in which a legend names them.
+inline constexpr Mark MarksByUrgency[] = {Mark::Error, Mark::Ticked, Mark::Open, Mark::Done, Mark::Unchanged};
 
 /// The elements marked in the plan.
 class PlanMarks {
@@ -31,7 +33,7 @@ public:
 
 private:
     std::unordered_map<model::Element, Mark> marks_;
-    std::array<std::size_t, markCount> rows_{};
+    std::array<std::size_t, MarkCount> rows_{};
 };
 
 }  // namespace desktop

@@ -4,17 +4,29 @@
 #include "desktop/plan/PlanMarks.hpp"
 #include "desktop/plan/PlanViewport.hpp"
 
+#include <QColor>
 #include <QPalette>
+#include <QString>
 
 class QPainter;
 
 namespace desktop {
 
+struct PlanStyle {
+    QColor fill, line;
+};
+
+/// The model's own colours, mixed from the palette: the plan is dark where the windows are.
+PlanStyle planStyle(const QPalette& palette, PlanLayer layer);
+QColor markColor(const QPalette& palette, Mark mark);
+/// What the legend says of a mark.
+QString markText(Mark mark);
+
 /// Draws plans. Knows no widget, so that a drawing can go anywhere.
 class PlanPainter {
 public:
     PlanPainter(QPainter& target, const PlanViewport& port, const QPalette& palette)
-        : painter_(target), viewport_(port), colors_(palette) {}
+        : painter_(target), viewport_(port), palette_(palette) {}
 
     /// @param mark  None: as part of the building.
     void draw(const Footprint& footprint, Mark mark);
@@ -28,7 +40,7 @@ private:
 
     QPainter& painter_;
     const PlanViewport& viewport_;
-    const QPalette& colors_;
+    const QPalette& palette_;
     std::optional<std::pair<PlanLayer, Mark>> style_;  ///< What pen and brush are set for.
 };
 

@@ -1,6 +1,6 @@
 #include "desktop/plan/PlanPanel.hpp"
 
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 
 #include <QApplication>
 #include <QComboBox>
@@ -16,7 +16,7 @@ namespace desktop {
 namespace {
 
 /// The choice's entry for the whole building; storeys have their positions.
-constexpr int allStoreys = -1;
+constexpr int AllStoreys = -1;
 
 QToolButton* makeButton(const QString& text, const QString& name, QWidget* parent) {
     auto* button = new QToolButton(parent);
@@ -32,7 +32,7 @@ QToolButton* makeButton(const QString& text, const QString& name, QWidget* paren
 PlanPanel::PlanPanel(QWidget* parent)
     : QWidget(parent),
       geometry_(new PlanGeometry(this)),
-      plan_(new PlanView(geometry_, this)),
+      view_(new PlanView(geometry_, this)),
       choice_(new QComboBox(this)) {
     choice_->setObjectName(QStringLiteral("storeys"));
     choice_->setAccessibleName(QStringLiteral("Storey shown in the plan"));
@@ -51,25 +51,25 @@ PlanPanel::PlanPanel(QWidget* parent)
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(6, 6, 6, 6);
     all->addLayout(top);
-    all->addWidget(plan_, 1);
+    all->addWidget(view_, 1);
 
     constexpr double step = 1.25;
-    connect(closer, &QToolButton::clicked, this, [this] { plan_->zoomBy(step); });
-    connect(farther, &QToolButton::clicked, this, [this] { plan_->zoomBy(1 / step); });
-    connect(whole, &QToolButton::clicked, this, [this] { plan_->fit(); });
+    connect(closer, &QToolButton::clicked, this, [this] { view_->zoomBy(step); });
+    connect(farther, &QToolButton::clicked, this, [this] { view_->zoomBy(1 / step); });
+    connect(whole, &QToolButton::clicked, this, [this] { view_->fit(); });
     connect(choice_, &QComboBox::currentIndexChanged, this, &PlanPanel::showChosen);
-    connect(plan_, &PlanView::elementClicked, this, &PlanPanel::elementClicked);
+    connect(view_, &PlanView::elementClicked, this, &PlanPanel::elementClicked);
 }
 
-void PlanPanel::setSource(const model::Model* source, const ElementIndex* index) {
-    plan_->setSelected(std::nullopt);
-    plan_->setMarks(nullptr);
-    plan_->setStoreys({});
+void PlanPanel::setSource(const model::Model* model, const ElementIndex* index) {
+    view_->setSelected(std::nullopt);
+    view_->setMarks(nullptr);
+    view_->setStoreys({});
     marks_ = nullptr;
     elements_ = index;
-    geometry_->setSource(source, index);
+    geometry_->setSource(model, index);
     fillChoice();
-    plan_->fit();
+    view_->fit();
 }
 
 void PlanPanel::fillChoice() {
@@ -84,7 +84,7 @@ void PlanPanel::fillChoice() {
     }
     // The highest on top, as storeys lie in a building.
     for (auto i = static_cast<int>(storeys.size()); i-- > 0;) choice_->addItem({}, i);
-    choice_->addItem({}, allStoreys);
+    choice_->addItem({}, AllStoreys);
     labelChoice();
     choice_->setCurrentIndex(storeys.empty() ? 0 : choice_->findData(static_cast<int>(most)));
     showChosen();
@@ -97,8 +97,8 @@ void PlanPanel::labelChoice() {
     for (int entry = 0; entry < choice_->count(); ++entry) {
         const int storey = choice_->itemData(entry).toInt();
         const auto position = static_cast<std::size_t>(std::max(storey, 0));
-        const std::size_t here = storey == allStoreys ? all : marked[position];
-        QString text = storey == allStoreys ? QStringLiteral("All storeys") : elements_->storeys()[position].name;
+        const std::size_t here = storey == AllStoreys ? all : marked[position];
+        QString text = storey == AllStoreys ? QStringLiteral("All storeys") : elements_->storeys()[position].name;
         if (text.isEmpty()) text = QStringLiteral("(in no storey)");
         if (here) {
             text += QStringLiteral(" – %1 of %2 marked")
@@ -116,8 +116,8 @@ std::vector<std::size_t> PlanPanel::markedPerStorey() const {
 }
 
 std::optional<std::uint32_t> PlanPanel::chosenStorey() const {
-    const int storey = choice_->currentIndex() < 0 ? allStoreys : choice_->currentData().toInt();
-    if (storey == allStoreys) return std::nullopt;
+    const int storey = choice_->currentIndex() < 0 ? AllStoreys : choice_->currentData().toInt();
+    if (storey == AllStoreys) return std::nullopt;
     return static_cast<std::uint32_t>(storey);
 }
 
@@ -126,7 +126,7 @@ void PlanPanel::showChosen() {
     std::vector<std::uint32_t> storeys(elements_->storeys().size());
     std::iota(storeys.begin(), storeys.end(), 0U);
     if (const auto one = chosenStorey()) storeys = {*one};
-    plan_->setStoreys(storeys);
+    view_->setStoreys(storeys);
 }
 
 void PlanPanel::chooseStorey(std::uint32_t storey) {
@@ -143,7 +143,7 @@ void PlanPanel::setMarks(const PlanMarks* shown, bool choose) {
     if (choose && most != marked.end() && *most > 0 && now && marked[*now] == 0) {
         chooseStorey(static_cast<std::uint32_t>(most - marked.begin()));
     }
-    plan_->setMarks(marks_);
+    view_->setMarks(marks_);
 }
 
 void PlanPanel::showElement(std::optional<model::Element> element) {
@@ -152,7 +152,7 @@ void PlanPanel::showElement(std::optional<model::Element> element) {
         const std::uint32_t wanted = elements_->storey(*element);
         if (now && *now != wanted && !elements_->storeys()[wanted].name.isEmpty()) chooseStorey(wanted);
     }
-    plan_->setSelected(element);
+    view_->setSelected(element);
 }
 
 double PlanPanel::heightOfPlan() const {
@@ -161,19 +161,19 @@ double PlanPanel::heightOfPlan() const {
 }
 
 std::optional<host::PickedPoint> PlanPanel::pickPoint(const QString& prompt) {
-    if (isPicking_ || !elements_) return std::nullopt;
-    isPicking_ = true;
+    if (picking_ || !elements_) return std::nullopt;
+    picking_ = true;
     const QString text = prompt.isEmpty() ? QStringLiteral("Click a point") : prompt;
-    plan_->setPrompt(QStringLiteral("%1   (Esc cancels)").arg(text));
-    plan_->setFocus(Qt::OtherFocusReason);
+    view_->setPrompt(QStringLiteral("%1   (Esc cancels)").arg(text));
+    view_->setFocus(Qt::OtherFocusReason);
     qApp->installEventFilter(this);
 
     std::optional<host::PickedPoint> picked;
     QEventLoop loop;
     connect(this, &PlanPanel::pickingEnded, &loop, &QEventLoop::quit);
-    connect(plan_, &PlanView::pointClicked, &loop, [&](QPointF point) {
+    connect(view_, &PlanView::pointClicked, &loop, [&](QPointF point) {
         picked = host::PickedPoint{{point.x(), point.y(), heightOfPlan()}, std::nullopt};
-        if (const auto element = plan_->hit(point, false)) {
+        if (const auto element = view_->hit(point, false)) {
             API_Guid guid;
             std::copy(elements_->guid(*element).begin(), elements_->guid(*element).end(), std::begin(guid.bytes));
             picked->hit = guid;
@@ -183,20 +183,20 @@ std::optional<host::PickedPoint> PlanPanel::pickPoint(const QString& prompt) {
     loop.exec();
 
     qApp->removeEventFilter(this);
-    plan_->setPrompt({});
-    isPicking_ = false;
+    view_->setPrompt({});
+    picking_ = false;
     return picked;
 }
 
 void PlanPanel::cancelPicking() {
-    if (isPicking_) Q_EMIT pickingEnded();
+    if (picking_) Q_EMIT pickingEnded();
 }
 
 /// While a point is asked for, Escape cancels wherever the focus is. It comes as a shortcut first and as a key only if
 /// nobody wants the shortcut; a menu that is open keeps it.
 bool PlanPanel::eventFilter(QObject* watched, QEvent* event) {
     const bool key = event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
-    if (isPicking_ && key && watched->isWidgetType() && !QApplication::activePopupWidget()) {
+    if (picking_ && key && watched->isWidgetType() && !QApplication::activePopupWidget()) {
         cancelPicking();
         return true;
     }

@@ -16,7 +16,7 @@ class PlanPanel : public QWidget {
 public:
     explicit PlanPanel(QWidget* parent = nullptr);
 
-    void setSource(const model::Model* source, const ElementIndex* index);
+    void setSource(const model::Model* model, const ElementIndex* index);
     /// The marks are the caller's and stay until the next call; null for none. With `choose` the plan goes to the
     /// storey with most of them if the one in sight has none.
     void setMarks(const PlanMarks* marks, bool choose);
@@ -26,10 +26,10 @@ public:
 
     /// Lets the user click a point. @return nothing: cancelled.
     std::optional<host::PickedPoint> pickPoint(const QString& prompt);
-    bool picking() const { return isPicking_; }
+    bool picking() const { return picking_; }
     void cancelPicking();
 
-    PlanView* view() const { return plan_; }
+    PlanView* view() const { return view_; }
     QComboBox* storeyChoice() const { return choice_; }
 
 Q_SIGNALS:
@@ -51,9 +51,9 @@ private:
     const ElementIndex* elements_ = nullptr;
     const PlanMarks* marks_ = nullptr;
     PlanGeometry* geometry_;
-    PlanView* plan_;
+    PlanView* view_;
     QComboBox* choice_;
-    bool isPicking_ = false;
+    bool picking_ = false;
 };
 
 }  // namespace desktop

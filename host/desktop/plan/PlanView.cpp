@@ -1,7 +1,6 @@
 #include "desktop/plan/PlanView.hpp"
 
-#include "desktop/Text.hpp"
-#include "desktop/plan/PlanColors.hpp"
+#include "desktop/QtText.hpp"
 #include "desktop/plan/PlanPainter.hpp"
 
 #include <QApplication>
@@ -18,13 +17,13 @@ namespace desktop {
 
 namespace {
 
-constexpr double fitMargin = 16;
-constexpr double zoomStep = 1.25;
-constexpr double hitPixels = 4;
+constexpr double FitMargin = 16;
+constexpr double ZoomStep = 1.25;
+constexpr double HitPixels = 4;
 /// How long drawing may hold up other events. What is through in one go shows at once, as nearly every plan is.
-constexpr qint64 sliceMs = 12;
+constexpr qint64 SliceMs = 12;
 /// While footprints come in, the plan is drawn anew this often.
-constexpr int growMs = 300;
+constexpr int GrowMs = 300;
 
 double distanceToLine(const QPointF& p, const QPointF& a, const QPointF& b) {
     const QPointF along = b - a;
@@ -46,25 +45,25 @@ bool touches(const Footprint& footprint, const QPointF& point, double tolerance)
 
 }  // namespace
 
-PlanView::PlanView(PlanGeometry* source, QWidget* parent)
-    : QWidget(parent), geometry_(source), promptLabel_(new QLabel(this)) {
+PlanView::PlanView(PlanGeometry* geometry, QWidget* parent)
+    : QWidget(parent), geometry_(geometry), prompt_(new QLabel(this)) {
     setObjectName(QStringLiteral("plan"));
     setAccessibleName(QStringLiteral("Plan of the model"));
     setFocusPolicy(Qt::StrongFocus);
     setBackgroundRole(QPalette::Base);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    promptLabel_->setObjectName(QStringLiteral("planPrompt"));
-    promptLabel_->setTextFormat(Qt::PlainText);
-    promptLabel_->setMargin(8);
-    promptLabel_->setAutoFillBackground(true);
-    promptLabel_->setBackgroundRole(QPalette::Highlight);
-    promptLabel_->setForegroundRole(QPalette::HighlightedText);
-    promptLabel_->setAttribute(Qt::WA_TransparentForMouseEvents);
-    promptLabel_->hide();
+    prompt_->setObjectName(QStringLiteral("planPrompt"));
+    prompt_->setTextFormat(Qt::PlainText);
+    prompt_->setMargin(8);
+    prompt_->setAutoFillBackground(true);
+    prompt_->setBackgroundRole(QPalette::Highlight);
+    prompt_->setForegroundRole(QPalette::HighlightedText);
+    prompt_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    prompt_->hide();
     drawer_.setInterval(0);
     connect(&drawer_, &QTimer::timeout, this, &PlanView::drawSome);
     grow_.setSingleShot(true);
-    grow_.setInterval(growMs);
+    grow_.setInterval(GrowMs);
     connect(&grow_, &QTimer::timeout, this, &PlanView::takeGrowth);
     connect(geometry_, &PlanGeometry::grown, this, [this] {
         if (geometry_->complete(storeys_)) {
@@ -90,7 +89,7 @@ void PlanView::setStoreys(const std::vector<std::uint32_t>& numbers) {
 void PlanView::setMarks(const PlanMarks* shown) {
     marks_ = shown;
     QStringList counts;
-    for (const Mark mark : {Mark::Error, Mark::Ticked, Mark::Open, Mark::Done, Mark::Unchanged}) {
+    for (const Mark mark : MarksByUrgency) {
         if (marks_ && marks_->rowCount(mark)) {
             counts += QStringLiteral("%1 %2").arg(marks_->rowCount(mark)).arg(markText(mark));
         }
@@ -102,8 +101,8 @@ void PlanView::setMarks(const PlanMarks* shown) {
 void PlanView::setSelected(std::optional<model::Element> element) {
     selected_ = element;
     const Footprint* footprint = element ? geometry_->find(*element) : nullptr;
-    if (footprint && !port_.visible().contains(footprint->box.center())) {
-        port_.center = footprint->box.center();
+    if (footprint && !viewport_.visible().contains(footprint->box.center())) {
+        viewport_.center = footprint->box.center();
         fitted_ = false;
         redraw();
     }
@@ -127,20 +126,20 @@ QRectF PlanView::extent() const {
 
 void PlanView::fit() {
     fitted_ = true;
-    port_.size = size();
+    viewport_.size = size();
     const QRectF box = extent();
-    if (!box.isNull()) port_.fit(box, fitMargin);
+    if (!box.isNull()) viewport_.fit(box, FitMargin);
     redraw();
 }
 
 void PlanView::zoomBy(double factor) {
-    port_.zoom(factor, rect().center());
+    viewport_.zoom(factor, rect().center());
     moved();
 }
 
 void PlanView::setPrompt(const QString& text) {
-    promptLabel_->setText(text);
-    promptLabel_->setVisible(!text.isEmpty());
+    prompt_->setText(text);
+    prompt_->setVisible(!text.isEmpty());
     placePrompt();
     if (text.isEmpty()) {
         unsetCursor();
@@ -150,12 +149,12 @@ void PlanView::setPrompt(const QString& text) {
 }
 
 void PlanView::placePrompt() {
-    const QSize wanted = promptLabel_->sizeHint().boundedTo({width() - 16, height() - 16});
-    promptLabel_->setGeometry((width() - wanted.width()) / 2, 8, wanted.width(), wanted.height());
+    const QSize wanted = prompt_->sizeHint().boundedTo({width() - 16, height() - 16});
+    prompt_->setGeometry((width() - wanted.width()) / 2, 8, wanted.width(), wanted.height());
 }
 
 std::optional<model::Element> PlanView::hit(const QPointF& point, bool preferMarked) const {
-    const double tolerance = hitPixels / port_.scale;
+    const double tolerance = HitPixels / viewport_.scale;
     const Footprint* best = nullptr;
     bool bestMarked = false;
     for (const std::uint32_t number : storeys_) {
@@ -195,10 +194,10 @@ void PlanView::startBuilding() {
     std::vector<PlanDrawing::Item> items;
     for (const std::uint32_t number : storeys_) {
         for (const Footprint& footprint : geometry_->storey(number)) {
-            if (inSight(footprint, port_)) items.push_back({&footprint, Mark::None});
+            if (inSight(footprint, viewport_)) items.push_back({&footprint, Mark::None});
         }
     }
-    building_.start(port_, devicePixelRatioF(), palette(), palette().color(QPalette::Base), std::move(items));
+    building_.start(viewport_, devicePixelRatioF(), palette(), palette().color(QPalette::Base), std::move(items));
     drawSome();
 }
 
@@ -208,7 +207,7 @@ void PlanView::startMarks() {
     for (const std::uint32_t number : marks_ ? storeys_ : std::vector<std::uint32_t>()) {
         for (const Footprint& footprint : geometry_->storey(number)) {
             const Mark mark = marks_->of(footprint.element);
-            if (mark != Mark::None && inSight(footprint, port_)) items.push_back({&footprint, mark});
+            if (mark != Mark::None && inSight(footprint, viewport_)) items.push_back({&footprint, mark});
         }
     }
     std::sort(items.begin(), items.end(), [](const PlanDrawing::Item& a, const PlanDrawing::Item& b) {
@@ -216,12 +215,12 @@ void PlanView::startMarks() {
         if (a.footprint->area != b.footprint->area) return a.footprint->area > b.footprint->area;
         return a.footprint->element < b.footprint->element;
     });
-    marked_.start(port_, devicePixelRatioF(), palette(), Qt::transparent, std::move(items));
+    marked_.start(viewport_, devicePixelRatioF(), palette(), Qt::transparent, std::move(items));
     drawSome();
 }
 
 void PlanView::drawSome() {
-    const bool done = building_.draw(sliceMs) && marked_.draw(sliceMs);
+    const bool done = building_.draw(SliceMs) && marked_.draw(SliceMs);
     if (done) {
         drawer_.stop();
     } else if (!drawer_.isActive()) {
@@ -234,11 +233,11 @@ void PlanView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Base));
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    building_.paint(painter, port_);
-    marked_.paint(painter, port_);
-    PlanPainter plan(painter, port_, palette());
+    building_.paint(painter, viewport_);
+    marked_.paint(painter, viewport_);
+    PlanPainter plan(painter, viewport_, palette());
     const Footprint* footprint = selected_ ? geometry_->find(*selected_) : nullptr;
-    if (footprint && inSight(*footprint, port_)) plan.drawSelection(*footprint);
+    if (footprint && inSight(*footprint, viewport_)) plan.drawSelection(*footprint);
     if (marks_) plan.drawLegend(*marks_);
     if (!storeys_.empty() && !geometry_->complete(storeys_)) {
         painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
@@ -248,14 +247,14 @@ void PlanView::paintEvent(QPaintEvent*) {
 }
 
 void PlanView::resizeEvent(QResizeEvent*) {
-    port_.size = size();
+    viewport_.size = size();
     placePrompt();
     if (fitted_) fit();
     redraw();
 }
 
 void PlanView::wheelEvent(QWheelEvent* event) {
-    port_.zoom(std::pow(zoomStep, event->angleDelta().y() / 120.0), event->position());
+    viewport_.zoom(std::pow(ZoomStep, event->angleDelta().y() / 120.0), event->position());
     moved();
     event->accept();
 }
@@ -272,21 +271,21 @@ void PlanView::mouseMoveEvent(QMouseEvent* event) {
     if (!dragging_ && way.manhattanLength() < QApplication::startDragDistance()) return;
     dragging_ = true;
     setCursor(Qt::ClosedHandCursor);
-    port_.pan(event->position() - draggedFrom_);
+    viewport_.pan(event->position() - draggedFrom_);
     draggedFrom_ = event->position();
     moved();
 }
 
 void PlanView::mouseReleaseEvent(QMouseEvent* event) {
-    if (dragging_) setPrompt(promptLabel_->text());
+    if (dragging_) setPrompt(prompt_->text());
     const bool isClick = pressed_ && !dragging_ && event->button() == Qt::LeftButton;
     pressed_ = dragging_ = false;
     if (isClick) click(event->position());
 }
 
 void PlanView::click(const QPointF& pixel) {
-    const QPointF point = port_.toModel(pixel);
-    if (!promptLabel_->isHidden()) {
+    const QPointF point = viewport_.toModel(pixel);
+    if (!prompt_->isHidden()) {
         Q_EMIT pointClicked(point);
     } else if (const auto element = hit(point, true)) {
         Q_EMIT elementClicked(*element);
@@ -297,26 +296,26 @@ void PlanView::keyPressEvent(QKeyEvent* event) {
     constexpr double step = 40;
     switch (event->key()) {
         case Qt::Key_Plus:
-            zoomBy(zoomStep);
+            zoomBy(ZoomStep);
             return;
         case Qt::Key_Minus:
-            zoomBy(1 / zoomStep);
+            zoomBy(1 / ZoomStep);
             return;
         case Qt::Key_0:
         case Qt::Key_Home:
             fit();
             return;
         case Qt::Key_Left:
-            port_.pan({step, 0});
+            viewport_.pan({step, 0});
             break;
         case Qt::Key_Right:
-            port_.pan({-step, 0});
+            viewport_.pan({-step, 0});
             break;
         case Qt::Key_Up:
-            port_.pan({0, step});
+            viewport_.pan({0, step});
             break;
         case Qt::Key_Down:
-            port_.pan({0, -step});
+            viewport_.pan({0, -step});
             break;
         default:
             QWidget::keyPressEvent(event);
@@ -331,7 +330,7 @@ void PlanView::changeEvent(QEvent* event) {
 }
 
 QString PlanView::toolTipAt(const QPointF& pixel) const {
-    const auto element = hit(port_.toModel(pixel), true);
+    const auto element = hit(viewport_.toModel(pixel), true);
     const ElementIndex* index = geometry_->index();
     if (!element || !index) return {};
     QString text = index->type(*element) + u'\n' + guidText(index->guid(*element));

@@ -31,7 +31,7 @@ public:
 
     /// The smallest footprint at a point of the model, marked ones first if `preferMarked`.
     std::optional<model::Element> hit(const QPointF& point, bool preferMarked) const;
-    const PlanViewport& viewport() const { return port_; }
+    const PlanViewport& viewport() const { return viewport_; }
     /// Whether all that it is to show has been read.
     bool complete() const { return !storeys_.empty() && geometry_->complete(storeys_); }
 
@@ -71,7 +71,7 @@ private:
     std::vector<std::uint32_t> storeys_;
     const PlanMarks* marks_ = nullptr;
     std::optional<model::Element> selected_;
-    PlanViewport port_;
+    PlanViewport viewport_;
     bool fitted_ = true;  ///< Nobody has zoomed or panned: the whole storey stays in sight as it grows.
 
     PlanDrawing building_, marked_;
@@ -80,7 +80,7 @@ private:
 
     QPointF pressedAt_, draggedFrom_;
     bool pressed_ = false, dragging_ = false;
-    QLabel* promptLabel_;
+    QLabel* prompt_;
 };
 
 }  // namespace desktop

@@ -3,6 +3,7 @@
 #include <QPointF>
 #include <QRectF>
 #include <QSizeF>
+#include <algorithm>
 
 namespace desktop {
 
@@ -10,6 +11,9 @@ namespace desktop {
 /// model's y grows to the north, the screen's to the bottom.
 class PlanViewport {
 public:
+    /// Beyond these nobody sees anything, and the arithmetic of pixels would suffer.
+    static constexpr double LeastScale = 1e-6, GreatestScale = 1e5;
+
     QSizeF size;
     QPointF center;
     double scale = 1;  ///< Pixels for a unit of the model.
@@ -30,9 +34,21 @@ public:
 
     void pan(const QPointF& pixels) { center += QPointF(-pixels.x() / scale, pixels.y() / scale); }
     /// Zooms so that the point under `pixel` stays there.
-    void zoom(double factor, const QPointF& pixel);
+    void zoom(double factor, const QPointF& pixel) {
+        const QPointF fixed = toModel(pixel);
+        scale = std::clamp(scale * factor, LeastScale, GreatestScale);
+        center += fixed - toModel(pixel);
+    }
     /// Shows the whole box with a margin around it.
-    void fit(const QRectF& box, double margin);
+    void fit(const QRectF& box, double margin) {
+        center = box.center();
+        const double width = std::max(size.width() - 2 * margin, 1.0);
+        const double height = std::max(size.height() - 2 * margin, 1.0);
+        // A box without extent (a single point) is shown at a scale that leaves something around it.
+        const double least = 1e-3;
+        scale = std::clamp(std::min(width / std::max(box.width(), least), height / std::max(box.height(), least)),
+                           LeastScale, GreatestScale);
+    }
 
     friend bool operator==(const PlanViewport&, const PlanViewport&) = default;
 };

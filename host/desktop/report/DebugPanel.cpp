@@ -10,8 +10,8 @@ namespace desktop {
 namespace {
 
 /// What is kept of the output not yet shown; of more than twice as much the older part goes.
-constexpr std::size_t keptBytes = 1U << 20U;
-constexpr int keptLines = 20000;
+constexpr std::size_t KeptBytes = 1U << 20U;
+constexpr int KeptLines = 20000;
 
 }  // namespace
 
@@ -20,7 +20,7 @@ DebugPanel::DebugPanel(QWidget* parent) : QWidget(parent), view_(new QPlainTextE
     view_->setAccessibleName(QStringLiteral("Debug output"));
     view_->setReadOnly(true);
     view_->setUndoRedoEnabled(false);
-    view_->setMaximumBlockCount(keptLines);
+    view_->setMaximumBlockCount(KeptLines);
     view_->setLineWrapMode(QPlainTextEdit::NoWrap);
     view_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     auto* all = new QVBoxLayout(this);
@@ -33,7 +33,7 @@ DebugPanel::DebugPanel(QWidget* parent) : QWidget(parent), view_(new QPlainTextE
 
 void DebugPanel::append(const char* text) {
     pending_ += text;
-    if (pending_.size() > 2 * keptBytes) pending_.erase(0, pending_.size() - keptBytes);
+    if (pending_.size() > 2 * KeptBytes) pending_.erase(0, pending_.size() - KeptBytes);
     if (isVisible() && !timer_.isActive()) timer_.start();
 }
 

@@ -1,6 +1,6 @@
 #include "desktop/report/ReportPanel.hpp"
 
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 
 #include <QApplication>
 #include <QClipboard>

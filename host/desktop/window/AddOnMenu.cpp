@@ -1,6 +1,6 @@
 #include "desktop/window/AddOnMenu.hpp"
 
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 #include "desktop/WaitCursor.hpp"
 
 #include <QAction>
@@ -18,8 +18,8 @@ QString asMenuText(const GS::UniString& text) {
 
 }  // namespace
 
-AddOnMenu::AddOnMenu(QMainWindow* owner, host::Host& shared, Document& shown, Busy& sharedBusy)
-    : QObject(owner), window_(owner), host_(shared), document_(shown), busy_(sharedBusy) {
+AddOnMenu::AddOnMenu(QMainWindow* window, host::Host& host, Document& document, Busy& busy)
+    : QObject(window), window_(window), host_(host), document_(document), busy_(busy) {
     connect(&busy_, &Busy::changed, this, &AddOnMenu::update);
     connect(&document_, &Document::fileChanged, this, &AddOnMenu::update);
 }

@@ -17,7 +17,7 @@ public:
     /// Busy as long as one lives.
     class Guard {
     public:
-        explicit Guard(Busy& owner) : busy_(owner) { busy_.change(+1); }
+        explicit Guard(Busy& busy) : busy_(busy) { busy_.change(+1); }
         ~Guard() { busy_.change(-1); }
         Guard(const Guard&) = delete;
         Guard& operator=(const Guard&) = delete;

@@ -1,17 +1,17 @@
 #include "desktop/window/Document.hpp"
 
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 
 namespace desktop {
 
-Document::Document(host::Host& owner, QObject* parent) : QObject(parent), host_(owner) {}
+Document::Document(host::Host& host, QObject* parent) : QObject(parent), host_(host) {}
 
 void Document::adopt(Opened opened, const QString& path) {
     Q_EMIT closing();
     host_.adoptModel(std::move(opened.model));
     model()->takeLock();
-    elements_ = std::move(opened.index);
-    file_ = path;
+    index_ = std::move(opened.index);
+    path_ = path;
     revision_ = model()->revision();
     Q_EMIT replaced();
     Q_EMIT fileChanged();
@@ -21,8 +21,8 @@ void Document::close() {
     if (!isOpen()) return;
     Q_EMIT closing();
     host_.closeModel();
-    elements_.reset();
-    file_.clear();
+    index_.reset();
+    path_.clear();
     Q_EMIT replaced();
     Q_EMIT fileChanged();
 }
@@ -34,7 +34,7 @@ model::Status Document::save(const QString& path, bool force, const model::Progr
     options.moveLock = true;  // the file saved is the one shown from here on
     model::Status status = host_.save(toPath(path), options);
     if (status) {
-        file_ = path;
+        path_ = path;
         Q_EMIT fileChanged();
     }
     return status;
@@ -59,7 +59,7 @@ void Document::redo() {
 void Document::noteCommand() {
     if (!isOpen() || model()->revision() == revision_) return;
     revision_ = model()->revision();
-    elements_->refreshNames(*model());
+    index_->refreshNames(*model());
     Q_EMIT edited();
     Q_EMIT fileChanged();
 }

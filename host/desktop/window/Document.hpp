@@ -26,15 +26,15 @@ public:
     /// @param force  even over a file that another program has changed since: ErrorKind::ChangedSince otherwise.
     model::Status save(const QString& path, bool force, const model::Progress& progress);
 
-    bool isOpen() const { return elements_ != nullptr; }
+    bool isOpen() const { return index_ != nullptr; }
     bool modified() const;
-    const QString& path() const { return file_; }
+    const QString& path() const { return path_; }
     /// The program that has the file open for editing, so that the model can be saved under another name only. Empty
     /// where there is none.
     QString lockHolder() const;
     /// Null where none is open.
     model::Model* model() const { return host_.model(); }
-    const ElementIndex* index() const { return elements_.get(); }
+    const ElementIndex* index() const { return index_.get(); }
 
     void undo();
     void redo();
@@ -53,8 +53,8 @@ Q_SIGNALS:
 
 private:
     host::Host& host_;
-    std::unique_ptr<ElementIndex> elements_;
-    QString file_;
+    std::unique_ptr<ElementIndex> index_;
+    QString path_;
     std::uint64_t revision_ = 0;
 };
 

@@ -1,6 +1,6 @@
 #include "desktop/window/EditMenu.hpp"
 
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 #include "desktop/WaitCursor.hpp"
 #include "desktop/elements/ElementPanel.hpp"
 
@@ -23,8 +23,8 @@ QString withName(const QString& verb, bool possible, const std::string& name) {
 
 }  // namespace
 
-EditMenu::EditMenu(QMainWindow* owner, Document& shown, ElementPanel& panel, Busy& shared)
-    : QObject(owner), window_(owner), document_(shown), elements_(panel), busy_(shared) {
+EditMenu::EditMenu(QMainWindow* window, Document& document, ElementPanel& elements, Busy& busy)
+    : QObject(window), window_(window), document_(document), elements_(elements), busy_(busy) {
     QMenu* menu = window_->menuBar()->addMenu(QStringLiteral("&Edit"));
     const auto add = [&](const QString& text, const QKeySequence& key, const QString& prompt) {
         auto* action = menu->addAction(text);
@@ -32,24 +32,24 @@ EditMenu::EditMenu(QMainWindow* owner, Document& shown, ElementPanel& panel, Bus
         action->setStatusTip(prompt);
         return action;
     };
-    undoItem_ = add(QStringLiteral("&Undo"), QKeySequence::Undo, QStringLiteral("Take the last step back"));
-    redoItem_ = add(QStringLiteral("&Redo"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
-                    QStringLiteral("Do the step again that was taken back"));
+    undo_ = add(QStringLiteral("&Undo"), QKeySequence::Undo, QStringLiteral("Take the last step back"));
+    redo_ = add(QStringLiteral("&Redo"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
+                QStringLiteral("Do the step again that was taken back"));
     menu->addSeparator();
-    copyItem_ = add(QStringLiteral("Copy &GUID"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C),
+    copyGuid_ = add(QStringLiteral("Copy &GUID"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C),
                     QStringLiteral("Copy the GUID of the selected element"));
-    findItem_ = add(QStringLiteral("&Find Elements"), QKeySequence::Find, QStringLiteral("Go to the filter"));
+    find_ = add(QStringLiteral("&Find Elements"), QKeySequence::Find, QStringLiteral("Go to the filter"));
 
-    connect(undoItem_, &QAction::triggered, this, [this] {
+    connect(undo_, &QAction::triggered, this, [this] {
         const WaitCursor wait;
         document_.undo();
     });
-    connect(redoItem_, &QAction::triggered, this, [this] {
+    connect(redo_, &QAction::triggered, this, [this] {
         const WaitCursor wait;
         document_.redo();
     });
-    connect(copyItem_, &QAction::triggered, this, &EditMenu::copyGuid);
-    connect(findItem_, &QAction::triggered, &elements_, &ElementPanel::focusFilter);
+    connect(copyGuid_, &QAction::triggered, this, &EditMenu::copyGuid);
+    connect(find_, &QAction::triggered, &elements_, &ElementPanel::focusFilter);
     connect(&document_, &Document::fileChanged, this, &EditMenu::update);
     connect(&elements_, &ElementPanel::currentChanged, this, &EditMenu::update);
     connect(&busy_, &Busy::changed, this, &EditMenu::update);
@@ -60,12 +60,12 @@ void EditMenu::update() {
     const bool free = document_.isOpen() && !busy_.active();
     const bool canUndo = free && document_.model()->canUndo();
     const bool canRedo = free && document_.model()->canRedo();
-    undoItem_->setEnabled(canUndo);
-    redoItem_->setEnabled(canRedo);
-    undoItem_->setText(withName(QStringLiteral("&Undo"), canUndo, canUndo ? document_.model()->undoName() : ""));
-    redoItem_->setText(withName(QStringLiteral("&Redo"), canRedo, canRedo ? document_.model()->redoName() : ""));
-    copyItem_->setEnabled(document_.isOpen() && elements_.current().has_value());
-    findItem_->setEnabled(document_.isOpen());
+    undo_->setEnabled(canUndo);
+    redo_->setEnabled(canRedo);
+    undo_->setText(withName(QStringLiteral("&Undo"), canUndo, canUndo ? document_.model()->undoName() : ""));
+    redo_->setText(withName(QStringLiteral("&Redo"), canRedo, canRedo ? document_.model()->redoName() : ""));
+    copyGuid_->setEnabled(document_.isOpen() && elements_.current().has_value());
+    find_->setEnabled(document_.isOpen());
 }
 
 void EditMenu::copyGuid() {

@@ -27,7 +27,7 @@ private:
     Document& document_;
     ElementPanel& elements_;
     Busy& busy_;
-    QAction *undoItem_, *redoItem_, *copyItem_, *findItem_;
+    QAction *undo_, *redo_, *copyGuid_, *find_;
 };
 
 }  // namespace desktop

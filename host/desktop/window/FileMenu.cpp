@@ -1,8 +1,7 @@
 #include "desktop/window/FileMenu.hpp"
 
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 #include "desktop/window/FileTasks.hpp"
-#include "desktop/window/RecentFiles.hpp"
 
 #include <QAction>
 #include <QFile>
@@ -20,8 +19,9 @@ namespace desktop {
 
 namespace {
 
-const QString folderKey = QStringLiteral("folders/models");
-const QString modelFilter = QStringLiteral("IFC models (*.ifc *.ifczip *.ifcZIP *.IFC);;All files (*)");
+const QString FolderKey = QStringLiteral("folders/models");
+const QString RecentFilesKey = QStringLiteral("recentFiles");
+const QString ModelFilter = QStringLiteral("IFC models (*.ifc *.ifczip *.ifcZIP *.IFC);;All files (*)");
 
 /// Whether the file's first line begins as an update does: people drop the one file for the other.
 bool looksLikeUpdates(const QString& path) {
@@ -42,23 +42,44 @@ void showError(QWidget* window, const QString& title, const model::Error& error)
 
 }  // namespace
 
-FileMenu::FileMenu(QMainWindow* owner, Document& shown, Busy& shared)
-    : QObject(owner), window_(owner), document_(shown), busy_(shared) {
-    fileMenu_ = window_->menuBar()->addMenu(QStringLiteral("&File"));
-    openItem_ =
-        add(QStringLiteral("&Open…"), QKeySequence::Open, QStringLiteral("Open a model"), &FileMenu::openByDialog);
-    fileMenu_->setToolTipsVisible(true);
-    recentMenu_ = fileMenu_->addMenu(QStringLiteral("Open &Recent"));
-    fileMenu_->addSeparator();
-    saveItem_ = add(QStringLiteral("&Save"), QKeySequence::Save, QStringLiteral("Save the model to its file"),
-                    &FileMenu::saveAction);
-    saveAsItem_ = add(QStringLiteral("Save &As…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
-                      QStringLiteral("Save the model to another file"), &FileMenu::saveAsAction);
-    fileMenu_->addSeparator();
-    closeItem_ = add(QStringLiteral("&Close"), QKeySequence(Qt::CTRL | Qt::Key_W), QStringLiteral("Close the model"),
-                     &FileMenu::closeAction);
-    quitItem_ = add(QStringLiteral("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), QStringLiteral("Leave the program"),
-                    &FileMenu::quit);
+QStringList RecentFiles::list() {
+    return QSettings().value(RecentFilesKey).toStringList();
+}
+
+void RecentFiles::add(const QString& path) {
+    const QString whole = QFileInfo(path).absoluteFilePath();
+    QStringList files = list();
+    files.removeAll(whole);
+    files.prepend(whole);
+    QSettings().setValue(RecentFilesKey, files.mid(0, Most));
+}
+
+void RecentFiles::remove(const QString& path) {
+    QStringList files = list();
+    files.removeAll(QFileInfo(path).absoluteFilePath());
+    QSettings().setValue(RecentFilesKey, files);
+}
+
+void RecentFiles::clear() {
+    QSettings().remove(RecentFilesKey);
+}
+
+FileMenu::FileMenu(QMainWindow* window, Document& document, Busy& busy)
+    : QObject(window), window_(window), document_(document), busy_(busy) {
+    menu_ = window_->menuBar()->addMenu(QStringLiteral("&File"));
+    open_ = add(QStringLiteral("&Open…"), QKeySequence::Open, QStringLiteral("Open a model"), &FileMenu::openByDialog);
+    menu_->setToolTipsVisible(true);
+    recentMenu_ = menu_->addMenu(QStringLiteral("Open &Recent"));
+    menu_->addSeparator();
+    save_ = add(QStringLiteral("&Save"), QKeySequence::Save, QStringLiteral("Save the model to its file"),
+                &FileMenu::saveAction);
+    saveAs_ = add(QStringLiteral("Save &As…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
+                  QStringLiteral("Save the model to another file"), &FileMenu::saveAsAction);
+    menu_->addSeparator();
+    close_ = add(QStringLiteral("&Close"), QKeySequence(Qt::CTRL | Qt::Key_W), QStringLiteral("Close the model"),
+                 &FileMenu::closeAction);
+    quit_ = add(QStringLiteral("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), QStringLiteral("Leave the program"),
+                &FileMenu::quit);
     connect(recentMenu_, &QMenu::aboutToShow, this, &FileMenu::fillRecent);
     connect(&document_, &Document::fileChanged, this, &FileMenu::update);
     connect(&busy_, &Busy::changed, this, &FileMenu::update);
@@ -66,7 +87,7 @@ FileMenu::FileMenu(QMainWindow* owner, Document& shown, Busy& shared)
 }
 
 QAction* FileMenu::add(const QString& text, const QKeySequence& key, const QString& prompt, void (FileMenu::*what)()) {
-    auto* action = fileMenu_->addAction(text);
+    auto* action = menu_->addAction(text);
     action->setShortcut(key);
     action->setStatusTip(prompt);
     connect(action, &QAction::triggered, this, what);
@@ -75,19 +96,19 @@ QAction* FileMenu::add(const QString& text, const QKeySequence& key, const QStri
 
 void FileMenu::update() {
     const bool free = !busy_.active();
-    openItem_->setEnabled(free);
+    open_->setEnabled(free);
     recentMenu_->setEnabled(free && !RecentFiles::list().isEmpty());
     const QString holder = document_.lockHolder();
-    saveItem_->setEnabled(free && document_.modified());
-    saveItem_->setText(holder.isEmpty() ? QStringLiteral("&Save") : QStringLiteral("&Save Under Another Name…"));
+    save_->setEnabled(free && document_.modified());
+    save_->setText(holder.isEmpty() ? QStringLiteral("&Save") : QStringLiteral("&Save Under Another Name…"));
     const QString prompt = holder.isEmpty()
                                ? QStringLiteral("Save the model to its file")
                                : QStringLiteral("The file is open in %1; save under another name").arg(holder);
-    saveItem_->setStatusTip(prompt);
-    saveItem_->setToolTip(asPlainToolTip(prompt));
-    saveAsItem_->setEnabled(free && document_.isOpen());
-    closeItem_->setEnabled(free && document_.isOpen());
-    quitItem_->setEnabled(free);
+    save_->setStatusTip(prompt);
+    save_->setToolTip(asPlainToolTip(prompt));
+    saveAs_->setEnabled(free && document_.isOpen());
+    close_->setEnabled(free && document_.isOpen());
+    quit_->setEnabled(free);
 }
 
 void FileMenu::fillRecent() {
@@ -112,8 +133,8 @@ void FileMenu::openByDialog() {
     QFileDialog dialog(window_, QStringLiteral("Open Model"));
     dialog.setObjectName(QStringLiteral("openDialog"));
     dialog.setFileMode(QFileDialog::ExistingFile);
-    dialog.setNameFilters(modelFilter.split(QStringLiteral(";;")));
-    dialog.setDirectory(QSettings().value(folderKey, QDir::homePath()).toString());
+    dialog.setNameFilters(ModelFilter.split(QStringLiteral(";;")));
+    dialog.setDirectory(QSettings().value(FolderKey, QDir::homePath()).toString());
     if (dialog.exec() == QDialog::Accepted) open(dialog.selectedFiles().constFirst());
 }
 
@@ -139,7 +160,7 @@ bool FileMenu::open(const QString& path) {
         return false;
     }
     const QFileInfo file(path);
-    QSettings().setValue(folderKey, file.absolutePath());
+    QSettings().setValue(FolderKey, file.absolutePath());
     RecentFiles::add(path);
     document_.adopt(std::move(**opened), file.absoluteFilePath());
     return true;
@@ -156,7 +177,7 @@ bool FileMenu::saveAs() {
     dialog.setObjectName(QStringLiteral("saveDialog"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setNameFilters(modelFilter.split(QStringLiteral(";;")));
+    dialog.setNameFilters(ModelFilter.split(QStringLiteral(";;")));
     dialog.setDefaultSuffix(QFileInfo(document_.path()).suffix());
     dialog.setDirectory(QFileInfo(document_.path()).absolutePath());
     dialog.selectFile(QFileInfo(document_.path()).fileName());

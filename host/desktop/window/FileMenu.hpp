@@ -4,12 +4,24 @@
 #include "desktop/window/Document.hpp"
 
 #include <QObject>
+#include <QStringList>
 
 class QAction;
 class QMainWindow;
 class QMenu;
 
 namespace desktop {
+
+/// The models opened last, the newest first, kept in the user's settings.
+class RecentFiles {
+public:
+    static constexpr int Most = 10;
+
+    static QStringList list();
+    static void add(const QString& path);
+    static void remove(const QString& path);
+    static void clear();
+};
 
 /// The File menu and what it does: opening, recent files, saving, closing, and the question about unsaved changes.
 class FileMenu : public QObject {
@@ -18,7 +30,7 @@ class FileMenu : public QObject {
 public:
     FileMenu(QMainWindow* window, Document& document, Busy& busy);
 
-    QMenu* menu() const { return fileMenu_; }
+    QMenu* menu() const { return menu_; }
 
     /// Asks about unsaved changes first. A file that cannot be opened is said in a message; the model that was open
     /// stays. @return whether it is open now.
@@ -46,9 +58,9 @@ private:
     QMainWindow* window_;
     Document& document_;
     Busy& busy_;
-    QMenu* fileMenu_;
+    QMenu* menu_;
     QMenu* recentMenu_;
-    QAction *openItem_, *saveItem_, *saveAsItem_, *closeItem_, *quitItem_;
+    QAction *open_, *save_, *saveAs_, *close_, *quit_;
 };
 
 }  // namespace desktop

@@ -1,6 +1,6 @@
 #include "desktop/window/FileTasks.hpp"
 
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 
 #include <QEventLoop>
 #include <QFileInfo>
@@ -14,14 +14,14 @@ namespace desktop {
 namespace {
 
 /// A file that is through sooner shows no progress: a window that comes and goes at once is only a flicker.
-constexpr int quietMs = 500;
-constexpr int pollMs = 40;
-constexpr int wholeBar = 1000;
+constexpr int QuietMs = 500;
+constexpr int PollMs = 40;
+constexpr int WholeBar = 1000;
 
 int onBar(std::uint64_t done, std::uint64_t total) {
     if (total == 0) return 0;
     const double part = std::min(static_cast<double>(done) / static_cast<double>(total), 1.0);
-    return static_cast<int>(part * wholeBar);
+    return static_cast<int>(part * WholeBar);
 }
 
 void setUp(QProgressDialog& dialog, const QString& label, const QString& name) {
@@ -29,9 +29,9 @@ void setUp(QProgressDialog& dialog, const QString& label, const QString& name) {
     dialog.setWindowTitle(label);
     dialog.setAccessibleName(label);
     dialog.setLabelText(label + u'…');
-    dialog.setRange(0, wholeBar);
+    dialog.setRange(0, WholeBar);
     dialog.setWindowModality(Qt::ApplicationModal);
-    dialog.setMinimumDuration(quietMs);
+    dialog.setMinimumDuration(QuietMs);
     dialog.setMinimumWidth(380);
     // It closes when the work says that it is through, not when the bar happens to be full.
     dialog.setAutoClose(false);
@@ -74,7 +74,7 @@ std::optional<model::Result<Document::Opened>> openWithProgress(QWidget* window,
     QObject::connect(&dialog, &QProgressDialog::canceled, &loop, [&] { cancelled = true; });
     QObject::connect(worker.get(), &QThread::finished, &loop, &QEventLoop::quit);
     dialog.setValue(0);
-    poll.start(pollMs);
+    poll.start(PollMs);
     worker->start();
     loop.exec();
     worker->wait();

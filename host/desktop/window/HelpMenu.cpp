@@ -1,6 +1,6 @@
 #include "desktop/window/HelpMenu.hpp"
 
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 #include "frameworks/FrontEnd.hpp"
 
 #include <QAction>
@@ -14,11 +14,11 @@
 
 namespace desktop {
 
-HelpMenu::HelpMenu(QMainWindow* owner, host::Host& shared)
-    : QObject(owner),
+HelpMenu::HelpMenu(QMainWindow* window, host::Host& host)
+    : QObject(window),
       openFolder([](const QString& folder) { return QDesktopServices::openUrl(QUrl::fromLocalFile(folder)); }),
-      window_(owner),
-      host_(shared),
+      window_(window),
+      host_(host),
       menu_(window_->menuBar()->addMenu(QStringLiteral("&Help"))) {
     connect(menu_, &QMenu::aboutToShow, this, &HelpMenu::fill);
     fill();

@@ -1,6 +1,6 @@
 #include "desktop/window/MainWindow.hpp"
 
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 #include "desktop/WaitCursor.hpp"
 #include "desktop/dialogs/AddOnDialog.hpp"
 #include "desktop/dialogs/DesktopView.hpp"
@@ -39,10 +39,10 @@ namespace desktop {
 
 namespace {
 
-const QString geometryKey = QStringLiteral("window/geometry");
-const QString stateKey = QStringLiteral("window/state");
+const QString GeometryKey = QStringLiteral("window/geometry");
+const QString StateKey = QStringLiteral("window/state");
 /// Raised when the docks change, so that an older arrangement is not laid over them.
-constexpr int stateVersion = 1;
+constexpr int StateVersion = 1;
 
 /// The first file of a drop; empty where there is none.
 QString droppedFile(const QMimeData* data) {
@@ -55,12 +55,12 @@ QString droppedFile(const QMimeData* data) {
 }  // namespace
 
 MainWindow::MainWindow()
-    : doc_(new Document(theHost_, this)),
-      table_(new ElementPanel),
-      inspect_(new InspectorPanel),
-      planPanel_(new PlanPanel),
-      reportPanel_(new ReportPanel),
-      debugPanel_(new DebugPanel),
+    : document_(new Document(host_, this)),
+      elements_(new ElementPanel),
+      inspector_(new InspectorPanel),
+      plan_(new PlanPanel),
+      report_(new ReportPanel),
+      debug_(new DebugPanel),
       middle_(new QStackedWidget),
       summary_(new QLabel),
       readOnlyBar_(new ReadOnlyBar) {
@@ -77,10 +77,10 @@ MainWindow::MainWindow()
 MainWindow::~MainWindow() {
     review_.reset();
     frontend::setDebugSink({});
-    theHost_.setReportSink({});
-    theHost_.setPointPicker({});
+    host_.setReportSink({});
+    host_.setPointPicker({});
     // What looks at the model goes before the host that owns it.
-    doc_->close();
+    document_->close();
 }
 
 QSize MainWindow::sizeHint() const {
@@ -90,16 +90,15 @@ QSize MainWindow::sizeHint() const {
 void MainWindow::makePanels() {
     addToolBar(Qt::TopToolBarArea, readOnlyBar_);
     middle_->addWidget(makeWelcome());
-    middle_->addWidget(table_);
+    middle_->addWidget(elements_);
     setCentralWidget(middle_);
     // The report belongs under the table; the plan and the element's data keep the window's whole height.
     setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
-    planDock_ = addDock(QStringLiteral("Plan"), QStringLiteral("planDock"), planPanel_, Qt::RightDockWidgetArea);
-    elementDock_ = addDock(QStringLiteral("Element"), QStringLiteral("elementDock"), inspect_, Qt::RightDockWidgetArea);
-    reportDock_ =
-        addDock(QStringLiteral("Report"), QStringLiteral("reportDock"), reportPanel_, Qt::BottomDockWidgetArea);
-    debugDock_ =
-        addDock(QStringLiteral("Debug Output"), QStringLiteral("debugDock"), debugPanel_, Qt::BottomDockWidgetArea);
+    planDock_ = addDock(QStringLiteral("Plan"), QStringLiteral("planDock"), plan_, Qt::RightDockWidgetArea);
+    elementDock_ =
+        addDock(QStringLiteral("Element"), QStringLiteral("elementDock"), inspector_, Qt::RightDockWidgetArea);
+    reportDock_ = addDock(QStringLiteral("Report"), QStringLiteral("reportDock"), report_, Qt::BottomDockWidgetArea);
+    debugDock_ = addDock(QStringLiteral("Debug Output"), QStringLiteral("debugDock"), debug_, Qt::BottomDockWidgetArea);
     tabifyDockWidget(reportDock_, debugDock_);
     debugDock_->hide();
     const QSize size = MainWindow::sizeHint();
@@ -128,7 +127,7 @@ QWidget* MainWindow::makeWelcome() {
     auto* button = new QPushButton(QStringLiteral("Open Model…"));
     button->setObjectName(QStringLiteral("welcomeOpen"));
     button->setAccessibleName(QStringLiteral("Open a model"));
-    connect(button, &QPushButton::clicked, this, [this] { files_->openByDialog(); });
+    connect(button, &QPushButton::clicked, this, [this] { fileMenu_->openByDialog(); });
     auto* all = new QVBoxLayout(page);
     all->addStretch();
     all->addWidget(text);
@@ -139,74 +138,74 @@ QWidget* MainWindow::makeWelcome() {
 }
 
 void MainWindow::makeMenus() {
-    files_ = new FileMenu(this, *doc_, busy_);
-    new EditMenu(this, *doc_, *table_, busy_);
+    fileMenu_ = new FileMenu(this, *document_, busy_);
+    new EditMenu(this, *document_, *elements_, busy_);
     QMenu* shown = menuBar()->addMenu(QStringLiteral("&View"));
     for (QDockWidget* dock : {planDock_, elementDock_, reportDock_, debugDock_})
         shown->addAction(dock->toggleViewAction());
-    addOn_ = new AddOnMenu(this, theHost_, *doc_, busy_);
-    help_ = new HelpMenu(this, theHost_);
+    addOnMenu_ = new AddOnMenu(this, host_, *document_, busy_);
+    helpMenu_ = new HelpMenu(this, host_);
 }
 
 void MainWindow::connectPanels() {
-    connect(doc_, &Document::closing, this, [this] {
-        table_->setSource(nullptr, nullptr);
-        inspect_->show(nullptr, std::nullopt);
-        planPanel_->setSource(nullptr, nullptr);
+    connect(document_, &Document::closing, this, [this] {
+        elements_->setSource(nullptr, nullptr);
+        inspector_->show(nullptr, std::nullopt);
+        plan_->setSource(nullptr, nullptr);
     });
-    connect(doc_, &Document::replaced, this, &MainWindow::showDocument);
-    connect(doc_, &Document::fileChanged, this, &MainWindow::showTitle);
-    connect(doc_, &Document::fileChanged, this, [this] { readOnlyBar_->show(doc_->lockHolder()); });
-    connect(readOnlyBar_, &ReadOnlyBar::saveAsWanted, this, [this] { files_->saveAs(); });
+    connect(document_, &Document::replaced, this, &MainWindow::showDocument);
+    connect(document_, &Document::fileChanged, this, &MainWindow::showTitle);
+    connect(document_, &Document::fileChanged, this, [this] { readOnlyBar_->show(document_->lockHolder()); });
+    connect(readOnlyBar_, &ReadOnlyBar::saveAsWanted, this, [this] { fileMenu_->saveAs(); });
     connect(readOnlyBar_, &ReadOnlyBar::reopeningWanted, this, [this] {
-        const QString path = doc_->path();  // a copy: saving the changes first may give the document another one
-        files_->open(path);
+        const QString path = document_->path();  // a copy: saving the changes first may give the document another one
+        fileMenu_->open(path);
     });
     connect(&busy_, &Busy::changed, this, [this] { readOnlyBar_->setEnabled(!busy_.active()); });
-    connect(doc_, &Document::edited, table_, &ElementPanel::refresh);
-    connect(table_, &ElementPanel::currentChanged, this, [this] {
-        inspect_->show(doc_->model(), table_->current());
-        planPanel_->showElement(table_->current());
+    connect(document_, &Document::edited, elements_, &ElementPanel::refresh);
+    connect(elements_, &ElementPanel::currentChanged, this, [this] {
+        inspector_->show(document_->model(), elements_->current());
+        plan_->showElement(elements_->current());
     });
-    connect(planPanel_, &PlanPanel::elementClicked, table_, &ElementPanel::select);
-    connect(reportPanel_, &ReportPanel::countChanged, this, [this](int count) {
+    connect(plan_, &PlanPanel::elementClicked, elements_, &ElementPanel::select);
+    connect(report_, &ReportPanel::countChanged, this, [this](int count) {
         reportDock_->setWindowTitle(count ? QStringLiteral("Report (%1)").arg(number(count))
                                           : QStringLiteral("Report"));
     });
-    connect(addOn_, &AddOnMenu::commandEnded, this, [this](GSErrCode error) {
-        frontEnd_->takePickedFile();
+    connect(addOnMenu_, &AddOnMenu::commandEnded, this, [this](GSErrCode error) {
+        view_->takePickedFile();
         if (error == NoError) return;
-        reportPanel_->append(QStringLiteral("The add-on's command ended with the error 0x%1")
-                                 .arg(static_cast<quint32>(error), 8, 16, QLatin1Char('0')),
-                             false);
+        report_->append(QStringLiteral("The add-on's command ended with the error 0x%1")
+                            .arg(static_cast<quint32>(error), 8, 16, QLatin1Char('0')),
+                        false);
     });
 }
 
 void MainWindow::connectHost() {
-    frontEnd_ = std::make_unique<DesktopView>(this, planDock_);
-    connect(frontEnd_.get(), &DesktopView::dialogOpened, this, &MainWindow::showDialog);
-    connect(frontEnd_.get(), &DesktopView::dialogClosed, this, [this] { review_.reset(); });
-    frontend::setDebugSink([this](const char* text) { debugPanel_->append(text); });
+    view_ = std::make_unique<DesktopView>(this, planDock_);
+    connect(view_.get(), &DesktopView::dialogOpened, this, &MainWindow::showDialog);
+    connect(view_.get(), &DesktopView::dialogClosed, this, [this] { review_.reset(); });
+    frontend::setDebugSink([this](const char* text) { debug_->append(text); });
     frontend::setBeepSink([] { QApplication::beep(); });
-    theHost_.setReportSink([this](const host::ReportLine& line) { showReportLine(line); });
-    theHost_.setPointPicker([this](const std::string& prompt) { return pickPoint(toQString(prompt)); });
+    host_.setReportSink([this](const host::ReportLine& line) { showReportLine(line); });
+    host_.setPointPicker([this](const std::string& prompt) { return pickPoint(toQString(prompt)); });
 }
 
 void MainWindow::restorePlaces() {
     const QSettings settings;
     resize(MainWindow::sizeHint());
-    restoreGeometry(settings.value(geometryKey).toByteArray());
-    restoreState(settings.value(stateKey).toByteArray(), stateVersion);
+    restoreGeometry(settings.value(GeometryKey).toByteArray());
+    restoreState(settings.value(StateKey).toByteArray(), StateVersion);
 }
 
 bool MainWindow::loadAddOn(const std::filesystem::path& bundle) {
-    const model::Status status = theHost_.loadAddOn(bundle);
-    addOn_->rebuild();
+    const model::Status status = host_.loadAddOn(bundle);
+    addOnMenu_->rebuild();
     // Help stands last in a menu bar.
-    menuBar()->addAction(help_->menuAction());
+    menuBar()->addAction(helpMenu_->menuAction());
     if (status) return true;
     const QString reason = toQString(status.error().message);
-    reportPanel_->append(reason, true);
+    report_->append(reason, true);
     QTimer::singleShot(0, this, [this, reason] {
         QMessageBox box(QMessageBox::Warning, QStringLiteral("Add-On"),
                         QStringLiteral("The add-on could not be loaded."), QMessageBox::Ok, this);
@@ -218,21 +217,21 @@ bool MainWindow::loadAddOn(const std::filesystem::path& bundle) {
 }
 
 bool MainWindow::openFile(const QString& path) {
-    return files_->open(path);
+    return fileMenu_->open(path);
 }
 
 void MainWindow::showDocument() {
-    const bool open = doc_->isOpen();
+    const bool open = document_->isOpen();
     middle_->setCurrentIndex(open ? 1 : 0);
-    reportPanel_->clear();
-    table_->setSource(doc_->model(), doc_->index());
-    planPanel_->setSource(doc_->model(), doc_->index());
+    report_->clear();
+    elements_->setSource(document_->model(), document_->index());
+    plan_->setSource(document_->model(), document_->index());
     summary_->clear();
     if (open) {
-        summary_->setText(QStringLiteral("%1 · %2").arg(toQString(doc_->model()->schemaName()),
-                                                        counted(doc_->index()->size(), "element", "elements")));
-        for (const std::string& remark : doc_->model()->remarks()) {
-            reportPanel_->append(toQString(remark), false);
+        summary_->setText(QStringLiteral("%1 · %2").arg(toQString(document_->model()->schemaName()),
+                                                        counted(document_->index()->size(), "element", "elements")));
+        for (const std::string& remark : document_->model()->remarks()) {
+            report_->append(toQString(remark), false);
         }
     }
     showTitle();
@@ -240,17 +239,17 @@ void MainWindow::showDocument() {
 
 void MainWindow::showTitle() {
     const QString program = QStringLiteral("Model Host");
-    const QString state = doc_->lockHolder().isEmpty() ? QString() : QStringLiteral(" (read-only)");
-    setWindowTitle(doc_->isOpen()
-                       ? QStringLiteral("%1[*]%2 – %3").arg(QFileInfo(doc_->path()).fileName(), state, program)
+    const QString state = document_->lockHolder().isEmpty() ? QString() : QStringLiteral(" (read-only)");
+    setWindowTitle(document_->isOpen()
+                       ? QStringLiteral("%1[*]%2 – %3").arg(QFileInfo(document_->path()).fileName(), state, program)
                        : program);
-    setWindowModified(doc_->modified());
-    statusBar()->setToolTip(doc_->path());
+    setWindowModified(document_->modified());
+    statusBar()->setToolTip(document_->path());
 }
 
 void MainWindow::showReportLine(const host::ReportLine& line) {
     const QString text = toQString(line.text);
-    reportPanel_->append(text, line.alert);
+    report_->append(text, line.alert);
     if (!line.alert) return;
     const WaitCursor::Pause usable;
     QMessageBox box(QMessageBox::Warning, QStringLiteral("Report"), text, QMessageBox::Ok, this);
@@ -260,28 +259,28 @@ void MainWindow::showReportLine(const host::ReportLine& line) {
 }
 
 void MainWindow::showDialog(AddOnDialog* dialog) {
-    review_ = std::make_unique<Review>(*doc_, *planPanel_, *table_, *dialog);
-    const auto file = frontEnd_->takePickedFile();
-    if (!file || !doc_->isOpen()) return;
+    review_ = std::make_unique<Review>(*document_, *plan_, *elements_, *dialog);
+    const auto file = view_->takePickedFile();
+    if (!file || !document_->isOpen()) return;
     const QString name = QFileInfo(pathText(*file)).fileName();
-    const QStringList hints = hintsAbout(*file, dialog->content(), *doc_->model());
+    const QStringList hints = hintsAbout(*file, dialog->content(), *document_->model());
     dialog->showHints(name, hints);
     // There they stay when the dialog is gone.
-    for (const QString& hint : hints) reportPanel_->append(QStringLiteral("%1: %2").arg(name, hint), false);
+    for (const QString& hint : hints) report_->append(QStringLiteral("%1: %2").arg(name, hint), false);
 }
 
 /// A dialog that stands before the plan makes room until the user has answered.
 std::optional<host::PickedPoint> MainWindow::pickPoint(const QString& prompt) {
     const Busy::Guard guard(busy_);
     const WaitCursor::Pause usable;
-    AddOnDialog* dialog = frontEnd_->current();
+    AddOnDialog* dialog = view_->current();
     const bool hidden = dialog && dialog->isVisible();
     if (hidden) dialog->hide();
     planDock_->show();
     planDock_->raise();
     activateWindow();
     statusBar()->showMessage(prompt);
-    const auto picked = planPanel_->pickPoint(prompt);
+    const auto picked = plan_->pickPoint(prompt);
     statusBar()->clearMessage();
     if (hidden) dialog->show();
     return picked;
@@ -290,8 +289,8 @@ std::optional<host::PickedPoint> MainWindow::pickPoint(const QString& prompt) {
 void MainWindow::closeEvent(QCloseEvent* event) {
     if (busy_.active()) {
         // The add-on's command is on the stack; its dialog or question has to be answered first.
-        planPanel_->cancelPicking();
-        if (AddOnDialog* dialog = frontEnd_->current()) {
+        plan_->cancelPicking();
+        if (AddOnDialog* dialog = view_->current()) {
             dialog->raise();
             dialog->activateWindow();
         }
@@ -299,13 +298,13 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         event->ignore();
         return;
     }
-    if (!files_->mayLoseModel()) {
+    if (!fileMenu_->mayLoseModel()) {
         event->ignore();
         return;
     }
     QSettings settings;
-    settings.setValue(geometryKey, saveGeometry());
-    settings.setValue(stateKey, saveState(stateVersion));
+    settings.setValue(GeometryKey, saveGeometry());
+    settings.setValue(StateKey, saveState(StateVersion));
     event->accept();
 }
 

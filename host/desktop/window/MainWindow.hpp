@@ -37,17 +37,17 @@ public:
     bool loadAddOn(const std::filesystem::path& bundle);
     bool openFile(const QString& path);
 
-    host::Host& host() { return theHost_; }
-    Document& document() { return *doc_; }
-    FileMenu& fileMenu() { return *files_; }
-    AddOnMenu& addOnMenu() { return *addOn_; }
-    HelpMenu& helpMenu() { return *help_; }
-    ElementPanel& elements() { return *table_; }
-    InspectorPanel& inspector() { return *inspect_; }
-    PlanPanel& plan() { return *planPanel_; }
-    ReportPanel& report() { return *reportPanel_; }
-    DebugPanel& debug() { return *debugPanel_; }
-    DesktopView& view() { return *frontEnd_; }
+    host::Host& host() { return host_; }
+    Document& document() { return *document_; }
+    FileMenu& fileMenu() { return *fileMenu_; }
+    AddOnMenu& addOnMenu() { return *addOnMenu_; }
+    HelpMenu& helpMenu() { return *helpMenu_; }
+    ElementPanel& elements() { return *elements_; }
+    InspectorPanel& inspector() { return *inspector_; }
+    PlanPanel& plan() { return *plan_; }
+    ReportPanel& report() { return *report_; }
+    DebugPanel& debug() { return *debug_; }
+    DesktopView& view() { return *view_; }
 
     QSize sizeHint() const override;
 
@@ -71,22 +71,22 @@ private:
     void showDialog(AddOnDialog* dialog);
     std::optional<host::PickedPoint> pickPoint(const QString& prompt);
 
-    host::Host theHost_;
+    host::Host host_;
     Busy busy_;
-    Document* doc_;
-    ElementPanel* table_;
-    InspectorPanel* inspect_;
-    PlanPanel* planPanel_;
-    ReportPanel* reportPanel_;
-    DebugPanel* debugPanel_;
+    Document* document_;
+    ElementPanel* elements_;
+    InspectorPanel* inspector_;
+    PlanPanel* plan_;
+    ReportPanel* report_;
+    DebugPanel* debug_;
     QStackedWidget* middle_;
     QDockWidget *planDock_, *elementDock_, *reportDock_, *debugDock_;
     QLabel* summary_;
     ReadOnlyBar* readOnlyBar_;
-    FileMenu* files_ = nullptr;
-    AddOnMenu* addOn_ = nullptr;
-    HelpMenu* help_ = nullptr;
-    std::unique_ptr<DesktopView> frontEnd_;
+    FileMenu* fileMenu_ = nullptr;
+    AddOnMenu* addOnMenu_ = nullptr;
+    HelpMenu* helpMenu_ = nullptr;
+    std::unique_ptr<DesktopView> view_;
     std::unique_ptr<Review> review_;
 };
 

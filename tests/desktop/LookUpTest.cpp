@@ -14,11 +14,11 @@ protected:
         Desk::SetUp();
         if (!IsSkipped()) openSample();
     }
-    static QLineEdit& field(AddOnDialog& dialog) { return *qobject_cast<QLineEdit*>(dialog.itemWidget(guidField)); }
+    static QLineEdit& field(AddOnDialog& dialog) { return *qobject_cast<QLineEdit*>(dialog.itemWidget(GuidField)); }
     /// The value beside a name; empty where the list has no such row.
     static QString value(AddOnDialog& dialog, const QString& name) {
-        for (int row = 1; row <= rowCount(dialog, lookupList); ++row) {
-            if (cell(dialog, row, 1, lookupList) == name) return cell(dialog, row, 2, lookupList);
+        for (int row = 1; row <= rowCount(dialog, LookupList); ++row) {
+            if (cell(dialog, row, 1, LookupList) == name) return cell(dialog, row, 2, LookupList);
         }
         return {};
     }
@@ -39,7 +39,7 @@ TEST_F(LookingUp, ReturnLooksUpTheGuidThatIsThereAtFirst) {
 TEST_F(LookingUp, TypedGuidReplacesTheOneThatWasThere) {
     lookUp([](AddOnDialog& dialog) {
         type(dialog, QStringLiteral("A32931C7-B3B2-4117-8D6A-3038DD4E9A78"));
-        clickItem(dialog, lookupItem);
+        clickItem(dialog, LookupItem);
         EXPECT_EQ(value(dialog, QStringLiteral("Type")), QStringLiteral("Door"));
     });
 }
@@ -55,23 +55,23 @@ TEST_F(LookingUp, UnknownGuidGivesTheErrorsName) {
 
 TEST_F(LookingUp, SecondLookUpAddsItsRowsBelow) {
     lookUp([](AddOnDialog& dialog) {
-        clickItem(dialog, lookupItem);
-        const int once = rowCount(dialog, lookupList);
-        clickItem(dialog, lookupItem);
+        clickItem(dialog, LookupItem);
+        const int once = rowCount(dialog, LookupList);
+        clickItem(dialog, LookupItem);
         EXPECT_GT(once, 3);
-        EXPECT_EQ(rowCount(dialog, lookupList), 2 * once);
+        EXPECT_EQ(rowCount(dialog, LookupList), 2 * once);
     });
 }
 
 TEST_F(LookingUp, GrownWindowGrowsFieldAndListAndMovesTheButtons) {
     lookUp([](AddOnDialog& dialog) {
-        const QRect button = dialog.itemWidget(lookupItem)->geometry();
-        const QRect edit = dialog.itemWidget(guidField)->geometry();
-        const QRect list = listOf(dialog, lookupList).geometry();
+        const QRect button = dialog.itemWidget(LookupItem)->geometry();
+        const QRect edit = dialog.itemWidget(GuidField)->geometry();
+        const QRect list = listOf(dialog, LookupList).geometry();
         dialog.resize(dialog.width() + 40, dialog.height() + 20);
-        EXPECT_SOON(dialog.itemWidget(lookupItem)->geometry() == button.translated(40, 20));
-        EXPECT_EQ(dialog.itemWidget(guidField)->geometry(), edit.adjusted(0, 0, 40, 0));
-        EXPECT_EQ(listOf(dialog, lookupList).geometry(), list.adjusted(0, 0, 40, 20));
+        EXPECT_SOON(dialog.itemWidget(LookupItem)->geometry() == button.translated(40, 20));
+        EXPECT_EQ(dialog.itemWidget(GuidField)->geometry(), edit.adjusted(0, 0, 40, 0));
+        EXPECT_EQ(listOf(dialog, LookupList).geometry(), list.adjusted(0, 0, 40, 20));
     });
 }
 

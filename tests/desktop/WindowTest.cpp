@@ -1,14 +1,13 @@
 // The main window: opening, saving, closing, the element table, the element's data, the menus.
 
 #include "Desk.hpp"
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 #include "desktop/elements/ElementPanel.hpp"
 #include "desktop/elements/InspectorPanel.hpp"
 #include "desktop/report/DebugPanel.hpp"
 #include "desktop/report/ReportPanel.hpp"
 #include "desktop/window/FileMenu.hpp"
 #include "desktop/window/HelpMenu.hpp"
-#include "desktop/window/RecentFiles.hpp"
 #include "support/Places.hpp"
 
 #include <QAccessible>
@@ -34,7 +33,7 @@ namespace {
 
 using testing::HasSubstr;
 
-const QString wall = QStringLiteral("4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9");
+const QString Wall = QStringLiteral("4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9");
 
 }  // namespace
 
@@ -49,9 +48,9 @@ protected:
     }
     /// Changes an element's name by the add-on, so that there is something unsaved.
     void change() {
-        review(wall.toStdString() + "\tName\t\tChanged wall\n", [](desktop::AddOnDialog& dialog) {
-            clickItem(dialog, selectAllItem);
-            clickItem(dialog, applyItem);
+        review(Wall.toStdString() + "\tName\t\tChanged wall\n", [](desktop::AddOnDialog& dialog) {
+            clickItem(dialog, SelectAllItem);
+            clickItem(dialog, ApplyItem);
         });
         ASSERT_TRUE(window().document().modified());
     }
@@ -102,18 +101,18 @@ TEST_F(Window, FilterTakesWordsFromAnyColumnAsTheyAreTyped) {
 
 TEST_F(Window, FilterFindsAnElementByGuidOrGlobalId) {
     openSample();
-    filter(wall);
+    filter(Wall);
     ASSERT_EQ(table().model()->rowCount(), 1);
-    EXPECT_EQ(shown(0, 3), wall);
+    EXPECT_EQ(shown(0, 3), Wall);
     press(window(), Qt::Key_A, Qt::ControlModifier);
-    filter(QString::fromStdString(model::toGlobalId(*desktop::guidFromText(wall))));
+    filter(QString::fromStdString(model::toGlobalId(*desktop::guidFromText(Wall))));
     ASSERT_EQ(table().model()->rowCount(), 1);
-    EXPECT_EQ(shown(0, 3), wall);
+    EXPECT_EQ(shown(0, 3), Wall);
 }
 
 TEST_F(Window, ClickOnAHeaderSortsAndKeepsTheSelectedElement) {
     openSample();
-    filter(wall);
+    filter(Wall);
     press(window(), Qt::Key_Return);
     press(window(), Qt::Key_F, Qt::ControlModifier);
     press(window(), Qt::Key_Escape);
@@ -125,23 +124,23 @@ TEST_F(Window, ClickOnAHeaderSortsAndKeepsTheSelectedElement) {
         EXPECT_LE(shown(row - 1, 1).toCaseFolded(), shown(row, 1).toCaseFolded()) << row;
     }
     EXPECT_EQ(window().elements().current(), chosen);
-    EXPECT_EQ(shown(table().currentIndex().row(), 3), wall);
+    EXPECT_EQ(shown(table().currentIndex().row(), 3), Wall);
 }
 
 TEST_F(Window, SelectedElementsDataIsShownAndItsGuidCopied) {
     openSample();
-    filter(wall);
+    filter(Wall);
     press(window(), Qt::Key_Down);
     EXPECT_EQ(inspected(QStringLiteral("FireRating")), QStringLiteral("F 90-AB"));
     EXPECT_EQ(inspected(QStringLiteral("Class")).left(7), QStringLiteral("IfcWall"));
     EXPECT_THAT(inspected(QStringLiteral("UniFormat Classification")).toStdString(), HasSubstr("B2010"));
     press(window(), Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(QApplication::clipboard()->text(), wall);
+    EXPECT_EQ(QApplication::clipboard()->text(), Wall);
 }
 
 TEST_F(Window, AppliedNameIsInTableAndInspectorAtOnceAndGoneAfterUndo) {
     openSample();
-    filter(wall);
+    filter(Wall);
     press(window(), Qt::Key_Down);
     const QString before = shown(0, 2);
     change();
@@ -205,7 +204,7 @@ TEST_F(Window, DroppedFileOpens) {
 
 TEST_F(Window, DroppedUpdateFileIsSentToTheAddOnsMenu) {
     openSample();
-    const auto path = folder_.write("updates.txt", wall.toStdString() + "\tName\t\tNorth wall\n");
+    const auto path = folder_.write("updates.txt", Wall.toStdString() + "\tName\t\tNorth wall\n");
     const auto text = answer(QStringLiteral("errorMessage"), QMessageBox::Ok);
     drop(desktop::pathText(path));
     EXPECT_SOON(text->contains(QStringLiteral("import this file from the add-on's menu").toHtmlEscaped()));
@@ -356,12 +355,12 @@ TEST_F(Window, DebugOutputShowsOnDemandWhatTheAddOnPrinted) {
 }
 
 TEST_F(Window, AddOnThatCannotRunIsSaidInAMessageAndInTheReport) {
-    main_.reset();
-    main_ = std::make_unique<desktop::MainWindow>();
-    main_->show();
+    window_.reset();
+    window_ = std::make_unique<desktop::MainWindow>();
+    window_->show();
     const auto text = answer(QStringLiteral("addOnMessage"), QMessageBox::Ok);
-    EXPECT_FALSE(main_->loadAddOn("/nowhere/Nothing.bundle"));
-    EXPECT_THAT(main_->report().lines().join(u'\n').toStdString(), HasSubstr("/nowhere/Nothing.bundle"));
+    EXPECT_FALSE(window_->loadAddOn("/nowhere/Nothing.bundle"));
+    EXPECT_THAT(window_->report().lines().join(u'\n').toStdString(), HasSubstr("/nowhere/Nothing.bundle"));
     EXPECT_SOON(!text->isEmpty());
 }
 

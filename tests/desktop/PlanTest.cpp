@@ -1,9 +1,9 @@
 // The plan: what it shows, how it is moved, and how it answers an add-on's request for a point.
 
 #include "Desk.hpp"
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 #include "desktop/elements/ElementPanel.hpp"
-#include "desktop/plan/PlanColors.hpp"
+#include "desktop/plan/PlanPainter.hpp"
 #include "desktop/plan/PlanPanel.hpp"
 
 #include <QComboBox>
@@ -15,7 +15,7 @@ namespace {
 
 using testing::HasSubstr;
 
-const QString wall = QStringLiteral("4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9");
+const QString Wall = QStringLiteral("4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9");
 
 }  // namespace
 
@@ -46,10 +46,10 @@ protected:
 };
 
 TEST_F(Plan, ClickOnAnElementSelectsItInTheTable) {
-    window().plan().showElement(element(wall));
+    window().plan().showElement(element(Wall));
     EXPECT_SOON(geometryRead());
-    clickAt(view(), placeOf(element(wall)));
-    EXPECT_EQ(window().elements().current(), element(wall));
+    clickAt(view(), placeOf(element(Wall)));
+    EXPECT_EQ(window().elements().current(), element(Wall));
 }
 
 TEST_F(Plan, SelectingAnElementShowsItsStoreyAndOneWithoutLeavesThePlan) {
@@ -97,13 +97,13 @@ TEST_F(Plan, DragMovesThePlanAndSelectsNothing) {
 }
 
 TEST_F(Plan, RowsOfTheOpenReviewAreMarkedAsTheyStand) {
-    const std::string updates = wall.toStdString() + "\tName\t\tNew name\n";
+    const std::string updates = Wall.toStdString() + "\tName\t\tNew name\n";
     review(updates, [&](desktop::AddOnDialog& dialog) {
         const auto counts = [&] { return view().accessibleDescription().toStdString(); };
         EXPECT_SOON(view().accessibleDescription() == QStringLiteral("1 not ticked"));
         clickCell(dialog, 1, 1);
         EXPECT_EQ(counts(), "1 ticked");
-        clickItem(dialog, applyItem);
+        clickItem(dialog, ApplyItem);
         EXPECT_EQ(counts(), "1 done");
         EXPECT_THAT(choice().currentText().toStdString(), HasSubstr("1 of 1 marked"));
     });
@@ -111,10 +111,10 @@ TEST_F(Plan, RowsOfTheOpenReviewAreMarkedAsTheyStand) {
 }
 
 TEST_F(Plan, MarkedElementIsDrawnInItsMarksColour) {
-    review(wall.toStdString() + "\tName\t\tNew name\n", [&](desktop::AddOnDialog& dialog) {
+    review(Wall.toStdString() + "\tName\t\tNew name\n", [&](desktop::AddOnDialog& dialog) {
         clickCell(dialog, 1, 1);
         window().plan().showElement(std::nullopt);
-        const QPoint place = placeOf(element(wall)) + QPoint(2, 2);
+        const QPoint place = placeOf(element(Wall)) + QPoint(2, 2);
         const QColor drawn = view().grab().toImage().pixelColor(place * view().devicePixelRatio());
         const QColor mark = desktop::markColor(view().palette(), desktop::Mark::Ticked);
         const QColor paper = view().palette().color(QPalette::Base);
@@ -126,11 +126,11 @@ TEST_F(Plan, MarkedElementIsDrawnInItsMarksColour) {
 }
 
 TEST_F(Plan, ClickOnAMarkedElementGoesToItsRow) {
-    const std::string door = "A32931C7-B3B2-4117-8D6A-3038DD4E9A78";
-    review(door + "\tName\t\tNew\n" + wall.toStdString() + "\tName\t\tNew\n", [&](desktop::AddOnDialog& dialog) {
-        window().plan().showElement(element(wall));
+    const std::string Door = "A32931C7-B3B2-4117-8D6A-3038DD4E9A78";
+    review(Door + "\tName\t\tNew\n" + Wall.toStdString() + "\tName\t\tNew\n", [&](desktop::AddOnDialog& dialog) {
+        window().plan().showElement(element(Wall));
         EXPECT_SOON(geometryRead());
-        clickAt(view(), placeOf(element(wall)));
+        clickAt(view(), placeOf(element(Wall)));
         EXPECT_EQ(listOf(dialog).currentIndex().row(), 1);
     });
 }
@@ -138,7 +138,7 @@ TEST_F(Plan, ClickOnAMarkedElementGoesToItsRow) {
 TEST_F(Plan, LookedUpElementIsSelectedEverywhereAndNothingIsMarked) {
     lookUp([&](desktop::AddOnDialog& dialog) {
         press(dialog, Qt::Key_Return);
-        EXPECT_SOON(window().elements().current() == element(wall));
+        EXPECT_SOON(window().elements().current() == element(Wall));
         EXPECT_EQ(view().accessibleDescription(), QString());
     });
 }

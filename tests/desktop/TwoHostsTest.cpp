@@ -1,7 +1,7 @@
 // A file that another program has open, or has changed since it was opened here.
 
 #include "Desk.hpp"
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 #include "desktop/window/FileMenu.hpp"
 #include "desktop/window/ReadOnlyBar.hpp"
 #include "support/Places.hpp"
@@ -18,7 +18,7 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 
-const char* const wall = "4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9";
+const char* const Wall = "4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9";
 
 }  // namespace
 
@@ -49,9 +49,9 @@ protected:
     std::string holder() const { return "modelhost (process " + std::to_string(other_.processId()) + ")"; }
     desktop::ReadOnlyBar& bar() { return *window().findChild<desktop::ReadOnlyBar*>(); }
     void change() {
-        review(std::string(wall) + "\tName\t\tChanged wall\n", [](desktop::AddOnDialog& dialog) {
-            clickItem(dialog, selectAllItem);
-            clickItem(dialog, applyItem);
+        review(std::string(Wall) + "\tName\t\tChanged wall\n", [](desktop::AddOnDialog& dialog) {
+            clickItem(dialog, SelectAllItem);
+            clickItem(dialog, ApplyItem);
         });
         ASSERT_TRUE(window().document().modified());
     }

@@ -1,4 +1,4 @@
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 
 #include "Guid.hpp"
 

@@ -1,7 +1,7 @@
 // The review dialog by mouse and keyboard. Each test looks into the list, the model or the file that it leads to.
 
 #include "Desk.hpp"
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 #include "desktop/report/ReportPanel.hpp"
 #include "desktop/window/FileMenu.hpp"
 
@@ -21,8 +21,8 @@ using desktop::AddOnDialog;
 using testing::HasSubstr;
 using testing::Not;
 
-const char* const wall = "4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9";
-const char* const door = "A32931C7-B3B2-4117-8D6A-3038DD4E9A78";
+const char* const Wall = "4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9";
+const char* const Door = "A32931C7-B3B2-4117-8D6A-3038DD4E9A78";
 
 std::string line(const std::string& guid, const std::string& item, const std::string& value) {
     return guid + "\t" + item + "\t\t" + value + "\n";
@@ -39,9 +39,9 @@ protected:
     /// Two updates that can be made, one that changes nothing.
     std::string twoAndOne() {
         const std::u16string name = window().document().model()->name(
-            *window().document().model()->find(*desktop::guidFromText(QString::fromLatin1(door))));
-        return line(wall, "Name", "North wall") + line(door, "Name", "Oak door") +
-               line(door, "Name", QString::fromStdU16String(name).toStdString());
+            *window().document().model()->find(*desktop::guidFromText(QString::fromLatin1(Door))));
+        return line(Wall, "Name", "North wall") + line(Door, "Name", "Oak door") +
+               line(Door, "Name", QString::fromStdU16String(name).toStdString());
     }
 };
 
@@ -49,7 +49,7 @@ TEST_F(Reviewing, EveryLineIsARowAndNothingIsTicked) {
     review(twoAndOne(), [](AddOnDialog& dialog) {
         ASSERT_EQ(rowCount(dialog), 3);
         for (int row = 1; row <= 3; ++row) EXPECT_EQ(cell(dialog, row, 1), QStringLiteral("[  ]"));
-        EXPECT_EQ(cell(dialog, 1, 4), QString::fromLatin1(wall));
+        EXPECT_EQ(cell(dialog, 1, 4), QString::fromLatin1(Wall));
         EXPECT_EQ(cell(dialog, 2, 7), QStringLiteral("Oak door"));
         EXPECT_THAT(cell(dialog, 3, 8).toStdString(), HasSubstr("Old and new values are the same."));
     });
@@ -108,8 +108,8 @@ TEST_F(Reviewing, KeyboardAloneTicksAppliesAndCloses) {
 
 TEST_F(Reviewing, ReturnIsApplyThoughAnotherButtonHasTheFocus) {
     review(twoAndOne(), [](AddOnDialog& dialog) {
-        clickItem(dialog, selectAllItem);
-        dialog.itemWidget(deselectAllItem)->setFocus();
+        clickItem(dialog, SelectAllItem);
+        dialog.itemWidget(DeselectAllItem)->setFocus();
         press(dialog, Qt::Key_Return);
         QCoreApplication::processEvents();
         EXPECT_EQ(cell(dialog, 1, 8), QStringLiteral("Done"));
@@ -118,7 +118,7 @@ TEST_F(Reviewing, ReturnIsApplyThoughAnotherButtonHasTheFocus) {
 
 TEST_F(Reviewing, ArrowKeysStayWithTheListWhenAButtonIsClicked) {
     review(twoAndOne(), [](AddOnDialog& dialog) {
-        clickItem(dialog, selectAllItem);
+        clickItem(dialog, SelectAllItem);
         press(dialog, Qt::Key_Down);
         EXPECT_EQ(listOf(dialog).currentIndex().row(), 1);
     });
@@ -137,11 +137,11 @@ TEST_F(Reviewing, SpaceClicksAllSelectedRows) {
 
 TEST_F(Reviewing, SelectAllLeavesDisabledRowsAlone) {
     review(twoAndOne(), [](AddOnDialog& dialog) {
-        clickItem(dialog, selectAllItem);
+        clickItem(dialog, SelectAllItem);
         EXPECT_EQ(cell(dialog, 1, 1), QStringLiteral("[X]"));
         EXPECT_EQ(cell(dialog, 2, 1), QStringLiteral("[X]"));
         EXPECT_EQ(cell(dialog, 3, 1), QStringLiteral("[  ]"));
-        clickItem(dialog, deselectAllItem);
+        clickItem(dialog, DeselectAllItem);
         EXPECT_EQ(cell(dialog, 1, 1), QStringLiteral("[  ]"));
     });
 }
@@ -159,7 +159,7 @@ TEST_F(Reviewing, DisabledRowsAreGreyAndOthersAreNot) {
 TEST_F(Reviewing, AppliedUpdatesAreInTheSavedFile) {
     review(twoAndOne(), [](AddOnDialog& dialog) {
         clickCell(dialog, 1, 1);
-        clickItem(dialog, applyItem);
+        clickItem(dialog, ApplyItem);
         EXPECT_EQ(cell(dialog, 1, 8), QStringLiteral("Done"));
         EXPECT_TRUE(cellColor(dialog, 1, 2).isValid()) << "an applied row is disabled";
     });
@@ -174,8 +174,8 @@ TEST_F(Reviewing, AppliedUpdatesAreInTheSavedFile) {
 TEST_F(Reviewing, UndoAndRedoBearTheStepsNameAndRestoreTheFile) {
     const std::string before = bytesOf(model_);
     review(twoAndOne(), [](AddOnDialog& dialog) {
-        clickItem(dialog, selectAllItem);
-        clickItem(dialog, applyItem);
+        clickItem(dialog, SelectAllItem);
+        clickItem(dialog, ApplyItem);
     });
     const std::string after = window().document().model()->bytes();
     EXPECT_NE(after, before);
@@ -197,11 +197,11 @@ TEST_F(Reviewing, EscapeAndTheCloseBoxCloseTheDialog) {
     review(twoAndOne(), [](AddOnDialog& dialog) {
         press(dialog, Qt::Key_Escape);
         EXPECT_FALSE(dialog.isVisible() && !dialog.content().ended());
-        EXPECT_EQ(dialog.content().result(), closeItem);
+        EXPECT_EQ(dialog.content().result(), CloseItem);
     });
     review(twoAndOne(), [](AddOnDialog& dialog) {
         dialog.close();
-        EXPECT_EQ(dialog.content().result(), closeItem);
+        EXPECT_EQ(dialog.content().result(), CloseItem);
     });
     EXPECT_TRUE(frontend::openDialogs().empty());
 }
@@ -228,7 +228,7 @@ TEST_F(Reviewing, TypingGoesToTheNextRowThatHoldsTheText) {
 TEST_F(Reviewing, ColumnsLieAtTheTabFieldsAndTheHeaderStaysPut) {
     review(twoAndOne(), [](AddOnDialog& dialog) {
         desktop::RowListView& list = listOf(dialog);
-        const auto& fields = dialog.content().list(reviewList)->tabFields();
+        const auto& fields = dialog.content().list(ReviewList)->tabFields();
         ASSERT_EQ(fields.size(), 8U);
         for (int i = 0; i < 8; ++i) {
             EXPECT_EQ(list.columnViewportPosition(i), fields[static_cast<std::size_t>(i)].begin) << i;
@@ -241,15 +241,15 @@ TEST_F(Reviewing, ColumnsLieAtTheTabFieldsAndTheHeaderStaysPut) {
 
 TEST_F(Reviewing, GrownWindowMovesTheItemsAsTheHandlerSays) {
     review(twoAndOne(), [](AddOnDialog& dialog) {
-        const QRect apply = dialog.itemWidget(applyItem)->geometry();
-        const QRect close = dialog.itemWidget(closeItem)->geometry();
+        const QRect apply = dialog.itemWidget(ApplyItem)->geometry();
+        const QRect close = dialog.itemWidget(CloseItem)->geometry();
         const QRect list = listOf(dialog).geometry();
-        const int lastColumn = dialog.content().list(reviewList)->tabFields()[7].end;
+        const int lastColumn = dialog.content().list(ReviewList)->tabFields()[7].end;
         dialog.resize(dialog.width() + 31, dialog.height() + 10);
-        EXPECT_SOON(dialog.itemWidget(closeItem)->geometry() == close.translated(31, 10));
-        EXPECT_EQ(dialog.itemWidget(applyItem)->geometry(), apply.translated(15, 10));
+        EXPECT_SOON(dialog.itemWidget(CloseItem)->geometry() == close.translated(31, 10));
+        EXPECT_EQ(dialog.itemWidget(ApplyItem)->geometry(), apply.translated(15, 10));
         EXPECT_EQ(listOf(dialog).geometry(), list.adjusted(0, 0, 31, 10));
-        EXPECT_EQ(dialog.content().list(reviewList)->tabFields()[7].end, lastColumn + 31);
+        EXPECT_EQ(dialog.content().list(ReviewList)->tabFields()[7].end, lastColumn + 31);
     });
 }
 
@@ -262,7 +262,7 @@ TEST_F(Reviewing, SizeOfTheDialogIsRememberedForTheNextTime) {
     });
     review(twoAndOne(), [&](AddOnDialog& dialog) {
         EXPECT_EQ(dialog.size(), kept);
-        EXPECT_EQ(listOf(dialog).width(), dialog.content().item(reviewList)->rect.width());
+        EXPECT_EQ(listOf(dialog).width(), dialog.content().item(ReviewList)->rect.width());
     });
 }
 
@@ -282,7 +282,7 @@ TEST_F(Reviewing, NothingElseCanBeStartedMeanwhileButTheModelCanBeLookedAt) {
 
 TEST_F(Reviewing, ToolTipShowsTheFullTextOfACutCellOnly) {
     const std::string longText(300, 'x');
-    review(line(wall, "Description", longText), [&](AddOnDialog& dialog) {
+    review(line(Wall, "Description", longText), [&](AddOnDialog& dialog) {
         desktop::RowListView& list = listOf(dialog);
         const auto toolTipAt = [&](int column) {
             const QPoint at = list.visualRect(list.model()->index(0, column)).center();
@@ -299,13 +299,13 @@ TEST_F(Reviewing, ToolTipShowsTheFullTextOfACutCellOnly) {
 
 TEST_F(Reviewing, FullListTellsHowManyRowsAreMissingAndWhatToDo) {
     std::string updates;
-    for (int i = 0; i < DG_LIST_MAX_ROWS + 5; ++i) updates += line(wall, "Name", "W" + std::to_string(i));
+    for (int i = 0; i < DG_LIST_MAX_ROWS + 5; ++i) updates += line(Wall, "Name", "W" + std::to_string(i));
     review(updates, [](AddOnDialog& dialog) {
         EXPECT_EQ(rowCount(dialog), DG_LIST_MAX_ROWS);
         EXPECT_TRUE(dialog.notice()->isVisible());
         EXPECT_THAT(dialog.notice()->text().toStdString(), HasSubstr("5 more rows"));
         EXPECT_THAT(dialog.notice()->text().toStdString(), HasSubstr("Split the file"));
-        clickItem(dialog, selectAllItem);
+        clickItem(dialog, SelectAllItem);
         EXPECT_EQ(cell(dialog, DG_LIST_MAX_ROWS, 1), QStringLiteral("[X]"));
         press(dialog, Qt::Key_End);
         listOf(dialog).scrollToBottom();
@@ -315,13 +315,13 @@ TEST_F(Reviewing, FullListTellsHowManyRowsAreMissingAndWhatToDo) {
 }
 
 TEST_F(Reviewing, RefusedUpdateIsExplainedInTheReport) {
-    review(line(wall, "GlobalId", "somethingelse"), [](AddOnDialog& dialog) {
-        clickItem(dialog, selectAllItem);
-        clickItem(dialog, applyItem);
+    review(line(Wall, "GlobalId", "somethingelse"), [](AddOnDialog& dialog) {
+        clickItem(dialog, SelectAllItem);
+        clickItem(dialog, ApplyItem);
         EXPECT_EQ(cell(dialog, 1, 8), QStringLiteral("error!"));
         EXPECT_EQ(cell(dialog, 1, 1), QStringLiteral("[X]"));
     });
-    EXPECT_THAT(window().report().lines().join(u'\n').toStdString(), HasSubstr(wall));
+    EXPECT_THAT(window().report().lines().join(u'\n').toStdString(), HasSubstr(Wall));
     EXPECT_FALSE(window().document().modified());
 }
 

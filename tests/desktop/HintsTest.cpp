@@ -1,8 +1,8 @@
 // What the window says of an update file that the add-on takes in silence.
 
 #include "Desk.hpp"
-#include "desktop/Text.hpp"
-#include "desktop/dialogs/HintBar.hpp"
+#include "desktop/QtText.hpp"
+#include "desktop/dialogs/UpdateHints.hpp"
 #include "desktop/report/ReportPanel.hpp"
 
 #include <QToolButton>
@@ -15,9 +15,9 @@ using desktop::AddOnDialog;
 using testing::AllOf;
 using testing::HasSubstr;
 
-const std::string wall = "4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9";
-const std::string good = wall + "\tName\t\tNorth wall\n";
-const std::string missing = "00000000-0000-0000-0000-00000000ABCD\tName\t\tNobody\n";
+const std::string Wall = "4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9";
+const std::string Good = Wall + "\tName\t\tNorth wall\n";
+const std::string Missing = "00000000-0000-0000-0000-00000000ABCD\tName\t\tNobody\n";
 
 std::string shown(AddOnDialog& dialog) {
     return dialog.hintBar()->isVisible() ? dialog.hintBar()->hints().join(u'\n').toStdString() : "";
@@ -40,12 +40,12 @@ protected:
 };
 
 TEST_F(HintsInTheWindow, AreNoneForAGoodFile) {
-    EXPECT_EQ(hintsOf(good), "");
+    EXPECT_EQ(hintsOf(Good), "");
     EXPECT_TRUE(window().report().lines().isEmpty());
 }
 
 TEST_F(HintsInTheWindow, NameTheLinesThatGaveNoRowAndStayInTheReport) {
-    const std::string hints = hintsOf(good + missing);
+    const std::string hints = hintsOf(Good + Missing);
     EXPECT_THAT(hints, AllOf(HasSubstr("1 line gave no row; no element has the GUID in line 2"),
                              HasSubstr("the table of elements shows them")));
     EXPECT_THAT(window().report().lines().join(u'\n').toStdString(), HasSubstr("updates.txt: 1 line gave no row"));
@@ -65,30 +65,30 @@ TEST_P(OddUpdateFile, IsExplained) {
 
 INSTANTIATE_TEST_SUITE_P(
     Files, OddUpdateFile,
-    testing::Values(Odd{"no line end", good + wall + "\tTag\t\tx", "last line has no line end"},
-                    Odd{"mark", "\xEF\xBB\xBF" + good, "byte-order mark"},
+    testing::Values(Odd{"no line end", Good + Wall + "\tTag\t\tx", "last line has no line end"},
+                    Odd{"mark", "\xEF\xBB\xBF" + Good, "byte-order mark"},
                     Odd{"UTF-16",
                         std::string("\xFF\xFE"
                                     "4\0B\0\n\0",
                                     8),
                         "UTF-16"},
-                    Odd{"fields", wall + "\tName\n", "fewer than four fields"},
-                    Odd{"long", wall + "\tName\t\t" + std::string(2100, 'x') + "\n", "longer than 2047 bytes"},
-                    Odd{"quotes", wall + "\tName\t\t\"x\"\n", "cells in quotes"},
+                    Odd{"fields", Wall + "\tName\n", "fewer than four fields"},
+                    Odd{"long", Wall + "\tName\t\t" + std::string(2100, 'x') + "\n", "longer than 2047 bytes"},
+                    Odd{"quotes", Wall + "\tName\t\t\"x\"\n", "cells in quotes"},
                     Odd{"nothing", "", "It holds no lines"}, Odd{"archive", "PK\x03\x04\x14", "It is no text file"}));
 
 TEST_F(HintsInTheWindow, LeaveTheAddOnsItemsAsTheyAre) {
     QSize plain, hinted;
     QRect list, button, listThen, buttonThen;
-    review(good, [&](AddOnDialog& dialog) {
+    review(Good, [&](AddOnDialog& dialog) {
         plain = dialog.size();
-        list = dialog.itemWidget(reviewList)->geometry();
-        button = dialog.itemWidget(applyItem)->geometry();
+        list = dialog.itemWidget(ReviewList)->geometry();
+        button = dialog.itemWidget(ApplyItem)->geometry();
     });
-    review(good + missing, [&](AddOnDialog& dialog) {
+    review(Good + Missing, [&](AddOnDialog& dialog) {
         hinted = dialog.size();
-        listThen = dialog.itemWidget(reviewList)->geometry();
-        buttonThen = dialog.itemWidget(applyItem)->geometry();
+        listThen = dialog.itemWidget(ReviewList)->geometry();
+        buttonThen = dialog.itemWidget(ApplyItem)->geometry();
         EXPECT_EQ(dialog.hintBar()->geometry().bottom(), dialog.height() - 1);
     });
     EXPECT_EQ(list, listThen);
@@ -98,14 +98,14 @@ TEST_F(HintsInTheWindow, LeaveTheAddOnsItemsAsTheyAre) {
 }
 
 TEST_F(HintsInTheWindow, FoldToOneLineAndUnfold) {
-    review(good + missing, [](AddOnDialog& dialog) {
+    review(Good + Missing, [](AddOnDialog& dialog) {
         const QSize open = dialog.size();
-        const QRect list = dialog.itemWidget(reviewList)->geometry();
+        const QRect list = dialog.itemWidget(ReviewList)->geometry();
         click(*dialog.hintBar()->button());
         QCoreApplication::processEvents();
         EXPECT_LT(dialog.height(), open.height());
         EXPECT_EQ(dialog.hintBar()->button()->text(), QStringLiteral("1 hint about updates.txt"));
-        EXPECT_EQ(dialog.itemWidget(reviewList)->geometry(), list);
+        EXPECT_EQ(dialog.itemWidget(ReviewList)->geometry(), list);
         click(*dialog.hintBar()->button());
         QCoreApplication::processEvents();
         EXPECT_EQ(dialog.size(), open);
@@ -113,7 +113,7 @@ TEST_F(HintsInTheWindow, FoldToOneLineAndUnfold) {
 }
 
 TEST_F(HintsInTheWindow, OfTheLastImportAreNotShownInALookUp) {
-    hintsOf(good + missing);
+    hintsOf(Good + Missing);
     lookUp([](AddOnDialog& dialog) { EXPECT_EQ(shown(dialog), ""); });
 }
 

@@ -3,7 +3,7 @@
 
 #include "Desk.hpp"
 #include "HostTable.hpp"
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 #include "desktop/plan/PlanPanel.hpp"
 #include "support/Places.hpp"
 
@@ -15,7 +15,7 @@ namespace desktop_tests {
 
 namespace {
 
-const QString wall = QStringLiteral("4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9");
+const QString Wall = QStringLiteral("4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9");
 
 /// A function that the probe's image exports.
 template <class Function>
@@ -37,14 +37,14 @@ protected:
         if (IsSkipped()) return;
         start(testing_support::galleryAddOn("Probe.bundle"));
         openSample();
-        window().plan().showElement(window().document().model()->find(*desktop::guidFromText(wall)));
+        window().plan().showElement(window().document().model()->find(*desktop::guidFromText(Wall)));
         EXPECT_SOON(view().complete());
     }
     desktop::PlanView& view() { return *window().plan().view(); }
 
     /// A place in the view where a click hits the wall.
     QPoint placeOfWall() {
-        const auto wanted = window().document().model()->find(*desktop::guidFromText(wall));
+        const auto wanted = window().document().model()->find(*desktop::guidFromText(Wall));
         for (int y = 0; y < view().height(); y += 2) {
             for (int x = 0; x < view().width(); x += 2) {
                 if (view().hit(view().viewport().toModel(QPointF(x, y)), false) == wanted) return {x, y};
@@ -85,7 +85,7 @@ TEST_F(PointRequest, ClickGivesThePointAndTheElementHit) {
     EXPECT_NEAR(request.pos.x, point.x(), 1e-6);
     EXPECT_NEAR(request.pos.y, point.y(), 1e-6);
     EXPECT_NE(request.neig.neigID, 0);
-    const model::Guid hit = *desktop::guidFromText(wall);
+    const model::Guid hit = *desktop::guidFromText(Wall);
     EXPECT_TRUE(std::equal(hit.begin(), hit.end(), std::begin(request.neig.guid.bytes)));
 }
 
