@@ -8,7 +8,7 @@ import difflib
 import sys
 from pathlib import Path
 
-from house.data import data_section
+from house.data import DescribedHouse
 
 HEADER = """\
 ISO-10303-21;
@@ -33,7 +33,7 @@ def main(arguments):
     check = "--check" in arguments
     files = [a for a in arguments if not a.startswith("-")]
     path = Path(files[0]) if files else Path(__file__).resolve().parent.parent / "samples" / "house.ifc"
-    text = HEADER + "\n".join(data_section()) + "\n" + FOOTER
+    text = HEADER + "\n".join(DescribedHouse().data_section()) + "\n" + FOOTER
     if not check:
         path.write_text(text, encoding="ascii", newline="\n")
         return 0

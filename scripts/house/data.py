@@ -151,10 +151,12 @@ class DescribedHouse(House):
         self.note("The label of this one is the classification's own name; it stands at the type of the outer walls.")
         self.classify("costs", "", costs, "331", "Tragende Außenwände", (self.wall_type,))
 
-
-def data_section():
-    house = DescribedHouse()
-    for chapter in (house.context, house.spatial, house.ground_floor, house.upper_floor, house.outside,
-                    house.containment, house.types, house.properties, house.classifications):
-        chapter()
-    return house.lines
+    def data_section(self, houses=1):
+        """The lines of one house, or of several on one project."""
+        self.context()
+        for self.house in range(houses):
+            self.elements, self.placements = {}, {}
+            for chapter in (self.spatial, self.ground_floor, self.upper_floor, self.outside, self.containment,
+                            self.types, self.properties, self.classifications):
+                chapter()
+        return self.lines

@@ -18,8 +18,12 @@ FRONT_DOOR = "A32931C7-B3B2-4117-8D6A-3038DD4E9A78"
 class House(Builder):
     def __init__(self):
         super().__init__()
+        self.house = 0          # Which of several.
         self.elements = {}      # By key.
         self.placements = {}    # By key.
+
+    def root(self, ifc_class, key, owner, *values):
+        return super().root(ifc_class, f"house {self.house}: {key}" if self.house else key, owner, *values)
 
     def place(self, key, storey, at, along=None):
         self.placements[key] = self.placement(self.placements[storey], at, along)

@@ -224,13 +224,8 @@ TEST_P(ExportOfModel, ComesBackAsTheSameFromEveryElement) {
     for (const std::string& remark : column(document["review"], 7)) ASSERT_EQ(remark, Same);
 }
 
-std::vector<std::string> models() {
-    auto models = testing_support::realModels();
-    models.insert(models.begin(), testing_support::projectFile("samples/house.ifc").string());
-    return models;
-}
-
-INSTANTIATE_TEST_SUITE_P(Models, ExportOfModel, testing::ValuesIn(models()));
+INSTANTIATE_TEST_SUITE_P(Models, ExportOfModel, testing::ValuesIn(testing_support::models()),
+                         testing_support::nameOfModel);
 
 }  // namespace
 }  // namespace console_tests

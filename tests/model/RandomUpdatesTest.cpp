@@ -331,29 +331,24 @@ RC_GTEST_PROP(RandomUpdates, OfACommandThatFailsAreRolledBack, ()) {
     RC_ASSERT(liveThrough(dice, model, 3, true) == "");
 }
 
-/// The real models, and the sample of this project.
-std::vector<std::filesystem::path> wholeModels() {
-    std::vector<std::filesystem::path> paths = {testing_support::projectFile("samples/house.ifc")};
-    const auto real = testing_support::realModels();
-    paths.insert(paths.end(), real.begin(), real.end());
-    return paths;
-}
+class UpdatesOfWholeModel : public ::testing::TestWithParam<std::string> {};
 
-TEST(RandomUpdates, OfWholeModelsAreSeenByTheNamedElementAlone) {
+TEST_P(UpdatesOfWholeModel, AreSeenByTheNamedElementAlone) {
     constexpr std::uint32_t Seeds = 2;
     constexpr std::size_t Steps = 12;
-    for (const auto& path : wholeModels()) {
-        const auto opened = model::Model::open(path);
-        ASSERT_TRUE(opened) << opened.error().message;
-        const std::string original = (*opened)->bytes();
-        for (std::uint32_t seed = 0; seed < Seeds; ++seed) {
-            SCOPED_TRACE(path.string() + ", seed " + std::to_string(seed));
-            Dice dice(seed);
-            Opened model(original);
-            ASSERT_EQ(liveThrough(dice, model, Steps, false), "");
-            ASSERT_EQ(model->bytes(), original);
-        }
+    const auto opened = model::Model::open(GetParam());
+    ASSERT_TRUE(opened) << opened.error().message;
+    const std::string original = (*opened)->bytes();
+    for (std::uint32_t seed = 0; seed < Seeds; ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        Dice dice(seed);
+        Opened model(original);
+        ASSERT_EQ(liveThrough(dice, model, Steps, false), "");
+        ASSERT_EQ(model->bytes(), original);
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(Models, UpdatesOfWholeModel, ::testing::ValuesIn(testing_support::models()),
+                         testing_support::nameOfModel);
 
 }  // namespace

@@ -7,13 +7,16 @@ from pathlib import Path
 
 PROJECT = Path(os.environ.get("PROJECT_DIR") or Path(__file__).resolve().parents[2])
 PROGRAM = Path(os.environ.get("BINARY_DIR") or PROJECT / "build/release/bin") / "modelhost"
-MODELS_DIR = Path(os.environ.get("MODELS_DIR") or PROJECT.parent / "shared/models")
+MADE_MODELS = PROGRAM.parents[1] / "tests/models"
+REAL_MODELS = Path(os.environ.get("REAL_MODELS") or PROJECT.parent / "shared/models")
 HOUSE = PROJECT / "samples/house.ifc"
 
 
 def models():
-    """The sample, and the real models where there are any."""
-    return [HOUSE, *sorted(MODELS_DIR.glob("*.ifc"))]
+    """The sample, what scripts/make_models.py made of it, and the real models where there are any."""
+    made = sorted(MADE_MODELS.glob("*.ifc"))
+    assert made, f"no model in {MADE_MODELS}: the build makes them"
+    return [HOUSE, *made, *sorted(REAL_MODELS.glob("*.ifc"))]
 
 
 def modelhost(*arguments, expect=0):

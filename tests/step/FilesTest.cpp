@@ -325,9 +325,9 @@ TEST_F(Files, OpeningIsCancelledByTheProgress) {
     }
 }
 
-class RealModel : public ::testing::TestWithParam<std::string> {};
+class WholeModel : public ::testing::TestWithParam<std::string> {};
 
-TEST_P(RealModel, IsUnderstoodWholeAndSavedByteForByte) {
+TEST_P(WholeModel, IsUnderstoodWholeAndSavedByteForByte) {
     const TempFolder folder;
     const auto file = openFile(GetParam());
     EXPECT_THAT(remarks(*file), IsEmpty());
@@ -342,7 +342,7 @@ TEST_P(RealModel, IsUnderstoodWholeAndSavedByteForByte) {
     EXPECT_EQ(bytesOf(folder.path() / "copy.ifc"), bytesOf(GetParam()));
 }
 
-TEST_P(RealModel, WithManyEditsIsUndoneToTheByte) {
+TEST_P(WholeModel, WithManyEditsIsUndoneToTheByte) {
     const auto file = openFile(GetParam());
     const std::string original = file->bytes();
     Instance instance;
@@ -363,12 +363,8 @@ TEST_P(RealModel, WithManyEditsIsUndoneToTheByte) {
     EXPECT_EQ(file->bytes(), original);
 }
 
-GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(RealModel);
-INSTANTIATE_TEST_SUITE_P(Samples, RealModel, ::testing::ValuesIn(testing_support::realModels()), [](const auto& row) {
-    std::string name = fs::path(row.param).stem().string();
-    std::erase_if(name, [](char c) { return c == '-' || c == '_' || c == '.'; });
-    return name;
-});
+INSTANTIATE_TEST_SUITE_P(Models, WholeModel, ::testing::ValuesIn(testing_support::models()),
+                         testing_support::nameOfModel);
 
 }  // namespace
 }  // namespace step_tests

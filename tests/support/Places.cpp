@@ -1,6 +1,7 @@
 #include "support/Places.hpp"
 
 #include <algorithm>
+#include <cctype>
 #include <cstdlib>
 #include <system_error>
 
@@ -20,14 +21,33 @@ fs::path galleryAddOn(const fs::path& bundle) {
     return fs::path(GALLERY_DIR) / bundle;
 }
 
-std::vector<std::string> realModels() {
-    const char* named = std::getenv("REAL_MODELS");
-    std::vector<std::string> models;
+namespace {
+
+std::vector<std::string> modelsIn(const fs::path& folder) {
+    std::vector<std::string> found;
     std::error_code absent;
-    for (const auto& entry : fs::directory_iterator(named != nullptr ? named : PROJECT_DIR "/../shared/models", absent))
-        if (entry.path().extension() == ".ifc") models.push_back(entry.path().string());
-    std::sort(models.begin(), models.end());
-    return models;
+    for (const auto& entry : fs::directory_iterator(folder, absent))
+        if (entry.path().extension() == ".ifc") found.push_back(entry.path().string());
+    std::sort(found.begin(), found.end());
+    return found;
+}
+
+}  // namespace
+
+std::vector<std::string> models() {
+    std::vector<std::string> all = {projectFile("samples/house.ifc").string()};
+    const char* named = std::getenv("REAL_MODELS");
+    for (const char* folder : {MADE_MODELS, named != nullptr ? named : PROJECT_DIR "/../shared/models"}) {
+        const std::vector<std::string> found = modelsIn(folder);
+        all.insert(all.end(), found.begin(), found.end());
+    }
+    return all;
+}
+
+std::string nameOfModel(const ::testing::TestParamInfo<std::string>& model) {
+    std::string name = fs::path(model.param).stem().string();
+    std::erase_if(name, [](unsigned char c) { return std::isalnum(c) == 0; });
+    return name;
 }
 
 }  // namespace testing_support

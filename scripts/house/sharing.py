@@ -1,0 +1,30 @@
+"""The sample house as programs write it that share more, or less, than a careful person would."""
+
+from house.data import DescribedHouse
+from house.step import Typed
+
+
+class OneByOne(DescribedHouse):
+    """As programs write it that give each element relations of its own, to sets that many share."""
+
+    def relate(self, ifc_class, key, name, *ends):
+        shared = ifc_class in ("IfcRelDefinesByProperties", "IfcRelDefinesByType", "IfcRelAssociatesClassification")
+        if not shared:
+            return super().relate(ifc_class, key, name, *ends)
+        for number, element in enumerate(ends[0]):
+            last = super().relate(ifc_class, f"{key} {number}", name, (element,), *ends[1:])
+        return last
+
+
+class SetsOfSets(DescribedHouse):
+    """All that an element's relation names stands in one set of sets, shared by walls, doors and windows."""
+
+    def give(self, key, definition, elements):
+        sets = Typed("IfcPropertySetDefinitionSet", (definition, self.common()))
+        return self.relate("IfcRelDefinesByProperties", key, None, tuple(elements), sets)
+
+    def common(self):
+        if not hasattr(self, "common_set"):
+            self.common_set = self.property_set("office", "House_Office", (
+                ("DrawnBy", "IfcLabel", "Käthe"), ("Sheet", "IfcIdentifier", "A-101"), ("Revision", "IfcInteger", 3)))
+        return self.common_set
