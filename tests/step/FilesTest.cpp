@@ -1,6 +1,7 @@
 // Opening and saving files of the real file system.
 
 #include "step/StepText.hpp"
+#include "support/ActingAsNobody.hpp"
 #include "support/Places.hpp"
 #include "support/TempFolder.hpp"
 
@@ -39,16 +40,6 @@ std::vector<std::string> names(const fs::path& folder) {
     std::vector<std::string> found;
     for (const auto& entry : fs::directory_iterator(folder)) found.push_back(entry.path().filename().string());
     return found;
-}
-
-/// Root may write everything, so that root acts as somebody else meanwhile.
-Status saveWithoutPrivileges(StepFile& file, const fs::path& path) {
-    constexpr uid_t nobody = 65534;
-    const uid_t user = ::geteuid();
-    if (user == 0 && ::seteuid(nobody) != 0) throw std::runtime_error("cannot become somebody else");
-    Status saved = file.save(path);
-    if (::seteuid(user) != 0) throw std::runtime_error("cannot become oneself again");
-    return saved;
 }
 
 class Files : public ::testing::Test {
@@ -103,7 +94,7 @@ TEST_F(Files, AreSavedUnderAnotherName) {
 }
 
 TEST_F(Files, AreSavedInAnotherFileSystem) {
-    if (!fs::is_directory("/dev/shm")) GTEST_SKIP();
+    if (!fs::is_directory("/dev/shm")) GTEST_SKIP() << "there is no second file system in /dev/shm";
     const fs::path other = "/dev/shm/step-test-" + std::to_string(::getpid()) + ".ifc";
     const auto file = openFile(house_);
     edit(*file);
@@ -248,7 +239,8 @@ TEST_F(Files, ThatAreWriteProtectedAreNotReplaced) {
     ::chmod(folder_.path().c_str(), 0777);
     const auto file = openFile(house_);
     edit(*file);
-    const Status saved = saveWithoutPrivileges(*file, house_);
+    const testing_support::ActingAsNobody nobody;
+    const Status saved = file->save(house_);
     ASSERT_FALSE(saved);
     EXPECT_THAT(saved.error().message, HasSubstr("write-protected"));
     EXPECT_EQ(bytesOf(house_), before);
@@ -259,7 +251,10 @@ TEST_F(Files, InAFolderThatMayNotBeWrittenAreNotReplaced) {
     ::chmod(folder_.path().c_str(), 0555);
     const auto file = openFile(house_);
     edit(*file);
-    const Status saved = saveWithoutPrivileges(*file, house_);
+    const auto saved = [&] {
+        const testing_support::ActingAsNobody nobody;
+        return file->save(house_);
+    }();
     ::chmod(folder_.path().c_str(), 0755);
     ASSERT_FALSE(saved);
     EXPECT_THAT(saved.error().message, HasSubstr("Permission denied; the folder or the file may not be written"));

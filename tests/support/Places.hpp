@@ -20,8 +20,8 @@ std::filesystem::path builtFile(const std::filesystem::path& name);
 std::filesystem::path galleryAddOn(const std::filesystem::path& bundle);
 
 /// The models that whatever must hold for any model is tested on: the sample, those that scripts/make_models.py makes,
-/// and the .ifc files of the folder that the environment variable REAL_MODELS names (../shared/models beside the project
-/// where it is not set). The last add to the tests, nothing depends on them.
+/// and the .ifc files of the folder that the environment variable REAL_MODELS names (../shared/models beside the
+/// project where it is not set). The last add to the tests, nothing depends on them.
 std::vector<std::string> models();
 
 /// What such a test is called: the file's name in letters and digits.
