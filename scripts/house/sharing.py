@@ -17,14 +17,16 @@ class OneByOne(DescribedHouse):
 
 
 class SetsOfSets(DescribedHouse):
-    """All that an element's relation names stands in one set of sets, shared by walls, doors and windows."""
+    """Relations that name sets of sets: the first of each element holds the office's, too."""
+
+    office = None
 
     def give(self, key, definition, elements):
-        sets = Typed("IfcPropertySetDefinitionSet", (definition, self.common()))
-        return self.relate("IfcRelDefinesByProperties", key, None, tuple(elements), sets)
-
-    def common(self):
-        if not hasattr(self, "common_set"):
-            self.common_set = self.property_set("office", "House_Office", (
+        if self.office is None:
+            self.having_office = set()
+            self.office = self.property_set("office", "House_Office", (
                 ("DrawnBy", "IfcLabel", "Käthe"), ("Sheet", "IfcIdentifier", "A-101"), ("Revision", "IfcInteger", 3)))
-        return self.common_set
+        sets = (definition,) if self.having_office & set(elements) else (definition, self.office)
+        self.having_office |= set(elements)
+        return self.relate("IfcRelDefinesByProperties", key, None, tuple(elements),
+                           Typed("IfcPropertySetDefinitionSet", sets))
