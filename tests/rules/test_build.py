@@ -18,7 +18,7 @@ class Generated(Rules):
         done = check("make_house.py")
         self.assertEqual(done.returncode, 0, done.stdout)
 
-    def test_the_schema_tables_are_what_their_script_makes(self):
+    def test_the_tables_of_schemas_and_standard_sets_are_what_their_script_makes(self):
         done = check("make_schema_tables.py")
         self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
 
