@@ -4,6 +4,7 @@
 #include "model/ifc/data/AttributeData.hpp"
 #include "model/ifc/data/ClassificationData.hpp"
 #include "model/ifc/data/ClassificationEditor.hpp"
+#include "model/ifc/data/NewValue.hpp"
 #include "model/ifc/data/PropertyData.hpp"
 #include "model/ifc/data/PropertyEditor.hpp"
 #include "model/ifc/geometry/Footprint.hpp"
@@ -208,6 +209,12 @@ Result<std::vector<ClassificationReference>> Model::classifications(Element elem
     return ifc::readClassifications(content_->work, content_->work.elements.slot(element));
 }
 
+std::vector<std::u16string> Model::chosenItems(Element element, std::u16string_view set,
+                                               std::u16string_view name) const {
+    ifc::Workspace& work = content_->work;
+    return ifc::chosenItems(work, ifc::findProperty(work, work.elements.slot(element), set, name));
+}
+
 // --- Edits ---
 
 Status Model::setAttribute(Element element, std::string_view name, std::u16string_view value) {
@@ -217,6 +224,11 @@ Status Model::setAttribute(Element element, std::string_view name, std::u16strin
 Status Model::setProperty(Element element, const Property& property) {
     return content_->edit(element,
                           [&](auto& notes) { return ifc::setProperty(content_->work, element, property, notes); });
+}
+
+Status Model::setPropertyText(Element element, const PropertyText& property) {
+    return content_->edit(element,
+                          [&](auto& notes) { return ifc::setPropertyText(content_->work, element, property, notes); });
 }
 
 Status Model::setClassification(Element element, const ClassificationReference& reference) {

@@ -59,6 +59,8 @@ public:
     /// The same without building a list: for reviewing thousands of lines.
     void visitProperties(Element element, const std::function<void(const PropertyView&)>& visit) const;
     Result<std::vector<ClassificationReference>> classifications(Element element) const;
+    /// The items that an enumerated property has chosen, as texts. Empty where it is none.
+    std::vector<std::u16string> chosenItems(Element element, std::u16string_view set, std::u16string_view name) const;
 
     // --- Edits: only inside a command ---
     // What other elements see is not changed by them, whatever they share with this one. An equal value, and a property
@@ -67,6 +69,10 @@ public:
     Status setAttribute(Element element, std::string_view name, std::u16string_view value);
     Status setProperty(Element element, const Property& property);
     Status setClassification(Element element, const ClassificationReference& reference);
+    /// Stores what a text says, which setProperty cannot always express: nothing at all (`$`), another type, an item of
+    /// an enumerated property. ErrorKind::BadValue where the text is no value of the type, ErrorKind::Refused for
+    /// lists, ranges and tables.
+    Status setPropertyText(Element element, const PropertyText& property);
     /// What the user is to be told of the edits since the last call, complete lines: another instance with the same
     /// GlobalId, another set of the same name.
     std::vector<std::string> takeNotes();

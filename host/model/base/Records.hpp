@@ -23,9 +23,13 @@ struct ElementInfo {
     std::uint64_t instanceId;
 };
 
+/// What an attribute's declared type is made of.
+enum class AttributeType : std::uint8_t { Text, Integer, Real, Boolean, Logical, Enumeration };
+
 struct Attribute {
     std::string_view name;
     std::u16string value;
+    AttributeType type = AttributeType::Text;
 };
 
 enum class PropertyKind : std::uint8_t { Single, List, Bounded, Enumerated, Table, Reference };
@@ -47,6 +51,16 @@ struct Property {
     PropertyKind kind = PropertyKind::Single;
     bool inherited = false;  ///< From the element's type object.
     PropertyValue value;
+};
+
+/// What a property is to hold, as a text that its type can read: for what a PropertyValue, which carries numbers and
+/// truth values alone, cannot ask for.
+struct PropertyText {
+    std::u16string set;
+    std::u16string name;
+    std::u16string text;
+    /// "IfcReal": the type to give the value; empty to keep the one it has.
+    std::string type;
 };
 
 /// A property without copies of its texts: they are valid during the visit.

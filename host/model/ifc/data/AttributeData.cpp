@@ -26,6 +26,24 @@ bool isListed(const Attribute& attribute) {
     }
 }
 
+AttributeType typeOf(BaseType base) {
+    switch (base) {
+        case BaseType::Integer:
+            return AttributeType::Integer;
+        case BaseType::Real:
+        case BaseType::Number:
+            return AttributeType::Real;
+        case BaseType::Boolean:
+            return AttributeType::Boolean;
+        case BaseType::Logical:
+            return AttributeType::Logical;
+        case BaseType::Enumeration:
+            return AttributeType::Enumeration;
+        default:
+            return AttributeType::Text;
+    }
+}
+
 Error refused(std::string reason) {
     return {ErrorKind::Refused, std::move(reason)};
 }
@@ -72,7 +90,7 @@ Result<std::vector<model::Attribute>> readAttributes(Workspace& work, Element el
     for (std::size_t i = 0; i < declared.size(); ++i) {
         if (!isListed(declared[i])) continue;
         const Value value = i < instance.arguments.size() ? instance.arguments[i] : Value{ValueKind::Unset, {}};
-        attributes.push_back({declared[i].name, valueText(value, declared[i].base)});
+        attributes.push_back({declared[i].name, valueText(value, declared[i].base), typeOf(declared[i].base)});
     }
     return attributes;
 }

@@ -168,6 +168,17 @@ void forEachTypeProperty(Workspace& work, Slot element, const PropertyVisit& vis
     }
 }
 
+Slot findProperty(Workspace& work, Slot element, std::u16string_view set, std::u16string_view name) {
+    Slot found = step::NoSlot;
+    const PropertyVisit visit = [&](const PropertyView& property, const PropertyPlace& place) {
+        if (property.set == set && property.name == name) found = place.property;
+        return found == step::NoSlot;
+    };
+    forEachOwnProperty(work, assignedSets(work, element), visit);
+    if (found == step::NoSlot) forEachTypeProperty(work, element, visit);
+    return found;
+}
+
 void forEachProperty(Workspace& work, Slot element, const std::function<void(const PropertyView&)>& visit) {
     work.propertySets.trim();
     const SetsOfElement& sets = setsOf(work, element);

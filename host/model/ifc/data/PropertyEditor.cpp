@@ -1,5 +1,6 @@
 #include "model/ifc/data/PropertyEditor.hpp"
 
+#include "model/ifc/data/NewValue.hpp"
 #include "model/ifc/data/PropertyData.hpp"
 #include "model/ifc/values/PropertyValues.hpp"
 #include "model/ifc/values/Text.hpp"
@@ -22,11 +23,15 @@ struct FoundProperty {
 
 class PropertyEditor {
 public:
-    PropertyEditor(Workspace& workspace, Element element, const Property& target, std::vector<std::string>& toTell)
+    /// @param set, name  UTF-16, as the file's strings read.
+    PropertyEditor(Workspace& workspace, Element element, std::u16string_view set, std::u16string_view name,
+                   const NewValue& value, std::vector<std::string>& notes)
         : work_(workspace),
           edit_(workspace, element),
-          wanted_(target),
-          notes_(toTell),
+          wantedSet_(set),
+          wantedName_(name),
+          value_(value),
+          notes_(notes),
           assigned_(assignedSets(work_, edit_.slot())) {}
 
     Status run() {
@@ -44,17 +49,14 @@ private:
     std::optional<FoundProperty> findOwn() const;
     std::optional<FoundProperty> findInherited() const;
     bool matches(const PropertyView& property) const {
-        return property.set == wanted_.set && property.name == wanted_.name;
-    }
-    bool isSettled(const PropertyView& held) const {
-        return held.kind != PropertyKind::Single || wanted_.kind != PropertyKind::Single ||
-               sameContent(held, wanted_.value);
+        return property.set == wantedSet_ && property.name == wantedName_;
     }
 
     Status changeOwn(const FoundProperty& found);
     Status overrideInherited(Slot inherited);
     Status create();
 
+    Result<Replacement> newValueOf(Slot property, const step::Instance& instance) const;
     Result<InstanceBuilder> copyWithValue(Slot property);
     Status changeInPlace(Slot property);
     Status putCopyInPlaceOf(const PropertyPlace& place);
@@ -72,12 +74,13 @@ private:
     Slot ownSetOfName();
     void noteNamesakes();
 
-    std::string setPurpose() const { return "property set " + toUtf8(wanted_.set); }
-    std::string relationPurpose() const { return "property relation " + toUtf8(wanted_.set); }
+    std::string setPurpose() const { return "property set " + toUtf8(wantedSet_); }
+    std::string relationPurpose() const { return "property relation " + toUtf8(wantedSet_); }
 
     Workspace& work_;
     ElementEdit edit_;
-    const Property& wanted_;
+    std::u16string_view wantedSet_, wantedName_;
+    const NewValue& value_;
     std::vector<std::string>& notes_;
     std::vector<AssignedSet> assigned_;
 };
@@ -85,20 +88,20 @@ private:
 Status PropertyEditor::set() {
     if (const auto own = findOwn()) return changeOwn(*own);
     const auto inherited = findInherited();
-    if (wanted_.kind != PropertyKind::Single || (inherited && inherited->settled)) return {};
+    if (inherited && inherited->settled) return {};
     return inherited ? overrideInherited(inherited->place.property) : create();
 }
 
 Status PropertyEditor::checkNames() const {
-    if (wanted_.set.empty()) return Error{ErrorKind::BadName, "the property set has no name"};
-    if (wanted_.name.empty()) return Error{ErrorKind::BadName, "the property has no name"};
+    if (wantedSet_.empty()) return Error{ErrorKind::BadName, "the property set has no name"};
+    if (wantedName_.empty()) return Error{ErrorKind::BadName, "the property has no name"};
     return {};
 }
 
 std::optional<FoundProperty> PropertyEditor::findOwn() const {
     std::optional<FoundProperty> found;
     forEachOwnProperty(work_, assigned_, [&](const PropertyView& property, const PropertyPlace& place) {
-        if (matches(property)) found = FoundProperty{place, isSettled(property)};
+        if (matches(property)) found = FoundProperty{place, value_.settles(property)};
         return !found;
     });
     return found;
@@ -107,7 +110,7 @@ std::optional<FoundProperty> PropertyEditor::findOwn() const {
 std::optional<FoundProperty> PropertyEditor::findInherited() const {
     std::optional<FoundProperty> found;
     forEachTypeProperty(work_, edit_.slot(), [&](const PropertyView& property, const PropertyPlace& place) {
-        if (matches(property)) found = FoundProperty{place, isSettled(property)};
+        if (matches(property)) found = FoundProperty{place, value_.settles(property)};
         return !found;
     });
     return found;
@@ -128,26 +131,34 @@ Status PropertyEditor::changeOwn(const FoundProperty& found) {
 Status PropertyEditor::changeInPlace(Slot property) {
     step::Instance instance;
     work_.file.read(property, instance);
-    const auto nominal = argument(instance, work_.classes.of(property), Field::NominalValue);
-    if (nominal.text.empty()) return Error{ErrorKind::Refused, "the file gives the property no place for a value"};
-    const Result<Replacement> change = replaceNominalValue(nominal, wanted_.value, work_.schema);
+    const Result<Replacement> change = newValueOf(property, instance);
     if (!change) return change.error();
     return work_.file.replaceValue(property, change->part, change->text);
+}
+
+/// What changes in the argument that holds the property's value.
+Result<Replacement> PropertyEditor::newValueOf(Slot property, const step::Instance& instance) const {
+    const int index = value_.attributeIndex(work_.classes.of(property));
+    if (index < 0) return Error{ErrorKind::Refused, "the property holds no single value"};
+    if (static_cast<std::size_t>(index) >= instance.arguments.size())
+        return Error{ErrorKind::Refused, "the file gives the property no place for a value"};
+    return value_.replacementIn(instance.arguments[static_cast<std::size_t>(index)], instance);
 }
 
 /// A copy of a property with the new value.
 Result<InstanceBuilder> PropertyEditor::copyWithValue(Slot property) {
     step::Instance instance;
     work_.file.read(property, instance);
-    const auto nominal = argument(instance, work_.classes.of(property), Field::NominalValue);
-    if (nominal.text.empty()) return Error{ErrorKind::Refused, "the file gives the property no place for a value"};
-    const Result<Replacement> change = replaceNominalValue(nominal, wanted_.value, work_.schema);
+    const Result<Replacement> change = newValueOf(property, instance);
     if (!change) return change.error();
-    std::string text(nominal.text);
-    const auto at = static_cast<std::size_t>(change->part.text.data() - nominal.text.data());
-    text.replace(at, change->part.text.size(), change->text);
+    const Class& cls = work_.classes.of(property);
+    const auto index = static_cast<std::size_t>(value_.attributeIndex(cls));
+    const std::string_view held = instance.arguments[index].text;
+    std::string text(held);
+    text.replace(static_cast<std::size_t>(change->part.text.data() - held.data()), change->part.text.size(),
+                 change->text);
     InstanceBuilder draft = edit_.copyOf(property);
-    draft.set(edit_.attributeName(property, Field::NominalValue), std::move(text));
+    draft.set(cls.entity->attributes()[index].name, std::move(text));
     return draft;
 }
 
@@ -184,15 +195,15 @@ Status PropertyEditor::overrideInherited(Slot inherited) {
 }
 
 Status PropertyEditor::create() {
-    for (const auto& [type, text] : {std::pair{"IfcLabel", &wanted_.set}, std::pair{"IfcIdentifier", &wanted_.name}}) {
-        if (Status fits = checkText(*text, work_.schema.type(type)); !fits) {
-            return Error{ErrorKind::BadName, inQuotes(*text) + " " + fits.error().message};
+    for (const auto& [type, text] : {std::pair{"IfcLabel", wantedSet_}, std::pair{"IfcIdentifier", wantedName_}}) {
+        if (Status fits = checkText(text, work_.schema.type(type)); !fits) {
+            return Error{ErrorKind::BadName, inQuotes(text) + " " + fits.error().message};
         }
     }
-    Result<std::string> value = encodeNominalValue(wanted_.value, work_.schema);
+    Result<std::string> value = value_.nominalValue();
     if (!value) return value.error();
     InstanceBuilder draft(*work_.schema.entity("IfcPropertySingleValue"));
-    draft.set("Name", step::encodeString(wanted_.name)).set("NominalValue", std::move(*value));
+    draft.set("Name", step::encodeString(wantedName_)).set("NominalValue", std::move(*value));
     return addProperty(draft);
 }
 
@@ -219,7 +230,7 @@ Status PropertyEditor::addWithNewSet(const InstanceBuilder& property) {
     const Result<Slot> added = edit_.add(property, edit_.slot());
     if (!added) return added.error();
     InstanceBuilder set = edit_.newRoot("IfcPropertySet", setPurpose());
-    set.set("Name", step::encodeString(wanted_.set)).set("HasProperties", '(' + edit_.reference(*added) + ')');
+    set.set("Name", step::encodeString(wantedSet_)).set("HasProperties", '(' + edit_.reference(*added) + ')');
     const Result<Slot> newSet = edit_.add(set, edit_.slot());
     if (!newSet) return newSet.error();
     InstanceBuilder relation = edit_.newRoot("IfcRelDefinesByProperties", relationPurpose());
@@ -288,7 +299,7 @@ Status PropertyEditor::checkNoComplexNamesake(Slot set) const {
         step::Instance instance;
         const Class& cls = work_.classes.of(member);
         if (cls.role != Role::ComplexProperty || !work_.file.read(member, instance)) continue;
-        if (stringArgument(instance, cls, Field::Name) == wanted_.name) {
+        if (stringArgument(instance, cls, Field::Name) == wantedName_) {
             return Error{ErrorKind::Refused, "the set has a complex property of that name, " + edit_.reference(member)};
         }
     }
@@ -304,7 +315,7 @@ Slot PropertyEditor::overridingRelation(Slot set) const {
 
 Slot PropertyEditor::ownSetOfName() {
     const auto found = std::find_if(assigned_.begin(), assigned_.end(), [&](const AssignedSet& assignment) {
-        return work_.propertySets.of(assignment.set).name() == wanted_.set;
+        return work_.propertySets.of(assignment.set).name() == wantedSet_;
     });
     return found == assigned_.end() ? step::NoSlot : found->set;
 }
@@ -314,17 +325,24 @@ void PropertyEditor::noteNamesakes() {
     std::vector<Slot> namesakes;
     for (const AssignedSet& assignment : assigned_) {
         const bool known = std::find(namesakes.begin(), namesakes.end(), assignment.set) != namesakes.end();
-        if (!known && work_.propertySets.of(assignment.set).name() == wanted_.set) namesakes.push_back(assignment.set);
+        if (!known && work_.propertySets.of(assignment.set).name() == wantedSet_) namesakes.push_back(assignment.set);
     }
     if (namesakes.size() < 2) return;
-    notes_.push_back("the element has " + std::to_string(namesakes.size()) + " property sets " + inQuotes(wanted_.set) +
+    notes_.push_back("the element has " + std::to_string(namesakes.size()) + " property sets " + inQuotes(wantedSet_) +
                      "; the first one that fits was changed");
 }
 
 }  // namespace
 
 Status setProperty(Workspace& work, Element element, const Property& property, std::vector<std::string>& notes) {
-    return PropertyEditor(work, element, property, notes).run();
+    if (property.kind != PropertyKind::Single && !property.set.empty() && !property.name.empty()) return {};
+    return PropertyEditor(work, element, property.set, property.name, RecordedValue(property, work.schema), notes)
+        .run();
+}
+
+Status setPropertyText(Workspace& work, Element element, const PropertyText& property,
+                       std::vector<std::string>& notes) {
+    return PropertyEditor(work, element, property.set, property.name, WrittenValue(work, property), notes).run();
 }
 
 }  // namespace model::ifc
