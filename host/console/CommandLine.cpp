@@ -1,7 +1,7 @@
 #include "console/CommandLine.hpp"
 
 #include "console/Failure.hpp"
-#include "console/export/ItemNames.hpp"
+#include "console/export/UpdateLine.hpp"
 #include "console/output/StandardOutput.hpp"
 
 #include <fmt/format.h>

@@ -1,7 +1,11 @@
 #pragma once
 // The command line's words, read into the options of one command.
 
-#include "console/Options.hpp"
+#include "console/commands/ExportCommand.hpp"
+#include "console/commands/ImportCommand.hpp"
+#include "console/commands/ListCommand.hpp"
+#include "console/commands/LookupCommand.hpp"
+#include "console/commands/ScriptCommand.hpp"
 
 #include <optional>
 #include <string>

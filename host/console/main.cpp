@@ -1,7 +1,6 @@
 // modelhost: the stand-in host for a terminal and for scripts.
 
 #include "console/CommandLine.hpp"
-#include "console/Commands.hpp"
 #include "console/output/Messages.hpp"
 #include "console/output/StandardOutput.hpp"
 

@@ -1,7 +1,7 @@
 // What a person sees on a terminal.
 
 #include "ConsoleTest.hpp"
-#include "console/output/DisplayWidth.hpp"
+#include "console/output/TerminalText.hpp"
 
 namespace console_tests {
 namespace {

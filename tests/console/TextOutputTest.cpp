@@ -1,8 +1,6 @@
-#include "console/output/DisplayWidth.hpp"
-#include "console/output/SafeText.hpp"
+#include "console/output/HostText.hpp"
 #include "console/output/Table.hpp"
-#include "console/output/Text.hpp"
-#include "console/output/Tsv.hpp"
+#include "console/output/TerminalText.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,7 +1,6 @@
 // The value that an exported line carries. What needs no model to be shown; the round trip through the import is
 // ExportCommandTest's.
 
-#include "console/export/ItemNames.hpp"
 #include "console/export/UpdateLine.hpp"
 
 #include <gmock/gmock.h>

@@ -28,7 +28,7 @@ MAY_INCLUDE = {
     "host/frameworks/": (("host/frameworks/", "host/include/"), ("standard", "system", "ICU", "uuid")),
     "host/services/": (("host/services/", "host/frameworks/", "host/include/", "host/model/"),
                        ("standard", "system", "ICU", "fmt")),
-    "host/updates/": (("host/updates/", "host/include/"), ("standard", "ICU", "fmt")),
+    "host/updatefile/": (("host/updatefile/", "host/include/"), ("standard", "ICU", "fmt")),
     "host/readback/": (("host/readback/", "host/model/"), ("standard", "ICU")),
     "host/console/": (("host/",), ("standard", "system", "ICU", "fmt", "json", "CLI")),
     "host/desktop/": (("host/",), ("standard", "system", "ICU", "fmt", "Qt")),

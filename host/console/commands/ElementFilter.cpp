@@ -1,7 +1,7 @@
 #include "console/commands/ElementFilter.hpp"
 
 #include "console/Failure.hpp"
-#include "console/output/Text.hpp"
+#include "console/output/HostText.hpp"
 #include "model/ifc/schema/ElementTypes.hpp"
 
 #include <fmt/format.h>
@@ -22,16 +22,16 @@ void checkType(const std::string& type) {
 
 }  // namespace
 
-ElementFilter::ElementFilter(const model::Model& theModel, std::string theType, const std::string& className)
-    : model_(theModel), type_(std::move(theType)) {
+ElementFilter::ElementFilter(const model::Model& model, std::string type, const std::string& ifcClass)
+    : model_(model), type_(std::move(type)) {
     if (!type_.empty()) checkType(type_);
-    if (className.empty()) return;
+    if (ifcClass.empty()) return;
     const auto version = model::ifc::Schema::versionOf(model_.schemaName());
     schema_ = version ? &model::ifc::Schema::of(*version) : nullptr;
-    ifcClass_ = schema_ == nullptr ? nullptr : schema_->entity(className);
+    ifcClass_ = schema_ == nullptr ? nullptr : schema_->entity(ifcClass);
     if (ifcClass_ == nullptr)
         throw Failure(
-            fmt::format("--class {}: {} has no such class; write one such as IfcWall", className, model_.schemaName()));
+            fmt::format("--class {}: {} has no such class; write one such as IfcWall", ifcClass, model_.schemaName()));
 }
 
 bool ElementFilter::takes(const model::ElementInfo& info) const {

@@ -1,19 +1,22 @@
-#include "console/Commands.hpp"
-#include "console/Session.hpp"
+#include "console/commands/ExportCommand.hpp"
+
+#include "console/ModelSession.hpp"
 #include "console/commands/ElementFilter.hpp"
 #include "console/export/Exporter.hpp"
+#include "console/output/HostText.hpp"
 #include "console/output/Json.hpp"
 #include "console/output/Messages.hpp"
 #include "console/output/OutputFile.hpp"
-#include "console/output/SafeText.hpp"
 #include "console/output/StandardOutput.hpp"
-#include "console/output/Terminal.hpp"
-#include "console/output/Text.hpp"
+#include "console/output/TerminalText.hpp"
+#include "updatefile/Wording.hpp"
 
 #include <fmt/format.h>
 
 namespace console {
 namespace {
+
+using updatefile::counted;
 
 std::string lineOf(const ExportedValue& value) {
     return fmt::format("{}\t{}\t{}\t{}\n", value.guid, value.item, value.value, value.value);
@@ -76,8 +79,7 @@ void sayWhatIsMissing(const Exporter& exporter) {
     for (const auto& [item, count] : exporter.ambiguous())
         say(
             fmt::format("{} of {}: the name stands in several property sets, of which the import shows the last and "
-                        "writes the first; "
-                        "check them with 'modelhost lookup'",
+                        "writes the first; check them with 'modelhost lookup'",
                         counted(count, "value"), item));
 }
 
@@ -95,7 +97,7 @@ void checkTarget(const ExportOptions& options) {
 
 ExitStatus runExport(const ExportOptions& options) {
     checkTarget(options);
-    Session session(options.common, options.model, Access::Reading);
+    ModelSession session(options.common, options.model, Access::Reading);
     const ElementFilter filter(session.model(), options.type, options.ifcClass);
     const std::vector<model::Element> elements = filter.elements();
     Lines lines(options);

@@ -1,14 +1,14 @@
-#include "console/Commands.hpp"
-#include "console/Session.hpp"
+#include "console/commands/ImportCommand.hpp"
+
+#include "console/ModelSession.hpp"
 #include "console/import/ImportReport.hpp"
 #include "console/import/ImportUser.hpp"
-#include "console/import/ReviewProgress.hpp"
-#include "console/import/UnknownItems.hpp"
+#include "console/import/ReviewRows.hpp"
 #include "console/import/UpdateFile.hpp"
+#include "console/output/HostText.hpp"
 #include "console/output/Messages.hpp"
 #include "console/output/StandardOutput.hpp"
-#include "console/output/Text.hpp"
-#include "updates/Hints.hpp"
+#include "updatefile/Hints.hpp"
 
 #include <fmt/format.h>
 
@@ -55,7 +55,7 @@ void checkStillOurs(const ImportOptions& options, const model::Model& model) {
                                   options.model.string(), model.lockHolder()));
 }
 
-updates::UpdateFileFindings scan(UpdateFile& updates, model::Model& model) {
+updatefile::UpdateFileFindings scan(UpdateFile& updates, model::Model& model) {
     return updates.scan([&model](const model::Guid& guid) { return model.find(guid).has_value(); });
 }
 
@@ -63,7 +63,7 @@ ImportPlan planOf(const ImportOptions& options, const UpdateFile& updates, std::
     return {updates.pathForAddOn(), updates.name(), lines, options.tick, options.apply};
 }
 
-void workTheDialog(Session& session, ImportUser& user, const ImportPlan& plan) {
+void workTheDialog(ModelSession& session, ImportUser& user, const ImportPlan& plan) {
     {
         const ReviewProgress progress(plan.shownName, plan.lines);
         session.runMenuCommand(ImportMenuItem, user);
@@ -71,8 +71,8 @@ void workTheDialog(Session& session, ImportUser& user, const ImportPlan& plan) {
     if (!user.problem().empty()) throw Failure(user.problem());
 }
 
-ImportReport reportOf(Session& session, const ImportUser& user, const UpdateFile& updates,
-                      const updates::UpdateFileFindings& findings) {
+ImportReport reportOf(ModelSession& session, const ImportUser& user, const UpdateFile& updates,
+                      const updatefile::UpdateFileFindings& findings) {
     ImportReport report;
     report.modelPath = wellFormed(session.modelPath().string());
     report.schema = session.model().schemaName();
@@ -85,14 +85,14 @@ ImportReport reportOf(Session& session, const ImportUser& user, const UpdateFile
     report.result = user.result();
     report.summary = summarize(findings.lines, report.review, report.result, user.rowsLost());
     report.hints =
-        updates::hintsFor(findings, {report.summary.rows, report.summary.rowsLost}, "'modelhost list' prints");
+        updatefile::hintsFor(findings, {report.summary.rows, report.summary.rowsLost}, "'modelhost list' prints");
     if (report.result)
         if (auto hint = hintForUnknownItems(report.review, *report.result)) report.hints.push_back(std::move(*hint));
     return report;
 }
 
 /// An unchanged model is not written over itself; a copy asked for by name is made in any case.
-void save(Session& session, const ImportOptions& options, ImportReport& report) {
+void save(ModelSession& session, const ImportOptions& options, ImportReport& report) {
     const auto target = targetOf(options);
     if (!target || (options.inPlace && !session.model().modified())) return;
     session.save(*target);
@@ -114,9 +114,9 @@ void printReport(const ImportReport& report, Format format) {
 ExitStatus runImport(const ImportOptions& options) {
     UpdateFile updates(options.updates);
     checkTarget(options);
-    Session session(options.common, options.model, accessFor(options));
+    ModelSession session(options.common, options.model, accessFor(options));
     checkStillOurs(options, session.model());
-    const updates::UpdateFileFindings findings = scan(updates, session.model());
+    const updatefile::UpdateFileFindings findings = scan(updates, session.model());
     session.loadAddOn();
     const ImportPlan plan = planOf(options, updates, findings.pieces);
     ImportUser user(plan);

@@ -1,13 +1,13 @@
-#include "console/Commands.hpp"
-#include "console/Session.hpp"
+#include "console/commands/ListCommand.hpp"
+
+#include "console/ModelSession.hpp"
 #include "console/commands/ElementFilter.hpp"
-#include "console/output/GuidText.hpp"
+#include "console/output/HostText.hpp"
 #include "console/output/Json.hpp"
 #include "console/output/Messages.hpp"
 #include "console/output/StandardOutput.hpp"
 #include "console/output/Table.hpp"
-#include "console/output/Text.hpp"
-#include "console/output/Tsv.hpp"
+#include "console/output/TerminalText.hpp"
 
 #include <fmt/format.h>
 
@@ -53,7 +53,7 @@ void printAsJson(const model::Model& model, const std::vector<model::Element>& e
 }  // namespace
 
 ExitStatus runList(const ListOptions& options) {
-    Session session(options.common, options.model, Access::Reading);
+    ModelSession session(options.common, options.model, Access::Reading);
     const ElementFilter filter(session.model(), options.type, options.ifcClass);
     const std::vector<model::Element> elements = filter.elements();
     switch (options.common.format) {

@@ -1,12 +1,13 @@
-#include "console/Commands.hpp"
-#include "console/Session.hpp"
-#include "console/lookup/LookupUser.hpp"
-#include "console/output/GuidText.hpp"
+#include "console/commands/LookupCommand.hpp"
+
+#include "console/ModelSession.hpp"
+#include "console/output/HostText.hpp"
 #include "console/output/Json.hpp"
+#include "console/output/ListRows.hpp"
 #include "console/output/Messages.hpp"
 #include "console/output/StandardOutput.hpp"
 #include "console/output/Table.hpp"
-#include "console/output/Tsv.hpp"
+#include "console/output/TerminalText.hpp"
 
 #include <fmt/format.h>
 
@@ -14,6 +15,69 @@ namespace console {
 namespace {
 
 constexpr Int32 LookupMenuItem = 2;
+
+// The lookup dialog's items.
+constexpr Int16 LookUpButton = 1;
+constexpr Int16 CloseButton = 2;
+constexpr Int16 GuidField = 3;
+constexpr Int16 ResultList = 4;
+
+struct LookupAnswer {
+    std::string guid;  ///< As looked up.
+    std::vector<ListRow> rows;
+
+    /// "BADID" and the like; empty where the element was found; "?" where the add-on named no reason.
+    std::string error() const;
+};
+
+/// The user of the lookup dialog: types one GUID after the other and reads the rows that each lookup appends.
+class LookupUser : public frontend::View {
+public:
+    /// @param guids  none: the one that the dialog opens with.
+    explicit LookupUser(std::vector<std::string> guids) : guids_(std::move(guids)) {}
+
+    void runModal(frontend::Dialog& dialog) override;
+    std::optional<std::string> pickFile(const frontend::FileRequest&) override { return std::nullopt; }
+
+    bool dialogSeen() const { return dialogSeen_; }
+    const std::vector<std::string>& header() const { return header_; }
+    const std::vector<LookupAnswer>& answers() const { return answers_; }
+
+private:
+    void lookUp(frontend::Dialog& dialog);
+
+    std::vector<std::string> guids_;
+    bool dialogSeen_ = false;
+    std::vector<std::string> header_;
+    std::vector<LookupAnswer> answers_;
+};
+
+std::string LookupAnswer::error() const {
+    // The first row repeats the GUID; the second is the element's type, or the reason why there is none.
+    if (rows.size() < 2 || rows[1].columns.size() < 2) return "?";
+    return rows[1].columns[0] == "Error" && rows.size() == 2 ? rows[1].columns[1] : "";
+}
+
+void LookupUser::runModal(frontend::Dialog& dialog) {
+    if (dialogSeen_ || dialog.list(ResultList) == nullptr) return;
+    dialogSeen_ = true;
+    header_ = readHeader(*dialog.list(ResultList));
+    if (guids_.empty()) lookUp(dialog);
+    for (const std::string& guid : guids_) {
+        dialog.typeText(GuidField, toUniString(guid));
+        lookUp(dialog);
+    }
+    dialog.clickItem(CloseButton);
+}
+
+void LookupUser::lookUp(frontend::Dialog& dialog) {
+    const frontend::List& list = *dialog.list(ResultList);
+    const int before = list.rowCount();
+    const frontend::Item* field = dialog.item(GuidField);
+    std::string guid = field == nullptr ? "" : toUtf8(field->text);
+    dialog.clickItem(LookUpButton);
+    answers_.push_back({std::move(guid), readRows(list, before + 1)});
+}
 
 /// The dialog takes 36 characters only. Some programs put braces around them.
 std::string inLongForm(const std::string& guid) {
@@ -69,7 +133,7 @@ void printAnswers(const LookupUser& user, Format format) {
     }
 }
 
-std::string explain(const LookupAnswer& answer, const Session& session) {
+std::string explain(const LookupAnswer& answer, const ModelSession& session) {
     if (answer.guid == "00000000-0000-0000-0000-000000000000")
         return fmt::format("{} is the GUID of no element at all; 'modelhost list' prints those there are", answer.guid);
     if (answer.error() == "BADPARS" || answer.error() == "?")
@@ -82,7 +146,7 @@ std::string explain(const LookupAnswer& answer, const Session& session) {
 }  // namespace
 
 ExitStatus runLookup(const LookupOptions& options) {
-    Session session(options.common, options.model, Access::Reading);
+    ModelSession session(options.common, options.model, Access::Reading);
     session.loadAddOn();
     LookupUser user(inLongForm(options.guids));
     session.runMenuCommand(LookupMenuItem, user);

@@ -1,5 +1,6 @@
-#include "console/Commands.hpp"
-#include "console/Session.hpp"
+#include "console/commands/ScriptCommand.hpp"
+
+#include "console/ModelSession.hpp"
 #include "console/output/Messages.hpp"
 #include "console/script/ScriptUser.hpp"
 
@@ -8,8 +9,8 @@
 namespace console {
 
 ExitStatus runScript(const ScriptOptions& options) {
-    StepReader steps(options.steps);
-    Session session(options.common, options.model, Access::Editing);
+    ScriptReader steps(options.steps);
+    ModelSession session(options.common, options.model, Access::Editing);
     if (const std::string& holder = session.model().lockHolder(); !holder.empty())
         say(fmt::format("{} is open in {}: it is opened for reading here and can be saved under another name only",
                         options.model.string(), holder));

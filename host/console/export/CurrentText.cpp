@@ -1,6 +1,6 @@
 #include "console/export/CurrentText.hpp"
 
-#include "console/output/Text.hpp"
+#include "console/output/HostText.hpp"
 
 #include <fmt/format.h>
 

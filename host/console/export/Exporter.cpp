@@ -1,11 +1,16 @@
 #include "console/export/Exporter.hpp"
 
 #include "console/Failure.hpp"
-#include "console/output/GuidText.hpp"
-#include "console/output/Text.hpp"
+#include "console/output/HostText.hpp"
+#include "updatefile/Wording.hpp"
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
 
 namespace console {
 namespace {
+
+constexpr std::size_t ExamplesKept = 3;
 
 /// As the add-on takes it off the second field: what stands before the first bracket.
 std::u16string nameOf(const std::string& designation) {
@@ -21,9 +26,28 @@ ElementData read(const model::Model& model, model::Element element) {
 
 }  // namespace
 
-Exporter::Exporter(const model::Model& theModel, std::vector<std::string> designations, Sink theSink)
-    : model_(theModel), sink_(std::move(theSink)) {
-    for (std::string& text : designations) {
+void LeftOut::add(Obstacle obstacle, const std::string& item, const std::string& guid) {
+    Group& group = byReason_.try_emplace({obstacle, item}, Group{obstacle, item, 0, {}}).first->second;
+    ++group.count;
+    if (group.examples.size() < ExamplesKept) group.examples.push_back(guid);
+}
+
+std::vector<LeftOut::Group> LeftOut::groups() const {
+    std::vector<Group> result;
+    for (const auto& entry : byReason_) result.push_back(entry.second);
+    return result;
+}
+
+std::string LeftOut::text(const Group& group) {
+    std::string text = fmt::format("{} of {} left out: {} ({}", updatefile::counted(group.count, "value"), group.item,
+                                   explain(group.obstacle), fmt::join(group.examples, ", "));
+    if (group.count > group.examples.size()) text += fmt::format(" and {} more", group.count - group.examples.size());
+    return text + ")";
+}
+
+Exporter::Exporter(const model::Model& model, std::vector<std::string> items, Sink sink)
+    : model_(model), sink_(std::move(sink)) {
+    for (std::string& text : items) {
         std::u16string name = nameOf(text);
         items_.push_back({std::move(text), std::move(name)});
     }
@@ -39,9 +63,9 @@ void Exporter::write(model::Element element) {
 void Exporter::writeItem(const LineSubject& subject, const ElementData& data, const Item& item) {
     const CurrentText current = currentText(data, item.name);
     const UpdateLine line = updateLine(subject, item.text, current);
-    if (line.obstacle != Obstacle::None) return out_.add(line.obstacle, item.text, subject.guid);
-    if (current.ambiguous) ++several_[item.text];
-    ++lines_;
+    if (line.obstacle != Obstacle::None) return leftOut_.add(line.obstacle, item.text, subject.guid);
+    if (current.ambiguous) ++ambiguous_[item.text];
+    ++lineCount_;
     sink_({subject.guid, item.text, line.value});
 }
 

@@ -1,13 +1,34 @@
 #pragma once
 // Turns elements' current values into update-file lines.
 
-#include "console/export/LeftOut.hpp"
+#include "console/export/UpdateLine.hpp"
 
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
 namespace console {
+
+/// The values that had to be left out, by reason and item.
+class LeftOut {
+public:
+    struct Group {
+        Obstacle obstacle;
+        std::string item;
+        std::uint64_t count = 0;
+        std::vector<std::string> examples;  ///< The first few elements' GUIDs.
+    };
+
+    void add(Obstacle obstacle, const std::string& item, const std::string& guid);
+
+    std::vector<Group> groups() const;
+    /// "12 values of FireRating[WallCommon] left out: REASON (GUID, GUID, GUID and 9 more)"
+    static std::string text(const Group& group);
+
+private:
+    std::map<std::pair<Obstacle, std::string>, Group> byReason_;
+};
 
 struct ExportedValue {
     const std::string& guid;
@@ -24,10 +45,10 @@ public:
     /// Throws Failure where the element's data cannot be read.
     void write(model::Element element);
 
-    std::uint64_t lineCount() const { return lines_; }
-    const LeftOut& leftOut() const { return out_; }
+    std::uint64_t lineCount() const { return lineCount_; }
+    const LeftOut& leftOut() const { return leftOut_; }
     /// Elements that have an item in several property sets, of which the import shows the last and writes the first.
-    const std::map<std::string, std::uint64_t>& ambiguous() const { return several_; }
+    const std::map<std::string, std::uint64_t>& ambiguous() const { return ambiguous_; }
 
 private:
     struct Item {
@@ -40,9 +61,9 @@ private:
     const model::Model& model_;
     std::vector<Item> items_;
     Sink sink_;
-    std::uint64_t lines_ = 0;
-    LeftOut out_;
-    std::map<std::string, std::uint64_t> several_;
+    std::uint64_t lineCount_ = 0;
+    LeftOut leftOut_;
+    std::map<std::string, std::uint64_t> ambiguous_;
 };
 
 }  // namespace console

@@ -1,12 +1,23 @@
 #pragma once
-// One line of an update file from an element's current value, or the reason why there can be none.
+// The items that an export writes, and the line of an update file that an element's current value makes: or the reason
+// why there can be none.
 
 #include "console/export/CurrentText.hpp"
+#include "model/base/Result.hpp"
 
 #include <cstdint>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace console {
+
+/// The items of an export, --items 'Name,FireRating[WallCommon],UniFormat Classification': cut at commas, blanks around
+/// each dropped. Fails for an item without a name and for one that no line can hold.
+model::Result<std::vector<std::string>> parseItems(std::string_view text);
+
+/// The same check for an item that is taken as it stands.
+model::Status checkItem(std::string_view item);
 
 /// Why an item of an element is left out. In the order in which the reasons are told.
 enum class Obstacle : std::uint8_t {

@@ -2,7 +2,7 @@
 // Everything that an import has to tell, and the three forms in which it is told.
 
 #include "console/output/ListRows.hpp"
-#include "console/output/Terminal.hpp"
+#include "console/output/StandardOutput.hpp"
 
 #include <cstdint>
 #include <optional>

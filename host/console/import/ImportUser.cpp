@@ -1,7 +1,9 @@
 #include "console/import/ImportUser.hpp"
 
-#include "console/import/ReviewList.hpp"
-#include "console/output/Text.hpp"
+#include "console/import/ReviewRows.hpp"
+#include "console/output/HostText.hpp"
+#include "console/output/StandardOutput.hpp"
+#include "updatefile/ReviewList.hpp"
 
 #include <fmt/format.h>
 
@@ -16,7 +18,7 @@ constexpr Int16 ReviewList = 5;
 
 }  // namespace
 
-ImportUser::ImportUser(ImportPlan thePlan) : plan_(std::move(thePlan)), trouble_("the add-on opened no review list") {}
+ImportUser::ImportUser(ImportPlan plan) : plan_(std::move(plan)), problem_("the add-on opened no review list") {}
 
 ImportUser::~ImportUser() = default;
 
@@ -28,11 +30,11 @@ void ImportUser::runModal(frontend::Dialog& dialog) {
     // A further dialog, from an add-on that asks something, is closed by the dialog manager as by Escape.
     if (dialogSeen_ || dialog.list(ReviewList) == nullptr) return;
     dialogSeen_ = true;
-    trouble_.clear();
-    headerTexts_ = readHeader(*dialog.list(ReviewList));
-    lost_ = dialog.list(ReviewList)->rowsLost();
+    problem_.clear();
+    header_ = readHeader(*dialog.list(ReviewList));
+    rowsLost_ = dialog.list(ReviewList)->rowsLost();
     if (tickRows(dialog)) {
-        reviewRows_ = readRows(*dialog.list(ReviewList));
+        review_ = readRows(*dialog.list(ReviewList));
         if (plan_.apply) apply(dialog);
     }
     dialog.clickItem(CloseButton);
@@ -43,7 +45,7 @@ bool ImportUser::tickRows(frontend::Dialog& dialog) {
     if (plan_.tick.kind == TickChoice::Kind::All) dialog.clickItem(SelectAllButton);
     const auto rows = static_cast<std::uint32_t>(list.rowCount());
     if (plan_.tick.lastRow() > rows) {
-        trouble_ = fmt::format("--tick: there is no row {}, the review list of {} has {}; nothing was applied",
+        problem_ = fmt::format("--tick: there is no row {}, the review list of {} has {}; nothing was applied",
                                plan_.tick.lastRow(), plan_.shownName, rows);
         return false;
     }
@@ -58,7 +60,7 @@ void ImportUser::apply(frontend::Dialog& dialog) {
     applying_.emplace(fmt::format("Applying {}", plan_.shownName));
     dialog.clickItem(ApplyButton);
     applying_.reset();
-    resultRows_ = readRows(*dialog.list(ReviewList));
+    result_ = readRows(*dialog.list(ReviewList));
 }
 
 void ImportUser::changed(frontend::Dialog& dialog, Int16) {
@@ -68,13 +70,33 @@ void ImportUser::changed(frontend::Dialog& dialog, Int16) {
     // The pass runs from top to bottom and leaves a row that it tries either unticked or with "error!".
     while (firstUnfinished_ <= count) {
         const auto row = static_cast<Int16>(firstUnfinished_);
-        const bool pending = reviewlist::ticked(reviewRows_[static_cast<std::size_t>(firstUnfinished_ - 1)]) &&
-                             toUtf8(list->cell(row, 8)) != reviewlist::Done &&
-                             toUtf8(list->cell(row, 8)) != reviewlist::Error;
+        const std::string remarks = toUtf8(list->cell(row, updatefile::reviewlist::RemarksColumn + 1));
+        const bool pending = ticked(review_[static_cast<std::size_t>(firstUnfinished_ - 1)]) &&
+                             remarks != updatefile::reviewlist::Done && remarks != updatefile::reviewlist::Error;
         if (pending && list->status(row) == DG_IS_ENABLE) break;
         ++firstUnfinished_;
     }
     applying_->show(static_cast<std::uint64_t>(firstUnfinished_), static_cast<std::uint64_t>(count));
+}
+
+ReviewProgress::ReviewProgress(const std::string& updates, std::uint64_t lines)
+    : line_("Reviewing " + updates), lines_(lines), watching_(Terminal::standardError().present) {
+    if (!watching_) return;
+    previous_ = frontend::setDebugSink({});
+    frontend::setDebugSink([this](const char* text) {
+        if (previous_) previous_(text);
+        show();
+    });
+}
+
+ReviewProgress::~ReviewProgress() {
+    if (watching_) frontend::setDebugSink(previous_);
+}
+
+void ReviewProgress::show() {
+    if (frontend::openDialogs().empty()) return;
+    for (const frontend::Item& item : frontend::openDialogs().back()->items())
+        if (item.list) line_.show(static_cast<std::uint64_t>(item.list->rowCount()) + item.list->rowsLost(), lines_);
 }
 
 }  // namespace console

@@ -32,25 +32,43 @@ public:
 
     // --- What was seen, once the command has ended ---
     /// Why the user closed the dialog without doing what was planned; empty where all went as planned.
-    const std::string& problem() const { return trouble_; }
-    const std::vector<std::string>& header() const { return headerTexts_; }
-    const std::vector<ListRow>& review() const { return reviewRows_; }  ///< As ticked, before Apply.
-    const std::optional<std::vector<ListRow>>& result() const { return resultRows_; }
-    std::uint64_t rowsLost() const { return lost_; }
+    const std::string& problem() const { return problem_; }
+    const std::vector<std::string>& header() const { return header_; }
+    const std::vector<ListRow>& review() const { return review_; }  ///< As ticked, before Apply.
+    const std::optional<std::vector<ListRow>>& result() const { return result_; }
+    std::uint64_t rowsLost() const { return rowsLost_; }
 
 private:
     bool tickRows(frontend::Dialog& dialog);
     void apply(frontend::Dialog& dialog);
 
     ImportPlan plan_;
-    std::string trouble_;
-    std::vector<std::string> headerTexts_;
-    std::vector<ListRow> reviewRows_;
-    std::optional<std::vector<ListRow>> resultRows_;
-    std::uint64_t lost_ = 0;
+    std::string problem_;
+    std::vector<std::string> header_;
+    std::vector<ListRow> review_;
+    std::optional<std::vector<ListRow>> result_;
+    std::uint64_t rowsLost_ = 0;
     bool dialogSeen_ = false;
     std::optional<ProgressLine> applying_;
     int firstUnfinished_ = 1;  ///< While applying: the row that the pass has come to.
+};
+
+/// How far the add-on has come with the lines of the update file. It reads them all before its dialog shows, and draws
+/// nothing meanwhile; what it writes to the debug output for each line is the one sign of life.
+class ReviewProgress {
+public:
+    ReviewProgress(const std::string& updates, std::uint64_t lines);
+    ~ReviewProgress();
+    ReviewProgress(const ReviewProgress&) = delete;
+    ReviewProgress& operator=(const ReviewProgress&) = delete;
+
+private:
+    void show();
+
+    ProgressLine line_;
+    std::uint64_t lines_;
+    bool watching_;  ///< Only for a terminal: without a sink the add-on's debug texts are not even put together.
+    frontend::DebugSink previous_;
 };
 
 }  // namespace console

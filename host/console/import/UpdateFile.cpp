@@ -1,8 +1,8 @@
 #include "console/import/UpdateFile.hpp"
 
 #include "console/Failure.hpp"
-#include "console/output/Text.hpp"
-#include "updates/Hints.hpp"
+#include "console/output/HostText.hpp"
+#include "updatefile/Hints.hpp"
 
 #include <fmt/format.h>
 #include <sys/stat.h>
@@ -30,7 +30,7 @@ bool isStandardInput(const std::filesystem::path& path) {
 
 }  // namespace
 
-UpdateFile::UpdateFile(std::filesystem::path thePath) : path_(std::move(thePath)), addOnPath_(path_.string()) {
+UpdateFile::UpdateFile(std::filesystem::path path) : path_(std::move(path)), addOnPath_(path_.string()) {
     if (isStandardInput(path_)) {
         keepCopy(stdin);
         return;
@@ -57,14 +57,14 @@ void UpdateFile::keepCopy(std::FILE* source) {
     file_ = std::move(copy);
 }
 
-updates::UpdateFileFindings UpdateFile::scan(const updates::UpdateFileScan::Knows& knows) {
-    updates::UpdateFileScan scan(knows);
+updatefile::UpdateFileFindings UpdateFile::scan(const updatefile::UpdateFileScan::Knows& knows) {
+    updatefile::UpdateFileScan scan(knows);
     std::array<char, BlockSize> block;
     std::size_t count = 0;
     while ((count = std::fread(block.data(), 1, block.size(), file_.get())) > 0) scan.read({block.data(), count});
     if (std::ferror(file_.get()) != 0) failWithError(path_);
-    updates::UpdateFileFindings findings = scan.finish();
-    if (const auto reason = updates::uselessBecause(findings)) fail(path_, *reason);
+    updatefile::UpdateFileFindings findings = scan.finish();
+    if (const auto reason = updatefile::uselessBecause(findings)) fail(path_, *reason);
     return findings;
 }
 

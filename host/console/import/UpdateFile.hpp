@@ -2,7 +2,7 @@
 // The update file as the console opens it: told apart from what is no update file before the add-on, which would show
 // an empty list in silence, gets it.
 
-#include "updates/UpdateFileScan.hpp"
+#include "updatefile/UpdateFileScan.hpp"
 
 #include <cstdio>
 #include <filesystem>
@@ -20,7 +20,7 @@ public:
     std::string name() const { return path_.string(); }
 
     /// Reads it whole. Throws Failure where that fails, or where the file is empty or no text.
-    updates::UpdateFileFindings scan(const updates::UpdateFileScan::Knows& knows);
+    updatefile::UpdateFileFindings scan(const updatefile::UpdateFileScan::Knows& knows);
 
     /// A path by which the add-on can open it, as long as this object lives.
     const std::string& pathForAddOn() const { return addOnPath_; }

@@ -1,7 +1,6 @@
 #include "console/output/Json.hpp"
 
 #include "console/output/StandardOutput.hpp"
-#include "console/output/Terminal.hpp"
 
 namespace console {
 namespace {

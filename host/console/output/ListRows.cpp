@@ -1,6 +1,6 @@
 #include "console/output/ListRows.hpp"
 
-#include "console/output/Text.hpp"
+#include "console/output/HostText.hpp"
 
 namespace console {
 

@@ -1,8 +1,7 @@
 #include "console/output/Messages.hpp"
 
-#include "console/output/DisplayWidth.hpp"
-#include "console/output/SafeText.hpp"
-#include "console/output/Terminal.hpp"
+#include "console/output/StandardOutput.hpp"
+#include "console/output/TerminalText.hpp"
 
 #include <fmt/format.h>
 
@@ -47,8 +46,8 @@ void say(std::string_view message) {
     write(fmt::format("modelhost: {}\n", visible(message)));
 }
 
-ProgressLine::ProgressLine(std::string_view operationText)
-    : operation_(visible(operationText)), started_(now()), terminal_(Terminal::standardError().present) {}
+ProgressLine::ProgressLine(std::string_view operation)
+    : operation_(visible(operation)), started_(now()), terminal_(Terminal::standardError().present) {}
 
 ProgressLine::~ProgressLine() {
     wipeProgress();

@@ -24,7 +24,7 @@ mode_t newFileMode() {
 
 }  // namespace
 
-OutputFile::OutputFile(std::filesystem::path theTarget) : target_(std::move(theTarget)) {
+OutputFile::OutputFile(std::filesystem::path target) : target_(std::move(target)) {
     std::error_code ignored;
     // A symbolic link stays one: what it points at is replaced.
     if (const auto real = std::filesystem::canonical(target_, ignored); !ignored) target_ = real;

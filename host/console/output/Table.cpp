@@ -1,7 +1,6 @@
 #include "console/output/Table.hpp"
 
-#include "console/output/DisplayWidth.hpp"
-#include "console/output/SafeText.hpp"
+#include "console/output/TerminalText.hpp"
 
 #include <algorithm>
 #include <numeric>

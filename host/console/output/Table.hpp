@@ -1,7 +1,7 @@
 #pragma once
 // Columns of text for a person: aligned, fitted to the terminal's width, coloured where wanted.
 
-#include "console/output/Terminal.hpp"
+#include "console/output/StandardOutput.hpp"
 
 #include <cstdint>
 #include <string>

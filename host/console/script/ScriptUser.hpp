@@ -3,8 +3,8 @@
 // in the model window. Each step is answered when the next one is about to be read, so that the answer tells what the
 // step led to: a dialog that opened or closed, a file asked for, the end of the command.
 
-#include "console/Session.hpp"
-#include "console/script/StepReader.hpp"
+#include "console/ModelSession.hpp"
+#include "console/script/ScriptReader.hpp"
 
 #include <deque>
 #include <optional>
@@ -14,7 +14,7 @@ namespace console {
 
 class ScriptUser : public frontend::View {
 public:
-    ScriptUser(Session& session, StepReader& steps);
+    ScriptUser(ModelSession& session, ScriptReader& steps);
     ~ScriptUser() override;
 
     /// Runs the script to its end. @return whether every step could be done. Throws Failure where the answers cannot be
@@ -25,7 +25,7 @@ public:
     std::optional<std::string> pickFile(const frontend::FileRequest& request) override;
 
 private:
-    // The flow of steps and answers (ScriptUser.cpp).
+    // The flow of steps and answers.
     std::optional<host::PickedPoint> pickPoint(const std::string& prompt);
     std::optional<Step> nextStep();
     void answerLastStep();
@@ -34,7 +34,7 @@ private:
     /// Adds to the answer that is still to be given.
     void tell(const char* what, JsonValue value);
 
-    // The steps (ScriptActions.cpp).
+    // The steps.
     using Action = void (ScriptUser::*)(const JsonValue& step);
     struct Verb;
     static const Verb* findVerb(const JsonValue& step);
@@ -56,8 +56,8 @@ private:
     void menus(const JsonValue& step);
     void report(const JsonValue& step);
 
-    Session& session_;
-    StepReader& steps_;
+    ModelSession& session_;
+    ScriptReader& steps_;
     std::uint64_t currentLine_ = 0;
     JsonValue answer_;  ///< Null where no step waits for its answer.
     bool allDone_ = true;

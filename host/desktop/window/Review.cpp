@@ -4,6 +4,7 @@
 #include "desktop/dialogs/RowListView.hpp"
 #include "desktop/elements/ElementPanel.hpp"
 #include "desktop/plan/PlanPanel.hpp"
+#include "updatefile/ReviewList.hpp"
 
 #include <algorithm>
 
@@ -24,17 +25,25 @@ std::vector<std::u16string_view> cellsOf(std::u16string_view text) {
     }
 }
 
+bool equal(std::u16string_view units, std::string_view ascii) {
+    return std::equal(units.begin(), units.end(), ascii.begin(), ascii.end());
+}
+
+bool lastCellIs(std::u16string_view row, std::string_view ascii) {
+    const std::size_t tab = row.rfind(u'\t');
+    return tab != std::u16string_view::npos && equal(row.substr(tab + 1), ascii);
+}
+
 }  // namespace
 
 Mark rowMark(const frontend::List& list, Int16 row) {
     const GS::UniString text = list.rowText(row);
     const std::u16string_view units = text.View();
     if (!units.starts_with(u"[")) return Mark::None;
-    const auto endsWith = [&](std::u16string_view end) { return units.ends_with(end); };
-    if (endsWith(u"\terror!")) return Mark::Error;
-    if (endsWith(u"\tDone")) return Mark::Done;
+    if (lastCellIs(units, updatefile::reviewlist::Error)) return Mark::Error;
+    if (lastCellIs(units, updatefile::reviewlist::Done)) return Mark::Done;
     if (list.status(row) != DG_IS_ENABLE) return list.color(row) ? Mark::Error : Mark::Unchanged;
-    if (units.starts_with(u"[X]\t")) return Mark::Ticked;
+    if (equal(units.substr(0, units.find(u'\t')), updatefile::reviewlist::Ticked)) return Mark::Ticked;
     return Mark::Open;
 }
 

@@ -1,0 +1,88 @@
+#include "console/ModelSession.hpp"
+
+#include "console/Failure.hpp"
+#include "console/output/HostText.hpp"
+#include "console/output/Interrupts.hpp"
+#include "console/output/Messages.hpp"
+
+#include <fmt/format.h>
+
+#include <cstdio>
+
+namespace console {
+namespace {
+
+std::string opening(const std::filesystem::path& path) {
+    return fmt::format("Opening {}", path.filename().string());
+}
+
+}  // namespace
+
+ModelSession::ModelSession(const CommonOptions& options, std::filesystem::path modelPath, Access access)
+    : options_(options), path_(std::move(modelPath)) {
+    host_.setReportSink([](const host::ReportLine& line) { say(line.text); });
+    {
+        ProgressLine progress(opening(path_));
+        throwUnlessDone(host_.openModel(path_, {progress.callback(), access == Access::Editing}));
+    }
+    for (const std::string& remark : model().remarks()) say(remark);
+    if (options_.debug) frontend::setDebugSink([](const char* text) { std::fputs(text, stderr); });
+}
+
+ModelSession::~ModelSession() {
+    host_.unloadAddOn();
+    frontend::setDebugSink({});
+}
+
+void ModelSession::loadAddOn() {
+    throwUnlessDone(host_.loadAddOn(options_.addOn.empty() ? host::defaultBundle() : options_.addOn));
+}
+
+void ModelSession::runMenuCommand(Int32 item, frontend::View& view) {
+    const auto place = findMenuItem(host_, item);
+    if (!place) throw Failure(noSuchMenuItem(host_, item));
+    const ViewInCharge inCharge(view);
+    const GSErrCode error = host_.pickMenuItem(place->menu, place->item);
+    if (error != NoError)
+        throw Failure(fmt::format("the add-on's menu item {} ended with error 0x{:08X}; nothing was saved", item,
+                                  static_cast<UInt32>(error)));
+}
+
+void ModelSession::save(const std::filesystem::path& target) {
+    InterruptGuard guard;
+    model::Status status;
+    {
+        ProgressLine progress(fmt::format("Saving {}", target.filename().string()));
+        status = host_.save(target, {InterruptGuard::cancelling(progress.callback()), options_.force});
+    }
+    if (!status && InterruptGuard::interrupted()) {
+        say(fmt::format("interrupted; {} was not written", target.string()));
+        InterruptGuard::dieIfInterrupted();
+    }
+    if (!status && status.error().kind == model::ErrorKind::ChangedSince)
+        throw Failure(status.error().message + " (--force)");
+    throwUnlessDone(status);
+}
+
+std::vector<std::string> ModelSession::reportTexts() const {
+    std::vector<std::string> texts;
+    for (const host::ReportLine& line : host_.report()) texts.push_back(wellFormed(line.text));
+    return texts;
+}
+
+std::optional<MenuPlace> findMenuItem(const host::Host& host, Int32 number) {
+    for (const host::Menu& menu : host.menus()) {
+        const auto count = static_cast<Int32>(menu.items.size());
+        if (number >= 1 && number <= count) return MenuPlace{menu.menuStrResID, number};
+        number -= count;
+    }
+    return std::nullopt;
+}
+
+std::string noSuchMenuItem(const host::Host& host, Int32 number) {
+    std::size_t count = 0;
+    for (const host::Menu& menu : host.menus()) count += menu.items.size();
+    return fmt::format("the add-on's menus have no item {}; they have {}", number, count);
+}
+
+}  // namespace console

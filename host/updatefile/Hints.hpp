@@ -1,0 +1,26 @@
+#pragma once
+// The findings in words, each with what to do about it.
+
+#include "updatefile/UpdateFileScan.hpp"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace updatefile {
+
+/// What the review list made of the update file.
+struct ReviewCounts {
+    std::uint64_t rows = 0;
+    std::uint64_t rowsLost = 0;
+};
+
+/// @param shows  where this program's user finds GUIDs, to be followed by an object: "'modelhost list' prints".
+std::vector<std::string> hintsFor(const UpdateFileFindings& findings, const ReviewCounts& counts,
+                                  std::string_view shows);
+
+/// Why the file is no update file at all, with what to do; nothing where it is one.
+std::optional<std::string> uselessBecause(const UpdateFileFindings& findings);
+
+}  // namespace updatefile

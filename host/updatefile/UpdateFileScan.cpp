@@ -1,0 +1,129 @@
+#include "updatefile/UpdateFileScan.hpp"
+
+#include "updatefile/FileKind.hpp"
+
+#include "Guid.hpp"
+#include "UniString.hpp"
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+#include <utility>
+
+namespace updatefile {
+namespace {
+
+/// The add-on's line buffer: a longer line goes on as a line of its own.
+constexpr std::size_t LongestPiece = 2047;
+constexpr std::size_t FieldsOfALine = 4;
+
+/// As the add-on reads the first field.
+std::optional<Guid> parseGuid(std::string_view text) {
+    GS::Guid hostGuid;
+    if (hostGuid.ConvertFromString(GS::UniString(text.data(), static_cast<USize>(text.size()))) != NoError)
+        return std::nullopt;
+    Guid guid;
+    std::copy(std::begin(hostGuid.bytes), std::end(hostGuid.bytes), guid.begin());
+    return guid;
+}
+
+/// The form of a GlobalId in the model's file: 22 digits of base 64, the first of two bits only.
+bool looksLikeGlobalId(std::string_view text) {
+    constexpr std::string_view digits = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz_$";
+    return text.size() == 22 && text.front() >= '0' && text.front() <= '3' &&
+           text.find_first_not_of(digits) == std::string_view::npos;
+}
+
+bool inQuotes(std::string_view field) {
+    return field.size() >= 2 && field.front() == '"' && field.back() == '"';
+}
+
+}  // namespace
+
+void LineNotes::add(std::uint64_t line) {
+    ++count;
+    if (first.size() < Kept) first.push_back(line);
+}
+
+UpdateFileScan::UpdateFileScan(Knows knows) : knows_(std::move(knows)) {
+    piece_.reserve(LongestPiece);
+}
+
+void UpdateFileScan::read(std::string_view block) {
+    if (beginning_.size() < SniffLength) beginning_ += block.substr(0, SniffLength - beginning_.size());
+    for (const char byte : block) readByte(byte);
+}
+
+void UpdateFileScan::readByte(char byte) {
+    const bool secondOfPair = byte == '\n' && lastWasReturn_;
+    lastWasReturn_ = byte == '\r';
+    if (byte == '\r' || byte == '\n') {
+        if (!secondOfPair) endLine();
+        return;
+    }
+    if (++lineBytes_ == LongestPiece + 1) findings_.overlong.add(line_);
+    piece_ += byte;
+    if (piece_.size() == LongestPiece) endPiece();
+}
+
+void UpdateFileScan::endLine() {
+    if (!piece_.empty()) endPiece();
+    if (lineBytes_ > 0) ++findings_.lines;
+    lineBytes_ = 0;
+    ++line_;
+}
+
+void UpdateFileScan::endPiece() {
+    ++findings_.pieces;
+    // The rest of a cut line means nothing by itself; that the line was cut is noted.
+    if (lineBytes_ <= LongestPiece) examine(piece_);
+    piece_.clear();
+}
+
+void UpdateFileScan::examine(std::string_view text) {
+    // A cut may fall into the middle of a character.
+    if (text.size() < LongestPiece && !isWellFormed(text)) findings_.notUtf8.add(line_);
+    if (const std::size_t zero = text.find('\0'); zero != std::string_view::npos) {
+        findings_.zeroBytes.add(line_);
+        text = text.substr(0, zero);
+    }
+    if (text.empty() || text.front() == '\t')
+        findings_.leadingTab.add(line_);
+    else
+        examineFields(text);
+}
+
+void UpdateFileScan::examineFields(std::string_view text) {
+    std::size_t fields = 0;
+    bool quotes = false;
+    for (std::size_t start = 0; fields < FieldsOfALine && start <= text.size(); ++fields) {
+        const std::size_t end = std::min(text.find('\t', start), text.size());
+        const std::string_view field = text.substr(start, end - start);
+        if (fields == 0) examineGuid(field);
+        quotes = quotes || inQuotes(field);
+        start = end + 1;
+    }
+    if (fields < FieldsOfALine) findings_.fewFields.add(line_);
+    if (quotes) findings_.quoted.add(line_);
+}
+
+void UpdateFileScan::examineGuid(std::string_view field) {
+    const auto guid = parseGuid(field);
+    if (guid && !knows_(*guid)) findings_.unknownElement.add(line_);
+    if (guid) return;
+    findings_.noGuid.add(line_);
+    if (looksLikeGlobalId(field)) findings_.globalId.add(line_);
+}
+
+UpdateFileFindings UpdateFileScan::finish() {
+    if (lineBytes_ > 0) ++findings_.lines;
+    // A line whose length is a multiple of the buffer's was handed on whole, end or not.
+    if (!piece_.empty()) findings_.lineWithoutEnd = line_;
+    const FileKind kind = detectFileKind(beginning_);
+    findings_.byteOrderMark = kind == FileKind::TextWithByteOrderMark;
+    findings_.utf16 = kind == FileKind::Utf16;
+    findings_.binary = kind == FileKind::Binary;
+    return std::move(findings_);
+}
+
+}  // namespace updatefile

@@ -1,0 +1,72 @@
+#pragma once
+// What a person should be told of an update file that the add-on, as it must, passes over in silence. One pass over the
+// bytes, cutting them into lines as the add-on does; memory does not grow with the file.
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace updatefile {
+
+using Guid = std::array<std::uint8_t, 16>;  ///< Bytes in the order of the text form.
+
+/// Lines that have something in common: how many, and the first few.
+struct LineNotes {
+    static constexpr std::size_t Kept = 5;
+    std::uint64_t count = 0;
+    std::vector<std::uint64_t> first;  ///< Line numbers from 1, as an editor counts them.
+
+    void add(std::uint64_t line);
+};
+
+struct UpdateFileFindings {
+    std::uint64_t lines = 0;   ///< That are not empty.
+    std::uint64_t pieces = 0;  ///< That the add-on takes for lines: a line over 2047 bytes gives several.
+
+    LineNotes noGuid;          ///< First field is no GUID of 36 characters.
+    LineNotes globalId;        ///< Of those, a GlobalId of 22 characters.
+    LineNotes unknownElement;  ///< A GUID that no element of the model has.
+    LineNotes fewFields;
+    LineNotes leadingTab;
+    LineNotes overlong;
+    LineNotes zeroBytes;
+    LineNotes quoted;
+    LineNotes notUtf8;
+    std::uint64_t lineWithoutEnd = 0;  ///< The last line, where it has no line end; otherwise 0.
+    bool byteOrderMark = false;        ///< Of UTF-8.
+    bool utf16 = false;
+    bool binary = false;  ///< No text at all: a spreadsheet's own file, an archive, a program.
+};
+
+class UpdateFileScan {
+public:
+    /// Whether the model has an element of the GUID.
+    using Knows = std::function<bool(const Guid&)>;
+
+    explicit UpdateFileScan(Knows knows);
+
+    /// To be called with the file's bytes in order, in blocks of any size.
+    void read(std::string_view block);
+    UpdateFileFindings finish();
+
+private:
+    void readByte(char byte);
+    void endLine();
+    void endPiece();
+    void examine(std::string_view text);
+    void examineFields(std::string_view text);
+    void examineGuid(std::string_view field);
+
+    Knows knows_;
+    UpdateFileFindings findings_;
+    std::string piece_;
+    std::string beginning_;  ///< The file's first bytes, to tell what it is.
+    std::uint64_t line_ = 1;
+    std::uint64_t lineBytes_ = 0;  ///< Of the current line so far.
+    bool lastWasReturn_ = false;
+};
+
+}  // namespace updatefile

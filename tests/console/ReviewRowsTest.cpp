@@ -1,0 +1,24 @@
+#include "console/import/ReviewRows.hpp"
+
+#include <gtest/gtest.h>
+
+namespace console {
+namespace {
+
+ListRow row(const std::string& property, const std::string& message) {
+    return {{"[X]", "Wall-01", "Wall", "GUID", property, "", "new", message}, DG_IS_ENABLE, {}};
+}
+
+TEST(HintForUnknownItems, NamesTheRowsThatOnlyABracketCouldHelp) {
+    const std::string notFound = " Property not found.";
+    const std::vector<ListRow> review{row("Slope", notFound), row("Note[Custom]", notFound), row("Name", ""),
+                                      row("Tilt", notFound)};
+    const std::vector<ListRow> failed(4, row("", "error!")), done(4, row("", "Done"));
+    EXPECT_EQ(hintForUnknownItems(review, failed),
+              "Nothing on the element has the name in rows 1 and 4: to create a property, write a set behind it, as in "
+              "Slope[Custom] for Pset_Custom");
+    EXPECT_EQ(hintForUnknownItems(review, done), std::nullopt);
+}
+
+}  // namespace
+}  // namespace console
