@@ -6,13 +6,14 @@
 
 namespace model {
 
-/// Called now and then during a long operation, at most some ten times a second.
+/// Called now and then during a long operation, at most some ten times a second, on the thread that runs it.
 /// @param done, total  bytes. @return false to cancel: the operation ends with an error and leaves no trace.
 using Progress = std::function<bool(std::uint64_t done, std::uint64_t total)>;
 
 /// Keeps the calls of a Progress rare, however often the work reports.
 class Throttle {
 public:
+    /// @param function  may be null; not copied, so it outlives the Throttle.
     explicit Throttle(const Progress& function) : progress_(function), last_(Clock::now()) {}
 
     /// @return false where the operation is to be cancelled.

@@ -16,23 +16,25 @@ using Element = std::uint32_t;
 
 struct ElementInfo {
     Guid guid;
-    std::string globalId;
+    std::string globalId;       ///< The same in IFC's form, 22 characters.
     std::string ifcClass;       ///< In the schema's spelling, "IfcWall".
-    std::int32_t typeId;        ///< Type identifier of the header.
-    std::string_view typeName;  ///< Display name, "Wall".
-    std::uint64_t instanceId;
+    std::int32_t typeId;        ///< Element type of the host interface.
+    std::string_view typeName;  ///< Display name, "Wall"; a constant.
+    std::uint64_t instanceId;   ///< The number behind '#' in the file.
 };
 
 /// What an attribute's declared type is made of.
 enum class AttributeType : std::uint8_t { Text, Integer, Real, Boolean, Logical, Enumeration };
 
 struct Attribute {
-    std::string_view name;
-    std::u16string value;
+    std::string_view name;  ///< In the schema's spelling, "Name"; a constant.
+    std::u16string value;   ///< Empty where unset.
     AttributeType type = AttributeType::Text;
 };
 
+/// Which IfcProperty subtype holds it: IfcPropertySingleValue and so on.
 enum class PropertyKind : std::uint8_t { Single, List, Bounded, Enumerated, Table, Reference };
+/// What an IFC value type is based on. Other: BINARY and the like, which have no counterpart.
 enum class Primitive : std::uint8_t { Integer, Real, Boolean, Logical, String, Other };
 
 /// A property's value; which member counts is told by `primitive`.
@@ -40,13 +42,13 @@ struct PropertyValue {
     std::string type;  ///< In the schema's spelling, "IfcLabel"; empty for a single value without a nominal value.
     Primitive primitive = Primitive::String;
     std::int64_t integer = 0;  ///< Also the logical's code: 0 false, 1 unknown, 2 true.
-    double real = 0.0;
+    double real = 0.0;         ///< In the property's own or the project's unit, never converted.
     bool boolean = false;
     std::u16string string;
 };
 
 struct Property {
-    std::u16string set;
+    std::u16string set;  ///< The name of the property set, as in the file.
     std::u16string name;
     PropertyKind kind = PropertyKind::Single;
     bool inherited = false;  ///< From the element's type object.
@@ -79,10 +81,11 @@ struct PropertyView {
 
 struct ClassificationReference {
     std::u16string system;  ///< The label: the relation's Name, or the classification's name where that is empty.
-    std::optional<std::u16string> location, name, itemReference;
-    std::u16string source, edition, classificationName;
+    std::optional<std::u16string> location, name, itemReference;  ///< Of the reference; nothing where unset.
+    std::u16string source, edition, classificationName;           ///< Of the classification that it belongs to.
 };
 
+/// In the model's length unit, whichever the file declares.
 struct Point {
     double x = 0, y = 0, z = 0;
 };

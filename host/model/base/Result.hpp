@@ -12,7 +12,7 @@ namespace model {
 /// What kind of failure; the services turn a kind into the host's error code.
 enum class ErrorKind : std::uint8_t {
     CannotRead,    ///< A file that is missing, not readable, or not what it should be.
-    CannotWrite,   ///< A file that could not be written; the old one is untouched.
+    CannotWrite,   ///< A file that could not be written; the old one is untouched unless the message says otherwise.
     ChangedSince,  ///< A file not written over because another program has changed it since; may be forced.
     BadId,         ///< No element of that identifier.
     BadParameter,  ///< The null GUID and the like.
@@ -29,6 +29,7 @@ struct Error {
     std::string message;
 };
 
+/// A value, or why there is none. Asking for the one that is not there throws std::bad_variant_access.
 template <class Value>
 class [[nodiscard]] Result {
 public:
@@ -53,7 +54,7 @@ public:
     Status(Error error) : failure_(std::move(error)), failed_(true) {}
 
     explicit operator bool() const { return !failed_; }
-    const Error& error() const { return failure_; }
+    const Error& error() const { return failure_; }  ///< Only of a failure.
 
 private:
     Error failure_{};

@@ -99,9 +99,9 @@ Status StepFile::addToAggregate(Slot slot, Value aggregate, std::string_view ele
     return content_->edit(slot, withElement(text(slot), aggregate, element));
 }
 
-Result<std::size_t> StepFile::removeReferences(Slot slot, std::size_t argument, InstanceId member) {
+Result<std::size_t> StepFile::removeReferences(Slot slot, std::size_t attributeIndex, InstanceId member) {
     if (Status editable = content_->checkEditable(slot); !editable) return editable.error();
-    if (const auto left = content_->changes.removeReferences(slot, argument, member)) return *left;
+    if (const auto left = content_->changes.removeReferences(slot, attributeIndex, member)) return *left;
     return refused(content_->changes.id(slot), "its list does not name #" + std::to_string(member));
 }
 

@@ -64,9 +64,9 @@ bool StepFile::Content::savesArchive(const fs::path& target) const {
 /// The time is that of the model's file, so that the same edits give the same bytes.
 ModelEntry StepFile::Content::newEntry(const fs::path& target) const {
     const auto origin = versions.find(path);
-    constexpr std::time_t oldestInZip = 315'619'200;  // in the first days of 1980
+    constexpr std::time_t OldestInZip = 315'619'200;  // in the first days of 1980
     const std::time_t modified = origin == versions.end() ? 0 : origin->second.modified / 1'000'000'000;
-    return {target.stem().string() + ".ifc", 0, ZIP_CM_DEFLATE, std::max(modified, oldestInZip)};
+    return {target.stem().string() + ".ifc", 0, ZIP_CM_DEFLATE, std::max(modified, OldestInZip)};
 }
 
 Status StepFile::Content::write(const fs::path& target, const FileState& old, const SaveOptions& options, Disk& disk) {

@@ -16,8 +16,8 @@ namespace model::step {
 namespace {
 
 /// Models pack to a tenth or so of their size. An entry that claims more than this was made to fill the memory.
-constexpr std::uint64_t honestRatio = 200;
-constexpr std::uint64_t harmlessSize = std::uint64_t{64} << 20U;
+constexpr std::uint64_t HonestRatio = 200;
+constexpr std::uint64_t HarmlessSize = std::uint64_t{64} << 20U;
 
 struct CloseArchive {
     void operator()(zip_t* archive) const { zip_discard(archive); }
@@ -73,8 +73,8 @@ ArchiveHandle openArchive(zip_source_t* source, int flags, ZipError& error) {
 }
 
 bool isModelName(std::string_view name) {
-    constexpr std::string_view extension = ".ifc";
-    return name.size() > extension.size() && equalIgnoringCase(name.substr(name.size() - extension.size()), extension);
+    constexpr std::string_view Extension = ".ifc";
+    return name.size() > Extension.size() && equalIgnoringCase(name.substr(name.size() - Extension.size()), Extension);
 }
 
 Result<zip_stat_t> findModel(zip_t* archive) {
@@ -91,7 +91,7 @@ Result<zip_stat_t> findModel(zip_t* archive) {
         return unreadable("the archive holds no .ifc file; choose another one, or export the model as .ifc");
     if (count > 1) return unreadable("the archive holds several .ifc files; unpack it and open one of them");
     if (found.encryption_method != ZIP_EM_NONE) return unreadable("the archive is encrypted; unpack it first");
-    if (found.size > harmlessSize && found.size / honestRatio > found.comp_size)
+    if (found.size > HarmlessSize && found.size / HonestRatio > found.comp_size)
         return unreadable("the archive claims to unpack to " + std::to_string(found.size) + " bytes from " +
                           std::to_string(found.comp_size) + ", which no model does; do not trust it");
     return found;
@@ -102,12 +102,12 @@ Result<Bytes> unpack(zip_t* archive, const zip_stat_t& model, const Progress& pr
     if (entry == nullptr)
         return unreadable("the model cannot be unpacked: " + std::string(zip_strerror(archive)) +
                           "; unpack it with another program");
-    constexpr zip_uint64_t stretch = zip_uint64_t{4} << 20U;
+    constexpr zip_uint64_t Stretch = zip_uint64_t{4} << 20U;
     Bytes bytes(static_cast<std::size_t>(model.size));
     Throttle throttle(progress);
     std::size_t done = 0;
     for (zip_int64_t count = 1; count > 0 && done < bytes.size; done += static_cast<std::size_t>(count)) {
-        count = zip_fread(entry.get(), bytes.memory.data() + done, std::min<zip_uint64_t>(stretch, bytes.size - done));
+        count = zip_fread(entry.get(), bytes.memory.data() + done, std::min<zip_uint64_t>(Stretch, bytes.size - done));
         if (count < 0) return unreadable("the archive is damaged; fetch it again");
         if (!throttle.report(done / 2, bytes.size)) return unreadable("opening was cancelled");
     }

@@ -126,11 +126,11 @@ private:
 class RealDisk final : public Disk {
 public:
     std::error_code resolve(const fs::path& path, fs::path& target) override {
-        constexpr int mostLinks = 40;
+        constexpr int MostLinks = 40;
         std::error_code error;
         target = fs::absolute(path, error);
         for (int i = 0; fs::is_symlink(fs::symlink_status(target, error)); ++i) {
-            if (i == mostLinks) return std::make_error_code(std::errc::too_many_symbolic_link_levels);
+            if (i == MostLinks) return std::make_error_code(std::errc::too_many_symbolic_link_levels);
             target = target.parent_path() / fs::read_symlink(target, error);
         }
         // One name for one file: the file need not exist, its folder may be reached by several ways.

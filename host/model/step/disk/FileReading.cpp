@@ -11,7 +11,7 @@ namespace model::step {
 
 namespace {
 
-constexpr std::size_t stretch = std::size_t{8} << 20U;
+constexpr std::size_t Stretch = std::size_t{8} << 20U;
 
 std::string lastError() {
     return std::generic_category().message(errno);
@@ -20,7 +20,7 @@ std::string lastError() {
 /// Reads at most `wanted` bytes: fewer where the file has become shorter.
 Status fill(const FileHandle& handle, char* to, std::size_t wanted, std::size_t& done, Throttle& progress) {
     while (done < wanted) {
-        const ssize_t count = ::read(handle.number(), to + done, std::min(stretch, wanted - done));
+        const ssize_t count = ::read(handle.number(), to + done, std::min(Stretch, wanted - done));
         if (count < 0 && errno == EINTR) continue;
         if (count < 0) return Error{ErrorKind::CannotRead, lastError()};
         if (count == 0) break;
@@ -59,7 +59,7 @@ Error cannotRead(const std::filesystem::path& path, const std::string& what) {
     return {ErrorKind::CannotRead, path.string() + ": " + what};
 }
 
-Bytes::Bytes(std::size_t length) : memory(length + slackBytes), size(length) {}
+Bytes::Bytes(std::size_t length) : memory(length + SlackBytes), size(length) {}
 
 Result<ReadFile> readFile(const std::filesystem::path& path, const Progress& progress) {
     ReadFile file;

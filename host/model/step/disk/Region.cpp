@@ -11,8 +11,8 @@ namespace {
 /// Fewer, larger pages: faulting in 4 KiB at a time would cost more than reading the file. Only advice; where the
 /// system has no such pages nothing is lost.
 void preferLargePages(void* base, std::size_t size) {
-    constexpr std::size_t worthIt = std::size_t{4} << 20U;
-    if (size >= worthIt) ::madvise(base, size, MADV_HUGEPAGE);
+    constexpr std::size_t WorthIt = std::size_t{4} << 20U;
+    if (size >= WorthIt) ::madvise(base, size, MADV_HUGEPAGE);
 }
 
 }  // namespace

@@ -49,12 +49,12 @@ public:
     }
 
 private:
-    static constexpr std::size_t firstBytes = std::size_t{1} << 16U;
+    static constexpr std::size_t FirstBytes = std::size_t{1} << 16U;
 
     Element* elements() { return static_cast<Element*>(static_cast<void*>(memory_.data())); }
     const Element* elements() const { return static_cast<const Element*>(static_cast<const void*>(memory_.data())); }
     void grow() {
-        memory_.resize(memory_.size() == 0 ? firstBytes : memory_.size() * 2);
+        memory_.resize(memory_.size() == 0 ? FirstBytes : memory_.size() * 2);
         capacity_ = memory_.size() / sizeof(Element);
     }
 
@@ -64,6 +64,6 @@ private:
 };
 
 /// Zero bytes that must be readable behind a text to be indexed: the sweep reads in blocks.
-inline constexpr std::size_t slackBytes = 128;
+inline constexpr std::size_t SlackBytes = 128;
 
 }  // namespace model::step

@@ -44,7 +44,7 @@ Error cancelled(const fs::path& target) {
 /// Hands the pieces over in stretches, so that there is a moment to report between them.
 Status writePieces(TemporaryFile& file, const fs::path& target, const FileState& old,
                    std::span<const std::string_view> pieces, const Progress& progress) {
-    constexpr std::size_t stretch = std::size_t{8} << 20U;
+    constexpr std::size_t Stretch = std::size_t{8} << 20U;
     std::uint64_t total = 0;
     for (const std::string_view piece : pieces) total += piece.size();
     Throttle throttle(progress);
@@ -61,10 +61,10 @@ Status writePieces(TemporaryFile& file, const fs::path& target, const FileState&
     };
     for (std::string_view piece : pieces) {
         while (!piece.empty()) {
-            batch.push_back(piece.substr(0, stretch - batchSize));
+            batch.push_back(piece.substr(0, Stretch - batchSize));
             batchSize += batch.back().size();
             piece.remove_prefix(batch.back().size());
-            if (batchSize < stretch) continue;
+            if (batchSize < Stretch) continue;
             if (Status flushed = flush(); !flushed) return flushed;
         }
     }

@@ -120,12 +120,12 @@ void Changes::set(Slot slot, TextState next) {
     ++changeCount_;
 }
 
-std::optional<std::size_t> Changes::removeReferences(Slot slot, std::size_t argument, InstanceId member) {
+std::optional<std::size_t> Changes::removeReferences(Slot slot, std::size_t attributeIndex, InstanceId member) {
     auto pending = removals_.find(slot);
-    if (pending != removals_.end() && pending->second.argument() == argument) {
+    if (pending != removals_.end() && pending->second.attributeIndex() == attributeIndex) {
         if (!pending->second.remove(member)) return std::nullopt;
     } else {
-        auto fresh = ReferenceRemovals::of(text(slot), argument);
+        auto fresh = ReferenceRemovals::of(text(slot), attributeIndex);
         if (!fresh || !fresh->remove(member)) return std::nullopt;
         pending = removals_.emplace(slot, std::move(*fresh)).first;
     }
@@ -150,14 +150,14 @@ void Changes::takeOutAll() {
 
 /// Readers hold ids in 64 bits at most, often with a sign.
 bool Changes::reserveId() {
-    constexpr auto largest = static_cast<InstanceId>(std::numeric_limits<std::int64_t>::max());
+    constexpr auto LargestId = static_cast<InstanceId>(std::numeric_limits<std::int64_t>::max());
     if (firstNewId_ == 0) {
         const InstanceId highest = highestId(index_, *this);
-        if (highest >= largest) return false;
+        if (highest >= LargestId) return false;
         firstNewId_ = highest + 1;
     }
     if (nextId_ == 0) nextId_ = current_.otherNextId = firstNewId_;
-    return nextId_ <= largest;
+    return nextId_ <= LargestId;
 }
 
 Slot Changes::append(std::string_view body, KeywordCode keyword, std::uint32_t section) {

@@ -58,9 +58,9 @@ public:
     /// Lays `next` over the instance. Only while a command is open.
     void set(Slot slot, TextState next);
     /// Takes the references to `member` out of an argument of an instance, in its text only when that is asked for.
-    /// Only while a command is open. @return How many others the argument still names; nothing where it does not name
+    /// Only while a command is open. @return how many others the argument still names; nothing where it does not name
     /// it.
-    std::optional<std::size_t> removeReferences(Slot slot, std::size_t argument, InstanceId member);
+    std::optional<std::size_t> removeReferences(Slot slot, std::size_t attributeIndex, InstanceId member);
     /// Adds "#id=body;". @return NoSlot where there is no id left.
     Slot append(std::string_view body, KeywordCode keyword, std::uint32_t section);
     /// @return true where the command changed anything.

@@ -26,11 +26,11 @@ public:
     /// Those outside strings.
     void instance(std::uint64_t begin, std::uint64_t end) {
         std::uint64_t inString = 0;
-        for (std::uint64_t at = begin; at < end; at += Block::size) {
+        for (std::uint64_t at = begin; at < end; at += Block::Size) {
             const Block block = readBlock(bytes_.data() + at);
             const std::uint64_t inside = prefixParity(block.quotes) ^ inString;
             const std::uint64_t rest =
-                end - at < Block::size ? (std::uint64_t{1} << (end - at)) - 1 : ~std::uint64_t{0};
+                end - at < Block::Size ? (std::uint64_t{1} << (end - at)) - 1 : ~std::uint64_t{0};
             // With a comment, which may hold a single apostrophe, the parity tells nothing.
             if ((block.slashes & ~inside & rest) != 0) return everywhere(begin, end);
             for (std::uint64_t hashes = block.hashes & ~inside & rest; hashes != 0; hashes &= hashes - 1)
@@ -46,8 +46,8 @@ private:
         const char* at = hash + 1;
         InstanceId id = 0;
         for (; isDigit(*at); ++at) id = id * 10 + static_cast<InstanceId>(*at - '0');
-        constexpr std::ptrdiff_t digitsThatAlwaysFit = 19;
-        if (at - hash - 1 > digitsThatAlwaysFit) {
+        constexpr std::ptrdiff_t DigitsThatAlwaysFit = 19;
+        if (at - hash - 1 > DigitsThatAlwaysFit) {
             Cursor cursor({hash, static_cast<std::size_t>(at - hash)});
             id = scanId(cursor);
         }

@@ -9,10 +9,10 @@ namespace model::step {
 
 namespace {
 
-bool splitList(std::string_view instanceText, std::size_t argument, std::vector<Value>& elements) {
+bool splitList(std::string_view instanceText, std::size_t attributeIndex, std::vector<Value>& elements) {
     Instance instance;
-    return splitInstance(instanceText, instance) && !instance.complex && argument < instance.arguments.size() &&
-           splitAggregate(instance.arguments[argument], elements);
+    return splitInstance(instanceText, instance) && !instance.complex && attributeIndex < instance.arguments.size() &&
+           splitAggregate(instance.arguments[attributeIndex], elements);
 }
 
 std::size_t find(const std::vector<InstanceId>& sorted, InstanceId id) {
@@ -22,11 +22,11 @@ std::size_t find(const std::vector<InstanceId>& sorted, InstanceId id) {
 
 }  // namespace
 
-std::optional<ReferenceRemovals> ReferenceRemovals::of(std::string_view instanceText, std::size_t argument) {
+std::optional<ReferenceRemovals> ReferenceRemovals::of(std::string_view instanceText, std::size_t attributeIndex) {
     std::vector<Value> elements;
-    if (!splitList(instanceText, argument, elements)) return std::nullopt;
+    if (!splitList(instanceText, attributeIndex, elements)) return std::nullopt;
     ReferenceRemovals removals;
-    removals.place_ = argument;
+    removals.attributeIndex_ = attributeIndex;
     removals.members_.reserve(elements.size());
     for (const Value& element : elements) {
         if (const InstanceId id = referenceId(element); id != 0) removals.members_.push_back(id);
@@ -47,7 +47,7 @@ bool ReferenceRemovals::remove(InstanceId member) {
 
 std::string ReferenceRemovals::applyTo(std::string_view instanceText) const {
     std::vector<Value> elements;
-    splitList(instanceText, place_, elements);
+    splitList(instanceText, attributeIndex_, elements);
     std::vector<bool> gone(elements.size());
     for (std::size_t i = 0; i < elements.size(); ++i) {
         const std::size_t at = find(members_, referenceId(elements[i]));

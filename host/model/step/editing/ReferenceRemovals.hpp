@@ -15,21 +15,21 @@ namespace model::step {
 class ReferenceRemovals {
 public:
     /// Nothing where the argument of that number is no well-formed list.
-    static std::optional<ReferenceRemovals> of(std::string_view instanceText, std::size_t argument);
+    static std::optional<ReferenceRemovals> of(std::string_view instanceText, std::size_t attributeIndex);
 
-    std::size_t argument() const { return place_; }
+    std::size_t attributeIndex() const { return attributeIndex_; }
     /// @return false where the list does not name it, or no longer.
     bool remove(InstanceId member);
     /// How many different instances the list still names.
     std::size_t left() const { return members_.size() - removed_; }
-    /// @param instanceText  The one it was made of.
+    /// @param instanceText  the one it was made of.
     std::string applyTo(std::string_view instanceText) const;
 
 private:
-    std::size_t place_ = 0;
-    std::vector<InstanceId> members_;  // sorted, each once
-    std::vector<bool> marked_;         // of each member, whether it is to go
-    std::size_t removed_ = 0;
+    std::size_t attributeIndex_ = 0;
+    std::vector<InstanceId> members_;  ///< Sorted, each once.
+    std::vector<bool> marked_;         ///< Of each member, whether it is to go.
+    std::size_t removed_ = 0;          ///< How many are marked.
 };
 
 }  // namespace model::step

@@ -14,8 +14,9 @@ void IdTable::finish() {
 
 Slot IdTable::find(InstanceId id) const {
     if (id < limit_) {
+        // Zero is what fresh memory holds, so that setting up the table touches no page of it: hence slot + 1.
         const Slot entry = low()[id];
-        return entry == 0 || entry == ambiguous ? NoSlot : entry - 1;
+        return entry == 0 || entry == Ambiguous ? NoSlot : entry - 1;
     }
     const auto at =
         std::lower_bound(high_.begin(), high_.end(), id, [](const High& a, InstanceId b) { return a.id < b; });

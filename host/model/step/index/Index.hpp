@@ -18,7 +18,8 @@ namespace model::step {
 /// An instance's place, packed: millions of them are read in a row.
 class Place {
 public:
-    static constexpr std::uint64_t maximum = (std::uint64_t{1} << 47U) - 1;
+    /// The largest where(): 128 TiB, the most that a process can map.
+    static constexpr std::uint64_t Maximum = (std::uint64_t{1} << 47U) - 1;
 
     Place() = default;
     Place(KeywordCode keyword, bool changed, std::uint64_t where)
@@ -27,16 +28,17 @@ public:
     KeywordCode keyword() const { return static_cast<KeywordCode>(bits_ >> 48U); }
     /// Whether where() is a number in the list of changes; otherwise it is an offset in the file.
     bool changed() const { return (bits_ >> 47U & 1U) != 0; }
-    std::uint64_t where() const { return bits_ & maximum; }
+    std::uint64_t where() const { return bits_ & Maximum; }
 
 private:
     std::uint64_t bits_ = 0;
 };
 
-/// One DATA section.
+/// One DATA section. Offsets in bytes from the beginning of the file. ISO 10303-21 allows several since its second
+/// edition; ids are unique over all of them.
 struct Section {
-    std::uint64_t begin = 0;
-    std::uint64_t end = 0;
+    std::uint64_t begin = 0;  ///< Behind the keyword.
+    std::uint64_t end = 0;    ///< Before ENDSEC.
     /// Where new instances go: before ENDSEC, or behind the last sound instance where that is missing.
     std::uint64_t insertAt = 0;
 };
@@ -48,20 +50,22 @@ struct Range {
 };
 
 struct Index {
+    /// @param text  the whole file, followed by SlackBytes zeros. Not owned; outlives the index.
     explicit Index(std::string_view text) : bytes(text), ids(text.size()) {}
 
     std::string_view bytes;
-    GrowingArray<Place> places;
-    GrowingArray<std::uint32_t> lengths;  ///< From '#' to ';'.
+    GrowingArray<Place> places;           ///< By slot.
+    GrowingArray<std::uint32_t> lengths;  ///< By slot, in bytes, from '#' to ';'; 0 of a new instance.
     Keywords keywords;
     IdTable ids;
-    std::vector<Section> sections;
-    std::vector<Range> linkSections;  ///< ANCHOR and REFERENCE: kept, their ids are taken.
-    std::vector<std::string> schemaNames;
-    std::vector<Remark> remarks;  ///< Their lines are filled in at the end.
-    std::uint64_t remarksLeftOut = 0;
-    bool signedFile = false;
+    std::vector<Section> sections;         ///< In file order.
+    std::vector<Range> linkSections;       ///< ANCHOR and REFERENCE: kept, their ids are taken.
+    std::vector<std::string> schemaNames;  ///< Of FILE_SCHEMA, decoded to UTF-8.
+    std::vector<Remark> remarks;           ///< Their lines are filled in at the end.
+    std::uint64_t remarksLeftOut = 0;      ///< Faults beyond those remarked.
+    bool signedFile = false;               ///< It has a SIGNATURE section, which any change makes invalid.
 
+    /// The next instance of the file. @param begin, end  in `bytes`, at most 4 GiB apart.
     void add(InstanceId id, KeywordCode keyword, const char* begin, const char* end) {
         const auto slot = static_cast<Slot>(places.size());
         places.push_back({keyword, false, static_cast<std::uint64_t>(begin - bytes.data())});
@@ -71,13 +75,14 @@ struct Index {
 
     /// A file that is broken throughout is reported by its first faults.
     void remark(std::uint64_t offset, std::string message) {
-        constexpr std::size_t most = 1000;
-        if (remarks.size() < most)
+        constexpr std::size_t MostRemarks = 1000;
+        if (remarks.size() < MostRemarks)
             remarks.push_back({0, offset, std::move(message)});
         else
             ++remarksLeftOut;
     }
 
+    /// The text of an instance that was never changed: of one that was, the place tells something else.
     std::string_view original(std::size_t slot) const { return bytes.substr(places[slot].where(), lengths[slot]); }
 };
 

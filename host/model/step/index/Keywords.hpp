@@ -17,15 +17,18 @@ class Keywords {
 public:
     Keywords() : table_(512) {}
 
-    /// @return NoKeyword where the code numbers are used up.
+    /// The code of a keyword, in any case; a new one where it is not known yet. @return NoKeyword where all 65,535
+    /// codes are used up: such an instance is read and kept like a complex one.
     KeywordCode intern(std::string_view spelling) {
         const Entry& entry = table_[position(spelling)];
         return entry.text != nullptr ? entry.code : add(spelling);
     }
+    /// @return NoKeyword where this spelling was not seen yet, even if another one of the keyword was.
     KeywordCode find(std::string_view spelling) const {
         const Entry& entry = table_[position(spelling)];
         return entry.text != nullptr ? entry.code : NoKeyword;
     }
+    /// Upper case. Valid as long as this object. Empty for NoKeyword.
     std::string_view text(KeywordCode code) const {
         return code < names_.size() ? std::string_view(names_[code]) : std::string_view();
     }
@@ -46,10 +49,10 @@ private:
     }
 
     static std::uint64_t hash(std::string_view text) {
-        constexpr std::uint64_t factor = 0x9E3779B97F4A7C15U;
-        std::uint64_t sum = text.size() * factor;
+        constexpr std::uint64_t Factor = 0x9E3779B97F4A7C15U;
+        std::uint64_t sum = text.size() * Factor;
         const auto mix = [&sum](std::uint64_t bytes) {
-            sum = (sum ^ bytes) * factor;
+            sum = (sum ^ bytes) * Factor;
             sum ^= sum >> 29U;
         };
         const std::size_t size = text.size();

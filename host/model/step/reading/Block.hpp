@@ -11,7 +11,7 @@
 namespace model::step {
 
 struct Block {
-    static constexpr std::size_t size = 64;
+    static constexpr std::size_t Size = 64;  ///< Bytes read at once: as many as a mask has bits.
 
     std::uint64_t semicolons, quotes, opening, closing, equals, slashes, hashes;
     std::uint64_t controls;     ///< Below the blank.
@@ -21,7 +21,8 @@ struct Block {
 
 #if defined(__SSE2__)
 
-/// All masks of 64 bytes. Those that a caller does not use are not computed once this is inlined.
+/// All masks of the 64 bytes from `at` on, which must be readable (see SlackBytes). Those that a caller does not use
+/// are not computed once this is inlined. SSE2 is part of every x86-64, so that nothing is asked at run time.
 inline Block readBlock(const char* at) {
     __m128i part[4];
     std::memcpy(part, at, sizeof part);
@@ -44,7 +45,7 @@ inline Block readBlock(const char* at) {
 
 inline Block readBlock(const char* at) {
     Block block{};
-    for (unsigned i = 0; i < Block::size; ++i) {
+    for (unsigned i = 0; i < Block::Size; ++i) {
         const std::uint64_t bit = std::uint64_t{1} << i;
         const auto note = [&](std::uint64_t& mask, bool there) { mask |= there ? bit : 0; };
         const char c = at[i];
@@ -73,20 +74,20 @@ constexpr std::uint64_t prefixParity(std::uint64_t bits) {
 /// The number of bits set in each byte. By hand, since the machines this is compiled for need not have an instruction
 /// for it, and the library's function is called for each.
 constexpr std::uint64_t bitsPerByte(std::uint64_t bits) {
-    constexpr std::uint64_t every2 = 0x5555555555555555U;
-    constexpr std::uint64_t every4 = 0x3333333333333333U;
-    bits -= bits >> 1U & every2;
-    bits = (bits & every4) + (bits >> 2U & every4);
+    constexpr std::uint64_t Every2 = 0x5555555555555555U;
+    constexpr std::uint64_t Every4 = 0x3333333333333333U;
+    bits -= bits >> 1U & Every2;
+    bits = (bits & Every4) + (bits >> 2U & Every4);
     return (bits + (bits >> 4U)) & 0x0F0F0F0F0F0F0F0FU;
 }
 
 /// How many more bits `a` has than `b`.
 constexpr int difference(std::uint64_t a, std::uint64_t b) {
     // Each byte of the first sum is at least 8, so that the subtraction borrows nothing; the product adds them up.
-    constexpr std::uint64_t eights = 0x0808080808080808U;
-    constexpr std::uint64_t ones = 0x0101010101010101U;
-    const std::uint64_t differences = bitsPerByte(a) + eights - bitsPerByte(b);
-    return static_cast<int>(differences * ones >> 56U) - 64;
+    constexpr std::uint64_t Eights = 0x0808080808080808U;
+    constexpr std::uint64_t Ones = 0x0101010101010101U;
+    const std::uint64_t differences = bitsPerByte(a) + Eights - bitsPerByte(b);
+    return static_cast<int>(differences * Ones >> 56U) - 64;
 }
 
 }  // namespace model::step

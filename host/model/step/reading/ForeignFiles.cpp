@@ -11,19 +11,21 @@ struct Kind {
     const char* description;
 };
 
-constexpr std::string_view utf16Start("I\0S\0", 4);
-constexpr std::string_view utf16BigStart("\0I\0S", 4);
-constexpr const char* utf16 =
+// "IS" as UTF-16 without a byte-order mark: what some editors make of an IFC file that was opened and saved again.
+constexpr std::string_view Utf16Start("I\0S\0", 4);
+constexpr std::string_view Utf16BigStart("\0I\0S", 4);
+constexpr const char* Utf16 =
     "it is UTF-16 text, and an IFC file is plain ASCII; convert it, or export the model again";
-constexpr const char* xml = "it is XML, not an IFC file in clear text; export the model as .ifc";
+constexpr const char* Xml = "it is XML, not an IFC file in clear text; export the model as .ifc";
 
-constexpr std::array kinds = {
-    Kind{"\xFF\xFE", utf16},
-    Kind{"\xFE\xFF", utf16},
-    Kind{utf16Start, utf16},
-    Kind{utf16BigStart, utf16},
-    Kind{"<?xml", xml},
-    Kind{"\xEF\xBB\xBF<", xml},
+/// The first that fits is told, so longer beginnings stand before shorter ones.
+constexpr std::array Kinds = {
+    Kind{"\xFF\xFE", Utf16},
+    Kind{"\xFE\xFF", Utf16},
+    Kind{Utf16Start, Utf16},
+    Kind{Utf16BigStart, Utf16},
+    Kind{"<?Xml", Xml},
+    Kind{"\xEF\xBB\xBF<", Xml},
     Kind{"<", "it is XML or HTML, not an IFC file in clear text; export the model as .ifc"},
     Kind{"{", "it is JSON, not an IFC file in clear text; export the model as .ifc"},
     Kind{"\x89HDF", "it is an HDF5 file, not an IFC file in clear text; export the model as .ifc"},
@@ -36,7 +38,7 @@ constexpr std::array kinds = {
 
 std::string describeForeignFile(std::string_view bytes) {
     if (bytes.empty()) return "the file is empty; export the model again";
-    for (const Kind& kind : kinds)
+    for (const Kind& kind : Kinds)
         if (bytes.starts_with(kind.start)) return kind.description;
     if (bytes.find_first_not_of('\0') == std::string_view::npos)
         return "the file holds nothing but zero bytes; copying it was probably interrupted, so fetch it again";

@@ -5,7 +5,8 @@
 
 namespace model::step {
 
-/// What a file that is not in clear-text encoding seems to be, and what to do about it.
+/// What a file that is not in clear-text encoding seems to be by its first bytes, and what to do about it. For a
+/// person; without the file's name.
 std::string describeForeignFile(std::string_view bytes);
 
 }  // namespace model::step

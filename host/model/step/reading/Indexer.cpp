@@ -16,7 +16,7 @@ void remarkDuplicates(Index& index) {
     }
 }
 
-/// Remarks on the file as a whole; they have no line.
+/// Remarks on the file as a whole; they have no line. They are added behind the limit of remarks: each comes once.
 void remarkWhole(Index& index) {
     const auto add = [&index](std::string message) { index.remarks.push_back({0, 0, std::move(message)}); };
     if (index.schemaNames.empty()) add("FILE_SCHEMA is missing or names no schema");

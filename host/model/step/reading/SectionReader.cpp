@@ -15,9 +15,9 @@ namespace model::step {
 
 namespace {
 
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-constexpr std::string_view magic = "ISO-10303-21";
-constexpr std::string_view fileEnd = "END-ISO-10303-21";
+constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view Magic = "ISO-10303-21";
+constexpr std::string_view FileEnd = "END-ISO-10303-21";
 
 std::string toUtf8(const std::u16string& text) {
     std::string utf8;
@@ -29,7 +29,7 @@ bool startsIgnoringCase(std::string_view text, std::string_view start) {
     return equalIgnoringCase(text.substr(0, start.size()), start);
 }
 
-constexpr std::ptrdiff_t stretch = std::ptrdiff_t{16} << 20U;  ///< Swept between two reports of progress.
+constexpr std::ptrdiff_t Stretch = std::ptrdiff_t{16} << 20U;  ///< Swept between two reports of progress.
 
 }  // namespace
 
@@ -45,8 +45,8 @@ Status SectionReader::run() {
 }
 
 bool SectionReader::readMagic() {
-    if (index_.bytes.starts_with(byteOrderMark)) cursor_.at += byteOrderMark.size();
-    if (!skipBlanks(cursor_) || !equalIgnoringCase(word(), magic)) return false;
+    if (index_.bytes.starts_with(ByteOrderMark)) cursor_.at += ByteOrderMark.size();
+    if (!skipBlanks(cursor_) || !equalIgnoringCase(word(), Magic)) return false;
     if (!passSemicolon()) remark(cursor_.at, "the semicolon behind ISO-10303-21 is missing");
     return true;
 }
@@ -84,7 +84,7 @@ bool SectionReader::readSection(std::string_view name) {
         readLinks(name);
     } else if (equalIgnoringCase(name, "SIGNATURE")) {
         readSignature();
-    } else if (equalIgnoringCase(name, fileEnd)) {
+    } else if (equalIgnoringCase(name, FileEnd)) {
         if (!passSemicolon()) remark(cursor_.at, "the semicolon behind END-ISO-10303-21 is missing");
         ended_ = true;
     } else {
@@ -102,7 +102,7 @@ void SectionReader::readHeader() {
             if (!passSemicolon()) remark(at, "the semicolon behind ENDSEC is missing");
             return;
         }
-        if (equalIgnoringCase(name, "DATA") || equalIgnoringCase(name, fileEnd)) {
+        if (equalIgnoringCase(name, "DATA") || equalIgnoringCase(name, FileEnd)) {
             cursor_.at = at;
             remark(at, "ENDSEC of the header is missing");
             return;
@@ -156,7 +156,7 @@ void SectionReader::skipLinkToken() {
 }
 
 void SectionReader::readSignature() {
-    // Base-64 text, which has no tokens.
+    // Base-64 text, which has no tokens: "/" and "+" in it begin neither comment nor number.
     index_.signedFile = true;
     const char* begin = cursor_.at;
     for (; !cursor_.atEnd(); ++cursor_.at) {
@@ -232,12 +232,14 @@ void SectionReader::readData() {
     if (!listed || !passSemicolon()) passMalformed(begin, "the beginning of the section DATA is malformed");
     noteSound();
     while (reportProgress()) {
-        const char* limit = cursor_.at + std::min(stretch, cursor_.end - cursor_.at);
+        const char* limit = cursor_.at + std::min(Stretch, cursor_.end - cursor_.at);
         const char* swept = sweep(cursor_.at, limit, index_);
         const bool moved = swept != cursor_.at;
         cursor_.at = swept;
         if (moved) noteSound();
-        if (limit == cursor_.end || limit - swept > stretch / 2) {
+        // Close to the limit the sweep ended because of it, and goes on from there. Else it met what it does not take;
+        // reading one statement by tokens always moves on, so that this loop ends.
+        if (limit == cursor_.end || limit - swept > Stretch / 2) {
             if (!readStatement()) return;
         }
     }
@@ -286,6 +288,7 @@ bool SectionReader::readWordInData() {
 }
 
 bool SectionReader::closeData(const char* at) {
+    // New instances go before ENDSEC on lines of their own, in front of its indentation.
     section_.end = offset(at);
     const char* line = at;
     while (line != index_.bytes.data() && (line[-1] == ' ' || line[-1] == '\t')) --line;
@@ -315,6 +318,7 @@ void SectionReader::readInstance() {
 
 void SectionReader::noteSound() {
     malformed_ = false;
+    // A file cut short has no ENDSEC to insert before; what is added then goes behind the last instance's line.
     const char* at = cursor_.at;
     while (at != cursor_.end && (*at == ' ' || *at == '\t')) ++at;
     if (at != cursor_.end && *at == '\r') ++at;

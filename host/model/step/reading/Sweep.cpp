@@ -9,8 +9,9 @@ namespace model::step {
 
 namespace {
 
-/// Longer ones are rare; and a string that is never closed must not send each line of a broken file to its end.
-constexpr std::ptrdiff_t longestInstance = std::ptrdiff_t{1} << 16U;
+/// Longer ones are rare; and a string that is never closed must not send each line of a broken file to its end: the
+/// sweep would begin anew behind each such line.
+constexpr std::ptrdiff_t LongestInstance = std::ptrdiff_t{1} << 16U;
 
 bool isSpelledRight(std::string_view keyword) {
     if (keyword.starts_with('!')) keyword.remove_prefix(1);
@@ -26,7 +27,7 @@ public:
 
     const char* run(const char* limit) {
         const char* at = instance_;
-        while (at < limit && at - instance_ < longestInstance && take(at)) at += Block::size;
+        while (at < limit && at - instance_ < LongestInstance && take(at)) at += Block::Size;
         return instance_;
     }
 
@@ -39,11 +40,15 @@ private:
         bool odd = false;  ///< It has a second '='.
     };
 
+    /// One block. False at the first thing that is not of the usual form; what was indexed before it stays so.
     bool take(const char* at) {
         const Block block = readBlock(at);
         const std::uint64_t inside = prefixParity(block.quotes) ^ inString_;
         const std::uint64_t stringEnds = block.quotes & ~inside;
         const std::uint64_t behindStrings = stringEnds << 1U | stringEndBefore_;
+        // Quotes tell what is inside strings only as long as each is one. A slash may begin a comment, which may hold a
+        // single apostrophe. A line end inside a string, or a letter right behind one, is what a string that was never
+        // closed looks like: everything after it would be taken for its opposite.
         Marks marks{block.equals & ~inside, block.opening & ~inside, block.closing & ~inside,
                     (block.slashes & ~inside) | (block.controls & inside) | (block.beyondSlash & behindStrings)};
         std::uint64_t ends = block.semicolons & ~inside;
@@ -57,6 +62,7 @@ private:
         return note(at, marks);
     }
 
+    /// Bits of what stands outside strings, and of what the sweep leaves to the reader of tokens.
     struct Marks {
         std::uint64_t equals, opening, closing, suspicious;
         Marks only(std::uint64_t bits) const {
@@ -75,8 +81,11 @@ private:
         return !shape_.odd;
     }
 
-    /// "#12 = KEYWORD ( ... ) ;" from instance to semicolon.
+    /// "#12 = KEYWORD ( ... ) ;" from instance to semicolon. What stands between the parentheses is looked at when it
+    /// is read: a value that is malformed must not cost its instance.
     bool finish(const char* semicolon) {
+        // A missing semicolon shows as a second '=', a missing parenthesis as a depth: then the next instance would be
+        // swallowed by this one.
         if (shape_.depth != 0 || shape_.equals == nullptr || shape_.opening == nullptr ||
             shape_.opening < shape_.equals)
             return false;
@@ -96,7 +105,8 @@ private:
         return true;
     }
 
-    /// 0 where it is not of the usual form.
+    /// 0 where it is not of the usual form. Up to 18 digits fit 64 bits without a look at each; longer ids are legal
+    /// and left to the reader of tokens.
     InstanceId readId(const char* at) const {
         if (*at != '#') return 0;
         const char* digits = ++at;
@@ -112,7 +122,7 @@ private:
         const char* end = shape_.opening;
         while (isBlank(*begin)) ++begin;
         while (end > begin && isBlank(end[-1])) --end;
-        if (begin == end) return true;
+        if (begin == end) return true;  // a complex instance: "#1=(A()B());"
         const std::string_view keyword(begin, static_cast<std::size_t>(end - begin));
         code = index_.keywords.find(keyword);
         if (code != NoKeyword) return true;

@@ -1,5 +1,5 @@
 #pragma once
-// The character classes of the clear-text encoding. ASCII only and independent of the locale.
+// The character classes of the clear-text encoding (ISO 10303-21, tokens). ASCII only and independent of the locale.
 
 #include <algorithm>
 #include <string>
@@ -7,6 +7,7 @@
 
 namespace model::step {
 
+/// What separates tokens: the standard's own are the blank and line ends; tabs are common in files.
 constexpr bool isBlank(char c) {
     return c == ' ' || (c >= '\t' && c <= '\r');
 }
@@ -19,6 +20,7 @@ constexpr bool isDigit(char c) {
 constexpr bool isLetter(char c) {
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
+/// The standard has capitals only. "IfcWall(" occurs, and is read as it is meant.
 constexpr bool isKeywordCharacter(char c) {
     return isLetter(c) || isDigit(c) || c == '_';
 }

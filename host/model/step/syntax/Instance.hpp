@@ -1,5 +1,6 @@
 #pragma once
-// Cutting an instance of the clear-text encoding (ISO 10303-21) into its parts.
+// Cutting an instance of the clear-text encoding (ISO 10303-21) into its parts. All results are views of the text given
+// and valid as long as it is.
 
 #include "model/step/syntax/Value.hpp"
 
@@ -12,7 +13,7 @@ struct Instance {
     InstanceId id = 0;
     std::string_view keyword;      ///< As found, any case. Empty for a complex instance.
     std::vector<Value> arguments;  ///< Reused between calls to save allocations.
-    bool complex = false;          ///< #1=(A(..)B(..)); its arguments are not split.
+    bool complex = false;          ///< #1=(A(..)B(..)), the external mapping; its arguments are not split.
 };
 
 /// Cuts a whole instance. Blanks and comments may stand between any two tokens.
@@ -22,7 +23,8 @@ bool splitInstance(std::string_view text, Instance& out);
 /// The elements of an Aggregate. @return false where it is not well formed or no aggregate.
 bool splitAggregate(Value aggregate, std::vector<Value>& out);
 
-/// The keyword and the inner value of a Typed value.
+/// The keyword and the inner value of a Typed value. @return false where it is no such value, or where not exactly one
+/// value stands in its parentheses.
 bool splitTyped(Value typed, std::string_view& keyword, Value& inner);
 
 /// The id of a Reference, 0 for anything else. Leading zeros name the same instance.

@@ -16,10 +16,11 @@ std::optional<std::int64_t> integerValue(Value value);
 /// whatever the locale. Nothing for a value that is no number or not finite.
 std::optional<double> realValue(Value value);
 
-/// The shortest decimal that reads back to the same double, with the point that STEP asks for: "12.5", "1.", "1.E-05".
+/// The shortest decimal that reads back to the same double, with the point that ISO 10303-21 asks of every REAL:
+/// "12.5", "1.", "1.E-05". @param value  finite.
 std::string encodeReal(double value);
 
-/// The same number for a person: "12.5", "1", "1e-05".
+/// The same number for a person: "12.5", "1", "1e-05". @param value  finite.
 std::string displayReal(double value);
 
 }  // namespace model::step

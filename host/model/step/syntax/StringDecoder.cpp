@@ -24,8 +24,8 @@ Utf8Character readUtf8(std::string_view text) {
         if ((next & 0xC0) != 0x80) return {};
         codePoint = codePoint << 6 | (next & 0x3F);
     }
-    constexpr std::int32_t smallest[] = {0, 0, 0x80, 0x800, 0x10000};
-    if (codePoint < smallest[length] || codePoint > 0x10FFFF || (codePoint >= 0xD800 && codePoint < 0xE000)) return {};
+    constexpr std::int32_t Smallest[] = {0, 0, 0x80, 0x800, 0x10000};
+    if (codePoint < Smallest[length] || codePoint > 0x10FFFF || (codePoint >= 0xD800 && codePoint < 0xE000)) return {};
     return {codePoint, length};
 }
 

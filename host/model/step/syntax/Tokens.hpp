@@ -1,6 +1,6 @@
 #pragma once
-// Walking over the tokens of the clear-text encoding. Used both for single instances (StepSyntax.hpp) and, over the
-// whole file, wherever the index has to look closely.
+// Walking over the tokens of the clear-text encoding. Used both for single instances (Instance.hpp) and, over the whole
+// file, wherever the index has to look closely.
 
 #include "model/step/syntax/Characters.hpp"
 #include "model/step/syntax/Value.hpp"
@@ -10,7 +10,8 @@
 
 namespace model::step {
 
-/// A place in a text and the first thing found wrong there. Every function below that returns false has said what.
+/// A place in a text and the first thing found wrong there. Every function below that returns false has said what. The
+/// text is not owned.
 struct Cursor {
     const char* at;
     const char* end;
@@ -30,7 +31,8 @@ struct Cursor {
     const char* commentEnd = nullptr;
 };
 
-/// Passes blanks, comments and the print directives \N\ and \F\.
+/// Passes what may stand between any two tokens: blanks, comments and the print control directives \N\ and \F\.
+/// @return false where a comment is not closed; the cursor stands before it.
 bool skipBlanks(Cursor& cursor);
 /// Passes the string that begins here. Its end is told by apostrophes alone, whatever code page its bytes are in.
 bool skipString(Cursor& cursor);
@@ -39,11 +41,11 @@ bool skipGroup(Cursor& cursor);
 /// The value that begins here. Where it is no value, the bytes up to the next comma or parenthesis as Malformed.
 /// @return false where not even its end can be told.
 bool scanValue(Cursor& cursor, Value& value);
-/// "( a, b )" as its elements. @param elements  may be null.
+/// "( a, b )" as its elements, added to those there. @param elements  null where only the end matters.
 bool scanList(Cursor& cursor, std::vector<Value>* elements);
 /// Letters, digits and underscores, behind an optional '!'; empty where there are none.
 std::string_view scanKeyword(Cursor& cursor);
-/// "#12". 0 where it is none, with the problem told.
+/// "#12". 0 where it is none, with the problem told. Leading zeros count for nothing; ids fill 64 bits.
 InstanceId scanId(Cursor& cursor);
 /// A whole instance, semicolon included. @param arguments  may be null.
 struct InstanceHead {
