@@ -5,6 +5,7 @@
 
 #include "frameworks/FrontEnd.hpp"
 #include "services/Host.hpp"
+#include "text/Guid.hpp"
 
 #include <benchmark/benchmark.h>
 
@@ -73,12 +74,6 @@ std::filesystem::path modelPath() {
     return path == nullptr ? "" : path;
 }
 
-std::string guidText(const model::Guid& guid) {
-    GS::Guid text;
-    std::memcpy(text.bytes, guid.data(), guid.size());
-    return text.ToUniString().ToCStr().Get();
-}
-
 /// One line for each of many elements with a set of forty properties; the property changes from round to round.
 std::filesystem::path writeUpdates(const model::Model& model, std::int64_t lines) {
     const auto path = std::filesystem::temp_directory_path() / ("import_bench_" + std::to_string(lines) + ".txt");
@@ -87,7 +82,7 @@ std::filesystem::path writeUpdates(const model::Model& model, std::int64_t lines
     for (model::Element element = 0; element < model.elementCount(); ++element) {
         const auto properties = model.properties(element);
         if (!properties || properties->size() < InspectionItems) continue;
-        guids.push_back(guidText(model.info(element).guid));
+        guids.push_back(text::guidText(model.info(element).guid));
         if (guids.size() >= static_cast<std::size_t>(lines)) break;
     }
     for (std::int64_t line = 0; !guids.empty() && line < lines; ++line) {

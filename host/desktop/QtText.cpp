@@ -1,10 +1,9 @@
 #include "desktop/QtText.hpp"
 
-#include "Guid.hpp"
+#include "text/Guid.hpp"
 
 #include <QFile>
 #include <QLocale>
-#include <algorithm>
 
 namespace desktop {
 
@@ -32,31 +31,15 @@ QString pathText(const std::filesystem::path& path) {
     return QFile::decodeName(path.c_str());
 }
 
-std::array<char, 36> guidCharacters(const model::Guid& guid) {
-    static constexpr char digits[] = "0123456789ABCDEF";
-    std::array<char, 36> text{};
-    std::size_t at = 0;
-    for (std::size_t i = 0; i < guid.size(); ++i) {
-        if (i == 4 || i == 6 || i == 8 || i == 10) text[at++] = '-';
-        text[at++] = digits[guid[i] >> 4U];
-        text[at++] = digits[guid[i] & 15U];
-    }
-    return text;
-}
-
 QString guidText(const model::Guid& guid) {
-    const auto text = guidCharacters(guid);
+    const auto text = text::guidCharacters(guid);
     return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 std::optional<model::Guid> guidFromText(QStringView text) {
-    if (text.size() == 22) return model::fromGlobalId(text.toUtf8().toStdString());
-    if (text.size() != 36) return std::nullopt;
-    GS::Guid parsed;
-    if (parsed.ConvertFromString(GS::UniString(text.utf16(), 36)) != NoError) return std::nullopt;
-    model::Guid guid;
-    std::copy(std::begin(parsed.bytes), std::end(parsed.bytes), guid.begin());
-    return guid;
+    if (text.size() > static_cast<qsizetype>(text::GuidLength)) return std::nullopt;
+    const std::string utf8 = text.toUtf8().toStdString();
+    return text.size() == 22 ? model::fromGlobalId(utf8) : text::parseGuid(utf8);
 }
 
 QString number(qint64 value) {

@@ -5,7 +5,6 @@
 #include "model/Model.hpp"
 
 #include <QString>
-#include <array>
 #include <filesystem>
 #include <optional>
 
@@ -20,7 +19,6 @@ std::filesystem::path toPath(const QString& path);
 QString pathText(const std::filesystem::path& path);
 
 /// The 36-character form, upper case.
-std::array<char, 36> guidCharacters(const model::Guid& guid);
 QString guidText(const model::Guid& guid);
 /// Reads the 36-character form in either case, or a 22-character GlobalId.
 std::optional<model::Guid> guidFromText(QStringView text);

@@ -1,23 +1,33 @@
 #include "Guid.hpp"
 
-#include <uuid/uuid.h>
+#include "text/Guid.hpp"
 
 #include <algorithm>
+#include <array>
+#include <optional>
+#include <string_view>
 
 namespace GS {
 
 namespace {
 
-constexpr USize TextLength = 36;
+std::optional<text::GuidBytes> parsed(std::u16string_view units) {
+    // The length in UTF-16 is checked first: it is no other in ASCII, and so nothing longer is ever copied.
+    std::array<char, text::GuidLength> characters{};
+    if (units.size() != characters.size()) return std::nullopt;
+    std::transform(units.begin(), units.end(), characters.begin(),
+                   [](char16_t unit) { return unit < 0x80 ? static_cast<char>(unit) : '\0'; });
+    return text::parseGuid({characters.data(), characters.size()});
+}
 
 }  // namespace
 
 GSErrCode Guid::ConvertFromString(const UniString& text) {
-    // The length in UTF-16 is checked first: what is not 36 ASCII characters has another one or is refused by the
-    // parser.
-    if (text.GetLength() == TextLength && uuid_parse(text.ToCStr(), bytes) == 0) return NoError;
+    const std::optional<text::GuidBytes> read = parsed(text.View());
     *this = Guid();
-    return ErrBadFormat;
+    if (!read) return ErrBadFormat;
+    std::copy(read->begin(), read->end(), bytes);
+    return NoError;
 }
 
 GSErrCode Guid::ConvertFromString(const char* text) {
@@ -25,9 +35,8 @@ GSErrCode Guid::ConvertFromString(const char* text) {
 }
 
 UniString Guid::ToUniString() const {
-    char text[TextLength + 1];
-    uuid_unparse_upper(bytes, text);
-    return UniString(text);
+    const auto characters = text::guidCharacters(bytes);
+    return {characters.data(), static_cast<USize>(characters.size())};
 }
 
 bool Guid::IsNull() const {

@@ -1,12 +1,13 @@
 #include "NarrowText.hpp"
 
+#include "text/Unicode.hpp"
+
 #include <unicode/ustring.h>
-#include <unicode/utf8.h>
+#include <unicode/utf16.h>
 
 #include <cstdint>
 #include <limits>
 #include <new>
-#include <string>
 
 namespace frameworks {
 
@@ -23,18 +24,6 @@ char16_t fromWindows1252(unsigned char byte) {
     return byte >= 0x80 && byte < 0xA0 ? Windows1252[byte - 0x80] : char16_t{byte};
 }
 
-// ICU's macro narrows and mixes signs by itself; everything around it is checked.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wconversion"
-#pragma GCC diagnostic ignored "-Wsign-conversion"
-/// @return the code point at `at`, which moves behind its sequence; negative where no well-formed one begins there.
-UChar32 nextCodePoint(const char* bytes, std::int32_t length, std::int32_t& at) {
-    UChar32 codePoint = 0;
-    U8_NEXT(bytes, at, length, codePoint);
-    return codePoint;
-}
-#pragma GCC diagnostic pop
-
 std::int32_t checkedLength(std::size_t length) {
     if (length >= static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) throw std::bad_alloc();
     return static_cast<std::int32_t>(length);
@@ -50,16 +39,16 @@ icu::UnicodeString decodeNarrow(std::string_view bytes) {
     char16_t* const units = result.getBuffer(length);
     if (units == nullptr) throw std::bad_alloc();
     std::int32_t count = 0;
-    for (std::int32_t at = 0; at < length;) {
-        const auto byte = static_cast<unsigned char>(bytes[static_cast<std::size_t>(at)]);
+    for (std::size_t at = 0; at < bytes.size();) {
+        const auto byte = static_cast<unsigned char>(bytes[at]);
         if (byte < 0x80) {
             units[count++] = byte;
             ++at;
             continue;
         }
-        std::int32_t next = at;
-        const UChar32 codePoint = nextCodePoint(bytes.data(), length, next);
-        if (codePoint < 0) {
+        std::size_t next = at;
+        const text::Character codePoint = text::nextCharacter(bytes, next);
+        if (codePoint == text::NoCharacter) {
             units[count++] = fromWindows1252(byte);
             ++at;
         } else {
@@ -79,23 +68,9 @@ std::size_t encodeNarrow(std::u16string_view units, char* target, std::size_t ca
     return static_cast<std::size_t>(needed);
 }
 
-std::string toNarrow(std::u16string_view units) {
-    std::string result(units.size() * 3 + 1, '\0');
-    result.resize(encodeNarrow(units, result.data(), result.size()));
-    return result;
-}
-
-bool isWellFormed(std::string_view bytes) {
-    const std::int32_t length = checkedLength(bytes.size());
-    for (std::int32_t at = 0; at < length;)
-        if (nextCodePoint(bytes.data(), length, at) < 0) return false;
-    return true;
-}
-
 std::size_t sequenceLength(std::string_view bytes) {
-    std::int32_t at = 0;
-    const std::int32_t length = checkedLength(bytes.size());
-    return length == 0 || nextCodePoint(bytes.data(), length, at) < 0 ? 0 : static_cast<std::size_t>(at);
+    std::size_t at = 0;
+    return bytes.empty() || text::nextCharacter(bytes, at) == text::NoCharacter ? 0 : at;
 }
 
 }  // namespace frameworks

@@ -4,7 +4,6 @@
 #include <unicode/unistr.h>
 
 #include <cstddef>
-#include <string>
 #include <string_view>
 
 namespace frameworks {
@@ -15,12 +14,6 @@ icu::UnicodeString decodeNarrow(std::string_view bytes);
 /// Writes UTF-8 with a terminator; an unpaired surrogate becomes U+FFFD.
 /// @return the bytes needed without the terminator; `target` holds the text only where that is below `capacity`.
 std::size_t encodeNarrow(std::u16string_view units, char* target, std::size_t capacity);
-
-/// The whole text as an owned string.
-std::string toNarrow(std::u16string_view units);
-
-/// True where every byte belongs to a well-formed UTF-8 sequence.
-bool isWellFormed(std::string_view bytes);
 
 /// @return the length of the well-formed sequence at the beginning; 0 where there is none.
 std::size_t sequenceLength(std::string_view bytes);

@@ -1,6 +1,7 @@
 #include "NativePaths.hpp"
 
 #include "NarrowText.hpp"
+#include "text/Unicode.hpp"
 
 #include <unicode/normalizer2.h>
 
@@ -16,7 +17,7 @@ std::map<std::string, std::string>& keptPaths() {
 }
 
 std::string narrow(const icu::UnicodeString& text) {
-    return toNarrow({text.getBuffer(), static_cast<std::size_t>(text.length())});
+    return text::toUtf8({text.getBuffer(), static_cast<std::size_t>(text.length())});
 }
 
 std::string composed(const icu::UnicodeString& text) {

@@ -1,6 +1,7 @@
 #include "ResourceTokens.hpp"
 
 #include "NarrowText.hpp"
+#include "text/Unicode.hpp"
 
 #include <charconv>
 
@@ -99,7 +100,7 @@ private:
 
 std::vector<Token> tokenize(std::string_view line, std::string& fault) {
     fault.clear();
-    if (!isWellFormed(line) || line.find('\0') != line.npos) {
+    if (!text::isWellFormed(line) || line.find('\0') != line.npos) {
         fault = "the line is not UTF-8 text";
         return {};
     }

@@ -10,8 +10,9 @@
 #include "model/ifc/geometry/Footprint.hpp"
 #include "model/ifc/geometry/Placement.hpp"
 #include "model/ifc/geometry/Spatial.hpp"
-#include "model/ifc/values/Text.hpp"
 #include "model/step/disk/Saving.hpp"
+#include "text/Guid.hpp"
+#include "text/Unicode.hpp"
 
 #include <unordered_set>
 
@@ -86,8 +87,8 @@ Status Model::Content::edit(Element element, const Edit& body) {
 
 /// "Wall 12 (A32931C7-...)"
 std::string Model::Content::describe(Element element) {
-    const std::string name = ifc::toUtf8(ifc::attributeText(work, work.elements.slot(element), "Name"));
-    return (name.empty() ? "" : name + " ") + "(" + guidText(work.elements.guid(element)) + ")";
+    const std::string name = text::toUtf8(ifc::attributeText(work, work.elements.slot(element), "Name"));
+    return (name.empty() ? "" : name + " ") + "(" + text::guidText(work.elements.guid(element)) + ")";
 }
 
 Model::Model(std::unique_ptr<Content> modelContent) : content_(std::move(modelContent)) {}
@@ -169,7 +170,7 @@ std::u16string Model::name(Element element) const {
 
 std::string Model::storey(Element element) const {
     const step::Slot storey = ifc::storeyOf(content_->work, content_->work.elements.slot(element));
-    return storey == step::NoSlot ? std::string{} : ifc::toUtf8(ifc::attributeText(content_->work, storey, "Name"));
+    return storey == step::NoSlot ? std::string{} : text::toUtf8(ifc::attributeText(content_->work, storey, "Name"));
 }
 
 bool Model::hasDuplicates(Element element) const {

@@ -1,6 +1,6 @@
 #include "services/IfcRecords.hpp"
 
-#include "services/Report.hpp"
+#include "text/Unicode.hpp"
 
 #include <algorithm>
 #include <optional>
@@ -33,7 +33,7 @@ std::optional<std::u16string> fromRecord(const API_IFCOptionalText& record) {
 
 model::PropertyValue fromRecord(const API_IFCPropertyValue& record) {
     model::PropertyValue value;
-    value.type = utf8(record.valueType);
+    value.type = text::toUtf8(record.valueType.View());
     value.primitive = static_cast<model::Primitive>(record.primitiveType);
     value.integer = record.integerValue;
     value.real = record.realValue;

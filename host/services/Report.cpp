@@ -11,16 +11,4 @@ void Report::write(std::string text, bool alert) {
     sink_(line);
 }
 
-std::string utf8(const GS::UniString& text) {
-    return text.ToCStr().Get();
-}
-
-std::string utf8(std::u16string_view text) {
-    return utf8(GS::UniString(text));
-}
-
-std::string guidText(const API_Guid& guid) {
-    return utf8(APIGuid2GSGuid(guid).ToUniString());
-}
-
 }  // namespace host

@@ -21,8 +21,4 @@ private:
     Host::ReportSink sink_;
 };
 
-std::string utf8(const GS::UniString& text);
-std::string utf8(std::u16string_view text);
-std::string guidText(const API_Guid& guid);
-
 }  // namespace host

@@ -1,6 +1,8 @@
 #include "services/Session.hpp"
 
 #include "services/ErrorCodes.hpp"
+#include "text/Guid.hpp"
+#include "text/Unicode.hpp"
 
 #include <fmt/format.h>
 
@@ -18,7 +20,7 @@ std::string nameOf(const API_Guid& guid) {
     model::Element element{};
     if (findElement(guid, element) != NoError) return "unknown element";
     const std::u16string name = current->model->name(element);
-    return name.empty() ? "element without a name" : utf8(name);
+    return name.empty() ? "element without a name" : text::toUtf8(name);
 }
 
 }  // namespace
@@ -66,8 +68,8 @@ GSErrCode findElement(const API_Guid& guid, model::Element& element) {
 
 GSErrCode refuseEdit(const API_Guid& guid, std::string_view item, const model::Error& error) {
     const GSErrCode code = errorCode(error.kind);
-    current->report.write(
-        fmt::format("{} ({}), {}: {} ({})", nameOf(guid), guidText(guid), item, error.message, errorName(code)));
+    current->report.write(fmt::format("{} ({}), {}: {} ({})", nameOf(guid), text::guidText(guid.bytes), item,
+                                      error.message, errorName(code)));
     return code;
 }
 

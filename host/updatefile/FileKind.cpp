@@ -1,7 +1,5 @@
 #include "updatefile/FileKind.hpp"
 
-#include <unicode/utf8.h>
-
 #include <algorithm>
 #include <array>
 
@@ -48,17 +46,6 @@ FileKind detectFileKind(std::string_view beginning) {
     if (isUtf16(beginning)) return FileKind::Utf16;
     if (mostlyControls(beginning)) return FileKind::Binary;
     return beginning.starts_with("\xEF\xBB\xBF"sv) ? FileKind::TextWithByteOrderMark : FileKind::Text;
-}
-
-bool isWellFormed(std::string_view bytes) {
-    const auto* const units = reinterpret_cast<const std::uint8_t*>(bytes.data());
-    const auto length = static_cast<std::int64_t>(bytes.size());
-    for (std::int64_t at = 0; at < length;) {
-        UChar32 character = 0;
-        U8_NEXT(units, at, length, character);
-        if (character < 0) return false;
-    }
-    return true;
 }
 
 }  // namespace updatefile

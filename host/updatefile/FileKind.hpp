@@ -14,7 +14,4 @@ enum class FileKind : std::uint8_t { Text, TextWithByteOrderMark, Utf16, Binary 
 /// @param beginning  the file's first bytes, as many as there are, at most SniffLength.
 FileKind detectFileKind(std::string_view beginning);
 
-/// Whether the bytes are UTF-8 throughout.
-bool isWellFormed(std::string_view bytes);
-
 }  // namespace updatefile

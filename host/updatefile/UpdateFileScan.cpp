@@ -1,9 +1,8 @@
 #include "updatefile/UpdateFileScan.hpp"
 
+#include "text/Guid.hpp"
+#include "text/Unicode.hpp"
 #include "updatefile/FileKind.hpp"
-
-#include "Guid.hpp"
-#include "UniString.hpp"
 
 #include <algorithm>
 #include <iterator>
@@ -16,16 +15,6 @@ namespace {
 /// The add-on's line buffer: a longer line goes on as a line of its own.
 constexpr std::size_t LongestPiece = 2047;
 constexpr std::size_t FieldsOfALine = 4;
-
-/// As the add-on reads the first field.
-std::optional<Guid> parseGuid(std::string_view text) {
-    GS::Guid hostGuid;
-    if (hostGuid.ConvertFromString(GS::UniString(text.data(), static_cast<USize>(text.size()))) != NoError)
-        return std::nullopt;
-    Guid guid;
-    std::copy(std::begin(hostGuid.bytes), std::end(hostGuid.bytes), guid.begin());
-    return guid;
-}
 
 /// The form of a GlobalId in the model's file: 22 digits of base 64, the first of two bits only.
 bool looksLikeGlobalId(std::string_view text) {
@@ -82,7 +71,7 @@ void UpdateFileScan::endPiece() {
 
 void UpdateFileScan::examine(std::string_view text) {
     // A cut may fall into the middle of a character.
-    if (text.size() < LongestPiece && !isWellFormed(text)) findings_.notUtf8.add(line_);
+    if (text.size() < LongestPiece && !text::isWellFormed(text)) findings_.notUtf8.add(line_);
     if (const std::size_t zero = text.find('\0'); zero != std::string_view::npos) {
         findings_.zeroBytes.add(line_);
         text = text.substr(0, zero);
@@ -108,7 +97,7 @@ void UpdateFileScan::examineFields(std::string_view text) {
 }
 
 void UpdateFileScan::examineGuid(std::string_view field) {
-    const auto guid = parseGuid(field);
+    const auto guid = text::parseGuid(field);
     if (guid && !knows_(*guid)) findings_.unknownElement.add(line_);
     if (guid) return;
     findings_.noGuid.add(line_);

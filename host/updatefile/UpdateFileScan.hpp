@@ -2,7 +2,8 @@
 // What a person should be told of an update file that the add-on, as it must, passes over in silence. One pass over the
 // bytes, cutting them into lines as the add-on does; memory does not grow with the file.
 
-#include <array>
+#include "text/Guid.hpp"
+
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -11,7 +12,7 @@
 
 namespace updatefile {
 
-using Guid = std::array<std::uint8_t, 16>;  ///< Bytes in the order of the text form.
+using Guid = text::GuidBytes;
 
 /// Lines that have something in common: how many, and the first few.
 struct LineNotes {

@@ -3,8 +3,8 @@
 
 #include "ConsoleTest.hpp"
 
-#include "model/ifc/values/Text.hpp"
 #include "model/step/syntax/StringEncoder.hpp"
+#include "text/Unicode.hpp"
 
 #include <random>
 #include <set>
@@ -74,7 +74,7 @@ protected:
         for (std::size_t i = below(longest); i > 0; --i) result += pick(Fragments);
         return result.empty() ? otherwise : result;
     }
-    std::string quoted(const std::string& text) { return model::step::encodeString(model::ifc::fromUtf8(text)); }
+    std::string quoted(const std::string& text) { return model::step::encodeString(text::fromUtf8(text)); }
     std::size_t below(std::size_t end) { return random_() % end; }
     const std::string& pick(const Fields& fields) { return fields[below(fields.size())]; }
 

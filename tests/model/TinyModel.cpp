@@ -1,9 +1,9 @@
 #include "TinyModel.hpp"
 
 #include "model/ifc/schema/Schema.hpp"
-#include "model/ifc/values/Text.hpp"
 #include "model/step/syntax/Numbers.hpp"
 #include "model/step/syntax/StringEncoder.hpp"
+#include "text/Unicode.hpp"
 
 #include <gtest/gtest.h>
 
@@ -13,11 +13,11 @@
 using model::ifc::Schema;
 
 std::string utf8(std::u16string_view text) {
-    return model::ifc::toUtf8(text);
+    return text::toUtf8(text);
 }
 
 std::u16string utf16(std::string_view text) {
-    return model::ifc::fromUtf8(text);
+    return text::fromUtf8(text);
 }
 
 std::string ref(Id id) {

@@ -8,6 +8,7 @@
 #include "console/output/StandardOutput.hpp"
 #include "console/output/Table.hpp"
 #include "console/output/TerminalText.hpp"
+#include "text/Guid.hpp"
 
 #include <fmt/format.h>
 
@@ -18,7 +19,8 @@ const std::vector<std::string> Header{"GUID", "GlobalId", "Class", "Type", "Name
 
 std::vector<std::string> record(const model::Model& model, model::Element element) {
     const model::ElementInfo info = model.info(element);
-    return {guidText(info.guid), info.globalId, info.ifcClass, std::string(info.typeName), toUtf8(model.name(element))};
+    return {text::guidText(info.guid), info.globalId, info.ifcClass, std::string(info.typeName),
+            toUtf8(model.name(element))};
 }
 
 void printAsTable(const model::Model& model, const std::vector<model::Element>& elements) {

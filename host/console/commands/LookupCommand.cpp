@@ -8,6 +8,7 @@
 #include "console/output/StandardOutput.hpp"
 #include "console/output/Table.hpp"
 #include "console/output/TerminalText.hpp"
+#include "text/Guid.hpp"
 
 #include <fmt/format.h>
 
@@ -81,7 +82,7 @@ void LookupUser::lookUp(frontend::Dialog& dialog) {
 
 /// The dialog takes 36 characters only. Some programs put braces around them.
 std::string inLongForm(const std::string& guid) {
-    if (const auto fromGlobalId = model::fromGlobalId(guid)) return guidText(*fromGlobalId);
+    if (const auto fromGlobalId = model::fromGlobalId(guid)) return text::guidText(*fromGlobalId);
     const bool inBraces = guid.size() > 2 && guid.front() == '{' && guid.back() == '}';
     return inBraces ? guid.substr(1, guid.size() - 2) : guid;
 }

@@ -2,6 +2,7 @@
 
 #include "console/Failure.hpp"
 #include "console/output/HostText.hpp"
+#include "text/Guid.hpp"
 #include "updatefile/Wording.hpp"
 
 #include <fmt/format.h>
@@ -55,7 +56,7 @@ Exporter::Exporter(const model::Model& model, std::vector<std::string> items, Si
 
 void Exporter::write(model::Element element) {
     const model::ElementInfo info = model_.info(element);
-    const LineSubject subject{guidText(info.guid), info.guid == model::Guid{}, !model_.name(element).empty()};
+    const LineSubject subject{text::guidText(info.guid), info.guid == model::Guid{}, !model_.name(element).empty()};
     const ElementData data = read(model_, element);
     for (const Item& item : items_) writeItem(subject, data, item);
 }

@@ -1,6 +1,6 @@
 #include "console/output/TerminalText.hpp"
 
-#include "console/output/HostText.hpp"
+#include "text/Unicode.hpp"
 
 #include <fmt/format.h>
 #include <unicode/uchar.h>
@@ -8,26 +8,25 @@
 namespace console {
 namespace {
 
-constexpr std::int32_t ReplacementCharacter = 0xFFFD;
 constexpr std::string_view Ellipsis = "\xE2\x80\xA6";
 
-bool isControl(std::int32_t c) {
+bool isControl(text::Character c) {
     return c < 0x20 || (c >= 0x7F && c <= 0x9F);
 }
 
 /// Line and paragraph separators, and the embeddings, overrides and isolates that reorder what a person reads.
-bool changesLayout(std::int32_t c) {
+bool changesLayout(text::Character c) {
     return c == 0x2028 || c == 0x2029 || (c >= 0x202A && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
 }
 
-std::int32_t picture(std::int32_t c) {
-    if (c < 0) return ReplacementCharacter;
+text::Character picture(text::Character c) {
+    if (c < 0) return text::ReplacementCharacter;
     if (c < 0x20) return 0x2400 + c;
     if (c == 0x7F) return 0x2421;
-    return isControl(c) || changesLayout(c) ? ReplacementCharacter : c;
+    return isControl(c) || changesLayout(c) ? text::ReplacementCharacter : c;
 }
 
-void appendEscaped(std::string& text, std::int32_t c) {
+void appendEscaped(std::string& text, text::Character c) {
     switch (c) {
         case '\t':
             text += "\\t";
@@ -45,22 +44,22 @@ void appendEscaped(std::string& text, std::int32_t c) {
             if (c >= 0 && isControl(c))
                 text += fmt::format("\\u{:04X}", static_cast<unsigned>(c));
             else
-                appendCharacter(text, c < 0 ? ReplacementCharacter : c);
+                text::appendCharacter(text, c < 0 ? text::ReplacementCharacter : c);
     }
 }
 
 template <class Consumer>
 void forEachCharacter(std::string_view utf8, const Consumer& consume) {
-    for (std::size_t at = 0; at < utf8.size();) consume(nextCharacter(utf8, at));
+    for (std::size_t at = 0; at < utf8.size();) consume(text::nextCharacter(utf8, at));
 }
 
-bool takesNoColumn(std::int32_t c) {
+bool takesNoColumn(text::Character c) {
     const auto category = U_MASK(u_charType(c));
     // A Hangul vowel or final consonant is drawn into the syllable that its initial consonant opened.
     return (category & (U_GC_MN_MASK | U_GC_ME_MASK | U_GC_CF_MASK)) != 0 || (c >= 0x1160 && c <= 0x11FF);
 }
 
-int characterWidth(std::int32_t c) {
+int characterWidth(text::Character c) {
     // The soft hyphen is a format character that terminals draw.
     if (c < 0 || c == 0xAD) return 1;
     if (takesNoColumn(c)) return 0;
@@ -73,14 +72,14 @@ int characterWidth(std::int32_t c) {
 std::string visible(std::string_view utf8) {
     std::string result;
     result.reserve(utf8.size());
-    forEachCharacter(utf8, [&result](std::int32_t c) { appendCharacter(result, picture(c)); });
+    forEachCharacter(utf8, [&result](text::Character c) { text::appendCharacter(result, picture(c)); });
     return result;
 }
 
 std::string escaped(std::string_view utf8) {
     std::string result;
     result.reserve(utf8.size());
-    forEachCharacter(utf8, [&result](std::int32_t c) { appendEscaped(result, c); });
+    forEachCharacter(utf8, [&result](text::Character c) { appendEscaped(result, c); });
     return result;
 }
 
@@ -95,7 +94,7 @@ std::string tsvLine(const std::vector<std::string>& cells) {
 
 int displayWidth(std::string_view utf8) {
     int width = 0;
-    for (std::size_t at = 0; at < utf8.size();) width += characterWidth(nextCharacter(utf8, at));
+    for (std::size_t at = 0; at < utf8.size();) width += characterWidth(text::nextCharacter(utf8, at));
     return width;
 }
 
@@ -105,7 +104,7 @@ std::string cutToWidth(std::string_view utf8, int width) {
     int used = 0;
     std::size_t kept = 0;
     for (std::size_t at = 0; at < utf8.size();) {
-        used += characterWidth(nextCharacter(utf8, at));
+        used += characterWidth(text::nextCharacter(utf8, at));
         if (used > width - 1) break;
         kept = at;
     }

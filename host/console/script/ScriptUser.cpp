@@ -4,6 +4,8 @@
 #include "console/output/HostText.hpp"
 #include "console/script/DialogAsJson.hpp"
 
+#include "text/Guid.hpp"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -246,7 +248,7 @@ void ScriptUser::point(const JsonValue& step) {
     if (!position) return fail("\"point\" takes three coordinates, such as [1.5,0,3], or null to cancel");
     host::PickedPoint point{*position, std::nullopt};
     if (step.contains("hit")) {
-        const auto guid = step["hit"].is_string() ? parseGuid(step["hit"].get<std::string>()) : std::nullopt;
+        const auto guid = step["hit"].is_string() ? text::parseGuid(step["hit"].get<std::string>()) : std::nullopt;
         if (!guid) return fail("\"hit\" takes the GUID of the element under the point");
         std::copy(guid->begin(), guid->end(), std::begin(point.hit.emplace().bytes));
     }

@@ -1,6 +1,7 @@
 #include "desktop/elements/ElementIndex.hpp"
 
 #include "desktop/QtText.hpp"
+#include "text/Guid.hpp"
 
 #include <QHash>
 #include <QStringList>
@@ -203,7 +204,7 @@ bool ElementIndex::matches(model::Element element, const Word& word) const {
     if (nameKey(element).find(word.folded) != std::string_view::npos) return true;
     if (word.guid && *word.guid == guids_[element]) return true;
     if (word.guidPart.empty()) return false;
-    const auto guid = guidCharacters(guids_[element]);
+    const auto guid = text::guidCharacters(guids_[element]);
     return std::string_view(guid.data(), guid.size()).find(word.guidPart) != std::string_view::npos;
 }
 

@@ -56,15 +56,4 @@ std::optional<Guid> fromGlobalId(std::string_view globalId) {
     return guid;
 }
 
-std::string guidText(const Guid& guid) {
-    constexpr std::string_view Hexadecimal = "0123456789ABCDEF";
-    std::string text;
-    for (std::size_t i = 0; i < guid.size(); ++i) {
-        if (i == 4 || i == 6 || i == 8 || i == 10) text += '-';
-        text += Hexadecimal[guid[i] >> 4U];
-        text += Hexadecimal[guid[i] & 0xFU];
-    }
-    return text;
-}
-
 }  // namespace model

@@ -14,7 +14,4 @@ std::string toGlobalId(const Guid& guid);
 /// digits of 6 bits would hold 132 bits and a GUID has 128.
 std::optional<Guid> fromGlobalId(std::string_view globalId);
 
-/// The 36-character form, upper case.
-std::string guidText(const Guid& guid);
-
 }  // namespace model

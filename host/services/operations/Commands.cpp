@@ -3,6 +3,7 @@
 #include "services/ErrorCodes.hpp"
 #include "services/Services.hpp"
 #include "services/Session.hpp"
+#include "text/Unicode.hpp"
 
 #include <fmt/format.h>
 
@@ -31,7 +32,7 @@ void WriteReport(void*, const char* text, unsigned char alert) {
 }
 
 GSErrCode CallUndoableCommand(void*, const GS::UniString& name, const std::function<GSErrCode()>& command) {
-    const std::string title = utf8(name);
+    const std::string title = text::toUtf8(name.View());
     model::Model* const model = session().model.get();
     if (model == nullptr) return refuseCommand(title, APIERR_REFUSEDCMD, "no model is open");
     if (!command) return refuseCommand(title, APIERR_BADPARS, "there is no function to run");

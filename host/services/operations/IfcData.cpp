@@ -4,6 +4,7 @@
 #include "services/IfcRecords.hpp"
 #include "services/Services.hpp"
 #include "services/Session.hpp"
+#include "text/Unicode.hpp"
 
 namespace host::services {
 
@@ -51,7 +52,7 @@ GSErrCode edit(const API_Guid& guid, const std::string& item, Set set) {
 }
 
 std::string designation(const API_IFCPropertyHead& head) {
-    return utf8(head.propertyName) + "[" + utf8(head.propertySetName) + "]";
+    return text::toUtf8(head.propertyName.View()) + "[" + text::toUtf8(head.propertySetName.View()) + "]";
 }
 
 }  // namespace
@@ -81,7 +82,7 @@ GSErrCode Element_GetIFCClassificationReferences(void*, const API_Guid& guid, bo
 }
 
 GSErrCode Element_SetIFCAttribute(void*, const API_Guid& guid, const API_IFCAttribute& attribute) {
-    const std::string name = utf8(attribute.attributeName);
+    const std::string name = text::toUtf8(attribute.attributeName.View());
     return edit(guid, name, [&](model::Model& model, model::Element element) {
         return model.setAttribute(element, name, attribute.attributeValue.View());
     });
@@ -97,7 +98,7 @@ GSErrCode Element_SetIFCProperty(void*, const API_Guid& guid, const API_IFCPrope
 
 GSErrCode Element_SetIFCClassificationReference(void*, const API_Guid& guid,
                                                 const API_IFCClassificationReference& reference) {
-    return edit(guid, utf8(reference.systemLabel), [&](model::Model& model, model::Element element) {
+    return edit(guid, text::toUtf8(reference.systemLabel.View()), [&](model::Model& model, model::Element element) {
         return model.setClassification(element, fromRecord(reference));
     });
 }

@@ -1,6 +1,6 @@
 #include "model/ifc/data/AttributeData.hpp"
 
-#include "model/ifc/values/Text.hpp"
+#include "model/ifc/values/InQuotes.hpp"
 #include "model/ifc/values/ValueText.hpp"
 #include "model/step/syntax/StringDecoder.hpp"
 

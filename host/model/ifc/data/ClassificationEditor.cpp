@@ -1,10 +1,11 @@
 #include "model/ifc/data/ClassificationEditor.hpp"
 
 #include "model/ifc/data/ClassificationData.hpp"
-#include "model/ifc/values/Text.hpp"
+#include "model/ifc/values/InQuotes.hpp"
 #include "model/ifc/values/ValueText.hpp"
 #include "model/step/syntax/StringDecoder.hpp"
 #include "model/step/syntax/StringEncoder.hpp"
+#include "text/Unicode.hpp"
 
 #include <algorithm>
 
@@ -58,7 +59,7 @@ private:
     void fill(InstanceBuilder& reference, const std::string& source) const;
     /// "#12", a classification that fits, made if there is none; "$" where nothing is said of it.
     Result<std::string> source();
-    std::string relationPurpose() const { return "classification relation " + toUtf8(wanted_.system); }
+    std::string relationPurpose() const { return "classification relation " + text::toUtf8(wanted_.system); }
 
     Workspace& work_;
     ElementEdit edit_;

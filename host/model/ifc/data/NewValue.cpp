@@ -1,9 +1,10 @@
 #include "model/ifc/data/NewValue.hpp"
 
-#include "model/ifc/values/Text.hpp"
+#include "model/ifc/values/InQuotes.hpp"
 #include "model/ifc/values/ValueText.hpp"
-#include "model/step/syntax/Characters.hpp"
 #include "model/step/syntax/StringDecoder.hpp"
+#include "text/Ascii.hpp"
+#include "text/Unicode.hpp"
 
 namespace model::ifc {
 
@@ -37,11 +38,11 @@ std::u16string itemText(step::Value item, const Schema& schema) {
 
 /// Items are told apart by people, who write them in any case.
 bool readsAs(std::u16string_view item, std::u16string_view asked) {
-    return step::equalIgnoringCase(toUtf8(item), toUtf8(asked));
+    return text::equalIgnoringCase(text::toUtf8(item), text::toUtf8(asked));
 }
 
 std::string typed(const DefinedType& type, const std::string& content) {
-    return step::toUpperCase(type.name) + "(" + content + ")";
+    return text::toUpperCase(type.name) + "(" + content + ")";
 }
 
 }  // namespace
@@ -106,9 +107,9 @@ Result<Replacement> WrittenValue::chosenItem(step::Value held, const step::Insta
         return Replacement{held, "$"};
     std::string offered;
     for (const step::Value& item : elementsOf(offer, work_.classes.of(enumeration), "EnumerationValues")) {
-        const std::u16string text = itemText(item, work_.schema);
-        if (readsAs(text, wanted_.text)) return Replacement{held, "(" + std::string(item.text) + ")"};
-        offered.append(offered.empty() ? "" : ", ").append(toUtf8(text));
+        const std::u16string content = itemText(item, work_.schema);
+        if (readsAs(content, wanted_.text)) return Replacement{held, "(" + std::string(item.text) + ")"};
+        offered.append(offered.empty() ? "" : ", ").append(text::toUtf8(content));
     }
     return Error{ErrorKind::BadValue, inQuotes(wanted_.text) + " is none of the property's items (" + offered + ")"};
 }
@@ -126,7 +127,7 @@ Result<std::string> WrittenValue::ofType(std::string_view name) const {
 Result<std::string> WrittenValue::nominalValue() const {
     constexpr std::size_t LongestLabel = 255;
     if (!wanted_.type.empty()) return ofType(wanted_.type);
-    return ofType(characterCount(wanted_.text) > LongestLabel ? "IfcText" : "IfcLabel");
+    return ofType(text::characterCount(wanted_.text) > LongestLabel ? "IfcText" : "IfcLabel");
 }
 
 std::vector<std::u16string> chosenItems(Workspace& work, step::Slot property) {

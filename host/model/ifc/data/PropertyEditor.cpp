@@ -2,10 +2,11 @@
 
 #include "model/ifc/data/NewValue.hpp"
 #include "model/ifc/data/PropertyData.hpp"
+#include "model/ifc/values/InQuotes.hpp"
 #include "model/ifc/values/PropertyValues.hpp"
-#include "model/ifc/values/Text.hpp"
 #include "model/ifc/values/ValueText.hpp"
 #include "model/step/syntax/StringEncoder.hpp"
+#include "text/Unicode.hpp"
 
 #include <algorithm>
 
@@ -74,8 +75,8 @@ private:
     Slot ownSetOfName();
     void noteNamesakes();
 
-    std::string setPurpose() const { return "property set " + toUtf8(wantedSet_); }
-    std::string relationPurpose() const { return "property relation " + toUtf8(wantedSet_); }
+    std::string setPurpose() const { return "property set " + text::toUtf8(wantedSet_); }
+    std::string relationPurpose() const { return "property relation " + text::toUtf8(wantedSet_); }
 
     Workspace& work_;
     ElementEdit edit_;

@@ -1,7 +1,8 @@
 #include "model/ifc/index/GlobalIdAllocator.hpp"
-#include "model/base/GlobalId.hpp"
 
+#include "model/base/GlobalId.hpp"
 #include "model/ifc/index/Elements.hpp"
+#include "text/Guid.hpp"
 
 #include <uuid/uuid.h>
 
@@ -37,7 +38,7 @@ GlobalIdAllocator::GlobalIdAllocator(const step::StepFile& stepFile, Classes& kn
 
 std::string GlobalIdAllocator::globalId(const Guid& element, std::string_view purpose) {
     if (!built_) build();
-    const std::string name = guidText(element) + ' ' + std::string(purpose);
+    const std::string name = text::guidText(element) + ' ' + std::string(purpose);
     Guid guid = namedGuid(name);
     for (unsigned number = 2; isTaken(guid); ++number) guid = namedGuid(name + ' ' + std::to_string(number));
     return '\'' + toGlobalId(guid) + '\'';

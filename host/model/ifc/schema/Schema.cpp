@@ -1,6 +1,7 @@
 #include "model/ifc/schema/Schema.hpp"
 
 #include "model/ifc/schema/SchemaTables.hpp"
+#include "text/Ascii.hpp"
 
 #include <algorithm>
 #include <array>
@@ -8,16 +9,6 @@
 namespace model::ifc {
 
 namespace {
-
-char upperCaseLetter(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
-std::string upperCase(std::string_view text) {
-    std::string upper(text);
-    std::transform(upper.begin(), upper.end(), upper.begin(), upperCaseLetter);
-    return upper;
-}
 
 /// "IfcProperty" of "SET(LIST(IfcProperty))".
 std::string_view innermostType(std::string_view typeName) {
@@ -71,10 +62,10 @@ Schema::Schema(SchemaVersion version) {
         for (const auto name : rows.derived.subspan(row.firstDerived, row.derivedCount)) {
             entity.allAttributes_[static_cast<std::size_t>(entity.attributeIndex(name))].derived = true;
         }
-        entityByKeyword_.emplace(upperCase(row.name), &entity);
+        entityByKeyword_.emplace(text::toUpperCase(row.name), &entity);
     };
     for (std::size_t index = 0; index < entities_.size(); ++index) prepare(prepare, index);
-    for (const DefinedType& type : rows.types) typeByKeyword_.emplace(upperCase(type.name), &type);
+    for (const DefinedType& type : rows.types) typeByKeyword_.emplace(text::toUpperCase(type.name), &type);
 }
 
 const Schema& Schema::of(SchemaVersion version) {
@@ -95,7 +86,7 @@ const Schema& Schema::of(SchemaVersion version) {
 }
 
 std::optional<SchemaVersion> Schema::versionOf(std::string_view fileSchemaName) {
-    const std::string upper = upperCase(fileSchemaName);
+    const std::string upper = text::toUpperCase(fileSchemaName);
     for (const auto version : {SchemaVersion::Ifc2x3, SchemaVersion::Ifc4, SchemaVersion::Ifc4x3}) {
         const std::string_view plain = name(version);
         // An addendum or corrigendum follows an underscore and changes no positions.
@@ -123,7 +114,7 @@ template <class Map>
 typename Map::mapped_type lookUp(const Map& map, std::string_view name) {
     std::array<char, 64> upper{};  // No schema has a name that long.
     if (name.size() > upper.size()) return nullptr;
-    std::transform(name.begin(), name.end(), upper.begin(), upperCaseLetter);
+    std::transform(name.begin(), name.end(), upper.begin(), text::upperCase);
     const auto found = map.find(std::string_view(upper.data(), name.size()));
     return found == map.end() ? nullptr : found->second;
 }

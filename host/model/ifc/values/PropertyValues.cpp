@@ -1,12 +1,13 @@
 #include "model/ifc/values/PropertyValues.hpp"
 
-#include "model/ifc/values/Text.hpp"
+#include "model/ifc/values/InQuotes.hpp"
 #include "model/ifc/values/ValueText.hpp"
 #include "model/step/syntax/Characters.hpp"
 #include "model/step/syntax/Instance.hpp"
 #include "model/step/syntax/Numbers.hpp"
 #include "model/step/syntax/StringDecoder.hpp"
 #include "model/step/syntax/StringEncoder.hpp"
+#include "text/Unicode.hpp"
 
 #include <cmath>
 
@@ -117,14 +118,6 @@ bool readContent(Value inner, NominalValue& out) {
     return true;
 }
 
-std::string upperCase(std::string_view name) {
-    std::string upper(name);
-    for (char& c : upper) {
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-    }
-    return upper;
-}
-
 Error badValue(const std::string& message) {
     return {ErrorKind::BadValue, message};
 }
@@ -217,7 +210,7 @@ Result<std::string> encodeNominalValue(const PropertyValue& value, const Schema&
     constexpr std::size_t LongestLabel = 255;
     std::string_view name = value.type;
     if (name.empty() && value.primitive == Primitive::String) {
-        name = characterCount(value.string) > LongestLabel ? "IfcText" : "IfcLabel";
+        name = text::characterCount(value.string) > LongestLabel ? "IfcText" : "IfcLabel";
     }
     const DefinedType* type = schema.type(name);
     if (type == nullptr || primitiveOf(type->base) == Primitive::Other) {
@@ -225,7 +218,7 @@ Result<std::string> encodeNominalValue(const PropertyValue& value, const Schema&
     }
     Result<std::string> content = encodeContent(value, type->base, type);
     if (!content) return content;
-    return upperCase(type->name) + "(" + *content + ")";
+    return text::toUpperCase(type->name) + "(" + *content + ")";
 }
 
 Result<Replacement> replaceNominalValue(Value nominal, const PropertyValue& value, const Schema& schema) {

@@ -1,11 +1,11 @@
 #include "model/ifc/values/ValueText.hpp"
 
-#include "model/ifc/values/Text.hpp"
 #include "model/step/syntax/Characters.hpp"
 #include "model/step/syntax/Instance.hpp"
 #include "model/step/syntax/Numbers.hpp"
 #include "model/step/syntax/StringDecoder.hpp"
 #include "model/step/syntax/StringEncoder.hpp"
+#include "text/Unicode.hpp"
 
 #include <algorithm>
 #include <charconv>
@@ -144,7 +144,7 @@ std::u16string valueText(Value value, BaseType base) {
             return base == BaseType::Boolean || base == BaseType::Logical ? truthText(item) : widened(item);
         }
         default:
-            return fromUtf8(value.text);
+            return text::fromUtf8(value.text);
     }
 }
 
@@ -185,9 +185,9 @@ Status checkNumber(double number, const DefinedType* type) {
 }
 
 Status checkText(std::u16string_view text, const DefinedType* type) {
-    if (hasLoneSurrogate(text)) return badValue("holds half of a character (a lone surrogate)");
+    if (!text::isWellFormed(text)) return badValue("holds half of a character (a lone surrogate)");
     if (type == nullptr) return {};
-    const std::size_t length = type->maxLength + type->exactLength == 0 ? 0 : characterCount(text);
+    const std::size_t length = type->maxLength + type->exactLength == 0 ? 0 : text::characterCount(text);
     if (type->maxLength != 0 && length > type->maxLength) {
         return badValue("is " + std::to_string(length) + " characters long; " + std::string(type->name) +
                         " holds at most " + std::to_string(type->maxLength));

@@ -5,8 +5,7 @@
 #include "model/step/reading/Sweep.hpp"
 #include "model/step/syntax/Instance.hpp"
 #include "model/step/syntax/StringDecoder.hpp"
-
-#include <unicode/unistr.h>
+#include "text/Unicode.hpp"
 
 #include <algorithm>
 #include <limits>
@@ -18,12 +17,6 @@ namespace {
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view Magic = "ISO-10303-21";
 constexpr std::string_view FileEnd = "END-ISO-10303-21";
-
-std::string toUtf8(const std::u16string& text) {
-    std::string utf8;
-    icu::UnicodeString(false, text.data(), static_cast<int32_t>(text.size())).toUTF8String(utf8);
-    return utf8;
-}
 
 bool startsIgnoringCase(std::string_view text, std::string_view start) {
     return equalIgnoringCase(text.substr(0, start.size()), start);
@@ -126,7 +119,7 @@ void SectionReader::readHeaderEntry(std::string_view keyword) {
     for (const Value& name : names) {
         std::u16string text;
         decodeString(name.text, text);
-        index_.schemaNames.push_back(toUtf8(text));
+        index_.schemaNames.push_back(text::toUtf8(text));
     }
 }
 

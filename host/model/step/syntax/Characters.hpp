@@ -1,9 +1,7 @@
 #pragma once
 // The character classes of the clear-text encoding (ISO 10303-21, tokens). ASCII only and independent of the locale.
 
-#include <algorithm>
-#include <string>
-#include <string_view>
+#include "text/Ascii.hpp"
 
 namespace model::step {
 
@@ -24,27 +22,15 @@ constexpr bool isLetter(char c) {
 constexpr bool isKeywordCharacter(char c) {
     return isLetter(c) || isDigit(c) || c == '_';
 }
-constexpr char upperCase(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
+using text::equalIgnoringCase;
+using text::toUpperCase;
+using text::upperCase;
 
 /// The value of a hexadecimal digit of either case, -1 for any other character.
 constexpr int hexDigit(char c) {
     if (isDigit(c)) return c - '0';
     const char upper = upperCase(c);
     return upper >= 'A' && upper <= 'F' ? upper - 'A' + 10 : -1;
-}
-
-/// Whether two texts differ in the case of ASCII letters at most.
-inline bool equalIgnoringCase(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return upperCase(x) == upperCase(y); });
-}
-
-inline std::string toUpperCase(std::string_view text) {
-    std::string upper(text);
-    for (char& c : upper) c = upperCase(c);
-    return upper;
 }
 
 }  // namespace model::step

@@ -1,33 +1,13 @@
 #include "model/step/syntax/StringDecoder.hpp"
 #include "model/step/syntax/Characters.hpp"
 #include "model/step/syntax/CodePages.hpp"
+#include "text/Unicode.hpp"
 
 #include <unicode/utf16.h>
 
 namespace model::step {
 
 namespace {
-
-struct Utf8Character {
-    std::int32_t codePoint = 0;
-    std::size_t length = 0;  ///< 0 where no well-formed sequence begins.
-};
-
-Utf8Character readUtf8(std::string_view text) {
-    const auto first = static_cast<unsigned char>(text[0]);
-    if (first < 0x80) return {first, 1};
-    const std::size_t length = first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
-    if (first < 0xC2 || first > 0xF4 || text.size() < length) return {};
-    std::int32_t codePoint = first & (0x7F >> length);
-    for (std::size_t i = 1; i < length; ++i) {
-        const auto next = static_cast<unsigned char>(text[i]);
-        if ((next & 0xC0) != 0x80) return {};
-        codePoint = codePoint << 6 | (next & 0x3F);
-    }
-    constexpr std::int32_t Smallest[] = {0, 0, 0x80, 0x800, 0x10000};
-    if (codePoint < Smallest[length] || codePoint > 0x10FFFF || (codePoint >= 0xD800 && codePoint < 0xE000)) return {};
-    return {codePoint, length};
-}
 
 /// Reads what stands between the quotes, one character or directive at a time.
 class StringDecoder {
@@ -36,7 +16,8 @@ public:
 
     Decoding run() {
         while (at_ < text_.size() && result_ != Decoding::Undecodable) step();
-        if (result_ != Decoding::Undecodable && hasLoneSurrogate()) result_ = Decoding::Undecodable;
+        // Only here: a pair may come from two runs, for some programs write each unit by itself.
+        if (!text::isWellFormed(out_)) result_ = Decoding::Undecodable;
         return result_;
     }
 
@@ -111,7 +92,7 @@ private:
             const std::int64_t number = hexNumber(digits);
             if (number < 0 || number > 0x10FFFF) return fail();
             if (digits == 8 && U_IS_SURROGATE(number)) return fail();
-            appendCodePoint(static_cast<UChar32>(number));
+            text::appendCharacter(out_, static_cast<text::Character>(number));
         }
         at_ += 4;
     }
@@ -137,34 +118,15 @@ private:
 
     void rawByte() {
         guess();
-        const Utf8Character character = readUtf8(ahead());
-        if (character.length != 0) {
-            appendCodePoint(character.codePoint);
-            at_ += character.length;
-        } else {
+        std::size_t next = at_;
+        const text::Character character = text::nextCharacter(text_, next);
+        if (character == text::NoCharacter) {
             out_.push_back(windowsCharacter(static_cast<unsigned char>(text_[at_])));
             ++at_;
-        }
-    }
-
-    void appendCodePoint(UChar32 character) {
-        if (character > 0xFFFF) {
-            out_.push_back(static_cast<char16_t>(U16_LEAD(character)));
-            out_.push_back(static_cast<char16_t>(U16_TRAIL(character)));
         } else {
-            out_.push_back(static_cast<char16_t>(character));
+            text::appendCharacter(out_, character);
+            at_ = next;
         }
-    }
-
-    /// Half a surrogate pair is no character. Pairs may come from two runs: some programs write each unit by itself.
-    bool hasLoneSurrogate() const {
-        for (std::size_t i = 0; i < out_.size(); ++i) {
-            if (!U16_IS_SURROGATE(out_[i])) continue;
-            const bool pair = U16_IS_SURROGATE_LEAD(out_[i]) && i + 1 < out_.size() && U16_IS_TRAIL(out_[i + 1]);
-            if (!pair) return true;
-            ++i;
-        }
-        return false;
     }
 
     std::string_view text_;

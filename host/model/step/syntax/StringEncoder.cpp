@@ -1,6 +1,6 @@
 #include "model/step/syntax/StringEncoder.hpp"
 
-#include <unicode/utf16.h>
+#include "text/Unicode.hpp"
 
 namespace model::step {
 
@@ -33,23 +33,15 @@ void appendCharacter(std::string& out, char32_t character, Run run) {
     out.push_back(static_cast<char>(character));
 }
 
-/// Half a surrogate pair is no character and has no encoding.
-char32_t nextCharacter(std::u16string_view text, std::size_t& at) {
-    const char16_t unit = text[at++];
-    if (!U16_IS_SURROGATE(unit)) return unit;
-    if (!U16_IS_SURROGATE_LEAD(unit) || at == text.size() || !U16_IS_TRAIL(text[at])) return U'\uFFFD';
-    const char32_t lead = unit - 0xD800U;
-    const char32_t trail = text[at++] - 0xDC00U;
-    return 0x10000U + (lead << 10U) + trail;
-}
-
 }  // namespace
 
 std::string encodeString(std::u16string_view text) {
     std::string out = "'";
     Run run = Run::Plain;
     for (std::size_t i = 0; i < text.size();) {
-        const char32_t character = nextCharacter(text, i);
+        const text::Character next = text::nextCharacter(text, i);
+        // Half a surrogate pair is no character and has no encoding.
+        const char32_t character = static_cast<char32_t>(next == text::NoCharacter ? text::ReplacementCharacter : next);
         const Run needed = runOf(character);
         changeRun(out, run, needed);
         appendCharacter(out, character, needed);
