@@ -9,6 +9,8 @@ from project import Rules, includes, read, resolve, sources
 LIBRARIES = (
     ("ICU", r"unicode/.+\.h$"),
     ("zip", r"zip\.h$"),
+    ("expat", r"expat\.h$"),
+    ("xlsxwriter", r"xlsxwriter\.h$"),
     ("uuid", r"uuid/uuid\.h$"),
     ("fmt", r"fmt/.+\.h$"),
     ("json", r"nlohmann/.+"),
@@ -31,6 +33,7 @@ MAY_INCLUDE = {
                        ("standard", "system", "ICU", "fmt")),
     "host/updatefile/": (("host/updatefile/", "host/include/", "host/text/"), ("standard", "fmt")),
     "host/readback/": (("host/readback/", "host/model/", "host/text/"), ("standard",)),
+    "host/tables/": (("host/tables/",), ("standard", "system", "ICU", "zip", "expat", "xlsxwriter")),
     "host/console/": (("host/",), ("standard", "system", "ICU", "fmt", "json", "CLI")),
     "host/desktop/": (("host/",), ("standard", "system", "ICU", "fmt", "Qt")),
 }

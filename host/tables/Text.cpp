@@ -1,0 +1,46 @@
+#include "tables/Text.hpp"
+
+#include <algorithm>
+
+namespace tables {
+
+char upper(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+bool equalInAnyCase(std::string_view a, std::string_view b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return upper(x) == upper(y); });
+}
+
+std::string_view trimmed(std::string_view text) {
+    constexpr std::string_view Blank = " ";
+    constexpr std::string_view UnbreakableBlank = "\xC2\xA0";
+    for (std::size_t before = text.size() + 1; before > text.size();) {
+        before = text.size();
+        for (const std::string_view blank : {Blank, UnbreakableBlank}) {
+            if (text.starts_with(blank)) text.remove_prefix(blank.size());
+            if (text.ends_with(blank)) text.remove_suffix(blank.size());
+        }
+    }
+    return text;
+}
+
+std::string withoutBreaks(std::string text) {
+    for (char& c : text)
+        if (c == '\t' || c == '\r' || c == '\n') c = ' ';
+    return text;
+}
+
+std::string inQuotes(std::string_view text) {
+    constexpr std::size_t Longest = 40;
+    const auto continues = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; };
+    std::size_t length = std::min(text.size(), Longest);
+    while (length < text.size() && length > 0 && continues(text[length])) --length;
+    return "'" + std::string(text.substr(0, length)) + (length < text.size() ? "…'" : "'");
+}
+
+std::string counted(std::uint64_t count, std::string_view noun) {
+    return std::to_string(count) + " " + std::string(noun) + (count == 1 ? "" : "s");
+}
+
+}  // namespace tables

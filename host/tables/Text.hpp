@@ -1,0 +1,28 @@
+#pragma once
+// Small things about the texts of cells.
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace tables {
+
+/// Of ASCII; other letters as they are.
+char upper(char c);
+
+/// Letters of ASCII count in any case.
+bool equalInAnyCase(std::string_view a, std::string_view b);
+
+/// Without blanks at both ends, those that do not break a line included.
+std::string_view trimmed(std::string_view text);
+
+/// The text with each TAB, CR and LF as a blank, as cells are read.
+std::string withoutBreaks(std::string text);
+
+/// For messages: in quotes, cut behind 40 bytes or so, never within a character.
+std::string inQuotes(std::string_view text);
+
+/// "1 line", "2 lines"
+std::string counted(std::uint64_t count, std::string_view noun);
+
+}  // namespace tables
