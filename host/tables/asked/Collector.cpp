@@ -33,12 +33,8 @@ std::string_view valueOf(const Request& request) {
     return isBlank(request.text) ? std::string_view() : request.text;
 }
 
-const char* faultOf(const Request& request) {
-    if (request.kind == CellKind::Uncomputed)
-        return "its formula has no value yet; open the file in a spreadsheet program and save it";
-    const bool fault =
-        request.kind == CellKind::Fault || (request.kind == CellKind::Text && looksLikeFault(request.text));
-    return fault ? "mend the formula, or empty the cell" : nullptr;
+bool showsFault(const Request& request) {
+    return request.kind == CellKind::Fault || (request.kind == CellKind::Text && looksLikeFault(request.text));
 }
 
 std::string contestedText(std::uint32_t line, std::uint32_t otherLine) {
@@ -69,10 +65,9 @@ bool Collector::isUnchanged(const Request& request) const {
 }
 
 void Collector::take(Request request) {
-    if (const char* advice = faultOf(request); advice != nullptr) {
-        const std::string shown =
-            request.kind == CellKind::Uncomputed ? "" : "it shows the error " + inQuotes(request.text) + "; ";
-        leaveOut(request.line, request.column, shown + advice);
+    if (request.kind == CellKind::Uncomputed) {
+        leaveOut(request.line, request.column,
+                 "its formula has no value yet; open the file in a spreadsheet program and save it");
         return;
     }
     const std::string_view value = valueOf(request);
@@ -84,6 +79,11 @@ void Collector::take(Request request) {
     }
     if (isUnchanged(request)) {
         ++asked_.unchanged;
+        return;
+    }
+    if (showsFault(request)) {
+        leaveOut(request.line, request.column,
+                 "it shows the error " + inQuotes(request.text) + "; mend the formula, or empty the cell");
         return;
     }
     AskedUpdate update{request.guid, request.item,   std::move(request.old), std::string(value),

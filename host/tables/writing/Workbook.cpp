@@ -23,6 +23,7 @@ constexpr std::size_t MostLettersOfACell = 32767;
 constexpr std::size_t NarrowestColumn = 8;
 constexpr std::size_t WidestColumn = 42;
 constexpr std::size_t RowsLookedAtForWidths = 1000;
+constexpr std::uint8_t TextFormat = 49;  // "@", the one that programs list as "Text".
 constexpr lxw_color_t Grey = 0xEEEEEE;
 constexpr lxw_color_t GreyText = 0x666666;
 constexpr lxw_color_t HeaderGrey = 0xD9D9D9;
@@ -134,7 +135,7 @@ private:
     /// Text, so that what people type stays what they typed.
     lxw_format* makeFormat() {
         lxw_format* format = workbook_add_format(book_);
-        format_set_num_format(format, "@");
+        format_set_num_format_index(format, TextFormat);
         return format;
     }
 
