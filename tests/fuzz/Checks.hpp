@@ -11,6 +11,10 @@ namespace fuzz {
 void checkStepFile(std::string_view bytes);
 /// Decodes the bytes as a string of a file, and encodes what comes out.
 void checkString(std::string_view bytes);
+/// Reads the bytes as a table, whatever they are, finds what it asks for, and writes it as text and as update files.
+void checkTable(std::string_view bytes);
+/// Puts the bytes as the sheet into a workbook of each kind and reads these.
+void checkSheet(std::string_view bytes);
 
 inline void require(bool holds, const char* what) {
     if (!holds) throw std::logic_error(what);

@@ -27,5 +27,11 @@ TEST(FuzzSeeds, FilesPass) {
 TEST(FuzzSeeds, StringsPass) {
     EXPECT_GT(checkAll("strings", fuzz::checkString), 0);
 }
+TEST(FuzzSeeds, TablesPass) {
+    EXPECT_GT(checkAll("tables", fuzz::checkTable), 0);
+}
+TEST(FuzzSeeds, SheetsPass) {
+    EXPECT_GT(checkAll("sheets", fuzz::checkSheet), 0);
+}
 
 }  // namespace

@@ -15,6 +15,10 @@ void PrintTo(const GoodCell& row, std::ostream* out) {
     *out << row.what;
 }
 
+std::string valueCell(const std::string& attributes, const std::string& text) {
+    return "<table:table-cell " + attributes + "><text:p>" + text + "</text:p></table:table-cell>";
+}
+
 class CellOfAnOds : public testing::TestWithParam<GoodCell> {};
 
 TEST_P(CellOfAnOds, IsReadAsPeopleSeeIt) {
@@ -39,14 +43,9 @@ INSTANTIATE_TEST_SUITE_P(
                  "<table:table-cell><office:annotation><text:p>no</text:p></office:annotation><text:p>a</text:p></"
                  "table:table-cell>",
                  "a"},
-        GoodCell{
-            "a number as shown in German",
-            R"(<table:table-cell office:value-type="float" office:value="9.50"><text:p>9,5</text:p></table:table-cell>)",
-            "9.5"},
-        GoodCell{
-            "a percentage",
-            R"(<table:table-cell office:value-type="percentage" office:value="0.5"><text:p>50%</text:p></table:table-cell>)",
-            "0.5"},
+        GoodCell{"a number as shown in German", valueCell(R"(office:value-type="float" office:value="9.50")", "9,5"),
+                 "9.5"},
+        GoodCell{"a percentage", valueCell(R"(office:value-type="percentage" office:value="0.5")", "50%"), "0.5"},
         GoodCell{"a date", R"(<table:table-cell office:value-type="date" office:date-value="2024-05-17"/>)",
                  "2024-05-17"},
         GoodCell{"a date with time",
@@ -54,21 +53,18 @@ INSTANTIATE_TEST_SUITE_P(
                  "2024-05-17T08:30:00"},
         GoodCell{"a time", R"(<table:table-cell office:value-type="time" office:time-value="PT08H30M00.5S"/>)",
                  "08:30:00"},
-        GoodCell{
-            "a truth value",
-            R"(<table:table-cell office:value-type="boolean" office:boolean-value="true"><text:p>WAHR</text:p></table:table-cell>)",
-            "true"},
-        GoodCell{
-            "an error",
-            R"(<table:table-cell office:value-type="string" office:string-value="" calcext:value-type="error"><text:p>#N/A</text:p></table:table-cell>)",
-            "#N/A"},
+        GoodCell{"a truth value", valueCell(R"(office:value-type="boolean" office:boolean-value="true")", "WAHR"),
+                 "true"},
+        GoodCell{"an error",
+                 valueCell(R"(office:value-type="string" office:string-value="" calcext:value-type="error")", "#N/A"),
+                 "#N/A"},
         GoodCell{"a formula's text without paragraph",
                  R"(<table:table-cell table:formula="of:=A1" office:value-type="string" office:string-value="a"/>)",
                  "a"},
-        GoodCell{
-            "repeated cells",
-            R"(<table:table-cell table:number-columns-repeated="2"/><table:table-cell table:number-columns-repeated="2"><text:p>a</text:p></table:table-cell>)",
-            "| | a | a"}));
+        GoodCell{"repeated cells",
+                 R"(<table:table-cell table:number-columns-repeated="2"/>)" +
+                     valueCell(R"(table:number-columns-repeated="2")", "a"),
+                 "| | a | a"}));
 
 std::string cell(const std::string& text) {
     return "<table:table-cell><text:p>" + text + "</text:p></table:table-cell>";

@@ -61,6 +61,15 @@ TEST(WorkbookWriter, WritesTextsThatStayTexts) {
     }
 }
 
+TEST(WorkbookWriter, KeepsWhatLooksLikeAnEscape) {
+    for (const std::string text :
+         {"_x0041_", "_x005F_", "_x005F_x0041_", "_x004", "_xXYZW_", "_x0041\x01", "_x0041\uFFFF"}) {
+        const auto bytes = writeWorkbook(grid({text}), false);
+        const auto read = readBytes(*bytes, "a.xlsx");
+        EXPECT_EQ(read->table.text(read->table.row(1).cell(3)), text);
+    }
+}
+
 TEST(WorkbookWriter, MakesAHeaderThatStaysAndFiltersAndGreysWhatIsForTheReader) {
     const auto bytes = writeWorkbook(grid({"T 30"}), true);
     ASSERT_TRUE(bytes);
@@ -105,8 +114,9 @@ TEST(WorkbookWriter, RefusesWhatASheetCannotHold) {
         ".csv");
     EXPECT_EQ(writeWorkbook(Grid{std::vector<std::string>(16385, "A"), {}}, false).error().message,
               "a sheet has 16384 columns, the table 16385; choose fewer items, or write a .csv");
-    EXPECT_EQ(writeWorkbook(Grid{{"GUID"}, std::vector<std::vector<std::string>>(1'048'576)}, false).error().message,
-              "a sheet has 1048576 rows, the table 1048577; choose fewer elements, or write a .csv");
+    EXPECT_EQ(
+        writeWorkbook(Grid{{"GUID"}, std::vector<std::vector<std::string>>(1'048'576, {""})}, false).error().message,
+        "a sheet has 1048576 rows, the table 1048577; choose fewer elements, or write a .csv");
 }
 
 TEST(WorkbookWriter, TakesTheMostThatASheetHolds) {
@@ -117,7 +127,7 @@ TEST(WorkbookWriter, TakesTheMostThatASheetHolds) {
         EXPECT_EQ(read->table.text(read->table.row(1).cell(3)), text);
     }
     EXPECT_TRUE(writeWorkbook(Grid{std::vector<std::string>(16384, "A"), {}}, false));
-    EXPECT_TRUE(writeWorkbook(Grid{{"GUID"}, std::vector<std::vector<std::string>>(1'048'575)}, false));
+    EXPECT_TRUE(writeWorkbook(Grid{{"GUID"}, std::vector<std::vector<std::string>>(1'048'575, {""})}, false));
 }
 
 }  // namespace

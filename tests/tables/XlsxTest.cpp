@@ -80,9 +80,9 @@ TEST(Xlsx, CountsDaysFrom1904WhereTheWorkbookDoes) {
 }
 
 TEST(Xlsx, ShowsAMergedCellInAllThatItCovers) {
-    const std::string rows =
-        R"(<row r="1"><c r="A1"><v>1</v></c><c r="B1"><v>7</v></c></row><row r="2"><c r="A2"><v>2</v></c><c r="B2"><v>8</v></c>)"
-        R"(</row><row r="3"><c r="A3"><v>3</v></c></row><row r="9"><c r="C9"><v>4</v></c></row>)";
+    const std::string rows = R"(<row r="1"><c r="A1"><v>1</v></c><c r="B1"><v>7</v></c></row>)"
+                             R"(<row r="2"><c r="A2"><v>2</v></c><c r="B2"><v>8</v></c></row>)"
+                             R"(<row r="3"><c r="A3"><v>3</v></c></row><row r="9"><c r="C9"><v>4</v></c></row>)";
     const std::string merged = R"(<mergeCells><mergeCell ref="B1:C4"/><mergeCell ref="A9:B9"/></mergeCells>)";
     const auto read = readBytes(zipOf(xlsxParts({{"S", rows, merged}})), "a.xlsx");
     ASSERT_TRUE(read);

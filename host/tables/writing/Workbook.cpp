@@ -65,8 +65,9 @@ std::string escaped(const std::string& text) {
     for (std::size_t at = 0; at < text.size(); ++at) {
         const std::string_view rest = std::string_view(text).substr(at);
         const auto isDigit = [](unsigned char c) { return std::isxdigit(c) != 0; };
-        const bool likeEscape = rest.size() >= 7 && rest.starts_with("_x") && rest[6] == '_' &&
-                                std::all_of(rest.begin() + 2, rest.begin() + 6, isDigit);
+        // With the "_" of an escape behind it, four digits are enough.
+        const bool likeEscape =
+            rest.size() >= 6 && rest.starts_with("_x") && std::all_of(rest.begin() + 2, rest.begin() + 6, isDigit);
         if (likeEscape) result += "_x005F";
         if (text[at] == '\0') {
             result += "_x0000_";
