@@ -31,8 +31,9 @@ struct AskedUpdate {
 struct AskOptions {
     /// Empty cells ask for the empty text. Without it they ask for nothing.
     bool clearEmpty = false;
-    /// What `export` would write for the element's item now, nothing where it would leave it out. Called once for each
-    /// cell that holds something, line by line; must not change the model. Without it every cell is an update.
+    /// What `export` would write for the element's item now, nothing where it would leave it out. Called at most once
+    /// for each cell that may ask for something, line by line; must not change the model. Without it nothing is
+    /// compared with a model.
     std::function<std::optional<std::string>(std::string_view guid, std::string_view item)> current;
 };
 

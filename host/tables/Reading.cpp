@@ -16,8 +16,6 @@ namespace tables {
 namespace {
 
 constexpr std::array<std::string_view, 4> FormatNames{"csv", "tsv", "xlsx", "ods"};
-/// A table is no database: four times the largest sheet that the spreadsheet programs write.
-constexpr std::uintmax_t MostBytes = std::uintmax_t{1} << 30U;
 
 bool isText(Format format) {
     return format == Format::Csv || format == Format::Tsv;
@@ -95,6 +93,8 @@ std::optional<Format> parseFormat(std::string_view text) {
 }
 
 Result<ReadTable> readBytes(std::string_view bytes, const std::string& name, const ReadOptions& options) {
+    if (bytes.size() > options.mostBytes)
+        return Error{name + ": it is larger than " + std::to_string(options.mostBytes) + " bytes; split the table"};
     const auto stated = options.as ? options.as : parseFormat(std::filesystem::path(name).extension().string());
     Result<ReadTable> read = readAs(bytes, stated, options);
     if (!read) return Error{name + ": " + read.error().message};
@@ -113,7 +113,7 @@ Result<ReadTable> readFile(const std::filesystem::path& path, const ReadOptions&
     std::array<char, 65536> stretch{};
     while (file.read(stretch.data(), stretch.size()) || file.gcount() > 0) {
         bytes.append(stretch.data(), static_cast<std::size_t>(file.gcount()));
-        if (bytes.size() > MostBytes) return Error{name + ": it is larger than 1 GB; split the table"};
+        if (bytes.size() > options.mostBytes) break;
     }
     if (file.bad()) return Error{name + ": it cannot be read to its end"};
     return readBytes(bytes, name, options);

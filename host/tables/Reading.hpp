@@ -25,6 +25,7 @@ struct ReadOptions {
     std::optional<char> delimiter;  ///< Counts instead of what the content looks like.
     std::string encoding;           ///< As ICU knows it; empty: found by content.
     std::string sheet;              ///< Of a workbook; empty: the first that holds anything and is not "exported".
+    std::uint64_t mostBytes = std::uint64_t{1} << 30U;  ///< What is larger is refused: a table is no database.
 };
 
 /// A table, and how it was understood.

@@ -3,6 +3,8 @@
 #include "tables/Workbooks.hpp"
 #include "tables/reading/TableBuilder.hpp"
 
+#include "support/TempFolder.hpp"
+
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -91,6 +93,25 @@ TEST(Limits, AWorkbookThatUnpacksToFarTooMuchIsRefused) {
     EXPECT_EQ(inTime([&] { return errorOf(odsSheet(blanks), "a.ods"); }),
               "a.ods: the workbook unpacks to more than 67108864 bytes, which no honest one of its size does; do not "
               "trust it");
+}
+
+TEST(Limits, AWorkbookMayUnpackToSixtyFourMillionBytesWhateverItsSize) {
+    const std::string cell = R"(<row r="1"><c r="A1"><v>1</v></c></row>)";
+    EXPECT_EQ(shownOf(xlsxOf(cell + std::string(67'000'000, ' ')), "a.xlsx"), "1: 1");
+}
+
+TEST(Limits, AFileMayBeAsLargeAsIsSaid) {
+    const std::string bytes = "GUID,A\n";
+    ReadOptions options;
+    options.mostBytes = bytes.size();
+    EXPECT_EQ(errorOf(bytes, "a.csv", options), "no error");
+    options.mostBytes = bytes.size() - 1;
+    EXPECT_EQ(errorOf(bytes, "a.csv", options), "a.csv: it is larger than 6 bytes; split the table");
+    const testing_support::TempFolder folder;
+    const auto path = folder.write("a.csv", bytes);
+    EXPECT_EQ(readFile(path, options).error().message, path.string() + ": it is larger than 6 bytes; split the table");
+    options.mostBytes = bytes.size();
+    EXPECT_TRUE(readFile(path, options));
 }
 
 TEST(Limits, AnEndlessTagIsRefusedSoon) {
