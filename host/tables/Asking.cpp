@@ -71,10 +71,16 @@ public:
             const auto guid = guidOf(row, 0, guidTitle_);
             if (!guid) continue;
             const std::uint32_t element = collector_.elementNumber(*guid);
+            if (element < elements_) again_.push_back(row.line);
+            elements_ = std::max(elements_, element + 1);
             for (const Column& column : columns_) readCell(row, *guid, element, column);
         }
         Asked asked = collector_.finish();
         asked.layout = Layout::Grid;
+        if (!again_.empty())
+            asked.notes.push_back(counted(again_.size(), "line") +
+                                  " with the GUID of a line above, the first is line " +
+                                  std::to_string(again_.front()));
         return asked;
     }
 
@@ -104,6 +110,8 @@ private:
     ExportedValues exported_;
     std::string guidTitle_;
     std::vector<Column> columns_;
+    std::uint32_t elements_ = 0;        ///< So far.
+    std::vector<std::uint32_t> again_;  ///< Lines of elements that had one already.
 };
 
 class LongReader : Reader {

@@ -80,7 +80,8 @@ TEST(Grid, TellsOfColumnsWithoutName) {
 
 TEST(Grid, TakesAValueThatIsAskedForTwiceOnce) {
     EXPECT_EQ(askedOf("GUID,A,A\n" + D + ",1,1\n" + D + ",1,\n", "a.csv"),
-              D + " A (none)->1\nline 2 A: another column asks for the same\nline 3 A: line 2 asks for the same\n");
+              D + " A (none)->1\nline 2 A: another column asks for the same\nline 3 A: line 2 asks for the same\n"
+                  "1 line with the GUID of a line above, the first is line 3\n");
 }
 
 TEST(Grid, LeavesOutBothOfTwoDifferentValues) {
@@ -89,11 +90,13 @@ TEST(Grid, LeavesOutBothOfTwoDifferentValues) {
                   "line 2 A: two columns of this name ask for different values; keep one of them\n");
     EXPECT_EQ(askedOf("GUID,A\n" + D + ",1\n" + W + ",1\n" + D + ",2\n", "a.csv"),
               W + " A (none)->1\nline 2 A: line 4 asks for another value of the same item; keep one of the two\n"
-                  "line 4 A: line 2 asks for another value of the same item; keep one of the two\n");
+                  "line 4 A: line 2 asks for another value of the same item; keep one of the two\n"
+                  "1 line with the GUID of a line above, the first is line 4\n");
 }
 
 TEST(Grid, TakesTheEditedOneOfTwoLinesOfAnElement) {
-    EXPECT_EQ(askedOf("GUID,A\n" + D + ",1\n" + D + ",2\n", "a.csv", holding({{{D, "A"}, "1"}})), D + " A (none)->2\n");
+    EXPECT_EQ(askedOf("GUID,A\n" + D + ",1\n" + D + ",2\n", "a.csv", holding({{{D, "A"}, "1"}})),
+              D + " A (none)->2\n1 line with the GUID of a line above, the first is line 3\n");
 }
 
 TEST(Grid, CountsCellsWithTabsAndLineEnds) {

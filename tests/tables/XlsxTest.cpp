@@ -50,6 +50,7 @@ INSTANTIATE_TEST_SUITE_P(
         GoodCell{"a negative zero", R"(<c r="A1"><v>-0</v></c>)", "0"},
         GoodCell{"true", R"(<c r="A1" t="b"><v>1</v></c>)", "true"},
         GoodCell{"false", R"(<c r="A1" t="b"><v>0</v></c>)", "false"},
+        GoodCell{"false by its name", R"(<c r="A1" t="b"><v>false</v></c>)", "false"},
         GoodCell{"an error", R"(<c r="A1" t="e"><v>#N/A</v></c>)", "#N/A"},
         GoodCell{"a formula's number", R"(<c r="A1"><f>1+2</f><v>3</v></c>)", "3"},
         GoodCell{"a formula's text", R"(<c r="A1" t="str"><f>"a"</f><v>a</v></c>)", "a"},

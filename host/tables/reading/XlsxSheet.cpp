@@ -133,7 +133,7 @@ void SheetReader::endCell() {
     if (type_ == "s")
         addShared();
     else if (type_ == "b")
-        addText(CellKind::Truth, value_ == "0" ? "false" : "true");
+        addText(CellKind::Truth, value_ == "0" || value_ == "false" ? "false" : "true");
     else if (type_ == "e")
         addText(CellKind::Fault, value_);
     else if (type_ == "str" || type_ == "inlineStr")
