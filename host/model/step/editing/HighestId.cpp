@@ -17,7 +17,10 @@ public:
 
     /// Every '#' with digits behind it.
     void everywhere(std::uint64_t begin, std::uint64_t end) {
-        while ((begin = bytes_.find('#', begin)) < end) {
+        // No further than the end: looking for the next '#' behind each of many short sections would pass over the
+        // rest of the file each time.
+        const std::string_view part = bytes_.substr(0, end);
+        while ((begin = part.find('#', begin)) != std::string_view::npos) {
             note(bytes_.data() + begin);
             ++begin;
         }

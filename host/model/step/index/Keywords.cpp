@@ -2,7 +2,14 @@
 
 #include "model/step/syntax/Characters.hpp"
 
+#include <unistd.h>
+
 namespace model::step {
+
+Keywords::Keywords() : table_(512) {
+    // Should the system have no random bytes, the place in memory is hard to foresee, too.
+    if (::getentropy(&key_, sizeof key_) != 0) key_ = reinterpret_cast<std::uintptr_t>(table_.data());
+}
 
 KeywordCode Keywords::add(std::string_view spelling) {
     const std::string upper = toUpperCase(spelling);

@@ -15,7 +15,7 @@ namespace model::step {
 
 class Keywords {
 public:
-    Keywords() : table_(512) {}
+    Keywords();
 
     /// The code of a keyword, in any case; a new one where it is not known yet. @return NoKeyword where all 65,535
     /// codes are used up: such an instance is read and kept like a complex one.
@@ -48,23 +48,23 @@ private:
         return bytes;
     }
 
-    static std::uint64_t hash(std::string_view text) {
+    static std::uint64_t mixed(std::uint64_t a, std::uint64_t b) {
+        __extension__ using Wide = unsigned __int128;
+        const Wide product = static_cast<Wide>(a) * b;
+        return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64U);
+    }
+
+    /// Keyed: with a fixed function somebody could make a file whose keywords all meet in one place of the table, and
+    /// each of its instances would walk past all of them.
+    std::uint64_t hash(std::string_view text) const {
         constexpr std::uint64_t Factor = 0x9E3779B97F4A7C15U;
-        std::uint64_t sum = text.size() * Factor;
-        const auto mix = [&sum](std::uint64_t bytes) {
-            sum = (sum ^ bytes) * Factor;
-            sum ^= sum >> 29U;
-        };
+        std::uint64_t sum = key_ ^ text.size() * Factor;
         const std::size_t size = text.size();
-        for (std::size_t at = 0; at + 8 < size; at += 8) mix(word(text.data() + at));
-        if (size >= 8) {
-            mix(word(text.data() + size - 8));
-        } else {
-            std::uint64_t bytes = 0;
-            for (const char c : text) bytes = bytes << 8U | static_cast<unsigned char>(c);
-            mix(bytes);
-        }
-        return sum;
+        for (std::size_t at = 0; at + 8 < size; at += 8) sum = mixed(sum ^ word(text.data() + at), Factor ^ key_);
+        if (size >= 8) return mixed(sum ^ word(text.data() + size - 8), Factor ^ key_);
+        std::uint64_t bytes = 0;
+        for (const char c : text) bytes = bytes << 8U | static_cast<unsigned char>(c);
+        return mixed(sum ^ bytes, Factor ^ key_);
     }
 
     static bool equal(const char* a, const char* b, std::size_t size) {
@@ -91,6 +91,7 @@ private:
 
     std::vector<Entry> table_;  ///< Open addressing; its size is a power of two, at most half is used.
     std::size_t used_ = 0;
+    std::uint64_t key_;                  ///< Of the hash; another one in each table.
     std::deque<std::string> names_;      ///< By code, upper case.
     std::deque<std::string> spellings_;  ///< Owns what the table points to.
 };

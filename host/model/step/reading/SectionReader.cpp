@@ -24,6 +24,15 @@ bool startsIgnoringCase(std::string_view text, std::string_view start) {
 
 constexpr std::ptrdiff_t Stretch = std::ptrdiff_t{16} << 20U;  ///< Swept between two reports of progress.
 
+/// A file with an open string or two stays far below; a hundredth of a second is lost until the rule changes.
+constexpr std::uint64_t MostReadInVain = std::uint64_t{16} << 20U;
+
+bool skipSemicolon(Cursor& cursor) {
+    if (!skipBlanks(cursor) || !cursor.sees(';')) return false;
+    ++cursor.at;
+    return true;
+}
+
 }  // namespace
 
 SectionReader::SectionReader(Index& target, const Progress& function)
@@ -61,10 +70,7 @@ bool SectionReader::readPart() {
         endTruncated("END-ISO-10303-21 is missing");
         return false;
     }
-    if (!readSection(name)) {
-        cursor_.at = at;
-        passToSemicolon("unexpected text outside the sections");
-    }
+    if (!readSection(name)) passToSemicolon(at, "unexpected text outside the sections");
     return true;
 }
 
@@ -108,9 +114,11 @@ void SectionReader::readHeader() {
 void SectionReader::readHeaderEntry(std::string_view keyword) {
     const char* begin = cursor_.at - keyword.size();
     std::vector<Value> arguments;
-    if (keyword.empty() || !skipBlanks(cursor_) || !scanList(cursor_, &arguments) || !passSemicolon()) {
-        cursor_.at = begin;
-        passToSemicolon("a malformed entry of the header");
+    const auto scan = [&arguments](Cursor& cursor) {
+        return skipBlanks(cursor) && scanList(cursor, &arguments) && skipSemicolon(cursor);
+    };
+    if (keyword.empty() || !scanHere(scan, [this](const char* at) { return behindSemicolon(at); })) {
+        passToSemicolon(begin, "a malformed entry of the header");
         return;
     }
     if (!equalIgnoringCase(keyword, "FILE_SCHEMA") || arguments.empty()) return;
@@ -141,22 +149,33 @@ void SectionReader::readLinks(std::string_view keyword) {
 void SectionReader::skipLinkToken() {
     // URIs and strings may hold any of the characters that mean something elsewhere, but here no line ends: a quote or
     // a bracket without its counterpart must not swallow the section's end.
-    const char closing = cursor_.sees('<') ? '>' : cursor_.sees('\'') ? '\'' : '\0';
-    const char* at = ++cursor_.at;
-    if (closing == '\0') return;
-    while (!cursor_.atEnd() && !isLineEnd(*cursor_.at) && !cursor_.sees(closing)) ++cursor_.at;
-    cursor_.at = cursor_.sees(closing) ? cursor_.at + 1 : at;
+    const char opening = *cursor_.at;
+    ++cursor_.at;
+    if (opening != '<' && opening != '\'') return;
+    const char closing = opening == '<' ? '>' : '\'';
+    const char*& noneUntil = opening == '<' ? noBracketUntil_ : noQuoteUntil_;
+    if (noneUntil != nullptr && cursor_.at < noneUntil) return;
+    const char* at = cursor_.at;
+    while (at != cursor_.end && !isLineEnd(*at) && *at != closing) ++at;
+    if (at != cursor_.end && *at == closing)
+        cursor_.at = at + 1;
+    else
+        noneUntil = at;
 }
 
 void SectionReader::readSignature() {
     // Base-64 text, which has no tokens: "/" and "+" in it begin neither comment nor number.
     index_.signedFile = true;
     const char* begin = cursor_.at;
-    for (; !cursor_.atEnd(); ++cursor_.at) {
-        if (!startsIgnoringCase({cursor_.at, static_cast<std::size_t>(cursor_.end - cursor_.at)}, "ENDSEC")) continue;
+    while (!cursor_.atEnd()) {
+        if (!startsIgnoringCase({cursor_.at, static_cast<std::size_t>(cursor_.end - cursor_.at)}, "ENDSEC")) {
+            ++cursor_.at;
+            continue;
+        }
         cursor_.at += 6;
-        if (passSemicolon()) return;
+        if (skipSemicolon(cursor_)) return;
     }
+    cursor_.problem = nullptr;
     remark(begin, "ENDSEC of the section SIGNATURE is missing");
 }
 
@@ -172,15 +191,44 @@ void SectionReader::readRestOfFile() {
 void SectionReader::passMalformed(const char* begin, const std::string& what) {
     remark(begin, what);
     malformed_ = true;
-    cursor_.problem = nullptr;
-    cursor_.at = nextStatement(begin, cursor_.end);
+    goOnAt(nextStart(begin));
 }
 
-void SectionReader::passToSemicolon(const std::string& what) {
-    remark(cursor_.at, what);
+void SectionReader::passToSemicolon(const char* begin, const std::string& what) {
+    remark(begin, what);
+    goOnAt(behindSemicolon(begin));
+}
+
+void SectionReader::goOnAt(const char* next) {
+    if (cursor_.at > next) readInVain_ += static_cast<std::uint64_t>(cursor_.at - next);
+    if (readInVain_ > MostReadInVain) byLayout_ = true;
+    cursor_.at = next;
     cursor_.problem = nullptr;
-    const std::size_t found = index_.bytes.find(';', offset(cursor_.at));
-    cursor_.at = found == std::string_view::npos ? cursor_.end : index_.bytes.data() + found + 1;
+}
+
+const char* SectionReader::nextStart(const char* begin) {
+    // The same for all places before it, and asked for again and again where what is sound does not show by layout.
+    if (nextStart_ == nullptr || begin < nextStartFrom_ || begin >= nextStart_) {
+        nextStartFrom_ = begin;
+        nextStart_ = nextStatement(begin, cursor_.end);
+    }
+    return nextStart_;
+}
+
+const char* SectionReader::behindSemicolon(const char* begin) const {
+    const std::size_t found = index_.bytes.find(';', offset(begin));
+    return found == std::string_view::npos ? cursor_.end : index_.bytes.data() + found + 1;
+}
+
+template <class Scan, class Limit>
+bool SectionReader::scanHere(const Scan& scan, const Limit& limit) {
+    if (!byLayout_) return scan(cursor_);
+    const char* end = limit(cursor_.at);
+    Cursor bounded({cursor_.at, static_cast<std::size_t>(end - cursor_.at)});
+    const bool sound = scan(bounded);
+    cursor_.at = bounded.at;
+    cursor_.problem = bounded.problem;
+    return sound;
 }
 
 void SectionReader::endTruncated(const std::string& what) {
@@ -200,13 +248,13 @@ std::string_view SectionReader::word() {
 }
 
 bool SectionReader::passSemicolon() {
-    const char* at = cursor_.at;
-    if (skipBlanks(cursor_) && cursor_.sees(';')) {
-        ++cursor_.at;
-        return true;
-    }
-    cursor_.at = at;
-    cursor_.problem = nullptr;
+    const char* begin = cursor_.at;
+    const auto blanksEnd = [this](const char* at) {
+        while (at != cursor_.end && isBlank(*at)) ++at;
+        return at == cursor_.end ? at : at + 1;
+    };
+    if (scanHere(skipSemicolon, blanksEnd)) return true;
+    goOnAt(begin);
     return false;
 }
 
@@ -221,8 +269,11 @@ bool SectionReader::reportProgress() {
 void SectionReader::readData() {
     section_ = {offset(cursor_.at), offset(cursor_.at), offset(cursor_.at)};
     const char* begin = cursor_.at;
-    const bool listed = skipBlanks(cursor_) && (!cursor_.sees('(') || scanList(cursor_, nullptr));
-    if (!listed || !passSemicolon()) passMalformed(begin, "the beginning of the section DATA is malformed");
+    const auto scan = [](Cursor& cursor) {
+        return skipBlanks(cursor) && (!cursor.sees('(') || scanList(cursor, nullptr)) && skipSemicolon(cursor);
+    };
+    if (!scanHere(scan, [this](const char* at) { return nextStart(at); }))
+        passMalformed(begin, "the beginning of the section DATA is malformed");
     noteSound();
     while (reportProgress()) {
         const char* limit = cursor_.at + std::min(Stretch, cursor_.end - cursor_.at);
@@ -295,7 +346,8 @@ bool SectionReader::closeData(const char* at) {
 void SectionReader::readInstance() {
     const char* begin = cursor_.at;
     InstanceHead head;
-    if (!scanInstance(cursor_, head, nullptr)) {
+    const auto scan = [&head](Cursor& cursor) { return scanInstance(cursor, head, nullptr); };
+    if (!scanHere(scan, [this](const char* at) { return nextStart(at); })) {
         const std::string name = head.id == 0 ? "an instance" : "the instance #" + std::to_string(head.id);
         passMalformed(begin, name + " is malformed: " + cursor_.problem + "; it is kept as it is and not used");
         return;

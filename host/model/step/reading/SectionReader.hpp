@@ -50,14 +50,25 @@ private:
 
     /// Reports what is wrong at `begin` and goes on where an instance or the end of the section seems to begin.
     void passMalformed(const char* begin, const std::string& what);
-    void passToSemicolon(const std::string& what);
+    /// Reports what is wrong at `begin` and goes on behind the next semicolon.
+    void passToSemicolon(const char* begin, const std::string& what);
     void endTruncated(const std::string& what);
+
+    /// Goes on at `next`. What was read beyond it was read in vain; with too much of that, byLayout_ begins.
+    void goOnAt(const char* next);
+    /// nextStatement() behind `begin`.
+    const char* nextStart(const char* begin);
+    const char* behindSemicolon(const char* begin) const;
+    /// Runs `scan`, a function of a Cursor, from here on; byLayout_, no further than `limit` of here.
+    template <class Scan, class Limit>
+    bool scanHere(const Scan& scan, const Limit& limit);
     void remark(const char* at, std::string message) { index_.remark(offset(at), std::move(message)); }
     bool onlyZerosLeft() const {
         return index_.bytes.find_first_not_of('\0', offset(cursor_.at)) == std::string_view::npos;
     }
     /// The word here, "END-ISO-10303-21" for one. Empty where there is none.
     std::string_view word();
+    /// Passes blanks, comments and a semicolon, or nothing.
     bool passSemicolon();
     std::uint64_t offset(const char* at) const { return static_cast<std::uint64_t>(at - index_.bytes.data()); }
     bool reportProgress();
@@ -69,6 +80,16 @@ private:
     bool malformed_ = false;  ///< Since the last sound instance.
     bool ended_ = false;      ///< END-ISO-10303-21 was read.
     bool cancelled_ = false;  ///< By the progress function.
+
+    std::uint64_t readInVain_ = 0;  ///< Bytes that will be read again.
+    /// In a file that is broken throughout, each of many statements may seem to reach to its end, which reading them
+    /// one after the other would take time with the square of their number. From then on a statement ends where, by
+    /// its layout, the next one begins, even inside what may be a string.
+    bool byLayout_ = false;
+    const char* nextStartFrom_ = nullptr;  ///< Behind which nextStart_ was looked for.
+    const char* nextStart_ = nullptr;
+    const char* noBracketUntil_ = nullptr;  ///< In ANCHOR and REFERENCE: before here, no '>' closes a '<',
+    const char* noQuoteUntil_ = nullptr;    ///< and no quote a string.
 };
 
 }  // namespace model::step

@@ -11,17 +11,32 @@ std::string_view rest(const Cursor& cursor) {
     return {cursor.at, static_cast<std::size_t>(cursor.end - cursor.at)};
 }
 
-bool skipComment(Cursor& cursor) {
+constexpr const char* CommentNotClosed = "a comment is not closed";
+
+/// Looks up the end of the comment that begins here. @return false where it has none.
+bool findCommentEnd(Cursor& cursor) {
+    if (cursor.unclosedFrom != nullptr && cursor.at >= cursor.unclosedFrom) return false;
     const bool known = cursor.commentSearchedFrom != nullptr && cursor.at >= cursor.commentSearchedFrom &&
-                       (cursor.commentEnd == nullptr || cursor.at + 2 <= cursor.commentEnd);
-    if (!known) {
-        const std::size_t found = rest(cursor).find("*/", 2);
-        cursor.commentSearchedFrom = cursor.at;
-        cursor.commentEnd = found == std::string_view::npos ? nullptr : cursor.at + found;
+                       cursor.at + 2 <= cursor.commentEnd;
+    if (known) return true;
+    const std::size_t found = rest(cursor).find("*/", 2);
+    if (found == std::string_view::npos) {
+        cursor.unclosedFrom = cursor.at;
+        return false;
     }
-    if (cursor.commentEnd == nullptr) return cursor.fail("a comment is not closed");
+    cursor.commentSearchedFrom = cursor.at;
+    cursor.commentEnd = cursor.at + found;
+    return true;
+}
+
+bool skipComment(Cursor& cursor) {
+    if (!findCommentEnd(cursor)) return cursor.fail(CommentNotClosed);
     cursor.at = cursor.commentEnd + 2;
     return true;
+}
+
+bool passesInVain(const Cursor& cursor) {
+    return cursor.blanksInVainFrom != nullptr && cursor.at >= cursor.blanksInVainFrom;
 }
 
 bool seesPrintDirective(std::string_view text) {
@@ -157,11 +172,17 @@ std::string_view trimmed(const char* begin, const char* end) {
 }  // namespace
 
 bool skipBlanks(Cursor& cursor) {
+    const char* firstCommentEnd = nullptr;
     while (!cursor.atEnd()) {
         if (isBlank(*cursor.at)) {
             ++cursor.at;
         } else if (*cursor.at == '/' && rest(cursor).starts_with("/*")) {
-            if (!skipComment(cursor)) return false;
+            if (!skipComment(cursor)) {
+                if (firstCommentEnd != nullptr) cursor.blanksInVainFrom = firstCommentEnd;
+                return false;
+            }
+            if (passesInVain(cursor)) return cursor.fail(CommentNotClosed);
+            if (firstCommentEnd == nullptr) firstCommentEnd = cursor.at;
         } else if (*cursor.at == '\\' && seesPrintDirective(rest(cursor))) {
             cursor.at += 3;
         } else {
@@ -175,7 +196,10 @@ bool skipString(Cursor& cursor) {
     const char* from = cursor.at + 1;
     for (;;) {
         const void* found = std::memchr(from, '\'', static_cast<std::size_t>(cursor.end - from));
-        if (found == nullptr) return cursor.fail("a string is not closed");
+        if (found == nullptr) {
+            cursor.at = cursor.end;
+            return cursor.fail("a string is not closed");
+        }
         from = static_cast<const char*>(found) + 1;
         if (from == cursor.end || *from != '\'') break;
         ++from;

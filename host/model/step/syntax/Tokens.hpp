@@ -25,16 +25,20 @@ struct Cursor {
         return false;
     }
 
-    /// The end of the comment last looked up and where the search began: a broken file can make the same far-away end
-    /// the answer for each of its lines, and looking it up anew each time would take quadratic time.
-    const char* commentSearchedFrom = nullptr;
-    const char* commentEnd = nullptr;
+    // What was found out about comments, null for nothing yet. A broken file can make the same far-away end the answer
+    // for each of its lines; looking it up anew each time would take time with the square of their number.
+    const char* commentSearchedFrom = nullptr;  ///< Where the last search began,
+    const char* commentEnd = nullptr;           ///< and the end that it found.
+    const char* unclosedFrom = nullptr;         ///< No comment that begins here or later is closed.
+    /// From here on only blanks and comments stand before one that is not closed: passing them is in vain.
+    const char* blanksInVainFrom = nullptr;
 };
 
 /// Passes what may stand between any two tokens: blanks, comments and the print control directives \N\ and \F\.
 /// @return false where a comment is not closed; the cursor stands before it.
 bool skipBlanks(Cursor& cursor);
 /// Passes the string that begins here. Its end is told by apostrophes alone, whatever code page its bytes are in.
+/// @return false where it is not closed; all up to the end was then looked at.
 bool skipString(Cursor& cursor);
 /// Passes "( ... )" without looking at what the elements are.
 bool skipGroup(Cursor& cursor);
