@@ -1,6 +1,12 @@
 #pragma once
 // The building model as a host's services see it: elements with attributes, properties and classification references,
 // read from an IFC file and written back into it.
+//
+// Threads. A model belongs to one thread at a time, for reading too: const functions fill caches, and nothing guards
+// these. open and fromBytes may run on any thread, several at once for different models. Who opens a model may read it
+// and then hands it over: the next thread may touch it once the former has been joined. OpenOptions::progress and
+// SaveOptions::progress are called on the thread that opens or saves. Commands and edits run on the user's thread,
+// since the add-on does.
 
 #include "model/base/FileOptions.hpp"
 #include "model/base/GlobalId.hpp"

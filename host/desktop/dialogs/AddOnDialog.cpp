@@ -30,9 +30,9 @@ QString withoutShortcut(QString text) {
 
 }  // namespace
 
-AddOnDialog::AddOnDialog(frontend::Dialog& shown, QWidget* parent)
+AddOnDialog::AddOnDialog(frontend::Dialog& dialog, QWidget* parent)
     : QDialog(parent),
-      dialog_(shown),
+      dialog_(dialog),
       canvas_(new QWidget(this)),
       notice_(new QLabel(this)),
       hintBar_(new HintBar(this)) {

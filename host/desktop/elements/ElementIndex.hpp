@@ -23,7 +23,7 @@ struct StoreyInfo {
     std::uint32_t elementCount = 0;
 };
 
-/// Plain data: may be built on another thread than the one that uses it.
+/// Plain data: built on the thread that has opened the model, used on the user's once that one has ended.
 class ElementIndex {
 public:
     explicit ElementIndex(const model::Model& model);

@@ -2,6 +2,8 @@
 
 #include "desktop/QtText.hpp"
 
+#include <QThread>
+
 namespace desktop {
 
 Document::Document(host::Host& host, QObject* parent) : QObject(parent), host_(host) {}
@@ -25,6 +27,13 @@ void Document::close() {
     path_.clear();
     Q_EMIT replaced();
     Q_EMIT fileChanged();
+}
+
+model::Model* Document::model() const {
+    // Two threads in one model spoil its caches, and with them what is saved. So this is looked at in release builds
+    // too.
+    if (QThread::currentThread() != thread()) qFatal("The open model belongs to the user's thread");
+    return host_.model();
 }
 
 model::Status Document::save(const QString& path, bool force, const model::Progress& progress) {

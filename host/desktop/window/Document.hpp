@@ -10,6 +10,9 @@
 namespace desktop {
 
 /// The model that is open, its file and its index. Knows no window.
+///
+/// It lives on the user's thread, and so does the model from `adopt` on: even reading a model fills its caches. A
+/// thread that has read the model from its file must have ended by then.
 class Document : public QObject {
     Q_OBJECT
 
@@ -32,8 +35,8 @@ public:
     /// The program that has the file open for editing, so that the model can be saved under another name only. Empty
     /// where there is none.
     QString lockHolder() const;
-    /// Null where none is open.
-    model::Model* model() const { return host_.model(); }
+    /// Null where none is open. Ends the program where another thread than the user's asks.
+    model::Model* model() const;
     const ElementIndex* index() const { return index_.get(); }
 
     void undo();

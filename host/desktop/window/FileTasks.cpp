@@ -77,7 +77,7 @@ std::optional<model::Result<Document::Opened>> openWithProgress(QWidget* window,
     poll.start(PollMs);
     worker->start();
     loop.exec();
-    worker->wait();
+    worker->wait();  // hands the model over: what the worker has cached is seen here
     if (cancelled) return std::nullopt;
     return result;
 }

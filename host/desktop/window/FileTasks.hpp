@@ -7,7 +7,8 @@ class QWidget;
 
 namespace desktop {
 
-/// Reads a model on a thread of its own: reading is plain work on the file, and the window stays alive meanwhile.
+/// Reads a model and makes its index on a thread of its own, so that the window stays alive. That thread has ended when
+/// this returns: from here on the model is the user's thread's.
 /// @return nothing where the user cancelled.
 std::optional<model::Result<Document::Opened>> openWithProgress(QWidget* window, const QString& path);
 
