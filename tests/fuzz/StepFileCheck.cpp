@@ -64,6 +64,7 @@ void edit(StepFile& file) {
             (void)file.removeReferences(slot, number, referenceId(elements[0]));
     }
     (void)file.append("NEW('1',$)", neighbour);
+    (void)file.insertBehind("NEW('3',$)", neighbour);
     (void)file.append("NEW('2',$)", NoSlot);
 }
 

@@ -2,6 +2,8 @@
 
 #include "step/StepText.hpp"
 
+#include <random>
+
 namespace step_tests {
 namespace {
 
@@ -68,6 +70,121 @@ INSTANTIATE_TEST_SUITE_P(
         Addition{"InFrontOfMalformedText", header + "DATA;\n#1=A();\n#2=C('x;\nENDSEC;\nEND-ISO-10303-21;\n",
                  header + "DATA;\n#1=A();\n#3=B('x');\n#2=C('x;\nENDSEC;\nEND-ISO-10303-21;\n"}),
     [](const auto& row) { return std::string(row.param.name); });
+
+class Inserting : public ::testing::TestWithParam<Addition> {};
+
+TEST_P(Inserting, GoesRightBehindTheOriginal) {
+    Editing edit(GetParam().before);
+    ASSERT_TRUE(edit.insertBehind("B('x')", 1));
+    EXPECT_EQ(edit.file->bytes(), GetParam().after);
+    EXPECT_TRUE(edit.file->modified());
+    ASSERT_TRUE(edit.file->undo());
+    EXPECT_EQ(edit.file->bytes(), GetParam().before);
+    EXPECT_FALSE(edit.file->modified());
+    ASSERT_TRUE(edit.file->redo());
+    EXPECT_EQ(edit.file->bytes(), GetParam().after);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Places, Inserting,
+    ::testing::Values(
+        Addition{"LineFeeds", fileOf("#1=A();\n#2=C();\n"), fileOf("#1=A();\n#3=B('x');\n#2=C();\n")},
+        Addition{"TheLineEndOfTheOriginal", fileOf("#1=A();\r\n#2=C();\n"), fileOf("#1=A();\r\n#3=B('x');\r\n#2=C();\n")},
+        Addition{"CarriageReturns", fileOf("#1=A();\r#2=C();\r"), fileOf("#1=A();\r#3=B('x');\r#2=C();\r")},
+        Addition{"Blanks", fileOf(" #1=A(); \t\n  #2=C();\n"), fileOf(" #1=A(); \t\n#3=B('x');\n  #2=C();\n")},
+        Addition{"ACommentStaysWithTheOriginal", fileOf("#1=A(); /* a */ /* b */\n#2=C();\n"),
+                 fileOf("#1=A(); /* a */ /* b */\n#3=B('x');\n#2=C();\n")},
+        Addition{"ACommentOverLinesStaysWithTheNext", fileOf("#1=A(); /* a\n */\n#2=C();\n"),
+                 fileOf("#1=A();#3=B('x'); /* a\n */\n#2=C();\n")},
+        Addition{"SeveralOnALine", fileOf("#1=A(); #2=C();\n"), fileOf("#1=A();#3=B('x'); #2=C();\n")},
+        Addition{"OverLines", fileOf("#1=\nA()\n;\n#2=C();\n"), fileOf("#1=\nA()\n;\n#3=B('x');\n#2=C();\n")},
+        Addition{"OneLine", "ISO-10303-21;HEADER;ENDSEC;DATA;#1=A();#2=C();ENDSEC;END-ISO-10303-21;",
+                 "ISO-10303-21;HEADER;ENDSEC;DATA;#1=A();#3=B('x');#2=C();ENDSEC;END-ISO-10303-21;"},
+        Addition{"TheLastOfItsSection", fileOf("#2=C();\n#1=A();\n"), fileOf("#2=C();\n#1=A();\n#3=B('x');\n")},
+        Addition{"TheSecondOfTwoSections",
+                 header + "DATA;\n#5=C();\nENDSEC;\nDATA;\n#1=A();\n#2=D();\nENDSEC;\nEND-ISO-10303-21;\n",
+                 header + "DATA;\n#5=C();\nENDSEC;\nDATA;\n#1=A();\n#6=B('x');\n#2=D();\nENDSEC;\nEND-ISO-10303-21;\n"},
+        Addition{"FileCutInALine", header + "DATA;\n#1=A();", header + "DATA;\n#1=A();\n#2=B('x');"},
+        Addition{"InFrontOfMalformedText", fileOf("#1=A();#2=C('x;\n"), fileOf("#1=A();#3=B('x');#2=C('x;\n")},
+        Addition{"InFrontOfWhatCannotTakeMore", header + "DATA;\n#1=A(); /* a */\n#2=C('x",
+                 header + "DATA;\n#1=A();\n#3=B('x'); /* a */\n#2=C('x"}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST(InsertedInstances, StandInTheOrderTheyWereMadeIn) {
+    Editing edit(fileOf("#1=A();\n#2=C();\n"));
+    ASSERT_TRUE(edit.insertBehind("B(3)", 1));
+    ASSERT_TRUE(edit.append("B(4)", 1));
+    ASSERT_TRUE(edit.insertBehind("B(5)", 1));
+    ASSERT_TRUE(edit.insertBehind("B(6)", 2));
+    EXPECT_EQ(dataOf(edit.file->bytes()), "#1=A();\n#3=B(3);\n#5=B(5);\n#2=C();\n#6=B(6);\n#4=B(4);\n");
+}
+
+TEST(InsertedInstances, StandBehindNewOnesToo) {
+    Editing edit(fileOf("#1=A();\n#2=C();\n"));
+    ASSERT_TRUE(edit.insertBehind("B(3)", 1));
+    ASSERT_TRUE(edit.insertBehind("B(4)", 1));
+    ASSERT_TRUE(edit.insertBehind("B(5)", 3));
+    ASSERT_TRUE(edit.append("B(6)", 1));
+    ASSERT_TRUE(edit.append("B(7)", 1));
+    ASSERT_TRUE(edit.insertBehind("B(8)", 6));
+    ASSERT_TRUE(edit.insertBehind("B(9)", 8));
+    EXPECT_EQ(dataOf(edit.file->bytes()),
+              "#1=A();\n#3=B(3);\n#5=B(5);\n#4=B(4);\n#2=C();\n#6=B(6);\n#8=B(8);\n#9=B(9);\n#7=B(7);\n");
+    ASSERT_TRUE(edit.erase(3));
+    ASSERT_TRUE(edit.erase(1));
+    EXPECT_EQ(dataOf(edit.file->bytes()),
+              "#5=B(5);\n#4=B(4);\n#2=C();\n#6=B(6);\n#8=B(8);\n#9=B(9);\n#7=B(7);\n");
+}
+
+TEST(InsertedInstances, StandBetweenOthersThatChange) {
+    Editing edit(fileOf("#1=A(1);\n#2=C(2);\n#3=D();\n"));
+    ASSERT_TRUE(edit.insertBehind("B(4)", 1));
+    ASSERT_TRUE(edit.replace(1, 0, "'a'"));
+    ASSERT_TRUE(edit.replace(2, 0, "'c'"));
+    EXPECT_EQ(dataOf(edit.file->bytes()), "#1=A('a');\n#4=B(4);\n#2=C('c');\n#3=D();\n");
+    ASSERT_TRUE(edit.erase(2));
+    EXPECT_EQ(dataOf(edit.file->bytes()), "#1=A('a');\n#4=B(4);\n#3=D();\n");
+}
+
+/// Whatever was inserted where: slots are compared as their instances follow one another in the file.
+TEST(InsertedInstances, AreComparedAsTheyAreWritten) {
+    std::mt19937 random(7);  // NOLINT: the same order in each run
+    const std::string two = "DATA;\n#1=A();\n#2=A();\nENDSEC;\nDATA;\n#3=A();\n#4=A();\nENDSEC;\nEND-ISO-10303-21;\n";
+    for (int round = 0; round < 50; ++round) {
+        Editing edit(header + two);
+        for (InstanceId next = 5; next < 25; ++next) {
+            const InstanceId other = 1 + random() % (next - 1);
+            ASSERT_TRUE(random() % 3 == 0 ? edit.append("B()", other) : edit.insertBehind("B()", other));
+        }
+        const auto again = opened(edit.file->bytes());
+        ASSERT_EQ(again->slotCount(), 24U);
+        for (InstanceId a = 1; a < 25; ++a) {
+            for (InstanceId b = 1; b < 25; ++b) {
+                ASSERT_EQ(edit.file->before(edit.file->find(a), edit.file->find(b)), again->find(a) < again->find(b))
+                    << a << ", " << b << "\n"
+                    << edit.file->bytes();
+            }
+        }
+    }
+}
+
+TEST(InsertBehind, RefusesWhatAppendRefuses) {
+    Editing edit(fileOf("#1=A();\n"));
+    EXPECT_EQ(edit.file->insertBehind("B()", 0).error().kind, ErrorKind::Refused) << "outside a command";
+    EXPECT_THAT(edit.insertBehind("B('x)", 1).error().message, HasSubstr("malformed"));
+    EXPECT_THAT(edit.insertBehind("B()", 7).error().message, HasSubstr("no such instance"));
+}
+
+TEST(Room, IsWhatIdsAreLeft) {
+    Editing edit(fileOf("#9223372036854775804=A();\n"));
+    ASSERT_TRUE(edit.file->begin());
+    EXPECT_TRUE(edit.file->checkRoom(3));
+    EXPECT_THAT(edit.file->checkRoom(4).error().message, HasSubstr("no id left"));
+    for (int i = 0; i < 3; ++i) ASSERT_TRUE(edit.file->append("B()", 0));
+    EXPECT_TRUE(edit.file->checkRoom(0));
+    EXPECT_FALSE(edit.file->checkRoom(1));
+    EXPECT_FALSE(edit.file->append("B()", 0));
+}
 
 struct Highest {
     const char* name;

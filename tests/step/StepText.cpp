@@ -83,4 +83,8 @@ Result<Slot> Editing::append(std::string_view body, InstanceId neighbour) {
     return command([&] { return file->append(body, file->find(neighbour)); });
 }
 
+Result<Slot> Editing::insertBehind(std::string_view body, InstanceId original) {
+    return command([&] { return file->insertBehind(body, file->find(original)); });
+}
+
 }  // namespace step_tests

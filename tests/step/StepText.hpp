@@ -40,6 +40,7 @@ public:
     Status add(InstanceId id, std::size_t number, std::string_view element);
     Status erase(InstanceId id);
     Result<Slot> append(std::string_view body, InstanceId neighbour);
+    Result<Slot> insertBehind(std::string_view body, InstanceId original);
 
     std::unique_ptr<StepFile> file;
 

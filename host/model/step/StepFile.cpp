@@ -11,6 +11,14 @@ Error refused(InstanceId id, const std::string& why) {
     return {ErrorKind::Refused, "the instance #" + std::to_string(id) + " is not edited: " + why};
 }
 
+Error noSuchInstance() {
+    return {ErrorKind::Refused, "there is no such instance"};
+}
+
+Error noIdLeft() {
+    return {ErrorKind::Refused, "the file has no id left for a new instance"};
+}
+
 }  // namespace
 
 // --- What the file says of itself ---
@@ -39,6 +47,9 @@ Slot StepFile::find(InstanceId id) const {
 bool StepFile::present(Slot slot) const {
     return content_->changes.present(slot);
 }
+bool StepFile::isNew(Slot slot) const {
+    return content_->changes.isNew(slot);
+}
 InstanceId StepFile::id(Slot slot) const {
     return content_->changes.id(slot);
 }
@@ -56,6 +67,9 @@ std::size_t StepFile::keywordCount() const {
 }
 std::string_view StepFile::text(Slot slot) const {
     return content_->changes.text(slot);
+}
+bool StepFile::before(Slot a, Slot b) const {
+    return content_->changes.before(a, b);
 }
 bool StepFile::read(Slot slot, Instance& out) const {
     return splitInstance(text(slot), out);
@@ -75,7 +89,7 @@ bool StepFile::open() const {
 /// Whether the instance can be edited now. Its id must lead back to it: of a repeated one nobody knows which is meant.
 Status StepFile::Content::checkEditable(Slot slot) const {
     if (!changes.open()) return Error{ErrorKind::Refused, "a file is edited only inside a command"};
-    if (!changes.known(slot)) return Error{ErrorKind::Refused, "there is no such instance"};
+    if (!changes.known(slot)) return noSuchInstance();
     const InstanceId id = changes.id(slot);
     if (!changes.present(slot)) return refused(id, "it is no longer there");
     if (changes.find(id) != slot) return refused(id, "the file has several instances of this id");
@@ -105,18 +119,38 @@ Result<std::size_t> StepFile::removeReferences(Slot slot, std::size_t attributeI
     return refused(content_->changes.id(slot), "its list does not name #" + std::to_string(member));
 }
 
+/// Whether a new instance can be added, and its keyword.
+Result<KeywordCode> StepFile::Content::checkNew(std::string_view body) {
+    std::string_view keyword;
+    if (!changes.open()) return Error{ErrorKind::Refused, "a file is edited only inside a command"};
+    if (!isInstanceBody(body, keyword)) return Error{ErrorKind::Refused, "the new instance is malformed"};
+    if (index.sections.empty()) return Error{ErrorKind::Refused, "the file has no section DATA"};
+    return index.keywords.intern(keyword);
+}
+
 Result<Slot> StepFile::append(std::string_view body, Slot neighbour) {
     Content& parts = *content_;
-    std::string_view keyword;
-    if (!parts.changes.open()) return Error{ErrorKind::Refused, "a file is edited only inside a command"};
-    if (!isInstanceBody(body, keyword)) return Error{ErrorKind::Refused, "the new instance is malformed"};
-    if (parts.index.sections.empty()) return Error{ErrorKind::Refused, "the file has no section DATA"};
+    const Result<KeywordCode> code = parts.checkNew(body);
+    if (!code) return code.error();
     const bool known = parts.changes.known(neighbour);
     const auto last = static_cast<std::uint32_t>(parts.index.sections.size() - 1);
-    const KeywordCode code = parts.index.keywords.intern(keyword);
-    const Slot slot = parts.changes.append(body, code, known ? parts.changes.section(neighbour) : last);
-    if (slot == NoSlot) return Error{ErrorKind::Refused, "the file has no id left for a new instance"};
+    const Slot slot = parts.changes.append(body, *code, known ? parts.changes.section(neighbour) : last);
+    if (slot == NoSlot) return noIdLeft();
     return slot;
+}
+
+Result<Slot> StepFile::insertBehind(std::string_view body, Slot original) {
+    Content& parts = *content_;
+    const Result<KeywordCode> code = parts.checkNew(body);
+    if (!code) return code.error();
+    if (!parts.changes.known(original)) return noSuchInstance();
+    const Slot slot = parts.changes.insertBehind(body, *code, original);
+    if (slot == NoSlot) return noIdLeft();
+    return slot;
+}
+
+Status StepFile::checkRoom(std::size_t count) {
+    return content_->changes.hasRoomFor(count) ? Status{} : noIdLeft();
 }
 
 Status StepFile::erase(Slot slot) {

@@ -56,6 +56,7 @@ public:
     std::size_t slotCount() const;         ///< Slots are 0 to this; absent instances have theirs too. Grows only.
     Slot find(InstanceId id) const;        ///< NoSlot where there is none, or where the file has several of that id.
     bool present(Slot slot) const;         ///< False for an instance that is erased, or new and undone.
+    bool isNew(Slot slot) const;           ///< None of the file as opened. Their slots are the last ones.
     InstanceId id(Slot slot) const;        ///< Of an absent instance too: the id that it had.
     KeywordCode keyword(Slot slot) const;  ///< NoKeyword for a complex instance. No edit changes it.
     std::string_view keywordText(KeywordCode code) const;       ///< Upper case; empty for NoKeyword.
@@ -63,6 +64,9 @@ public:
     std::size_t keywordCount() const;                           ///< Codes are 0 to this.
     /// From '#' to ';'; of an absent instance empty. Valid until the instance is changed, by an undo too.
     std::string_view text(Slot slot) const;
+    /// Whether `a` stands before `b` in the file that would be saved, where undone instances have their places too.
+    /// Slots tell that of the instances of the file alone. Both must exist.
+    bool before(Slot a, Slot b) const;
     /// text() and splitInstance in one: the same validity.
     bool read(Slot slot, Instance& out) const;
 
@@ -85,6 +89,11 @@ public:
     /// those
     ///              in comments and dangling references included.
     Result<Slot> append(std::string_view body, Slot neighbour);
+    /// The same right behind `original`, which may be new itself, and behind what was inserted there before: on the
+    /// next line where the original ends its line, otherwise on the same one.
+    Result<Slot> insertBehind(std::string_view body, Slot original);
+    /// Whether so many instances can be added one after the other: for who would rather refuse than leave half of them.
+    Status checkRoom(std::size_t count);
     /// The instance becomes absent; what refers to it is the caller's to mend. Its id is not used again.
     Status erase(Slot slot);
 

@@ -33,6 +33,7 @@ struct StepFile::Content {
 
     Status checkEditable(Slot slot) const;
     Status edit(Slot slot, Result<std::string> newText);
+    Result<KeywordCode> checkNew(std::string_view body);
     Status save(const std::filesystem::path& path, const SaveOptions& options);
 
 private:

@@ -57,6 +57,9 @@ private:
     Status checkTexts() const;
     Status checkReadable(Slot reference) const;
     void fill(InstanceBuilder& reference, const std::string& source) const;
+    bool saysSource() const;
+    /// Whether source() will make one.
+    bool lacksSource();
     /// "#12", a classification that fits, made if there is none; "$" where nothing is said of it.
     Result<std::string> source();
     std::string relationPurpose() const { return "classification relation " + text::toUtf8(wanted_.system); }
@@ -85,12 +88,18 @@ Status ClassificationEditor::changeFirst(const std::vector<AssignedClassificatio
 }
 
 Status ClassificationEditor::change(const AssignedClassification& held) {
-    for (const Slot slot : {edit_.slot(), held.relation, held.reference}) {
+    for (const Slot slot : {edit_.slot(), held.reference}) {
         if (Status editable = edit_.check(slot); !editable) return editable;
     }
+    if (Status editable = edit_.checkRelation(held.relation); !editable) return editable;
     if (Status fits = checkTexts(); !fits) return fits;
     if (Status readable = checkReadable(held.reference); !readable) return readable;
     const bool isReference = work_.classes.of(held.reference).role == Role::ClassificationReference;
+    const bool isAlone = edit_.isAlone(held.relation);
+    const bool inPlace = isReference && isAlone && edit_.isUsedOnlyBy(held.reference, held.relation);
+    const bool otherSource = !sameSource(held.data, wanted_);
+    const std::size_t added = (otherSource && lacksSource() ? 1U : 0U) + (inPlace ? 0U : 1U) + (isAlone ? 0U : 1U);
+    if (Status room = edit_.checkRoom(added); !room) return room;
     std::string newSource = held.classification == step::NoSlot ? "$" : edit_.reference(held.classification);
     if (isReference) {
         // Not the classification itself but the chain that leads to it.
@@ -98,20 +107,18 @@ Status ClassificationEditor::change(const AssignedClassification& held) {
         work_.file.read(held.reference, instance);
         newSource = argument(instance, work_.classes.of(held.reference), Field::ReferencedSource).text;
     }
-    if (!sameSource(held.data, wanted_)) {
+    if (otherSource) {
         Result<std::string> other = source();
         if (!other) return other.error();
         newSource = std::move(*other);
     }
-    if (isReference && edit_.isAlone(held.relation) && edit_.isUsedOnlyBy(held.reference, held.relation)) {
-        return changeInPlace(held.reference, newSource);
-    }
+    if (inPlace) return changeInPlace(held.reference, newSource);
     InstanceBuilder draft = isReference ? edit_.copyOf(held.reference)
                                         : InstanceBuilder(*work_.schema.entity("IfcClassificationReference"));
     fill(draft, newSource);
-    const Result<Slot> added = edit_.add(draft, held.relation);
-    if (!added) return added.error();
-    return edit_.relink(held.relation, Field::Relating, held.reference, *added, relationPurpose());
+    const Result<Slot> copy = edit_.add(draft, held.relation);
+    if (!copy) return copy.error();
+    return edit_.relink(held.relation, Field::Relating, held.reference, *copy, relationPurpose());
 }
 
 Status ClassificationEditor::changeInPlace(Slot reference, const std::string& newSource) {
@@ -137,6 +144,7 @@ Status ClassificationEditor::changeInPlace(Slot reference, const std::string& ne
 Status ClassificationEditor::create() {
     if (Status editable = edit_.check(edit_.slot()); !editable) return editable;
     if (Status fits = checkTexts(); !fits) return fits;
+    if (Status room = edit_.checkRoom(lacksSource() ? 3 : 2); !room) return room;
     const Result<std::string> newSource = source();
     if (!newSource) return newSource.error();
     InstanceBuilder reference(*work_.schema.entity("IfcClassificationReference"));
@@ -186,6 +194,9 @@ Status ClassificationEditor::checkReadable(Slot reference) const {
         if (held.text.empty()) {
             return Error{ErrorKind::Refused, "the file gives " + edit_.reference(reference) + " too few attributes"};
         }
+        if (held.kind == step::ValueKind::Derived) {
+            return Error{ErrorKind::Refused, edit_.reference(reference) + " derives a text from others (the file holds *)"};
+        }
         std::u16string text;
         const bool readable =
             held.kind != step::ValueKind::String || step::decodeString(held.text, text) != step::Decoding::Undecodable;
@@ -205,9 +216,16 @@ void ClassificationEditor::fill(InstanceBuilder& reference, const std::string& n
         .set("ReferencedSource", newSource);
 }
 
+bool ClassificationEditor::saysSource() const {
+    return !wanted_.source.empty() || !wanted_.edition.empty() || !wanted_.classificationName.empty();
+}
+
+bool ClassificationEditor::lacksSource() {
+    return saysSource() && work_.classificationIndex.find(wanted_) == step::NoSlot;
+}
+
 Result<std::string> ClassificationEditor::source() {
-    if (wanted_.source.empty() && wanted_.edition.empty() && wanted_.classificationName.empty())
-        return std::string("$");
+    if (!saysSource()) return std::string("$");
     if (const Slot found = work_.classificationIndex.find(wanted_); found != step::NoSlot)
         return edit_.reference(found);
     const Entity& entity = *work_.schema.entity("IfcClassification");

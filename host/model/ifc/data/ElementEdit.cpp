@@ -21,6 +21,19 @@ Status ElementEdit::check(Slot slot) const {
     return {};
 }
 
+Status ElementEdit::checkRelation(Slot relation) const {
+    if (Status editable = check(relation); !editable) return editable;
+    if (isAlone(relation) || hasPlainList(relation)) return {};
+    return Error{ErrorKind::Refused, "what relation " + reference(relation) + " names is no well-formed list"};
+}
+
+bool ElementEdit::hasPlainList(Slot relation) const {
+    if (const LongRelation* known = work_.longRelations.of(relation)) return known->plainList;
+    step::Instance instance;
+    return work_.file.read(relation, instance) &&
+           isPlainList(argument(instance, work_.classes.of(relation), Field::Related));
+}
+
 bool ElementEdit::isReadable(Slot slot) const {
     if (const LongRelation* relation = work_.longRelations.of(slot)) return relation->frame.has_value();
     step::Instance instance;
@@ -103,13 +116,11 @@ std::string_view ElementEdit::attributeName(Slot slot, Field field) const {
 }
 
 Status ElementEdit::replaceReference(Slot instance, Field field, Slot from, Slot to) {
-    // A list may name it more than once.
-    for (;;) {
-        const std::string_view token = findReference(argumentText(instance, field), work_.file.id(from));
-        if (token.empty()) return {};
-        Status replaced = work_.file.replaceValue(instance, {step::ValueKind::Reference, token}, reference(to));
-        if (!replaced) return replaced;
-    }
+    step::Instance parts;
+    if (!work_.file.read(instance, parts)) return {};
+    const step::Value held = argument(parts, work_.classes.of(instance), field);
+    const std::string text = withReference(held.text, work_.file.id(from), work_.file.id(to));
+    return text == held.text ? Status{} : work_.file.replaceValue(instance, held, text);
 }
 
 Status ElementEdit::relink(Slot relation, Field field, Slot from, Slot to, const std::string& purpose) {
@@ -122,7 +133,7 @@ Status ElementEdit::relink(Slot relation, Field field, Slot from, Slot to, const
 Status ElementEdit::moveInto(InstanceBuilder& draft, Slot relation) {
     draft.set(attributeName(relation, Field::Related), '(' + referenceText(ownId_) + ')');
     if (Status left = leave(relation); !left) return left;
-    const Result<Slot> added = add(draft, relation);
+    const Result<Slot> added = work_.file.insertBehind(draft.body(), relation);
     return added ? Status{} : Status{added.error()};
 }
 

@@ -16,6 +16,10 @@ public:
 
     /// Whether the instance can be read and changed: well formed, and the only one of its id.
     Status check(step::Slot slot) const;
+    /// The same of a relation that names the element, and whether the element can leave it.
+    Status checkRelation(step::Slot relation) const;
+    /// Whether so many instances can be added.
+    Status checkRoom(std::size_t count) { return work_.file.checkRoom(count); }
 
     /// Whether the relation names this element and nothing else on its many side.
     bool isAlone(step::Slot relation) const;
@@ -38,7 +42,8 @@ public:
     /// Lets the element see `to` where it saw `from` in an argument of the relation: there, if the relation is the
     /// element's alone; otherwise in a copy of the relation, which the element leaves the old one for.
     Status relink(step::Slot relation, Field field, step::Slot from, step::Slot to, const std::string& purpose);
-    /// Adds a copy of a relation for the element alone and takes the element out of the old one, which others stay in.
+    /// Takes the element out of a relation, which others stay in, and puts the copy, which is for the element alone,
+    /// right behind it: what the element sees keeps its order, now and when the file is reopened.
     Status moveInto(InstanceBuilder& copy, step::Slot relation);
 
     std::string reference(step::Slot slot) const { return referenceText(work_.file.id(slot)); }
@@ -47,6 +52,7 @@ public:
 
 private:
     bool isReadable(step::Slot slot) const;
+    bool hasPlainList(step::Slot relation) const;
     Status leave(step::Slot relation);
     void setRoot(InstanceBuilder& draft, const Entity& entity, const std::string& purpose);
     std::string_view argumentText(step::Slot slot, Field field) const;

@@ -1,6 +1,9 @@
 #include "model/ifc/data/PropertyData.hpp"
 
 #include <algorithm>
+#include <map>
+#include <string_view>
+#include <utility>
 
 namespace model::ifc {
 
@@ -8,19 +11,21 @@ namespace {
 
 using step::Slot;
 
-/// What replaces properties of a set, for one element.
+/// A relation that replaces properties of a set, for one element.
 struct Override {
     Slot relation;
-    Slot set;
     std::vector<Slot> properties;
 };
 
-std::vector<Override> overridesOf(Workspace& work, const std::vector<AssignedSet>& assigned) {
-    std::vector<Override> overrides;
+/// By the set that they are for, in file order.
+using Overrides = std::map<Slot, std::vector<Override>>;
+
+Overrides overridesOf(Workspace& work, const std::vector<AssignedSet>& assigned) {
+    Overrides overrides;
     for (const AssignedSet& assignment : assigned) {
         if (!assignment.overriding) continue;
-        overrides.push_back(
-            {assignment.relation, assignment.set, work.forwardReferences.of(assignment.relation, Field::Overriding)});
+        overrides[assignment.set].push_back(
+            {assignment.relation, work.forwardReferences.of(assignment.relation, Field::Overriding)});
     }
     return overrides;
 }
@@ -32,26 +37,31 @@ bool visitSet(const DecodedSet& decoded, Slot set, const PropertyVisit& visit) {
     return true;
 }
 
-/// Lists a set as the element sees it: overridden properties in the place of the set's own, further ones behind.
+/// Lists a set as the element sees it: overridden properties in the place of the set's own, further ones behind. Of
+/// several relations that override one property the first counts.
 class OverriddenSet {
 public:
     OverriddenSet(Workspace& work, Slot setSlot, const std::vector<Override>& overrides)
         : set_(setSlot), base_(work.propertySets.of(setSlot)) {
         for (const Override& candidate : overrides) {
-            if (candidate.set != set_) continue;
             for (const Slot slot : candidate.properties) {
-                const DecodedSet& decoded = work.propertySets.overriding(slot, set_);
-                if (decoded.size() == 0 || find(decoded.property(0).name) != nullptr) continue;
-                replacements_.push_back({decoded.property(0), {slot, set_, candidate.relation}, false});
+                const DecodedSet& decoded = work.propertySets.overriding(slot);
+                if (decoded.size() == 0) continue;
+                PropertyView property = decoded.property(0);
+                property.set = base_.name();
+                if (byName_.emplace(property.name, replacements_.size()).second) {
+                    replacements_.push_back({property, {slot, set_, candidate.relation}, false});
+                }
             }
         }
     }
 
     bool visitAll(const PropertyVisit& visit) {
         for (std::size_t i = 0; i < base_.size(); ++i) {
-            Replacement* replacement = find(base_.property(i).name);
-            const bool goOn = replacement == nullptr ? visit(base_.property(i), {base_.slot(i), set_, step::NoSlot})
-                                                     : visitOnce(*replacement, visit);
+            const auto replacement = byName_.find(base_.property(i).name);
+            const bool goOn = replacement == byName_.end()
+                                  ? visit(base_.property(i), {base_.slot(i), set_, step::NoSlot})
+                                  : visitOnce(replacements_[replacement->second], visit);
             if (!goOn) return false;
         }
         return std::all_of(replacements_.begin(), replacements_.end(),
@@ -65,12 +75,6 @@ private:
         bool visited;
     };
 
-    Replacement* find(std::u16string_view name) {
-        const auto found = std::find_if(replacements_.begin(), replacements_.end(),
-                                        [&](const Replacement& candidate) { return candidate.property.name == name; });
-        return found == replacements_.end() ? nullptr : &*found;
-    }
-
     static bool visitOnce(Replacement& replacement, const PropertyVisit& visit) {
         if (std::exchange(replacement.visited, true)) return true;
         return visit(replacement.property, replacement.place);
@@ -79,75 +83,99 @@ private:
     Slot set_;
     const DecodedSet& base_;
     std::vector<Replacement> replacements_;
+    std::map<std::u16string_view, std::size_t> byName_;
 };
-
-/// The sets in the order of the properties; each once.
-template <class Visit>
-void forEachDistinctSet(const std::vector<AssignedSet>& assigned, Visit&& visit) {
-    for (auto current = assigned.begin(); current != assigned.end(); ++current) {
-        const bool seen = std::any_of(assigned.begin(), current,
-                                      [&](const AssignedSet& earlier) { return earlier.set == current->set; });
-        if (!seen && !visit(current->set)) return;
-    }
-}
 
 std::vector<Slot> setsOfType(Workspace& work, Slot element) {
     const Slot type = work.typeObject(element);
     if (type == step::NoSlot) return {};
     std::vector<Slot> sets = work.forwardReferences.of(type, Field::HasPropertySets);
-    std::erase_if(sets, [&](Slot set) { return work.classes.of(set).role != Role::PropertySet; });
+    DistinctSlots seen;
+    std::erase_if(sets, [&](Slot set) { return work.classes.of(set).role != Role::PropertySet || !seen.add(set); });
     return sets;
+}
+
+/// Properties by set and name. Sorted, not hashed: a file can be made so that all its names have one hash.
+class PropertyNames {
+public:
+    void add(const PropertyView& property) { names_.emplace_back(property.set, property.name); }
+    void finish() { std::sort(names_.begin(), names_.end()); }
+    bool contains(const PropertyView& property) const {
+        return std::binary_search(names_.begin(), names_.end(), std::pair(property.set, property.name));
+    }
+
+private:
+    std::vector<std::pair<std::u16string_view, std::u16string_view>> names_;
+};
+
+/// Which of the type's properties the element has itself.
+void findHidden(SetsOfElement& sets) {
+    std::vector<std::u16string_view> setNames;
+    for (const DecodedSet* set : sets.type) setNames.push_back(set->name());
+    std::sort(setNames.begin(), setNames.end());
+    PropertyNames own;
+    for (const DecodedSet* set : sets.own) {
+        if (!std::binary_search(setNames.begin(), setNames.end(), set->name())) continue;
+        for (std::size_t i = 0; i < set->size(); ++i) own.add(set->property(i));
+    }
+    own.finish();
+    for (std::size_t place = 0; place < sets.type.size(); ++place) {
+        const DecodedSet& set = *sets.type[place];
+        for (std::size_t i = 0; i < set.size(); ++i) {
+            if (own.contains(set.property(i))) sets.hidden.emplace_back(place, i);
+        }
+    }
 }
 
 const SetsOfElement& setsOf(Workspace& work, Slot element) {
     if (const SetsOfElement* known = work.elementSets.find(element)) return *known;
     SetsOfElement sets;
-    const auto assigned = assignedSets(work, element);
-    forEachDistinctSet(assigned, [&](Slot set) {
-        sets.own.push_back(&work.propertySets.of(set));
-        return true;
-    });
+    for (const AssignedSet& assignment : assignedSets(work, element)) {
+        sets.overridden = sets.overridden || assignment.overriding;
+        if (!assignment.repeated) sets.own.push_back(&work.propertySets.of(assignment.set));
+    }
     for (const Slot set : setsOfType(work, element)) sets.type.push_back(&work.propertySets.of(set));
-    sets.overridden = std::any_of(assigned.begin(), assigned.end(),
-                                  [](const AssignedSet& assignment) { return assignment.overriding; });
+    if (!sets.overridden) findHidden(sets);
     return work.elementSets.keep(element, std::move(sets));
 }
 
-bool has(const std::vector<const DecodedSet*>& sets, const PropertyView& sought) {
-    return std::any_of(sets.begin(), sets.end(), [&](const DecodedSet* set) {
-        return set->name() == sought.set && set->find(sought.name) < set->size();
-    });
+void visitInherited(const PropertyView& property, const std::function<void(const PropertyView&)>& visit) {
+    PropertyView inherited = property;
+    inherited.inherited = true;
+    visit(inherited);
 }
 
-/// Own properties of an element with overriding relations. @return what was visited.
-std::vector<PropertyView> visitOverridden(Workspace& work, Slot element,
-                                          const std::function<void(const PropertyView&)>& visit) {
-    std::vector<PropertyView> own;
+/// All properties of an element with overriding relations.
+void visitOverridden(Workspace& work, Slot element, const SetsOfElement& sets,
+                     const std::function<void(const PropertyView&)>& visit) {
+    PropertyNames own;
     forEachOwnProperty(work, assignedSets(work, element), [&](const PropertyView& property, const PropertyPlace&) {
-        own.push_back(property);
+        own.add(property);
         visit(property);
         return true;
     });
-    return own;
-}
-
-bool isAmong(const std::vector<PropertyView>& own, const PropertyView& sought) {
-    return std::any_of(own.begin(), own.end(), [&](const PropertyView& property) {
-        return property.name == sought.name && property.set == sought.set;
-    });
+    own.finish();
+    for (const DecodedSet* set : sets.type) {
+        for (std::size_t i = 0; i < set->size(); ++i) {
+            if (!own.contains(set->property(i))) visitInherited(set->property(i), visit);
+        }
+    }
 }
 
 }  // namespace
 
 std::vector<AssignedSet> assignedSets(Workspace& work, Slot element) {
     std::vector<AssignedSet> assigned;
+    DistinctSlots seen;
     work.inverseReferences.forEachUse(element, [&](const Use& use) {
         const Class& cls = work.classes.of(use.user);
         const bool overriding = cls.role == Role::OverridesProperties;
         if (!overriding && cls.role != Role::DefinesByProperties) return true;
         if (cls.place(Field::Related) != use.argument) return true;
+        DistinctSlots ofRelation;
         for (const Slot set : work.forwardReferences.of(use.user, Field::Relating)) {
-            if (work.classes.of(set).role == Role::PropertySet) assigned.push_back({use.user, set, overriding});
+            if (work.classes.of(set).role != Role::PropertySet || !ofRelation.add(set)) continue;
+            assigned.push_back({use.user, set, overriding, !seen.add(set)});
         }
         return true;
     });
@@ -155,11 +183,15 @@ std::vector<AssignedSet> assignedSets(Workspace& work, Slot element) {
 }
 
 void forEachOwnProperty(Workspace& work, const std::vector<AssignedSet>& assigned, const PropertyVisit& visit) {
-    const std::vector<Override> overrides = overridesOf(work, assigned);
-    forEachDistinctSet(assigned, [&](Slot set) {
-        return overrides.empty() ? visitSet(work.propertySets.of(set), set, visit)
-                                 : OverriddenSet(work, set, overrides).visitAll(visit);
-    });
+    const Overrides overrides = overridesOf(work, assigned);
+    for (const AssignedSet& assignment : assigned) {
+        if (assignment.repeated) continue;
+        const auto held = overrides.find(assignment.set);
+        const bool goOn = held == overrides.end()
+                              ? visitSet(work.propertySets.of(assignment.set), assignment.set, visit)
+                              : OverriddenSet(work, assignment.set, held->second).visitAll(visit);
+        if (!goOn) return;
+    }
 }
 
 void forEachTypeProperty(Workspace& work, Slot element, const PropertyVisit& visit) {
@@ -182,20 +214,19 @@ Slot findProperty(Workspace& work, Slot element, std::u16string_view set, std::u
 void forEachProperty(Workspace& work, Slot element, const std::function<void(const PropertyView&)>& visit) {
     work.propertySets.trim();
     const SetsOfElement& sets = setsOf(work, element);
-    std::vector<PropertyView> overridden;
-    if (sets.overridden) {
-        overridden = visitOverridden(work, element, visit);
-    } else {
-        for (const DecodedSet* set : sets.own) {
-            for (std::size_t i = 0; i < set->size(); ++i) visit(set->property(i));
-        }
+    if (sets.overridden) return visitOverridden(work, element, sets, visit);
+    for (const DecodedSet* set : sets.own) {
+        for (std::size_t i = 0; i < set->size(); ++i) visit(set->property(i));
     }
-    for (const DecodedSet* set : sets.type) {
-        for (std::size_t i = 0; i < set->size(); ++i) {
-            PropertyView inherited = set->property(i);
-            if (sets.overridden ? isAmong(overridden, inherited) : has(sets.own, inherited)) continue;
-            inherited.inherited = true;
-            visit(inherited);
+    auto hidden = sets.hidden.begin();
+    for (std::size_t place = 0; place < sets.type.size(); ++place) {
+        const DecodedSet& set = *sets.type[place];
+        for (std::size_t i = 0; i < set.size(); ++i) {
+            if (hidden != sets.hidden.end() && *hidden == std::pair(std::uint32_t(place), std::uint32_t(i))) {
+                ++hidden;
+            } else {
+                visitInherited(set.property(i), visit);
+            }
         }
     }
 }

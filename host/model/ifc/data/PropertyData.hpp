@@ -9,6 +9,7 @@ struct AssignedSet {
     step::Slot relation;
     step::Slot set;
     bool overriding;  ///< By an IfcRelOverridesProperties, which replaces some of the set's properties.
+    bool repeated;    ///< Another relation before it gives the same set.
 };
 
 /// Where one property of an element's own stands.
@@ -21,7 +22,7 @@ struct PropertyPlace {
 /// One listed property with its place, valid during the visit. @return false to end the visit.
 using PropertyVisit = std::function<bool(const PropertyView& property, const PropertyPlace& place)>;
 
-/// The property sets that relations give to the element, in file order; a set given twice stands twice.
+/// The property sets that relations give to the element, in file order; a set that two relations give stands twice.
 std::vector<AssignedSet> assignedSets(Workspace& work, step::Slot element);
 
 /// The element's own properties in the host's order; a set given twice is listed once.

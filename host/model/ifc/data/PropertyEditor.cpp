@@ -61,13 +61,14 @@ private:
     Result<InstanceBuilder> copyWithValue(Slot property);
     Status changeInPlace(Slot property);
     Status putCopyInPlaceOf(const PropertyPlace& place);
+    Status checkRoomForCopy(const PropertyPlace& place);
     Status addToOverride(Slot overriding, Slot property);
     Status addProperty(const InstanceBuilder& property);
     Status addToSet(const InstanceBuilder& property, Slot set);
     Status addWithNewSet(const InstanceBuilder& property);
     Status relinkSet(Slot from, Slot to);
     Status checkSetAndRelations(Slot set) const;
-    Status checkOverrides(Slot set) const;
+    Status checkRoomForSetCopy(Slot set);
     Status checkNoComplexNamesake(Slot set) const;
 
     /// A relation that overrides properties of the set for the element; NoSlot where there is none.
@@ -166,6 +167,7 @@ Result<InstanceBuilder> PropertyEditor::copyWithValue(Slot property) {
 Status PropertyEditor::putCopyInPlaceOf(const PropertyPlace& place) {
     const Result<InstanceBuilder> draft = copyWithValue(place.property);
     if (!draft) return draft.error();
+    if (Status room = checkRoomForCopy(place); !room) return room;
     const Result<Slot> copy = edit_.add(*draft, place.property);
     if (!copy) return copy.error();
     if (place.overriding != step::NoSlot) {
@@ -179,6 +181,23 @@ Status PropertyEditor::putCopyInPlaceOf(const PropertyPlace& place) {
     set.replaceReference("HasProperties", work_.file.id(place.property), work_.file.id(*copy));
     const Result<Slot> newSet = edit_.add(set, place.set);
     return newSet ? relinkSet(place.set, *newSet) : Status{newSet.error()};
+}
+
+/// For all that putCopyInPlaceOf adds.
+Status PropertyEditor::checkRoomForCopy(const PropertyPlace& place) {
+    const auto withRelation = [&](Slot relation) { return edit_.checkRoom(edit_.isAlone(relation) ? 1 : 2); };
+    if (place.overriding != step::NoSlot) return withRelation(place.overriding);
+    if (edit_.isOwn(place.set)) return edit_.checkRoom(1);
+    const Slot overriding = overridingRelation(place.set);
+    return overriding != step::NoSlot ? withRelation(overriding) : checkRoomForSetCopy(place.set);
+}
+
+/// For a property, a copy of its set, and one of each relation that gives the set to others, too.
+Status PropertyEditor::checkRoomForSetCopy(Slot set) {
+    const auto shared = std::count_if(assigned_.begin(), assigned_.end(), [&](const AssignedSet& assignment) {
+        return assignment.set == set && !edit_.isAlone(assignment.relation);
+    });
+    return edit_.checkRoom(2 + static_cast<std::size_t>(shared));
 }
 
 /// IFC2X3: the relation that already overrides some of a set's properties takes one more.
@@ -218,6 +237,7 @@ Status PropertyEditor::addProperty(const InstanceBuilder& property) {
 Status PropertyEditor::addToSet(const InstanceBuilder& property, Slot set) {
     if (Status editable = checkSetAndRelations(set); !editable) return editable;
     if (Status free = checkNoComplexNamesake(set); !free) return free;
+    if (Status room = edit_.isOwn(set) ? edit_.checkRoom(1) : checkRoomForSetCopy(set); !room) return room;
     const Result<Slot> added = edit_.add(property, set);
     if (!added) return added.error();
     if (edit_.isOwn(set)) return work_.addToList(set, Field::HasProperties, *added);
@@ -228,6 +248,7 @@ Status PropertyEditor::addToSet(const InstanceBuilder& property, Slot set) {
 }
 
 Status PropertyEditor::addWithNewSet(const InstanceBuilder& property) {
+    if (Status room = edit_.checkRoom(3); !room) return room;
     const Result<Slot> added = edit_.add(property, edit_.slot());
     if (!added) return added.error();
     InstanceBuilder set = edit_.newRoot("IfcPropertySet", setPurpose());
@@ -243,11 +264,8 @@ Status PropertyEditor::addWithNewSet(const InstanceBuilder& property) {
 
 /// Lets every relation that gives the element one set give it the other.
 Status PropertyEditor::relinkSet(Slot from, Slot to) {
-    std::vector<Slot> done;
     for (const AssignedSet& assignment : assigned_) {
-        const bool again = std::find(done.begin(), done.end(), assignment.relation) != done.end();
-        if (assignment.set != from || again) continue;
-        done.push_back(assignment.relation);
+        if (assignment.set != from) continue;
         if (Status linked = edit_.relink(assignment.relation, Field::Relating, from, to, relationPurpose()); !linked) {
             return linked;
         }
@@ -268,7 +286,7 @@ Status PropertyEditor::checkSetAndRelations(Slot set) const {
     }
     for (const AssignedSet& assignment : assigned_) {
         if (assignment.set != set) continue;
-        if (Status editable = edit_.check(assignment.relation); !editable) return editable;
+        if (Status editable = edit_.checkRelation(assignment.relation); !editable) return editable;
         if (!assignment.overriding || !work_.file.read(assignment.relation, instance)) continue;
         if (!step::splitAggregate(argument(instance, work_.classes.of(assignment.relation), Field::Overriding),
                                   members)) {
@@ -276,30 +294,16 @@ Status PropertyEditor::checkSetAndRelations(Slot set) const {
                                                  " are no well-formed list"};
         }
     }
-    return checkOverrides(set);
-}
-
-/// The first of several overriding relations counts. Splitting a shared one moves it behind the others, and another
-/// value would come to light.
-Status PropertyEditor::checkOverrides(Slot set) const {
-    std::size_t count = 0;
-    bool shared = false;
-    for (const AssignedSet& assignment : assigned_) {
-        if (assignment.set != set || !assignment.overriding) continue;
-        ++count;
-        shared = shared || !edit_.isAlone(assignment.relation);
-    }
-    if (count < 2 || !shared) return {};
-    return Error{ErrorKind::Refused, std::to_string(count) + " relations override properties of set " +
-                                         edit_.reference(set) + " for the element, and other elements share them"};
+    return {};
 }
 
 /// Property names are unique in a set, also among the complex ones, which are not listed.
 Status PropertyEditor::checkNoComplexNamesake(Slot set) const {
+    DistinctSlots seen;
     for (const Slot member : work_.forwardReferences.of(set, Field::HasProperties)) {
         step::Instance instance;
         const Class& cls = work_.classes.of(member);
-        if (cls.role != Role::ComplexProperty || !work_.file.read(member, instance)) continue;
+        if (cls.role != Role::ComplexProperty || !seen.add(member) || !work_.file.read(member, instance)) continue;
         if (stringArgument(instance, cls, Field::Name) == wantedName_) {
             return Error{ErrorKind::Refused, "the set has a complex property of that name, " + edit_.reference(member)};
         }
@@ -323,13 +327,11 @@ Slot PropertyEditor::ownSetOfName() {
 
 /// Which of two sets of one name is meant nobody can tell; the first in the file is taken, and it is said.
 void PropertyEditor::noteNamesakes() {
-    std::vector<Slot> namesakes;
-    for (const AssignedSet& assignment : assigned_) {
-        const bool known = std::find(namesakes.begin(), namesakes.end(), assignment.set) != namesakes.end();
-        if (!known && work_.propertySets.of(assignment.set).name() == wantedSet_) namesakes.push_back(assignment.set);
-    }
-    if (namesakes.size() < 2) return;
-    notes_.push_back("the element has " + std::to_string(namesakes.size()) + " property sets " + inQuotes(wantedSet_) +
+    const auto count = std::count_if(assigned_.begin(), assigned_.end(), [&](const AssignedSet& assignment) {
+        return !assignment.repeated && work_.propertySets.of(assignment.set).name() == wantedSet_;
+    });
+    if (count < 2) return;
+    notes_.push_back("the element has " + std::to_string(count) + " property sets " + inQuotes(wantedSet_) +
                      "; the first one that fits was changed");
 }
 

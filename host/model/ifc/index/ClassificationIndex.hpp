@@ -2,7 +2,8 @@
 
 #include "model/ifc/schema/Classes.hpp"
 
-#include <unordered_map>
+#include <map>
+#include <string>
 #include <vector>
 
 namespace model::ifc {
@@ -25,7 +26,7 @@ private:
     const step::StepFile& file_;
     Classes& classes_;
     step::Slot seen_ = 0;  // slots below have been looked at; what is added later lies behind
-    std::unordered_map<std::u16string, std::vector<step::Slot>> slots_;
+    std::map<std::u16string, std::vector<step::Slot>> slots_;  // no hash: see InverseReferences
 };
 
 }  // namespace model::ifc

@@ -3,6 +3,7 @@
 #include "model/ifc/index/PropertySets.hpp"
 
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace model::ifc {
@@ -11,6 +12,9 @@ namespace model::ifc {
 struct SetsOfElement {
     std::vector<const DecodedSet*> own;   ///< In file order; a set given twice stands once.
     std::vector<const DecodedSet*> type;  ///< Of its type object.
+    /// Properties of the type that the element has itself, as (place in `type`, index in that set), sorted. Not known
+    /// where properties are overridden.
+    std::vector<std::pair<std::uint32_t, std::uint32_t>> hidden;
     bool overridden = false;              ///< Relations override properties of the sets (IFC2X3): the sets are not all.
 };
 

@@ -45,13 +45,27 @@ std::string GlobalIdAllocator::globalId(const Guid& element, std::string_view pu
 }
 
 void GlobalIdAllocator::build() {
-    built_ = true;
-    firstNew_ = static_cast<step::Slot>(file_.slotCount());
-    for (step::Slot slot = 0; slot < firstNew_; ++slot) {
+    std::vector<std::uint64_t> taken;
+    std::set<std::uint64_t> takenByNew;
+    const auto slots = static_cast<step::Slot>(file_.slotCount());
+    for (step::Slot slot = 0; slot < slots; ++slot) {
         if (!classes_.ofKeyword(file_.keyword(slot)).rooted || !file_.present(slot)) continue;
-        if (const auto guid = globalIdOf(file_.text(slot))) taken_.push_back(fingerprint(*guid));
+        const auto guid = globalIdOf(file_.text(slot));
+        if (!guid) continue;
+        if (file_.isNew(slot)) {
+            takenByNew.insert(fingerprint(*guid));
+        } else {
+            taken.push_back(fingerprint(*guid));
+        }
     }
-    std::sort(taken_.begin(), taken_.end());
+    std::sort(taken.begin(), taken.end());
+    taken_ = std::move(taken);
+    takenByNew_ = std::move(takenByNew);
+    built_ = true;
+}
+
+void GlobalIdAllocator::forgetAll() noexcept {
+    built_ = false;
 }
 
 bool GlobalIdAllocator::isTaken(const Guid& guid) const {
@@ -60,7 +74,7 @@ bool GlobalIdAllocator::isTaken(const Guid& guid) const {
 }
 
 std::optional<Guid> GlobalIdAllocator::addedGuid(step::Slot slot) {
-    if (!built_ || slot < firstNew_ || !file_.present(slot)) return std::nullopt;
+    if (!built_ || !file_.isNew(slot) || !file_.present(slot)) return std::nullopt;
     return classes_.of(slot).rooted ? globalIdOf(file_.text(slot)) : std::nullopt;
 }
 

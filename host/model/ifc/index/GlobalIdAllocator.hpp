@@ -2,7 +2,7 @@
 
 #include "model/ifc/schema/Classes.hpp"
 
-#include <unordered_set>
+#include <set>
 #include <vector>
 
 namespace model::ifc {
@@ -20,6 +20,8 @@ public:
     /// To be told of every change of the file: a GlobalId undone is free again.
     void beforeChange(step::Slot slot);
     void afterChange(step::Slot slot);
+    /// Drops all that is known: it is found anew when next asked for.
+    void forgetAll() noexcept;
 
 private:
     void build();
@@ -29,10 +31,9 @@ private:
     const step::StepFile& file_;
     Classes& classes_;
     bool built_ = false;
-    step::Slot firstNew_ = 0;
     // Eight bytes of each GlobalId tell millions of them apart; where they do not, the next candidate is taken.
     std::vector<std::uint64_t> taken_;  // sorted
-    std::unordered_set<std::uint64_t> takenByNew_;
+    std::set<std::uint64_t> takenByNew_;
 };
 
 }  // namespace model::ifc

@@ -1,7 +1,6 @@
 #include "model/ifc/index/InverseReferences.hpp"
 
 #include <algorithm>
-#include <bit>
 #include <iterator>
 
 namespace model::ifc {
@@ -33,7 +32,7 @@ bool isRelation(Role role) {
 }  // namespace
 
 InverseReferences::InverseReferences(const step::StepFile& stepFile, Classes& knownClasses, const Schema& facts)
-    : file_(stepFile), classes_(knownClasses), schema_(facts) {}
+    : file_(stepFile), classes_(knownClasses), schema_(facts), added_(Order{&stepFile}) {}
 
 std::uint64_t InverseReferences::keptArgumentsOf(const Class& cls) const {
     if (cls.entity == nullptr) return AllArguments & ~Unknown;  // Of an unknown class anything may be said.
@@ -58,41 +57,62 @@ std::uint64_t InverseReferences::keptArguments(step::KeywordCode keyword) {
     return kept_[keyword];
 }
 
+/// Each once, sorted: a list may name an instance many thousand times.
 void InverseReferences::mentions(step::Slot user, std::vector<Mention>& out) {
     out.clear();
     if (!file_.present(user)) return;
     const std::uint64_t arguments = keptArguments(file_.keyword(user));
     if (arguments == 0) return;
+    bool sorted = true;
     forEachReference(file_.text(user), arguments, [&](unsigned argument, std::string_view token) {
-        out.push_back({tokenId(token), static_cast<std::uint8_t>(argument)});
+        const Mention mention{tokenId(token), static_cast<std::uint8_t>(argument)};
+        sorted = sorted && (out.empty() || out.back() < mention);
+        out.push_back(mention);
         return true;
     });
+    if (sorted) return;
+    std::sort(out.begin(), out.end());
+    out.erase(std::unique(out.begin(), out.end()), out.end());
 }
 
+/// All of it is made aside and put in place at the end: where memory runs out on the way, nothing was built.
 void InverseReferences::build() {
-    built_ = true;
     struct Edge {
         step::Slot target;
-        Use use;
+        FileUse use;
     };
     std::vector<Edge> edges;
     const std::size_t slots = file_.slotCount();
-    offsets_.assign(slots + 1, 0);
+    std::vector<std::uint32_t> offsets(slots + 1, 0);
+    AddedUses added(Order{&file_});
     std::vector<Mention> found;
     for (step::Slot user = 0; user < slots; ++user) {
         mentions(user, found);
         for (const Mention& mention : found) {
             const step::Slot target = file_.find(mention.target);
             if (target == step::NoSlot) continue;
-            edges.push_back({target, {user, mention.argument, true}});
-            ++offsets_[target + 1U];
+            if (file_.isNew(user) || file_.isNew(target)) {
+                added.insert({mention.target, {user, mention.argument}});
+            } else {
+                edges.push_back({target, {user, mention.argument, true}});
+                ++offsets[target + 1U];
+            }
         }
     }
-    for (std::size_t i = 1; i <= slots; ++i) offsets_[i] += offsets_[i - 1];
+    for (std::size_t i = 1; i <= slots; ++i) offsets[i] += offsets[i - 1];
     // A counting sort keeps the file order among the uses of each target.
-    std::vector<std::uint32_t> next(offsets_.begin(), offsets_.end() - 1);
-    uses_.resize(edges.size());
-    for (const Edge& edge : edges) uses_[next[edge.target]++] = edge.use;
+    std::vector<std::uint32_t> next(offsets.begin(), offsets.end() - 1);
+    std::vector<FileUse> uses(edges.size());
+    for (const Edge& edge : edges) uses[next[edge.target]++] = edge.use;
+    offsets_ = std::move(offsets);
+    uses_ = std::move(uses);
+    added_.swap(added);
+    built_ = true;
+}
+
+void InverseReferences::forgetAll() noexcept {
+    built_ = false;
+    added_.clear();
 }
 
 void InverseReferences::beforeChange(step::Slot slot) {
@@ -102,8 +122,6 @@ void InverseReferences::beforeChange(step::Slot slot) {
 void InverseReferences::afterChange(step::Slot slot) {
     if (!built_) return;
     mentions(slot, after_);
-    std::sort(before_.begin(), before_.end());
-    std::sort(after_.begin(), after_.end());
     std::vector<Mention> changed;
     std::set_difference(before_.begin(), before_.end(), after_.begin(), after_.end(), std::back_inserter(changed));
     for (const Mention& mention : changed) remove(mention, slot);
@@ -112,45 +130,36 @@ void InverseReferences::afterChange(step::Slot slot) {
     for (const Mention& mention : changed) add(mention, slot);
 }
 
-Use* InverseReferences::find(const Mention& mention, step::Slot user, bool live) {
-    const auto matches = [&](const Use& use) {
-        return use.user == user && use.argument == mention.argument && use.live == live;
-    };
-    const auto beforeUser = [](const Use& use, step::Slot slot) { return use.user < slot; };
-    // NoSlot is no place in the index, so an instance that is absent just now is looked up by its id alone.
+InverseReferences::FileUse* InverseReferences::findInFile(const Mention& mention, step::Slot user) {
+    // NoSlot, for an instance that is absent just now, is no place in the index.
     const step::Slot target = file_.find(mention.target);
-    if (std::size_t{target} + 1 < offsets_.size()) {
-        const auto begin = uses_.begin() + offsets_[target];
-        const auto end = uses_.begin() + offsets_[target + 1U];
-        for (auto use = std::lower_bound(begin, end, user, beforeUser); use != end && use->user == user; ++use) {
-            if (matches(*use)) return &*use;
-        }
-    }
-    const auto list = added_.find(mention.target);
-    if (list == added_.end()) return nullptr;
-    auto use = std::lower_bound(list->second.begin(), list->second.end(), user, beforeUser);
-    while (use != list->second.end() && use->user == user && !matches(*use)) ++use;
-    return use == list->second.end() || use->user != user ? nullptr : &*use;
+    if (std::size_t{target} + 1 >= offsets_.size()) return nullptr;
+    const auto end = uses_.begin() + offsets_[target + 1U];
+    const auto use = std::lower_bound(
+        uses_.begin() + offsets_[target], end, Use{user, mention.argument}, [](const FileUse& a, const Use& b) {
+            return a.user != b.user ? a.user < b.user : a.argument < b.argument;
+        });
+    return use == end || use->user != user || use->argument != mention.argument ? nullptr : &*use;
 }
 
 void InverseReferences::add(const Mention& mention, step::Slot user) {
-    if (Use* use = find(mention, user, false)) {
+    if (FileUse* use = findInFile(mention, user)) {
         use->live = true;
-        return;
+    } else {
+        added_.insert({mention.target, {user, mention.argument}});
     }
-    auto& list = added_[mention.target];
-    const auto at = std::upper_bound(list.begin(), list.end(), user,
-                                     [](step::Slot slot, const Use& use) { return slot < use.user; });
-    list.insert(at, {user, mention.argument, true});
 }
 
 void InverseReferences::remove(const Mention& mention, step::Slot user) {
-    if (Use* use = find(mention, user, true)) use->live = false;
+    if (FileUse* use = findInFile(mention, user)) {
+        use->live = false;
+    } else {
+        added_.erase({mention.target, {user, mention.argument}});
+    }
 }
 
 void InverseReferences::forget(step::Slot target, step::Slot user, int argument) {
-    const Mention mention{file_.id(target), static_cast<std::uint8_t>(argument)};
-    while (Use* use = find(mention, user, true)) use->live = false;
+    if (built_) remove({file_.id(target), static_cast<std::uint8_t>(argument)}, user);
 }
 
 void InverseReferences::remember(step::Slot target, step::Slot user, int argument) {

@@ -6,6 +6,14 @@
 
 namespace model::ifc {
 
+bool isPlainList(step::Value list) {
+    std::vector<step::Value> members;
+    return step::splitAggregate(list, members) &&
+           std::all_of(members.begin(), members.end(), [](const step::Value& member) {
+               return member.kind == step::ValueKind::Reference || member.kind == step::ValueKind::Unset;
+           });
+}
+
 LongRelations::LongRelations(const step::StepFile& stepFile, Classes& knownClasses)
     : file_(stepFile), classes_(knownClasses) {}
 
@@ -27,6 +35,7 @@ LongRelation LongRelations::read(step::Slot slot) {
     step::Instance instance;
     if (!file_.read(slot, instance) || !isWellFormed(instance)) return relation;
     std::vector<step::Value> members;
+    relation.plainList = isPlainList(argument(instance, cls, Field::Related));
     if (step::splitAggregate(argument(instance, cls, Field::Related), members)) {
         relation.namesSeveral = std::any_of(members.begin(), members.end(), [&](const step::Value& member) {
             return step::referenceId(member) != step::referenceId(members.front());

@@ -13,7 +13,11 @@ struct LongRelation {
     std::optional<InstanceBuilder> frame;  ///< A copy without its many side; nothing where the text is not well formed.
     std::string name;                      ///< As a STEP string; empty where it has none.
     bool namesSeveral = false;             ///< Several elements for certain.
+    bool plainList = false;                ///< Its many side is a list that an element can be taken out of.
 };
+
+/// Whether a value is a list of references and nothing else, so that any of them can be taken out.
+bool isPlainList(step::Value list);
 
 /// Relations that name many elements. Reading the text of one of these for each element that leaves would take time
 /// with the square of their number.
@@ -28,6 +32,7 @@ public:
 
     /// Of any change but an element's leaving.
     void forget(step::Slot slot) { known_.erase(slot); }
+    void forgetAll() noexcept { known_.clear(); }
 
 private:
     LongRelation read(step::Slot slot);

@@ -19,12 +19,6 @@ PropertyView DecodedSet::property(std::size_t index) const {
             row.primitive, row.integer,    row.real, row.boolean, text(row.string)};
 }
 
-std::size_t DecodedSet::find(std::u16string_view sought) const {
-    const auto row =
-        std::find_if(rows_.begin(), rows_.end(), [&](const Row& candidate) { return text(candidate.name) == sought; });
-    return static_cast<std::size_t>(row - rows_.begin());
-}
-
 PropertySets::PropertySets(const step::StepFile& stepFile, Classes& knownClasses, const Schema& facts)
     : file_(stepFile),
       classes_(knownClasses),
@@ -33,28 +27,26 @@ PropertySets::PropertySets(const step::StepFile& stepFile, Classes& knownClasses
       byteLimit_((std::size_t{4} << 20U) + file_.byteCount() / 8) {}
 
 const DecodedSet& PropertySets::of(step::Slot set) {
-    const auto [entry, isNew] = known_.try_emplace(set);
-    if (isNew) {
-        entry->second = decode(set);
-        knownBytes_ += entry->second.bytes();
-    }
-    return entry->second;
+    if (const auto found = known_.find(set); found != known_.end()) return found->second;
+    const DecodedSet& decoded = known_.emplace(set, decode(set)).first->second;
+    knownBytes_ += decoded.bytes();
+    return decoded;
 }
 
-const DecodedSet& PropertySets::overriding(step::Slot property, step::Slot set) {
-    const auto [entry, isNew] = knownOverriding_.try_emplace({property, set});
-    DecodedSet& single = entry->second;
-    if (isNew) {
-        single.texts_ = of(set).name();
-        single.setName_.length = static_cast<std::uint32_t>(single.texts_.size());
-        addRow(property, single);
-        knownBytes_ += single.bytes();
-    }
-    return single;
+const DecodedSet& PropertySets::overriding(step::Slot property) {
+    if (const auto found = knownOverriding_.find(property); found != knownOverriding_.end()) return found->second;
+    DecodedSet single;
+    addRow(property, single);
+    const DecodedSet& kept = knownOverriding_.emplace(property, std::move(single)).first->second;
+    knownBytes_ += kept.bytes();
+    return kept;
 }
 
 void PropertySets::trim() {
-    if (knownBytes_ <= byteLimit_) return;
+    if (knownBytes_ > byteLimit_) forgetAll();
+}
+
+void PropertySets::forgetAll() noexcept {
     known_.clear();
     knownOverriding_.clear();
     knownBytes_ = 0;
@@ -69,10 +61,10 @@ void PropertySets::dropSet(step::Slot set) {
 }
 
 void PropertySets::dropOverriding(step::Slot property) {
-    const auto begin = knownOverriding_.lower_bound({property, 0});
-    auto end = begin;
-    for (; end != knownOverriding_.end() && end->first.first == property; ++end) knownBytes_ -= end->second.bytes();
-    knownOverriding_.erase(begin, end);
+    const auto found = knownOverriding_.find(property);
+    if (found == knownOverriding_.end()) return;
+    knownBytes_ -= found->second.bytes();
+    knownOverriding_.erase(found);
 }
 
 DecodedSet PropertySets::decode(step::Slot slot) {
@@ -82,9 +74,11 @@ DecodedSet PropertySets::decode(step::Slot slot) {
     set.setName_ = putText(argument(setInstance_, cls, Field::Name), set, {});
     if (!step::splitAggregate(argument(setInstance_, cls, Field::HasProperties), members_)) return set;
     set.rows_.reserve(members_.size());
+    // A set is no list: what it names twice it holds once.
+    DistinctSlots properties;
     for (const step::Value& member : members_) {
         const step::Slot property = file_.find(step::referenceId(member));
-        if (property != step::NoSlot) addRow(property, set);
+        if (property != step::NoSlot && properties.add(property)) addRow(property, set);
     }
     set.texts_.shrink_to_fit();
     set.textsWhenRead_ = set.texts_.size();

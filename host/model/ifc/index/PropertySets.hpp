@@ -1,13 +1,12 @@
 #pragma once
 
+#include "model/ifc/index/DistinctSlots.hpp"
 #include "model/ifc/index/InverseReferences.hpp"
 #include "model/ifc/schema/Classes.hpp"
 #include "model/ifc/values/PropertyValues.hpp"
 
-#include <map>
 #include <set>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 namespace model::ifc {
@@ -18,8 +17,6 @@ class DecodedSet {
 public:
     std::u16string_view name() const { return text(setName_); }
     std::size_t size() const { return rows_.size(); }
-    /// Index of the first property of that name; size() where there is none.
-    std::size_t find(std::u16string_view name) const;
     step::Slot slot(std::size_t index) const { return rows_[index].slot; }
     /// Its texts are valid as long as the set lives.
     PropertyView property(std::size_t index) const;
@@ -58,12 +55,13 @@ public:
 
     /// Its texts are valid until a change of the set or one of its properties, or trim().
     const DecodedSet& of(step::Slot set);
-    /// A property that is listed with a set but not in it (an overriding one), as a set of one; of none where it is
-    /// complex or no property.
-    const DecodedSet& overriding(step::Slot property, step::Slot set);
+    /// A property that is listed with a set but not in it (an overriding one), as a set of one that has no name; of none
+    /// where it is complex or no property.
+    const DecodedSet& overriding(step::Slot property);
     /// Keeps the memory within bounds. To be called where nothing of the above is held.
     void trim();
-    /// Grows with each trim() that dropped what was held.
+    void forgetAll() noexcept;
+    /// Grows with each time that all was dropped.
     std::uint64_t generation() const { return trims_; }
 
     /// Of a property added to the end of a set, and no other change.
@@ -88,9 +86,9 @@ private:
     std::size_t knownBytes_ = 0;
     std::uint64_t trims_ = 0;
     std::unordered_map<step::Slot, DecodedSet> known_;
-    std::map<std::pair<step::Slot, step::Slot>, DecodedSet> knownOverriding_;  // by property and set; rare
-    std::set<std::string, std::less<>> unknownTypes_;                          // rows refer to these names
-    step::Instance setInstance_, propertyInstance_;                            // kept to save allocations
+    std::unordered_map<step::Slot, DecodedSet> knownOverriding_;  // by property
+    std::set<std::string, std::less<>> unknownTypes_;             // rows refer to these names
+    step::Instance setInstance_, propertyInstance_;               // kept to save allocations
     std::vector<step::Value> members_;
     std::u16string decoded_;
 };

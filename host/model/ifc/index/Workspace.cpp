@@ -2,6 +2,22 @@
 
 namespace model::ifc {
 
+namespace {
+
+/// Keeps the listener quiet about a change that is followed by hand.
+class Unobserved {
+public:
+    explicit Unobserved(bool& observing) : observing_(observing) { observing_ = false; }
+    ~Unobserved() { observing_ = true; }
+    Unobserved(const Unobserved&) = delete;
+    Unobserved& operator=(const Unobserved&) = delete;
+
+private:
+    bool& observing_;
+};
+
+}  // namespace
+
 Workspace::Workspace(step::StepFile& stepFile, SchemaVersion schemaVersion)
     : file(stepFile),
       version(schemaVersion),
@@ -35,33 +51,54 @@ Status Workspace::addToList(step::Slot holder, Field field, step::Slot member) {
     const Class& cls = classes.of(holder);
     step::Instance instance;
     file.read(holder, instance);
-    observing_ = false;
-    Status added = file.addToAggregate(holder, argument(instance, cls, field), referenceText(file.id(member)));
-    observing_ = true;
-    if (!added) return added;
-    inverseReferences.remember(member, holder, cls.place(field));
-    forwardReferences.append(holder, field, member);
-    longRelations.forget(holder);
-    propertySets.append(holder, member);
+    const std::string added = referenceText(file.id(member));
+    {
+        const Unobserved unobserved(observing_);
+        Status done = file.addToAggregate(holder, argument(instance, cls, field), added);
+        if (!done) return done;
+    }
+    try {
+        inverseReferences.remember(member, holder, cls.place(field));
+        forwardReferences.append(holder, field, member);
+        longRelations.forget(holder);
+        propertySets.append(holder, member);
+    } catch (...) {
+        afterManyChanges();
+        throw;
+    }
     return {};
 }
 
-void Workspace::beforeChange(step::Slot slot) {
+// What cannot follow a change, for want of memory, is found anew. A cache may be empty at any time; it may never be wrong.
+
+void Workspace::beforeChange(step::Slot slot) noexcept try {
     if (!observing_) return;
     propertySets.beforeChange(slot);
     forwardReferences.forget(slot);
     longRelations.forget(slot);
     inverseReferences.beforeChange(slot);
     globalIds.beforeChange(slot);
+} catch (...) {
+    afterManyChanges();
 }
 
-void Workspace::afterChange(step::Slot slot) {
+void Workspace::afterChange(step::Slot slot) noexcept try {
     if (!observing_) return;
     inverseReferences.afterChange(slot);
     globalIds.afterChange(slot);
     propertySets.afterChange(slot, inverseReferences);
     forwardReferences.forget(slot);
     longRelations.forget(slot);
+} catch (...) {
+    afterManyChanges();
+}
+
+void Workspace::afterManyChanges() noexcept {
+    inverseReferences.forgetAll();
+    globalIds.forgetAll();
+    propertySets.forgetAll();
+    forwardReferences.forgetAll();
+    longRelations.forgetAll();
 }
 
 }  // namespace model::ifc

@@ -48,8 +48,9 @@ public:
     ClassificationIndex classificationIndex;
 
 private:
-    void beforeChange(step::Slot slot) override;
-    void afterChange(step::Slot slot) override;
+    void beforeChange(step::Slot slot) noexcept override;
+    void afterChange(step::Slot slot) noexcept override;
+    void afterManyChanges() noexcept override;
 
     bool observing_ = true;
 };

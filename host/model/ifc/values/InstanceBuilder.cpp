@@ -30,19 +30,15 @@ InstanceBuilder& InstanceBuilder::set(std::string_view attribute, std::string st
 
 InstanceBuilder& InstanceBuilder::replaceReference(std::string_view attribute, step::InstanceId from,
                                                    step::InstanceId to) {
-    std::string* text = argument(attribute);
-    if (text == nullptr) return *this;
-    for (auto token = findReference(*text, from); !token.empty(); token = findReference(*text, from)) {
-        text->replace(static_cast<std::size_t>(token.data() - text->data()), token.size(), referenceText(to));
-    }
+    if (std::string* text = argument(attribute)) *text = withReference(*text, from, to);
     return *this;
 }
 
 InstanceBuilder& InstanceBuilder::addReference(std::string_view attribute, step::InstanceId member) {
     std::string* text = argument(attribute);
-    if (text == nullptr || !text->ends_with(')')) return *this;
-    const bool isEmpty = text->find('#') == std::string::npos;
-    text->insert(text->size() - 1, (isEmpty ? "" : ",") + referenceText(member));
+    std::vector<step::Value> members;
+    if (text == nullptr || !step::splitAggregate({step::ValueKind::Aggregate, *text}, members)) return *this;
+    text->insert(text->size() - 1, (members.empty() ? "" : ",") + referenceText(member));
     return *this;
 }
 
@@ -59,13 +55,18 @@ std::string referenceText(step::InstanceId id) {
     return '#' + std::to_string(id);
 }
 
-std::string_view findReference(std::string_view argument, step::InstanceId id) {
-    std::string_view found;
+std::string withReference(std::string_view argument, step::InstanceId from, step::InstanceId to) {
+    const std::string replacement = referenceText(to);
+    std::string result;
+    std::size_t copied = 0;
     forEachReferenceIn(argument, [&](std::string_view token) {
-        if (tokenId(token) == id) found = token;
-        return found.empty();
+        if (tokenId(token) != from) return true;
+        const auto at = static_cast<std::size_t>(token.data() - argument.data());
+        result.append(argument.substr(copied, at - copied)).append(replacement);
+        copied = at + token.size();
+        return true;
     });
-    return found;
+    return result.append(argument.substr(copied));
 }
 
 }  // namespace model::ifc

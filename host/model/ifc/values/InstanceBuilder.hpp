@@ -33,7 +33,7 @@ private:
 
 std::string referenceText(step::InstanceId id);  ///< "#12"
 
-/// The first "#12" of that id in the text of an argument; empty where there is none.
-std::string_view findReference(std::string_view argument, step::InstanceId id);
+/// The text of an argument with another reference in the place of one, wherever it stands.
+std::string withReference(std::string_view argument, step::InstanceId from, step::InstanceId to);
 
 }  // namespace model::ifc

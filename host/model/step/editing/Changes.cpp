@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <functional>
 #include <limits>
+#include <new>
+#include <tuple>
 #include <utility>
 
 namespace model::step {
@@ -35,6 +37,15 @@ bool Changes::present(Slot slot) const {
     if (!known(slot)) return false;
     const ChangedInstance* instance = lookUp(slot);
     return instance == nullptr || instance->now.kind != TextState::Kind::Absent;
+}
+
+const ChangedInstance* Changes::lookUpNew(Slot slot) const {
+    const ChangedInstance* instance = known(slot) ? lookUp(slot) : nullptr;
+    return instance != nullptr && instance->newId != 0 ? instance : nullptr;
+}
+
+bool Changes::isNew(Slot slot) const {
+    return lookUpNew(slot) != nullptr;
 }
 
 std::string_view Changes::text(Slot slot) {
@@ -70,11 +81,50 @@ std::uint64_t Changes::offset(Slot slot) const {
 }
 
 std::uint32_t Changes::section(Slot slot) const {
-    const ChangedInstance* instance = lookUp(slot);
-    if (instance != nullptr && instance->newId != 0) return instance->section;
+    if (const ChangedInstance* added = lookUpNew(slot)) return added->position.section;
     const auto after = std::upper_bound(index_.sections.begin(), index_.sections.end(), offset(slot),
                                         [](std::uint64_t at, const Section& section) { return at < section.begin; });
     return static_cast<std::uint32_t>(after - index_.sections.begin()) - 1;
+}
+
+// --- Order ---
+
+/// An instance of the file hangs on nothing but itself.
+Position Changes::position(Slot slot) const {
+    const ChangedInstance* added = lookUpNew(slot);
+    return added != nullptr ? added->position : Position{0, NoSlot, slot, 0};
+}
+
+/// What stands behind what makes trees: below each instance those behind it, in the order they were made in. They are
+/// written from the top down, each branch to its end before the next.
+bool Changes::before(Slot a, Slot b) const {
+    Position first = position(a), second = position(b);
+    if (first.root != second.root) return rootBefore(first.root, second.root);
+    const auto up = [this](Slot& slot, Position& place) {
+        slot = place.behind;
+        place = position(slot);
+    };
+    while (first.depth > second.depth) up(a, first);
+    if (a == b) return false;  // The one asked about hung on it, if it was another.
+    while (second.depth > first.depth) up(b, second);
+    if (a == b) return true;
+    while (first.behind != second.behind) {
+        up(a, first);
+        up(b, second);
+    }
+    return a < b;
+}
+
+/// Instances of the file stand in the order of their slots, and what is new at the end of a section before the first
+/// one of the next section.
+bool Changes::rootBefore(Slot a, Slot b) const {
+    const auto key = [this](Slot slot) {
+        const ChangedInstance* added = lookUpNew(slot);
+        if (added == nullptr) return std::tuple(slot, true, std::uint32_t{0}, slot);
+        const std::uint32_t section = added->position.section;
+        return std::tuple(sectionEnds_[section], false, section, slot);
+    };
+    return key(a) < key(b);
 }
 
 // --- Changing ---
@@ -88,21 +138,29 @@ bool Changes::begin() {
     return true;
 }
 
+/// A record at the end of the list. What follows a change without fail gets its room here.
+ChangedInstance& Changes::newRecord() {
+    constexpr std::size_t Few = 16;
+    if (notWeighed_.capacity() <= changed_.size()) notWeighed_.reserve(2 * changed_.size() + Few);
+    return changed_.emplace_back();
+}
+
 ChangedInstance& Changes::changeable(Slot slot) {
     const Place place = index_.places[slot];
     if (place.changed()) return changed_[place.where()];
-    ChangedInstance& instance = changed_.emplace_back();
+    ChangedInstance& instance = newRecord();
     instance.slot = slot;
     instance.offset = place.where();
     index_.places[slot] = {place.keyword(), true, changed_.size() - 1};
     return instance;
 }
 
-/// The journal keeps the state that a command found the instance in.
+/// The journal keeps the state that a command found the instance in. The mark comes last: a change that nothing
+/// remembers could never be taken back.
 void Changes::remember(ChangedInstance& instance) {
     if (instance.command == commandCount_) return;
-    instance.command = commandCount_;
     current_.entries.push_back({static_cast<std::size_t>(index_.places[instance.slot].where()), instance.now});
+    instance.command = commandCount_;
 }
 
 /// A text that is the file's own again is no change.
@@ -122,65 +180,110 @@ void Changes::set(Slot slot, TextState next) {
 
 std::optional<std::size_t> Changes::removeReferences(Slot slot, std::size_t attributeIndex, InstanceId member) {
     auto pending = removals_.find(slot);
-    if (pending != removals_.end() && pending->second.attributeIndex() == attributeIndex) {
-        if (!pending->second.remove(member)) return std::nullopt;
-    } else {
+    if (pending == removals_.end() || pending->second.attributeIndex() != attributeIndex) {
+        // Only one argument at a time has removals that the text does not show.
         auto fresh = ReferenceRemovals::of(text(slot), attributeIndex);
-        if (!fresh || !fresh->remove(member)) return std::nullopt;
+        if (!fresh) return std::nullopt;
         pending = removals_.emplace(slot, std::move(*fresh)).first;
     }
+    if (!pending->second.names(member)) return std::nullopt;
     remember(changeable(slot));
+    pending->second.remove(member);
     ++changeCount_;
     return pending->second.left();
 }
 
 /// Brings the text of the instance up to date.
 void Changes::takeOut(Slot slot) {
-    const auto pending = removals_.extract(slot);
-    if (pending.empty()) return;
-    ChangedInstance& instance = changeable(slot);
-    const bool isOriginal = instance.now.kind == TextState::Kind::Original;
-    instance.now = changedTo(instance, pending.mapped().applyTo(isOriginal ? original(instance) : instance.now.text));
-    weighLater(instance);
+    const auto pending = removals_.find(slot);
+    if (pending == removals_.end()) return;
+    if (pending->second.removed() > 0) {
+        ChangedInstance& instance = changeable(slot);
+        const bool isOriginal = instance.now.kind == TextState::Kind::Original;
+        const std::string_view text = isOriginal ? original(instance) : std::string_view(instance.now.text);
+        instance.now = changedTo(instance, pending->second.applyTo(text));
+        weighLater(instance);
+    }
+    removals_.erase(pending);
 }
 
 void Changes::takeOutAll() {
     while (!removals_.empty()) takeOut(removals_.begin()->first);
 }
 
+// --- New instances ---
+
 /// Readers hold ids in 64 bits at most, often with a sign.
+constexpr auto LargestId = static_cast<InstanceId>(std::numeric_limits<std::int64_t>::max());
+
 bool Changes::reserveId() {
-    constexpr auto LargestId = static_cast<InstanceId>(std::numeric_limits<std::int64_t>::max());
     if (firstNewId_ == 0) {
         const InstanceId highest = highestId(index_, *this);
         if (highest >= LargestId) return false;
+        sectionEnds_.clear();
+        for (const Section& each : index_.sections) {
+            // The file's slots are sorted by their offsets, and none is new yet.
+            Slot low = sectionEnds_.empty() ? 0 : sectionEnds_.back(), high = static_cast<Slot>(index_.places.size());
+            while (low < high) {
+                const Slot middle = low + (high - low) / 2;
+                if (offset(middle) < each.end) {
+                    low = middle + 1;
+                } else {
+                    high = middle;
+                }
+            }
+            sectionEnds_.push_back(low);
+        }
         firstNewId_ = highest + 1;
     }
     if (nextId_ == 0) nextId_ = current_.otherNextId = firstNewId_;
     return nextId_ <= LargestId;
 }
 
+bool Changes::hasRoomFor(std::size_t count) {
+    return count == 0 || (count < NoSlot - index_.places.size() && reserveId() && count - 1 <= LargestId - nextId_);
+}
+
 Slot Changes::append(std::string_view body, KeywordCode keyword, std::uint32_t section) {
-    if (index_.places.size() >= NoSlot - 1 || !reserveId()) return NoSlot;
+    return add(body, keyword, {section, NoSlot, static_cast<Slot>(index_.places.size()), 0});
+}
+
+Slot Changes::insertBehind(std::string_view body, KeywordCode keyword, Slot original) {
+    const Position held = position(original);
+    return add(body, keyword, {section(original), original, held.root, held.depth + 1});
+}
+
+/// The instance begins as an absent one, so that undoing leads back there. Whatever step lacks memory, those before it
+/// leave nothing that anybody sees.
+Slot Changes::add(std::string_view body, KeywordCode keyword, Position position) {
+    if (!hasRoomFor(1)) return NoSlot;
     const auto slot = static_cast<Slot>(index_.places.size());
-    index_.places.push_back({keyword, true, changed_.size()});
-    index_.lengths.push_back(0);
-    ChangedInstance& instance = changed_.emplace_back();
-    instance.slot = slot;
-    instance.newId = nextId_++;
-    instance.section = section;
-    instance.now.kind = TextState::Kind::Absent;
-    std::string text = "#" + std::to_string(instance.newId) + "=";
+    std::string text = "#" + std::to_string(nextId_) + "=";
     text += body;
     text += ';';
+    const auto idPlace = static_cast<std::size_t>(nextId_ - firstNewId_);
+    if (idPlace >= newIds_.size()) newIds_.resize(idPlace + 1, NoSlot);
+    ChangedInstance& instance = newRecord();
+    instance.slot = slot;
+    instance.newId = nextId_;
+    instance.position = position;
+    instance.now.kind = TextState::Kind::Absent;
+    index_.lengths.push_back(0);
+    index_.places.push_back({keyword, true, changed_.size() - 1});
+    ++nextId_;
     set(slot, {TextState::Kind::Changed, std::move(text)});
     return slot;
 }
 
+// --- Fingerprint ---
+
 /// What an instance adds to the fingerprint. An instance as the file has it adds nothing, nor does a new one while it
 /// is absent.
 std::uint64_t Changes::weight(const ChangedInstance& instance) const {
-    const std::uint64_t where = instance.newId == 0 ? instance.offset : ~std::uint64_t{instance.section};
+    const Position& position = instance.position;
+    const std::uint64_t where = instance.newId == 0         ? instance.offset
+                                : position.behind == NoSlot ? ~std::uint64_t{position.section}
+                                                            : ~mixed(id(position.behind));
     switch (instance.now.kind) {
         case TextState::Kind::Original:
             return 0;
@@ -205,13 +308,13 @@ std::uint64_t Changes::fingerprint() {
     return sum_;
 }
 
-void Changes::weighLater(ChangedInstance& instance) {
+void Changes::weighLater(ChangedInstance& instance) noexcept {
     if (std::exchange(instance.weighed, false)) {
         notWeighed_.push_back(static_cast<std::size_t>(index_.places[instance.slot].where()));
     }
 }
 
-void Changes::exchange(ChangedInstance& instance, TextState& state) {
+void Changes::exchange(ChangedInstance& instance, TextState& state) noexcept {
     if (listener_ != nullptr) listener_->beforeChange(instance.slot);
     std::swap(instance.now, state);
     weighLater(instance);
@@ -220,15 +323,16 @@ void Changes::exchange(ChangedInstance& instance, TextState& state) {
 }
 
 /// After an undo the next new instance gets the same id again, in another slot.
-void Changes::rememberNewId(const ChangedInstance& instance) {
+void Changes::rememberNewId(const ChangedInstance& instance) noexcept {
     const auto at = static_cast<std::size_t>(instance.newId - firstNewId_);
-    if (at >= newIds_.size()) newIds_.resize(at + 1, NoSlot);
     newIds_[at] = instance.now.kind == TextState::Kind::Absent ? NoSlot : instance.slot;
 }
 
 // --- Commands ---
 
 bool Changes::commit(std::string name) {
+    constexpr std::size_t Few = 8;
+    if (commands_.capacity() <= done_) commands_.reserve(2 * done_ + Few);
     takeOutAll();
     running_ = false;
     std::erase_if(current_.entries, [this](const Entry& entry) { return entry.other == changed_[entry.instance].now; });
@@ -237,19 +341,29 @@ bool Changes::commit(std::string name) {
         return false;
     }
     current_.name = std::move(name);
-    undoable_.push_back(std::move(current_));
-    redoable_.clear();
+    commands_.erase(commands_.begin() + static_cast<std::ptrdiff_t>(done_), commands_.end());
+    commands_.push_back(std::move(current_));
+    ++done_;
     return true;
 }
 
-void Changes::rollback() {
-    takeOutAll();  // The listener is to see what it was told of go back.
+void Changes::rollback() noexcept {
+    try {
+        takeOutAll();  // The listener is to see what it was told of go back.
+    } catch (const std::bad_alloc&) {
+        removals_.clear();
+        if (listener_ != nullptr) listener_->afterManyChanges();
+    }
     running_ = false;
-    if (!current_.entries.empty()) exchangeAll(current_);
+    if (current_.entries.empty()) {
+        nextId_ = current_.otherNextId;
+    } else {
+        exchangeAll(current_);
+    }
     current_ = {};
 }
 
-void Changes::exchangeAll(Command& command) {
+void Changes::exchangeAll(Command& command) noexcept {
     for (std::size_t i = command.entries.size(); i-- > 0;)
         exchange(changed_[command.entries[i].instance], command.entries[i].other);
     std::reverse(command.entries.begin(), command.entries.end());
@@ -257,19 +371,15 @@ void Changes::exchangeAll(Command& command) {
     ++changeCount_;
 }
 
-bool Changes::undo() {
+bool Changes::undo() noexcept {
     if (!canUndo()) return false;
-    exchangeAll(undoable_.back());
-    redoable_.push_back(std::move(undoable_.back()));
-    undoable_.pop_back();
+    exchangeAll(commands_[--done_]);
     return true;
 }
 
-bool Changes::redo() {
+bool Changes::redo() noexcept {
     if (!canRedo()) return false;
-    exchangeAll(redoable_.back());
-    undoable_.push_back(std::move(redoable_.back()));
-    redoable_.pop_back();
+    exchangeAll(commands_[done_++]);
     return true;
 }
 

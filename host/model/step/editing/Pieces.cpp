@@ -47,6 +47,8 @@ Edit erasure(std::string_view bytes, std::uint64_t begin, std::uint64_t end) {
     return {lineBegin, lineEnd, {}};
 }
 
+constexpr std::uint32_t NoSection = 0xFFFFFFFFU;
+
 std::vector<Edit> editsInPlace(const Index& index, Changes& changes) {
     std::vector<Edit> edits;
     for (const ChangedInstance& instance : changes.instances()) {
@@ -60,31 +62,90 @@ std::vector<Edit> editsInPlace(const Index& index, Changes& changes) {
     return edits;
 }
 
-void addInsertions(const Index& index, Changes& changes, std::vector<Edit>& edits) {
-    struct Place {
-        std::string_view lineEnd;
-        bool used = false;
-    };
-    std::vector<Place> places(index.sections.size());
-    for (const ChangedInstance& instance : changes.instances()) {
-        if (instance.newId == 0 || instance.now.kind == TextState::Kind::Absent) continue;
-        const std::uint64_t at = index.sections[instance.section].insertAt;
-        Place& place = places[instance.section];
-        const auto insert = [&edits, at](std::string_view text) { edits.push_back({at, at, text}); };
-        if (!place.used) {
-            place = {lineEndBefore(index.bytes, at), true};
-            insert(separatorBefore(index.bytes, at, place.lineEnd));
+/// How new instances are set off from what is around them.
+struct Setting {
+    std::uint64_t at = 0;
+    std::string_view before;
+    std::string_view after;
+};
+
+/// The end of the line that `at` stands on, where nothing but blanks and comments comes before it; npos otherwise.
+std::size_t endOfLineBehind(std::string_view bytes, std::size_t at) {
+    while (at < bytes.size() && !isLineEnd(bytes[at])) {
+        if (bytes.substr(at).starts_with("/*")) {
+            const std::size_t closed = bytes.substr(0, bytes.find_first_of("\r\n", at)).find("*/", at + 2);
+            if (closed == std::string_view::npos) return closed;
+            at = closed + 2;
+        } else if (isBlank(bytes[at])) {
+            ++at;
+        } else {
+            return std::string_view::npos;
         }
-        insert(instance.now.text);
-        insert(place.lineEnd);
     }
+    return at;
+}
+
+/// Behind an instance of the file: on the next line where it ends its line, so that a comment on that line stays with
+/// it; otherwise right behind its semicolon, since what follows there cannot be told from what it belongs to.
+Setting settingBehind(const Index& index, std::uint64_t end, const Section& section) {
+    const std::string_view bytes = index.bytes;
+    const std::size_t line = endOfLineBehind(bytes, end);
+    if (line == std::string_view::npos) return {end, {}, {}};
+    if (line == bytes.size()) return {end, lineEndBefore(bytes, end), {}};
+    const std::string_view lineEnd = bytes.substr(line, bytes.substr(line).starts_with("\r\n") ? 2 : 1);
+    // New instances at the end of the section may have to go in front of malformed text on that line.
+    if (line + lineEnd.size() > section.insertAt) return {end, lineEnd, {}};
+    return {line + lineEnd.size(), {}, lineEnd};
+}
+
+Setting settingAtEnd(const Index& index, const Section& section) {
+    return {section.insertAt, {}, lineEndBefore(index.bytes, section.insertAt)};
+}
+
+/// In the order that they are written in.
+std::vector<const ChangedInstance*> newInstances(Changes& changes) {
+    std::vector<const ChangedInstance*> added;
+    for (const ChangedInstance& instance : changes.instances()) {
+        if (instance.newId != 0 && instance.now.kind != TextState::Kind::Absent) added.push_back(&instance);
+    }
+    std::sort(added.begin(), added.end(),
+              [&](const ChangedInstance* a, const ChangedInstance* b) { return changes.before(a->slot, b->slot); });
+    return added;
+}
+
+std::vector<Edit> insertions(const Index& index, Changes& changes) {
+    std::vector<Edit> edits;
+    Slot root = NoSlot;
+    std::uint32_t filled = NoSection;
+    Setting setting;
+    for (const ChangedInstance* instance : newInstances(changes)) {
+        const Position& place = instance->position;
+        const Section& section = index.sections[place.section];
+        const auto insert = [&](std::string_view text) { edits.push_back({setting.at, setting.at, text}); };
+        if (!changes.isNew(place.root)) {
+            if (place.root != root) {
+                setting = settingBehind(index, changes.offset(place.root) + index.lengths[place.root], section);
+            }
+        } else if (filled != place.section) {
+            filled = place.section;
+            setting = settingAtEnd(index, section);
+            insert(separatorBefore(index.bytes, setting.at, setting.after));
+        }
+        root = place.root;
+        insert(setting.before);
+        insert(instance->now.text);
+        insert(setting.after);
+    }
+    return edits;
 }
 
 }  // namespace
 
 std::vector<std::string_view> pieces(const Index& index, Changes& changes) {
-    std::vector<Edit> edits = editsInPlace(index, changes);
-    addInsertions(index, changes, edits);
+    // At one place, what is new comes before what takes the place of something else.
+    std::vector<Edit> edits = insertions(index, changes);
+    const std::vector<Edit> inPlace = editsInPlace(index, changes);
+    edits.insert(edits.end(), inPlace.begin(), inPlace.end());
     std::stable_sort(edits.begin(), edits.end(), [](const Edit& a, const Edit& b) { return a.begin < b.begin; });
     std::vector<std::string_view> result;
     std::uint64_t written = 0;

@@ -37,12 +37,15 @@ std::optional<ReferenceRemovals> ReferenceRemovals::of(std::string_view instance
     return removals;
 }
 
-bool ReferenceRemovals::remove(InstanceId member) {
+bool ReferenceRemovals::names(InstanceId member) const {
     const std::size_t at = find(members_, member);
-    if (at == members_.size() || marked_[at]) return false;
-    marked_[at] = true;
+    return at < members_.size() && !marked_[at];
+}
+
+void ReferenceRemovals::remove(InstanceId member) {
+    if (!names(member)) return;
+    marked_[find(members_, member)] = true;
     ++removed_;
-    return true;
 }
 
 std::string ReferenceRemovals::applyTo(std::string_view instanceText) const {

@@ -18,8 +18,10 @@ public:
     static std::optional<ReferenceRemovals> of(std::string_view instanceText, std::size_t attributeIndex);
 
     std::size_t attributeIndex() const { return attributeIndex_; }
-    /// @return false where the list does not name it, or no longer.
-    bool remove(InstanceId member);
+    /// Whether the list names it, still.
+    bool names(InstanceId member) const;
+    void remove(InstanceId member);
+    std::size_t removed() const { return removed_; }
     /// How many different instances the list still names.
     std::size_t left() const { return members_.size() - removed_; }
     /// @param instanceText  the one it was made of.
