@@ -1,4 +1,5 @@
 #include "model/Model.hpp"
+#include "text/Guid.hpp"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
@@ -7,8 +8,8 @@ namespace {
 
 using model::fromGlobalId;
 using model::Guid;
-using model::guidText;
 using model::toGlobalId;
+using text::guidText;
 
 TEST(GlobalId, ExpandsToTheGuidOfItsBits) {
     const std::pair<std::string_view, std::string_view> table[] = {
