@@ -24,7 +24,7 @@ std::string_view withoutSign(std::string_view text) {
 /// "1.234.567": groups of three behind the first.
 bool isGrouped(std::string_view text, char separator) {
     std::size_t end = text.find(separator);
-    if (end == std::string_view::npos || end > GroupLength || !isDigits(text.substr(0, end))) return false;
+    if (end > GroupLength || !isDigits(text.substr(0, end))) return false;
     while (end < text.size()) {
         const std::string_view group = text.substr(end + 1, GroupLength);
         if (group.size() != GroupLength || !isDigits(group)) return false;

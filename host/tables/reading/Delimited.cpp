@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <tuple>
 
 namespace tables {
 namespace {
@@ -102,7 +103,7 @@ struct Likeness {
     std::size_t linesAsFirst = 0;
     std::size_t fields = 0;
 
-    auto operator<=>(const Likeness&) const = default;
+    auto rank() const { return std::tie(linesWithGuid, linesAsFirst, fields); }
 };
 
 constexpr std::size_t SampleLines = 200;
@@ -149,7 +150,7 @@ std::optional<char> findDelimiter(std::string_view text) {
     Likeness likeness;
     for (const char delimiter : Delimiters) {
         const Likeness here = likenessOf(sample, delimiter);
-        if (here <= likeness) continue;
+        if (here.rank() <= likeness.rank()) continue;
         likeness = here;
         best = delimiter;
     }

@@ -61,8 +61,10 @@ Error notOf(std::string_view encoding, std::string_view textBefore) {
 /// In steps, so that the text between is never whole in memory.
 Result<std::string> convert(std::string_view bytes, UConverter* converter, std::string_view encoding) {
     std::string text;
-    std::array<UChar, 8192> units{};
-    std::array<char, 3 * 8192> utf8{};
+    constexpr std::size_t Stretch = 8192;
+    constexpr std::size_t MostBytesOfAUnit = 3;
+    std::array<UChar, Stretch> units{};
+    std::array<char, MostBytesOfAUnit * Stretch> utf8{};
     const char* source = bytes.data();
     const char* const end = source + bytes.size();
     UErrorCode error = U_BUFFER_OVERFLOW_ERROR;

@@ -103,8 +103,7 @@ std::string_view Attributes::value(std::string_view name, std::string_view space
 Status read(Package& package, const std::string& part, Handler& handler) {
     Reader reader(handler);
     bool going = true;
-    const Status status =
-        package.read(part, [&](std::string_view stretch) { return going = reader.feed(stretch, false); });
+    Status status = package.read(part, [&](std::string_view stretch) { return going = reader.feed(stretch, false); });
     if (!status) return status;
     if (going) reader.feed({}, true);
     if (!handler.failure().empty()) return Error{handler.failure()};
