@@ -14,6 +14,8 @@
 #include "text/Guid.hpp"
 #include "text/Unicode.hpp"
 
+#include <exception>
+#include <new>
 #include <unordered_set>
 
 namespace model {
@@ -28,11 +30,14 @@ struct Model::Content {
     std::vector<std::string> remarks;
     std::vector<std::string> notes;
     std::unordered_set<Element> noted;  ///< Elements whose duplicates have been told of.
+    std::exception_ptr failure;         ///< What broke off a change of the open command.
 
     using Edit = std::function<Status(std::vector<std::string>& notes)>;
 
-    void collectRemarks();
+    void collectRemarks(const std::string& schemaNamed);
+    void remarkOnUnknownClasses();
     Status edit(Element element, const Edit& body);
+    void noteChange(Element element, bool changed, std::vector<std::string>& toTell);
     std::string describe(Element element);
 };
 
@@ -42,20 +47,46 @@ std::string counted(std::uint64_t count, const std::string& one, const std::stri
     return count == 1 ? "1 " + one : std::to_string(count) + " " + many;
 }
 
+/// What FILE_SCHEMA says.
+struct NamedSchema {
+    ifc::SchemaVersion version;
+    std::string name;  ///< As written.
+};
+
 /// The first schema named that can be read.
-Result<ifc::SchemaVersion> schemaOf(const step::StepFile& file) {
-    std::string named;
+Result<NamedSchema> schemaOf(const step::StepFile& file) {
+    std::string named, advice;
     for (const std::string& name : file.schemaNames()) {
-        if (const auto version = ifc::Schema::versionOf(name)) return *version;
+        if (const auto version = ifc::Schema::versionOf(name)) return NamedSchema{*version, name};
         named += (named.empty() ? "" : ", ") + name;
+        if (ifc::Schema::isWithdrawn(name)) {
+            advice = "; " + name + " was withdrawn, so export the model again as IFC4 or IFC4X3";
+        }
     }
     const std::string found = named.empty() ? "names no schema in FILE_SCHEMA" : "is of schema " + named;
-    return Error{ErrorKind::CannotRead, "the file " + found + "; IFC2X3, IFC4 and IFC4X3 can be read"};
+    return Error{ErrorKind::CannotRead, "the file " + found + "; IFC2X3, IFC4 and IFC4X3 can be read" + advice};
+}
+
+/// "IFCA (3), IFCB (1) and 4 more classes"
+std::string listed(const std::vector<UnknownClass>& classes) {
+    constexpr std::size_t Most = 10;
+    const std::size_t shown = classes.size() <= Most ? classes.size() : Most - 1;
+    std::string text;
+    for (std::size_t i = 0; i < shown; ++i) {
+        text += (i == 0 ? "" : ", ") + classes[i].name + " (" + std::to_string(classes[i].instances) + ")";
+    }
+    return shown == classes.size() ? text : text + " and " + std::to_string(classes.size() - shown) + " more classes";
 }
 
 }  // namespace
 
-void Model::Content::collectRemarks() {
+void Model::Content::collectRemarks(const std::string& schemaNamed) {
+    const std::string schema(ifc::Schema::name(work.version));
+    if (ifc::Schema::isReleaseCandidate(schemaNamed)) {
+        remarks.push_back("the file is of " + schemaNamed + ", a release candidate of " + schema + "; it is read as " +
+                          schema + ", so that classes which the final schema has not are not understood");
+    }
+    remarkOnUnknownClasses();
     for (const step::Remark& remark : file->remarks()) {
         remarks.push_back((remark.line == 0 ? "" : "line " + std::to_string(remark.line) + ": ") + remark.message);
     }
@@ -71,18 +102,39 @@ void Model::Content::collectRemarks() {
     }
 }
 
+void Model::Content::remarkOnUnknownClasses() {
+    const std::vector<UnknownClass>& unknown = work.elements.unknownClasses();
+    if (unknown.empty()) return;
+    std::uint64_t instances = 0;
+    for (const UnknownClass& each : unknown) instances += each.instances;
+    remarks.push_back(counted(instances, "instance is", "instances are") + " of classes that " +
+                      std::string(ifc::Schema::name(work.version)) +
+                      " does not have, and kept in the file without being read: " + listed(unknown));
+}
+
 Status Model::Content::edit(Element element, const Edit& body) {
     if (!file->open()) return Error{ErrorKind::Refused, "the model can only be changed inside an undoable command"};
     const std::uint64_t before = file->revision();
+    // A change that broke off in the middle may be half made: nothing more is changed, and the command only rolled
+    // back.
+    if (failure) std::rethrow_exception(failure);
     std::vector<std::string> toTell;
-    Status done = body(toTell);
-    const bool changed = done && file->revision() != before;
+    try {
+        Status done = body(toTell);
+        noteChange(element, done && file->revision() != before, toTell);
+        return done;
+    } catch (...) {
+        failure = std::current_exception();
+        throw;
+    }
+}
+
+void Model::Content::noteChange(Element element, bool changed, std::vector<std::string>& toTell) {
     if (changed && work.elements.hasDuplicates(element) && noted.insert(element).second) {
         toTell.push_back("its GlobalId stands in the file more than once; only the first instance, #" +
                          std::to_string(file->id(work.elements.slot(element))) + ", is changed");
     }
     for (const std::string& note : toTell) notes.push_back(describe(element) + ": " + note);
-    return done;
 }
 
 /// "Wall 12 (A32931C7-...)"
@@ -95,24 +147,29 @@ Model::Model(std::unique_ptr<Content> modelContent) : content_(std::move(modelCo
 
 Model::~Model() = default;
 
-Result<std::unique_ptr<Model>> Model::open(const std::filesystem::path& path, const OpenOptions& options) {
+Result<std::unique_ptr<Model>> Model::open(const std::filesystem::path& path, const OpenOptions& options) try {
     auto file = step::StepFile::open(path, {options.progress, options.lock});
     if (!file) return file.error();
-    auto version = schemaOf(**file);
-    if (!version) return Error{version.error().kind, path.string() + ": " + version.error().message};
-    auto content = std::make_unique<Content>(std::move(*file), *version);
-    content->collectRemarks();
+    auto schema = schemaOf(**file);
+    if (!schema) return Error{schema.error().kind, path.string() + ": " + schema.error().message};
+    auto content = std::make_unique<Content>(std::move(*file), schema->version);
+    content->collectRemarks(schema->name);
     return std::unique_ptr<Model>(new Model(std::move(content)));
+} catch (const std::bad_alloc&) {
+    return Error{ErrorKind::CannotRead,
+                 path.string() + ": there is not enough memory to open it; close other programs and try again"};
 }
 
-Result<std::unique_ptr<Model>> Model::fromBytes(std::string bytes) {
+Result<std::unique_ptr<Model>> Model::fromBytes(std::string bytes) try {
     auto file = step::StepFile::fromBytes(std::move(bytes));
     if (!file) return file.error();
-    auto version = schemaOf(**file);
-    if (!version) return version.error();
-    auto content = std::make_unique<Content>(std::move(*file), *version);
-    content->collectRemarks();
+    auto schema = schemaOf(**file);
+    if (!schema) return schema.error();
+    auto content = std::make_unique<Content>(std::move(*file), schema->version);
+    content->collectRemarks(schema->name);
     return std::unique_ptr<Model>(new Model(std::move(content)));
+} catch (const std::bad_alloc&) {
+    return Error{ErrorKind::CannotRead, "there is not enough memory to open the model"};
 }
 
 // --- The file ---
@@ -135,6 +192,10 @@ std::uint64_t Model::duplicateGlobalIds() const {
 
 std::uint64_t Model::invalidGlobalIds() const {
     return content_->work.elements.invalid();
+}
+
+const std::vector<UnknownClass>& Model::unknownClasses() const {
+    return content_->work.elements.unknownClasses();
 }
 
 const std::vector<std::string>& Model::remarks() const {
@@ -248,15 +309,15 @@ Result<std::int32_t> Model::command(std::string name, const std::function<std::i
     std::int32_t result = 0;
     try {
         result = body();
+        // The body may have passed over it, or may not be able to let it through.
+        if (content_->failure) std::rethrow_exception(content_->failure);
+        if (result == 0) content_->file->commit(std::move(name));
     } catch (...) {
+        content_->failure = nullptr;
         content_->file->rollback();
         throw;
     }
-    if (result != 0) {
-        content_->file->rollback();
-    } else {
-        content_->file->commit(std::move(name));
-    }
+    if (result != 0) content_->file->rollback();
     return result;
 }
 

@@ -24,34 +24,59 @@
 
 namespace model {
 
+/// One open IFC file.
+///
+/// - **Threads.** Readers fill caches behind a const interface, so that a Model is used by one thread at a time, for
+///   reading too. It may be opened on a worker and handed over; nothing in it belongs to a thread.
+/// - **Elements.** An Element that the caller got from here is valid as long as the Model is; passing any other number
+/// is
+///   a fault of the caller.
+/// - **Texts.** Unless they say otherwise, texts are handed over as copies. Models' texts are UTF-16, as the host
+///   interface has them; names of files, schemas and classes are UTF-8.
+/// - **Memory.** Where it runs out, std::bad_alloc goes through to the caller, and what was asked for did not happen:
+/// it
+///   is never answered by an empty list or a "not found". Opening and saving answer with an Error instead. In a command
+///   it is the end of the command, see there. Taking back (undo, redo, rollback) needs no memory.
+/// - **Errors.** No other exceptions. An Error's message is a whole sentence without its subject: the caller knows
+/// which
+///   element and which item it was.
 class Model {
 public:
+    /// Reads a .ifc file, or the model in an .ifczip. Faults inside it are no error, see remarks().
+    /// ErrorKind::CannotRead where it is none that can be read, or there is not enough memory; `message` names the
+    /// path.
     static Result<std::unique_ptr<Model>> open(const std::filesystem::path& path, const OpenOptions& options = {});
+    /// The same for bytes in memory.
     static Result<std::unique_ptr<Model>> fromBytes(std::string bytes);
     ~Model();
 
     // --- The file ---
-    std::string_view schemaName() const;       ///< "IFC2X3", "IFC4", "IFC4X3".
+    std::string_view schemaName() const;       ///< "IFC2X3", "IFC4", "IFC4X3": the one it is read by. Static.
     std::uint64_t duplicateGlobalIds() const;  ///< Instances of elements' classes beyond the first of a GlobalId.
-    std::uint64_t invalidGlobalIds() const;
+    std::uint64_t invalidGlobalIds() const;    ///< Instances of elements' classes without a valid one.
+    /// What the schema does not have, by name: kept in the file and not read. Lives as long as the model.
+    const std::vector<UnknownClass>& unknownClasses() const;
     /// The program that has the file open for editing, "modelhost-desktop (process 1234)": the model can be saved under
     /// other names only. Empty where there is none.
     const std::string& lockHolder() const;
     /// Takes the lock of OpenOptions::lock now: for who opens a file before closing the one that was open, which may be
     /// the same.
     void takeLock();
-    /// What is worth telling the user about the file as opened, complete lines.
+    /// What is worth telling the user about the file as opened, complete lines. Lives as long as the model.
     const std::vector<std::string>& remarks() const;
 
-    // --- Elements ---
+    // --- Elements, numbered from 0 in file order ---
     std::size_t elementCount() const;
-    std::optional<Element> find(const Guid& guid) const;
+    std::optional<Element> find(const Guid& guid) const;  ///< Of several with one GUID, the first in the file.
     ElementInfo info(Element element) const;
     std::int32_t typeId(Element element) const;  ///< That of info(), without a look into the file.
     std::u16string name(Element element) const;  ///< Attribute "Name"; empty where unset.
     std::string storey(Element element) const;   ///< UTF-8 name of the storey it stands in; empty where none.
     /// Whether others bear the element's GlobalId.
     bool hasDuplicates(Element element) const;
+
+    // Coordinates are those of the file, in its length unit, whatever that is; z points up.
+
     /// Origin of the element's placement in the model's coordinates, the IfcLocalPlacement chain applied. Nothing where
     /// it has none or the chain is broken or circular.
     std::optional<Point> placement(Element element) const;
@@ -59,21 +84,33 @@ public:
     /// z the lowest of all. Empty where it has no geometry that can be read.
     std::vector<Point> footprint(Element element) const;
 
-    // --- IFC data, in the host's order ---
+    // --- IFC data ---
+    // In the host's order, which no edit changes: what is listed before an edit is listed after it in the same order,
+    // now and when the file is reopened. An instance that is not well formed is ErrorKind::Refused.
+
+    /// In schema order, those of the superclasses first.
     Result<std::vector<Attribute>> attributes(Element element) const;
+    /// The element's own in file order, then those of its type object that it has not itself.
     Result<std::vector<Property>> properties(Element element) const;
-    /// The same without building a list: for reviewing thousands of lines.
+    /// The same without building a list: for reviewing thousands of lines. `visit` must not change the model.
     void visitProperties(Element element, const std::function<void(const PropertyView&)>& visit) const;
+    /// The element's own in file order, then those of its type object whose label it has not itself.
     Result<std::vector<ClassificationReference>> classifications(Element element) const;
     /// The items that an enumerated property has chosen, as texts. Empty where it is none.
     std::vector<std::u16string> chosenItems(Element element, std::u16string_view set, std::u16string_view name) const;
 
-    // --- Edits: only inside a command ---
+    // --- Edits: only inside a command, ErrorKind::Refused otherwise ---
     // What other elements see is not changed by them, whatever they share with this one. An equal value, and a property
-    // that is no single value, change nothing and succeed; a refused edit changes nothing. The message of a refusal is
-    // the value and the reason; the caller knows the element and the item.
+    // that is no single value, change nothing and succeed; a refused edit leaves no byte. The message of a refusal is
+    // the value and the reason.
+
+    /// @param value  As attributes() lists values; empty unsets an optional one. ErrorKind::BadName where the class has
+    /// no such attribute, ReadOnly for GlobalId, BadValue where the text is no value of the declared type.
     Status setAttribute(Element element, std::string_view name, std::u16string_view value);
+    /// Found by set and name; made where the element has none of its own. `kind` and the member of `value` that its
+    /// `primitive` tells count, the type is the one that the property has. ErrorKind::BadName, BadValue as above.
     Status setProperty(Element element, const Property& property);
+    /// Found by system label; made where the element has none of its own. ErrorKind::BadName, BadValue as above.
     Status setClassification(Element element, const ClassificationReference& reference);
     /// Stores what a text says, which setProperty cannot always express: nothing at all (`$`), another type, an item of
     /// an enumerated property. ErrorKind::BadValue where the text is no value of the type, ErrorKind::Refused for
@@ -85,21 +122,23 @@ public:
 
     // --- Commands and undo ---
     /// Runs `body` as one undoable command. A body that returns a value other than 0 is rolled back; one that changed
-    /// nothing leaves no step. @return body's value, or ErrorKind::Nesting.
+    /// nothing leaves no step. An exception that leaves the body, or broke off an edit in it, rolls the command back
+    /// and goes on to the caller, even where the body passes over it.
+    /// @return body's value, or ErrorKind::Nesting.
     Result<std::int32_t> command(std::string name, const std::function<std::int32_t()>& body);
     bool commandOpen() const;
-    bool canUndo() const;
+    bool canUndo() const;  ///< Not while a command is open.
     bool canRedo() const;
-    std::string undoName() const;
+    std::string undoName() const;  ///< Of the command that undo() would take back; empty where there is none.
     std::string redoName() const;
-    bool undo();
+    bool undo();  ///< Restores the file's text exactly. @return false where there is nothing to undo.
     bool redo();
-    bool modified() const;
+    bool modified() const;           ///< Whether save() would write other bytes than were last opened or saved.
     std::uint64_t revision() const;  ///< Grows with each change, undo and redo.
 
-    /// Safe replacement: see StepFile::save.
+    /// Safe replacement, and its errors: see StepFile::save.
     Status save(const std::filesystem::path& path, const SaveOptions& options = {});
-    std::string bytes() const;
+    std::string bytes() const;  ///< What save() would write.
     /// What stands in the way of saving there, as far as it can be known before the work: a missing folder, a
     /// write-protected file, another host that has the file open.
     static Status checkTarget(const std::filesystem::path& path);

@@ -8,13 +8,12 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-TEST(Elements, AreTheInstancesOfConcreteProductsInFileOrder) {
+TEST(Elements, AreTheInstancesOfProductsInFileOrder) {
     TinyModel ifc;
     ifc.add("IfcProject", {{"Name", "'Project'"}});
     ifc.element("IfcWall", "Wall");
     ifc.add("IfcWallType", {{"Name", "'Type'"}});
     ifc.element("IfcGrid", "Grid");
-    ifc.raw("IFCPRODUCT('" + TinyModel::globalIdText(900) + "',$,'Abstract',$,$,$,$)");
     ifc.raw("IFCFUTURETHING('" + TinyModel::globalIdText(901) + "',$,'Unknown',$,$,$,$)");
     Opened model(ifc);
     ASSERT_EQ(model->elementCount(), 2U);
@@ -143,6 +142,94 @@ TEST(Opening, RefusesASchemaThatCannotBeRead) {
     ASSERT_FALSE(opened);
     EXPECT_EQ(opened.error().kind, model::ErrorKind::CannotRead);
     EXPECT_EQ(opened.error().message, "the file is of schema AP214; IFC2X3, IFC4 and IFC4X3 can be read");
+}
+
+TEST(Opening, RefusesAWithdrawnSchemaWithAdvice) {
+    for (const std::string name : {"IFC4X1", "IFC4X2"}) {
+        std::string text = TinyModel().text();
+        text.replace(text.find("'IFC4'"), 6, "'" + name + "'");
+        const auto opened = model::Model::fromBytes(text);
+        ASSERT_FALSE(opened);
+        EXPECT_EQ(opened.error().message, "the file is of schema " + name + "; IFC2X3, IFC4 and IFC4X3 can be read; " +
+                                              name + " was withdrawn, so export the model again as IFC4 or IFC4X3");
+    }
+}
+
+std::string ofSchema(TinyModel& ifc, const std::string& name) {
+    std::string text = ifc.text();
+    const std::string written = "'" + ifc.schema + "'";
+    return text.replace(text.find(written), written.size(), "'" + name + "'");
+}
+
+TEST(Opening, SaysThatTheFileIsOfAReleaseCandidate) {
+    TinyModel ifc("IFC4X3");
+    ifc.element("IfcWall", "Wall");
+    for (const std::string name : {"IFC4X3_RC1", "IFC4X3_RC4", "ifc4x3_rc2"}) {
+        Opened model(ofSchema(ifc, name));
+        ASSERT_EQ(model->remarks().size(), 1U);
+        EXPECT_EQ(model->remarks()[0], "the file is of " + name +
+                                           ", a release candidate of IFC4X3; it is read as IFC4X3, so that classes "
+                                           "which the final schema has not are not understood");
+    }
+    for (const char* name : {"IFC4X3", "IFC4X3_ADD2", "IFC4X3_TC1"}) {
+        EXPECT_TRUE(Opened(ofSchema(ifc, name))->remarks().empty()) << name;
+    }
+}
+
+TEST(Elements, OfAnAbstractClassAreReadAndChangedLikeOthers) {
+    TinyModel ifc("IFC4X3");
+    const Id part = ifc.element("IfcFacilityPart", "Part"), wall = ifc.element("IfcWall", "Wall");
+    ifc.give({part, wall}, ifc.set("S", {ifc.single("P", "IFCLABEL('old')")}));
+    Opened model(ofSchema(ifc, "IFC4X3_RC2"));
+    ASSERT_EQ(model->elementCount(), 2U);
+    EXPECT_EQ(model->info(0).ifcClass, "IfcFacilityPart");
+    EXPECT_EQ(model->info(0).typeName, "Product");
+    EXPECT_TRUE(model->unknownClasses().empty());
+    ASSERT_TRUE(model.setAttribute(0, "Name", "Renamed"));
+    ASSERT_TRUE(model.setProperty(0, "S", "P", "new"));
+    EXPECT_EQ(model.attribute(0, "Name"), "Renamed");
+    EXPECT_EQ(model.property(0, "S", "P"), "new");
+    EXPECT_EQ(model.property(1, "S", "P"), "old");
+}
+
+TEST(Opening, CountsTheClassesThatTheSchemaDoesNotHave) {
+    TinyModel ifc;
+    ifc.element("IfcWall", "Wall");
+    Opened known(ifc);
+    EXPECT_TRUE(known->unknownClasses().empty());
+    EXPECT_TRUE(known->remarks().empty());
+    ifc.raw("IFCZED('" + TinyModel::globalIdText(900) + "',$)");
+    ifc.raw("IfcAlpha(1)");
+    ifc.raw("IFCALPHA(2)");
+    ifc.raw("!USERDEFINED(2)");
+    ifc.raw("(IFCPART()IFCWHOLE())");
+    Opened model(ifc);
+    ASSERT_EQ(model->unknownClasses().size(), 3U);
+    EXPECT_EQ(model->unknownClasses()[0].name, "!USERDEFINED");
+    EXPECT_EQ(model->unknownClasses()[1].name, "IFCALPHA");
+    EXPECT_EQ(model->unknownClasses()[1].instances, 2U);
+    EXPECT_EQ(model->unknownClasses()[2].name, "IFCZED");
+    EXPECT_EQ(model->elementCount(), 1U);
+    ASSERT_EQ(model->remarks().size(), 1U);
+    EXPECT_EQ(model->remarks()[0],
+              "4 instances are of classes that IFC4 does not have, and kept in the file without being read: "
+              "!USERDEFINED (1), IFCALPHA (2), IFCZED (1)");
+    EXPECT_EQ(model->bytes(), ifc.text());
+}
+
+TEST(Opening, NamesTenUnknownClassesAtMost) {
+    const auto remark = [](int count) {
+        TinyModel ifc;
+        for (int i = 0; i < count; ++i) ifc.raw("IFCUNKNOWN" + std::to_string(10 + i) + "()");
+        Opened model(ifc);
+        EXPECT_EQ(model->unknownClasses().size(), static_cast<std::size_t>(count));
+        return model->remarks().at(0);
+    };
+    EXPECT_EQ(remark(1),
+              "1 instance is of classes that IFC4 does not have, and kept in the file without being read: "
+              "IFCUNKNOWN10 (1)");
+    EXPECT_TRUE(remark(10).ends_with("IFCUNKNOWN18 (1), IFCUNKNOWN19 (1)")) << remark(10);
+    EXPECT_TRUE(remark(11).ends_with("IFCUNKNOWN18 (1) and 2 more classes")) << remark(11);
 }
 
 TEST(Storey, IsFoundUpContainmentAggregatesAndOpenings) {

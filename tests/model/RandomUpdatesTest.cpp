@@ -47,14 +47,15 @@ std::string fittingText(Dice& dice, model::Primitive primitive) {
 
 // --- Updates of each kind ---
 
-/// Of two of one set and name, in two sets of one name, either will do: a split set comes last.
+/// Of two of one set and name, in two sets of one name, the first is meant.
 std::function<bool(Opened&)> propertyIs(model::Element element, std::string set, std::string name, std::string value) {
     return [=](Opened& model) {
         const auto properties = model->properties(element);
-        return std::any_of(properties->begin(), properties->end(), [&](const model::Property& property) {
-            const bool named = utf8(property.set) == set && utf8(property.name) == name;
-            return named && (property.kind != model::PropertyKind::Single || valueText(property.value) == value);
+        const auto first = std::find_if(properties->begin(), properties->end(), [&](const model::Property& property) {
+            return utf8(property.set) == set && utf8(property.name) == name;
         });
+        return first != properties->end() &&
+               (first->kind != model::PropertyKind::Single || valueText(first->value) == value);
     };
 }
 
@@ -142,16 +143,42 @@ Update randomUpdate(Dice& dice, Opened& model) {
 
 // --- Commands ---
 
-std::multiset<std::string> linesBut(const std::string& data, const std::set<std::string>& keys) {
-    std::multiset<std::string> lines;
+std::vector<std::string> linesOf(const std::string& data) {
+    std::vector<std::string> lines;
     for (std::size_t begin = 0; begin < data.size();) {
         const auto end = data.find('\n', begin);
-        std::string line = data.substr(begin, end - begin);
-        const auto named = [&](const std::string& key) { return line.starts_with(key); };
-        if (std::none_of(keys.begin(), keys.end(), named)) lines.insert(std::move(line));
+        lines.push_back(data.substr(begin, end - begin));
         begin = end + 1;
     }
     return lines;
+}
+
+/// The lines in their order, those that may change by their keys alone. What is not yet the element's own has no place
+/// that it keeps: lines of such keys are left out.
+std::vector<std::string> orderOf(const std::string& data, const std::set<std::string>& keys,
+                                 const std::set<std::string>& withoutPlace) {
+    std::vector<std::string> order;
+    for (const std::string& line : linesOf(data)) {
+        const auto key =
+            std::find_if(keys.begin(), keys.end(), [&](const std::string& each) { return line.starts_with(each); });
+        if (key == keys.end()) order.push_back(line);
+        if (key != keys.end() && !withoutPlace.contains(*key)) order.push_back(*key);
+    }
+    return order;
+}
+
+/// Those of the keys that no line of the element's own has. Of a classification it is not listed whether it comes from
+/// a type object.
+std::set<std::string> keysOfNoOwn(const std::string& data, const std::set<std::string>& keys, bool hasTypes) {
+    std::set<std::string> without;
+    for (const std::string& key : keys) {
+        const auto lines = linesOf(data);
+        const bool own = std::any_of(lines.begin(), lines.end(), [&](const std::string& line) {
+            return line.starts_with(key) && !line.ends_with('^') && !(hasTypes && key.ends_with('|'));
+        });
+        if (!own) without.insert(key);
+    }
+    return without;
 }
 
 /// What a command asked for, by element: the keys that may differ, and for each whether it holds.
@@ -189,6 +216,7 @@ std::string difference(const std::string& before, const std::string& after) {
 /// What is wrong after the updates were applied; empty where all is well.
 std::string checkListed(Opened& model, const Asked& asked, const std::vector<std::string>& before) {
     const auto after = model.snapshot();
+    const bool hasTypes = model->bytes().find("IFCRELDEFINESBYTYPE") != std::string::npos;
     for (model::Element element = 0; element < before.size(); ++element) {
         const auto named = asked.find(element);
         if (named == asked.end()) {
@@ -200,8 +228,9 @@ std::string checkListed(Opened& model, const Asked& asked, const std::vector<std
             keys.insert(key);
             if (holds && !holds(model)) return "an update that succeeded is not there: " + key + "\n" + after[element];
         }
-        if (linesBut(before[element], keys) != linesBut(after[element], keys))
-            return "named, but not these lines:" + difference(before[element], after[element]);
+        const auto withoutPlace = keysOfNoOwn(before[element], keys, hasTypes);
+        if (orderOf(before[element], keys, withoutPlace) != orderOf(after[element], keys, withoutPlace))
+            return "named, but not these lines, or not in this order:" + difference(before[element], after[element]);
     }
     return {};
 }

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <limits>
 #include <span>
 
 namespace {
@@ -15,6 +16,7 @@ using testing::HasSubstr;
 
 constexpr std::string_view AllSchemas[] = {"IFC2X3", "IFC4", "IFC4X3"};
 constexpr std::string_view LaterSchemas[] = {"IFC4", "IFC4X3"};
+constexpr Id LargestId = std::numeric_limits<std::int64_t>::max();
 
 /// A way of sharing: how the wall "Wall" comes by the property S.P, with value "old", and who else uses it.
 struct Sharing {
@@ -380,6 +382,99 @@ TEST(Sharing, ARelationThatCannotBeReadIsRefusedBeforeAnythingIsChanged) {
     EXPECT_EQ(status.error().kind, model::ErrorKind::Refused);
     EXPECT_THAT(status.error().message, HasSubstr("not well formed"));
     EXPECT_EQ(model->bytes(), ifc.text());
+}
+
+TEST(Refusal, OfAListThatTheElementCannotLeaveLeavesNoByte) {
+    for (const char* list : {"(#1,#2x)", "(#1,#2,'x')", "((#1),#2)", "(#1,#2", "IFCLIST((#1,#2))"}) {
+        for (const bool isLong : {false, true}) {
+            TinyModel ifc;
+            ifc.element("IfcWall", "Wall");
+            ifc.element("IfcWall", "Other");
+            const Id set = setS(ifc);
+            const Id reference = ifc.classificationReference("1", "One", ifc.classification("System"));
+            const std::string name = isLong ? "'" + std::string(600, 'x') + "'" : "'L'";
+            const auto relation = [&](const char* keyword, unsigned number, Id target) {
+                ifc.raw(std::string(keyword) + "('" + TinyModel::globalIdText(number) + "',$," + name + ",$," + list +
+                        "," + ref(target) + ")");
+            };
+            relation("IFCRELDEFINESBYPROPERTIES", 800, set);
+            relation("IFCRELASSOCIATESCLASSIFICATION", 801, reference);
+            Opened model(ifc);
+            const auto before = model.snapshot();
+            // A list that is not read at all has nothing to be refused: what is set is added beside it.
+            if (model.property(0, "S", "P") != "(none)") {
+                EXPECT_FALSE(model.setProperty(0, "S", "P", "new")) << list;
+                EXPECT_FALSE(model.setProperty(0, "S", "New", "new")) << list;
+            }
+            const std::string label = name.substr(1, name.size() - 2);
+            if (model.classification(0, label) != "(none)") {
+                EXPECT_FALSE(model.classify(0, label, "2", "Two")) << list;
+            }
+            EXPECT_EQ(model->bytes(), ifc.text()) << list;
+            EXPECT_FALSE(model->canUndo());
+            EXPECT_EQ(model.snapshot(), before);
+        }
+    }
+}
+
+TEST(Refusal, OfADerivedTextLeavesNoByte) {
+    TinyModel ifc;
+    const Id wall = ifc.element("IfcWall", "Wall");
+    ifc.classify({wall}, "L", ifc.raw("IFCCLASSIFICATIONREFERENCE('here','1',*,$,$,$)"));
+    Opened model(ifc);
+    const auto status = model.classify(0, "L", "2", "Two");
+    ASSERT_FALSE(status);
+    EXPECT_THAT(status.error().message, HasSubstr("derive"));
+    EXPECT_EQ(model->bytes(), ifc.text());
+}
+
+/// Every change that adds instances, where only some of them find an id.
+TEST(Refusal, ForWantOfIdsLeavesNoByte) {
+    const auto changes = std::vector<std::function<model::Status(Opened&)>>{
+        [](Opened& m) { return m.setProperty(0, "S", "P", "new"); },
+        [](Opened& m) { return m.setProperty(0, "S", "New", "new"); },
+        [](Opened& m) { return m.setProperty(0, "NewSet", "P", "new"); },
+        [](Opened& m) { return m.setProperty(0, "Own", "P", "new"); },
+        [](Opened& m) { return m.setProperty(0, "Typed", "P", "new"); },
+        [](Opened& m) { return m.classify(0, "L", "2", "Two"); },
+        [](Opened& m) { return m.classify(0, "New", "2", "Two"); },
+        [](Opened& m) {
+            model::ClassificationReference wanted;
+            wanted.system = u"L";
+            wanted.classificationName = u"Another";
+            return m.setClassification(0, wanted);
+        },
+        [](Opened& m) {
+            model::ClassificationReference wanted;
+            wanted.system = u"New";
+            wanted.classificationName = u"Another";
+            return m.setClassification(0, wanted);
+        },
+    };
+    for (std::size_t change = 0; change < changes.size(); ++change) {
+        std::size_t refusals = 0;
+        for (Id left = 0;; ++left) {
+            TinyModel ifc;
+            const Id wall = ifc.element("IfcWall", "Wall"), other = ifc.element("IfcWall", "Other");
+            ifc.give({wall, other}, setS(ifc));
+            ifc.give({wall}, ifc.set("Own", {ifc.single("X", "$")}));
+            ifc.type({wall, other}, {ifc.set("Typed", {singleP(ifc)})});
+            ifc.classify({wall, other}, "L", ifc.classificationReference("1", "One", ifc.classification("System")));
+            std::string text = ifc.text();
+            text.insert(text.find("ENDSEC;\nEND-ISO"), "#" + std::to_string(LargestId - left) + "=IFCNOTHING();\n");
+            Opened model(text);
+            const auto status = changes[change](model);
+            if (status) {
+                EXPECT_THAT(model->bytes(), HasSubstr("#" + std::to_string(LargestId) + "="))
+                    << "more was asked for than is needed: " << change;
+                break;
+            }
+            EXPECT_THAT(status.error().message, HasSubstr("no id left"));
+            ASSERT_EQ(model->bytes(), text) << change << ", " << left;
+            ASSERT_LT(++refusals, 6U);
+        }
+        EXPECT_GT(refusals, 0U) << change;
+    }
 }
 
 }  // namespace

@@ -89,7 +89,8 @@ INSTANTIATE_TEST_SUITE_P(
     Places, Inserting,
     ::testing::Values(
         Addition{"LineFeeds", fileOf("#1=A();\n#2=C();\n"), fileOf("#1=A();\n#3=B('x');\n#2=C();\n")},
-        Addition{"TheLineEndOfTheOriginal", fileOf("#1=A();\r\n#2=C();\n"), fileOf("#1=A();\r\n#3=B('x');\r\n#2=C();\n")},
+        Addition{"TheLineEndOfTheOriginal", fileOf("#1=A();\r\n#2=C();\n"),
+                 fileOf("#1=A();\r\n#3=B('x');\r\n#2=C();\n")},
         Addition{"CarriageReturns", fileOf("#1=A();\r#2=C();\r"), fileOf("#1=A();\r#3=B('x');\r#2=C();\r")},
         Addition{"Blanks", fileOf(" #1=A(); \t\n  #2=C();\n"), fileOf(" #1=A(); \t\n#3=B('x');\n  #2=C();\n")},
         Addition{"ACommentStaysWithTheOriginal", fileOf("#1=A(); /* a */ /* b */\n#2=C();\n"),
@@ -132,8 +133,7 @@ TEST(InsertedInstances, StandBehindNewOnesToo) {
               "#1=A();\n#3=B(3);\n#5=B(5);\n#4=B(4);\n#2=C();\n#6=B(6);\n#8=B(8);\n#9=B(9);\n#7=B(7);\n");
     ASSERT_TRUE(edit.erase(3));
     ASSERT_TRUE(edit.erase(1));
-    EXPECT_EQ(dataOf(edit.file->bytes()),
-              "#5=B(5);\n#4=B(4);\n#2=C();\n#6=B(6);\n#8=B(8);\n#9=B(9);\n#7=B(7);\n");
+    EXPECT_EQ(dataOf(edit.file->bytes()), "#5=B(5);\n#4=B(4);\n#2=C();\n#6=B(6);\n#8=B(8);\n#9=B(9);\n#7=B(7);\n");
 }
 
 TEST(InsertedInstances, StandBetweenOthersThatChange) {

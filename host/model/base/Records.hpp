@@ -23,6 +23,12 @@ struct ElementInfo {
     std::uint64_t instanceId;   ///< The number behind '#' in the file.
 };
 
+/// A class that the file's schema does not have: its instances are kept in the file and not read.
+struct UnknownClass {
+    std::string name;  ///< Upper case.
+    std::uint64_t instances = 0;
+};
+
 /// What an attribute's declared type is made of.
 enum class AttributeType : std::uint8_t { Text, Integer, Real, Boolean, Logical, Enumeration };
 

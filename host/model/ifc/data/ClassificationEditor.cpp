@@ -195,7 +195,8 @@ Status ClassificationEditor::checkReadable(Slot reference) const {
             return Error{ErrorKind::Refused, "the file gives " + edit_.reference(reference) + " too few attributes"};
         }
         if (held.kind == step::ValueKind::Derived) {
-            return Error{ErrorKind::Refused, edit_.reference(reference) + " derives a text from others (the file holds *)"};
+            return Error{ErrorKind::Refused,
+                         edit_.reference(reference) + " derives a text from others (the file holds *)"};
         }
         std::u16string text;
         const bool readable =

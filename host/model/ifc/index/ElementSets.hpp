@@ -15,7 +15,7 @@ struct SetsOfElement {
     /// Properties of the type that the element has itself, as (place in `type`, index in that set), sorted. Not known
     /// where properties are overridden.
     std::vector<std::pair<std::uint32_t, std::uint32_t>> hidden;
-    bool overridden = false;              ///< Relations override properties of the sets (IFC2X3): the sets are not all.
+    bool overridden = false;  ///< Relations override properties of the sets (IFC2X3): the sets are not all.
 };
 
 /// Remembers them as long as nothing changes: an element's lines in an update file come back round after round, and

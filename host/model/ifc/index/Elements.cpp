@@ -3,6 +3,8 @@
 
 #include "model/ifc/values/InstanceScan.hpp"
 
+#include <sys/auxv.h>
+
 #include <algorithm>
 #include <bit>
 #include <cstring>
@@ -13,14 +15,34 @@ namespace {
 
 constexpr Element Free = 0xFFFFFFFFU;
 
+/// Sixteen bytes that nobody knows before the process starts: a file made so that all its GlobalIds have one hash
+/// would take time with the square of their number.
+struct HashKey {
+    std::uint64_t first = 0, second = 0;
+
+    HashKey() {
+        const void* random = std::bit_cast<const void*>(::getauxval(AT_RANDOM));
+        if (random == nullptr) return;
+        std::memcpy(&first, random, 8);
+        std::memcpy(&second, static_cast<const char*>(random) + 8, 8);
+    }
+};
+
+/// The upper and the lower half of the product of two numbers, folded.
+std::uint64_t foldedProduct(std::uint64_t a, std::uint64_t b) {
+    __extension__ using Wide = unsigned __int128;
+    const Wide product = static_cast<Wide>(a) * b;
+    return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64U);
+}
+
 /// GlobalIds of one source often share most of their bits; all sixteen bytes take part.
 std::size_t hashOf(const Guid& guid) {
+    static const HashKey Key;
     std::uint64_t high = 0, low = 0;
     std::memcpy(&high, guid.data(), 8);
     std::memcpy(&low, guid.data() + 8, 8);
-    std::uint64_t hash = (high ^ std::rotl(low, 32)) * 0x9E3779B97F4A7C15ULL;
-    hash ^= hash >> 32U;
-    return static_cast<std::size_t>(hash * 0xD6E8FEB86659FD93ULL >> 16U);
+    return static_cast<std::size_t>(foldedProduct(foldedProduct(high ^ Key.first, low ^ Key.second) ^ Key.first,
+                                                  0x9E3779B97F4A7C15ULL ^ Key.second));
 }
 
 struct Product {
@@ -28,14 +50,42 @@ struct Product {
     std::string_view text;
 };
 
-std::vector<Product> productsOf(const step::StepFile& file, Classes& classes) {
-    std::vector<Product> products;
-    const auto count = static_cast<step::Slot>(file.slotCount());
-    for (step::Slot slot = 0; slot < count; ++slot) {
-        if (classes.ofKeyword(file.keyword(slot)).role == Role::Product) products.push_back({slot, file.text(slot)});
+/// What the keywords of a file say of its instances, in one pass over them.
+class Survey {
+public:
+    Survey(const step::StepFile& file, Classes& classes) : file_(file) {
+        const auto count = static_cast<step::Slot>(file.slotCount());
+        for (step::Slot slot = 0; slot < count; ++slot) {
+            const step::KeywordCode keyword = file.keyword(slot);
+            const Class& cls = classes.ofKeyword(keyword);
+            if (cls.role == Role::Product) products_.push_back({slot, file.text(slot)});
+            if (cls.entity == nullptr && keyword != step::NoKeyword) countUnknown(keyword);
+        }
     }
-    return products;
-}
+
+    const std::vector<Product>& products() const { return products_; }
+    std::vector<UnknownClass> unknownClasses() const {
+        std::vector<UnknownClass> classes;
+        for (std::size_t keyword = 0; keyword < unknown_.size(); ++keyword) {
+            if (unknown_[keyword] == 0) continue;
+            const auto code = static_cast<step::KeywordCode>(keyword);
+            classes.push_back({std::string(file_.keywordText(code)), unknown_[keyword]});
+        }
+        std::sort(classes.begin(), classes.end(),
+                  [](const UnknownClass& a, const UnknownClass& b) { return a.name < b.name; });
+        return classes;
+    }
+
+private:
+    void countUnknown(step::KeywordCode keyword) {
+        if (unknown_.size() <= keyword) unknown_.resize(keyword + std::size_t{1});
+        ++unknown_[keyword];
+    }
+
+    const step::StepFile& file_;
+    std::vector<Product> products_;
+    std::vector<std::uint64_t> unknown_;  // by keyword code
+};
 
 }  // namespace
 
@@ -45,7 +95,9 @@ std::optional<Guid> globalIdOf(std::string_view instanceText) {
 }
 
 Elements::Elements(const step::StepFile& file, Classes& classes) {
-    const auto products = productsOf(file, classes);
+    const Survey survey(file, classes);
+    unknownClasses_ = survey.unknownClasses();
+    const std::vector<Product>& products = survey.products();
     buckets_.assign(std::bit_ceil(2 * products.size() + 1), Free);
     for (std::size_t i = 0; i < products.size(); ++i) {
         // They lie scattered over a file that no cache holds: waiting for each would take longer than all the rest.

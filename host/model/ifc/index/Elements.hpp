@@ -19,6 +19,8 @@ public:
     bool hasDuplicates(Element element) const;
     std::uint64_t duplicates() const { return duplicateCount_; }
     std::uint64_t invalid() const { return invalidCount_; }
+    /// By name.
+    const std::vector<UnknownClass>& unknownClasses() const { return unknownClasses_; }
 
 private:
     void add(step::Slot slot, const Guid& guid);
@@ -30,6 +32,7 @@ private:
     std::vector<Element> duplicated_;
     std::uint64_t duplicateCount_ = 0;
     std::uint64_t invalidCount_ = 0;
+    std::vector<UnknownClass> unknownClasses_;
 };
 
 /// The GlobalId of a rooted instance: its first argument. Reads no further than that, since this is done for every

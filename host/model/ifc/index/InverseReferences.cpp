@@ -136,9 +136,8 @@ InverseReferences::FileUse* InverseReferences::findInFile(const Mention& mention
     if (std::size_t{target} + 1 >= offsets_.size()) return nullptr;
     const auto end = uses_.begin() + offsets_[target + 1U];
     const auto use = std::lower_bound(
-        uses_.begin() + offsets_[target], end, Use{user, mention.argument}, [](const FileUse& a, const Use& b) {
-            return a.user != b.user ? a.user < b.user : a.argument < b.argument;
-        });
+        uses_.begin() + offsets_[target], end, Use{user, mention.argument},
+        [](const FileUse& a, const Use& b) { return a.user != b.user ? a.user < b.user : a.argument < b.argument; });
     return use == end || use->user != user || use->argument != mention.argument ? nullptr : &*use;
 }
 

@@ -55,8 +55,8 @@ public:
 
     /// Its texts are valid until a change of the set or one of its properties, or trim().
     const DecodedSet& of(step::Slot set);
-    /// A property that is listed with a set but not in it (an overriding one), as a set of one that has no name; of none
-    /// where it is complex or no property.
+    /// A property that is listed with a set but not in it (an overriding one), as a set of one that has no name; of
+    /// none where it is complex or no property.
     const DecodedSet& overriding(step::Slot property);
     /// Keeps the memory within bounds. To be called where nothing of the above is held.
     void trim();

@@ -69,7 +69,8 @@ Status Workspace::addToList(step::Slot holder, Field field, step::Slot member) {
     return {};
 }
 
-// What cannot follow a change, for want of memory, is found anew. A cache may be empty at any time; it may never be wrong.
+// What cannot follow a change, for want of memory, is found anew. A cache may be empty at any time; it may never be
+// wrong.
 
 void Workspace::beforeChange(step::Slot slot) noexcept try {
     if (!observing_) return;

@@ -87,9 +87,11 @@ Class classOf(const Entity* entity) {
     Class cls;
     cls.entity = entity;
     cls.places.fill(-1);
-    // Nothing that exists is an instance of an abstract class; a file that says so is left alone.
-    if (entity == nullptr || entity->abstract()) return cls;
-    cls.role = roleOf(*entity);
+    if (entity == nullptr) return cls;
+    // Nothing that exists is an instance of an abstract class, but files say so: several classes of the release
+    // candidates of IFC4X3 have become abstract since. Their attributes are known, so they are read like others. But a
+    // property that is of none of the kinds has no value to be listed.
+    cls.role = entity->abstract() && entity->isA("IfcSimpleProperty") ? Role::Other : roleOf(*entity);
     cls.rooted = entity->isA("IfcRoot");
     if (cls.role == Role::Product) cls.type = elementTypeOf(*entity);
     if (cls.role == Role::SimpleProperty) cls.propertyKind = propertyKindOf(*entity);

@@ -95,6 +95,15 @@ std::optional<SchemaVersion> Schema::versionOf(std::string_view fileSchemaName) 
     return std::nullopt;
 }
 
+bool Schema::isReleaseCandidate(std::string_view fileSchemaName) {
+    return versionOf(fileSchemaName) && upperCase(fileSchemaName).find("_RC") != std::string::npos;
+}
+
+bool Schema::isWithdrawn(std::string_view fileSchemaName) {
+    const std::string upper = upperCase(fileSchemaName);
+    return upper.starts_with("IFC4X1") || upper.starts_with("IFC4X2");
+}
+
 std::string_view Schema::name(SchemaVersion version) {
     switch (version) {
         case SchemaVersion::Ifc2x3:

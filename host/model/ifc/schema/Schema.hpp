@@ -82,6 +82,11 @@ public:
     /// From FILE_SCHEMA: "IFC2X3", "IFC4", "IFC4X3_ADD2", "IFC2X3_TC1"; any case. Nothing for others.
     static std::optional<SchemaVersion> versionOf(std::string_view fileSchemaName);
     static std::string_view name(SchemaVersion version);  ///< "IFC2X3", "IFC4", "IFC4X3"
+    /// From FILE_SCHEMA, any case: "IFC4X3_RC2", one of those read, before it was final.
+    static bool isReleaseCandidate(std::string_view fileSchemaName);
+    /// "IFC4X1" and "IFC4X2": drafts between IFC4 and IFC4X3 that were given up, in which files were written all the
+    /// same.
+    static bool isWithdrawn(std::string_view fileSchemaName);
 
     const Entity* entity(std::string_view keyword) const;     ///< Any case. Null where unknown.
     const DefinedType* type(std::string_view keyword) const;  ///< Any case. Enumerations and selects, too.

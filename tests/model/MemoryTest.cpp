@@ -1,0 +1,293 @@
+// Memory that runs out at any place: nothing is half made, the caller learns of it as such, and what is asked for
+// again is answered as if nothing had happened.
+
+#include "RandomModel.hpp"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <functional>
+#include <new>
+
+namespace {
+
+/// How many more allocations succeed; negative where all do.
+long allocationsLeft = -1;
+bool failsFromThenOn = false;
+bool hasFailed = false;
+
+bool failsNow() {
+    if (allocationsLeft < 0) return false;
+    if (allocationsLeft > 0) {
+        --allocationsLeft;
+        return false;
+    }
+    hasFailed = true;
+    if (!failsFromThenOn) allocationsLeft = -1;
+    return true;
+}
+
+void* allocate(std::size_t size) {
+    void* memory = failsNow() ? nullptr : std::malloc(size == 0 ? 1 : size);
+    if (memory == nullptr) throw std::bad_alloc();
+    return memory;
+}
+
+}  // namespace
+
+// All forms that a library may use lead here.
+void* operator new(std::size_t size) {
+    return allocate(size);
+}
+void* operator new[](std::size_t size) {
+    return allocate(size);
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return failsNow() ? nullptr : std::malloc(size == 0 ? 1 : size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+    return failsNow() ? nullptr : std::malloc(size == 0 ? 1 : size);
+}
+void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete[](void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
+void operator delete[](void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
+
+namespace {
+
+enum class Outcome { Done, OutOfMemory, NeverFailed };
+
+/// Runs `body` with one allocation failing, or all from that one on.
+Outcome withFailure(long place, bool fromThenOn, const std::function<void()>& body) {
+    failsFromThenOn = fromThenOn;
+    hasFailed = false;
+    bool threw = false;
+    allocationsLeft = place;
+    try {
+        body();
+    } catch (const std::bad_alloc&) {
+        threw = true;
+    }
+    allocationsLeft = -1;
+    return threw ? Outcome::OutOfMemory : hasFailed ? Outcome::Done : Outcome::NeverFailed;
+}
+
+/// Calls `run` with each place in turn until nothing fails any more.
+void atEachAllocation(const std::function<Outcome(long place, bool fromThenOn)>& run) {
+    constexpr long Most = 100'000;
+    for (const bool fromThenOn : {false, true}) {
+        long place = 0;
+        while (run(place, fromThenOn) != Outcome::NeverFailed && !testing::Test::HasFailure()) ASSERT_LT(++place, Most);
+        EXPECT_GT(place, 10) << "hardly anything was tried";
+    }
+}
+
+/// What elements share in each way there is.
+TinyModel sharingModel(const std::string& schema) {
+    TinyModel ifc(schema);
+    const Id wall = ifc.element("IfcWall", "Wall"), other = ifc.element("IfcWall", "Other");
+    const Id property = ifc.single("P", "IFCLABEL('old')");
+    const Id set = ifc.set("S", {property, ifc.single("Q", "IFCREAL(1.)")});
+    ifc.give({wall, other}, set);
+    ifc.give({wall}, ifc.set("Own", {ifc.single("X", "IFCLABEL('x')"), property}));
+    if (schema == "IFC2X3") {
+        ifc.overrideProperties({wall, other}, set, {ifc.single("P", "IFCLABEL('over')")});
+    } else {
+        ifc.giveSetOfSets({wall, other}, {ifc.set("A", {ifc.single("P", "$")}), ifc.set("B", {property})});
+    }
+    ifc.type({wall, other}, {ifc.set("Typed", {ifc.single("P", "IFCLABEL('typed')")})});
+    Ids many(200, other);  // As long a relation as hundreds of elements make.
+    many.push_back(wall);
+    ifc.classify(many, "L", ifc.classificationReference("1", "One", ifc.classification("System")));
+    return ifc;
+}
+
+struct Change {
+    const char* name;
+    std::function<model::Status(Opened&)> make;
+};
+
+model::Property wanted(std::u16string set, std::u16string name) {
+    model::Property property{std::move(set), std::move(name), model::PropertyKind::Single, false, {}};
+    property.value.type = "IfcLabel";
+    property.value.string = u"new, and long enough to have memory of its own";
+    return property;
+}
+
+model::ClassificationReference reference(std::u16string label) {
+    model::ClassificationReference reference;
+    reference.system = std::move(label);
+    reference.itemReference = u"2";
+    reference.classificationName = u"Another system";
+    return reference;
+}
+
+const std::vector<Change> Changes = {
+    {"attribute", [](Opened& m) { return m->setAttribute(0, "Description", u"new, and long enough for its own"); }},
+    {"shared property", [](Opened& m) { return m->setProperty(0, wanted(u"S", u"P")); }},
+    {"new property of a shared set", [](Opened& m) { return m->setProperty(0, wanted(u"S", u"New")); }},
+    {"property that another set holds", [](Opened& m) { return m->setProperty(0, wanted(u"Own", u"P")); }},
+    {"property of its own", [](Opened& m) { return m->setProperty(0, wanted(u"Own", u"X")); }},
+    {"new property of its own set", [](Opened& m) { return m->setProperty(0, wanted(u"Own", u"New")); }},
+    {"property in a set of sets", [](Opened& m) { return m->setProperty(0, wanted(u"B", u"P")); }},
+    {"inherited property", [](Opened& m) { return m->setProperty(0, wanted(u"Typed", u"P")); }},
+    {"new set", [](Opened& m) { return m->setProperty(0, wanted(u"Never heard of", u"New")); }},
+    {"shared classification", [](Opened& m) { return m->setClassification(0, reference(u"L")); }},
+    {"new classification", [](Opened& m) { return m->setClassification(0, reference(u"New label")); }},
+};
+
+/// As one command; what the edit answered does not matter, only that it was not broken off.
+void make(const Change& change, Opened& model) {
+    (void)model->command("change", [&] {
+        (void)change.make(model);
+        return 0;
+    });
+}
+
+/// What a model is to show.
+struct Expected {
+    explicit Expected(const std::string& text) : bytes(text), data(Opened(text).snapshot()) {}
+
+    std::string bytes;
+    std::vector<std::string> data;
+};
+
+class OutOfMemory : public testing::TestWithParam<std::string> {
+protected:
+    OutOfMemory() : original_(sharingModel(GetParam()).text()) {}
+
+    Expected after(const Change& change) const {
+        Opened fresh(original_.bytes);
+        make(change, fresh);
+        EXPECT_NE(fresh->bytes(), original_.bytes) << change.name;
+        return Expected(fresh->bytes());
+    }
+
+    Expected original_;
+};
+
+void expectSound(Opened& model, const Expected& expected, const std::string& what) {
+    ASSERT_EQ(model->bytes(), expected.bytes) << what;
+    ASSERT_FALSE(model->commandOpen()) << what;
+    ASSERT_EQ(model.snapshot(), expected.data) << what;
+}
+
+TEST_P(OutOfMemory, WhileOpeningIsAnErrorThatSaysSo) {
+    atEachAllocation([&](long place, bool fromThenOn) {
+        std::string bytes = original_.bytes;
+        std::optional<std::string> error;
+        const Outcome outcome = withFailure(place, fromThenOn, [&] {
+            const auto opened = model::Model::fromBytes(std::move(bytes));
+            allocationsLeft = -1;
+            if (!opened) error = opened.error().message;
+        });
+        // With no memory at all there is none for the message either.
+        if (outcome == Outcome::Done) {
+            EXPECT_EQ(error, "there is not enough memory to open the model") << place;
+        }
+        return outcome;
+    });
+}
+
+TEST_P(OutOfMemory, WhileReadingIsNoAnswerAndLeavesNoTrace) {
+    atEachAllocation([&](long place, bool fromThenOn) {
+        Opened model(original_.bytes);
+        const Outcome outcome = withFailure(place, fromThenOn, [&] {
+            EXPECT_EQ(model->properties(0)->size(), GetParam() == "IFC2X3" ? 5U : 7U) << place;
+            EXPECT_EQ(model->classifications(0)->size(), 1U) << place;
+            EXPECT_TRUE(model->attributes(0)) << place;
+        });
+        EXPECT_NE(outcome, Outcome::Done) << "an answer without the memory for it";
+        EXPECT_EQ(model.snapshot(), original_.data) << place;
+        return outcome;
+    });
+}
+
+TEST_P(OutOfMemory, InAChangeRollsTheCommandBackAndTheNextOneSucceeds) {
+    for (const Change& change : Changes) {
+        const Expected changed = after(change);
+        atEachAllocation([&](long place, bool fromThenOn) {
+            const std::string what = change.name + (", allocation " + std::to_string(place));
+            Opened model(original_.bytes);
+            if (fromThenOn) (void)model.data(0);  // Then less is left to be made for the change itself.
+            const Outcome outcome = withFailure(place, fromThenOn, [&] { make(change, model); });
+            expectSound(model, outcome == Outcome::OutOfMemory ? original_ : changed, what);
+            EXPECT_EQ(model->canUndo(), outcome != Outcome::OutOfMemory) << what;
+            if (outcome == Outcome::OutOfMemory) make(change, model);
+            expectSound(model, changed, what + ", the second time");
+            EXPECT_TRUE(model->undo());
+            expectSound(model, original_, what + ", undone");
+            return outcome;
+        });
+    }
+}
+
+TEST_P(OutOfMemory, InTheLastOfManyChangesRollsBackAll) {
+    const auto all = [](Opened& model) {
+        (void)model->command("all", [&] {
+            for (const Change& change : Changes) (void)change.make(model);
+            return 0;
+        });
+    };
+    Opened fresh(original_.bytes);
+    all(fresh);
+    const Expected changed(fresh->bytes());
+    // What an edit throws must end the command even where the body passes over it.
+    const auto passingOver = [](Opened& model) {
+        (void)model->command("all", [&] {
+            for (const Change& change : Changes) {
+                try {
+                    (void)change.make(model);
+                } catch (const std::bad_alloc&) {
+                    continue;
+                }
+            }
+            return 0;
+        });
+    };
+    for (const auto& run : {std::function<void(Opened&)>(all), std::function<void(Opened&)>(passingOver)}) {
+        atEachAllocation([&](long place, bool fromThenOn) {
+            Opened model(original_.bytes);
+            const Outcome outcome = withFailure(place, fromThenOn, [&] { run(model); });
+            expectSound(model, outcome == Outcome::OutOfMemory ? original_ : changed, std::to_string(place));
+            return outcome;
+        });
+    }
+}
+
+TEST_P(OutOfMemory, DoesNotKeepCommandsFromBeingTakenBack) {
+    for (const Change& change : Changes) {
+        Opened model(original_.bytes);
+        make(change, model);
+        const Expected changed(model->bytes());
+        bool undone = false, redone = false;
+        EXPECT_NE(withFailure(0, true, [&] { undone = model->undo(); }), Outcome::OutOfMemory) << change.name;
+        EXPECT_TRUE(undone);
+        expectSound(model, original_, change.name);
+        EXPECT_NE(withFailure(0, true, [&] { redone = model->redo(); }), Outcome::OutOfMemory) << change.name;
+        EXPECT_TRUE(redone);
+        expectSound(model, changed, change.name);
+        ASSERT_TRUE(model->command("rolled back", [&] {
+            (void)Changes[1].make(model);
+            (void)Changes[9].make(model);
+            allocationsLeft = 0;
+            failsFromThenOn = true;
+            return 1;
+        }));
+        allocationsLeft = -1;
+        expectSound(model, changed, change.name);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Schemas, OutOfMemory, testing::Values("IFC2X3", "IFC4"),
+                         [](const auto& row) { return row.param; });
+
+}  // namespace
