@@ -102,6 +102,32 @@ TEST_P(Growth, StaysLinearAndLosesNothing) {
 
 INSTANTIATE_TEST_SUITE_P(Files, Growth, ::testing::ValuesIn(Table), [](const auto& row) { return row.param.name; });
 
+/// All on one line, so that the end of a line is far from each of them.
+TEST(GrowthOfEdits, OfSectionsWithNewInstancesIsLinear) {
+    std::string bytes = fileOf("");
+    std::string sections;
+    for (std::size_t i = 1; i <= Many; ++i) sections += "DATA;#" + std::to_string(i) + "=A();ENDSEC;";
+    bytes.insert(bytes.find("END-ISO"), sections);
+    const double begin = processorSeconds();
+    const auto file = opened(bytes);
+    ASSERT_TRUE(file->begin());
+    for (Slot slot = 0; slot < Many; ++slot) ASSERT_TRUE(file->append("B()", slot));
+    file->commit("Edit");
+    EXPECT_EQ(opened(file->bytes())->slotCount(), 2 * Many);
+    EXPECT_LT(processorSeconds() - begin, MostSeconds);
+}
+
+TEST(GrowthOfEdits, OfCommentsBehindAnInstanceThatIsCopiedIsLinear) {
+    const std::string comments = repeated(2 * Many, "/**/");
+    const auto file = opened(fileOf("#1=A();" + comments + "\n#2=B();\n"));
+    const double begin = processorSeconds();
+    ASSERT_TRUE(file->begin());
+    ASSERT_TRUE(file->insertBehind("A()", file->find(1)));
+    file->commit("Edit");
+    EXPECT_EQ(dataOf(file->bytes()), "#1=A();" + comments + "\n#3=A();\n#2=B();\n");
+    EXPECT_LT(processorSeconds() - begin, MostSeconds);
+}
+
 /// What a file that is broken throughout says of a sound instance behind: it is read by its layout then, and strings
 /// still hold what they hold.
 TEST(BrokenThroughout, StillFindsWhatIsSoundByItsLayout) {

@@ -15,14 +15,29 @@ struct Edit {
     std::string_view text;
 };
 
-/// The line end that the lines before `at` have; empty where there are none.
-std::string_view lineEndBefore(std::string_view bytes, std::uint64_t at) {
-    const std::string_view lines = bytes.substr(0, at);
-    const std::size_t last = lines.find_last_of("\r\n");
-    if (last == std::string_view::npos) return {};
-    const bool pair = last > 0 && lines[last] == '\n' && lines[last - 1] == '\r';
-    return pair ? lines.substr(last - 1, 2) : lines.substr(last, 1);
-}
+/// The line end that the lines before a place have; empty where there are none. Asked for in file order: a file may
+/// have many sections and all of them on one line, which must not be passed over for each.
+class LineEnds {
+public:
+    explicit LineEnds(std::string_view bytes) : bytes_(bytes) {}
+
+    std::string_view before(std::uint64_t at) {
+        const std::size_t found = bytes_.substr(searched_, at - searched_).find_last_of("\r\n");
+        if (found != std::string_view::npos) last_ = lineEndAt(searched_ + found);
+        searched_ = at;
+        return last_;
+    }
+
+private:
+    std::string_view lineEndAt(std::size_t at) const {
+        const bool pair = at > 0 && bytes_[at] == '\n' && bytes_[at - 1] == '\r';
+        return pair ? bytes_.substr(at - 1, 2) : bytes_.substr(at, 1);
+    }
+
+    std::string_view bytes_;
+    std::size_t searched_ = 0;  ///< How far the file has been searched.
+    std::string_view last_;     ///< The last one there.
+};
 
 /// What sets the first new instance off from the bytes before it. Behind malformed text a line of its own is the only
 /// way to be seen, even where the file has no lines.
@@ -73,8 +88,12 @@ struct Setting {
 std::size_t endOfLineBehind(std::string_view bytes, std::size_t at) {
     while (at < bytes.size() && !isLineEnd(bytes[at])) {
         if (bytes.substr(at).starts_with("/*")) {
-            const std::size_t closed = bytes.substr(0, bytes.find_first_of("\r\n", at)).find("*/", at + 2);
+            // The comment first: looking for the line's end from each of many comments on it would pass over the rest
+            // of the line each time.
+            const std::size_t closed = bytes.find("*/", at + 2);
             if (closed == std::string_view::npos) return closed;
+            if (bytes.substr(at, closed - at).find_first_of("\r\n") != std::string_view::npos)
+                return std::string_view::npos;
             at = closed + 2;
         } else if (isBlank(bytes[at])) {
             ++at;
@@ -87,19 +106,19 @@ std::size_t endOfLineBehind(std::string_view bytes, std::size_t at) {
 
 /// Behind an instance of the file: on the next line where it ends its line, so that a comment on that line stays with
 /// it; otherwise right behind its semicolon, since what follows there cannot be told from what it belongs to.
-Setting settingBehind(const Index& index, std::uint64_t end, const Section& section) {
+Setting settingBehind(const Index& index, std::uint64_t end, const Section& section, LineEnds& lineEnds) {
     const std::string_view bytes = index.bytes;
     const std::size_t line = endOfLineBehind(bytes, end);
     if (line == std::string_view::npos) return {end, {}, {}};
-    if (line == bytes.size()) return {end, lineEndBefore(bytes, end), {}};
+    if (line == bytes.size()) return {end, lineEnds.before(end), {}};
     const std::string_view lineEnd = bytes.substr(line, bytes.substr(line).starts_with("\r\n") ? 2 : 1);
     // New instances at the end of the section may have to go in front of malformed text on that line.
     if (line + lineEnd.size() > section.insertAt) return {end, lineEnd, {}};
     return {line + lineEnd.size(), {}, lineEnd};
 }
 
-Setting settingAtEnd(const Index& index, const Section& section) {
-    return {section.insertAt, {}, lineEndBefore(index.bytes, section.insertAt)};
+Setting settingAtEnd(const Section& section, LineEnds& lineEnds) {
+    return {section.insertAt, {}, lineEnds.before(section.insertAt)};
 }
 
 /// In the order that they are written in.
@@ -118,17 +137,19 @@ std::vector<Edit> insertions(const Index& index, Changes& changes) {
     Slot root = NoSlot;
     std::uint32_t filled = NoSection;
     Setting setting;
+    LineEnds lineEnds(index.bytes);
     for (const ChangedInstance* instance : newInstances(changes)) {
         const Position& place = instance->position;
         const Section& section = index.sections[place.section];
         const auto insert = [&](std::string_view text) { edits.push_back({setting.at, setting.at, text}); };
         if (!changes.isNew(place.root)) {
             if (place.root != root) {
-                setting = settingBehind(index, changes.offset(place.root) + index.lengths[place.root], section);
+                setting =
+                    settingBehind(index, changes.offset(place.root) + index.lengths[place.root], section, lineEnds);
             }
         } else if (filled != place.section) {
             filled = place.section;
-            setting = settingAtEnd(index, section);
+            setting = settingAtEnd(section, lineEnds);
             insert(separatorBefore(index.bytes, setting.at, setting.after));
         }
         root = place.root;
