@@ -369,4 +369,8 @@ Status Model::checkTarget(const std::filesystem::path& path) {
     return step::checkTarget(path);
 }
 
+std::vector<std::string> Model::targetWarnings(const std::filesystem::path& path) {
+    return step::targetWarnings(path);
+}
+
 }  // namespace model
