@@ -97,6 +97,35 @@ TEST(Save, WhoseFolderCannotBeSyncedSaysSoThoughTheFileIsThere) {
     EXPECT_TRUE(saving.save());
 }
 
+class MemoryThatRunsOut : public ::testing::TestWithParam<std::size_t> {};
+
+TEST_P(MemoryThatRunsOut, IsToldWithTheTruthAboutTheFile) {
+    Saving saving;
+    saving.disk.outOfMemory = GetParam();
+    const Status saved = saving.save();
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().kind, ErrorKind::CannotWrite);
+    const bool replaced = saving.disk.files[target] != before;
+    EXPECT_EQ(replaced, GetParam() > 7);
+    EXPECT_EQ(saving.disk.files[target], replaced ? after : before);
+    EXPECT_THAT(saved.error().message, HasSubstr(replaced ? "the file was written" : "the old file is untouched"));
+    EXPECT_EQ(saving.disk.temporaries, 0);
+    EXPECT_TRUE(saving.edit.file->modified());
+}
+
+TEST_P(MemoryThatRunsOut, DoesNotMakeTheFileSomebodyElses) {
+    Saving saving;
+    saving.disk.outOfMemory = GetParam();
+    ASSERT_FALSE(saving.save());
+    const Status again = saving.save();
+    EXPECT_TRUE(again) << again.error().message;
+    EXPECT_EQ(saving.disk.files[target], after);
+    EXPECT_FALSE(saving.edit.file->modified());
+}
+
+INSTANTIATE_TEST_SUITE_P(AtEachStep, MemoryThatRunsOut, ::testing::Range(std::size_t{0}, steps.size()),
+                         [](const auto& row) { return std::to_string(row.param) + steps[row.param]; });
+
 TEST(Save, OnAFullDiskSaysWhatToDo) {
     Saving saving;
     saving.disk.failing = 3;
@@ -117,6 +146,29 @@ TEST(Save, OverAVersionThatSomebodyElseWroteIsRefused) {
     EXPECT_THAT(saved.error().message, HasSubstr("another program has changed the file"));
     EXPECT_EQ(saving.disk.files[target], "written by somebody else");
     EXPECT_TRUE(saving.save(true));
+    EXPECT_EQ(saving.disk.files[target], fileOf("#1=A(3);\n"));
+}
+
+TEST(Save, OverAVersionWhoseTimeSomebodyElseSetBackIsRefused) {
+    Saving saving;
+    ASSERT_TRUE(saving.save());
+    ASSERT_TRUE(saving.edit.replace(1, 0, "3"));
+    const std::string other = fileOf("#1=A(7);\n");
+    ASSERT_EQ(other.size(), after.size());
+    saving.disk.putWithOldTime(target, other);
+    const Status saved = saving.save();
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().kind, ErrorKind::ChangedSince);
+    EXPECT_EQ(saving.disk.files[target], other);
+}
+
+TEST(Save, OverAVersionThatSomebodyElseOnlyTouchedIsDone) {
+    Saving saving;
+    ASSERT_TRUE(saving.save());
+    ASSERT_TRUE(saving.edit.replace(1, 0, "3"));
+    saving.disk.putWithOldTime(target, after);
+    const Status saved = saving.save();
+    EXPECT_TRUE(saved) << saved.error().message;
     EXPECT_EQ(saving.disk.files[target], fileOf("#1=A(3);\n"));
 }
 

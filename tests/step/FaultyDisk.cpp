@@ -1,6 +1,9 @@
 #include "step/FaultyDisk.hpp"
 
+#include "model/step/disk/ContentSum.hpp"
+
 #include <memory>
+#include <new>
 #include <thread>
 
 namespace step_tests {
@@ -42,11 +45,17 @@ private:
 
 void FaultyDisk::put(const std::string& path, const std::string& bytes) {
     files[path] = bytes;
-    times_[path] = ++clock_;
+    times_[path] = changeTimes_[path] = ++clock_;
+}
+
+void FaultyDisk::putWithOldTime(const std::string& path, const std::string& bytes) {
+    files[path] = bytes;
+    changeTimes_[path] = ++clock_;
 }
 
 std::error_code FaultyDisk::step(const char* name) {
     calls.emplace_back(name);
+    if (calls.size() - 1 == outOfMemory) throw std::bad_alloc();
     if (calls.size() == intruding)
         for (auto& [path, bytes] : files) put(path, "written by somebody else");
     return calls.size() - 1 == failing ? failure : std::error_code();
@@ -65,10 +74,19 @@ std::error_code FaultyDisk::state(const fs::path& path, FileState& state) {
     state.exists = state.regular = state.writable = true;
     state.size = file->second.size();
     state.modified = times_[path.string()];
+    state.changed = changeTimes_[path.string()];
     return {};
 }
 
-std::error_code FaultyDisk::createTemporary(const fs::path&, std::unique_ptr<TemporaryFile>& file) {
+std::error_code FaultyDisk::sum(const fs::path& path, std::uint64_t& sum) {
+    if (const std::error_code error = step("sum")) return error;
+    model::step::ContentSum content;
+    content.add(files[path.string()]);
+    sum = content.result();
+    return {};
+}
+
+std::error_code FaultyDisk::createTemporary(const fs::path&, const FileState&, std::unique_ptr<TemporaryFile>& file) {
     if (const std::error_code error = step("create")) return error;
     file = std::make_unique<FakeTemporaryFile>(*this);
     return {};

@@ -1,5 +1,6 @@
 // Opening and saving files of the real file system.
 
+#include "model/step/disk/Saving.hpp"
 #include "step/StepText.hpp"
 #include "support/ActingAsNobody.hpp"
 #include "support/Places.hpp"
@@ -150,6 +151,51 @@ TEST_F(Files, KeepTheirOwner) {
     EXPECT_EQ(found.st_gid, 5678U);
 }
 
+TEST_F(Files, WhoseGroupCannotBeKeptGiveNoOtherGroupMoreThanEverybody) {
+    if (::geteuid() != 0) GTEST_SKIP() << "only root may act as somebody else";
+    constexpr uid_t nobody = 65534;
+    ASSERT_EQ(::chown(house_.c_str(), nobody, 5678), 0);
+    ::chmod(house_.c_str(), 0664);
+    ::chmod(folder_.path().c_str(), 0777);
+    const auto file = openFile(house_);
+    edit(*file);
+    const auto saved = [&] {
+        const testing_support::ActingAsNobody acting;
+        return file->save(house_);
+    }();
+    ASSERT_TRUE(saved) << saved.error().message;
+    struct stat found {};
+    ASSERT_EQ(::stat(house_.c_str(), &found), 0);
+    EXPECT_EQ(found.st_uid, nobody);
+    EXPECT_NE(found.st_gid, 5678U);
+    EXPECT_EQ(found.st_mode & 07777U, 0644U);
+}
+
+TEST_F(Files, OfOneNameAndOurOwnAreReplacedWithoutAWarning) {
+    EXPECT_THAT(model::step::targetWarnings(house_), IsEmpty());
+    EXPECT_THAT(model::step::targetWarnings(folder_.path() / "new.ifc"), IsEmpty());
+    EXPECT_THAT(model::step::targetWarnings(folder_.path()), IsEmpty());
+    EXPECT_THAT(model::step::targetWarnings(folder_.path() / "missing" / "x.ifc"), IsEmpty());
+}
+
+TEST_F(Files, OfSeveralNamesAreToldOfBefore) {
+    fs::create_hard_link(house_, folder_.path() / "other.ifc");
+    EXPECT_THAT(model::step::targetWarnings(house_), UnorderedElementsAre(HasSubstr("has 2 names (hard links)")));
+    fs::create_symlink("house.ifc", folder_.path() / "link.ifc");
+    EXPECT_THAT(model::step::targetWarnings(folder_.path() / "link.ifc"),
+                UnorderedElementsAre(HasSubstr(house_.string())));
+}
+
+TEST_F(Files, OfSomebodyElseAreToldOfBefore) {
+    if (::geteuid() != 0) GTEST_SKIP() << "only root may give files away";
+    ASSERT_EQ(::chown(house_.c_str(), 1234, 5678), 0);
+    ::chmod(folder_.path().c_str(), 0755);
+    EXPECT_THAT(model::step::targetWarnings(house_), IsEmpty());
+    const testing_support::ActingAsNobody acting;
+    EXPECT_THAT(model::step::targetWarnings(house_),
+                UnorderedElementsAre(HasSubstr("belongs to 1234"), HasSubstr("of the group 5678")));
+}
+
 TEST_F(Files, BehindALinkAreReplacedAndTheLinkStays) {
     fs::create_directory(folder_.path() / "store");
     fs::rename(house_, folder_.path() / "store/house.ifc");
@@ -217,6 +263,39 @@ TEST_F(Files, ChangedByOthersSinceTheyWereOpenedAreNotOverwritten) {
     options.force = true;
     EXPECT_TRUE(file->save(house_, options));
     EXPECT_EQ(bytesOf(house_), after);
+}
+
+/// Sets the time of a file to what it was, as a program that unpacks or synchronises does.
+void setTimeBack(const fs::path& path, fs::file_time_type time) {
+    fs::last_write_time(path, time);
+    ASSERT_EQ(fs::last_write_time(path), time);
+}
+
+TEST_F(Files, RewrittenInPlaceWithTheirOldTimeAreNotOverwritten) {
+    const auto time = fs::last_write_time(house_);
+    const auto file = openFile(house_);
+    edit(*file);
+    const std::string other = fileOf("#1=A(7);\n");
+    folder_.write("house.ifc", other);
+    setTimeBack(house_, time);
+    const Status saved = file->save(house_);
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().kind, ErrorKind::ChangedSince);
+    EXPECT_EQ(bytesOf(house_), other);
+}
+
+TEST_F(Files, OnlyTouchedByOthersAreSavedAgainAndAgain) {
+    const auto file = openFile(house_);
+    for (const char* value : {"2", "3"}) {
+        const auto time = fs::last_write_time(house_);
+        edit(*file, value);
+        folder_.write("house.ifc", bytesOf(house_));
+        setTimeBack(house_, time);
+        ::chmod(house_.c_str(), 0600);
+        const Status saved = file->save(house_);
+        ASSERT_TRUE(saved) << saved.error().message;
+        EXPECT_EQ(bytesOf(house_), fileOf("#1=A(" + std::string(value) + ");\n"));
+    }
 }
 
 TEST_F(Files, ReplacedByOthersAreNotOverwrittenThroughAnyName) {

@@ -4,14 +4,22 @@
 #include "model/step/StepFile.hpp"
 #include "model/step/disk/Archive.hpp"
 #include "model/step/disk/FileReading.hpp"
+#include "model/step/disk/Saving.hpp"
 #include "model/step/editing/Changes.hpp"
 #include "model/step/index/Index.hpp"
 
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <string>
 
 namespace model::step {
+
+/// A version of a file that this program has read or written.
+struct KnownVersion {
+    FileState state;
+    std::optional<std::uint64_t> sum;  ///< ContentSum; nothing for the one opened, whose bytes are at hand.
+};
 
 struct StepFile::Content {
     explicit Content(Bytes&& source) : bytes(std::move(source)), index(bytes.text()), changes(index) {}
@@ -29,20 +37,21 @@ struct StepFile::Content {
     Bytes archive;  ///< The whole .ifczip that the model came in: another program may change the file.
     ModelEntry entry;
     /// By path: the version opened, and those saved. Any other one found there is somebody else's.
-    std::map<std::filesystem::path, FileState> versions;
+    std::map<std::filesystem::path, KnownVersion> versions;
 
     Status checkEditable(Slot slot) const;
     Status edit(Slot slot, Result<std::string> newText);
     Result<KeywordCode> checkNew(std::string_view body);
-    Status save(const std::filesystem::path& path, const SaveOptions& options);
+    /// @param path  of `replacement`, links not followed yet.
+    Status save(const std::filesystem::path& path, const SaveOptions& options, Replacement& replacement);
 
 private:
     ModelEntry newEntry(const std::filesystem::path& target) const;
     bool savesArchive(const std::filesystem::path& target) const;
-    Status saveAs(const std::filesystem::path& target, const SaveOptions& options, Disk& disk);
-    Status write(const std::filesystem::path& target, const FileState& old, const SaveOptions& options, Disk& disk);
-    Status writeArchive(const std::filesystem::path& target, const FileState& old, const SaveOptions& options,
-                        Disk& disk);
+    bool isKnown(const KnownVersion& known, const Replacement& replacement) const;
+    Status saveAs(Replacement& replacement);
+    Status write(Replacement& replacement);
+    Status writeArchive(Replacement& replacement);
 };
 
 }  // namespace model::step

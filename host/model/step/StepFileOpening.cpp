@@ -43,7 +43,7 @@ Result<std::unique_ptr<StepFile>> StepFile::open(const fs::path& path, const Ope
     content->path = content->lockedPath = target;
     content->archive = std::move(archive);
     content->entry = std::move(entry);
-    content->versions[target] = file->state;
+    content->versions[target].state = file->state;
     if (options.lock) {
         const LockResult locked = tryLock(file->handle);
         if (locked == LockResult::Taken) content->lock = std::move(file->handle);

@@ -1,6 +1,9 @@
 #include "model/step/disk/Disk.hpp"
 
+#include "model/step/disk/ContentSum.hpp"
 #include "model/step/disk/FileHandle.hpp"
+#include "model/step/disk/FileLock.hpp"
+#include "model/step/disk/TemporaryNames.hpp"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -9,11 +12,8 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <climits>
-#include <cstdio>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -30,14 +30,7 @@ std::error_code outcome(int result) {
     return result == 0 ? std::error_code() : lastError();
 }
 
-/// ".house.ifc.1f3a9c.tmp" beside "house.ifc".
-std::string temporaryName(const fs::path& target) {
-    std::random_device random;
-    std::array<char, 16> digits{};
-    std::snprintf(digits.data(), digits.size(), "%08x", static_cast<unsigned>(random()));
-    return (target.parent_path() / ("." + target.filename().string() + "." + digits.data() + ".tmp")).string();
-}
-
+/// Access lists among them. What cannot be copied is left out: not every file system has every kind.
 void copyExtendedAttributes(const fs::path& from, int to) {
     const std::string path = from.string();
     std::vector<char> names(static_cast<std::size_t>(std::max<ssize_t>(0, ::listxattr(path.c_str(), nullptr, 0))));
@@ -48,7 +41,9 @@ void copyExtendedAttributes(const fs::path& from, int to) {
         std::vector<char> value(
             static_cast<std::size_t>(std::max<ssize_t>(0, ::getxattr(path.c_str(), name, nullptr, 0))));
         const ssize_t size = ::getxattr(path.c_str(), name, value.data(), value.size());
-        if (size >= 0) ::fsetxattr(to, name, value.data(), static_cast<std::size_t>(size), 0);
+        // Another program may have made it longer meanwhile.
+        if (size >= 0 && static_cast<std::size_t>(size) <= value.size())
+            ::fsetxattr(to, name, value.data(), static_cast<std::size_t>(size), 0);
     }
 }
 
@@ -58,16 +53,19 @@ public:
         if (!name_.empty()) ::unlink(name_.c_str());
     }
 
-    /// Without a name where the file system can do that: then not even a crash leaves a file behind.
-    std::error_code create(const fs::path& target) {
-        const fs::path folder = target.parent_path();
-        handle_ = FileHandle(::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0666));
-        if (handle_) return {};
-        if (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL && errno != ENOENT) return lastError();
-        const std::string path = temporaryName(target);
-        handle_ = FileHandle(::open(path.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0666));
-        if (!handle_) return lastError();
-        name_ = path;
+    /// Without a name where the file system can do that: then not even a crash leaves a file behind. Network file
+    /// systems and FAT cannot.
+    std::error_code create(const fs::path& target, const FileState& old) {
+        const mode_t mode = old.exists ? 0600 : 0666;
+        handle_ = FileHandle(::open(target.parent_path().c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, mode));
+        if (!handle_) {
+            if (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL && errno != ENOENT) return lastError();
+            const std::string path = temporaryName(target);
+            handle_ = FileHandle(::open(path.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, mode));
+            if (!handle_) return lastError();
+            name_ = path;
+        }
+        (void)tryLock(handle_);  // Whoever finds the name and no lock takes it for one left behind.
         return {};
     }
 
@@ -90,11 +88,13 @@ public:
         struct stat mine {};
         if (::fstat(handle_.number(), &mine) != 0) return lastError();
         // Not everyone may give files away; the mode is set last, since a new owner takes bits of it.
+        mode_t mode = old.mode & 07777U;
         if ((mine.st_uid != old.owner || mine.st_gid != old.group) &&
-            ::fchown(handle_.number(), old.owner, old.group) != 0)
-            (void)!::fchown(handle_.number(), static_cast<uid_t>(-1), old.group);
+            ::fchown(handle_.number(), old.owner, old.group) != 0 && mine.st_gid != old.group &&
+            ::fchown(handle_.number(), static_cast<uid_t>(-1), old.group) != 0)
+            mode = withoutGroup(mode);
         copyExtendedAttributes(oldPath, handle_.number());
-        return outcome(::fchmod(handle_.number(), old.mode & 07777U));
+        return outcome(::fchmod(handle_.number(), mode));
     }
 
     std::error_code sync() override { return outcome(::fsync(handle_.number())); }
@@ -108,10 +108,14 @@ public:
         }
         if (::rename(name_.c_str(), target.c_str()) != 0) return lastError();
         name_.clear();
+        unlock(handle_);  // It is the model now, whose lock is taken by whoever edits it.
         return {};
     }
 
 private:
+    /// The group is now another one: what the old one might do beyond everybody was not meant for it.
+    static mode_t withoutGroup(mode_t mode) { return (mode & ~mode_t{070}) | (mode & 07U) << 3U; }
+
     static void advance(std::vector<iovec>& vectors, std::size_t& done, std::size_t written) {
         while (done < vectors.size() && written >= vectors[done].iov_len) written -= vectors[done++].iov_len;
         if (written == 0) return;
@@ -149,9 +153,27 @@ public:
         return {};
     }
 
-    std::error_code createTemporary(const fs::path& target, std::unique_ptr<TemporaryFile>& file) override {
+    std::error_code sum(const fs::path& path, std::uint64_t& sum) override {
+        const FileHandle file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+        if (!file) return lastError();
+        std::vector<char> buffer(std::size_t{1} << 20U);
+        ContentSum content;
+        for (;;) {
+            const ssize_t count = ::read(file.number(), buffer.data(), buffer.size());
+            if (count < 0 && errno == EINTR) continue;
+            if (count < 0) return lastError();
+            if (count == 0) break;
+            content.add({buffer.data(), static_cast<std::size_t>(count)});
+        }
+        sum = content.result();
+        return {};
+    }
+
+    std::error_code createTemporary(const fs::path& target, const FileState& old,
+                                    std::unique_ptr<TemporaryFile>& file) override {
+        removeLeftOvers(target);  // First of all: they may be what fills the disk.
         auto created = std::make_unique<RealTemporaryFile>();
-        const std::error_code error = created->create(target);
+        const std::error_code error = created->create(target, old);
         if (!error) file = std::move(created);
         return error;
     }

@@ -4,6 +4,14 @@
 
 namespace model::step {
 
+namespace {
+
+std::int64_t nanoseconds(const struct timespec& time) {
+    return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
+}
+
+}  // namespace
+
 FileHandle::~FileHandle() {
     if (descriptor_ >= 0) ::close(descriptor_);
 }
@@ -15,10 +23,12 @@ FileState toFileState(const struct stat& found) {
     state.device = found.st_dev;
     state.inode = found.st_ino;
     state.size = static_cast<std::uint64_t>(found.st_size);
-    state.modified = std::int64_t{found.st_mtim.tv_sec} * 1'000'000'000 + found.st_mtim.tv_nsec;
+    state.modified = nanoseconds(found.st_mtim);
+    state.changed = nanoseconds(found.st_ctim);
     state.mode = found.st_mode;
     state.owner = found.st_uid;
     state.group = found.st_gid;
+    state.links = found.st_nlink;
     return state;
 }
 

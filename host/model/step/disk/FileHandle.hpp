@@ -27,6 +27,7 @@ private:
     int descriptor_ = -1;
 };
 
+/// What `stat` says; `writable` it does not.
 FileState toFileState(const struct stat& found);
 
 }  // namespace model::step

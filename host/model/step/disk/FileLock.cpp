@@ -15,6 +15,10 @@ LockResult tryLock(const FileHandle& file) {
     return errno == EWOULDBLOCK ? LockResult::HeldByOther : LockResult::Unsupported;
 }
 
+void unlock(const FileHandle& file) {
+    ::flock(file.number(), LOCK_UN);
+}
+
 std::string holderOfLock(const FileState& file) {
     // "1: FLOCK  ADVISORY  WRITE 1234 08:01:5678 0 EOF". The device is left out of the comparison: on layered file
     // systems it is not the one that stat tells.

@@ -15,7 +15,9 @@ enum class LockResult : std::uint8_t {
     Unsupported,  ///< Some network file systems have no locks, or want the file open for writing.
 };
 
+/// Does not wait. The lock belongs to the open file: it is held until that is closed or unlock().
 LockResult tryLock(const FileHandle& file);
+void unlock(const FileHandle& file);
 
 /// The program that holds the lock, for a person: "modelhost (process 1234)".
 std::string holderOfLock(const FileState& file);

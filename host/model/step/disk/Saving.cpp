@@ -1,15 +1,18 @@
 #include "model/step/disk/Saving.hpp"
 
+#include "model/step/disk/ContentSum.hpp"
 #include "model/step/disk/FileLock.hpp"
 
 #include <fcntl.h>
+#include <grp.h>
+#include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdint>
 #include <memory>
-#include <vector>
 
 namespace model::step {
 
@@ -31,9 +34,9 @@ std::string folderOf(const fs::path& target) {
     return folder.empty() ? "." : folder.string();
 }
 
-Error failed(const fs::path& target, const FileState& old, const std::error_code& error) {
-    Error failure = cannotWrite(target, error);
-    if (old.exists) failure.message += "; the old file is untouched";
+Error failed(const Replacement& replacement, const std::error_code& error) {
+    Error failure = cannotWrite(replacement.target, error);
+    if (replacement.old.exists) failure.message += "; the old file is untouched";
     return failure;
 }
 
@@ -42,21 +45,22 @@ Error cancelled(const fs::path& target) {
 }
 
 /// Hands the pieces over in stretches, so that there is a moment to report between them.
-Status writePieces(TemporaryFile& file, const fs::path& target, const FileState& old,
-                   std::span<const std::string_view> pieces, const Progress& progress) {
+Status writePieces(TemporaryFile& file, Replacement& replacement, std::span<const std::string_view> pieces) {
     constexpr std::size_t Stretch = std::size_t{8} << 20U;
     std::uint64_t total = 0;
     for (const std::string_view piece : pieces) total += piece.size();
-    Throttle throttle(progress);
+    Throttle throttle(replacement.progress);
+    ContentSum sum;
     std::uint64_t done = 0;
     std::vector<std::string_view> batch;
     std::size_t batchSize = 0;
     const auto flush = [&]() -> Status {
-        if (const std::error_code error = file.write(batch)) return failed(target, old, error);
+        if (const std::error_code error = file.write(batch)) return failed(replacement, error);
+        for (const std::string_view part : batch) sum.add(part);
         done += batchSize;
         batch.clear();
         batchSize = 0;
-        if (!throttle.report(done, total)) return cancelled(target);
+        if (!throttle.report(done, total)) return cancelled(replacement.target);
         return {};
     };
     for (std::string_view piece : pieces) {
@@ -68,7 +72,35 @@ Status writePieces(TemporaryFile& file, const fs::path& target, const FileState&
             if (Status flushed = flush(); !flushed) return flushed;
         }
     }
-    return flush();
+    Status flushed = flush();
+    replacement.sum = sum.result();
+    return flushed;
+}
+
+bool mayGiveAway(const FileState& file) {
+    return ::geteuid() == 0 || file.owner == ::geteuid();
+}
+
+/// A new file has our group, or that of a folder that hands its own down; any group of ours can be given to it.
+bool mayKeepGroup(const FileState& file, const fs::path& folder) {
+    if (::geteuid() == 0 || file.group == ::getegid()) return true;
+    struct stat found {};
+    if (::stat(folder.c_str(), &found) == 0 && (found.st_mode & S_ISGID) != 0 && found.st_gid == file.group)
+        return true;
+    std::vector<gid_t> groups(static_cast<std::size_t>(std::max(0, ::getgroups(0, nullptr))));
+    const int count = ::getgroups(static_cast<int>(groups.size()), groups.data());
+    groups.resize(static_cast<std::size_t>(std::max(0, count)));
+    return std::find(groups.begin(), groups.end(), file.group) != groups.end();
+}
+
+std::string userName(std::uint32_t user) {
+    const struct passwd* known = ::getpwuid(user);
+    return known != nullptr ? known->pw_name : std::to_string(user);
+}
+
+std::string groupName(std::uint32_t group) {
+    const struct group* known = ::getgrgid(group);
+    return known != nullptr ? known->gr_name : std::to_string(group);
 }
 
 }  // namespace
@@ -117,20 +149,43 @@ Status checkTarget(const fs::path& name) {
     return {};
 }
 
-Status replaceFile(Disk& disk, const fs::path& target, const FileState& old, bool force,
-                   std::span<const std::string_view> pieces, const Progress& progress) {
+std::vector<std::string> targetWarnings(const fs::path& name) {
+    Disk& disk = Disk::real();
+    fs::path target;
+    FileState state;
+    if (disk.resolve(name, target) || disk.state(target, state) || !state.exists || !state.regular) return {};
+    std::vector<std::string> warnings;
+    const auto add = [&](const std::string& what) { warnings.push_back(target.string() + ": " + what); };
+    if (state.links > 1)
+        add("the file has " + std::to_string(state.links) +
+            " names (hard links); saving changes it under this name alone, the others keep the old version");
+    if (!mayGiveAway(state))
+        add("the file belongs to " + userName(state.owner) + "; saved, it belongs to " + userName(::geteuid()));
+    if (!mayKeepGroup(state, target.parent_path()))
+        add("the file is of the group " + groupName(state.group) +
+            ", which is not one of yours; saved, it is of a group of yours, with the rights of all others");
+    return warnings;
+}
+
+Status replaceFile(Replacement& replacement, std::span<const std::string_view> pieces) {
+    Disk& disk = replacement.disk;
+    const fs::path& target = replacement.target;
+    const fs::path folder = target.parent_path();
     std::unique_ptr<TemporaryFile> file;
-    if (const std::error_code error = disk.createTemporary(target, file)) return failed(target, old, error);
-    if (Status written = writePieces(*file, target, old, pieces, progress); !written) return written;
-    if (old.exists) {
-        if (const std::error_code error = file->takeOver(old, target)) return failed(target, old, error);
+    if (const std::error_code error = disk.createTemporary(target, replacement.old, file))
+        return failed(replacement, error);
+    if (Status written = writePieces(*file, replacement, pieces); !written) return written;
+    if (replacement.old.exists) {
+        if (const std::error_code error = file->takeOver(replacement.old, target)) return failed(replacement, error);
     }
-    if (const std::error_code error = file->sync()) return failed(target, old, error);
+    // Before the name: else a power failure could leave the name with a file whose bytes never reached the disk.
+    if (const std::error_code error = file->sync()) return failed(replacement, error);
     FileState now;
-    if (const std::error_code error = disk.state(target, now)) return failed(target, old, error);
-    if (!force && now.exists && !now.sameVersion(old)) return changedSince(target);
-    if (const std::error_code error = file->replace(target)) return failed(target, old, error);
-    if (const std::error_code error = disk.syncFolder(target.parent_path()))
+    if (const std::error_code error = disk.state(target, now)) return failed(replacement, error);
+    if (!replacement.force && now.exists && !now.sameVersion(replacement.old)) return changedSince(target);
+    if (const std::error_code error = file->replace(target)) return failed(replacement, error);
+    replacement.done = true;
+    if (const std::error_code error = disk.syncFolder(folder))
         return cannotWrite(
             target, "the file was written, but a power failure might undo that: " + error.message() + "; save again");
     return {};
