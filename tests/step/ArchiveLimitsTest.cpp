@@ -163,14 +163,14 @@ std::string claiming(std::uint64_t size, std::uint64_t packedSize) {
 }
 
 /// An archive with the sizes in the 64-bit form, where the others are all ones.
-std::string wideEntry(const std::string& model) {
+std::string wideEntry(const std::string& model, std::uint64_t size, std::uint64_t packedSize) {
     const std::string name = "a.ifc", ones(4, '\xFF');
     zip_uint32_t sum = 0xFFFFFFFFU;
     for (const char c : model) {
         sum ^= static_cast<unsigned char>(c);
         for (int bit = 0; bit < 8; ++bit) sum = sum >> 1U ^ ((sum & 1U) != 0 ? 0xEDB88320U : 0U);
     }
-    const std::string extra = little(1, 2) + little(16, 2) + little(model.size(), 8) + little(model.size(), 8);
+    const std::string extra = little(1, 2) + little(16, 2) + little(size, 8) + little(packedSize, 8);
     const std::string common = little(45, 2) + little(0, 2) + little(0, 2) + little(0, 2) + little(0x21, 2) +
                                little(~sum, 4) + ones + ones + little(name.size(), 2) + little(extra.size(), 2);
     const std::string local = "PK\x03\x04" + common + name + extra + model;
@@ -182,7 +182,7 @@ std::string wideEntry(const std::string& model) {
 
 TEST(EditedArchive, MayHaveEntriesOfThe64BitForm) {
     const TempFolder folder;
-    const fs::path path = folder.write("a.ifczip", wideEntry(before));
+    const fs::path path = folder.write("a.ifczip", wideEntry(before, before.size(), before.size()));
     editAndSave(path);
     EXPECT_EQ(unpacked(path, 0), after);
 }
@@ -205,6 +205,35 @@ TEST(ArchiveOfTooMuch, IsRefusedByWhatItClaims) {
         // What is let through is read, and is found to be no packed data.
         EXPECT_THAT(file.error().message, HasSubstr(row.tooMuch ? "which no model does" : "damaged"))
             << row.size << " from " << row.packedSize;
+    }
+}
+
+TEST(ArchiveOfTooMuch, IsRefusedWhateverSizesItsDirectoryNames) {
+    constexpr std::uint64_t largest = ~std::uint64_t{0};
+    for (const std::uint64_t size :
+         {largest, largest - 63, largest - 126, largest - 127, largest - 128, largest - 200, largest / 2 + 1,
+          largest / 2, std::uint64_t{1} << 47U, std::uint64_t{80'000'000}}) {
+        for (const std::uint64_t packedSize : {largest, largest / 2, std::uint64_t{1} << 60U, std::uint64_t{1000}}) {
+            const TempFolder folder;
+            const auto file = StepFile::open(folder.write("a.ifczip", wideEntry(before, size, packedSize)));
+            ASSERT_FALSE(file) << size << " from " << packedSize;
+            EXPECT_THAT(file.error().message, HasSubstr("which no model does")) << size << " from " << packedSize;
+        }
+    }
+}
+
+/// What is packed is never more than the archive, so that a directory that names more allows no more.
+TEST(ArchiveOfTooMuch, IsMeasuredByWhatIsReallyThere) {
+    const std::string model = before + std::string(400'000 - before.size(), ' ');
+    const std::uint64_t whole = wideEntry(model, 0, 0).size();
+    for (const std::uint64_t packedSize : {whole, std::uint64_t{1} << 40U}) {
+        for (const bool tooMuch : {false, true}) {
+            const TempFolder folder;
+            const std::uint64_t size = whole * 200 + 199 + (tooMuch ? 1 : 0);
+            const auto file = StepFile::open(folder.write("a.ifczip", wideEntry(model, size, packedSize)));
+            ASSERT_FALSE(file);
+            EXPECT_THAT(file.error().message, HasSubstr(tooMuch ? "which no model does" : "damaged")) << packedSize;
+        }
     }
 }
 

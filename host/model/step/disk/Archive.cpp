@@ -19,6 +19,13 @@ namespace {
 constexpr std::uint64_t HonestRatio = 200;
 constexpr std::uint64_t HarmlessSize = std::uint64_t{64} << 20U;
 
+/// The most that an entry may unpack to. How long it is packed is only what the directory says; there is no more of it
+/// than the whole archive. Both numbers fill 64 bits if somebody wants them to, so nothing is added to or multiplied by
+/// them before they are known to be in bounds.
+std::uint64_t mostUnpacked(std::uint64_t packedSize, std::uint64_t archiveSize) {
+    return std::max(HarmlessSize, std::min(packedSize, archiveSize) * HonestRatio + (HonestRatio - 1));
+}
+
 struct CloseArchive {
     void operator()(zip_t* archive) const { zip_discard(archive); }
 };
@@ -77,7 +84,8 @@ bool isModelName(std::string_view name) {
     return name.size() > Extension.size() && equalIgnoringCase(name.substr(name.size() - Extension.size()), Extension);
 }
 
-Result<zip_stat_t> findModel(zip_t* archive) {
+/// @param archiveSize  in bytes, as really there.
+Result<zip_stat_t> findModel(zip_t* archive, std::uint64_t archiveSize) {
     zip_stat_t found{};
     std::size_t count = 0;
     const auto entries = static_cast<zip_uint64_t>(std::max<zip_int64_t>(0, zip_get_num_entries(archive, 0)));
@@ -91,9 +99,10 @@ Result<zip_stat_t> findModel(zip_t* archive) {
         return unreadable("the archive holds no .ifc file; choose another one, or export the model as .ifc");
     if (count > 1) return unreadable("the archive holds several .ifc files; unpack it and open one of them");
     if (found.encryption_method != ZIP_EM_NONE) return unreadable("the archive is encrypted; unpack it first");
-    if (found.size > HarmlessSize && found.size / HonestRatio > found.comp_size)
+    if (found.size > mostUnpacked(found.comp_size, archiveSize))
         return unreadable("the archive claims to unpack to " + std::to_string(found.size) + " bytes from " +
-                          std::to_string(found.comp_size) + ", which no model does; do not trust it");
+                          std::to_string(std::min(found.comp_size, archiveSize)) +
+                          ", which no model does; do not trust it");
     return found;
 }
 
@@ -103,7 +112,7 @@ Result<Bytes> unpack(zip_t* archive, const zip_stat_t& model, const Progress& pr
         return unreadable("the model cannot be unpacked: " + std::string(zip_strerror(archive)) +
                           "; unpack it with another program");
     constexpr zip_uint64_t Stretch = zip_uint64_t{4} << 20U;
-    Bytes bytes(static_cast<std::size_t>(model.size));
+    Bytes bytes(model.size);
     Throttle throttle(progress);
     std::size_t done = 0;
     for (zip_int64_t count = 1; count > 0 && done < bytes.size; done += static_cast<std::size_t>(count)) {
@@ -111,7 +120,8 @@ Result<Bytes> unpack(zip_t* archive, const zip_stat_t& model, const Progress& pr
         if (count < 0) return unreadable("the archive is damaged; fetch it again");
         if (!throttle.report(done / 2, bytes.size)) return unreadable("opening was cancelled");
     }
-    // Reading on past the last byte makes the library check the sum.
+    // An entry that holds more than it claims is damaged too: no more than that was given room. Reading on past the
+    // last byte makes the library check the sum.
     char beyond = 0;
     if (done != bytes.size || zip_fread(entry.get(), &beyond, 1) != 0)
         return unreadable("the archive is damaged; fetch it again");
@@ -181,7 +191,7 @@ Result<Bytes> readArchive(std::string_view archive, ModelEntry& entry, const Pro
     const SourceHandle source = memorySource(archive, error);
     const ArchiveHandle opened = source ? openArchive(source.get(), ZIP_RDONLY, error) : nullptr;
     if (opened == nullptr) return unreadable("the archive is damaged: " + error.text() + "; fetch it again");
-    const Result<zip_stat_t> model = findModel(opened.get());
+    const Result<zip_stat_t> model = findModel(opened.get(), archive.size());
     if (!model) return model.error();
     entry = {model->name, model->index, model->comp_method, model->mtime};
     return unpack(opened.get(), *model, progress);

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <limits>
+#include <new>
 #include <system_error>
 
 namespace model::step {
@@ -41,7 +43,7 @@ Status read(ReadFile& file, const Progress& progress) {
     if (Status known = stateOf(file.handle, file.state); !known) return known;
     if (!file.state.regular)
         return Error{ErrorKind::CannotRead, "it is a folder or a device, not a file; choose an .ifc file"};
-    file.bytes = Bytes(static_cast<std::size_t>(file.state.size));
+    file.bytes = Bytes(file.state.size);
     std::size_t done = 0;
     Throttle throttle(progress);
     if (Status filled = fill(file.handle, file.bytes.memory.data(), file.bytes.size, done, throttle); !filled)
@@ -59,7 +61,11 @@ Error cannotRead(const std::filesystem::path& path, const std::string& what) {
     return {ErrorKind::CannotRead, path.string() + ": " + what};
 }
 
-Bytes::Bytes(std::size_t length) : memory(length + SlackBytes), size(length) {}
+Bytes::Bytes(std::uint64_t length) : size(static_cast<std::size_t>(length)) {
+    // What a file says of its length may be anything; with the slack added it must not wrap around to little.
+    if (length > std::numeric_limits<std::size_t>::max() - SlackBytes) throw std::bad_alloc();
+    memory = Region(size + SlackBytes);
+}
 
 Result<ReadFile> readFile(const std::filesystem::path& path, const Progress& progress) {
     ReadFile file;
