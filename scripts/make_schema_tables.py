@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes SchemaTables.cpp and StandardSetTables.cpp in host/model/ifc/schema from the facts in scripts/ifc-schema/*.tsv.
+"""Writes SchemaTables.cpp and StandardSetTables.cpp in host/model/ifc/schema from scripts/ifc-schema/*.tsv.
 
 With --check nothing is written: the exit status is 1 where a committed file is not what its source gives.
 The first line of each .tsv describes its columns. psets-*.tsv hold the property sets that come with each schema.

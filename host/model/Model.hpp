@@ -143,7 +143,8 @@ public:
     /// write-protected file, another host that has the file open.
     static Status checkTarget(const std::filesystem::path& path);
     /// What saving there will change besides the model, complete lines to be shown before the work: the file's other
-    /// names (hard links) keep the old version, and its owner or group may be lost. Empty where there is nothing to say.
+    /// names (hard links) keep the old version, and its owner or group may be lost. Empty where there is nothing to
+    /// say.
     static std::vector<std::string> targetWarnings(const std::filesystem::path& path);
 
 private:

@@ -41,8 +41,9 @@ class Schema:
         parent, _, own, derived = self.facts[ENTITY, ifc_class]
         inherited = [] if parent == "-" else self.attributes(parent)
         new = [] if own == "-" else [entry.split(":") for entry in own.split(";")]
-        return [[name, kind, required, was or name in derived.split(",")] for name, kind, required, was in inherited] + [
-            [name, kind, rest == "req", name in derived.split(",")] for name, kind, rest in new]
+        here = derived.split(",")
+        return [[name, kind, required, was or name in here] for name, kind, required, was in inherited] + [
+            [name, kind, rest == "req", name in here] for name, kind, rest in new]
 
     def items(self, enumeration):
         return self.facts[ENUMERATION, enumeration][0].split(",")
