@@ -96,11 +96,11 @@ std::optional<SchemaVersion> Schema::versionOf(std::string_view fileSchemaName) 
 }
 
 bool Schema::isReleaseCandidate(std::string_view fileSchemaName) {
-    return versionOf(fileSchemaName) && upperCase(fileSchemaName).find("_RC") != std::string::npos;
+    return versionOf(fileSchemaName) && text::toUpperCase(fileSchemaName).find("_RC") != std::string::npos;
 }
 
 bool Schema::isWithdrawn(std::string_view fileSchemaName) {
-    const std::string upper = upperCase(fileSchemaName);
+    const std::string upper = text::toUpperCase(fileSchemaName);
     return upper.starts_with("IFC4X1") || upper.starts_with("IFC4X2");
 }
 
