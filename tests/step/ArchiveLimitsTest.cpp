@@ -162,17 +162,22 @@ std::string claiming(std::uint64_t size, std::uint64_t packedSize) {
            little(local.size(), 4) + little(0, 2);
 }
 
-/// An archive with the sizes in the 64-bit form, where the others are all ones.
-std::string wideEntry(const std::string& model, std::uint64_t size, std::uint64_t packedSize) {
-    const std::string name = "a.ifc", ones(4, '\xFF');
-    zip_uint32_t sum = 0xFFFFFFFFU;
-    for (const char c : model) {
+/// The checksum of zip.
+std::uint32_t sumOf(const std::string& bytes) {
+    std::uint32_t sum = 0xFFFFFFFFU;
+    for (const char c : bytes) {
         sum ^= static_cast<unsigned char>(c);
         for (int bit = 0; bit < 8; ++bit) sum = sum >> 1U ^ ((sum & 1U) != 0 ? 0xEDB88320U : 0U);
     }
+    return ~sum;
+}
+
+/// An archive with the sizes in the 64-bit form, where the others are all ones.
+std::string wideEntry(const std::string& model, std::uint64_t size, std::uint64_t packedSize) {
+    const std::string name = "a.ifc", ones(4, '\xFF');
     const std::string extra = little(1, 2) + little(16, 2) + little(size, 8) + little(packedSize, 8);
     const std::string common = little(45, 2) + little(0, 2) + little(0, 2) + little(0, 2) + little(0x21, 2) +
-                               little(~sum, 4) + ones + ones + little(name.size(), 2) + little(extra.size(), 2);
+                               little(sumOf(model), 4) + ones + ones + little(name.size(), 2) + little(extra.size(), 2);
     const std::string local = "PK\x03\x04" + common + name + extra + model;
     const std::string entry =
         "PK\x01\x02" + little(45, 2) + common + std::string(2 + 2 + 2 + 4 + 4, '\0') + name + extra;
@@ -234,6 +239,61 @@ TEST(ArchiveOfTooMuch, IsMeasuredByWhatIsReallyThere) {
             ASSERT_FALSE(file);
             EXPECT_THAT(file.error().message, HasSubstr(tooMuch ? "which no model does" : "damaged")) << packedSize;
         }
+    }
+}
+
+/// A name that has the same hash as all others of that length: "Ab" and "BA" have the same.
+std::string crowdedName(std::size_t number) {
+    std::string name;
+    for (std::size_t bit = 0; bit < 17; ++bit) name += (number >> bit & 1U) != 0 ? "Ab" : "BA";
+    return name;
+}
+
+/// An archive of that many empty entries, and the model.
+fs::path archiveOf(const TempFolder& folder, std::size_t entries, std::string (*nameOf)(std::size_t)) {
+    std::string locals, directory;
+    const auto add = [&](const std::string& name, const std::string& bytes, std::uint32_t sum) {
+        const std::string common = little(20, 2) + little(0, 2) + little(0, 2) + little(0, 2) + little(0x21, 2) +
+                                   little(sum, 4) + little(bytes.size(), 4) + little(bytes.size(), 4) +
+                                   little(name.size(), 2) + little(0, 2);
+        directory +=
+            "PK\x01\x02" + little(20, 2) + common + std::string(2 + 2 + 2 + 4, '\0') + little(locals.size(), 4) + name;
+        locals += "PK\x03\x04" + common + name + bytes;
+    };
+    for (std::size_t i = 0; i < entries; ++i) add(nameOf(i), "", 0);
+    add("a.ifc", before, sumOf(before));
+    const std::string count = little(entries + 1, 2);
+    return folder.write("a.ifczip", locals + directory + "PK\x05\x06" + std::string(4, '\0') + count + count +
+                                        little(directory.size(), 4) + little(locals.size(), 4) + little(0, 2));
+}
+
+/// libzip alone needs a quarter of a minute for 60,000 of them, and four times that for twice as many.
+TEST(ArchiveOfManyNames, IsRefusedWhereTheyWereChosenToKeepProgramsBusy) {
+    const TempFolder folder;
+    const auto file = StepFile::open(archiveOf(folder, 60000, crowdedName));
+    ASSERT_FALSE(file);
+    EXPECT_THAT(file.error().message, HasSubstr("names were chosen to keep programs busy"));
+}
+
+TEST(ArchiveOfManyNames, IsOpenedWhereTheyAreThoseOfFiles) {
+    std::string (*const namings[])(std::size_t) = {[](std::size_t i) { return "IMG_" + std::to_string(i) + ".jpg"; },
+                                                   [](std::size_t i) {
+                                                       return "photos/" + std::to_string(i / 1000) + "/" +
+                                                              std::string(i % 100 + 1, 'x') + std::to_string(i);
+                                                   },
+                                                   [](std::size_t i) { return std::to_string(i * 65536); }};
+    for (const auto naming : namings) {
+        const TempFolder folder;
+        const auto file = StepFile::open(archiveOf(folder, 60000, naming));
+        EXPECT_TRUE(file) << file.error().message;
+    }
+}
+
+TEST(ArchiveOfManyNames, IsOpenedWhateverTheyAreUpToTheNumberThatIsReadFast) {
+    for (const std::size_t entries : {16382U, 16383U, 16384U}) {
+        const TempFolder folder;
+        EXPECT_EQ(static_cast<bool>(StepFile::open(archiveOf(folder, entries, crowdedName))), entries < 16384)
+            << entries;
     }
 }
 

@@ -1,5 +1,6 @@
 #include "model/step/disk/Archive.hpp"
 
+#include "model/step/disk/ArchiveNames.hpp"
 #include "model/step/syntax/Characters.hpp"
 
 #include <zip.h>
@@ -187,6 +188,10 @@ bool isArchive(std::string_view bytes) {
 }
 
 Result<Bytes> readArchive(std::string_view archive, ModelEntry& entry, const Progress& progress) {
+    if (hasCrowdedNames(archive))
+        return unreadable(
+            "the archive holds thousands of entries whose names were chosen to keep programs busy; do not "
+            "trust it");
     ZipError error;
     const SourceHandle source = memorySource(archive, error);
     const ArchiveHandle opened = source ? openArchive(source.get(), ZIP_RDONLY, error) : nullptr;
