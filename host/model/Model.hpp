@@ -26,25 +26,19 @@ namespace model {
 
 /// One open IFC file.
 ///
-/// - **Threads.** Readers fill caches behind a const interface, so that a Model is used by one thread at a time, for
-///   reading too. It may be opened on a worker and handed over; nothing in it belongs to a thread.
-/// - **Elements.** An Element that the caller got from here is valid as long as the Model is; passing any other number
-/// is
-///   a fault of the caller.
-/// - **Texts.** Unless they say otherwise, texts are handed over as copies. Models' texts are UTF-16, as the host
+/// - **Elements.** An Element that the caller got from here is valid as long as the Model is; passing any other
+///   number is a fault of the caller.
+/// - **Texts.** They are handed over as copies unless it is said otherwise. A model's texts are UTF-16, as the host
 ///   interface has them; names of files, schemas and classes are UTF-8.
-/// - **Memory.** Where it runs out, std::bad_alloc goes through to the caller, and what was asked for did not happen:
-/// it
-///   is never answered by an empty list or a "not found". Opening and saving answer with an Error instead. In a command
-///   it is the end of the command, see there. Taking back (undo, redo, rollback) needs no memory.
-/// - **Errors.** No other exceptions. An Error's message is a whole sentence without its subject: the caller knows
-/// which
-///   element and which item it was.
+/// - **Memory.** Where it runs out, std::bad_alloc goes through to the caller, and what was asked for did not
+///   happen: it is never answered by an empty list or a "not found". Only opening and saving answer with an Error
+///   instead. It ends an open command, see there. Taking back (undo, redo, rollback) needs no memory.
+/// - **Errors.** There are no other exceptions. An Error's message is a sentence without its subject: the caller
+///   knows which element and which item it was.
 class Model {
 public:
     /// Reads a .ifc file, or the model in an .ifczip. Faults inside it are no error, see remarks().
-    /// ErrorKind::CannotRead where it is none that can be read, or there is not enough memory; `message` names the
-    /// path.
+    /// ErrorKind::CannotRead, with the path in the message, where it is none that can be read, and for want of memory.
     static Result<std::unique_ptr<Model>> open(const std::filesystem::path& path, const OpenOptions& options = {});
     /// The same for bytes in memory.
     static Result<std::unique_ptr<Model>> fromBytes(std::string bytes);

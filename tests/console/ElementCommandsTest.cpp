@@ -87,6 +87,16 @@ TEST_F(ListCommand, ListsTheElementsInTheOrderOfTheFile) {
     EXPECT_EQ(elements[2]["name"], "");
 }
 
+TEST_F(ListCommand, NamesTheClassesThatTheSchemaDoesNotHave) {
+    EXPECT_EQ(json({"list", "house.ifc"})["model"], (Json{{"unknownClasses", Json::array()}}));
+    std::string model = house();
+    model.insert(model.find("DATA;") + 5, "\n#9001=IFCHOVERCRAFT();\n#9002=IFCHOVERCRAFT();");
+    write("house.ifc", model);
+    EXPECT_EQ(json({"list", "house.ifc"})["model"]["unknownClasses"],
+              Json::array({Json{{"class", "IFCHOVERCRAFT"}, {"instances", 2}}}));
+    EXPECT_THAT(run({"list", "house.ifc"}).err, HasSubstr("IFCHOVERCRAFT (2)"));
+}
+
 TEST_F(ListCommand, FiltersByTypeInAnyCase) {
     EXPECT_THAT(guids({"--type", "Door"}), ElementsAre(DoorGuid));
     EXPECT_THAT(guids({"--type", "wall"}), ElementsAre(WallGuid));

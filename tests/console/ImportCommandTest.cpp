@@ -33,7 +33,8 @@ TEST_F(ImportCommand, DryRunShowsTheReviewAndLeavesTheModelAlone) {
                                        {"schema", "IFC4"},
                                        {"elements", 3},
                                        {"duplicateGlobalIds", 0},
-                                       {"invalidGlobalIds", 0}}));
+                                       {"invalidGlobalIds", 0},
+                                       {"unknownClasses", Json::array()}}));
     EXPECT_EQ(document["updates"], (Json{{"path", "updates.txt"}}));
     EXPECT_THAT(document["header"], SizeIs(8));
     EXPECT_EQ(document["review"][0]["columns"],

@@ -79,6 +79,7 @@ ImportReport reportOf(ModelSession& session, const ImportUser& user, const Updat
     report.elements = session.model().elementCount();
     report.duplicateGlobalIds = session.model().duplicateGlobalIds();
     report.invalidGlobalIds = session.model().invalidGlobalIds();
+    report.unknownClasses = session.model().unknownClasses();
     report.updatesPath = wellFormed(updates.name());
     report.header = user.header();
     report.review = user.review();

@@ -48,6 +48,7 @@ void printAsJson(const model::Model& model, const std::vector<model::Element>& e
             {{"guid", texts[0]}, {"globalId", texts[1]}, {"class", texts[2]}, {"type", texts[3]}, {"name", texts[4]}});
     }
     JsonValue document;
+    document["model"]["unknownClasses"] = toJson(model.unknownClasses());
     document["elements"] = std::move(list);
     printDocument(document);
 }

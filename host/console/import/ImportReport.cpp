@@ -69,7 +69,8 @@ JsonValue modelOf(const ImportReport& report) {
             {"schema", report.schema},
             {"elements", report.elements},
             {"duplicateGlobalIds", report.duplicateGlobalIds},
-            {"invalidGlobalIds", report.invalidGlobalIds}};
+            {"invalidGlobalIds", report.invalidGlobalIds},
+            {"unknownClasses", toJson(report.unknownClasses)}};
 }
 
 JsonValue summaryOf(const ImportSummary& summary) {

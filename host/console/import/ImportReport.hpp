@@ -27,6 +27,7 @@ struct ImportReport {
     std::uint64_t elements = 0;
     std::uint64_t duplicateGlobalIds = 0;
     std::uint64_t invalidGlobalIds = 0;
+    std::vector<model::UnknownClass> unknownClasses;
     std::string updatesPath;
     std::vector<std::string> header;
     std::vector<ListRow> review;

@@ -28,6 +28,14 @@ JsonValue toJson(const std::vector<ListRow>& rows) {
     return array;
 }
 
+JsonValue toJson(const std::vector<model::UnknownClass>& classes) {
+    JsonValue list = JsonValue::array();
+    for (const model::UnknownClass& each : classes) {
+        list.push_back({{"class", each.name}, {"instances", each.instances}});
+    }
+    return list;
+}
+
 void printDocument(const JsonValue& document) {
     print(serialize(document, Terminal::standardOutput().present ? 2 : -1));
 }
