@@ -1,5 +1,7 @@
 #include "services/Neigs.hpp"
 
+#include "model/base/ElementTypeIds.hpp"
+
 namespace host {
 
 namespace {
@@ -9,8 +11,8 @@ struct Row {
     NeigPart part;
 };
 
-constexpr Row rows[] = {
-#define NEIG(type, id, index) {type, {id, index}},
+constexpr Row Rows[] = {
+#define NEIG(type, id, index) {model::ElementTypeIds::type, {id, index}},
 #include "services/Neigs.def"
 #undef NEIG
 };
@@ -18,14 +20,14 @@ constexpr Row rows[] = {
 }  // namespace
 
 std::optional<NeigPart> neigOfType(API_ElemTypeID type) {
-    for (const Row& row : rows) {
+    for (const Row& row : Rows) {
         if (row.type == type) return row.part;
     }
     return std::nullopt;
 }
 
 API_ElemTypeID typeOfNeig(API_NeigID neig) {
-    for (const Row& row : rows) {
+    for (const Row& row : Rows) {
         if (row.part.id == neig) return row.type;
     }
     return 0;

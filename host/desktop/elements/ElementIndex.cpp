@@ -1,6 +1,7 @@
 #include "desktop/elements/ElementIndex.hpp"
 
 #include "desktop/QtText.hpp"
+#include "model/base/ElementTypeIds.hpp"
 #include "text/Guid.hpp"
 
 #include <QHash>
@@ -11,8 +12,6 @@
 namespace desktop {
 
 namespace {
-
-constexpr std::int32_t StoreyTypeId = 1003;
 
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
@@ -103,7 +102,7 @@ void ElementIndex::gatherStoreys(const model::Model& model, std::vector<QString>
         return next;
     };
     for (model::Element element = 0; element < size(); ++element) {
-        if (rows_[element].typeId == StoreyTypeId) {
+        if (rows_[element].typeId == model::ElementTypeIds::Storey) {
             const QString name = toQString(model.name(element));
             if (const auto origin = model.placement(element)) storeys_[numberOf(name)].elevation = origin->z;
             if (storeyOf[element].isEmpty()) storeyOf[element] = name;  // a storey stands in itself

@@ -1,5 +1,7 @@
 #include "desktop/plan/PlanGeometry.hpp"
 
+#include "model/base/ElementTypeIds.hpp"
+
 #include <QElapsedTimer>
 #include <algorithm>
 #include <cmath>
@@ -10,7 +12,6 @@ namespace {
 
 /// How long reading may hold up other events: short enough for a smooth scroll.
 constexpr qint64 SliceMs = 8;
-constexpr std::int32_t OpeningTypeId = 1006;
 
 double areaOf(const QPolygonF& outline) {
     double twice = 0;
@@ -24,23 +25,24 @@ double areaOf(const QPolygonF& outline) {
 }  // namespace
 
 PlanLayer planLayer(std::int32_t typeId) {
+    using Type = model::ElementTypeIds;
     switch (typeId) {
-        case 10:    // mesh
-        case 1001:  // site
-        case 1002:  // building
-        case 1003:  // storey
+        case Type::Mesh:
+        case Type::Site:
+        case Type::Building:
+        case Type::Storey:
             return PlanLayer::Ground;
-        case 17:
+        case Type::Zone:
             return PlanLayer::Zone;
-        case 8:  // slab
-        case 9:  // roof
+        case Type::Slab:
+        case Type::Roof:
             return PlanLayer::Floor;
-        case 1:   // wall
-        case 2:   // column
-        case 37:  // curtain wall
+        case Type::Wall:
+        case Type::Column:
+        case Type::CurtainWall:
             return PlanLayer::Structure;
-        case 4:  // window
-        case 5:  // door
+        case Type::Window:
+        case Type::Door:
             return PlanLayer::Filling;
         default:
             return PlanLayer::Object;
@@ -65,7 +67,8 @@ void PlanGeometry::setSource(const model::Model* model, const ElementIndex* inde
     storeys_.resize(index_->storeys().size());
     for (model::Element element = 0; element < index_->size(); ++element) {
         // An opening has the outline of its window or door, and would only hide it.
-        if (index_->typeId(element) != OpeningTypeId) storeys_[index_->storey(element)].elements.push_back(element);
+        if (index_->typeId(element) != model::ElementTypeIds::Opening)
+            storeys_[index_->storey(element)].elements.push_back(element);
     }
     for (Storey& storey : storeys_) {
         std::stable_sort(storey.elements.begin(), storey.elements.end(), [&](model::Element a, model::Element b) {

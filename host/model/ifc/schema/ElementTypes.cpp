@@ -1,5 +1,7 @@
 #include "model/ifc/schema/ElementTypes.hpp"
 
+#include "model/base/ElementTypeIds.hpp"
+
 #include <algorithm>
 #include <array>
 
@@ -13,24 +15,24 @@ struct Row {
 };
 
 constexpr std::array Rows = {
-    Row{"IfcWall", {1, "Wall"}},
-    Row{"IfcColumn", {2, "Column"}},
-    Row{"IfcBeam", {3, "Beam"}},
-    Row{"IfcMember", {3, "Beam"}},
-    Row{"IfcWindow", {4, "Window"}},
-    Row{"IfcDoor", {5, "Door"}},
-    Row{"IfcElement", {6, "Object"}},
-    Row{"IfcLightFixture", {7, "Lamp"}},
-    Row{"IfcSlab", {8, "Slab"}},
-    Row{"IfcRoof", {9, "Roof"}},
-    Row{"IfcGeographicElement", {10, "Mesh"}},
-    Row{"IfcSpace", {17, "Zone"}},
-    Row{"IfcCurtainWall", {37, "Curtain Wall"}},
-    Row{"IfcSite", {1001, "Site"}},
-    Row{"IfcBuilding", {1002, "Building"}},
-    Row{"IfcBuildingStorey", {1003, "Storey"}},
-    Row{"IfcProduct", {1005, "Product"}},
-    Row{"IfcFeatureElement", {1006, "Opening"}},
+    Row{"IfcWall", {ElementTypeIds::Wall, "Wall"}},
+    Row{"IfcColumn", {ElementTypeIds::Column, "Column"}},
+    Row{"IfcBeam", {ElementTypeIds::Beam, "Beam"}},
+    Row{"IfcMember", {ElementTypeIds::Beam, "Beam"}},
+    Row{"IfcWindow", {ElementTypeIds::Window, "Window"}},
+    Row{"IfcDoor", {ElementTypeIds::Door, "Door"}},
+    Row{"IfcElement", {ElementTypeIds::Object, "Object"}},
+    Row{"IfcLightFixture", {ElementTypeIds::Lamp, "Lamp"}},
+    Row{"IfcSlab", {ElementTypeIds::Slab, "Slab"}},
+    Row{"IfcRoof", {ElementTypeIds::Roof, "Roof"}},
+    Row{"IfcGeographicElement", {ElementTypeIds::Mesh, "Mesh"}},
+    Row{"IfcSpace", {ElementTypeIds::Zone, "Zone"}},
+    Row{"IfcCurtainWall", {ElementTypeIds::CurtainWall, "Curtain Wall"}},
+    Row{"IfcSite", {ElementTypeIds::Site, "Site"}},
+    Row{"IfcBuilding", {ElementTypeIds::Building, "Building"}},
+    Row{"IfcBuildingStorey", {ElementTypeIds::Storey, "Storey"}},
+    Row{"IfcProduct", {ElementTypeIds::Product, "Product"}},
+    Row{"IfcFeatureElement", {ElementTypeIds::Opening, "Opening"}},
 };
 
 }  // namespace
@@ -41,7 +43,7 @@ ElementType elementTypeOf(const Entity& product) {
                                       [&](const Row& candidate) { return candidate.ifcClass == entity->name(); });
         if (row != Rows.end()) return row->type;
     }
-    return {0, {}};
+    return {ElementTypeIds::NoType, {}};
 }
 
 std::string_view elementTypeName(std::int32_t id) {
