@@ -31,13 +31,16 @@ static constexpr Int32 HelpLocalId = -1312990621;      // 0xB1BD5A63
 
 // --- The model, as both commands see it ----------------------------------------------------------------------------
 
-/// Fetches the element that a GUID text names. A text that is no GUID leaves the null GUID, which names no element: the
-/// host's verdict on the fetch covers both.
-static GSErrCode getElement(const GS::UniString& guidText, API_Element* element) {
+/// A text that is no GUID gives the null GUID, which names no element: the host's verdict on the fetch covers both.
+static API_Guid guidOf(const GS::UniString& guidText) {
     GS::Guid guid;
     guid.ConvertFromString(guidText);
+    return GSGuid2APIGuid(guid);
+}
+
+static GSErrCode getElement(const API_Guid& guid, API_Element* element) {
     *element = API_Element{};
-    element->header.guid = GSGuid2APIGuid(guid);
+    element->header.guid = guid;
     return ACAPI_Element_Get(element, 0);
 }
 
@@ -141,7 +144,7 @@ static GS::UniString getIFCPropertyValue(API_IFCProperty property) {
 // --- Writing a value -----------------------------------------------------------------------------------------------
 
 /// Whether `lower` or `upper` is not the text's first letter, which is so of every text, since one of the two is not:
-/// "false" is written as true. The users' files count on it.
+/// "false" is written as true. Kept, because existing update files rely on it.
 static bool isNotFirst(const GS::UniString& text, char16_t lower, char16_t upper) {
     return text.FindFirst(lower) != 0 || text.FindFirst(upper) != 0;
 }
@@ -287,13 +290,13 @@ static Attempt setClassification(const API_Guid& guid, const GS::UniString& syst
 /// Writes a new value into what a designation names on an element: an attribute, else a property, else a classification
 /// reference. @return whether it was written.
 static bool setValue(GS::UniString guidText, GS::UniString designation, GS::UniString value) {
+    const API_Guid guid = guidOf(guidText);
     API_Element element;
-    if (getElement(guidText, &element) != NoError) return false;
+    if (getElement(guid, &element) != NoError) return false;  // Only to know that there is one.
 
     GS::UniString name, setName;
     if (splitAtBracket(designation, u'[', &name, &setName)) setName.Insert(0, "Pset_");
 
-    const API_Guid& guid = element.header.guid;
     Attempt attempt = setAttribute(guid, name, value);
     if (attempt == Attempt::NoMatch) attempt = setProperty(guid, setName, name, value);
     if (attempt == Attempt::NoMatch) attempt = setClassification(guid, name, value);
@@ -474,7 +477,7 @@ static void judgeRow(bool matched, GS::UniString* columns, Int16* status, bool* 
 static void addTableLine(Int16 dialogId, Int16 listItem, GS::UniString* fields) {
     try {
         API_Element element;
-        if (getElement(fields[GuidField], &element) != NoError) return;
+        if (getElement(guidOf(fields[GuidField]), &element) != NoError) return;
 
         convertBoolean(&fields[NewValueField]);
         GS::UniString columns[ColumnCount + 1];
@@ -747,7 +750,7 @@ static void lookUpElement(Int16 dialogId) {
     addpair(dialogId, "GUID", guidText);
 
     API_Element element;
-    const GSErrCode error = getElement(guidText, &element);
+    const GSErrCode error = getElement(guidOf(guidText), &element);
     if (error != NoError) {
         if (const char* text = errorText(error)) addpair(dialogId, "Error", text);
         return;
@@ -870,9 +873,11 @@ static void registerHelp() {
     const auto* helpLocation = new IO::Location(parentFolder(displayText(ownLocation)));
     DBPrintf(statusMessage(helpLocation->GetStatus()));
 
+    // Made before the registration, which may keep the host busy with the location.
+    const GS::UniString message = "ZUNACAddon:: Additional Help at: \"" + displayText(*helpLocation) + "\"\n";
     const bool registered = DG::RegisterAdditionalHelpLocation(HelpDeveloperId, HelpLocalId, helpLocation, nullptr,
                                                                nullptr, nullptr, nullptr);
-    DBPrintf(("ZUNACAddon:: Additional Help at: \"" + displayText(*helpLocation) + "\"\n").ToCStr());
+    DBPrintf(message.ToCStr());
     if (!registered) DBPrintf("register additional help failed\n");
 }
 

@@ -46,12 +46,12 @@ IMAGE_EXPORT SetImportedFuncAddrsProc SetImportedFuncAddrs;
 
 void GetExportedFuncAddrs(ExportedFunctions* record) {
     BNFillMemory(record, sizeof *record, 0);
-    record->interfaceVersion = 0x00130001;
+    record->interfaceVersion = APIInterfaceVersion;
     record->checkEnvironment = &My_CheckEnvironment;
     record->registerInterface = &My_RegisterInterface;
     record->initialize = &My_Initialize;
     record->freeData = &My_FreeData;
-    record->apiVersion = 19000;
+    record->apiVersion = APIVersion;
 }
 
 GSErrCode SetImportedFuncAddrs(const HostFunction* table) {

@@ -6,17 +6,17 @@
 #include <memory>
 #include <type_traits>
 
-GSResModule gOwnResModule = InvalidResModule;
-const char* gOwnLocationData = nullptr;
-char gDllFileName[256] = "";
-DllTermHookProc gDllTermHookProc = nullptr;
-
 char GetBundlePath_bundlePath[1024] = "";
 const char GetBundlePath_emptyStr[1] = "";
 
+GSResModule gOwnResModule = InvalidResModule;
+const char* gOwnLocationData = GetBundlePath_emptyStr;
+char gDllFileName[256] = "";
+DllTermHookProc gDllTermHookProc = nullptr;
+
 // --- Core Foundation -----------------------------------------------------------------------------------------------
 
-/// Owns a Core Foundation object, so that it is released on every path. Null is let pass.
+/// Owns a Core Foundation object, so that it is released on every path. Null is allowed.
 template <class Reference>
 using CFHolder = std::unique_ptr<std::remove_pointer_t<Reference>, decltype(&CFRelease)>;
 

@@ -10,7 +10,7 @@ using DllTermHookProc = void (*)();
 
 /// The add-on's own resource file, open from image start to image end; InvalidResModule when there is none.
 extern GSResModule gOwnResModule;
-/// The file-system path of the bundle, UTF-8; an empty text where it cannot be had. Null before image start.
+/// The file-system path of the bundle, UTF-8; an empty text before image start, and where the path cannot be had.
 extern const char* gOwnLocationData;
 /// The bundle's file name, UTF-8.
 extern char gDllFileName[256];
@@ -35,6 +35,7 @@ IMAGE_EXPORT void GSTermImage();
 /// @return GetBundlePath_bundlePath, or GetBundlePath_emptyStr: a path that does not fit is no path, never a cut one.
 const char* GetBundlePath(CFBundleRef context);
 
+/// Where the resource module is, and where the add-on is: both the path of the bundle, as GetBundlePath gives it.
 const char* DllMainImp_GetResModuleSpec(CFBundleRef context);
 const char* DllMainImp_GetLocation(CFBundleRef context);
 
@@ -44,4 +45,5 @@ GSResModule DllMainImp_OpenResModule(CFBundleRef context);
 /// @param spec  points at a bundle path; it and what it points at may be null. @return the module or InvalidResModule.
 GSResModule DllMainImp_OpenResModuleFromSpec(const char* const* spec);
 
+/// The module's number is unknown afterwards.
 void DllMainImp_CloseResModule(GSResModule module);

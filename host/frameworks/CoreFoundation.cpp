@@ -5,6 +5,7 @@
 #include "CoreFoundationObjects.hpp"
 #include "FrontEnd.hpp"
 #include "NarrowText.hpp"
+#include "NeverDestroyed.hpp"
 
 #include <CoreFoundation/CoreFoundation.h>
 #include <unicode/normalizer2.h>
@@ -23,7 +24,7 @@ struct Object {
 };
 
 std::unordered_map<CFTypeRef, std::unique_ptr<Object>>& liveObjects() {
-    static std::unordered_map<CFTypeRef, std::unique_ptr<Object>> objects;
+    static auto& objects = frameworks::neverDestroyed<std::unordered_map<CFTypeRef, std::unique_ptr<Object>>>();
     return objects;
 }
 

@@ -3,6 +3,7 @@
 
 #include "FrontEnd.hpp"
 #include "GSRoot.hpp"
+#include "NeverDestroyed.hpp"
 
 #include <algorithm>
 #include <array>
@@ -13,11 +14,11 @@
 
 namespace {
 
-// A width or precision beyond this comes from a text that is no format; nobody wants a megabyte of blanks for it.
+// A width or precision beyond this comes from a text that is no format; and would only print a megabyte of blanks.
 constexpr int MostDigits = 255;
 
 frontend::DebugSink& debugSink() {
-    static frontend::DebugSink sink;
+    static auto& sink = frameworks::neverDestroyed<frontend::DebugSink>();
     return sink;
 }
 

@@ -1,6 +1,7 @@
 // An open dialog: its life, its messages and the user's actions.
 
 #include "DialogAccess.hpp"
+#include "NeverDestroyed.hpp"
 #include "ResourceModule.hpp"
 
 #include <algorithm>
@@ -13,7 +14,7 @@ namespace {
 constexpr int MostSize = std::numeric_limits<Int16>::max();
 
 std::vector<Dialog*>& dialogStack() {
-    static std::vector<Dialog*> dialogs;
+    static auto& dialogs = frameworks::neverDestroyed<std::vector<Dialog*>>();
     return dialogs;
 }
 
@@ -52,11 +53,12 @@ DGMessageData resizeData(int horizontal, int vertical) {
            static_cast<DGMessageData>(static_cast<UInt16>(vertical)) << 16;
 }
 
+/// The items stand in the order of their numbers.
 template <class Items>
 auto itemNumbered(Items& items, Int16 number) {
-    const auto found =
-        std::find_if(items.begin(), items.end(), [number](const Item& it) { return it.number == number; });
-    return found == items.end() ? nullptr : &*found;
+    const auto found = std::lower_bound(items.begin(), items.end(), number,
+                                        [](const Item& item, Int16 sought) { return item.number < sought; });
+    return found == items.end() || found->number != number ? nullptr : &*found;
 }
 
 }  // namespace

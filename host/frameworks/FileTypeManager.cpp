@@ -1,6 +1,7 @@
 #include "FileTypeManager.hpp"
 
 #include "FileTypes.hpp"
+#include "NeverDestroyed.hpp"
 
 #include <map>
 #include <set>
@@ -10,7 +11,7 @@ namespace FTM {
 namespace {
 
 std::map<TypeID, FileType>& registry() {
-    static std::map<TypeID, FileType> types;
+    static auto& types = frameworks::neverDestroyed<std::map<TypeID, FileType>>();
     return types;
 }
 

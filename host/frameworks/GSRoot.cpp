@@ -2,6 +2,7 @@
 
 #include "FrontEnd.hpp"
 #include "NarrowText.hpp"
+#include "NeverDestroyed.hpp"
 
 #include <unistd.h>
 
@@ -18,12 +19,12 @@ struct DelayedStarts {
 
 // Images may start before main, hence no plain global here: nothing would say which of them comes first.
 DelayedStarts& delayedStarts() {
-    static DelayedStarts starts;
+    static auto& starts = frameworks::neverDestroyed<DelayedStarts>();
     return starts;
 }
 
 frontend::BeepSink& beepSink() {
-    static frontend::BeepSink sink;
+    static auto& sink = frameworks::neverDestroyed<frontend::BeepSink>();
     return sink;
 }
 

@@ -1,4 +1,5 @@
 #include "FrontEnd.hpp"
+#include "NeverDestroyed.hpp"
 
 #include <map>
 #include <utility>
@@ -7,7 +8,7 @@ namespace {
 
 // The path is copied: a menu that shows it later does not depend on what an add-on does with its location meanwhile.
 std::map<std::pair<UInt32, Int32>, std::string>& registeredHelp() {
-    static std::map<std::pair<UInt32, Int32>, std::string> paths;
+    static auto& paths = frameworks::neverDestroyed<std::map<std::pair<UInt32, Int32>, std::string>>();
     return paths;
 }
 

@@ -1,6 +1,7 @@
 #include "NativePaths.hpp"
 
 #include "NarrowText.hpp"
+#include "NeverDestroyed.hpp"
 #include "text/Unicode.hpp"
 
 #include <unicode/normalizer2.h>
@@ -12,7 +13,7 @@ namespace frameworks {
 namespace {
 
 std::map<std::string, std::string>& keptPaths() {
-    static std::map<std::string, std::string> paths;
+    static auto& paths = frameworks::neverDestroyed<std::map<std::string, std::string>>();
     return paths;
 }
 

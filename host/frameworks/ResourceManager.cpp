@@ -1,6 +1,7 @@
 #include "ResourceManager.hpp"
 
 #include "NativePaths.hpp"
+#include "NeverDestroyed.hpp"
 #include "ResourceModule.hpp"
 #include "ResourceReader.hpp"
 
@@ -12,7 +13,7 @@ namespace frameworks {
 namespace {
 
 std::map<GSResModule, ResourceModule>& openModules() {
-    static std::map<GSResModule, ResourceModule> modules;
+    static auto& modules = frameworks::neverDestroyed<std::map<GSResModule, ResourceModule>>();
     return modules;
 }
 

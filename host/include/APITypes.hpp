@@ -9,6 +9,7 @@
 #include "UniString.hpp"
 
 #include <functional>
+#include <type_traits>
 
 // --- Error codes: 0x81060000 + n -----------------------------------------------------------------------------------
 
@@ -21,7 +22,7 @@ enum APIErrCodes : GSErrCode {
 // --- Identifiers ---------------------------------------------------------------------------------------------------
 
 /// An element's identifier: the 16 bytes of GS::Guid.
-struct API_Guid {
+struct alignas(8) API_Guid {
     unsigned char bytes[16];
 };
 static_assert(sizeof(API_Guid) == 16);
@@ -46,9 +47,9 @@ inline GS::Guid APIGuid2GSGuid(const API_Guid& guid) {
 }
 
 using API_ElemTypeID = Int32;  ///< 0 = none; see docs/ifc.md for the types that come from an IFC file.
-using API_NeigID = Int32;      ///< A clickable part of an element; 0 = nothing hit.
-using API_LibTypeID = Int32;
-using API_AttrTypeID = Int32;
+using API_NeigID = Int32;      ///< A kind of clickable element part; 0 = nothing hit.
+using API_LibTypeID = Int32;   ///< A kind of library part; 0 = none.
+using API_AttrTypeID = Int32;  ///< A kind of the model's attributes (layers, pens and their like); 0 = none.
 
 // --- Start-up ------------------------------------------------------------------------------------------------------
 
@@ -69,13 +70,14 @@ using API_AddonType = Int32;
 inline constexpr API_AddonType APIAddon_DontRegister = 0;
 inline constexpr API_AddonType APIAddon_Normal = 1;
 
-/// A menu item: the number of the menu's string list, and the item's index from 1.
+/// A menu item: the number of the menu's string list, and the item's index from 1. Every other byte is zero.
 struct API_MenuReference {
-    Int16 menuResID;
-    Int32 itemIndex;
-    Int64 reserved;
+    Int16 menuResID = 0;
+    Int16 reserved = 0;
+    Int32 itemIndex = 0;
+    Int64 reserved2 = 0;
 };
-static_assert(sizeof(API_MenuReference) == 16);
+static_assert(sizeof(API_MenuReference) == 16 && std::has_unique_object_representations_v<API_MenuReference>);
 
 /// Given to a menu handler.
 struct API_MenuParams {
@@ -109,13 +111,14 @@ inline constexpr Int32 API_HelpFolder = 12;
 
 /// Answer of 'APPL'.
 struct API_ReleaseNumber {
-    Int32 version;  ///< The interface version times 1000: 19000.
+    Int32 version;  ///< APIVersion.
     Int32 buildNumber;
     unsigned char reserved[56];
 };
 
 // --- Elements ------------------------------------------------------------------------------------------------------
 
+/// What every element has.
 struct API_Elem_Head {
     API_ElemTypeID typeID;
     UInt32 reserved;
@@ -132,22 +135,26 @@ struct API_Element {
 };
 static_assert(sizeof(API_Element) == 3072);
 
-struct API_Coord {
-    double x, y;
-};
+/// A place in the model. All coordinates and distances of this interface are in the length unit of the open model's
+/// file (its IfcUnitAssignment: metres, millimetres, feet), in the axes of its world: z upwards.
 struct API_Coord3D {
     double x, y, z;
+};
+/// A place in plan, in the same unit and axes.
+struct API_Coord {
+    double x, y;
 };
 
 /// The handle of a clicked element part.
 struct API_Neig {
     API_NeigID neigID;
+    UInt32 reserved;
     API_Guid guid;
-    Int32 inIndex;
-    Int64 elemPartId;
-    unsigned char reserved[8];
+    Int32 inIndex;  ///< Which of the element's parts of that kind.
+    UInt32 reserved2;
+    Int64 elemPartId;  ///< 0 = the element as a whole.
 };
-static_assert(sizeof(API_Neig) == 40);
+static_assert(sizeof(API_Neig) == 40 && std::has_unique_object_representations_v<API_Neig>);
 
 /// One arc of a polygon outline.
 struct API_PolyArc {
@@ -189,8 +196,8 @@ struct API_GetPointType {
     Int16 changeFilter;  ///< Left at 0.
     Int16 changePlane;   ///< Left at 0.
     Int32 reserved;
-    API_Neig neig;    ///< What was hit; its identifier is 0 for empty space.
-    API_Coord3D pos;  ///< Where, in the model's length unit.
+    API_Neig neig;    ///< Answer: what was hit; its identifier is 0 for empty space.
+    API_Coord3D pos;  ///< Answer: where.
     unsigned char reserved2[152];
 };
 static_assert(sizeof(API_GetPointType) == 480);
@@ -223,16 +230,17 @@ static_assert(sizeof(API_GetArcType) == 432);
 struct API_ElemSearchPars {
     API_ElemTypeID typeID;  ///< 0 = any.
     Int32 filterBits;       ///< 6: what is visible and on the current storey. The stand-in host has no such states.
-    double x, y;
-    double maxDistance;
+    double x, y;            ///< Where to search from, in plan.
+    double maxDistance;     ///< An element as far as that is still near enough.
 };
 static_assert(sizeof(API_ElemSearchPars) == 32);
 
 // --- IFC data ------------------------------------------------------------------------------------------------------
 
+/// An attribute of an element: an explicit one of its class, whose value can be said as a text.
 struct API_IFCAttribute {
-    GS::UniString attributeName;
-    GS::UniString attributeValue;
+    GS::UniString attributeName;   ///< In the schema's spelling.
+    GS::UniString attributeValue;  ///< Empty where unset.
 };
 
 enum API_IFCPropertyKind : Int32 {
@@ -257,9 +265,9 @@ enum API_IFCPrimitiveType : Int32 {
 enum API_IFCLogical : Int64 { API_IFCFalse = 0, API_IFCUnknown = 1, API_IFCTrue = 2 };
 
 struct API_IFCPropertyValue {
-    GS::UniString valueType;  ///< In the schema's spelling, "IfcLabel"; empty where there is no value.
-    Int32 primitiveType = API_IFCStringType;
-    Int64 integerValue = 0;  ///< Also the logical's code.
+    GS::UniString valueType;                  ///< In the schema's spelling, "IfcLabel"; empty where there is no value.
+    Int32 primitiveType = API_IFCStringType;  ///< Says which of the fields below counts.
+    Int64 integerValue = 0;                   ///< Also the logical's code.
     double realValue = 0.0;
     unsigned char booleanValue = 0;  ///< The lowest bit counts.
     GS::UniString stringValue;
@@ -288,14 +296,16 @@ struct API_IFCOptionalText {
     bool present = false;
 };
 
+/// What a reference leads to: the classification system itself.
 struct API_IFCReferencedSource {
     GS::UniString source;
     GS::UniString edition;
     GS::UniString classificationName;
 };
 
+/// A place in a classification system that an element is assigned to.
 struct API_IFCClassificationReference {
-    GS::UniString systemLabel;
+    GS::UniString systemLabel;  ///< By this the references of an element are told apart.
     API_IFCOptionalText location;
     API_IFCOptionalText name;
     API_IFCOptionalText itemReference;

@@ -11,8 +11,9 @@
 //
 // Items, rows, columns (tab fields) and header items are numbered from 1; row -1 is the last row, as a position for an
 // insertion it is the place after the last row. An unknown dialog, item, row or column is answered with
-// DG_ERR_BADPARS, zero or an empty text, never with undefined behaviour. Units are the dialog's own, one pixel at 100
-// %.
+// DG_ERR_BADPARS, zero or an empty text, never with undefined behaviour. What returns a GSErrCode returns 0 or that
+// code unless its declaration says more. Lengths are in the dialog's own unit, one pixel at 100 %; positions count from
+// its upper left corner. Texts are copied; nothing given is kept.
 
 #include "FileTypeManager.hpp"
 #include "Location.hpp"
@@ -68,14 +69,20 @@ HOST_API Int16 DGModalDialog(GSResModule layoutModule, Int16 resourceId, GSResMo
 
 // --- Items ---------------------------------------------------------------------------------------------------------
 
+/// Sets the text of a button, an edit text or a static text.
 HOST_API GSErrCode DGSetItemText(Int16 dialogId, Int16 item, const GS::UniString& text);
+/// @return the item's text as it stands now, what the user has typed included.
 HOST_API GS::UniString DGGetItemText(Int16 dialogId, Int16 item);
-/// Asks for a redraw.
+/// Asks for a redraw of the whole item.
 HOST_API GSErrCode DGInvalidateItem(Int16 dialogId, Int16 item);
 
-/// Between Begin and End the items move at once, without a redraw for each.
+/// Between Begin and End the items move at once, without a redraw for each. A message that ends without its End ends
+/// it.
 HOST_API GSErrCode DGBeginMoveGrowItems(Int16 dialogId);
+/// @return DG_ERR_BADPARS where nothing was begun, too.
 HOST_API GSErrCode DGEndMoveGrowItems(Int16 dialogId);
+/// Move an item, grow it to the right and below, or both; negative values the other way. No item gets smaller than
+/// nothing or leaves the range of a signed 16-bit value.
 HOST_API GSErrCode DGMoveItem(Int16 dialogId, Int16 item, Int16 moveH, Int16 moveV);
 HOST_API GSErrCode DGGrowItem(Int16 dialogId, Int16 item, Int16 growH, Int16 growV);
 HOST_API GSErrCode DGMoveGrowItem(Int16 dialogId, Int16 item, Int16 moveH, Int16 moveV, Int16 growH, Int16 growV);
@@ -83,7 +90,9 @@ HOST_API GSErrCode DGMoveGrowItem(Int16 dialogId, Int16 item, Int16 moveH, Int16
 // --- Lists ---------------------------------------------------------------------------------------------------------
 // A row's text is cut into its cells at TABs: cell 1 is the text before the first TAB.
 
+/// From here on changes of the list are not drawn.
 HOST_API GSErrCode DGListDisableDraw(Int16 dialogId, Int16 item);
+/// Draws once what has changed since. Harmless where drawing is enabled.
 HOST_API GSErrCode DGListEnableDraw(Int16 dialogId, Int16 item);
 /// The width of the list's rectangle.
 HOST_API Int16 DGListGetItemWidth(Int16 dialogId, Int16 item);
@@ -99,12 +108,14 @@ HOST_API GSErrCode DGListSetTabFieldData(Int16 dialogId, Int16 item, Int16 field
 HOST_API GSErrCode DGListGetTabFieldData(Int16 dialogId, Int16 item, Int16 field, Int16* begin, Int16* end,
                                          Int16* justification, Int16* truncation, bool* separator, bool* status);
 
+/// The titles above the columns. @param count  up to 255.
 HOST_API GSErrCode DGListSetHeaderItemCount(Int16 dialogId, Int16 item, Int16 count);
 /// @param visible  the header shows. @param movable  its items may be dragged. @param sortable  a click on one sorts.
 HOST_API GSErrCode DGListSetHeaderFlags(Int16 dialogId, Int16 item, bool visible, bool movable, bool sortable);
 /// @param clickable  the item acts as a button. @param truncated  its text is cut to its field.
 HOST_API GSErrCode DGListSetHeaderItemFlags(Int16 dialogId, Int16 item, Int16 headerItem, bool clickable,
                                             bool truncated);
+/// The title of a column.
 HOST_API GSErrCode DGListSetHeaderItemText(Int16 dialogId, Int16 item, Int16 headerItem, const GS::UniString& text);
 
 /// 0 to DG_LIST_MAX_ROWS.
@@ -112,7 +123,9 @@ HOST_API Int16 DGListGetItemCount(Int16 dialogId, Int16 item);
 /// Inserts an empty row of status 0 before row `position`, at the end with DG_LIST_BOTTOM.
 /// @return 0, DG_ERR_BADPARS (no such row to insert before) or DG_ERR_LISTFULL.
 HOST_API GSErrCode DGListInsertItem(Int16 dialogId, Int16 item, Int16 position);
+/// Sets all cells of a row: the texts between TABs.
 HOST_API GSErrCode DGListSetItemText(Int16 dialogId, Int16 item, Int16 row, const GS::UniString& text);
+/// @param status  a DGItemStatus; the host shows a disabled row as such and delivers clicks on it all the same.
 HOST_API GSErrCode DGListSetItemStatus(Int16 dialogId, Int16 item, Int16 row, Int16 status);
 /// 0 for an unknown row.
 HOST_API Int16 DGListGetItemStatus(Int16 dialogId, Int16 item, Int16 row);
@@ -120,6 +133,7 @@ HOST_API Int16 DGListGetItemStatus(Int16 dialogId, Int16 item, Int16 row);
 HOST_API GSErrCode DGListSetItemColor(Int16 dialogId, Int16 item, Int16 row, UInt16 red, UInt16 green, UInt16 blue);
 /// Replaces one cell; in a row of too few cells empty ones come before it. A TAB in the text begins a further cell.
 HOST_API GSErrCode DGListSetTabItemText(Int16 dialogId, Int16 item, Int16 row, Int16 field, const GS::UniString& text);
+/// @return the cell's text; empty for a cell that the row does not have.
 HOST_API GS::UniString DGListGetTabItemText(Int16 dialogId, Int16 item, Int16 row, Int16 field);
 
 // --- System dialogs ------------------------------------------------------------------------------------------------

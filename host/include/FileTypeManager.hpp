@@ -34,6 +34,7 @@ private:
 /// A named set of file types. Its types live until they are removed or the manager is destroyed.
 class HOST_API FileTypeManager {
 public:
+    /// @param name  for the host's own use; any text.
     explicit FileTypeManager(const char* name);
     FileTypeManager(const FileTypeManager&) = delete;
     FileTypeManager& operator=(const FileTypeManager&) = delete;
@@ -42,7 +43,7 @@ public:
     /// @return the new type's identifier, unique in the process; 0 for an unknown group.
     TypeID AddType(const FileType& type, UInt32 group = RootGroup);
 
-    /// @return 0, or ErrUnknownType.
+    /// Only a type that this manager has added. @return 0, or ErrUnknownType.
     GSErrCode RemoveType(TypeID type);
 
     static constexpr GSErrCode ErrUnknownType = -1;

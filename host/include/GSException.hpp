@@ -5,8 +5,9 @@
 
 namespace GS {
 
-/// The base of everything that the host's frameworks throw. No host operation lets one out through the function table
-/// or a dialog message; an add-on that throws one catches it itself.
+/// The base of what the host's frameworks throw; beside it only std::bad_alloc, where memory is used up. An add-on may
+/// throw it, too. One that it lets out of a call of the host ends that call, and what the call was to do counts as
+/// failed.
 class HOST_API GSException {
 public:
     explicit GSException(const UniString& message = UniString());

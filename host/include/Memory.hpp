@@ -18,12 +18,13 @@ HOST_API GSHandle BMAllocateHandle(Int64 size, Int32 flags, Int32 reserved);
 /// @return the handle, or null: then the block is unchanged and still the caller's, and BMError() says why.
 HOST_API GSHandle BMReallocHandle(GSHandle handle, Int64 size, Int32 flags, Int32 reserved);
 
-/// Frees the block and sets the caller's variable to null. A null variable or a null handle is let pass.
+/// Frees the block and sets the caller's variable to null. A null variable or a null handle does nothing.
 HOST_API void BMKillHandle(GSHandle* handle);
 
 /// @return bytes; 0 for a null handle.
 HOST_API Int64 BMGetHandleSize(GSHandle handle);
 
+/// The same three for a block that stays where it is.
 HOST_API GSPtr BMAllocatePtr(Int64 size, Int32 flags, Int32 reserved);
 HOST_API void BMKillPtr(GSPtr* ptr);
 HOST_API Int64 BMGetPtrSize(GSPtr ptr);

@@ -8,7 +8,8 @@
 
 namespace GS {
 
-/// A Unicode text with value semantics; copies are cheap. No operation throws but for want of memory.
+/// A Unicode text with value semantics; copies are cheap. The only exception is std::bad_alloc, where memory is used
+/// up.
 ///
 /// Narrow text in: UTF-8; every byte that is not part of a well-formed UTF-8 sequence is read as Windows-1252 (its
 /// five unassigned bytes as the C1 control of the same number). One fixed rule for every call. A byte-order mark is
@@ -32,7 +33,9 @@ public:
     };
 
     UniString();
-    UniString(const char* narrow);  // implicit as the host's is: a C string is a text. Null gives an empty text.
+    /// Implicit as the host's is: a C string is a text. Null gives an empty text.
+    UniString(const char* narrow);
+    /// @param narrow  bytes that need no terminator; zero bytes are characters.
     UniString(const char* narrow, USize byteCount);
     UniString(const char16_t* units, USize count);
     explicit UniString(std::u16string_view units) : UniString(units.data(), static_cast<USize>(units.size())) {}

@@ -11,9 +11,6 @@ namespace host {
 
 namespace {
 
-constexpr UInt32 InterfaceVersion = 0x00130001;
-constexpr UInt32 ApiVersion = 19000;
-
 model::Error cannot(std::string reason) {
     return {model::ErrorKind::CannotRead, std::move(reason)};
 }
@@ -31,13 +28,13 @@ std::string textOf(const char (&buffer)[size]) {
 }
 
 model::Status checkVersions(const ExportedFunctions& exported) {
-    if (exported.interfaceVersion != InterfaceVersion) {
+    if (exported.interfaceVersion != APIInterfaceVersion) {
         return cannot(fmt::format("its interface version is {:#010x}, this host's is {:#010x}",
-                                  exported.interfaceVersion, InterfaceVersion));
+                                  exported.interfaceVersion, APIInterfaceVersion));
     }
-    if (exported.apiVersion != ApiVersion) {
+    if (exported.apiVersion != APIVersion) {
         return cannot(fmt::format("it is built for version {} of the host interface, this host has version {}",
-                                  exported.apiVersion, ApiVersion));
+                                  exported.apiVersion, APIVersion));
     }
     return {};
 }
@@ -127,7 +124,6 @@ std::optional<std::string> AddOn::stop() {
 }
 
 AddOn::~AddOn() {
-    if (hasCrashed_) image_->keepLoaded();
     image_.reset();
     if (resourceModule_ != InvalidResModule) RSCloseResourceFile(resourceModule_);
 }
@@ -136,14 +132,18 @@ std::string AddOn::refusal(std::string_view where) const {
     return fmt::format("the add-on {} crashed before: {} is not called any more", bundleName_, where);
 }
 
-std::string AddOn::faultMessage(std::string_view where, const CallFault& fault) {
+std::string AddOn::faultMessage(std::string_view where, const CallFault& fault) const {
+    if (fault.outOfMemory) {
+        return fmt::format(
+            "memory is used up: {} of the add-on {} was ended, an unfinished change of it is taken back. Close other "
+            "programs, or do the work in smaller parts",
+            where, bundleName_);
+    }
     if (!fault.crashed)
         return fmt::format("the add-on {} let an exception out of {}: {}", bundleName_, where, fault.what);
-    hasCrashed_ = true;
     return fmt::format(
         "the add-on {} crashed in {} ({}) and is not called any more. An unfinished change of it is taken back; save "
-        "the "
-        "model under another name and start the program again",
+        "the model under another name and start the program again",
         bundleName_, where, fault.what);
 }
 

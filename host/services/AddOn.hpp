@@ -7,6 +7,7 @@
 #include "services/AddOnImage.hpp"
 #include "services/CallGuard.hpp"
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -48,15 +49,37 @@ public:
     template <class Body>
     std::optional<std::string> call(std::string_view where, Body body) {
         if (hasCrashed_) return refusal(where);
-        ++depth_;
-        std::optional<CallFault> fault = guarded(image_->code(), body);
-        --depth_;
+        std::optional<CallFault> fault;
+        {
+            const Entered entered(*this);
+            fault = guarded(image_->code(), body);
+            if (fault) noteFault(*fault);
+        }
         if (!fault) return std::nullopt;
         return faultMessage(where, *fault);
     }
 
+    /// How many calls have ended in a fault so far.
+    std::uint64_t faults() const { return faults_; }
+
 private:
     enum class Stage { Opened, Registering, Registered, Initialized, Stopped };
+
+    /// A call under way. Calls nest: a menu command opens a dialog, whose handler runs an undoable command. When the
+    /// outermost one of an add-on that crashed has ended, its image is silenced: no sooner, for the outer ones return
+    /// into it.
+    class Entered {
+    public:
+        explicit Entered(AddOn& addOn) : addOn_(addOn) { ++addOn_.depth_; }
+        Entered(const Entered&) = delete;
+        Entered& operator=(const Entered&) = delete;
+        ~Entered() {
+            if (--addOn_.depth_ == 0 && addOn_.hasCrashed_) addOn_.image_->silence();
+        }
+
+    private:
+        AddOn& addOn_;
+    };
 
     explicit AddOn(const std::filesystem::path& bundle);
     model::Status readRecord();
@@ -64,7 +87,11 @@ private:
     model::Status checkEnvironment();
     model::Status step(std::string_view function, GSErrCode (*body)(AddOn&));
     std::string refusal(std::string_view where) const;
-    std::string faultMessage(std::string_view where, const CallFault& fault);
+    std::string faultMessage(std::string_view where, const CallFault& fault) const;
+    void noteFault(const CallFault& fault) {
+        ++faults_;
+        hasCrashed_ = hasCrashed_ || fault.crashed;
+    }
 
     std::string bundleName_;
     std::unique_ptr<AddOnImage> image_;
@@ -76,6 +103,7 @@ private:
     Stage stage_ = Stage::Opened;
     bool hasCrashed_ = false;
     int depth_ = 0;
+    std::uint64_t faults_ = 0;
 };
 
 }  // namespace host

@@ -3,9 +3,12 @@
 #include <dlfcn.h>
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <fstream>
 #include <sstream>
 #include <system_error>
+#include <utility>
+#include <vector>
 
 namespace host {
 
@@ -31,6 +34,17 @@ std::string textOfKey(const std::string& propertyList, const std::string& key) {
     const std::size_t begin = open + openTag.size();
     const std::size_t end = propertyList.find("</string>", begin);
     return end == std::string::npos ? std::string() : propertyList.substr(begin, end - begin);
+}
+
+/// Images that crashed. They stay loaded, so that opening one again would give its silenced code.
+std::vector<void*>& silencedImages() {
+    static std::vector<void*> images;
+    return images;
+}
+
+bool isSilenced(void* image) {
+    const auto& images = silencedImages();
+    return std::find(images.begin(), images.end(), image) != images.end();
 }
 
 model::Status checkBundle(const fs::path& bundle, const fs::path& image) {
@@ -61,6 +75,7 @@ model::Result<std::unique_ptr<AddOnImage>> AddOnImage::load(const fs::path& bund
     // what one add-on exports must not answer another one's symbols.
     void* const handle = dlopen(fs::absolute(image).c_str(), RTLD_NOW | RTLD_LOCAL);
     if (handle == nullptr) return cannot(fmt::format("its image cannot be loaded: {}", dlerror()));
+    if (isSilenced(handle)) return cannot("it crashed before; start the program again to use it");
     std::unique_ptr<AddOnImage> loaded(new AddOnImage(handle));
     for (const char* name : {GetExportedName, SetImportedName}) {
         if (dlsym(handle, name) == nullptr) return cannot(fmt::format("its image has no entry point {}", name));
@@ -73,6 +88,12 @@ AddOnImage::AddOnImage(void* image)
       codeRange_(codeRangeOf(image)),
       exportedProc_(reinterpret_cast<GetExportedFuncAddrsProc*>(dlsym(image, GetExportedName))),
       importedProc_(reinterpret_cast<SetImportedFuncAddrsProc*>(dlsym(image, SetImportedName))) {}
+
+void AddOnImage::silence() {
+    if (handle_ == nullptr) return;
+    silencedImages().push_back(handle_);
+    silenceCode(std::exchange(handle_, nullptr));
+}
 
 AddOnImage::~AddOnImage() {
     if (handle_ != nullptr) dlclose(handle_);

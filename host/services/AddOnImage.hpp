@@ -29,8 +29,9 @@ public:
     SetImportedFuncAddrsProc* setImported() const { return importedProc_; }
     const CodeRange& code() const { return codeRange_; }
 
-    /// Leaves the image in memory for good: after a crash nothing of it may run any more, its end hook included.
-    void keepLoaded() { handle_ = nullptr; }
+    /// After a crash: nothing of the image runs any more, its end hook included. It stays in memory for good, since
+    /// what points into it may still be around. Not while code of it is under way.
+    void silence();
 
 private:
     explicit AddOnImage(void* image);

@@ -10,8 +10,8 @@ std::optional<Arc> arcThrough(const API_Coord3D& start, const API_Coord3D& bulge
     const double endX = end.x - start.x, endY = end.y - start.y;
     const double cross = bulgeX * endY - bulgeY * endX;  // Twice the triangle's area; its sign is the arc's sense.
     const double longest = std::hypot(bulgeX, bulgeY) * std::hypot(endX, endY);
-    constexpr double leastSine = 1e-9;
-    if (!std::isfinite(cross) || std::fabs(cross) <= leastSine * longest) return std::nullopt;
+    constexpr double LeastSine = 1e-9;
+    if (!std::isfinite(cross) || std::fabs(cross) <= LeastSine * longest) return std::nullopt;
     if (bulge.x == end.x && bulge.y == end.y) return std::nullopt;
     const double bulgeSquare = bulgeX * bulgeX + bulgeY * bulgeY;
     const double endSquare = endX * endX + endY * endY;

@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <exception>
 #include <memory>
+#include <new>
 
 namespace host {
 
@@ -73,17 +74,17 @@ extern "C" void onFault(int number, siginfo_t* info, void* context) {
 /// The handler needs a stack of its own: the add-on's may be what is used up. One that somebody provided already (a
 /// sanitizer does, and frees it again) is as good.
 void provideSignalStack() {
-    static constexpr std::size_t size = 0x10000;
+    static constexpr std::size_t Size = 0x10000;
     static thread_local std::unique_ptr<char[]> memory;
     static thread_local bool provided = false;
     if (provided) return;
     provided = true;
     stack_t stack{};
     if (sigaltstack(nullptr, &stack) == 0 && (stack.ss_flags & SS_DISABLE) == 0) return;
-    memory = std::make_unique<char[]>(size);
+    memory = std::make_unique<char[]>(Size);
     stack = {};
     stack.ss_sp = memory.get();
-    stack.ss_size = size;
+    stack.ss_size = Size;
     sigaltstack(&stack, nullptr);
 }
 
@@ -92,11 +93,13 @@ std::optional<CallFault> catchingExceptions(void (*call)(void*), void* argument)
         call(argument);
         return std::nullopt;
     } catch (const GS::GSException& exception) {
-        return CallFault{false, exception.GetMessage().ToCStr().Get()};
+        return CallFault{false, false, exception.GetMessage().ToCStr().Get()};
+    } catch (const std::bad_alloc&) {
+        return CallFault{false, true, {}};
     } catch (const std::exception& exception) {
-        return CallFault{false, exception.what()};
+        return CallFault{false, false, exception.what()};
     } catch (...) {
-        return CallFault{false, "it is of an unknown kind"};
+        return CallFault{false, false, "it is of an unknown kind"};
     }
 }
 
@@ -107,12 +110,12 @@ std::optional<CallFault> runGuarded(const CodeRange& code, void (*call)(void*), 
     Guard guard{innermost, code, {}};
     if (const int fault = sigsetjmp(guard.place, 1); fault != 0) {
         innermost = guard.outer;
-        return CallFault{true, nameOf(fault)};
+        return CallFault{true, false, nameOf(fault)};
     }
     innermost = &guard;
-    std::optional<CallFault> result = catchingExceptions(call, argument);
-    innermost = guard.outer;
-    return result;
+    // A destructor: where there is no memory for the message of an exception, that is an exception, too.
+    const std::unique_ptr<Guard, void (*)(Guard*)> end(&guard, [](Guard* ended) { innermost = ended->outer; });
+    return catchingExceptions(call, argument);
 }
 
 FaultWatch::FaultWatch() {

@@ -19,8 +19,9 @@
 namespace host {
 
 struct CallFault {
-    bool crashed = false;  ///< Otherwise an exception.
-    std::string what;      ///< "a segmentation fault"; the exception's message.
+    bool crashed = false;      ///< Otherwise an exception.
+    bool outOfMemory = false;  ///< The exception is std::bad_alloc.
+    std::string what;          ///< "a segmentation fault"; the exception's message.
 };
 
 /// Runs `call(argument)`. @param code  the add-on's. @return nothing where the call came to its end.

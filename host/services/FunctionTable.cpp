@@ -4,7 +4,6 @@
 #include "services/Session.hpp"
 
 #include <algorithm>
-#include <new>
 #include <type_traits>
 #include <utility>
 
@@ -47,21 +46,16 @@ GSErrCode admit(HostSlot slot, const First& first) {
     }
 }
 
-/// What an add-on calls: checks the caller, and turns an exception of the host into an error code, since the two sides
-/// share no more than plain calls.
+/// What an add-on calls: checks the caller. An exception of the host (there is no more memory) goes on through the
+/// add-on to the guard of the call that the host made into it, as those of the frameworks' classes do. No error code
+/// may stand for it: an add-on takes an error for "not there" and goes on, and what it would write then is wrong.
 template <HostSlot slot, class Type>
 struct Boundary;
 template <HostSlot slot, class Result, class First, class... Rest>
 struct Boundary<slot, Result (*)(First, Rest...)> {
     static Result call(First first, Rest... rest) {
         if (const GSErrCode refused = admit<First>(slot, first); refused != NoError) return failure(refused);
-        try {
-            return Operation<slot>::run(first, rest...);
-        } catch (const std::bad_alloc&) {
-            return failure(APIERR_MEMFULL);
-        } catch (...) {
-            return failure(APIERR_GENERAL);
-        }
+        return Operation<slot>::run(first, rest...);
     }
 
     static Result failure(GSErrCode code) {

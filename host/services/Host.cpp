@@ -20,13 +20,13 @@ model::Error busy(const char* what) {
 
 /// How the dialog manager calls a handler.
 bool callHandler(void (*call)(void*), void* argument) {
-    Session& host = session();
-    if (!host.addOn) {
+    Session& current = session();
+    if (!current.addOn) {
         call(argument);
         return true;
     }
-    const auto fault = host.addOn->call("a dialog handler", [&] { call(argument); });
-    if (fault) host.report.write(*fault, true);
+    const auto fault = current.addOn->call("a dialog handler", [&] { call(argument); });
+    if (fault) current.report.write(*fault, true);
     return !fault;
 }
 
@@ -81,7 +81,7 @@ bool Host::redo() {
 
 model::Status Host::save(const std::filesystem::path& path, const model::SaveOptions& options) {
     if (model() == nullptr) return model::Error{model::ErrorKind::CannotWrite, "there is no open model to save"};
-    // Between commands of a busy add-on the model is whole: a dialog that is open keeps nobody from saving.
+    // Between commands of a busy add-on the model is whole: saving is possible while a dialog is open.
     if (model()->commandOpen()) return busy("save the model");
     return model()->save(path, options);
 }
@@ -89,27 +89,32 @@ model::Status Host::save(const std::filesystem::path& path, const model::SaveOpt
 // --- Add-on ---
 
 model::Status Host::loadAddOn(const std::filesystem::path& bundle) {
-    Session& host = content_->session;
+    Session& session = content_->session;
     const auto failure = [&](const std::string& reason) {
         return model::Error{model::ErrorKind::CannotRead,
                             fmt::format("cannot load the add-on {}: {}", bundle.string(), reason)};
     };
-    if (host.addOn) return failure("another one is loaded");
+    if (session.addOn) return failure("another one is loaded");
+    if (bundle.empty()) {
+        return model::Error{model::ErrorKind::CannotRead,
+                            "cannot find the add-on: the system does not tell where this program lies (is /proc "
+                            "mounted?); name the add-on's bundle with --addon"};
+    }
     auto opened = AddOn::open(bundle);
     if (!opened) return failure(opened.error().message);
-    host.addOn = std::move(*opened);
-    const model::Status started = host.addOn->start(host.table.data());
+    session.addOn = std::move(*opened);
+    const model::Status started = session.addOn->start(session.table.data());
     if (started) return {};
     unloadAddOn();
     return failure(started.error().message);
 }
 
 void Host::unloadAddOn() {
-    Session& host = content_->session;
-    if (!host.addOn || host.busy()) return;
-    if (const auto fault = host.addOn->stop()) host.report.write(*fault);
-    host.menus.clear();
-    host.addOn.reset();
+    Session& session = content_->session;
+    if (!session.addOn || session.busy()) return;
+    if (const auto fault = session.addOn->stop()) session.report.write(*fault);
+    session.menus.clear();
+    session.addOn.reset();
 }
 
 bool Host::addOnLoaded() const {
@@ -131,20 +136,22 @@ const std::vector<Menu>& Host::menus() const {
 }
 
 GSErrCode Host::pickMenuItem(Int16 menuStrResID, Int32 itemIndex) {
-    Session& host = content_->session;
-    const API_MenuReference reference{menuStrResID, itemIndex, 0};
+    Session& session = content_->session;
+    const API_MenuReference reference{.menuResID = menuStrResID, .itemIndex = itemIndex};
     MenuItem* item = nullptr;
-    if (host.menus.find(reference, item) != NoError) return APIERR_BADINDEX;
-    if (!item->enabled || host.busy()) return APIERR_REFUSEDCMD;
-    APIMenuCommandProc* const handler = host.menus.handler(menuStrResID);
+    if (session.menus.find(reference, item) != NoError) return APIERR_BADINDEX;
+    if (!item->enabled || session.busy()) return APIERR_REFUSEDCMD;
+    APIMenuCommandProc* const handler = session.menus.handler(menuStrResID);
     if (handler == nullptr) return APIERR_REFUSEDCMD;
-    host.menuParams = {reference};
+    session.menuParams = {reference};
     GSErrCode result = NoError;
-    const auto fault = host.addOn->call("a menu command", [&] { result = handler(&host.menuParams); });
-    host.menuParams = {};
-    if (!fault) return result;
-    host.report.write(*fault, true);
-    return APIERR_COMMANDFAILED;
+    const std::uint64_t faultsBefore = session.addOn->faults();
+    const auto fault = session.addOn->call("a menu command", [&] { result = handler(&session.menuParams); });
+    session.menuParams = {};
+    if (fault) session.report.write(*fault, true);
+    // A fault further in, of a dialog handler or of an undoable command, does not show in the handler's answer.
+    const bool faultless = !fault && session.addOn->faults() == faultsBefore;
+    return faultless ? result : GSErrCode{APIERR_COMMANDFAILED};
 }
 
 // --- Front end ---

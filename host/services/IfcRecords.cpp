@@ -12,9 +12,9 @@ namespace {
 
 /// A name of the schema, which is ASCII: no decoding needed.
 GS::UniString asciiText(std::string_view name) {
-    constexpr std::size_t longest = 64;
-    if (name.size() > longest) return GS::UniString(name.data(), static_cast<USize>(name.size()));
-    char16_t widened[longest];
+    constexpr std::size_t Longest = 64;
+    if (name.size() > Longest) return GS::UniString(name.data(), static_cast<USize>(name.size()));
+    char16_t widened[Longest];
     std::copy(name.begin(), name.end(), widened);
     return GS::UniString(widened, static_cast<USize>(name.size()));
 }

@@ -6,14 +6,17 @@
 
 namespace host {
 
-std::filesystem::path programFolder() {
+std::optional<std::filesystem::path> programFolder(const std::filesystem::path& linkToProgram) {
     std::error_code failed;
-    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", failed);
-    return failed ? std::filesystem::current_path() : program.parent_path();
+    const std::filesystem::path program = std::filesystem::read_symlink(linkToProgram, failed);
+    // Not the current folder instead: whoever can put a bundle there would have it run.
+    if (failed || !program.is_absolute()) return std::nullopt;
+    return program.parent_path();
 }
 
 std::filesystem::path defaultBundle() {
-    return programFolder() / "ZUNACAddin19.bundle";
+    const auto program = programFolder();
+    return program ? *program / "ZUNACAddin19.bundle" : std::filesystem::path();
 }
 
 }  // namespace host

@@ -1,7 +1,7 @@
 #pragma once
 // The host's operations, one plain function for each slot in use, declared from the list of slots: a function whose
 // parameters differ from the slot's does not link. FunctionTable.cpp puts them behind one boundary that knows the
-// caller and lets no exception out; the functions themselves may take both for granted.
+// caller; the functions themselves may take that for granted.
 
 #include "HostTable.hpp"
 

@@ -29,6 +29,7 @@ GSErrCode getElement(void* client, API_Element* element, UInt32 mask) {
     EXPECT_EQ(client, &current->client);
     EXPECT_EQ(mask, 0U);
     if (current->elementError == NoError) element->header.typeID = current->typeID;
+    if (current->inElement) current->inElement(*element);
     return current->elementError;
 }
 
@@ -116,7 +117,7 @@ void FakeHost::start() {
 
 GSErrCode FakeHost::pickMenuItem(Int32 item, Int16 menuResID) {
     if (menuHandler == nullptr) start();
-    const API_MenuParams params{{menuResID, item, 0}};
+    const API_MenuParams params{{.menuResID = menuResID, .itemIndex = item}};
     return menuHandler(&params);
 }
 
@@ -128,39 +129,12 @@ std::string FakeHostTest::line(std::string_view item, std::string_view value) {
     return guid + "\t" + std::string(item) + "\t\t" + std::string(value) + "\n";
 }
 
-std::vector<ImportRow> FakeHostTest::review(std::string_view updates) {
-    return import(updates, [](ImportDialog&) {});
-}
-
-std::vector<ImportRow> FakeHostTest::import(std::string_view updates, const std::function<void(ImportDialog&)>& user) {
-    std::vector<ImportRow> rows;
-    view_.pickNextFile(folder_.write("updates.txt", updates).string());
-    view_.inNextDialog([&](frontend::Dialog& shown) {
-        ImportDialog dialog(shown);
-        user(dialog);
-        rows = dialog.rows();
-    });
-    EXPECT_EQ(host_.pickMenuItem(1), NoError);
-    return rows;
-}
-
 std::string FakeHostTest::setValue(std::string_view item, std::string_view value) {
-    return import(line(item, value), [](ImportDialog& dialog) { dialog.tick(1).apply(); }).at(0).remarks;
+    return importUpdates(line(item, value), [](ImportDialog& dialog) { dialog.tick(1).apply(); }).at(0).remarks;
 }
 
-std::vector<std::pair<std::string, std::string>> FakeHostTest::lookup(std::optional<std::string_view> text) {
-    std::vector<std::pair<std::string, std::string>> rows;
-    view_.inNextDialog([&](frontend::Dialog& dialog) {
-        if (text) {
-            EXPECT_TRUE(dialog.typeText(3, std::string(*text).c_str()));
-        }
-        EXPECT_TRUE(dialog.clickItem(1));
-        const frontend::List& results = *dialog.list(4);
-        for (Int16 row = 1; row <= results.rowCount(); ++row)
-            rows.emplace_back(narrow(results.cell(row, 1)), narrow(results.cell(row, 2)));
-    });
-    EXPECT_EQ(host_.pickMenuItem(2), NoError);
-    return rows;
+void FakeHostTest::run(Int32 item) {
+    EXPECT_EQ(host_.pickMenuItem(item), NoError);
 }
 
 // --- Records -------------------------------------------------------------------------------------------------------
@@ -228,10 +202,6 @@ API_IFCClassificationReference classification(const char* system, const char* it
     result.itemReference = {itemReference, true};
     result.name = {name, true};
     return result;
-}
-
-std::string narrow(const GS::UniString& text) {
-    return std::string(text.ToCStr());
 }
 
 }  // namespace testing_support

@@ -9,7 +9,7 @@
 //         EXPECT_EQ(review(line("Count", "1"))[0].current, "-7");
 //     }
 
-#include "support/HostFixture.hpp"
+#include "support/AddOnFixture.hpp"
 #include "support/RawAddOn.hpp"
 
 #include <functional>
@@ -45,7 +45,8 @@ public:
     GSErrCode attributesError = NoError, propertiesError = NoError, classificationsError = NoError;
     GSErrCode setError = NoError;
     GSErrCode menuError = NoError, handlerError = NoError;
-    std::function<void()> inAttributes;  ///< Called while the attributes are asked for.
+    std::function<void()> inAttributes;           ///< Called while the attributes are asked for.
+    std::function<void(API_Element&)> inElement;  ///< Called with the element that is asked for.
 
     // What it was told.
     APIMenuCommandProc* menuHandler = nullptr;
@@ -59,25 +60,20 @@ public:
     std::vector<API_IFCClassificationReference> setClassifications;
 };
 
-class FakeHostTest : public ::testing::Test {
+class FakeHostTest : public AddOnFixture {
 protected:
     /// The element of the update lines.
     static const std::string guid;
 
     /// An update line for the element, with its line end.
     static std::string line(std::string_view item, std::string_view value);
-
-    std::vector<ImportRow> review(std::string_view updates);
-    std::vector<ImportRow> import(std::string_view updates, const std::function<void(ImportDialog&)>& user);
     /// Applies one value. @return the row's remarks afterwards: "Done" or "error!".
     std::string setValue(std::string_view item, std::string_view value);
-    /// Looks up what stands in the edit text, or this text.
-    std::vector<std::pair<std::string, std::string>> lookup(std::optional<std::string_view> text = std::nullopt);
 
-    TempFolder folder_;
-    DebugCapture debug_;
-    ScriptedView view_;
     FakeHost host_;
+
+private:
+    void run(Int32 item) override;
 };
 
 // --- Records -------------------------------------------------------------------------------------------------------
@@ -91,7 +87,5 @@ API_IFCPropertyValue stringValue(const char* value);
 API_IFCProperty property(const char* set, const char* name, const API_IFCPropertyValue& value);
 API_IFCProperty propertyOfKind(const char* name, Int32 kind);
 API_IFCClassificationReference classification(const char* system, const char* itemReference, const char* name);
-
-std::string narrow(const GS::UniString& text);
 
 }  // namespace testing_support

@@ -1,6 +1,7 @@
 // The lookup dialog: one element's data as rows of name and value.
 
 #include "FakeHost.hpp"
+#include "support/HostFixture.hpp"
 #include "support/IfcText.hpp"
 
 #include <gmock/gmock.h>

@@ -1,6 +1,7 @@
 // The add-on's texts and dialogs, in each language that it has.
 
 #include "FakeHost.hpp"
+#include "support/HostFixture.hpp"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,7 @@
 // The import dialog: its list, its buttons, its clicks, its resizing.
 
+#include "FakeHost.hpp"
+#include "HostCalls.hpp"
 #include "support/HostFixture.hpp"
 #include "support/IfcText.hpp"
 
@@ -28,12 +30,12 @@ protected:
     }
     const std::string updates_ = renaming(1, "A") + renaming(2, "B") + renaming(3, "Wall 3");
 
-    std::vector<ImportRow> import(const std::function<void(ImportDialog&)>& user) {
-        return HostFixture::import(updates_, user);
+    std::vector<ImportRow> importUpdates(const std::function<void(ImportDialog&)>& user) {
+        return HostFixture::importUpdates(updates_, user);
     }
     std::vector<std::string> ticksAfter(const std::function<void(ImportDialog&)>& user) {
         std::vector<std::string> ticks;
-        for (const ImportRow& row : import(user)) ticks.push_back(row.tick);
+        for (const ImportRow& row : importUpdates(user)) ticks.push_back(row.tick);
         return ticks;
     }
 
@@ -62,37 +64,45 @@ constexpr const char* Off = "[  ]";
 
 TEST_F(ReviewDialog, ColumnsShareTheWidthAndTheLastTakesTheRest) {
     loadWithListWidth(803);
-    import([](ImportDialog& dialog) {
+    importUpdates([](ImportDialog& dialog) {
         const std::vector<frontend::TabField>& fields = dialog.list().tabFields();
-    ASSERT_EQ(fields.size(), 8U);
-    for (Int16 i = 0; i < 7; ++i) {
-        const auto begin = static_cast<Int16>(100 * i), end = static_cast<Int16>(begin + 99);
-        EXPECT_EQ(fields[static_cast<std::size_t>(i)], (frontend::TabField{begin, end, 0, 0, true, true})) << i;
-    }
-    EXPECT_EQ(fields[7], (frontend::TabField{700, 803, 0, 0, true, true}));
-});
-}  // namespace
-
-TEST_F(ReviewDialog, HeaderHasTheTextsOfTheResources) {
-    import([](ImportDialog& dialog) {
-        std::vector<std::string> titles;
-    for (const frontend::HeaderItem& item : dialog.list().header()) {
-        titles.emplace_back(item.text.ToCStr());
-        EXPECT_FALSE(item.clickable);
-        EXPECT_TRUE(item.truncated);
-    }
-    EXPECT_THAT(titles,
-                ElementsAre("Apply", "Element", "Type", "GUID", "Property", "Current value", "New value", "Remarks"));
-    EXPECT_TRUE(dialog.list().headerVisible());
-    EXPECT_FALSE(dialog.list().headerMovable());
-});
+        ASSERT_EQ(fields.size(), 8U);
+        for (Int16 i = 0; i < 7; ++i) {
+            const auto begin = static_cast<Int16>(100 * i), end = static_cast<Int16>(begin + 99);
+            EXPECT_EQ(fields[static_cast<std::size_t>(i)], (frontend::TabField{begin, end, 0, 0, true, true})) << i;
+        }
+        EXPECT_EQ(fields[7], (frontend::TabField{700, 803, 0, 0, true, true}));
+    });
 }
 
-TEST_F(ReviewDialog, ListIsDrawnOnceItIsFilled) {
-    import([this](ImportDialog& dialog) {
+TEST_F(ReviewDialog, HeaderHasTheTextsOfTheResources) {
+    importUpdates([](ImportDialog& dialog) {
+        std::vector<std::string> titles;
+        for (const frontend::HeaderItem& item : dialog.list().header()) {
+            titles.emplace_back(item.text.ToCStr());
+            EXPECT_FALSE(item.clickable);
+            EXPECT_TRUE(item.truncated);
+        }
+        EXPECT_THAT(titles, ElementsAre("Apply", "Element", "Type", "GUID", "Property", "Current value", "New value",
+                                        "Remarks"));
+        EXPECT_TRUE(dialog.list().headerVisible());
+        EXPECT_FALSE(dialog.list().headerMovable());
+    });
+}
+
+/// A host that looks at the dialog while the add-on asks for an element's attributes, in the middle of filling the
+/// list.
+class FillingTheList : public FakeHostTest {};
+
+TEST_F(FillingTheList, IsNotDrawnRowByRowAndDrawnWholeAtTheEnd) {
+    std::vector<bool> drawn;
+    host_.inAttributes = [&] { drawn.push_back(frontend::openDialogs().back()->list(5)->drawingEnabled()); };
+    const HostCalls calls;
+    importUpdates(line("Name", "A") + line("Name", "B"), [&](ImportDialog& dialog) {
         EXPECT_TRUE(dialog.list().drawingEnabled());
-    EXPECT_LT(view_.changes(), 10);
-});
+        EXPECT_THAT(calls.invalidatedItems(), ElementsAre(5));
+    });
+    EXPECT_THAT(drawn, ElementsAre(false, false));
 }
 
 TEST_F(ReviewDialog, EveryRowStartsUnticked) {
@@ -106,34 +116,33 @@ frontend::Rect moved(frontend::Rect rect, int h, int v) {
 }
 
 TEST_F(ReviewDialog, GrowthMovesTheButtonsAndGrowsTheListWithItsLastColumn) {
-    import([](ImportDialog& dialog) {
-        const auto rect = [&](Int16 item) { return dialog.shown().item(item)->rect;
-};
-const std::vector<frontend::Rect> before{rect(1), rect(2), rect(3), rect(4), rect(5)};
-const std::vector<frontend::TabField> fields = dialog.list().tabFields();
+    importUpdates([](ImportDialog& dialog) {
+        const auto rect = [&](Int16 item) { return dialog.shown().item(item)->rect; };
+        const std::vector<frontend::Rect> before{rect(1), rect(2), rect(3), rect(4), rect(5)};
+        const std::vector<frontend::TabField> fields = dialog.list().tabFields();
 
-EXPECT_TRUE(dialog.shown().resize(31, 10));
-EXPECT_EQ(rect(ImportDialog::Apply), moved(before[0], 15, 10));
-EXPECT_EQ(rect(ImportDialog::Close), moved(before[1], 31, 10));
-EXPECT_EQ(rect(ImportDialog::SelectAll), moved(before[2], 0, 10));
-EXPECT_EQ(rect(ImportDialog::DeselectAll), moved(before[3], 0, 10));
-EXPECT_EQ(rect(ImportDialog::Review),
-          (frontend::Rect{before[4].left, before[4].top, before[4].right + 31, before[4].bottom + 10}));
+        EXPECT_TRUE(dialog.shown().resize(31, 10));
+        EXPECT_EQ(rect(ImportDialog::Apply), moved(before[0], 15, 10));
+        EXPECT_EQ(rect(ImportDialog::Close), moved(before[1], 31, 10));
+        EXPECT_EQ(rect(ImportDialog::SelectAll), moved(before[2], 0, 10));
+        EXPECT_EQ(rect(ImportDialog::DeselectAll), moved(before[3], 0, 10));
+        EXPECT_EQ(rect(ImportDialog::Review),
+                  (frontend::Rect{before[4].left, before[4].top, before[4].right + 31, before[4].bottom + 10}));
 
-std::vector<frontend::TabField> expected = fields;
-expected[7].end = static_cast<Int16>(expected[7].end + 31);
-EXPECT_EQ(dialog.list().tabFields(), expected);
-});
+        std::vector<frontend::TabField> expected = fields;
+        expected[7].end = static_cast<Int16>(expected[7].end + 31);
+        EXPECT_EQ(dialog.list().tabFields(), expected);
+    });
 }
 
 TEST_F(ReviewDialog, ShrinkingIsHalvedTowardsZero) {
-    import([](ImportDialog& dialog) {
+    importUpdates([](ImportDialog& dialog) {
         const frontend::Rect before = dialog.shown().item(ImportDialog::Apply)->rect;
-    const Int16 end = dialog.list().tabFields()[7].end;
-    EXPECT_TRUE(dialog.shown().resize(-31, 0));
-    EXPECT_EQ(dialog.shown().item(ImportDialog::Apply)->rect, moved(before, -15, 0));
-    EXPECT_EQ(dialog.list().tabFields()[7].end, end - 31);
-});
+        const Int16 end = dialog.list().tabFields()[7].end;
+        EXPECT_TRUE(dialog.shown().resize(-31, 0));
+        EXPECT_EQ(dialog.shown().item(ImportDialog::Apply)->rect, moved(before, -15, 0));
+        EXPECT_EQ(dialog.list().tabFields()[7].end, end - 31);
+    });
 }
 
 // --- Ticking -------------------------------------------------------------------------------------------------------
@@ -203,8 +212,8 @@ TEST_F(ReviewDialog, SelectAllLeavesDisabledRowsAsTheyAre) {
 }
 
 TEST_F(ReviewDialog, SelectAllOfDisabledRowsTicksNothing) {
-    const auto rows = HostFixture::import(renaming(1, "Wall 1") + renaming(2, "Wall 2"),
-                                          [](ImportDialog& dialog) { dialog.selectAll(); });
+    const auto rows = HostFixture::importUpdates(renaming(1, "Wall 1") + renaming(2, "Wall 2"),
+                                                 [](ImportDialog& dialog) { dialog.selectAll(); });
     EXPECT_THAT(rows, Each(Field(&ImportRow::tick, Off)));
 }
 
@@ -221,31 +230,30 @@ TEST_F(ReviewDialog, DeselectAllUnticksEveryRowWhateverItsStatus) {
 // --- Buttons -------------------------------------------------------------------------------------------------------
 
 TEST_F(ReviewDialog, CloseEndsItWithTheButtonsNumber) {
-    import([](ImportDialog& dialog) {
+    importUpdates([](ImportDialog& dialog) {
         dialog.close();
-    EXPECT_TRUE(dialog.shown().ended());
-    EXPECT_EQ(dialog.shown().result(), 2);
-});
+        EXPECT_TRUE(dialog.shown().ended());
+        EXPECT_EQ(dialog.shown().result(), 2);
+    });
 }
 
 TEST_F(ReviewDialog, EscapeClosesIt) {
-    import([](ImportDialog& dialog) {
+    importUpdates([](ImportDialog& dialog) {
         EXPECT_TRUE(dialog.shown().pressEscape());
-    EXPECT_TRUE(dialog.shown().ended());
-});
+        EXPECT_TRUE(dialog.shown().ended());
+    });
 }
 
 TEST_F(ReviewDialog, ApplyAndTheSelectionsKeepItOpen) {
-    import([](ImportDialog& dialog) {
+    importUpdates([](ImportDialog& dialog) {
         dialog.selectAll().deselectAll().apply();
-    EXPECT_FALSE(dialog.shown().ended());
-});
+        EXPECT_FALSE(dialog.shown().ended());
+    });
 }
 
 TEST_F(ReviewDialog, NothingIsLeftOfTheListWhenItOpensAgain) {
-    import([](ImportDialog& dialog) { dialog.selectAll();
-});
-EXPECT_EQ(ticksAfter([](ImportDialog&) {}), (Ticks{Off, Off, Off}));
+    importUpdates([](ImportDialog& dialog) { dialog.selectAll(); });
+    EXPECT_EQ(ticksAfter([](ImportDialog&) {}), (Ticks{Off, Off, Off}));
 }
 
 // --- A full list ---------------------------------------------------------------------------------------------------
@@ -253,7 +261,7 @@ EXPECT_EQ(ticksAfter([](ImportDialog&) {}), (Ticks{Off, Off, Off}));
 TEST_F(ReviewDialog, LoopsOverAFullListEnd) {
     std::string many;
     for (int i = 0; i < 32768; ++i) many += renaming(1, "A");
-    HostFixture::import(many, [](ImportDialog& dialog) {
+    HostFixture::importUpdates(many, [](ImportDialog& dialog) {
         ASSERT_EQ(dialog.list().rowCount(), 32767);
         EXPECT_EQ(dialog.list().rowsLost(), 1U);
         dialog.selectAll();

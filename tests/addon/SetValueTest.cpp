@@ -1,6 +1,7 @@
 // Writing one value: where it goes and as what.
 
 #include "FakeHost.hpp"
+#include "support/HostFixture.hpp"
 #include "support/IfcText.hpp"
 
 #include <gmock/gmock.h>
@@ -27,16 +28,16 @@ protected:
 TEST_F(SettingAValue, AttributeIsWrittenAndPropertiesAreNotLookedAt) {
     host_.attributes.Push(attribute("Width", "1"));
     host_.properties.Push(property("Pset_A", "Width", stringValue("1")));
-    import(line("Width", "2{kept}"), [this](ImportDialog& dialog) {
+    importUpdates(line("Width", "2{kept}"), [this](ImportDialog& dialog) {
         dialog.tick(1);
-    host_.asked.clear();
-    EXPECT_EQ(dialog.apply().row(1).remarks, Done);
-});
-EXPECT_THAT(host_.asked, ElementsAre("attributes"));
-EXPECT_EQ(narrow(host_.setAttributes.at(0).attributeName), "Width");
-EXPECT_EQ(narrow(host_.setAttributes.at(0).attributeValue), "2{kept}");
-EXPECT_THAT(host_.setProperties, IsEmpty());
-}  // namespace
+        host_.asked.clear();
+        EXPECT_EQ(dialog.apply().row(1).remarks, Done);
+    });
+    EXPECT_THAT(host_.asked, ElementsAre("attributes"));
+    EXPECT_EQ(narrow(host_.setAttributes.at(0).attributeName), "Width");
+    EXPECT_EQ(narrow(host_.setAttributes.at(0).attributeValue), "2{kept}");
+    EXPECT_THAT(host_.setProperties, IsEmpty());
+}
 
 TEST_F(SettingAValue, BracketsDoNotKeepAnAttributeFromMatching) {
     EXPECT_EQ(setValue("Name[WallCommon]", "A"), Done);
@@ -64,14 +65,14 @@ TEST_F(SettingAValue, UnknownNameWithoutBracketsIsAnError) {
 }
 
 TEST_F(SettingAValue, ElementThatIsGoneIsAnErrorAndNothingElseIsTried) {
-    import(line("Name", "A"), [this](ImportDialog& dialog) {
+    importUpdates(line("Name", "A"), [this](ImportDialog& dialog) {
         dialog.tick(1);
-    host_.asked.clear();
-    host_.elementError = APIERR_DELETED;
-    EXPECT_EQ(dialog.apply().row(1).remarks, Error);
-});
-EXPECT_THAT(host_.asked, IsEmpty());
-EXPECT_TRUE(nothingWritten());
+        host_.asked.clear();
+        host_.elementError = APIERR_DELETED;
+        EXPECT_EQ(dialog.apply().row(1).remarks, Error);
+    });
+    EXPECT_THAT(host_.asked, IsEmpty());
+    EXPECT_TRUE(nothingWritten());
 }
 
 TEST_F(SettingAValue, TheElementOfTheLineIsWritten) {
@@ -79,6 +80,17 @@ TEST_F(SettingAValue, TheElementOfTheLineIsWritten) {
     GS::Guid expected;
     expected.ConvertFromString(guid.c_str());
     EXPECT_EQ(host_.changed.at(0), GSGuid2APIGuid(expected));
+}
+
+TEST_F(SettingAValue, ElementIsTheOneOfTheTextWhateverTheFetchedRecordSays) {
+    host_.inElement = [](API_Element& element) { element.header.guid = APINULLGuid; };
+    host_.properties.Push(property("Pset_A", "Note", stringValue("old")));
+    host_.classifications.Push(classification("System", "A", "B"));
+    for (const char* item : {"Name", "Note", "New[Custom]", "System"}) EXPECT_EQ(setValue(item, "x"), "Done");
+    GS::Guid expected;
+    expected.ConvertFromString(guid.c_str());
+    EXPECT_THAT(host_.changed, ::testing::ElementsAre(GSGuid2APIGuid(expected), GSGuid2APIGuid(expected),
+                                                      GSGuid2APIGuid(expected), GSGuid2APIGuid(expected)));
 }
 
 TEST_F(SettingAValue, FailedWriteIsNotFollowedByAnotherAttempt) {
@@ -91,12 +103,12 @@ TEST_F(SettingAValue, FailedWriteIsNotFollowedByAnotherAttempt) {
 
 TEST_F(SettingAValue, FailingAttributesDoNotKeepAPropertyFromBeingWritten) {
     host_.properties.Push(property("Pset_A", "Note", stringValue("a")));
-    import(line("Note", "new"), [this](ImportDialog& dialog) {
+    importUpdates(line("Note", "new"), [this](ImportDialog& dialog) {
         dialog.tick(1);
-    host_.attributesError = APIERR_GENERAL;
-    EXPECT_EQ(dialog.apply().row(1).remarks, Done);
-});
-EXPECT_EQ(host_.setProperties.size(), 1U);
+        host_.attributesError = APIERR_GENERAL;
+        EXPECT_EQ(dialog.apply().row(1).remarks, Done);
+    });
+    EXPECT_EQ(host_.setProperties.size(), 1U);
 }
 
 TEST_F(SettingAValue, FailingPropertiesCreateNoneButClassificationsAreTried) {
@@ -343,7 +355,7 @@ protected:
 
     std::string apply(const std::string& item, const std::string& value) {
         const std::string line = guidText(1) + "\t" + item + "\t\t" + value + "\n";
-        return import(line, [](ImportDialog& dialog) { dialog.tick(1).apply(); }).at(0).remarks;
+        return importUpdates(line, [](ImportDialog& dialog) { dialog.tick(1).apply(); }).at(0).remarks;
     }
     /// The current value of an item, as a further review shows it.
     std::string current(const std::string& item) { return review(guidText(1) + "\t" + item + "\t\t\n").at(0).current; }

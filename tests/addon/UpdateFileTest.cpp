@@ -1,6 +1,7 @@
 // Choosing the update file, reading it, and cutting its lines into fields.
 
 #include "FakeHost.hpp"
+#include "HostCalls.hpp"
 #include "support/ActingAsNobody.hpp"
 
 #include <gmock/gmock.h>
@@ -153,6 +154,12 @@ TEST_F(UpdateFile, ByteOrderMarkBelongsToTheFirstField) {
 
 TEST_F(UpdateFile, BytesThatAreNoUTF8ReadAsWindows1252) {
     EXPECT_THAT(read("a\tb\tc\tT\xFCr 5 \x80\n"), ElementsAre(Fields{"a", "b", "Tür 5 €"}));
+}
+
+TEST_F(UpdateFile, ReadErrorInTheMiddleKeepsTheRowsBeforeIt) {
+    const FailingReads disk;
+    EXPECT_THAT(read("a\tb\tc\td\ne\tf\tg\th\nlost\tp\tq\tr"),
+                ElementsAre(Fields{"a", "b", "d"}, Fields{"e", "f", "h"}));
 }
 
 // --- Fields --------------------------------------------------------------------------------------------------------

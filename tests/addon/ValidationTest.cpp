@@ -1,6 +1,7 @@
 // Each line of the update file, checked against the model: what its row says.
 
 #include "FakeHost.hpp"
+#include "support/HostFixture.hpp"
 #include "support/IfcText.hpp"
 
 #include <gmock/gmock.h>
@@ -255,11 +256,18 @@ TEST_F(Validating, TabsOfTheModelCountInTheComparison) {
 
 TEST_F(Validating, EachRowHasItsSevenTabs) {
     host_.attributes.Push(attribute("Tag", ""));
-    import(line("Tag", ""), [](ImportDialog& dialog) {
+    importUpdates(line("Tag", ""), [](ImportDialog& dialog) {
         const std::string text(dialog.list().rowText(1).ToCStr());
-    EXPECT_EQ(std::count(text.begin(), text.end(), '\t'), 7);
-});
-}  // namespace
+        EXPECT_EQ(std::count(text.begin(), text.end(), '\t'), 7);
+    });
+}
+
+TEST_F(Validating, ShortFormWithASuffixIsComparedAsTheShortForm) {
+    host_.attributes.Push(attribute("Note", ".T."));
+    EXPECT_EQ(review(line("Note", ".T.{x}"))[0].remarks, " Old and new values are the same.");
+    // Alone it is a word when it is compared.
+    EXPECT_EQ(review(line("Note", ".T."))[0].remarks, "");
+}
 
 TEST_F(Validating, AttributeNamesGoToTheDebugOutput) {
     host_.attributes.Push(attribute("100%s", "x"));

@@ -23,8 +23,8 @@ GSErrCode doNothing(const API_MenuParams* params);
 
 /// What an add-on of the gallery is made of.
 struct Behaviour {
-    UInt32 interfaceVersion = 0x00130001;
-    UInt32 apiVersion = 19000;
+    UInt32 interfaceVersion = APIInterfaceVersion;
+    UInt32 apiVersion = APIVersion;
     API_AddonType (*checkEnvironment)(API_EnvirParams*) = &introduceItself;
     GSErrCode (*registerInterface)() = &registerMenu;
     GSErrCode (*initialize)() = &installHandler;

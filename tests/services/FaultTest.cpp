@@ -3,12 +3,15 @@
 #include "Probe.hpp"
 
 #include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <new>
 
 namespace testing_support {
 namespace {
 
 using ::testing::HasSubstr;
-using ::testing::IsEmpty;
+using ::testing::Not;
 
 using CrashIsAResult = Gallery;
 using NoExceptionLeaves = Gallery;
@@ -38,6 +41,14 @@ TEST_F(CrashIsAResult, CrashedAddOnIsNotCalledAgain) {
     pick();
     EXPECT_EQ(pick(), APIERR_COMMANDFAILED);
     EXPECT_THAT(reportText(), HasSubstr("crashed before"));
+}
+
+TEST_F(CrashIsAResult, CrashedAddOnIsNotLoadedAgain) {
+    use("CrashesInCommand");
+    pick();
+    host_.unloadAddOn();
+    EXPECT_EQ(loadFailure(folder_.path() / "CrashesInCommand.bundle"),
+              "it crashed before; start the program again to use it");
 }
 
 TEST_F(CrashIsAResult, ModelCanBeSavedAfterwards) {
@@ -79,6 +90,54 @@ TEST_F(CrashIsAResult, AnotherAddOnCanBeLoadedAfterwards) {
     host_.unloadAddOn();
     ASSERT_TRUE(host_.loadAddOn(bundle("Sound")));
     EXPECT_EQ(pick(), NoError);
+}
+
+// The child is a process of its own: nothing that a test before it has set up makes up for what is gone at its exit.
+class AtTheProgramsEnd : public CrashIsAResult {
+protected:
+    void SetUp() override { GTEST_FLAG_SET(death_test_style, "threadsafe"); }
+    void TearDown() override { GTEST_FLAG_SET(death_test_style, "fast"); }
+};
+
+TEST_F(AtTheProgramsEnd, NothingOfACrashedAddOnRunsWhenItWasUnloaded) {
+    EXPECT_EXIT(
+        {
+            use("CrashesAndHasAnEndHook");
+            pick();
+            host_.unloadAddOn();
+            std::exit(0);
+        },
+        ::testing::ExitedWithCode(0), Not(HasSubstr(" ran]")));
+}
+
+TEST_F(AtTheProgramsEnd, NothingOfACrashedAddOnRunsWhenItWasNot) {
+    EXPECT_EXIT(
+        {
+            use("CrashesAndHasAnEndHook");
+            pick();
+            std::exit(0);
+        },
+        ::testing::ExitedWithCode(0), Not(HasSubstr(" ran]")));
+}
+
+TEST_F(AtTheProgramsEnd, EndHookOfAnAddOnThatIsStillLoadedReachesTheFrameworks) {
+    EXPECT_EXIT(
+        {
+            use("HasAnEndHook");
+            frontend::setDebugSink([](const char* text) { std::fputs(text, stderr); });
+            std::exit(0);
+        },
+        ::testing::ExitedWithCode(0), HasSubstr("[the end hook ran]"));
+}
+
+TEST_F(AtTheProgramsEnd, RealAddOnMayStillBeLoaded) {
+    EXPECT_EXIT(
+        {
+            loadAddOn();
+            frontend::setDebugSink([](const char* text) { std::fputs(text, stderr); });
+            std::exit(0);
+        },
+        ::testing::ExitedWithCode(0), HasSubstr("Abnormal add-on termination"));
 }
 
 // A fault inside the host may have left anything half done: going on would be dishonest.
@@ -127,7 +186,7 @@ TEST_F(NoExceptionLeaves, ExceptionInADialogHandlerEndsTheDialog) {
         dialog.clickItem(1);
         EXPECT_TRUE(dialog.ended());
     });
-    EXPECT_EQ(pick(), NoError);
+    EXPECT_EQ(pick(), APIERR_COMMANDFAILED);
     EXPECT_THAT(reportText(), HasSubstr("let an exception out of a dialog handler: in the dialog"));
 }
 
@@ -137,6 +196,58 @@ TEST_F(NoExceptionLeaves, ExceptionInAnUndoableCommandIsRolledBack) {
     EXPECT_THAT(reportText(), HasSubstr("let an exception out of an undoable command: in the middle"));
     EXPECT_EQ(wallName(), "Wall-01");
     EXPECT_FALSE(host_.undo());
+}
+
+// --- Memory used up ---
+
+/// The place of an allocation that fails inside one of the host's operations.
+class UsedUpMemory : public Probe {
+protected:
+    void SetUp() override {
+        probe();
+        host_.setPointPicker([](const std::string&) -> std::optional<host::PickedPoint> { throw std::bad_alloc(); });
+    }
+    GSErrCode operationWithoutMemory() {
+        API_GetPointType request{};
+        return interface(APIIo_GetPoint, &request);
+    }
+};
+
+TEST_F(UsedUpMemory, EndsTheCommandInsteadOfAnsweringAnError) {
+    bool answered = false;
+    inCommand(
+        [&] {
+            operationWithoutMemory();
+            answered = true;
+        },
+        "APIERR_COMMANDFAILED");
+    EXPECT_FALSE(answered);
+    ASSERT_EQ(host_.report().size(), 1U);
+    EXPECT_TRUE(host_.report()[0].alert);
+    EXPECT_THAT(reportText(), HasSubstr("memory is used up: a menu command of the add-on Probe was ended"));
+}
+
+TEST_F(UsedUpMemory, TakesBackTheUndoableCommandAndFailsTheMenuCommandAroundIt) {
+    const std::string before = savedText();
+    GSErrCode inner = NoError;
+    inCommand(
+        [&] {
+            inner = command([&] {
+                EXPECT_EQ(named(setAttribute(guidText(1), "Name", "half done")), "NoError");
+                return operationWithoutMemory();
+            });
+        },
+        "APIERR_COMMANDFAILED");
+    EXPECT_EQ(named(inner), "APIERR_COMMANDFAILED");
+    EXPECT_FALSE(host_.undo());
+    EXPECT_EQ(savedText(), before);
+}
+
+TEST_F(UsedUpMemory, LetsTheNextCommandRun) {
+    inCommand([&] { operationWithoutMemory(); }, "APIERR_COMMANDFAILED");
+    bool ran = false;
+    inCommand([&] { ran = true; });
+    EXPECT_TRUE(ran);
 }
 
 TEST_F(FailedCommandRollsBack, ChangesAreTakenBackAndTheErrorIsReported) {

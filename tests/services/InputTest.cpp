@@ -203,7 +203,7 @@ TEST_F(CancelledRequest, NobodyThereCancelsToo) {
 TEST_F(MenuItemStates, FlagsAreKeptAndShown) {
     probe();
     inCommand([&] {
-        API_MenuReference second{GalleryMenu, 2, 0};
+        API_MenuReference second{.menuResID = GalleryMenu, .itemIndex = 2};
         UInt32 flags = 99;
         EXPECT_EQ(named(interface(APIIo_GetMenuItemFlags, &second, &flags)), "NoError");
         EXPECT_EQ(flags, 0U);
@@ -224,11 +224,11 @@ TEST_F(MenuItemStates, UnknownItemsAreRefused) {
     inCommand([&] {
         UInt32 flags = 0;
         for (const Int32 index : {0, 3, -1}) {
-            API_MenuReference item{GalleryMenu, index, 0};
+            API_MenuReference item{.menuResID = GalleryMenu, .itemIndex = index};
             EXPECT_EQ(named(interface(APIIo_GetMenuItemFlags, &item, &flags)), "APIERR_BADINDEX") << index;
             EXPECT_EQ(named(interface(APIIo_SetMenuItemFlags, &item, &flags)), "APIERR_BADINDEX") << index;
         }
-        API_MenuReference other{1, 1, 0};
+        API_MenuReference other{.menuResID = 1, .itemIndex = 1};
         EXPECT_EQ(named(interface(APIIo_GetMenuItemFlags, &other, &flags)), "APIERR_BADID");
         EXPECT_EQ(named(interface(APIIo_SetMenuItemFlags, &other, nullptr)), "APIERR_BADPARS");
         EXPECT_EQ(named(interface(APIIo_GetMenuItemFlags, nullptr, &flags)), "APIERR_BADPARS");

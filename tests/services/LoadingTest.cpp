@@ -3,6 +3,7 @@
 #include "Gallery.hpp"
 
 #include "services/AddOnImage.hpp"
+#include "services/ProgramFolder.hpp"
 
 #include <dlfcn.h>
 
@@ -23,6 +24,28 @@ using Unloading = Gallery;
 
 TEST_F(BundleShape, MissingFolderIsSaid) {
     EXPECT_EQ(loadFailure(folder_.path() / "None.bundle"), "there is no such folder");
+}
+
+TEST_F(BundleShape, NoneIsSearchedForWhereNoneIsNamed) {
+    std::filesystem::copy(bundle("Sound"), folder_.path() / "Sound.bundle", std::filesystem::copy_options::recursive);
+    std::filesystem::current_path(folder_.path());
+    const model::Status loaded = host_.loadAddOn({});
+    std::filesystem::current_path("/");
+    ASSERT_FALSE(loaded);
+    EXPECT_THAT(loaded.error().message, HasSubstr("name the add-on's bundle with --addon"));
+}
+
+TEST(ProgramFolder, IsWhereTheLinkOfTheSystemLeads) {
+    ASSERT_TRUE(host::programFolder());
+    EXPECT_EQ(*host::programFolder(), std::filesystem::read_symlink("/proc/self/exe").parent_path());
+    EXPECT_EQ(host::defaultBundle().parent_path(), *host::programFolder());
+}
+
+TEST(ProgramFolder, IsUnknownWithoutThatLinkAndNeverTheWorkingFolder) {
+    TempFolder folder;
+    EXPECT_EQ(host::programFolder(folder.path() / "none"), std::nullopt);
+    std::filesystem::create_symlink("relative/program", folder.path() / "link");
+    EXPECT_EQ(host::programFolder(folder.path() / "link"), std::nullopt);
 }
 
 TEST_F(BundleShape, FolderWithoutContentsIsNoBundle) {

@@ -17,7 +17,8 @@ class Probe : public Gallery {
 protected:
     /// Opens a model and loads the probe.
     void probe(const IfcText& ifc = houseWithWall());
-    void inCommand(std::function<void()> test);
+    /// @param outcome  what the host answers to the one who picked the command.
+    void inCommand(std::function<void()> test, const char* outcome = "NoError");
 
     /// Calls a slot with the add-on's handle and these arguments.
     template <HostSlot slot, class... Arguments>
@@ -39,7 +40,7 @@ protected:
 
 API_Guid apiGuid(std::string_view guid);
 
-/// An error code by its name, so that a test that fails tells it.
+/// An error code by its name, so that a failing test shows it.
 inline std::string named(GSErrCode code) {
     return code == NoError ? "NoError" : host::errorName(code);
 }

@@ -61,9 +61,9 @@ TEST_P(RealAddOn, ReviewsAnUpdateWithoutChangingTheModel) {
 TEST_P(RealAddOn, AppliesTickedRowsAsOneUndoStep) {
     openHouse();
     const auto rows =
-        import(guidText(1) + "\tFireRating[WallCommon]\t\t60\n" + guidText(1) + "\tName\t\tNew\n" + guidText(1) +
-                   "\tUniFormat Classification\t\tB2020{Windows}\n" + guidText(1) + "\tTag\t\tnot ticked\n",
-               [](ImportDialog& dialog) { dialog.tick(1).tick(2).tick(3).apply(); });
+        importUpdates(guidText(1) + "\tFireRating[WallCommon]\t\t60\n" + guidText(1) + "\tName\t\tNew\n" + guidText(1) +
+                          "\tUniFormat Classification\t\tB2020{Windows}\n" + guidText(1) + "\tTag\t\tnot ticked\n",
+                      [](ImportDialog& dialog) { dialog.tick(1).tick(2).tick(3).apply(); });
     ASSERT_EQ(rows.size(), 4U);
     EXPECT_EQ(std::count_if(rows.begin(), rows.end(), [](const ImportRow& row) { return row.remarks == "Done"; }), 3);
     const std::string saved = savedText();
@@ -79,7 +79,7 @@ TEST_P(RealAddOn, AppliesTickedRowsAsOneUndoStep) {
 TEST_P(RealAddOn, RefusedRowIsReportedWithTheReason) {
     openHouse();
     const auto rows =
-        import(guidText(1) + "\tGlobalId\t\tabc\n", [](ImportDialog& dialog) { dialog.selectAll().apply(); });
+        importUpdates(guidText(1) + "\tGlobalId\t\tabc\n", [](ImportDialog& dialog) { dialog.selectAll().apply(); });
     ASSERT_EQ(rows.size(), 1U);
     EXPECT_EQ(rows[0].remarks, "error!");
     EXPECT_THAT(reportText(), HasSubstr("Wall-01 (" + guidText(1) + "), GlobalId: "));

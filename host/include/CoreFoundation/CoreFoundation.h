@@ -37,10 +37,13 @@ CF_STANDIN_API extern const CFAllocatorRef kCFAllocatorDefault;
 
 /* The folder of the bundle, or null. */
 CF_STANDIN_API CFURLRef CFBundleCopyBundleURL(CFBundleRef bundle);
+/* The name of the file or folder itself, or null. */
 CF_STANDIN_API CFStringRef CFURLCopyLastPathComponent(CFURLRef url);
+/* The whole path, or null. */
 CF_STANDIN_API CFStringRef CFURLCopyFileSystemPath(CFURLRef url, CFURLPathStyle pathStyle);
-/* maxLength 0: no limit. */
+/* A copy that can be changed, or null. maxLength is in UTF-16 units; 0: no limit. */
 CF_STANDIN_API CFMutableStringRef CFStringCreateMutableCopy(CFAllocatorRef allocator, CFIndex maxLength, CFStringRef text);
+/* Changes the text in place. */
 CF_STANDIN_API void CFStringNormalize(CFMutableStringRef text, CFStringNormalizationForm form);
 /* Writes the whole text with its terminator, or writes no usable text and returns false where it does not fit. */
 CF_STANDIN_API Boolean CFStringGetCString(CFStringRef text, char* buffer, CFIndex bufferSize, CFStringEncoding encoding);

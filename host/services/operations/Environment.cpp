@@ -9,14 +9,16 @@ namespace {
 
 GSErrCode specialFolder(const Int32* folder, IO::Location* location) {
     if (folder == nullptr || location == nullptr || *folder != API_HelpFolder) return APIERR_BADPARS;
-    *location = IO::Location((programFolder() / "help").c_str());
+    const auto program = programFolder();
+    if (!program) return APIERR_GENERAL;
+    *location = IO::Location((*program / "help").c_str());
     return NoError;
 }
 
 GSErrCode application(API_ReleaseNumber* release) {
     if (release == nullptr) return APIERR_BADPARS;
     *release = {};
-    release->version = 19000;
+    release->version = static_cast<Int32>(APIVersion);
     release->buildNumber = 1;
     return NoError;
 }

@@ -24,12 +24,12 @@ GSErrCode typeName(const void* typeAsPointer, GS::UniString* name) {
 
 GSErrCode searchElement(const API_ElemSearchPars* search, API_Elem_Head* header) {
     if (search == nullptr || header == nullptr) return APIERR_BADPARS;
-    Session& host = session();
-    if (!host.model) return APIERR_NOMORE;
+    Session& current = session();
+    if (!current.model) return APIERR_NOMORE;
     const std::optional<model::Element> found =
-        host.plan.nearest(*host.model, search->typeID, search->x, search->y, search->maxDistance);
+        current.plan.nearest(*current.model, search->typeID, search->x, search->y, search->maxDistance);
     if (!found) return APIERR_NOMORE;
-    const model::ElementInfo info = host.model->info(*found);
+    const model::ElementInfo info = current.model->info(*found);
     *header = {};
     header->typeID = info.typeId;
     std::memcpy(header->guid.bytes, info.guid.data(), sizeof header->guid.bytes);

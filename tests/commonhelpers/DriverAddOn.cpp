@@ -1,4 +1,4 @@
-#include "HelperAddOn.hpp"
+#include "DriverAddOn.hpp"
 #include "support/Places.hpp"
 
 #include <dlfcn.h>
@@ -9,12 +9,12 @@
 
 namespace testing_support {
 
-std::filesystem::path helperBundle() {
-    return testing_support::builtFile("helperaddon.bundle");
+std::filesystem::path driverBundle() {
+    return testing_support::builtFile("driveraddon.bundle");
 }
 
 static const Helpers* helpersOf(void* getHelpers) {
-    if (getHelpers == nullptr) throw std::runtime_error("the helper add-on has no GetHelpers");
+    if (getHelpers == nullptr) throw std::runtime_error("the driver add-on has no GetHelpers");
     return reinterpret_cast<GetHelpersProc*>(getHelpers)();
 }
 
@@ -30,9 +30,9 @@ void RawHelpers::initialize() {
 }
 
 void HostedHelpers::SetUp() {
-    const model::Status loaded = host_.loadAddOn(helperBundle());
+    const model::Status loaded = host_.loadAddOn(driverBundle());
     ASSERT_TRUE(loaded) << loaded.error().message;
-    const std::filesystem::path file = helperBundle() / "Contents" / "Linux" / "helperaddon";
+    const std::filesystem::path file = driverBundle() / "Contents" / "Linux" / "driveraddon";
     image_ = dlopen(file.c_str(), RTLD_NOW | RTLD_NOLOAD);
     ASSERT_NE(image_, nullptr) << dlerror();
 }
@@ -57,10 +57,6 @@ void HostedHelpers::click(std::vector<host::PickedPoint> clicks) {
         queue->pop_front();
         return next;
     });
-}
-
-std::string narrow(const GS::UniString& text) {
-    return std::string(text.ToCStr());
 }
 
 API_Guid apiGuid(std::string_view text) {

@@ -1,6 +1,6 @@
 // What the picking helpers ask a host for, and what they make of its answers: with a host of the test's own.
 
-#include "HelperAddOn.hpp"
+#include "DriverAddOn.hpp"
 
 #include <gmock/gmock.h>
 
@@ -12,7 +12,7 @@ using ::testing::ElementsAre;
 namespace {
 
 std::vector<std::string> alerts;
-/// Answers 'IPOI' and its kin; gets the request's record.
+/// Answers 'IPOI', 'ILIN' and 'IARC'; gets the request's record.
 std::function<GSErrCode(UInt32 code, void* record)> onInterface;
 std::function<GSErrCode(UInt32 code, void* par1, void* par2)> onGoodies;
 std::function<GSErrCode(API_Element* element)> onElement;
@@ -78,6 +78,42 @@ TEST_F(Requests, PointRecordIsZeroButForItsPrompt) {
     };
     API_Coord at{};
     EXPECT_TRUE(addOn_->ClickAPoint("Where?", &at));
+}
+
+/// Leaves the stack full of something that is not zero, so that what a record does not set is seen.
+__attribute__((noinline)) void dirtyTheStack() {
+    volatile unsigned char dirt[4096];
+    for (volatile unsigned char& byte : dirt) byte = 0xAB;
+}
+
+TEST_F(Requests, MenuItemIsItsTwoNumbersAndZeroElsewhere) {
+    std::vector<UInt32> codes;
+    onInterface = [&](UInt32 code, void* record) {
+        constexpr unsigned char Expected[16] = {0x94, 0x01, 0, 0, 3};
+        codes.push_back(code);
+        EXPECT_EQ(std::memcmp(record, Expected, sizeof Expected), 0);
+        return NoError;
+    };
+    dirtyTheStack();
+    addOn_->GetMenuItemMark(404, 3);
+    dirtyTheStack();
+    addOn_->InvertMenuItemMark(404, 3);
+    dirtyTheStack();
+    addOn_->DisableEnableMenuItem(404, 3, true);
+    EXPECT_THAT(codes, ElementsAre(APIIo_GetMenuItemFlags, APIIo_GetMenuItemFlags, APIIo_SetMenuItemFlags,
+                                   APIIo_GetMenuItemFlags, APIIo_SetMenuItemFlags));
+}
+
+TEST_F(Requests, NeigIsItsFieldsAndZeroElsewhere) {
+    API_Elem_Head column{};
+    column.typeID = 2;
+    column.guid = SomeGuid;
+    API_Neig neig;
+    std::memset(&neig, 0xAB, sizeof neig);
+    EXPECT_TRUE(addOn_->ElemHead_To_Neig(&neig, &column));
+    constexpr unsigned char Expected[40] = {5, 0, 0, 0, 0, 0, 0, 0, 1, 2, 3};
+    EXPECT_EQ(std::memcmp(&neig, Expected, sizeof neig), 0);
+    static_assert(offsetof(API_Neig, elemPartId) == 32, "the further 64-bit field is the last");
 }
 
 TEST_F(Requests, ArcGoesThroughPointLineAndArc) {

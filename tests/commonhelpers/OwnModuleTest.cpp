@@ -1,7 +1,7 @@
 // What the binding does without a slot of the host: resource texts, memory, the image's own place, its end.
 
+#include "DriverAddOn.hpp"
 #include "FailingMemory.hpp"
-#include "HelperAddOn.hpp"
 
 #include <gmock/gmock.h>
 
@@ -102,9 +102,9 @@ TEST_F(OwnModule, BlocksOfBlocksAreFreedWithTheirMembers) {
 TEST_F(OwnModule, OwnLocationIsTheBundle) {
     IO::Location location;
     EXPECT_EQ(addOn_->ACAPI_GetOwnLocation(location), NoError);
-    EXPECT_EQ(narrow(location.GetPath()), helperBundle().string());
+    EXPECT_EQ(narrow(location.GetPath()), driverBundle().string());
     EXPECT_EQ(*addOn_->gOwnLocationData, *addOn_->GetBundlePath_bundlePath);
-    EXPECT_STREQ(*addOn_->gDllFileName, "helperaddon.bundle");
+    EXPECT_STREQ(*addOn_->gDllFileName, "driveraddon.bundle");
 }
 
 TEST_F(OwnModule, NoBundleHasNoPathAndNoResources) {
@@ -118,7 +118,7 @@ TEST_F(OwnModule, NoBundleHasNoPathAndNoResources) {
 }
 
 TEST_F(OwnModule, ResourceModuleIsOpenedFromASpecAndClosed) {
-    const std::string path = helperBundle().string();
+    const std::string path = driverBundle().string();
     const char* const spec = path.c_str();
     const GSResModule module = addOn_->DllMainImp_OpenResModuleFromSpec(&spec);
     ASSERT_NE(module, -1);
@@ -129,10 +129,37 @@ TEST_F(OwnModule, ResourceModuleIsOpenedFromASpecAndClosed) {
     EXPECT_FALSE(addOn_->ACAPI_Resource_GetLocStr(name, 32000, 1, module));
 }
 
+TEST_F(OwnModule, HandleIsTheHostsUntilItsLastCallHasEnded) {
+    RawHelpers addOn;
+    EXPECT_EQ(*addOn->gOwnClientPtr, nullptr);
+    addOn.bind();
+    addOn.initialize();
+    EXPECT_EQ(*addOn->gOwnClientPtr, &addOn.client);
+    void* atEnd = nullptr;
+    *addOn->atEnd = [&] { atEnd = *addOn->gOwnClientPtr; };
+    EXPECT_EQ(addOn.exported.freeData(), NoError);
+    EXPECT_EQ(atEnd, &addOn.client);
+    EXPECT_EQ(*addOn->gOwnClientPtr, nullptr);
+}
+
+TEST(ImageThatWaitsForItsStart, HasAnEmptyLocationAndNoResources) {
+    TempFolder folder;
+    const std::filesystem::path bundle = folder.path() / driverBundle().filename();
+    std::filesystem::copy(driverBundle(), bundle, std::filesystem::copy_options::recursive);
+    frontend::deferImageStarts(true);
+    {
+        RawHelpers addOn(bundle);
+        EXPECT_STREQ(*addOn->gOwnLocationData, "");
+        EXPECT_EQ(*addOn->gOwnResModule, -1);
+        frontend::runDelayedStarts();
+        EXPECT_EQ(*addOn->gOwnLocationData, bundle.string());
+    }
+}
+
 TEST(ImageOutsideOfABundle, HasNoLocationAndNoResources) {
     TempFolder folder;
-    const std::filesystem::path copy = folder.path() / "helperaddon";
-    std::filesystem::copy(helperBundle() / "Contents" / "Linux" / "helperaddon", copy);
+    const std::filesystem::path copy = folder.path() / "driveraddon";
+    std::filesystem::copy(driverBundle() / "Contents" / "Linux" / "driveraddon", copy);
     void* const image = dlopen(copy.c_str(), RTLD_NOW | RTLD_LOCAL);
     ASSERT_NE(image, nullptr) << dlerror();
     const Helpers& helpers = *reinterpret_cast<GetHelpersProc*>(dlsym(image, "GetHelpers"))();
@@ -151,10 +178,10 @@ TEST(ImageOutsideOfABundle, HasNoLocationAndNoResources) {
 /// Images of their own: one that another test holds open as well would not end.
 class ImageEnd : public ::testing::Test {
 protected:
-    void SetUp() override { std::filesystem::copy(helperBundle(), bundle_, std::filesystem::copy_options::recursive); }
+    void SetUp() override { std::filesystem::copy(driverBundle(), bundle_, std::filesystem::copy_options::recursive); }
 
     TempFolder folder_;
-    const std::filesystem::path bundle_ = folder_.path() / helperBundle().filename();
+    const std::filesystem::path bundle_ = folder_.path() / driverBundle().filename();
     DebugCapture debug_;
 };
 

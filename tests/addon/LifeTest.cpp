@@ -1,7 +1,7 @@
 // The add-on's start, its menu and its end.
 
 #include "FakeHost.hpp"
-#include "ScriptedBundlePath.hpp"
+#include "HostCalls.hpp"
 
 #include <gmock/gmock.h>
 
@@ -11,7 +11,7 @@ using ::testing::Not;
 
 namespace {
 
-class Frame : public FakeHostTest {
+class AddOnLife : public FakeHostTest {
 protected:
     std::vector<std::string> helpFolders() const {
         std::vector<std::string> paths;
@@ -21,14 +21,14 @@ protected:
     }
 };
 
-TEST_F(Frame, NameAndDescriptionComeFromTheResources) {
+TEST_F(AddOnLife, NameAndDescriptionComeFromTheResources) {
     API_EnvirParams envir{};
     EXPECT_EQ(host_.addOn.exported.checkEnvironment(&envir), APIAddon_Normal);
     EXPECT_STREQ(envir.addOnInfo.name, "Quillmarsh Updates");
     EXPECT_THAT(envir.addOnInfo.description, HasSubstr("Applies Quillmarsh updates"));
 }
 
-TEST_F(Frame, ForeignHostApplicationIsRefusedAndNothingFilled) {
+TEST_F(AddOnLife, ForeignHostApplicationIsRefusedAndNothingFilled) {
     API_EnvirParams envir{};
     envir.applicationId = 1;
     EXPECT_EQ(host_.addOn.exported.checkEnvironment(&envir), APIAddon_DontRegister);
@@ -36,7 +36,7 @@ TEST_F(Frame, ForeignHostApplicationIsRefusedAndNothingFilled) {
     EXPECT_STREQ(envir.addOnInfo.description, "");
 }
 
-TEST_F(Frame, MenuIsRegisteredWithItsPrompts) {
+TEST_F(AddOnLife, MenuIsRegisteredWithItsPrompts) {
     EXPECT_EQ(host_.addOn.exported.registerInterface(), NoError);
     ASSERT_TRUE(host_.menu.has_value());
     EXPECT_EQ(host_.menu->menuStrResID, 32500);
@@ -47,27 +47,27 @@ TEST_F(Frame, MenuIsRegisteredWithItsPrompts) {
     EXPECT_EQ(debug_.text, "");
 }
 
-TEST_F(Frame, FailedMenuRegistrationIsPassedBackAndLogged) {
+TEST_F(AddOnLife, FailedMenuRegistrationIsPassedBackAndLogged) {
     host_.menuError = APIERR_MEMFULL;
     EXPECT_EQ(host_.addOn.exported.registerInterface(), APIERR_MEMFULL);
     EXPECT_EQ(debug_.text, "ZUNACAddon:: RegisterInterface() ACAPI_Register_Menu failed\n");
 }
 
-TEST_F(Frame, MenuHandlerIsInstalledForTheMenu) {
+TEST_F(AddOnLife, MenuHandlerIsInstalledForTheMenu) {
     host_.start();
     EXPECT_NE(host_.menuHandler, nullptr);
     EXPECT_EQ(host_.handledMenu, 32500);
     EXPECT_THAT(debug_.text, Not(HasSubstr("Install_MenuHandler failed")));
 }
 
-TEST_F(Frame, FailedMenuHandlerIsPassedBackAndHelpIsRegisteredAllTheSame) {
+TEST_F(AddOnLife, FailedMenuHandlerIsPassedBackAndHelpIsRegisteredAllTheSame) {
     host_.handlerError = APIERR_BADID;
     EXPECT_EQ(host_.addOn.initialize(&host_.client), APIERR_BADID);
     EXPECT_THAT(debug_.text, HasSubstr("ZUNACAddon:: Initialize() ACAPI_Install_MenuHandler failed\n"));
     EXPECT_EQ(helpFolders().size(), 1U);
 }
 
-TEST_F(Frame, HelpIsTheFolderThatHoldsTheBundle) {
+TEST_F(AddOnLife, HelpIsTheFolderThatHoldsTheBundle) {
     host_.start();
     const std::string folderOfBundle = realBundle().parent_path().string();
     EXPECT_THAT(helpFolders(), ::testing::ElementsAre(folderOfBundle));
@@ -75,13 +75,20 @@ TEST_F(Frame, HelpIsTheFolderThatHoldsTheBundle) {
     EXPECT_THAT(debug_.text, Not(HasSubstr("register additional help failed")));
 }
 
-TEST_F(Frame, HelpIsGoneAfterTheEnd) {
+TEST_F(AddOnLife, HelpIsToldAsItWasBeforeItsRegistration) {
+    HostCalls calls;
+    calls.clearHelpLocations = true;
+    host_.start();
+    EXPECT_THAT(debug_.text, HasSubstr("Additional Help at: \"" + realBundle().parent_path().string() + "\"\n"));
+}
+
+TEST_F(AddOnLife, HelpIsGoneAfterTheEnd) {
     host_.start();
     EXPECT_EQ(host_.addOn.exported.freeData(), NoError);
     EXPECT_TRUE(helpFolders().empty());
 }
 
-TEST_F(Frame, FailedHelpRegistrationIsLoggedAndTheEndSucceedsAllTheSame) {
+TEST_F(AddOnLife, FailedHelpRegistrationIsLoggedAndTheEndSucceedsAllTheSame) {
     const IO::Location taken("/taken");
     DG::RegisterAdditionalHelpLocation(0x58703953, -1312990621, &taken, nullptr, nullptr, nullptr, nullptr);
     EXPECT_EQ(host_.addOn.initialize(&host_.client), NoError);
@@ -91,7 +98,7 @@ TEST_F(Frame, FailedHelpRegistrationIsLoggedAndTheEndSucceedsAllTheSame) {
     EXPECT_EQ(host_.addOn.exported.freeData(), NoError);
 }
 
-TEST_F(Frame, SpecialFolderIsLoggedOnALineOfItsOwn) {
+TEST_F(AddOnLife, SpecialFolderIsLoggedOnALineOfItsOwn) {
     host_.addOn.put<HostSlot::Environment>([](void*, UInt32 code, void* par1, void* par2, void* par3) -> GSErrCode {
         EXPECT_EQ(code, 0x47535046U);
         EXPECT_EQ(*static_cast<Int32*>(par1), 12);
@@ -104,29 +111,29 @@ TEST_F(Frame, SpecialFolderIsLoggedOnALineOfItsOwn) {
     EXPECT_EQ(debug_.text.substr(0, debug_.text.find('\n') + 1), "px=/help/100%s\n");
 }
 
-TEST_F(Frame, HostWithoutSpecialFoldersIsLoggedWithAnEmptyOne) {
+TEST_F(AddOnLife, HostWithoutSpecialFoldersIsLoggedWithAnEmptyOne) {
     host_.start();
     EXPECT_EQ(debug_.text.substr(0, 4), "px=\n");
 }
 
-TEST_F(Frame, OtherMenuRunsNothing) {
+TEST_F(AddOnLife, OtherMenuRunsNothing) {
     host_.start();
     EXPECT_EQ(host_.pickMenuItem(1, 32499), NoError);
     EXPECT_EQ(host_.pickMenuItem(2, 32520), NoError);
 }
 
-TEST_F(Frame, UnknownItemRunsNothing) {
+TEST_F(AddOnLife, UnknownItemRunsNothing) {
     host_.start();
     for (const Int32 item : {0, 3, -1}) EXPECT_EQ(host_.pickMenuItem(item), NoError);
 }
 
-TEST_F(Frame, FirstItemAsksForAnUpdateFile) {
+TEST_F(AddOnLife, FirstItemAsksForAnUpdateFile) {
     view_.cancelNextFile();
     EXPECT_EQ(host_.pickMenuItem(1), NoError);
     EXPECT_EQ(view_.fileRequests().size(), 1U);
 }
 
-TEST_F(Frame, SecondItemOpensTheLookupDialog) {
+TEST_F(AddOnLife, SecondItemOpensTheLookupDialog) {
     view_.inNextDialog([](frontend::Dialog& dialog) { EXPECT_EQ(dialog.resourceId(), 32500); });
     EXPECT_EQ(host_.pickMenuItem(2), NoError);
 }

@@ -1,6 +1,6 @@
 // Names of the host's numbers, each row of each table.
 
-#include "HelperAddOn.hpp"
+#include "DriverAddOn.hpp"
 
 #include <gmock/gmock.h>
 

@@ -1,7 +1,7 @@
 // Clicks in the model window, through the real host.
 
+#include "DriverAddOn.hpp"
 #include "FailingMemory.hpp"
-#include "HelperAddOn.hpp"
 #include "support/IfcText.hpp"
 
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
 #pragma once
-// The helper add-on: without a host, over a table of the test's own; or in the real host, inside a menu command.
+// The driver add-on: without a host, over a table of the test's own; or in the real host, inside a menu command.
 
-#include "helperaddon/Helpers.hpp"
+#include "driveraddon/Helpers.hpp"
 #include "support/HostFixture.hpp"
 #include "support/RawAddOn.hpp"
 
@@ -11,7 +11,7 @@
 
 namespace testing_support {
 
-std::filesystem::path helperBundle();
+std::filesystem::path driverBundle();
 
 /// The image with a table that the test fills; nothing of its host side is called but what the test calls.
 ///
@@ -21,7 +21,7 @@ std::filesystem::path helperBundle();
 ///     addOn->Neig_To_ElemID(1);
 class RawHelpers : public RawAddOn {
 public:
-    RawHelpers() : RawHelpers(helperBundle()) {}
+    RawHelpers() : RawHelpers(driverBundle()) {}
     explicit RawHelpers(const std::filesystem::path& bundle);
     /// Ends the add-on's use first, where the test has begun it.
     ~RawHelpers();
@@ -36,7 +36,7 @@ private:
     const Helpers* helpers_;
 };
 
-/// The helper add-on in the real host.
+/// The driver add-on in the real host.
 class HostedHelpers : public HostFixture {
 protected:
     void SetUp() override;
@@ -53,7 +53,6 @@ private:
     void* image_ = nullptr;
 };
 
-std::string narrow(const GS::UniString& text);
 API_Guid apiGuid(std::string_view text);
 
 }  // namespace testing_support

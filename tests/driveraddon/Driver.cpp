@@ -1,6 +1,7 @@
 #include "Helpers.hpp"
 
 static std::function<void()> command;
+static std::function<void()> atEnd;
 
 extern "C" {
 IMAGE_EXPORT GetHelpersProc GetHelpers;
@@ -8,7 +9,7 @@ IMAGE_EXPORT GetHelpersProc GetHelpers;
 
 const Helpers* GetHelpers() {
 #define HELPER(name) &::name,
-    static const Helpers helpers{&command, HELPERS(HELPER)};
+    static const Helpers helpers{&command, &atEnd, HELPERS(HELPER)};
 #undef HELPER
     return &helpers;
 }
@@ -33,6 +34,8 @@ GSErrCode Initialize() {
 }
 
 GSErrCode FreeData() {
+    if (atEnd) atEnd();
     command = nullptr;
+    atEnd = nullptr;
     return NoError;
 }

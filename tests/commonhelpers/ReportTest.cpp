@@ -1,6 +1,6 @@
 // Report lines: for the developer in the debug output, for the user in the host's report.
 
-#include "HelperAddOn.hpp"
+#include "DriverAddOn.hpp"
 
 #include <gmock/gmock.h>
 

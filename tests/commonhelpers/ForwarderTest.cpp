@@ -1,6 +1,6 @@
 // The ACAPI_ family: every member against its slot.
 
-#include "HelperAddOn.hpp"
+#include "DriverAddOn.hpp"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,5 @@
 #pragma once
-// What the helper add-on hands to a test: addresses of its binding and of its common helpers, and a command to run.
+// What the driver add-on hands to a test: addresses of its binding and of its common helpers, and a command to run.
 
 #include "ACAPlib.hpp"
 #include "APICommon.hpp"
@@ -36,8 +36,9 @@
 // clang-format on
 
 struct Helpers {
-    /// Run by the add-on when an item of its menu is picked.
+    /// Run by the add-on when an item of its menu is picked, and in its FreeData.
     std::function<void()>* command;
+    std::function<void()>* atEnd;
 
 #define HELPER(name) decltype(&::name) name;
     HELPERS(HELPER)

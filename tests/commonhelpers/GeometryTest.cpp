@@ -1,6 +1,6 @@
 // Arcs, angles and distances on the plane.
 
-#include "HelperAddOn.hpp"
+#include "DriverAddOn.hpp"
 
 #include <rapidcheck.h>
 #include <rapidcheck/gtest.h>
