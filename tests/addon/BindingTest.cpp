@@ -1,6 +1,7 @@
 // The load-time binding as the host sees it: what the image shows, the record, the table, the wrappers, start and end.
 
 #include "FakeHost.hpp"
+#include "HostCalls.hpp"
 
 #include <gmock/gmock.h>
 
@@ -183,6 +184,37 @@ TEST(ImageStart, LeavesNoCoreFoundationObjectBehind) {
     const std::size_t before = frontend::liveCoreFoundationObjects();
     RawAddOn addOn(copyBundle(folder.path()));
     EXPECT_EQ(frontend::liveCoreFoundationObjects(), before);
+}
+
+TEST(ImageStart, WithoutAPathHasNoResourcesAndLeaksNothing) {
+    for (const char* function : {"CFURLCopyFileSystemPath", "CFStringCreateMutableCopy"}) {
+        TempFolder folder;
+        const NoCoreFoundation missing(function);
+        const std::size_t before = frontend::liveCoreFoundationObjects();
+        RawAddOn addOn(copyBundle(folder.path()));
+        addOn.bind();
+        EXPECT_EQ(addOnName(addOn), "") << function;
+        EXPECT_EQ(frontend::liveCoreFoundationObjects(), before) << function;
+    }
+}
+
+TEST(ImageStart, NeedsNoFileNameForItsResources) {
+    TempFolder folder;
+    const NoCoreFoundation missing("CFURLCopyLastPathComponent");
+    const std::size_t before = frontend::liveCoreFoundationObjects();
+    RawAddOn addOn(copyBundle(folder.path()));
+    addOn.bind();
+    EXPECT_EQ(addOnName(addOn), "Quillmarsh Updates");
+    EXPECT_EQ(frontend::liveCoreFoundationObjects(), before);
+}
+
+TEST(ImageStart, FileNameThatDoesNotFitDoesNotMatterToThePath) {
+    DebugCapture debug;
+    const std::string folderName = "/" + std::string(300, 'x');
+    const ScriptedBundlePath path(folderName + "/ZUNAC.bundle");
+    FakeHost host;
+    EXPECT_EQ(host.addOn.initialize(&host.client), NoError);
+    EXPECT_THAT(debug.text, ::testing::HasSubstr("Additional Help at: \"" + folderName + "\"\n"));
 }
 
 /// A folder whose bundle has a path of exactly this many bytes.

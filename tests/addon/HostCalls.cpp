@@ -17,6 +17,7 @@ struct StandIns {
     static inline std::optional<std::string> bundlePath;
     static inline HostCalls* calls = nullptr;
     static inline bool readsFail = false;
+    static inline std::string failing;
 
     static void note(Int16 item) {
         if (calls != nullptr) calls->items_.push_back(item);
@@ -49,6 +50,14 @@ HostCalls::~HostCalls() {
     StandIns::calls = nullptr;
 }
 
+NoCoreFoundation::NoCoreFoundation(std::string function) {
+    StandIns::failing = std::move(function);
+}
+
+NoCoreFoundation::~NoCoreFoundation() {
+    StandIns::failing.clear();
+}
+
 FailingReads::FailingReads() {
     StandIns::readsFail = true;
 }
@@ -71,6 +80,21 @@ Boolean CFStringGetCString(CFStringRef text, char* buffer, CFIndex bufferSize, C
     if (static_cast<CFIndex>(StandIns::bundlePath->size()) >= bufferSize) return 0;
     std::strcpy(buffer, StandIns::bundlePath->c_str());
     return 1;
+}
+
+CFStringRef CFURLCopyLastPathComponent(CFURLRef url) {
+    if (StandIns::failing == __func__) return nullptr;
+    return testing_support::real<decltype(&CFURLCopyLastPathComponent)>(__func__)(url);
+}
+
+CFStringRef CFURLCopyFileSystemPath(CFURLRef url, CFURLPathStyle pathStyle) {
+    if (StandIns::failing == __func__) return nullptr;
+    return testing_support::real<decltype(&CFURLCopyFileSystemPath)>(__func__)(url, pathStyle);
+}
+
+CFMutableStringRef CFStringCreateMutableCopy(CFAllocatorRef allocator, CFIndex maxLength, CFStringRef text) {
+    if (StandIns::failing == __func__) return nullptr;
+    return testing_support::real<decltype(&CFStringCreateMutableCopy)>(__func__)(allocator, maxLength, text);
 }
 
 GSErrCode DGInvalidateItem(Int16 dialogId, Int16 item) {

@@ -37,6 +37,15 @@ private:
     std::vector<int> items_;
 };
 
+/// While one lives, this function of Core Foundation makes nothing: it returns null.
+class NoCoreFoundation {
+public:
+    explicit NoCoreFoundation(std::string function);
+    ~NoCoreFoundation();
+    NoCoreFoundation(const NoCoreFoundation&) = delete;
+    NoCoreFoundation& operator=(const NoCoreFoundation&) = delete;
+};
+
 /// A disk that fails: of each file opened for it, reads give the file's bytes, and the read behind them fails.
 class FailingReads {
 public:

@@ -39,16 +39,20 @@ protected:
         return ticks;
     }
 
-    /// Loads the add-on with a review list of another width.
-    void loadWithListWidth(int width) {
+    /// Loads the add-on with what `pattern` matches in its definitions replaced.
+    void loadWithDefinitions(const char* pattern, const std::string& replacement) {
         const std::filesystem::path bundle = folder_.path() / realBundle().filename();
         std::filesystem::copy(realBundle(), bundle, std::filesystem::copy_options::recursive);
         const std::string definitions = bytesOf(bundle / "Contents/Resources/ZUNACAddin19.res");
-        const std::regex list("(list 5 at \\d+ \\d+ size )\\d+");
-        folder_.write("ZUNACAddin19.bundle/Contents/Resources/ZUNACAddin19.res",
-                      std::regex_replace(definitions, list, "$01" + std::to_string(width)));
+        const std::string changed = std::regex_replace(definitions, std::regex(pattern), replacement);
+        ASSERT_NE(changed, definitions);
+        folder_.write("ZUNACAddin19.bundle/Contents/Resources/ZUNACAddin19.res", changed);
         const model::Status loaded = host_.loadAddOn(bundle);
         ASSERT_TRUE(loaded) << loaded.error().message;
+    }
+    /// Loads it with a review list of another width.
+    void loadWithListWidth(int width) {
+        loadWithDefinitions("(list 5 at \\d+ \\d+ size )\\d+", "$01" + std::to_string(width));
     }
 
     static void setTickText(ImportDialog& dialog, const char* text) {
@@ -107,6 +111,16 @@ TEST_F(FillingTheList, IsNotDrawnRowByRowAndDrawnWholeAtTheEnd) {
 
 TEST_F(ReviewDialog, EveryRowStartsUnticked) {
     EXPECT_EQ(ticksAfter([](ImportDialog&) {}), (Ticks{Off, Off, Off}));
+}
+
+TEST_F(ReviewDialog, ButtonThatTheAddOnDoesNotKnowDoesNothing) {
+    loadWithDefinitions("( *list 5 at )", "    button 6 at 0 0 size 9 9 \"?\"\n$01");
+    importUpdates([](ImportDialog& dialog) {
+        const auto before = dialog.selectAll().rows();
+        EXPECT_TRUE(dialog.shown().clickItem(6));
+        EXPECT_FALSE(dialog.shown().ended());
+        EXPECT_EQ(dialog.rows(), before);
+    });
 }
 
 // --- Resizing ------------------------------------------------------------------------------------------------------

@@ -281,6 +281,14 @@ TEST_F(SettingAValue, ExistingReferenceKeepsItsOtherFields) {
     EXPECT_EQ(narrow(written.referencedSource.classificationName), "System 2012");
 }
 
+TEST_F(SettingAValue, ReferenceOfTheSystemIsFoundBehindOthers) {
+    host_.classifications.Push(classification("Another", "X", "Y"));
+    host_.classifications.Push(classification("System", "A", "B"));
+    EXPECT_EQ(setValue("System", "C{D}"), "Done");
+    ASSERT_EQ(host_.setClassifications.size(), 1U);
+    EXPECT_EQ(narrow(host_.setClassifications[0].systemLabel), "System");
+}
+
 TEST_F(SettingAValue, ReferenceWithoutBracesGetsAnEmptyNameThatIsPresent) {
     API_IFCClassificationReference reference;
     reference.systemLabel = "System";

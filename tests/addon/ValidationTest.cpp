@@ -277,6 +277,14 @@ TEST_F(Validating, AttributeNamesGoToTheDebugOutput) {
     EXPECT_EQ(debug_.text, "Property: NameProperty: 100%s");
 }
 
+TEST_F(Validating, UsedUpMemoryEndsTheCommandInsteadOfDroppingTheLine) {
+    host_.pickMenuItem(0);
+    host_.inAttributes = [] { throw std::bad_alloc(); };
+    view_.pickNextFile(folder_.write("updates.txt", line("Name", "first")).string());
+    EXPECT_THROW(host_.pickMenuItem(1), std::bad_alloc);
+    EXPECT_TRUE(frontend::openDialogs().empty());
+}
+
 TEST_F(Validating, ExceptionDropsTheLineAndGoesToTheDebugOutput) {
     host_.pickMenuItem(0);
     debug_.text.clear();

@@ -95,6 +95,9 @@ TEST_F(OwnModule, BlocksOfBlocksAreFreedWithTheirMembers) {
     EXPECT_EQ(ptrArray, nullptr);
     addOn_->ACAPI_FreePtrArray(&ptrArray);
     addOn_->ACAPI_DisposeHandleArray(&array);
+    addOn_->ACAPI_FreePtrArray(nullptr);
+    addOn_->ACAPI_DisposeHandleArray(nullptr);
+    EXPECT_EQ(liveHandles(), 0);
 }
 
 // --- The image's own place -----------------------------------------------------------------------------------------
@@ -103,6 +106,9 @@ TEST_F(OwnModule, OwnLocationIsTheBundle) {
     IO::Location location;
     EXPECT_EQ(addOn_->ACAPI_GetOwnLocation(location), NoError);
     EXPECT_EQ(narrow(location.GetPath()), driverBundle().string());
+    IO::Location again;
+    EXPECT_EQ(addOn_->ACAPI_GetOwnLocation(again), NoError);
+    EXPECT_EQ(again.GetPath(), location.GetPath());
     EXPECT_EQ(*addOn_->gOwnLocationData, *addOn_->GetBundlePath_bundlePath);
     EXPECT_STREQ(*addOn_->gDllFileName, "driveraddon.bundle");
 }

@@ -207,7 +207,7 @@ TEST_F(Requests, EmptySpaceWithoutANearestElementIsNotAcceptedButDescribed) {
 }
 
 TEST_F(Requests, PartIsForgottenOnlyOnDemand) {
-    hit({1, SomeGuid, 1, 77, {}}, 1);
+    hit({1, 0, SomeGuid, 1, 0, 77}, 1);
     API_Neig neig{};
     EXPECT_TRUE(addOn_->ClickAnElem("Which?", 1, &neig, nullptr, nullptr, nullptr, false));
     EXPECT_EQ(neig.elemPartId, 77);
@@ -215,8 +215,20 @@ TEST_F(Requests, PartIsForgottenOnlyOnDemand) {
     EXPECT_EQ(neig.elemPartId, 0);
 }
 
+TEST_F(Requests, RunEndsAtANeigWithoutAnIdentifier) {
+    hit({}, 1);
+    int count = -1;
+    EXPECT_EQ(addOn_->ClickElements_Neig("Which?", 1, &count), nullptr);
+    EXPECT_EQ(count, 0);
+}
+
+TEST_F(Requests, ArcMayBeAskedForWithoutAnyOutput) {
+    onInterface = [](UInt32, void*) { return NoError; };
+    EXPECT_TRUE(addOn_->GetAnArc("Arc?", nullptr, nullptr, nullptr, nullptr));
+}
+
 TEST_F(Requests, SectionElementCountsAsTheTypeThatWasCut) {
-    hit({55, SomeGuid, 1, 0, {}}, 29);
+    hit({55, 0, SomeGuid, 1, 0, 0}, 29);
     onElement = [](API_Element* element) {
         EXPECT_EQ(element->header.guid, SomeGuid);
         element->parentType = 1;
