@@ -12,7 +12,7 @@
 namespace console {
 namespace {
 
-/// The parsed words of all commands; only those of the one that was named count.
+/// What CLI11 writes into. Only the words of the command that was named count.
 struct Words {
     ImportOptions import;
     LookupOptions lookup;

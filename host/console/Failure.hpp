@@ -1,6 +1,6 @@
 #pragma once
-// How the console's own code fails: it throws a Failure, and only main catches and prints it. No Failure ever crosses
-// the add-on: inside a View's calls a problem is kept and thrown after the command has returned.
+// The console's own code reports an error by throwing a Failure, which only main catches and prints. A Failure must not
+// be thrown through the add-on's code: a View keeps the problem and throws it after the add-on's command has returned.
 
 #include "model/base/Result.hpp"
 

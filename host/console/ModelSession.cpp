@@ -30,6 +30,7 @@ ModelSession::ModelSession(const CommonOptions& options, std::filesystem::path m
 }
 
 ModelSession::~ModelSession() {
+    // The add-on may still write debug output when it is unloaded, so the sink goes last.
     host_.unloadAddOn();
     frontend::setDebugSink({});
 }

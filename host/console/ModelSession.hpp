@@ -1,5 +1,5 @@
 #pragma once
-// One run of modelhost: the model it works on, the add-on, and what both say to the user.
+// The open model of one run of modelhost, with the add-on loaded for it. Their messages go to standard error.
 
 #include "console/Options.hpp"
 #include "frameworks/FrontEnd.hpp"
@@ -14,8 +14,8 @@ namespace console {
 
 /// What the model's file is opened for.
 enum class Access : std::uint8_t {
-    Reading,  ///< Takes no lock: nobody is kept from working on the file meanwhile.
-    Editing,  ///< To be saved where it came from. Locks the file, so that other hosts open it for reading.
+    Reading,  ///< Takes no lock: others may work on the file meanwhile.
+    Editing,  ///< To save where it was opened. Locks the file: other hosts can open it for reading only.
 };
 
 class ModelSession {
@@ -35,7 +35,7 @@ public:
     /// end. Throws Failure where there is no such item or the add-on answers with an error.
     void runMenuCommand(Int32 item, frontend::View& view);
 
-    /// Saves, showing progress. An interrupt while it writes ends the program and leaves the old file. Throws Failure.
+    /// Saves and shows progress. An interrupt (Ctrl-C) ends the program and leaves the old file. Throws Failure.
     void save(const std::filesystem::path& target);
 
     /// The refusals and notes of the host's report, UTF-8.
@@ -47,7 +47,7 @@ private:
     host::Host host_;
 };
 
-/// Puts a view in charge for as long as it lives.
+/// Makes a view the one that the dialog manager calls, for as long as this object lives.
 class ViewInCharge {
 public:
     explicit ViewInCharge(frontend::View& view) : previous_(frontend::setView(&view)) {}

@@ -7,7 +7,7 @@
 namespace updatefile {
 namespace {
 
-/// One hint where there are such lines. `{}` in the text stands for the lines, with a capital.
+/// Adds "Lines 4 and 17" and the text, if there are such lines.
 void hint(std::vector<std::string>& hints, const LineNotes& notes, std::string_view text) {
     if (notes.count == 0) return;
     std::string lines = numbered("line", notes);
@@ -77,7 +77,7 @@ std::vector<std::string> hintsFor(const UpdateFileFindings& findings, const Revi
                         "the parts one after the other",
                         counted(counts.rowsLost, "row"), counts.rows));
     if (findings.utf16) {
-        // Every other finding would only be a consequence of this one.
+        // All other findings only follow from this one.
         hints.emplace_back(
             "The file is UTF-16 text, whose zero bytes end every line's text: save it as UTF-8 "
             "(in a spreadsheet: tab-delimited text, UTF-8)");

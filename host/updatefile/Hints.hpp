@@ -1,5 +1,5 @@
 #pragma once
-// The findings in words, each with what to do about it.
+// The findings as sentences, each with what to do about it.
 
 #include "updatefile/UpdateFileScan.hpp"
 
@@ -20,7 +20,7 @@ struct ReviewCounts {
 std::vector<std::string> hintsFor(const UpdateFileFindings& findings, const ReviewCounts& counts,
                                   std::string_view shows);
 
-/// Why the file is no update file at all, with what to do; nothing where it is one.
+/// Why the file cannot be an update file, with what to do; nothing if it can be one.
 std::optional<std::string> uselessBecause(const UpdateFileFindings& findings);
 
 }  // namespace updatefile

@@ -12,7 +12,7 @@
 namespace updatefile {
 namespace {
 
-/// The add-on's line buffer: a longer line goes on as a line of its own.
+/// The add-on's line buffer. The rest of a longer line counts as a line of its own.
 constexpr std::size_t LongestPiece = 2047;
 constexpr std::size_t FieldsOfALine = 4;
 
@@ -64,7 +64,7 @@ void UpdateFileScan::endLine() {
 
 void UpdateFileScan::endPiece() {
     ++findings_.pieces;
-    // The rest of a cut line means nothing by itself; that the line was cut is noted.
+    // The rest of a cut line means nothing by itself, and the cut is noted already.
     if (lineBytes_ <= LongestPiece) examine(piece_);
     piece_.clear();
 }
@@ -106,7 +106,7 @@ void UpdateFileScan::examineGuid(std::string_view field) {
 
 UpdateFileFindings UpdateFileScan::finish() {
     if (lineBytes_ > 0) ++findings_.lines;
-    // A line whose length is a multiple of the buffer's was handed on whole, end or not.
+    // A line whose length is a multiple of the buffer's was taken when the buffer was full, so it needs no line end.
     if (!piece_.empty()) findings_.lineWithoutEnd = line_;
     const FileKind kind = detectFileKind(beginning_);
     findings_.byteOrderMark = kind == FileKind::TextWithByteOrderMark;

@@ -1,6 +1,6 @@
 #pragma once
-// What a person should be told of an update file that the add-on, as it must, passes over in silence. One pass over the
-// bytes, cutting them into lines as the add-on does; memory does not grow with the file.
+// Finds what is wrong with an update file. The add-on passes over such lines without a word, so the host tells the
+// user. One pass over the bytes, cut into lines as the add-on cuts them. Memory does not grow with the file.
 
 #include "text/Guid.hpp"
 
@@ -39,7 +39,7 @@ struct UpdateFileFindings {
     std::uint64_t lineWithoutEnd = 0;  ///< The last line, where it has no line end; otherwise 0.
     bool byteOrderMark = false;        ///< Of UTF-8.
     bool utf16 = false;
-    bool binary = false;  ///< No text at all: a spreadsheet's own file, an archive, a program.
+    bool binary = false;  ///< Not a text file: a workbook, an archive, a program.
 };
 
 class UpdateFileScan {

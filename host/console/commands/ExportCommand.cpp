@@ -33,8 +33,8 @@ JsonValue jsonOf(const LeftOut::Group& group) {
             {"examples", group.examples}};
 }
 
-/// Where the lines go: into a file, into the JSON document, or to standard output, where a terminal is not sent control
-/// characters that a model's texts may hold.
+/// Where the lines go: a file, the JSON document, or standard output. A terminal gets control characters in the model's
+/// texts as pictures.
 class Lines {
 public:
     explicit Lines(const ExportOptions& options)
@@ -83,7 +83,7 @@ void sayWhatIsMissing(const Exporter& exporter) {
                         counted(count, "value"), item));
 }
 
-/// What would keep the lines from being written is said before the work.
+/// Checked before the work, so that no work is lost.
 void checkTarget(const ExportOptions& options) {
     if (!options.output) return;
     std::error_code ignored;

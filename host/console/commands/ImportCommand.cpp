@@ -33,7 +33,7 @@ bool hasModelName(const std::filesystem::path& path) {
     return equalIgnoringCase(extension, ".ifc") || equalIgnoringCase(extension, ".ifczip");
 }
 
-/// What would keep the work from being saved is said before the work.
+/// Checked before the work, so that no work is lost.
 void checkTarget(const ImportOptions& options) {
     const auto target = targetOf(options);
     if (!target) return;
@@ -48,7 +48,7 @@ Access accessFor(const ImportOptions& options) {
     return target && sameFile(*target, options.model) ? Access::Editing : Access::Reading;
 }
 
-/// Another host may have opened it since the target was checked.
+/// Another host may have opened the file after the target was checked.
 void checkStillOurs(const ImportOptions& options, const model::Model& model) {
     if (!model.lockHolder().empty())
         throw Failure(fmt::format("{}: the file has just been opened in {}; close it there, or save with -o OUT.ifc",
@@ -92,7 +92,7 @@ ImportReport reportOf(ModelSession& session, const ImportUser& user, const Updat
     return report;
 }
 
-/// An unchanged model is not written over itself; a copy asked for by name is made in any case.
+/// An unchanged model is not written over itself. A copy asked for with -o is written in any case.
 void save(ModelSession& session, const ImportOptions& options, ImportReport& report) {
     const auto target = targetOf(options);
     if (!target || (options.inPlace && !session.model().modified())) return;

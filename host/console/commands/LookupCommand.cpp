@@ -54,7 +54,7 @@ private:
 };
 
 std::string LookupAnswer::error() const {
-    // The first row repeats the GUID; the second is the element's type, or the reason why there is none.
+    // The first row repeats the GUID. The second is the element's type, or the reason why there is no element.
     if (rows.size() < 2 || rows[1].columns.size() < 2) return "?";
     return rows[1].columns[0] == "Error" && rows.size() == 2 ? rows[1].columns[1] : "";
 }
@@ -80,7 +80,7 @@ void LookupUser::lookUp(frontend::Dialog& dialog) {
     answers_.push_back({std::move(guid), readRows(list, before + 1)});
 }
 
-/// The dialog takes 36 characters only. Some programs put braces around them.
+/// The dialog takes the 36 characters only. Windows programs often write a GUID in braces.
 std::string inLongForm(const std::string& guid) {
     if (const auto fromGlobalId = model::fromGlobalId(guid)) return text::guidText(*fromGlobalId);
     const bool inBraces = guid.size() > 2 && guid.front() == '{' && guid.back() == '}';

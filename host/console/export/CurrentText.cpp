@@ -60,7 +60,8 @@ void takeClassification(CurrentText& current, const model::ClassificationReferen
 }  // namespace
 
 CurrentText currentText(const ElementData& element, std::u16string_view itemName) {
-    // The first kind of data that has the item supplies the value; within it, the last of that name.
+    // As in the add-on: attributes come before properties, and these before classifications. Of several with the name
+    // the add-on keeps the last one that it reads.
     CurrentText current;
     const std::string attributeName = toUtf8(itemName);
     for (const model::Attribute& attribute : element.attributes) {

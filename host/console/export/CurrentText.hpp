@@ -1,6 +1,6 @@
 #pragma once
-// What the review list will show as an item's current value, by the rules by which the add-on finds and prints it. An
-// exported line must come back with the remark that old and new values are the same; so the two must not differ.
+// What the review list will show as an item's current value. These are the add-on's own rules for finding and printing
+// it: an exported line that is imported again must be reviewed as "Old and new values are the same."
 
 #include "model/Model.hpp"
 

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t ExamplesKept = 3;
 
-/// As the add-on takes it off the second field: what stands before the first bracket.
+/// The name that the add-on looks for: the text before the first bracket.
 std::u16string nameOf(const std::string& designation) {
     const GS::UniString text = toUniString(designation);
     const std::u16string_view units = text.View();

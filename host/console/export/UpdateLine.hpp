@@ -19,7 +19,7 @@ model::Result<std::vector<std::string>> parseItems(std::string_view text);
 /// The same check for an item that is taken as it stands.
 model::Status checkItem(std::string_view item);
 
-/// Why an item of an element is left out. In the order in which the reasons are told.
+/// Why an item of an element is left out, in the order in which the reasons are printed.
 enum class Obstacle : std::uint8_t {
     None,
     NoItem,       ///< The element has no such item.

@@ -1,5 +1,5 @@
 #pragma once
-// Everything that an import has to tell, and the three forms in which it is told.
+// The result of an import, and its three forms: table, TSV and JSON.
 
 #include "console/output/ListRows.hpp"
 #include "console/output/StandardOutput.hpp"

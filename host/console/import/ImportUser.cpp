@@ -27,7 +27,7 @@ std::optional<std::string> ImportUser::pickFile(const frontend::FileRequest&) {
 }
 
 void ImportUser::runModal(frontend::Dialog& dialog) {
-    // A further dialog, from an add-on that asks something, is closed by the dialog manager as by Escape.
+    // Only the first dialog with the list is the review. The dialog manager closes any other one, as Escape would.
     if (dialogSeen_ || dialog.list(ReviewList) == nullptr) return;
     dialogSeen_ = true;
     problem_.clear();
@@ -67,7 +67,7 @@ void ImportUser::changed(frontend::Dialog& dialog, Int16) {
     const frontend::List* list = dialog.list(ReviewList);
     if (!applying_ || list == nullptr) return;
     const int count = list->rowCount();
-    // The pass runs from top to bottom and leaves a row that it tries either unticked or with "error!".
+    // The add-on applies from top to bottom. So the first ticked row without a result is where it is.
     while (firstUnfinished_ <= count) {
         const auto row = static_cast<Int16>(firstUnfinished_);
         const std::string remarks = toUtf8(list->cell(row, updatefile::reviewlist::RemarksColumn + 1));

@@ -30,8 +30,8 @@ public:
     std::optional<std::string> pickFile(const frontend::FileRequest& request) override;
     void changed(frontend::Dialog& dialog, Int16 item) override;
 
-    // --- What was seen, once the command has ended ---
-    /// Why the user closed the dialog without doing what was planned; empty where all went as planned.
+    // --- Valid once the command has ended ---
+    /// Why the dialog was closed without doing what was planned; empty if all went as planned.
     const std::string& problem() const { return problem_; }
     const std::vector<std::string>& header() const { return header_; }
     const std::vector<ListRow>& review() const { return review_; }  ///< As ticked, before Apply.
@@ -53,8 +53,8 @@ private:
     int firstUnfinished_ = 1;  ///< While applying: the row that the pass has come to.
 };
 
-/// How far the add-on has come with the lines of the update file. It reads them all before its dialog shows, and draws
-/// nothing meanwhile; what it writes to the debug output for each line is the one sign of life.
+/// Shows how many lines of the update file the add-on has read. It reads all of them before its dialog opens and calls
+/// no View meanwhile. But it writes to the debug output for each line, so that is where the progress is taken from.
 class ReviewProgress {
 public:
     ReviewProgress(const std::string& updates, std::uint64_t lines);
@@ -67,7 +67,7 @@ private:
 
     ProgressLine line_;
     std::uint64_t lines_;
-    bool watching_;  ///< Only for a terminal: without a sink the add-on's debug texts are not even put together.
+    bool watching_;  ///< Only for a terminal: without a sink the add-on's debug texts are not formatted at all.
     frontend::DebugSink previous_;
 };
 

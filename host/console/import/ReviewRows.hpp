@@ -1,5 +1,5 @@
 #pragma once
-// What the rows of the review list say to a person who knows its columns and texts.
+// What a row of the review list means, by the texts in its columns.
 
 #include "console/output/ListRows.hpp"
 
@@ -17,8 +17,9 @@ bool failed(const ListRow& row);
 /// classification.
 bool namesNothing(const ListRow& row);
 
-/// For rows that ended in an error although the host refused nothing: the designation names nothing that there is, and
-/// no property set in which to create it. @param result  after Apply, row by row as in `review`.
+/// A hint for rows that ended in "error!" because the item does not exist and the line names no property set in which
+/// to create it. The host refused nothing then, so its report does not say why. @param result  after Apply, row by row
+/// as in `review`.
 std::optional<std::string> hintForUnknownItems(const std::vector<ListRow>& review, const std::vector<ListRow>& result);
 
 }  // namespace console

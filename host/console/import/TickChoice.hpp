@@ -16,7 +16,7 @@ struct TickChoice {
     using Range = std::pair<std::uint32_t, std::uint32_t>;  ///< First and last row, from 1.
 
     Kind kind = Kind::All;
-    std::vector<Range> ranges;  ///< Sorted, without overlap: a row named twice is still clicked once.
+    std::vector<Range> ranges;  ///< Sorted, without overlap: a second click would remove the tick.
 
     /// The highest row named, 0 where none is.
     std::uint32_t lastRow() const { return ranges.empty() ? 0 : ranges.back().second; }

@@ -40,7 +40,8 @@ UpdateFile::UpdateFile(std::filesystem::path path) : path_(std::move(path)), add
     struct stat status {};
     if (fstat(fileno(file_.get()), &status) != 0) failWithError(path_);
     if (S_ISDIR(status.st_mode)) fail(path_, "it is a folder; name a file in it");
-    // The add-on reads the file a second time, by a name that is text.
+    // The add-on opens the file again by its name, and its names are text. So it gets a copy of what cannot be read
+    // twice (a pipe) and of a file whose name is not UTF-8.
     if (!S_ISREG(status.st_mode) || !isWellFormed(addOnPath_)) keepCopy(file_.get());
 }
 

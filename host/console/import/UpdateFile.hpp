@@ -1,6 +1,6 @@
 #pragma once
-// The update file as the console opens it: told apart from what is no update file before the add-on, which would show
-// an empty list in silence, gets it.
+// The update file as the console opens it. What is no update file is refused here: the add-on would only show an empty
+// list.
 
 #include "updatefile/UpdateFileScan.hpp"
 
@@ -22,7 +22,7 @@ public:
     /// Reads it whole. Throws Failure where that fails, or where the file is empty or no text.
     updatefile::UpdateFileFindings scan(const updatefile::UpdateFileScan::Knows& knows);
 
-    /// A path by which the add-on can open it, as long as this object lives.
+    /// The path under which the add-on can open it. Valid as long as this object lives.
     const std::string& pathForAddOn() const { return addOnPath_; }
 
 private:

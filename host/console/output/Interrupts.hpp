@@ -5,9 +5,9 @@
 
 namespace console {
 
-/// While one lives, an interrupt (also a termination request or a hang-up) does not end the program at once: it is
-/// noted, so that the writing can be cancelled and no temporary file stays behind. Elsewhere an interrupt ends the
-/// program as usual: nothing is half done then. At most one at a time.
+/// While a guard exists, SIGINT, SIGTERM and SIGHUP do not end the program at once. They are noted, so that the writing
+/// can be cancelled and no temporary file stays behind. Without a guard they end the program as usual: nothing is half
+/// done then. At most one guard at a time.
 class InterruptGuard {
 public:
     InterruptGuard();
@@ -18,7 +18,8 @@ public:
     static bool interrupted();
     /// `progress`, and cancelled once an interrupt came.
     static model::Progress cancelling(model::Progress progress);
-    /// Ends the program by the signal that came, as its starter expects of an interrupted program. Without one returns.
+    /// Ends the program by the signal that came, so that a shell sees an interrupted program. Returns if there was
+    /// none.
     static void dieIfInterrupted();
 };
 

@@ -22,7 +22,7 @@ ListRow readRow(const frontend::List& list, Int16 row) {
 
 std::vector<ListRow> readRows(const frontend::List& list, int first) {
     std::vector<ListRow> rows;
-    // The counter is an int: a list may be as long as its row numbers go.
+    // The counter is an int: in a list of 32,767 rows an Int16 would overflow behind the last one.
     for (int row = first; row <= list.rowCount(); ++row) rows.push_back(readRow(list, static_cast<Int16>(row)));
     return rows;
 }

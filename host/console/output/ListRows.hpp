@@ -1,5 +1,5 @@
 #pragma once
-// A list's rows as a person reads them off the dialog, kept after the dialog is gone.
+// A copy of a dialog list's rows, for use after the dialog is closed.
 
 #include "frameworks/FrontEnd.hpp"
 

@@ -12,10 +12,10 @@
 namespace console {
 namespace {
 
-constexpr double Patience = 1.0;  ///< Seconds before anything shows.
-constexpr double Interval = 0.1;  ///< Seconds between two showings.
+constexpr double Delay = 1.0;     ///< Seconds before the progress line appears.
+constexpr double Interval = 0.1;  ///< Seconds between two updates of it.
 
-/// Whether the last line of the terminal holds progress, which a message must wipe first.
+/// The terminal's last line holds progress, which a message must erase first.
 bool progressShown = false;
 
 double now() {
@@ -56,7 +56,7 @@ ProgressLine::~ProgressLine() {
 void ProgressLine::show(std::uint64_t done, std::uint64_t total) {
     if (!terminal_ || total == 0) return;
     const double time = now();
-    if (time - started_ < Patience || time - lastShown_ < Interval) return;
+    if (time - started_ < Delay || time - lastShown_ < Interval) return;
     lastShown_ = time;
     const double share = done < total ? static_cast<double>(done) / static_cast<double>(total) : 1.0;
     std::string line = fmt::format("{}  {:.0f} %", operation_, share * 100.0);

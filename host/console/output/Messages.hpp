@@ -1,6 +1,5 @@
 #pragma once
-// Everything said on standard error: one line a message, and on a terminal a line that shows how far a long operation
-// has come.
+// Messages on standard error, one line each; on a terminal also the progress of a long operation.
 
 #include "model/base/Progress.hpp"
 

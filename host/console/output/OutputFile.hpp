@@ -1,5 +1,5 @@
 #pragma once
-// A text file that the console writes: whole or not at all.
+// A text file that the console writes: complete or not at all.
 
 #include "console/output/Interrupts.hpp"
 
@@ -19,7 +19,7 @@ public:
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
 
-    /// What can be known before the work: that the folder is there. Throws Failure.
+    /// Checks before the work what can be checked then: that the folder exists. Throws Failure.
     static void checkPlace(const std::filesystem::path& target);
 
     void write(std::string_view text);

@@ -22,7 +22,7 @@ std::string environment(const char* name) {
     return value == nullptr ? std::string() : value;
 }
 
-/// COLUMNS, where it is set, counts for pipes too: it is the way to ask for a narrow table in a file.
+/// COLUMNS also sets the width of what goes into a pipe or a file.
 int widthOf(int descriptor, bool terminal) {
     const int columns = std::atoi(environment("COLUMNS").c_str());
     if (columns > 0) return columns;

@@ -7,7 +7,7 @@ namespace console {
 
 /// The device behind standard output or standard error.
 struct Terminal {
-    bool present = false;  ///< A person is looking.
+    bool present = false;  ///< It is a terminal: a person reads it.
     bool colour = false;   ///< A terminal, NO_COLOR is not set, and TERM is not "dumb".
     int width = 0;         ///< Columns; 0: no limit, print everything.
 
@@ -19,7 +19,7 @@ struct Terminal {
 /// cut result for a whole one.
 void print(std::string_view text);
 
-/// What print has kept back is written; to be called once, at the end.
+/// Writes what print has buffered. Called once, at the end.
 void flushStandardOutput();
 
 }  // namespace console

@@ -9,7 +9,7 @@ namespace console {
 namespace {
 
 constexpr int Gap = 2;
-/// A cut column still shows a letter or two; on a terminal too narrow even for that, lines wrap.
+/// A cut column still shows two letters and the ellipsis. On a terminal too narrow for that, lines wrap.
 constexpr int LeastWidth = 3;
 /// The first group of a GUID and the ellipsis.
 constexpr int LeastWidthOfFirst = 9;
@@ -55,7 +55,7 @@ void cutEvenly(std::vector<int>& widths, int room, int least) {
     const std::vector<int> natural = widths;
     const int cap = widestCap(natural, room, least);
     for (int& width : widths) width = std::min(width, cap);
-    // What is left over by the equal cap goes to the columns that were cut, from the left.
+    // The columns that were cut share what the equal cap leaves over, from the left.
     int rest = room - sum(widths);
     for (std::size_t column = 0; column < widths.size() && rest > 0; ++column)
         if (widths[column] < natural[column]) ++widths[column], --rest;

@@ -16,11 +16,11 @@ struct TableCell {
     Style style = Style::Plain;
 };
 
-/// When a column gives way on a terminal that is too narrow for all of them.
+/// Which columns are cut first on a terminal that is too narrow for all of them.
 enum class Yield : std::uint8_t {
-    First,   ///< Its beginning says enough.
+    First,   ///< Its beginning is enough to recognise it.
     Evenly,  ///< The widest of these is cut first.
-    Last,    ///< Worth nothing when it is cut.
+    Last,    ///< Useless when it is cut.
 };
 
 class Table {
@@ -30,7 +30,7 @@ public:
     explicit Table(std::vector<std::string> header);
     /// Missing cells at the end are empty.
     void add(Row row);
-    /// @param column  from 0; without this call it yields evenly.
+    /// @param column  from 0. The default is Evenly.
     void yield(std::size_t column, Yield when) { yields_.at(column) = when; }
 
     /// Every line ends with a line end. Where the terminal has a width, columns are cut until a line fits.

@@ -15,7 +15,7 @@
 namespace console {
 namespace {
 
-/// The next answer given beforehand; where there is none, the user cancels.
+/// The next answer that the script gave in advance; if there is none, the user cancels.
 template <class Answer>
 std::optional<Answer> takeAnswer(std::deque<std::optional<Answer>>& answers) {
     if (answers.empty()) return std::nullopt;
@@ -110,7 +110,8 @@ void ScriptUser::answerLastStep() {
     try {
         printLine(answer_);
     } catch (const Failure& failure) {
-        // This may be inside the add-on's command, which no exception must cross: the script ends as at its last line.
+        // This may run inside the add-on's command, which no exception may pass through. So the script ends as at its
+        // last line, and run() throws.
         outputFailure_ = failure.what();
     }
     answer_ = nullptr;

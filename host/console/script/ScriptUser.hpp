@@ -1,7 +1,7 @@
 #pragma once
-// The scripted user. Reads steps wherever a person would act: before a command, in an open dialog, in the file dialog,
-// in the model window. Each step is answered when the next one is about to be read, so that the answer tells what the
-// step led to: a dialog that opened or closed, a file asked for, the end of the command.
+// The scripted user. It reads steps wherever a person would act: before a command, in an open dialog, in the file
+// dialog, in the model window. A step is answered just before the next one is read. So the answer can say what the step
+// caused: a dialog that opened or closed, a file asked for, the end of the command.
 
 #include "console/ModelSession.hpp"
 #include "console/script/ScriptReader.hpp"
@@ -38,9 +38,9 @@ private:
     using Action = void (ScriptUser::*)(const JsonValue& step);
     struct Verb;
     static const Verb* findVerb(const JsonValue& step);
-    /// The add-on is at work: the menus, undo and saving are out of reach. Fails the step if so.
+    /// While the add-on's command runs, menus, undo and saving are disabled: fails the step then.
     bool refusedWhileCommandRuns();
-    /// The dialog in front; where there is none, fails the step and returns null.
+    /// The dialog in front. If there is none, fails the step and returns null.
     frontend::Dialog* dialogInFront();
 
     void menu(const JsonValue& step);
