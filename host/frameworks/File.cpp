@@ -1,5 +1,6 @@
 #include "File.hpp"
 
+#include "FrontEnd.hpp"
 #include "NativePaths.hpp"
 
 #include <fcntl.h>
@@ -9,6 +10,22 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <string>
+#include <utility>
+
+namespace {
+
+/// Never destroyed: an add-on that is unloaded when the program ends may still have a file open.
+frontend::FileErrorSink& fileErrorSink() {
+    static frontend::FileErrorSink& sink = *new frontend::FileErrorSink;
+    return sink;
+}
+
+void noteError(const std::string& path, int error) {
+    if (fileErrorSink()) fileErrorSink()(path, error);
+}
+
+}  // namespace
 
 namespace IO {
 
@@ -42,10 +59,15 @@ GSErrCode File::Open(OpenMode, OnAccessDenied) {
     if (location_.GetStatus() != Location::StatusOK) return ErrNotFound;
     const std::string path = frameworks::nativePath(location_.GetPath().ToCStr());
     const int opened = retried([&path] { return open(path.c_str(), O_RDONLY | O_CLOEXEC); });
-    if (opened < 0) return errno == ENOENT || errno == ENOTDIR ? ErrNotFound : ErrAccessDenied;
+    if (opened < 0) {
+        const int error = errno;
+        noteError(path, error);
+        return error == ENOENT || error == ENOTDIR ? ErrNotFound : ErrAccessDenied;
+    }
     if (isFolder(opened)) {
         // A folder opens well enough and fails on the first read only; the caller is told now.
         close(opened);
+        noteError(path, EISDIR);
         return ErrAccessDenied;
     }
     descriptor_ = opened;
@@ -62,6 +84,7 @@ GSErrCode File::ReadBin(char* target, USize count, USize* readCount) {
     while (done < count) {
         if (begin_ == end_) {
             const ssize_t got = retried([this] { return read(descriptor_, buffer_, BufferSize); });
+            if (got < 0) noteError(frameworks::nativePath(location_.GetPath().ToCStr()), errno);
             begin_ = 0;
             end_ = got > 0 ? static_cast<USize>(got) : 0;
             if (got <= 0) {
@@ -88,3 +111,7 @@ GSErrCode File::Close() {
 }
 
 }  // namespace IO
+
+frontend::FileErrorSink frontend::setFileErrorSink(FileErrorSink sink) {
+    return std::exchange(fileErrorSink(), std::move(sink));
+}

@@ -200,6 +200,12 @@ HOST_API const std::vector<Dialog*>& openDialogs();
 using DebugSink = std::function<void(const char* text)>;
 HOST_API DebugSink setDebugSink(DebugSink sink);
 
+/// Told of each file that an add-on could not open or not read to its end, with the system's error number: an add-on
+/// may take that for the end of the file. Called inside the add-on's call, so it must not throw. An empty function (the
+/// state at start) drops it. @return the one before.
+using FileErrorSink = std::function<void(const std::string& path, int error)>;
+HOST_API FileErrorSink setFileErrorSink(FileErrorSink sink);
+
 /// The system beep; an empty function (the state at start) writes BEL to standard error if that is a terminal.
 using BeepSink = std::function<void()>;
 HOST_API BeepSink setBeepSink(BeepSink sink);

@@ -164,6 +164,10 @@ const std::vector<ReportLine>& Host::report() const {
     return content_->session.report.lines();
 }
 
+std::uint64_t Host::failedCommands() const {
+    return content_->session.failedCommands;
+}
+
 void Host::setReportSink(ReportSink sink) {
     content_->session.report.setSink(std::move(sink));
 }

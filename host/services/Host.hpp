@@ -5,6 +5,7 @@
 #include "HostTable.hpp"
 #include "model/Model.hpp"
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -95,6 +96,9 @@ public:
     /// All lines since the Host was made, in order.
     const std::vector<ReportLine>& report() const;
     /// Gets each line when it is written; an empty function gets none.
+    /// How many undoable commands of add-ons were refused or rolled back, with the reason in the report. An add-on need
+    /// not look at the result of its command, so what its dialog shows does not tell.
+    std::uint64_t failedCommands() const;
     using ReportSink = std::function<void(const ReportLine&)>;
     void setReportSink(ReportSink sink);
 

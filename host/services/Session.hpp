@@ -10,6 +10,7 @@
 #include "services/Report.hpp"
 
 #include <array>
+#include <cstdint>
 #include <memory>
 #include <string_view>
 
@@ -21,6 +22,7 @@ struct Session {
     Menus menus;
     PointPicker picker;
     Report report;
+    std::uint64_t failedCommands = 0;  ///< Undoable commands that were refused or rolled back.
     std::array<HostFunction, HostTableSize> table{};
     /// The record of the menu call under way. Here and not on the stack: an add-on that keeps its address beyond the
     /// call finds a record that names no menu.

@@ -1,5 +1,6 @@
 #include "File.hpp"
 #include "Support.hpp"
+#include "frameworks/FrontEnd.hpp"
 #include "support/ActingAsNobody.hpp"
 #include "support/ScriptedView.hpp"
 #include "support/TempFolder.hpp"
@@ -223,4 +224,29 @@ TEST_F(FileTest, TypeIsKnownUntilItIsRemovedOrItsManagerGone) {
     EXPECT_EQ(dialog.AddFilter(0), MaxUIndex);
     dialog.SelectFilter(MaxUIndex);
     dialog.SelectFilter(5);
+}
+
+TEST_F(FileTest, FrontEndIsToldOfWhatCannotBeOpenedOrRead) {
+    std::vector<std::pair<std::string, int>> errors;
+    const auto before =
+        frontend::setFileErrorSink([&errors](const std::string& path, int error) { errors.emplace_back(path, error); });
+    const std::string missing = folder_.path() / "none.txt", folder = folder_.path();
+    char byte = 0;
+    {
+        File file(at(missing));
+        EXPECT_EQ(file.Open(), File::ErrNotFound);
+        File folderFile(at(folder));
+        EXPECT_EQ(folderFile.Open(), File::ErrAccessDenied);
+        // It opens, but nothing is mapped at the address 0, where reading begins.
+        File memory(at("/proc/self/mem"));
+        EXPECT_EQ(memory.Open(), NoError);
+        EXPECT_EQ(memory.ReadBin(&byte, 1), File::ErrRead);
+        File whole(at(folder_.write("update.txt", "a")));
+        EXPECT_EQ(whole.Open(), NoError);
+        EXPECT_EQ(readByBytes(whole), "a");
+    }
+    frontend::setFileErrorSink(before);
+    const std::vector<std::pair<std::string, int>> expected{
+        {missing, ENOENT}, {folder, EISDIR}, {"/proc/self/mem", EIO}};
+    EXPECT_EQ(errors, expected);
 }

@@ -12,6 +12,7 @@ namespace host::services {
 namespace {
 
 GSErrCode refuseCommand(const std::string& name, GSErrCode code, const std::string& reason) {
+    ++session().failedCommands;
     session().report.write(fmt::format("Command \"{}\": {} ({})", name, reason, errorName(code)));
     return code;
 }
