@@ -24,12 +24,10 @@ std::string reasons(const UpdateFileFindings& findings) {
     return text;
 }
 
-void hintLinesWithoutRow(std::vector<std::string>& hints, const UpdateFileFindings& findings,
-                         const ReviewCounts& counts, std::string_view shows) {
-    const std::uint64_t shown = counts.rows + counts.rowsLost;
-    if (findings.pieces <= shown) return;
+void hintLinesWithoutRow(std::vector<std::string>& hints, const UpdateFileFindings& findings, std::string_view shows) {
+    if (findings.withoutRow.count == 0) return;
     hints.push_back(fmt::format("{} gave no row{}: check the model and the GUIDs, {} them",
-                                counted(findings.pieces - shown, "line"), reasons(findings), shows));
+                                counted(findings.withoutRow.count, "line"), reasons(findings), shows));
 }
 
 void hintEncoding(std::vector<std::string>& hints, const UpdateFileFindings& findings) {
@@ -63,7 +61,7 @@ void hintLayout(std::vector<std::string>& hints, const UpdateFileFindings& findi
 
 std::optional<std::string> uselessBecause(const UpdateFileFindings& findings) {
     if (findings.lines == 0) return "it holds no lines; write one change a line: GUID, item, old and new value";
-    if (findings.binary) return "it is no text file; save the table as tab-delimited text in UTF-8";
+    if (findings.binary) return std::string(NoTextFile);
     return std::nullopt;
 }
 
@@ -83,7 +81,7 @@ std::vector<std::string> hintsFor(const UpdateFileFindings& findings, const Revi
             "(in a spreadsheet: tab-delimited text, UTF-8)");
         return hints;
     }
-    hintLinesWithoutRow(hints, findings, counts, shows);
+    hintLinesWithoutRow(hints, findings, shows);
     hintEncoding(hints, findings);
     hintLayout(hints, findings, shows);
     return hints;

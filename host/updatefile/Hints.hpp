@@ -20,6 +20,8 @@ struct ReviewCounts {
 std::vector<std::string> hintsFor(const UpdateFileFindings& findings, const ReviewCounts& counts,
                                   std::string_view shows);
 
+inline constexpr std::string_view NoTextFile = "it is no text file; save the table as tab-delimited text in UTF-8";
+
 /// Why the file cannot be an update file, with what to do; nothing if it can be one.
 std::optional<std::string> uselessBecause(const UpdateFileFindings& findings);
 

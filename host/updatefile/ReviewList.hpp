@@ -2,6 +2,7 @@
 // The review list as the add-on fills it: its eight columns and the texts in them. The host reads them as a person
 // does; it never writes them.
 
+#include <array>
 #include <cstddef>
 #include <string_view>
 
@@ -30,5 +31,8 @@ inline constexpr std::string_view Error = "error!";
 inline constexpr std::string_view NotFound = "Property not found.";
 inline constexpr std::string_view NoElement = "Element / Type not found.";
 inline constexpr std::string_view SameValue = "Old and new values are the same.";
+
+/// The classification systems of which the add-on makes a reference where an element has none.
+inline constexpr std::array<std::string_view, 2> AddedSystems{"SpecSection Classification", "UniFormat Classification"};
 
 }  // namespace updatefile::reviewlist

@@ -12,6 +12,8 @@
 namespace updatefile {
 namespace {
 
+using namespace std::string_view_literals;
+
 /// The add-on's line buffer. The rest of a longer line counts as a line of its own.
 constexpr std::size_t LongestPiece = 2047;
 constexpr std::size_t FieldsOfALine = 4;
@@ -57,16 +59,34 @@ void UpdateFileScan::readByte(char byte) {
 
 void UpdateFileScan::endLine() {
     if (!piece_.empty()) endPiece();
-    if (lineBytes_ > 0) ++findings_.lines;
-    lineBytes_ = 0;
+    countLine();
     ++line_;
+}
+
+void UpdateFileScan::countLine() {
+    if (lineBytes_ > 0) ++findings_.lines;
+    if (lineBytes_ > 0 && !lineGaveRow_) findings_.withoutRow.add(line_);
+    lineGaveRow_ = false;
+    lineBytes_ = 0;
 }
 
 void UpdateFileScan::endPiece() {
     ++findings_.pieces;
+    readFirstField(piece_);
     // The rest of a cut line means nothing by itself, and the cut is noted already.
     if (lineBytes_ <= LongestPiece) examine(piece_);
     piece_.clear();
+}
+
+/// The add-on makes a row of each piece whose first field names an element. A piece that begins with a TAB, or whose
+/// text a zero byte ends there, keeps the first field of the piece before.
+void UpdateFileScan::readFirstField(std::string_view piece) {
+    const std::string_view field = piece.substr(0, piece.find_first_of("\t\0"sv));
+    if (!field.empty()) {
+        const auto guid = text::parseGuid(field);
+        firstField_ = !guid ? FirstField::NoGuid : knows_(*guid) ? FirstField::ElementGuid : FirstField::UnknownGuid;
+    }
+    lineGaveRow_ = lineGaveRow_ || firstField_ == FirstField::ElementGuid;
 }
 
 void UpdateFileScan::examine(std::string_view text) {
@@ -97,15 +117,16 @@ void UpdateFileScan::examineFields(std::string_view text) {
 }
 
 void UpdateFileScan::examineGuid(std::string_view field) {
-    const auto guid = text::parseGuid(field);
-    if (guid && !knows_(*guid)) findings_.unknownElement.add(line_);
-    if (guid) return;
+    if (firstField_ == FirstField::UnknownGuid) findings_.unknownElement.add(line_);
+    if (firstField_ != FirstField::NoGuid) return;
     findings_.noGuid.add(line_);
     if (looksLikeGlobalId(field)) findings_.globalId.add(line_);
 }
 
 UpdateFileFindings UpdateFileScan::finish() {
-    if (lineBytes_ > 0) ++findings_.lines;
+    // A last line without an end gives no row, but has a finding of its own.
+    lineGaveRow_ = lineGaveRow_ || !piece_.empty();
+    countLine();
     // A line whose length is a multiple of the buffer's was taken when the buffer was full, so it needs no line end.
     if (!piece_.empty()) findings_.lineWithoutEnd = line_;
     const FileKind kind = detectFileKind(beginning_);

@@ -27,6 +27,7 @@ struct UpdateFileFindings {
     std::uint64_t lines = 0;   ///< That are not empty.
     std::uint64_t pieces = 0;  ///< That the add-on takes for lines: a line over 2047 bytes gives several.
 
+    LineNotes withoutRow;      ///< Of which the add-on makes no row, for one of the reasons below.
     LineNotes noGuid;          ///< First field is no GUID of 36 characters.
     LineNotes globalId;        ///< Of those, a GlobalId of 22 characters.
     LineNotes unknownElement;  ///< A GUID that no element of the model has.
@@ -57,9 +58,11 @@ private:
     void readByte(char byte);
     void endLine();
     void endPiece();
+    void countLine();
     void examine(std::string_view text);
     void examineFields(std::string_view text);
     void examineGuid(std::string_view field);
+    void readFirstField(std::string_view piece);
 
     Knows knows_;
     UpdateFileFindings findings_;
@@ -68,6 +71,9 @@ private:
     std::uint64_t line_ = 1;
     std::uint64_t lineBytes_ = 0;  ///< Of the current line so far.
     bool lastWasReturn_ = false;
+    enum class FirstField : std::uint8_t { NoGuid, UnknownGuid, ElementGuid };
+    FirstField firstField_ = FirstField::NoGuid;  ///< The add-on's: a piece that has none keeps that of an earlier one.
+    bool lineGaveRow_ = false;                    ///< One of the current line's pieces did.
 };
 
 }  // namespace updatefile

@@ -35,8 +35,8 @@ TEST(Hints, AreNoneWhereEveryLineGaveARow) {
 
 TEST(Hints, CountTheLinesThatGaveNoRowAndSayWhy) {
     UpdateFileFindings findings;
-    findings.lines = 1;
-    findings.pieces = 10;
+    findings.lines = 10;
+    findings.withoutRow = notes({1, 4, 6});
     findings.noGuid = notes({1});
     findings.unknownElement = notes({4, 6});
     EXPECT_THAT(hintsFor(findings, {7, 0}, Shows),
@@ -46,8 +46,7 @@ TEST(Hints, CountTheLinesThatGaveNoRowAndSayWhy) {
 
 TEST(Hints, DoNotCountLostRowsAsLinesWithoutRow) {
     UpdateFileFindings findings;
-    findings.lines = 1;
-    findings.pieces = 32770;
+    findings.lines = 32770;
     EXPECT_THAT(hintsFor(findings, {32767, 3}, Shows),
                 ElementsAre(AllOf(HasSubstr("3 rows did not fit"), HasSubstr("split the update file"))));
 }

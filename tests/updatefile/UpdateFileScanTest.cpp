@@ -131,6 +131,36 @@ TEST(UpdateFileScan, KeepsTheFirstLinesAndCountsTheRest) {
     EXPECT_THAT(notes.first, ElementsAre(1U, 2U, 3U, 4U, 5U));
 }
 
+struct WithoutRow {
+    const char* what;
+    std::string bytes;
+    std::vector<std::uint64_t> lines;
+};
+
+class UpdateFileLineWithoutRow : public testing::TestWithParam<WithoutRow> {};
+
+TEST_P(UpdateFileLineWithoutRow, IsCountedOnce) {
+    const LineNotes notes = scan(GetParam().bytes).withoutRow;
+    EXPECT_EQ(notes.first, GetParam().lines) << GetParam().what;
+    EXPECT_EQ(notes.count, GetParam().lines.size()) << GetParam().what;
+}
+
+const std::string Unknown = testing_support::guidText(2) + "\tName\told\tnew";
+
+INSTANTIATE_TEST_SUITE_P(
+    Files, UpdateFileLineWithoutRow,
+    testing::Values(WithoutRow{"all good", Line + "\n" + Line + "\n", {}},
+                    WithoutRow{"no GUID, unknown GUID", "GUID\ta\tb\tc\n" + Line + "\n" + Unknown + "\n", {1, 3}},
+                    WithoutRow{"a long line of a known element", Line + std::string(9000, 'x') + "\n", {}},
+                    WithoutRow{"a long line of none", std::string(9000, 'x') + "\n" + Line + "\n", {1}},
+                    WithoutRow{"a long line that ends with the file", std::string(2 * 2047, 'x'), {1}},
+                    WithoutRow{"keeps a known element", Line + "\n\ta\tb\tc\n", {}},
+                    WithoutRow{"keeps an unknown element", Unknown + "\n\ta\tb\tc\n", {1, 2}},
+                    WithoutRow{"keeps it over a zero byte", Line + "\n\0x\n"s, {}},
+                    WithoutRow{"keeps nothing", "\ta\tb\tc\n", {1}},
+                    WithoutRow{"blank lines", "\n\n" + Unknown + "\n\n", {3}},
+                    WithoutRow{"a last line without end", Unknown, {}}));
+
 TEST(UpdateFileScan, NamesALastLineWithoutEnd) {
     EXPECT_EQ(scan(Line + "\n" + Line).lineWithoutEnd, 2U);
     EXPECT_EQ(scan(Line + "\n" + Line + "\n").lineWithoutEnd, 0U);

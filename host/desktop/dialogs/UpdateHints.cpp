@@ -36,6 +36,10 @@ QStringList hintsAbout(const std::string& file, const frontend::Dialog& dialog, 
     for (QByteArray block = source.read(blockSize); !block.isEmpty(); block = source.read(blockSize)) {
         scan.read({block.constData(), static_cast<std::size_t>(block.size())});
     }
+    // Not the end of the file: the list may lack rows.
+    if (source.error() != QFileDevice::NoError) {
+        return {QStringLiteral("It cannot be read to its end (%1); import it again").arg(source.errorString())};
+    }
     const updatefile::ReviewCounts counts{static_cast<std::uint64_t>(list->rowCount()), list->rowsLost()};
     QStringList hints;
     for (const std::string& hint : updatefile::hintsFor(scan.finish(), counts, "the table of elements shows")) {
