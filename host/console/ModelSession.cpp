@@ -8,6 +8,8 @@
 #include <fmt/format.h>
 
 #include <cstdio>
+#include <cstring>
+#include <utility>
 
 namespace console {
 namespace {
@@ -18,6 +20,21 @@ std::string opening(const std::filesystem::path& path) {
 
 }  // namespace
 
+JsonValue asJson(const ModelFacts& facts) {
+    return {{"path", facts.path},
+            {"schema", facts.schema},
+            {"elements", facts.elements},
+            {"duplicateGlobalIds", facts.duplicateGlobalIds},
+            {"invalidGlobalIds", facts.invalidGlobalIds}};
+}
+
+JsonValue asJson(const std::vector<model::UnknownClass>& classes) {
+    JsonValue json = JsonValue::array();
+    for (const model::UnknownClass& unknown : classes)
+        json.push_back({{"class", unknown.name}, {"instances", unknown.instances}});
+    return json;
+}
+
 ModelSession::ModelSession(const CommonOptions& options, std::filesystem::path modelPath, Access access)
     : options_(options), path_(std::move(modelPath)) {
     host_.setReportSink([](const host::ReportLine& line) { say(line.text); });
@@ -26,6 +43,9 @@ ModelSession::ModelSession(const CommonOptions& options, std::filesystem::path m
         throwUnlessDone(host_.openModel(path_, {progress.callback(), access == Access::Editing}));
     }
     for (const std::string& remark : model().remarks()) say(remark);
+    frontend::setFileErrorSink([this](const std::string& path, int error) {
+        if (!problem_) problem_ = CommandProblem{path, std::strerror(error)};
+    });
     if (options_.debug) frontend::setDebugSink([](const char* text) { std::fputs(text, stderr); });
 }
 
@@ -33,6 +53,12 @@ ModelSession::~ModelSession() {
     // The add-on may still write debug output when it is unloaded, so the sink goes last.
     host_.unloadAddOn();
     frontend::setDebugSink({});
+    frontend::setFileErrorSink({});
+}
+
+ModelFacts ModelSession::facts() {
+    return {wellFormed(path_.string()),   std::string(model().schemaName()), model().elementCount(),
+            model().duplicateGlobalIds(), model().invalidGlobalIds(),        model().unknownClasses()};
 }
 
 void ModelSession::loadAddOn() {
@@ -47,6 +73,12 @@ void ModelSession::runMenuCommand(Int32 item, frontend::View& view) {
     if (error != NoError)
         throw Failure(fmt::format("the add-on's menu item {} ended with error 0x{:08X}; nothing was saved", item,
                                   static_cast<UInt32>(error)));
+}
+
+std::optional<CommandProblem> ModelSession::takeProblem() {
+    const bool failed = host_.failedCommands() > std::exchange(failedCommandsSeen_, host_.failedCommands());
+    if (failed && !problem_) problem_ = CommandProblem{{}, host_.report().back().text};
+    return std::exchange(problem_, std::nullopt);
 }
 
 void ModelSession::save(const std::filesystem::path& target) {

@@ -2,6 +2,7 @@
 // The open model of one run of modelhost, with the add-on loaded for it. Their messages go to standard error.
 
 #include "console/Options.hpp"
+#include "console/output/Json.hpp"
 #include "frameworks/FrontEnd.hpp"
 #include "services/Host.hpp"
 
@@ -18,6 +19,26 @@ enum class Access : std::uint8_t {
     Editing,  ///< To save where it was opened. Locks the file: other hosts can open it for reading only.
 };
 
+/// What went wrong in the add-on's command although the add-on goes on as if nothing had happened.
+struct CommandProblem {
+    std::filesystem::path
+        file;  ///< The file that could not be read to its end; empty: the model's changes were undone.
+    std::string reason;
+};
+
+/// What the JSON documents tell of the model that they are about.
+struct ModelFacts {
+    std::string path;
+    std::string schema;
+    std::uint64_t elements = 0;
+    std::uint64_t duplicateGlobalIds = 0;
+    std::uint64_t invalidGlobalIds = 0;
+    std::vector<model::UnknownClass> unknownClasses;
+};
+JsonValue asJson(const ModelFacts& facts);
+/// [{"class": "IFCALPHA", "instances": 2}, ...]
+JsonValue asJson(const std::vector<model::UnknownClass>& classes);
+
 class ModelSession {
 public:
     /// Opens the model, showing progress, and says its remarks. Throws Failure.
@@ -25,6 +46,7 @@ public:
     ~ModelSession();
 
     const std::filesystem::path& modelPath() const { return path_; }
+    ModelFacts facts();
     model::Model& model() { return *host_.model(); }
     host::Host& host() { return host_; }
 
@@ -34,6 +56,9 @@ public:
     /// Picks the add-on's menu item (from 1, over all of its menus) with `view` in charge, and runs its command to the
     /// end. Throws Failure where there is no such item or the add-on answers with an error.
     void runMenuCommand(Int32 item, frontend::View& view);
+
+    /// The first problem since the last call.
+    std::optional<CommandProblem> takeProblem();
 
     /// Saves and shows progress. An interrupt (Ctrl-C) ends the program and leaves the old file. Throws Failure.
     void save(const std::filesystem::path& target);
@@ -45,6 +70,8 @@ private:
     CommonOptions options_;
     std::filesystem::path path_;
     host::Host host_;
+    std::optional<CommandProblem> problem_;
+    std::uint64_t failedCommandsSeen_ = 0;
 };
 
 /// Makes a view the one that the dialog manager calls, for as long as this object lives.

@@ -125,5 +125,15 @@ TEST_F(ListCommand, PrintsValidJsonWhateverTheNames) {
     EXPECT_EQ(json({"list", "house.ifc"})["elements"][0]["name"], "Tür\t和室");
 }
 
+TEST_F(ListCommand, ClassesThatTheSchemaLacksAreInTheListsJson) {
+    std::string text = house();
+    text.insert(text.rfind("ENDSEC;"), "#90001=IFCALPHA(1);\n#90002=IFCALPHA(2);\n");
+    write("house.ifc", text);
+    EXPECT_EQ(json({"list", "house.ifc"})["model"]["unknownClasses"],
+              Json::parse(R"([{"class":"IFCALPHA","instances":2}])"));
+    write("house.ifc", house());
+    EXPECT_EQ(json({"list", "house.ifc"})["model"]["unknownClasses"], Json::array());
+}
+
 }  // namespace
 }  // namespace console_tests

@@ -100,6 +100,20 @@ Outcome ModelHostRun::run(const std::vector<std::string>& arguments) const {
     return outcome;
 }
 
+Outcome ModelHostRun::runAndSignal(const std::vector<std::string>& arguments, int signal,
+                                   std::chrono::milliseconds after) const {
+    const pid_t child = fork();
+    if (child == 0) {
+        redirect(STDIN_FILENO, "/dev/null", O_RDONLY);
+        become(arguments);
+    }
+    std::this_thread::sleep_for(after);
+    kill(child, signal);
+    Outcome outcome;
+    wait(child, outcome);
+    return outcome;
+}
+
 Outcome ModelHostRun::runOnTerminal(const std::vector<std::string>& arguments, int columns,
                                     std::optional<std::chrono::milliseconds> stopAfter) const {
     winsize size{};

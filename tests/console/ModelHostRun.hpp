@@ -36,6 +36,9 @@ public:
 
     Outcome run(const std::vector<std::string>& arguments) const;
 
+    /// Sends it the signal once it has run that long.
+    Outcome runAndSignal(const std::vector<std::string>& arguments, int signal, std::chrono::milliseconds after) const;
+
     /// Standard output and error are a terminal of that many columns; what they show is in `out`.
     /// @param stopAfter  from its start until it is stopped for more than the second after which it shows how far it
     /// is.

@@ -12,12 +12,17 @@ ListRow row(const std::string& property, const std::string& message) {
 TEST(HintForUnknownItems, NamesTheRowsThatOnlyABracketCouldHelp) {
     const std::string notFound = " Property not found.";
     const std::vector<ListRow> review{row("Slope", notFound), row("Note[Custom]", notFound), row("Name", ""),
-                                      row("Tilt", notFound)};
-    const std::vector<ListRow> failed(4, row("", "error!")), done(4, row("", "Done"));
+                                      row("Tilt", notFound), row("UniFormat Classification", notFound)};
+    const std::vector<ListRow> failed(5, row("", "error!")), done(5, row("", "Done"));
     EXPECT_EQ(hintForUnknownItems(review, failed),
               "Nothing on the element has the name in rows 1 and 4: to create a property, write a set behind it, as in "
               "Slope[Custom] for Pset_Custom");
     EXPECT_EQ(hintForUnknownItems(review, done), std::nullopt);
+}
+
+TEST(HintForUnknownItems, IsNoneForAClassificationThatTheHostRefused) {
+    const std::vector<ListRow> review{row("SpecSection Classification", " Property not found.")};
+    EXPECT_EQ(hintForUnknownItems(review, {row("", "error!")}), std::nullopt);
 }
 
 }  // namespace

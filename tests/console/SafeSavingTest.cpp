@@ -49,7 +49,9 @@ TEST_F(SafeSaving, OfAFileThatWasCutSaysSo) {
 
 TEST_F(SafeSaving, LeavesOtherNamesOfTheFileWithTheOldVersion) {
     std::filesystem::create_hard_link(folder_.path() / "house.ifc", folder_.path() / "backup.ifc");
-    EXPECT_EQ(apply().status, 0);
+    const Outcome outcome = apply();
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.err, HasSubstr("the file has 2 names (hard links); saving changes it under this name alone"));
     EXPECT_THAT(bytes("house.ifc"), HasSubstr("'F 60'"));
     EXPECT_EQ(bytes("backup.ifc"), house());
 }

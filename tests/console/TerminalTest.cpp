@@ -88,5 +88,18 @@ TEST_F(OnTerminal, ExportedValuesDoNotSpeakToTheTerminal) {
     EXPECT_THAT(run({"export", "house.ifc", "--items", "Name"}).out, HasSubstr("\x1B[2J"));
 }
 
+TEST_F(OnTerminal, JsonAndTsvHoldNothingThatIsNotSeen) {
+    testing_support::IfcText ifc;
+    ifc.element("IfcWall", WallGuid, "placeholder");
+    std::string text = ifc.text();
+    text.replace(text.find("'placeholder'"), 13, "'a\\X2\\202E009B200F061C200B\\X0\\z'");
+    write("house.ifc", text);
+    const std::string escapes = "a\\u202E\\u009B\\u200F\\u061C\\u200Bz";
+    EXPECT_THAT(run({"list", "house.ifc", "--format", "json"}).out, HasSubstr(escapes));
+    EXPECT_EQ(json({"list", "house.ifc"})["elements"][0]["name"], "a\u202E\u009B\u200F\u061C\u200Bz");
+    for (const char* format : {"json", "tsv"})
+        EXPECT_THAT(modelhost().runOnTerminal({"list", "house.ifc", "--format", format}, 80).out, HasSubstr(escapes));
+}
+
 }  // namespace
 }  // namespace console_tests

@@ -9,6 +9,7 @@
 #include "console/output/Messages.hpp"
 #include "console/output/StandardOutput.hpp"
 #include "updatefile/Hints.hpp"
+#include "updatefile/Wording.hpp"
 
 #include <fmt/format.h>
 
@@ -41,6 +42,7 @@ void checkTarget(const ImportOptions& options) {
         throw Failure(
             fmt::format("-o {}: that is the update file, which would be lost; name another file", target->string()));
     throwUnlessDone(model::Model::checkTarget(*target));
+    for (const std::string& warning : model::Model::targetWarnings(*target)) say(warning);
 }
 
 Access accessFor(const ImportOptions& options) {
@@ -63,23 +65,36 @@ ImportPlan planOf(const ImportOptions& options, const UpdateFile& updates, std::
     return {updates.pathForAddOn(), updates.name(), lines, options.tick, options.apply};
 }
 
+/// The list is what the add-on wrote into it. It does not show that the host undid the changes, or that the file ended
+/// with an error: nothing may be saved then.
+void checkApplied(ModelSession& session, const ImportUser& user, const ImportPlan& plan) {
+    if (const auto problem = session.takeProblem()) {
+        if (!problem->file.empty())
+            throw Failure(fmt::format("cannot read the update file {}: {}; nothing was saved, try again",
+                                      problem->file == plan.updates ? plan.shownName : problem->file.string(),
+                                      problem->reason));
+        throw Failure(fmt::format("the updates were not applied: {}; nothing was saved", problem->reason));
+    }
+    if (!user.result()) return;
+    const updatefile::LineNotes rows = unfinishedRows(user.review(), *user.result());
+    if (rows.count > 0)
+        throw Failure(fmt::format("the add-on neither applied nor refused the ticked {}; nothing was saved",
+                                  updatefile::numbered("row", rows)));
+}
+
 void workTheDialog(ModelSession& session, ImportUser& user, const ImportPlan& plan) {
     {
         const ReviewProgress progress(plan.shownName, plan.lines);
         session.runMenuCommand(ImportMenuItem, user);
     }
     if (!user.problem().empty()) throw Failure(user.problem());
+    checkApplied(session, user, plan);
 }
 
 ImportReport reportOf(ModelSession& session, const ImportUser& user, const UpdateFile& updates,
                       const updatefile::UpdateFileFindings& findings) {
     ImportReport report;
-    report.modelPath = wellFormed(session.modelPath().string());
-    report.schema = session.model().schemaName();
-    report.elements = session.model().elementCount();
-    report.duplicateGlobalIds = session.model().duplicateGlobalIds();
-    report.invalidGlobalIds = session.model().invalidGlobalIds();
-    report.unknownClasses = session.model().unknownClasses();
+    report.model = session.facts();
     report.updatesPath = wellFormed(updates.name());
     report.header = user.header();
     report.review = user.review();
@@ -105,8 +120,8 @@ void save(ModelSession& session, const ImportOptions& options, ImportReport& rep
 
 void printReport(const ImportReport& report, Format format) {
     if (format == Format::Json) return printAsJson(report);
-    if (format == Format::Table) return print(asTable(report, Terminal::standardOutput()));
-    print(asTsv(report));
+    if (format == Format::Table) return printAsTable(report);
+    printAsTsv(report);
     for (const std::string& hint : report.hints) say(fmt::format("hint: {}", hint));
 }
 

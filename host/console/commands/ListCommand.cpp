@@ -32,23 +32,26 @@ void printAsTable(const model::Model& model, const std::vector<model::Element>& 
         for (std::string& text : record(model, element)) row.push_back({std::move(text)});
         table.add(std::move(row));
     }
-    print(table.layOut(Terminal::standardOutput()));
+    table.layOut(Terminal::standardOutput(), print);
 }
 
 void printAsTsv(const model::Model& model, const std::vector<model::Element>& elements) {
-    print(tsvLine(Header));
-    for (const model::Element element : elements) print(tsvLine(record(model, element)));
+    const Terminal terminal = Terminal::standardOutput();
+    print(tsvLine(Header, terminal));
+    for (const model::Element element : elements) print(tsvLine(record(model, element), terminal));
 }
 
-void printAsJson(const model::Model& model, const std::vector<model::Element>& elements) {
+void printAsJson(ModelSession& session, const std::vector<model::Element>& elements) {
     JsonValue list = JsonValue::array();
     for (const model::Element element : elements) {
-        const std::vector<std::string> texts = record(model, element);
+        const std::vector<std::string> texts = record(session.model(), element);
         list.push_back(
             {{"guid", texts[0]}, {"globalId", texts[1]}, {"class", texts[2]}, {"type", texts[3]}, {"name", texts[4]}});
     }
+    const ModelFacts facts = session.facts();
     JsonValue document;
-    document["model"]["unknownClasses"] = toJson(model.unknownClasses());
+    document["model"] = asJson(facts);
+    document["model"]["unknownClasses"] = asJson(facts.unknownClasses);
     document["elements"] = std::move(list);
     printDocument(document);
 }
@@ -67,7 +70,7 @@ ExitStatus runList(const ListOptions& options) {
             printAsTsv(session.model(), elements);
             break;
         case Format::Json:
-            printAsJson(session.model(), elements);
+            printAsJson(session, elements);
             break;
     }
     return ExitStatus::Done;

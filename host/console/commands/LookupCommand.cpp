@@ -12,6 +12,8 @@
 
 #include <fmt/format.h>
 
+#include <optional>
+
 namespace console {
 namespace {
 
@@ -43,6 +45,8 @@ public:
     bool dialogSeen() const { return dialogSeen_; }
     const std::vector<std::string>& header() const { return header_; }
     const std::vector<LookupAnswer>& answers() const { return answers_; }
+    /// The GUID during whose look-up the dialog ended by itself; those behind it were not looked up.
+    const std::optional<std::string>& failedGuid() const { return failedGuid_; }
 
 private:
     void lookUp(frontend::Dialog& dialog);
@@ -51,12 +55,13 @@ private:
     bool dialogSeen_ = false;
     std::vector<std::string> header_;
     std::vector<LookupAnswer> answers_;
+    std::optional<std::string> failedGuid_;
 };
 
 std::string LookupAnswer::error() const {
     // The first row repeats the GUID. The second is the element's type, or the reason why there is no element.
     if (rows.size() < 2 || rows[1].columns.size() < 2) return "?";
-    return rows[1].columns[0] == "Error" && rows.size() == 2 ? rows[1].columns[1] : "";
+    return rows[1].columns[0] == "Error" && rows.size() == 2 ? rows[1].columns[1].get() : "";
 }
 
 void LookupUser::runModal(frontend::Dialog& dialog) {
@@ -65,6 +70,7 @@ void LookupUser::runModal(frontend::Dialog& dialog) {
     header_ = readHeader(*dialog.list(ResultList));
     if (guids_.empty()) lookUp(dialog);
     for (const std::string& guid : guids_) {
+        if (dialog.ended()) break;
         dialog.typeText(GuidField, toUniString(guid));
         lookUp(dialog);
     }
@@ -77,7 +83,12 @@ void LookupUser::lookUp(frontend::Dialog& dialog) {
     const frontend::Item* field = dialog.item(GuidField);
     std::string guid = field == nullptr ? "" : toUtf8(field->text);
     dialog.clickItem(LookUpButton);
-    answers_.push_back({std::move(guid), readRows(list, before + 1)});
+    // Only Close ends this dialog, unless the add-on failed: then what it has written so far is no answer.
+    if (dialog.ended()) {
+        failedGuid_ = std::move(guid);
+        return;
+    }
+    answers_.push_back({std::move(guid), RowReader().readFrom(list, before + 1)});
 }
 
 /// The dialog takes the 36 characters only. Windows programs often write a GUID in braces.
@@ -92,54 +103,51 @@ std::vector<std::string> inLongForm(std::vector<std::string> guids) {
     return guids;
 }
 
-std::string asTable(const LookupUser& user, const Terminal& terminal) {
-    std::string text;
+void printAsTable(const LookupUser& user) {
     for (const LookupAnswer& answer : user.answers()) {
         Table table(user.header());
         for (const ListRow& row : answer.rows) {
             Table::Row cells;
-            for (const std::string& column : row.columns) cells.push_back({column});
+            for (const SharedText& column : row.columns) cells.push_back({column});
             table.add(std::move(cells));
         }
-        if (!text.empty()) text += '\n';
-        text += table.layOut(terminal);
+        if (&answer != &user.answers().front()) print("\n");
+        table.layOut(Terminal::standardOutput(), print);
     }
-    return text;
 }
 
-std::string asTsv(const LookupUser& user) {
-    std::string text = tsvLine(user.header());
+void printAsTsv(const LookupUser& user) {
+    const Terminal terminal = Terminal::standardOutput();
+    print(tsvLine(user.header(), terminal));
     for (const LookupAnswer& answer : user.answers())
-        for (const ListRow& row : answer.rows) text += tsvLine(row.columns);
-    return text;
+        for (const ListRow& row : answer.rows) print(tsvLine(row.columns, terminal));
 }
 
-JsonValue asJson(const LookupUser& user) {
+void printAsJson(const LookupUser& user) {
     JsonValue rows = JsonValue::array();
     for (const LookupAnswer& answer : user.answers())
-        for (const ListRow& row : answer.rows) rows.push_back(row.columns);
-    JsonValue document;
-    document["rows"] = std::move(rows);
-    return document;
+        for (const ListRow& row : answer.rows) rows.push_back(toJson(row)["columns"]);
+    printDocument({{"rows", std::move(rows)}});
 }
 
 void printAnswers(const LookupUser& user, Format format) {
     switch (format) {
         case Format::Json:
-            return printDocument(asJson(user));
+            return printAsJson(user);
         case Format::Tsv:
-            return print(asTsv(user));
+            return printAsTsv(user);
         case Format::Table:
-            return print(asTable(user, Terminal::standardOutput()));
+            return printAsTable(user);
     }
 }
 
 std::string explain(const LookupAnswer& answer, const ModelSession& session) {
     if (answer.guid == "00000000-0000-0000-0000-000000000000")
         return fmt::format("{} is the GUID of no element at all; 'modelhost list' prints those there are", answer.guid);
-    if (answer.error() == "BADPARS" || answer.error() == "?")
+    if (!parseGuid(answer.guid))
         return fmt::format("'{}' is no GUID of 36 characters and no GlobalId of 22; 'modelhost list' prints both",
                            answer.guid);
+    if (answer.error() == "?") return fmt::format("the add-on gave no answer for {}", answer.guid);
     return fmt::format("no element of {} has the GUID {} ({}); 'modelhost list' prints those there are",
                        session.modelPath().string(), answer.guid, answer.error());
 }
@@ -159,6 +167,9 @@ ExitStatus runLookup(const LookupOptions& options) {
         say(explain(answer, session));
         status = ExitStatus::Failed;
     }
+    if (user.failedGuid())
+        throw Failure(fmt::format("the add-on failed while it looked up {}; look up other elements without it",
+                                  *user.failedGuid()));
     return status;
 }
 

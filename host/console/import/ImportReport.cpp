@@ -41,13 +41,13 @@ Table::Row tableRow(std::size_t number, const ListRow& row) {
     return cells;
 }
 
-std::string list(const ImportReport& report, const Terminal& terminal) {
+Table list(const ImportReport& report) {
     std::vector<std::string> header{"Row"};
     header.insert(header.end(), report.header.begin(), report.header.end());
     Table table(std::move(header));
     if (report.header.size() > GuidColumn) table.yield(1 + GuidColumn, Yield::First);
     for (std::size_t i = 0; i < report.rows().size(); ++i) table.add(tableRow(i + 1, report.rows()[i]));
-    return table.layOut(terminal);
+    return table;
 }
 
 std::string outcome(const ImportReport& report) {
@@ -65,12 +65,9 @@ std::string ending(const ImportReport& report) {
 }
 
 JsonValue modelOf(const ImportReport& report) {
-    return {{"path", report.modelPath},
-            {"schema", report.schema},
-            {"elements", report.elements},
-            {"duplicateGlobalIds", report.duplicateGlobalIds},
-            {"invalidGlobalIds", report.invalidGlobalIds},
-            {"unknownClasses", toJson(report.unknownClasses)}};
+    JsonValue json = asJson(report.model);
+    if (!report.model.unknownClasses.empty()) json["unknownClasses"] = asJson(report.model.unknownClasses);
+    return json;
 }
 
 JsonValue summaryOf(const ImportSummary& summary) {
@@ -96,31 +93,31 @@ ImportSummary summarize(std::uint64_t lines, const std::vector<ListRow>& review,
     return summary;
 }
 
-std::string asTable(const ImportReport& report, const Terminal& terminal) {
-    std::string text = list(report, terminal);
-    text.append("\n").append(outcome(report));
-    for (const std::string& hint : report.hints) text += fmt::format("Hint: {}.\n", visible(hint));
-    return text + ending(report);
+void printAsTable(const ImportReport& report) {
+    list(report).layOut(Terminal::standardOutput(), print);
+    print("\n" + outcome(report));
+    for (const std::string& hint : report.hints) print(fmt::format("Hint: {}.\n", visible(hint)));
+    print(ending(report));
 }
 
-std::string asTsv(const ImportReport& report) {
-    std::string text = tsvLine(report.header);
-    for (const ListRow& row : report.rows()) text += tsvLine(row.columns);
-    return text;
+void printAsTsv(const ImportReport& report) {
+    const Terminal terminal = Terminal::standardOutput();
+    print(tsvLine(report.header, terminal));
+    for (const ListRow& row : report.rows()) print(tsvLine(row.columns, terminal));
 }
 
 void printAsJson(const ImportReport& report) {
-    JsonValue document;
-    document["model"] = modelOf(report);
-    document["updates"]["path"] = report.updatesPath;
-    document["header"] = report.header;
-    document["review"] = toJson(report.review);
-    if (report.result) document["result"] = toJson(*report.result);
-    document["summary"] = summaryOf(report.summary);
-    document["hints"] = report.hints;
-    document["report"] = report.report;
-    if (report.saved) document["saved"] = *report.saved;
-    printDocument(document);
+    JsonDocument document;
+    document.member("model", modelOf(report));
+    document.member("updates", JsonValue{{"path", report.updatesPath}});
+    document.member("header", report.header);
+    document.member("review", report.review);
+    if (report.result) document.member("result", *report.result);
+    document.member("summary", summaryOf(report.summary));
+    document.member("hints", report.hints);
+    document.member("report", report.report);
+    if (report.saved) document.member("saved", *report.saved);
+    document.finish();
 }
 
 }  // namespace console

@@ -1,8 +1,8 @@
 #pragma once
 // The result of an import, and its three forms: table, TSV and JSON.
 
+#include "console/ModelSession.hpp"
 #include "console/output/ListRows.hpp"
-#include "console/output/StandardOutput.hpp"
 
 #include <cstdint>
 #include <optional>
@@ -22,12 +22,7 @@ struct ImportSummary {
 };
 
 struct ImportReport {
-    std::string modelPath;
-    std::string schema;
-    std::uint64_t elements = 0;
-    std::uint64_t duplicateGlobalIds = 0;
-    std::uint64_t invalidGlobalIds = 0;
-    std::vector<model::UnknownClass> unknownClasses;
+    ModelFacts model;
     std::string updatesPath;
     std::vector<std::string> header;
     std::vector<ListRow> review;
@@ -45,9 +40,9 @@ ImportSummary summarize(std::uint64_t lines, const std::vector<ListRow>& review,
                         const std::optional<std::vector<ListRow>>& result, std::uint64_t rowsLost);
 
 /// The list with row numbers, what came of it in one sentence, the hints, the file saved.
-std::string asTable(const ImportReport& report, const Terminal& terminal);
+void printAsTable(const ImportReport& report);
 /// Header and rows only.
-std::string asTsv(const ImportReport& report);
+void printAsTsv(const ImportReport& report);
 void printAsJson(const ImportReport& report);
 
 }  // namespace console

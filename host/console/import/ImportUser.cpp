@@ -7,6 +7,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 namespace console {
 namespace {
 
@@ -34,7 +36,7 @@ void ImportUser::runModal(frontend::Dialog& dialog) {
     header_ = readHeader(*dialog.list(ReviewList));
     rowsLost_ = dialog.list(ReviewList)->rowsLost();
     if (tickRows(dialog)) {
-        review_ = readRows(*dialog.list(ReviewList));
+        review_ = rowReader_.readFrom(*dialog.list(ReviewList));
         if (plan_.apply) apply(dialog);
     }
     dialog.clickItem(CloseButton);
@@ -60,20 +62,18 @@ void ImportUser::apply(frontend::Dialog& dialog) {
     applying_.emplace(fmt::format("Applying {}", plan_.shownName));
     dialog.clickItem(ApplyButton);
     applying_.reset();
-    result_ = readRows(*dialog.list(ReviewList));
+    result_ = rowReader_.readFrom(*dialog.list(ReviewList));
 }
 
 void ImportUser::changed(frontend::Dialog& dialog, Int16) {
     const frontend::List* list = dialog.list(ReviewList);
     if (!applying_ || list == nullptr) return;
-    const int count = list->rowCount();
+    const int count = std::min<int>(list->rowCount(), static_cast<int>(review_.size()));
     // The add-on applies from top to bottom. So the first ticked row without a result is where it is.
     while (firstUnfinished_ <= count) {
         const auto row = static_cast<Int16>(firstUnfinished_);
-        const std::string remarks = toUtf8(list->cell(row, updatefile::reviewlist::RemarksColumn + 1));
-        const bool pending = ticked(review_[static_cast<std::size_t>(firstUnfinished_ - 1)]) &&
-                             remarks != updatefile::reviewlist::Done && remarks != updatefile::reviewlist::Error;
-        if (pending && list->status(row) == DG_IS_ENABLE) break;
+        const bool open = list->status(row) == DG_IS_ENABLE && ticked(review_[static_cast<std::size_t>(row) - 1]);
+        if (open && lastCell(*list, row) != updatefile::reviewlist::Error) break;
         ++firstUnfinished_;
     }
     applying_->show(static_cast<std::uint64_t>(firstUnfinished_), static_cast<std::uint64_t>(count));

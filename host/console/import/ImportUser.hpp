@@ -44,6 +44,7 @@ private:
 
     ImportPlan plan_;
     std::string problem_;
+    RowReader rowReader_;
     std::vector<std::string> header_;
     std::vector<ListRow> review_;
     std::optional<std::vector<ListRow>> result_;

@@ -1,10 +1,12 @@
 #include "console/import/ReviewRows.hpp"
 
 #include "updatefile/ReviewList.hpp"
-#include "updatefile/UpdateFileScan.hpp"
 #include "updatefile/Wording.hpp"
 
 #include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
 
 namespace console {
 namespace {
@@ -13,7 +15,7 @@ using namespace updatefile::reviewlist;
 
 const std::string& cell(const ListRow& row, std::size_t column) {
     static const std::string none;
-    return column < row.columns.size() ? row.columns[column] : none;
+    return column < row.columns.size() ? row.columns[column].get() : none;
 }
 
 }  // namespace
@@ -31,8 +33,18 @@ bool failed(const ListRow& row) {
 }
 
 bool namesNothing(const ListRow& row) {
-    return cell(row, RemarksColumn).find(NotFound) != std::string::npos &&
-           cell(row, PropertyColumn).find('[') == std::string::npos;
+    const std::string& item = cell(row, PropertyColumn);
+    return cell(row, RemarksColumn).find(NotFound) != std::string::npos && item.find('[') == std::string::npos &&
+           std::find(AddedSystems.begin(), AddedSystems.end(), item) == AddedSystems.end();
+}
+
+updatefile::LineNotes unfinishedRows(const std::vector<ListRow>& review, const std::vector<ListRow>& result) {
+    updatefile::LineNotes rows;
+    for (std::size_t i = 0; i < review.size(); ++i) {
+        const bool tried = i < result.size() && (done(result[i]) || failed(result[i]));
+        if (review[i].status == DG_IS_ENABLE && ticked(review[i]) && !tried) rows.add(i + 1);
+    }
+    return rows;
 }
 
 std::optional<std::string> hintForUnknownItems(const std::vector<ListRow>& review, const std::vector<ListRow>& result) {
@@ -40,7 +52,7 @@ std::optional<std::string> hintForUnknownItems(const std::vector<ListRow>& revie
     for (std::size_t i = 0; i < result.size() && i < review.size(); ++i)
         if (failed(result[i]) && namesNothing(review[i])) rows.add(i + 1);
     if (rows.count == 0) return std::nullopt;
-    const std::string& item = review[rows.first.front() - 1].columns[PropertyColumn];
+    const std::string& item = cell(review[rows.first.front() - 1], PropertyColumn);
     return fmt::format(
         "Nothing on the element has the name in {}: to create a property, write a set behind it, as in "
         "{}[Custom] for Pset_Custom",

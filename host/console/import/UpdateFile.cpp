@@ -2,13 +2,17 @@
 
 #include "console/Failure.hpp"
 #include "console/output/HostText.hpp"
+#include "updatefile/FileKind.hpp"
 #include "updatefile/Hints.hpp"
 
+#include <fcntl.h>
 #include <fmt/format.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <array>
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 
 namespace console {
@@ -22,6 +26,11 @@ constexpr std::size_t BlockSize = 1U << 16U;
 
 [[noreturn]] void failWithError(const std::filesystem::path& path) {
     fail(path, fmt::format("{}; check its name and that you may read it", std::strerror(errno)));
+}
+
+[[noreturn]] void failCopying() {
+    throw Failure(fmt::format("cannot keep a copy of the update file in {}: {}; make room there, or set TMPDIR",
+                              std::filesystem::temp_directory_path().string(), std::strerror(errno)));
 }
 
 bool isStandardInput(const std::filesystem::path& path) {
@@ -46,13 +55,25 @@ UpdateFile::UpdateFile(std::filesystem::path path) : path_(std::move(path)), add
 }
 
 void UpdateFile::keepCopy(std::FILE* source) {
-    File copy(std::tmpfile());
-    if (!copy) failWithError(path_);
+    // Not std::tmpfile, which takes no notice of TMPDIR.
+    std::string name = (std::filesystem::temp_directory_path() / "modelhost.XXXXXX").string();
+    const int descriptor = mkostemp(name.data(), O_CLOEXEC);
+    if (descriptor < 0) failCopying();
+    unlink(name.c_str());
+    File copy(fdopen(descriptor, "w+b"));
+    if (!copy) failCopying();
     std::array<char, BlockSize> block;
-    std::size_t count = 0;
-    while ((count = std::fread(block.data(), 1, block.size(), source)) > 0)
-        if (std::fwrite(block.data(), 1, count, copy.get()) != count) failWithError(path_);
-    if (std::ferror(source) != 0 || std::fflush(copy.get()) != 0) failWithError(path_);
+    std::size_t count = 0, copied = 0;
+    while ((count = std::fread(block.data(), 1, block.size(), source)) > 0) {
+        // A device such as /dev/zero has no end, so what it holds is looked at before all of it is copied.
+        if (copied == 0 && updatefile::detectFileKind({block.data(), count}) == updatefile::FileKind::Binary)
+            fail(path_, updatefile::NoTextFile);
+        if ((copied += count) > LongestCopy)
+            fail(path_, fmt::format("more than {} MiB came out of it; save it as a file first", LongestCopy >> 20U));
+        if (std::fwrite(block.data(), 1, count, copy.get()) != count) failCopying();
+    }
+    if (std::ferror(source) != 0) failWithError(path_);
+    if (std::fflush(copy.get()) != 0) failCopying();
     std::rewind(copy.get());
     addOnPath_ = fmt::format("/proc/self/fd/{}", fileno(copy.get()));
     file_ = std::move(copy);

@@ -16,6 +16,9 @@ public:
     /// @param path  "-" is standard input. Throws Failure where the file cannot be read.
     explicit UpdateFile(std::filesystem::path path);
 
+    /// How much may come out of a pipe or a device; four times what a full list can show.
+    static constexpr std::size_t LongestCopy = 256U << 20U;
+
     /// For messages.
     std::string name() const { return path_.string(); }
 

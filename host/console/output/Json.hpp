@@ -1,5 +1,6 @@
 #pragma once
-// JSON as the commands print it: keys in the order in which they were set, always valid UTF-8.
+// JSON as the commands print it: keys in the order in which they were set, always valid UTF-8. Characters that a
+// terminal obeys or does not show are escaped (TerminalText.hpp): it stays the same JSON, and can be printed anywhere.
 
 #include "console/output/ListRows.hpp"
 #include "model/base/Records.hpp"
@@ -7,6 +8,7 @@
 #include <nlohmann/json.hpp>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace console {
@@ -17,10 +19,26 @@ using JsonValue = nlohmann::ordered_json;
 JsonValue toJson(const ListRow& row);
 JsonValue toJson(const std::vector<ListRow>& rows);
 
-/// [{"class": "IFCX", "instances": 3}, ...]
-JsonValue toJson(const std::vector<model::UnknownClass>& classes);
+/// Prints one object member by member, so that long lists need not be in memory as a whole. Indented on a terminal, one
+/// line in a file or pipe; ends with a line end.
+class JsonDocument {
+public:
+    JsonDocument();
 
-/// Indented on a terminal, one line in a file or pipe; ends with a line end.
+    void member(std::string_view name, const JsonValue& value);
+    void member(std::string_view name, const std::vector<ListRow>& rows);
+    /// To be called once, at the end.
+    void finish();
+
+private:
+    void startMember(std::string_view name);
+    void printIfLarge();
+
+    bool indented_;
+    bool empty_ = true;
+    std::string pending_;
+};
+
 void printDocument(const JsonValue& document);
 /// One line, out at once: its reader may be waiting for it.
 void printLine(const JsonValue& object);

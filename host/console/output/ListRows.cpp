@@ -2,7 +2,15 @@
 
 #include "console/output/HostText.hpp"
 
+#include <algorithm>
+
 namespace console {
+namespace {
+
+/// In UTF-16 units. Shorter texts are not worth an entry in the table of texts.
+constexpr std::size_t LongText = 100;
+
+}  // namespace
 
 std::vector<std::string> readHeader(const frontend::List& list) {
     std::vector<std::string> texts;
@@ -10,21 +18,40 @@ std::vector<std::string> readHeader(const frontend::List& list) {
     return texts;
 }
 
-ListRow readRow(const frontend::List& list, Int16 row) {
+std::string lastCell(const frontend::List& list, Int16 row) {
+    const GS::UniString text = list.rowText(row);
+    return toUtf8(text.View().substr(text.View().rfind(u'\t') + 1));
+}
+
+ListRow RowReader::read(const frontend::List& list, Int16 row) {
     ListRow result;
-    const auto fields = static_cast<Int16>(list.tabFields().size());
-    result.columns.reserve(list.tabFields().size());
-    for (Int16 field = 1; field <= fields; ++field) result.columns.push_back(toUtf8(list.cell(row, field)));
+    const std::size_t fields = list.tabFields().size();
+    result.columns.reserve(fields);
+    // The row is cut here in one pass. The list would look for each cell from the row's beginning.
+    const GS::UniString text = list.rowText(row);
+    std::u16string_view rest = text.View();
+    while (result.columns.size() < fields) {
+        const std::size_t tab = std::min(rest.find(u'\t'), rest.size());
+        result.columns.push_back(textOf(rest.substr(0, tab)));
+        rest.remove_prefix(std::min(tab + 1, rest.size()));
+    }
     result.status = list.status(row);
     result.color = list.color(row);
     return result;
 }
 
-std::vector<ListRow> readRows(const frontend::List& list, int first) {
+std::vector<ListRow> RowReader::readFrom(const frontend::List& list, int first) {
     std::vector<ListRow> rows;
     // The counter is an int: in a list of 32,767 rows an Int16 would overflow behind the last one.
-    for (int row = first; row <= list.rowCount(); ++row) rows.push_back(readRow(list, static_cast<Int16>(row)));
+    for (int row = first; row <= list.rowCount(); ++row) rows.push_back(read(list, static_cast<Int16>(row)));
     return rows;
+}
+
+SharedText RowReader::textOf(std::u16string_view units) {
+    if (units.size() < LongText) return toUtf8(units);
+    const auto known = longTexts_.find(units);
+    if (known != longTexts_.end()) return known->second;
+    return longTexts_.emplace(units, toUtf8(units)).first->second;
 }
 
 }  // namespace console

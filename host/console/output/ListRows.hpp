@@ -4,22 +4,56 @@
 #include "frameworks/FrontEnd.hpp"
 
 #include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace console {
 
+/// A text that is copied without copying its characters: a file of a few kilobytes can ask for thousands of rows that
+/// all show the same long text of the model.
+class SharedText {
+public:
+    SharedText() : SharedText(std::string()) {}
+    SharedText(std::string text) : text_(std::make_shared<const std::string>(std::move(text))) {}
+    SharedText(const char* text) : SharedText(std::string(text)) {}
+
+    const std::string& get() const { return *text_; }
+    operator const std::string&() const { return *text_; }
+    operator std::string_view() const { return *text_; }
+    friend bool operator==(const SharedText& a, const SharedText& b) { return a.get() == b.get(); }
+
+private:
+    std::shared_ptr<const std::string> text_;
+};
+
 struct ListRow {
-    std::vector<std::string> columns;  ///< UTF-8, one for each tab field.
+    std::vector<SharedText> columns;  ///< UTF-8, one for each tab field.
     int status = DG_IS_ENABLE;
     std::optional<frontend::Color> color;
 };
 
 std::vector<std::string> readHeader(const frontend::List& list);
 
-ListRow readRow(const frontend::List& list, Int16 row);
-/// From row `first` (from 1) to the last.
-std::vector<ListRow> readRows(const frontend::List& list, int first = 1);
+/// The text of the row's last cell.
+std::string lastCell(const frontend::List& list, Int16 row);
+
+/// Reads rows so that long texts that several of them show are kept once.
+class RowReader {
+public:
+    ListRow read(const frontend::List& list, Int16 row);
+    /// From row `first` (from 1) to the last.
+    std::vector<ListRow> readFrom(const frontend::List& list, int first = 1);
+
+private:
+    SharedText textOf(std::u16string_view units);
+
+    std::map<std::u16string, SharedText, std::less<>> longTexts_;
+};
 
 }  // namespace console

@@ -52,6 +52,7 @@ void OutputFile::checkPlace(const std::filesystem::path& target) {
 }
 
 void OutputFile::openTemporary() {
+    guard_.emplace();
     std::string name = target_.string() + ".XXXXXX";
     const int descriptor = mkstemp(name.data());
     if (descriptor < 0) fail();

@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <optional>
 #include <string_view>
 
 namespace console {
@@ -31,7 +32,8 @@ private:
     [[noreturn]] void fail() const;
     void stopIfInterrupted();
 
-    InterruptGuard guard_;
+    /// Only where there is a temporary file to be removed. To open a pipe waits for a reader, perhaps for ever.
+    std::optional<InterruptGuard> guard_;
     std::filesystem::path target_;
     std::filesystem::path temporary_;  ///< Empty once there is none.
     std::FILE* file_ = nullptr;

@@ -65,13 +65,16 @@ int leastWidth(Yield when) {
     return when == Yield::First ? LeastWidthOfFirst : LeastWidth;
 }
 
-void appendCell(std::string& line, const TableCell& cell, int width, bool last, bool colour) {
-    const std::string text = cutToWidth(cell.text, width);
-    const bool styled = colour && cell.style != Style::Plain && !text.empty();
+void appendCell(std::string& line, const TableCell& cell, int width, bool last, const Terminal& terminal) {
+    const bool styled = terminal.colour && cell.style != Style::Plain && !cell.text.get().empty();
     if (styled) line += sequence(cell.style);
-    line += text;
+    const std::size_t begin = line.size();
+    if (terminal.width > 0)
+        line += cutToWidth(cell.text, width);
+    else
+        appendVisible(line, cell.text);
+    const int blanks = width - displayWidth(std::string_view(line).substr(begin), width) + Gap;
     if (styled) line += "\x1B[0m";
-    const int blanks = width - displayWidth(text) + Gap;
     if (!last) line.append(static_cast<std::size_t>(blanks), ' ');
 }
 
@@ -86,15 +89,14 @@ Table::Table(std::vector<std::string> header) {
 
 void Table::add(Row row) {
     if (!rows_.empty()) row.resize(rows_.front().size());
-    for (TableCell& cell : row) cell.text = visible(cell.text);
     rows_.push_back(std::move(row));
 }
 
-std::vector<int> Table::naturalWidths() const {
+std::vector<int> Table::naturalWidths(int most) const {
     std::vector<int> widths(rows_.front().size(), 0);
     for (const Row& row : rows_)
         for (std::size_t column = 0; column < widths.size(); ++column)
-            widths[column] = std::max(widths[column], displayWidth(row[column].text));
+            widths[column] = std::max(widths[column], displayWidth(row[column].text, most));
     return widths;
 }
 
@@ -112,18 +114,17 @@ void Table::fit(std::vector<int>& widths, int lineWidth) const {
     }
 }
 
-std::string Table::layOut(const Terminal& terminal) const {
-    std::vector<int> widths = naturalWidths();
+void Table::layOut(const Terminal& terminal, const std::function<void(std::string_view)>& sink) const {
+    std::vector<int> widths = naturalWidths(terminal.width > 0 ? terminal.width : WidestAligned);
     if (terminal.width > 0 && !widths.empty()) fit(widths, terminal.width);
-    std::string text;
+    std::string line;
     for (const Row& row : rows_) {
-        std::string line;
+        line.clear();
         for (std::size_t column = 0; column < row.size(); ++column)
-            appendCell(line, row[column], widths[column], column + 1 == row.size(), terminal.colour);
+            appendCell(line, row[column], widths[column], column + 1 == row.size(), terminal);
         line.erase(line.find_last_not_of(' ') + 1);
-        text.append(line).append("\n");
+        sink(line += '\n');
     }
-    return text;
 }
 
 }  // namespace console

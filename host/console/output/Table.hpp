@@ -1,10 +1,13 @@
 #pragma once
 // Columns of text for a person: aligned, fitted to the terminal's width, coloured where wanted.
 
+#include "console/output/ListRows.hpp"
 #include "console/output/StandardOutput.hpp"
 
 #include <cstdint>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace console {
@@ -12,7 +15,7 @@ namespace console {
 enum class Style : std::uint8_t { Plain, Bold, Dim, Red, Green };
 
 struct TableCell {
-    std::string text;  ///< Any text; control characters are shown as pictures.
+    SharedText text;  ///< Any text; control characters are shown as pictures.
     Style style = Style::Plain;
 };
 
@@ -33,11 +36,15 @@ public:
     /// @param column  from 0. The default is Evenly.
     void yield(std::size_t column, Yield when) { yields_.at(column) = when; }
 
-    /// Every line ends with a line end. Where the terminal has a width, columns are cut until a line fits.
-    std::string layOut(const Terminal& terminal) const;
+    /// Gives `sink` the lines, each with its line end. Where the terminal has a width, columns are cut until a line
+    /// fits. Without one every text is there in full, and columns align up to WidestAligned.
+    void layOut(const Terminal& terminal, const std::function<void(std::string_view line)>& sink) const;
+
+    /// Without it one cell of 400 kB would make each of 4000 lines as long.
+    static constexpr int WidestAligned = 200;
 
 private:
-    std::vector<int> naturalWidths() const;
+    std::vector<int> naturalWidths(int most) const;
     void fit(std::vector<int>& widths, int lineWidth) const;
 
     std::vector<Row> rows_;  ///< The header first.

@@ -32,7 +32,7 @@ void addList(JsonValue& item, const frontend::List& list) {
     item["tabFields"] = JsonValue::array();
     for (const frontend::TabField& field : list.tabFields()) item["tabFields"].push_back(tabFieldAsJson(field));
     item["header"] = readHeader(list);
-    item["rows"] = toJson(readRows(list));
+    item["rows"] = toJson(RowReader().readFrom(list));
     item["rowsLost"] = list.rowsLost();
 }
 

@@ -3,9 +3,9 @@
 
 #include "console/output/Json.hpp"
 
+#include <cstdio>
 #include <filesystem>
-#include <fstream>
-#include <istream>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -19,16 +19,33 @@ struct Step {
 
 class ScriptReader {
 public:
-    /// @param path  "-" is standard input. Throws Failure where the file cannot be read.
+    /// No step needs more than a few levels. A deeper one would use up the stack where it is copied and printed.
+    static constexpr std::size_t DeepestNesting = 100;
+    /// In bytes. Only a file that is no script has longer lines; it is not to be read into memory as one.
+    static constexpr std::size_t LongestLine = 1U << 20U;
+
+    /// @param path  "-" is standard input. Throws Failure where the file cannot be opened.
     explicit ScriptReader(const std::filesystem::path& path);
 
-    /// Empty lines are passed over. Nothing at the end.
+    /// Empty lines are passed over. Nothing at the end, and where it cannot be read any further: see failure().
     std::optional<Step> next();
 
+    /// A complete message where the steps ended before their end: a read error, or a line that is too long.
+    const std::optional<std::string>& failure() const { return failure_; }
+
 private:
-    std::ifstream file_;
-    std::istream* source_;
+    struct Close {
+        void operator()(std::FILE* open) const { std::fclose(open); }
+    };
+
+    /// @return false at the end, and where failure_ says why it is not the end.
+    bool readLine(std::string& text);
+    void stop(const std::string& reason);
+
+    std::string name_;
+    std::unique_ptr<std::FILE, Close> file_;
     std::uint64_t line_ = 0;
+    std::optional<std::string> failure_;
 };
 
 }  // namespace console

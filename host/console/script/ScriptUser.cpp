@@ -2,6 +2,7 @@
 
 #include "console/Failure.hpp"
 #include "console/output/HostText.hpp"
+#include "console/output/Messages.hpp"
 #include "console/script/DialogAsJson.hpp"
 
 #include "text/Guid.hpp"
@@ -60,6 +61,7 @@ bool ScriptUser::run() {
     const ViewInCharge inCharge(*this);
     while (const auto step = nextStep()) perform(*step);
     if (outputFailure_) throw Failure(*outputFailure_);
+    if (steps_.failure()) throw Failure(*steps_.failure());
     return allDone_;
 }
 
@@ -107,6 +109,10 @@ std::optional<Step> ScriptUser::nextStep() {
 
 void ScriptUser::answerLastStep() {
     if (answer_.is_null()) return;
+    if (const auto problem = session_.takeProblem())
+        addError(problem->file.empty()
+                     ? fmt::format("the add-on's changes were undone: {}", wellFormed(problem->reason))
+                     : fmt::format("cannot read {}: {}", wellFormed(problem->file.string()), problem->reason));
     try {
         printLine(answer_);
     } catch (const Failure& failure) {
@@ -118,7 +124,13 @@ void ScriptUser::answerLastStep() {
 }
 
 void ScriptUser::fail(const std::string& text) {
-    answer_ = {{"error", text}, {"line", currentLine_}};
+    answer_ = nullptr;
+    addError(text);
+}
+
+void ScriptUser::addError(const std::string& text) {
+    answer_["error"] = text;
+    answer_["line"] = currentLine_;
     allDone_ = false;
 }
 
@@ -273,8 +285,10 @@ void ScriptUser::redo(const JsonValue&) {
 void ScriptUser::save(const JsonValue& step) {
     if (!step["save"].is_string()) return fail("\"save\" takes the path to save to");
     if (refusedWhileCommandRuns()) return;
+    const auto target = step["save"].get<std::string>();
+    for (const std::string& warning : model::Model::targetWarnings(target)) say(warning);
     try {
-        session_.save(step["save"].get<std::string>());
+        session_.save(target);
     } catch (const Failure& failure) {
         fail(failure.what());
     }

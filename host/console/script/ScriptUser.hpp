@@ -30,7 +30,10 @@ private:
     std::optional<Step> nextStep();
     void answerLastStep();
     void perform(const Step& step);
+    /// Answers with the error alone.
     void fail(const std::string& text);
+    /// For what went wrong although the step was done.
+    void addError(const std::string& text);
     /// Adds to the answer that is still to be given.
     void tell(const char* what, JsonValue value);
 
