@@ -32,7 +32,8 @@ build() {
     local preset=$1 folder=$project/build/$1 log=$project/build/$1.log
     shift
     need $(packages)
-    [ "$preset" != clang ] || need clang-14
+    case "$preset" in clang | fuzz) need clang-14 ;; esac
+    [ "$preset" != fuzz ] || need libclang-rt-14-dev
     mkdir -p "$project/build"
     if [ ! -e "$folder/build.ninja" ] || [ "$project/CMakePresets.json" -nt "$folder/build.ninja" ]; then
         say "Configuring build/$preset"

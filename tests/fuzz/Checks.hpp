@@ -1,6 +1,7 @@
 #pragma once
 // What must hold for any bytes whatever. A check that fails throws, which a fuzzer takes for a crash.
 
+#include <cstdint>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -15,10 +16,52 @@ void checkString(std::string_view bytes);
 void checkTable(std::string_view bytes);
 /// Puts the bytes as the sheet into a workbook of each kind and reads these.
 void checkSheet(std::string_view bytes);
+/// Reads all of every element of the bytes as a model, makes one change of each kind, and takes it back.
+void checkModel(std::string_view bytes);
+/// Unpacks the bytes as an archive and packs what comes out; packs the bytes as a model and unpacks that.
+void checkArchive(std::string_view bytes);
+/// Saves a model on a disk that fails, is slow to fail or is written by others, as the first bytes say.
+void checkSaving(std::string_view bytes);
+/// Reads the bytes as resource definitions, and shows each dialog that they define.
+void checkResources(std::string_view bytes);
+/// Lets handler and user do with dialogs what the bytes say, number by number.
+void checkDialogs(std::string_view bytes);
+/// Looks for what a person should be told of the bytes as an update file.
+void checkUpdateFile(std::string_view bytes);
+/// Lets the scripted user do what the bytes say, as far as that reads and writes no file of their choice.
+void checkScript(std::string_view bytes);
 
 inline void require(bool holds, const char* what) {
     if (!holds) throw std::logic_error(what);
 }
+
+/// Decisions drawn from the bytes; zeros behind their end.
+class Choices {
+public:
+    explicit Choices(std::string_view bytes) : left_(bytes) {}
+
+    bool empty() const { return left_.empty(); }
+    std::string_view rest() const { return left_; }
+    std::uint8_t byte() {
+        if (left_.empty()) return 0;
+        const auto value = static_cast<std::uint8_t>(left_.front());
+        left_.remove_prefix(1);
+        return value;
+    }
+    std::int16_t number() {
+        const std::uint8_t high = byte();
+        return static_cast<std::int16_t>(high << 8 | byte());
+    }
+    std::size_t below(std::size_t end) { return end == 0 ? 0 : byte() % end; }
+    std::string text() {
+        const std::string_view taken = left_.substr(0, below(32));
+        left_.remove_prefix(taken.size());
+        return std::string(taken);
+    }
+
+private:
+    std::string_view left_;
+};
 
 }  // namespace fuzz
 

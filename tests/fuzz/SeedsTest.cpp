@@ -12,26 +12,32 @@ namespace {
 
 namespace fs = std::filesystem;
 
-int checkAll(const char* folder, void (*check)(std::string_view)) {
+struct Target {
+    const char* name;  ///< Also the folder of its seeds.
+    void (*check)(std::string_view);
+};
+
+class FuzzSeeds : public ::testing::TestWithParam<Target> {};
+
+TEST_P(FuzzSeeds, Pass) {
     int count = 0;
-    for (const auto& entry : fs::directory_iterator(testing_support::projectFile("tests/fuzz/seeds") / folder)) {
-        EXPECT_NO_THROW(check(testing_support::bytesOf(entry.path()))) << entry.path();
+    for (const auto& seed :
+         fs::directory_iterator(testing_support::projectFile("tests/fuzz/seeds") / GetParam().name)) {
+        EXPECT_NO_THROW(GetParam().check(testing_support::bytesOf(seed.path()))) << seed.path();
         ++count;
     }
-    return count;
+    EXPECT_GT(count, 0);
 }
 
-TEST(FuzzSeeds, FilesPass) {
-    EXPECT_GT(checkAll("files", fuzz::checkStepFile), 0);
-}
-TEST(FuzzSeeds, StringsPass) {
-    EXPECT_GT(checkAll("strings", fuzz::checkString), 0);
-}
-TEST(FuzzSeeds, TablesPass) {
-    EXPECT_GT(checkAll("tables", fuzz::checkTable), 0);
-}
-TEST(FuzzSeeds, SheetsPass) {
-    EXPECT_GT(checkAll("sheets", fuzz::checkSheet), 0);
-}
+INSTANTIATE_TEST_SUITE_P(Targets, FuzzSeeds,
+                         ::testing::Values(Target{"stepfile", fuzz::checkStepFile}, Target{"string", fuzz::checkString},
+                                           Target{"model", fuzz::checkModel}, Target{"archive", fuzz::checkArchive},
+                                           Target{"saving", fuzz::checkSaving},
+                                           Target{"resource", fuzz::checkResources},
+                                           Target{"dialog", fuzz::checkDialogs},
+                                           Target{"updatefile", fuzz::checkUpdateFile},
+                                           Target{"script", fuzz::checkScript}, Target{"table", fuzz::checkTable},
+                                           Target{"sheet", fuzz::checkSheet}),
+                         [](const auto& row) { return std::string(row.param.name); });
 
 }  // namespace
