@@ -12,7 +12,8 @@ from project import PROJECT
 
 def case(name, result="completed", failure=None, skip=None):
     status = "notrun" if result == "suppressed" else "run"
-    inner = f"<failure message='{failure}'/>" if failure else f"<skipped message='A.cpp:1&#10;{skip}'/>" if skip else ""
+    inner = f"<failure message='{failure}'/>" if failure else ""
+    inner += f"<skipped message='A.cpp:1&#10;{skip}'/>" if skip else ""
     return f"<testcase classname='Suite' name='{name}' status='{status}' result='{result}'>{inner}</testcase>"
 
 
