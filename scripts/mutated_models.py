@@ -18,8 +18,8 @@ TIME_LIMIT = 60     # Seconds; the sanitizers make everything slower.
 LARGEST = 200_000   # Bytes of a model that is worth damaging: a run is to be short.
 TOKEN = re.compile(rb"'(?:[^']|'')*'|#\d+|\.\w+\.|[-+]?\d+\.?\d*(?:E[-+]?\d+)?|\w+|\s+|.", re.DOTALL)
 NASTY = (b"'", b"(", b")", b";", b"$", b"*", b"/*", b"*/", b"()", b",,", b"\\X2\\", b"\\X0\\", b"\\S\\", b".T.",
-         b"1E400", b"-9223372036854775808", b"#1", b"#99999999999999999999", b"\0", b"\xff\xfe", b"IFCLABEL(", b"ENDSEC;",
-         b"DATA;")
+         b"1E400", b"-9223372036854775808", b"#1", b"#99999999999999999999", b"\0", b"\xff\xfe", b"IFCLABEL(",
+         b"ENDSEC;", b"DATA;")
 UPDATES = ("4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9\tFireRating[WallCommon]\t\tF 120\n"
            "4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9\tName\t\tnew 'name' \\ \u4e2d\n"
            "4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9\tInspectedOn[House_Survey]\t\t2024-05-17\n"
