@@ -13,6 +13,7 @@ const char* const Usage =
     "  --help           print this and end\n"
     "  --version        print the version and end\n";
 
+// Read before there is a QApplication: that one needs a display, and --help must not.
 CommandLine readCommandLine(const std::vector<std::string>& arguments) {
     CommandLine line;
     bool optionsEnded = false;

@@ -24,6 +24,7 @@ GS::UniString toUniString(const QString& text) {
 }
 
 std::filesystem::path toPath(const QString& path) {
+    // Through QFile: a name in a file system need not be UTF-8, and must come back as it was.
     return std::filesystem::path(QFile::encodeName(path).toStdString());
 }
 

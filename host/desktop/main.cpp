@@ -24,6 +24,7 @@ int main(int argc, char** argv) {
     }
     desktop::Application application(argc, argv);
     desktop::MainWindow window;
+    // Shown before anything that may take a while or fail: what is said then is said in this window.
     window.show();
     window.loadAddOn(line.addOn.empty() ? host::defaultBundle() : line.addOn);
     if (!line.model.empty()) {

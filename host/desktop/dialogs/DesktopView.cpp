@@ -38,6 +38,7 @@ DesktopView::~DesktopView() {
 }
 
 void DesktopView::runModal(frontend::Dialog& dialog) {
+    // Modal for the add-on, which waits for this call, but not for the user, who may look at plan and elements.
     AddOnDialog shown(dialog, window_);
     open_[&dialog] = &shown;
     Q_EMIT dialogOpened(&shown);
@@ -77,6 +78,7 @@ std::optional<std::string> DesktopView::pickFile(const frontend::FileRequest& re
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     QSettings().setValue(FolderKey, dialog.directory().absolutePath());
     picked_ = toPath(dialog.selectedFiles().constFirst()).string();
+    // Kept for the hints about the file: the add-on tells nobody which file its review is of.
     return picked_;
 }
 

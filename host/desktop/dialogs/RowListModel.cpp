@@ -30,6 +30,7 @@ RowListModel::RowListModel(const frontend::List& list, QObject* parent)
 void RowListModel::refresh() {
     const int nowRows = list_.rowCount();
     const int nowColumns = static_cast<int>(list_.tabFields().size());
+    // The dialog manager says that something changed, not what. Add-ons append rows, or empty the list to fill it anew.
     if (nowColumns != shownColumns_ || nowRows < shownRows_) {
         beginResetModel();
         shownRows_ = nowRows;

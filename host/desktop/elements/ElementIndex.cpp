@@ -70,6 +70,7 @@ ElementIndex::ElementIndex(const model::Model& model) {
     rows_.resize(count);
     guids_.resize(count);
     QHash<QString, std::uint16_t> typeNumbers, classNumbers;
+    // Some ten types and classes for hundreds of thousands of elements: each row keeps a number of 16 bits.
     const auto shared = [](QHash<QString, std::uint16_t>& numbers, std::vector<Shared>& texts, const QString& text) {
         const auto known = numbers.constFind(text);
         if (known != numbers.constEnd()) return *known;
@@ -111,6 +112,7 @@ void ElementIndex::gatherStoreys(const model::Model& model, std::vector<QString>
         ++storeys_[rows_[element].storey].elementCount;
     }
 
+    // Storeys come in the order in which elements name them; the rows' numbers follow when they are sorted.
     std::vector<std::uint32_t> order(storeys_.size());
     std::iota(order.begin(), order.end(), 0U);
     std::stable_sort(order.begin(), order.end(), [&](std::uint32_t a, std::uint32_t b) {

@@ -31,10 +31,10 @@ void ElementTableModel::refresh() {
     endResetModel();
 }
 
-void ElementTableModel::sort(int column, Qt::SortOrder direction) {
+void ElementTableModel::sort(int column, Qt::SortOrder order) {
     beginResetModel();
     sortColumn_ = column;
-    sortOrder_ = direction;
+    sortOrder_ = order;
     order_.clear();
     apply();
     endResetModel();
@@ -43,6 +43,8 @@ void ElementTableModel::sort(int column, Qt::SortOrder direction) {
 void ElementTableModel::apply() {
     shown_.clear();
     if (!index_) return;
+    // Sorting takes far longer than filtering. So the order is kept until column, direction or content change, and a
+    // filter only picks from it.
     if (order_.empty()) {
         if (sortColumn_ < 0) {
             order_.resize(index_->size());

@@ -88,6 +88,7 @@ InspectorPanel::InspectorPanel(QWidget* parent)
 }
 
 void InspectorPanel::show(const model::Model* model, std::optional<model::Element> element) {
+    // Elements of one kind have their data in the same places: what was in sight stays in sight from one to the next.
     const int scrolled = view_->verticalScrollBar()->value();
     view_->setUpdatesEnabled(false);
     view_->clear();
@@ -123,6 +124,7 @@ void InspectorPanel::addIdentity(const model::Model& model, model::Element eleme
     addRow(identity, QStringLiteral("Class"), toQString(info.ifcClass));
     addRow(identity, QStringLiteral("Storey"), toQString(model.storey(element)));
     addRow(identity, QStringLiteral("Instance"), QStringLiteral("#%1").arg(info.instanceId));
+    // Only the first of them is read and changed; see Model::remarks.
     if (model.hasDuplicates(element)) {
         addRow(identity, QStringLiteral("Note"), QStringLiteral("Others in the file bear the same GlobalId"));
     }
@@ -153,6 +155,7 @@ void InspectorPanel::addProperties(const model::Model& model, model::Element ele
         QTreeWidgetItem*& set = sets[title];
         if (!set) set = group(title);
         QTreeWidgetItem* row = addRow(set, toQString(property.name), valueText(property));
+        // Grey: an update cannot change it.
         if (property.kind != model::PropertyKind::Single) {
             row->setForeground(1, palette().brush(QPalette::Disabled, QPalette::Text));
         }

@@ -15,14 +15,14 @@ constexpr std::size_t Piece = 64;
 
 }  // namespace
 
-void PlanDrawing::start(const PlanViewport& port, qreal pixelRatio, const QPalette& palette, const QColor& paper,
-                        std::vector<Item> wanted) {
-    pending_ = QImage((port.size * pixelRatio).toSize(), QImage::Format_ARGB32_Premultiplied);
+void PlanDrawing::start(const PlanViewport& viewport, qreal pixelRatio, const QPalette& palette, const QColor& paper,
+                        std::vector<Item> items) {
+    pending_ = QImage((viewport.size * pixelRatio).toSize(), QImage::Format_ARGB32_Premultiplied);
     pending_.setDevicePixelRatio(pixelRatio);
     pending_.fill(paper);
-    pendingPort_ = port;
+    pendingViewport_ = viewport;
     palette_ = palette;
-    items_ = std::move(wanted);
+    items_ = std::move(items);
     next_ = 0;
 }
 
@@ -33,7 +33,7 @@ bool PlanDrawing::draw(qint64 milliseconds) {
     {
         QPainter painter(&pending_);
         painter.setRenderHint(QPainter::Antialiasing);
-        PlanPainter plan(painter, pendingPort_, palette_);
+        PlanPainter plan(painter, pendingViewport_, palette_);
         while (next_ < items_.size()) {
             const std::size_t end = std::min(items_.size(), next_ + Piece);
             for (; next_ < end; ++next_) plan.draw(*items_[next_].footprint, items_[next_].mark);
@@ -42,7 +42,7 @@ bool PlanDrawing::draw(qint64 milliseconds) {
     }
     if (next_ < items_.size()) return false;
     picture_ = std::exchange(pending_, {});
-    picturePort_ = pendingPort_;
+    pictureViewport_ = pendingViewport_;
     items_.clear();
     next_ = 0;
     return true;
@@ -56,10 +56,11 @@ void PlanDrawing::clear() {
 
 void PlanDrawing::paint(QPainter& painter, const PlanViewport& now) const {
     if (picture_.isNull()) return;
-    if (picturePort_ == now) {
+    if (pictureViewport_ == now) {
         painter.drawImage(QPointF(0, 0), picture_);
     } else {
-        painter.drawImage(now.toScreen(picturePort_.visible()), picture_, QRectF(picture_.rect()));
+        // Zoomed or moved since: a stretched picture now is better than a sharp one in a second.
+        painter.drawImage(now.toScreen(pictureViewport_.visible()), picture_, QRectF(picture_.rect()));
     }
 }
 

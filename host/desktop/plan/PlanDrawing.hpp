@@ -19,7 +19,7 @@ public:
     };
 
     /// Begins anew. @param paper  what is filled in first; transparent for a layer that goes over another.
-    void start(const PlanViewport& port, qreal pixelRatio, const QPalette& palette, const QColor& paper,
+    void start(const PlanViewport& viewport, qreal pixelRatio, const QPalette& palette, const QColor& paper,
                std::vector<Item> items);
     bool running() const { return next_ < items_.size() || !pending_.isNull(); }
     /// Draws for about this long. @return true once the picture is finished.
@@ -35,7 +35,7 @@ private:
     std::vector<Item> items_;
     std::size_t next_ = 0;
     QImage pending_, picture_;
-    PlanViewport pendingPort_, picturePort_;
+    PlanViewport pendingViewport_, pictureViewport_;
     QPalette palette_;
 };
 

@@ -115,6 +115,7 @@ void PlanGeometry::readNext(Storey& storey) {
     }
     footprint.box = footprint.outline.boundingRect();
     footprint.area = areaOf(footprint.outline);
+    // A deque: drawings under way hold pointers to footprints while more of them come in.
     storey.footprints.push_back(std::move(footprint));
     byElement_[storey.footprints.back().element] = &storey.footprints.back();
 }

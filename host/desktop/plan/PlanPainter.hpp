@@ -25,8 +25,8 @@ QString markText(Mark mark);
 /// Draws plans. Knows no widget, so that a drawing can go anywhere.
 class PlanPainter {
 public:
-    PlanPainter(QPainter& target, const PlanViewport& port, const QPalette& palette)
-        : painter_(target), viewport_(port), palette_(palette) {}
+    PlanPainter(QPainter& painter, const PlanViewport& viewport, const QPalette& palette)
+        : painter_(painter), viewport_(viewport), palette_(palette) {}
 
     /// @param mark  None: as part of the building.
     void draw(const Footprint& footprint, Mark mark);

@@ -133,8 +133,8 @@ void PlanPanel::chooseStorey(std::uint32_t storey) {
     choice_->setCurrentIndex(choice_->findData(static_cast<int>(storey)));
 }
 
-void PlanPanel::setMarks(const PlanMarks* shown, bool choose) {
-    marks_ = shown;
+void PlanPanel::setMarks(const PlanMarks* marks, bool choose) {
+    marks_ = marks;
     if (!elements_) return;
     labelChoice();
     const std::vector<std::size_t> marked = markedPerStorey();

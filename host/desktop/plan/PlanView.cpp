@@ -78,16 +78,16 @@ PlanView::PlanView(PlanGeometry* geometry, QWidget* parent)
     });
 }
 
-void PlanView::setStoreys(const std::vector<std::uint32_t>& numbers) {
-    if (numbers == storeys_ && fitted_) fit();
-    storeys_ = numbers;
+void PlanView::setStoreys(const std::vector<std::uint32_t>& storeys) {
+    if (storeys == storeys_ && fitted_) fit();
+    storeys_ = storeys;
     geometry_->request(storeys_);
     if (fitted_) fit();
     redraw();
 }
 
-void PlanView::setMarks(const PlanMarks* shown) {
-    marks_ = shown;
+void PlanView::setMarks(const PlanMarks* marks) {
+    marks_ = marks;
     QStringList counts;
     for (const Mark mark : MarksByUrgency) {
         if (marks_ && marks_->rowCount(mark)) {

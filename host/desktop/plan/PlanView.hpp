@@ -19,8 +19,8 @@ class PlanView : public QWidget {
 public:
     explicit PlanView(PlanGeometry* geometry, QWidget* parent = nullptr);
 
-    void setStoreys(const std::vector<std::uint32_t>& numbers);
-    void setMarks(const PlanMarks* shown);
+    void setStoreys(const std::vector<std::uint32_t>& storeys);
+    void setMarks(const PlanMarks* marks);
     /// The element drawn with the selection's frame; brought into sight where it is not.
     void setSelected(std::optional<model::Element> element);
     void fit();

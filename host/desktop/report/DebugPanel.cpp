@@ -33,6 +33,7 @@ DebugPanel::DebugPanel(QWidget* parent) : QWidget(parent), view_(new QPlainTextE
 
 void DebugPanel::append(const char* text) {
     pending_ += text;
+    // Twice as much, so that the front is cut off once a megabyte and not at each text.
     if (pending_.size() > 2 * KeptBytes) pending_.erase(0, pending_.size() - KeptBytes);
     if (isVisible() && !timer_.isActive()) timer_.start();
 }

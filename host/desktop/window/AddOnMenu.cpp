@@ -12,6 +12,7 @@ namespace desktop {
 
 namespace {
 
+/// An ampersand in an add-on's text is a letter, not the mark of a shortcut key.
 QString asMenuText(const GS::UniString& text) {
     return toQString(text).replace(u'&', QStringLiteral("&&"));
 }
@@ -25,6 +26,7 @@ AddOnMenu::AddOnMenu(QMainWindow* window, host::Host& host, Document& document, 
 }
 
 void AddOnMenu::rebuild() {
+    // Later, since one of these menus may be what called.
     for (QMenu* menu : menus_) menu->deleteLater();
     menus_.clear();
     entries_.clear();
@@ -74,6 +76,7 @@ void AddOnMenu::pick(Int16 menu, Int32 item) {
         const WaitCursor wait;
         error = host_.pickMenuItem(menu, item);
     }
+    // After the guard is gone, so that the windows show the new state with the commands open again.
     document_.noteCommand();
     update();
     Q_EMIT commandEnded(error);

@@ -9,8 +9,10 @@ namespace desktop {
 Document::Document(host::Host& host, QObject* parent) : QObject(parent), host_(host) {}
 
 void Document::adopt(Opened opened, const QString& path) {
+    // The windows hold pointers to the old model and its index: they let go of them before these are destroyed.
     Q_EMIT closing();
     host_.adoptModel(std::move(opened.model));
+    // Only now: the model that has just gone may have held the lock of the same file.
     model()->takeLock();
     index_ = std::move(opened.index);
     path_ = path;

@@ -16,6 +16,7 @@ namespace desktop {
 
 namespace {
 
+/// "Undo" with the step's name, in which an ampersand is a letter.
 QString withName(const QString& verb, bool possible, const std::string& name) {
     if (!possible || name.empty()) return verb;
     return verb + u' ' + toQString(name).replace(u'&', QStringLiteral("&&"));
@@ -56,6 +57,7 @@ EditMenu::EditMenu(QMainWindow* window, Document& document, ElementPanel& elemen
     update();
 }
 
+/// Copying and finding only look at the model, so they stay open while a command runs.
 void EditMenu::update() {
     const bool free = document_.isOpen() && !busy_.active();
     const bool canUndo = free && document_.model()->canUndo();

@@ -24,6 +24,7 @@ HelpMenu::HelpMenu(QMainWindow* window, host::Host& host)
     fill();
 }
 
+/// Anew each time that it is shown: an add-on may register a folder in any of its commands.
 void HelpMenu::fill() {
     menu_->clear();
     for (const frontend::HelpLocation& location : frontend::helpLocations()) {

@@ -75,6 +75,7 @@ MainWindow::MainWindow()
 }
 
 MainWindow::~MainWindow() {
+    // The host's destructor runs the add-on's end, which may still report and print: there is no window to show it in.
     review_.reset();
     frontend::setDebugSink({});
     host_.setReportSink({});
@@ -204,6 +205,7 @@ bool MainWindow::loadAddOn(const std::filesystem::path& bundle) {
     // Help stands last in a menu bar.
     menuBar()->addAction(helpMenu_->menuAction());
     if (status) return true;
+    // In a message once the window is up: who starts the program by a double click sees no standard error.
     const QString reason = toQString(status.error().message);
     report_->append(reason, true);
     QTimer::singleShot(0, this, [this, reason] {
