@@ -7,6 +7,20 @@
 
 namespace desktop {
 
+namespace {
+
+constexpr char16_t FirstPicture = 0x2400, PictureOfDelete = 0x2421;
+
+bool isHidden(char16_t c) {
+    const bool c1Control = c >= 0x80 && c <= 0x9F;
+    const bool withoutWidth = c == 0x200B || c == 0x2060 || c == 0xFEFF;
+    const bool directionMark = c == 0x061C || c == 0x200E || c == 0x200F;
+    const bool directionChange = (c >= 0x202A && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
+    return c1Control || withoutWidth || directionMark || directionChange;
+}
+
+}  // namespace
+
 QString toQString(const GS::UniString& text) {
     return toQString(text.View());
 }
@@ -51,9 +65,24 @@ QString counted(qint64 value, const char* one, const char* many) {
     return number(value) + u' ' + QString::fromLatin1(value == 1 ? one : many);
 }
 
+QString visible(QString text) {
+    for (QChar& c : text) {
+        const char16_t unit = c.unicode();
+        if (unit == u'\n' || unit == u'\r' || unit == u'\t') continue;
+        if (unit < 0x20) {
+            c = QChar(static_cast<char16_t>(FirstPicture + unit));
+        } else if (unit == 0x7F) {
+            c = QChar(PictureOfDelete);
+        } else if (isHidden(unit)) {
+            c = QChar::ReplacementCharacter;
+        }
+    }
+    return text;
+}
+
 QString asPlainToolTip(const QString& text) {
     if (text.isEmpty()) return {};
-    return QStringLiteral("<span style='white-space:pre-wrap'>%1</span>").arg(text.toHtmlEscaped());
+    return QStringLiteral("<span style='white-space:pre-wrap'>%1</span>").arg(visible(text).toHtmlEscaped());
 }
 
 }  // namespace desktop

@@ -28,7 +28,12 @@ QString number(qint64 value);
 /// "1 element", "2 elements": `one` and `many` without the number.
 QString counted(qint64 value, const char* one, const char* many);
 
-/// A text that Qt must show as it stands, though it may look like mark-up.
+/// A text of a model or file as it may be shown: characters that nobody sees, or that reorder the others, would make it
+/// look like another text. Controls become their pictures, direction marks and characters without width U+FFFD. Line
+/// ends and TABs stay, and so do the joiners that some scripts need between letters.
+QString visible(QString text);
+
+/// A text that Qt must show as it stands, though it may look like mark-up. Its hidden characters are made visible.
 QString asPlainToolTip(const QString& text);
 
 }  // namespace desktop

@@ -77,6 +77,12 @@ INSTANTIATE_TEST_SUITE_P(
                     Odd{"quotes", Wall + "\tName\t\t\"x\"\n", "cells in quotes"},
                     Odd{"nothing", "", "It holds no lines"}, Odd{"archive", "PK\x03\x04\x14", "It is no text file"}));
 
+TEST_F(HintsInTheWindow, SayThatAFileCouldNotBeReadToItsEnd) {
+    // A file that opens, and whose first byte cannot be read.
+    reviewFile("/proc/self/mem",
+               [](AddOnDialog& dialog) { EXPECT_THAT(shown(dialog), HasSubstr("It could not be read to its end")); });
+}
+
 TEST_F(HintsInTheWindow, LeaveTheAddOnsItemsAsTheyAre) {
     QSize plain, hinted;
     QRect list, button, listThen, buttonThen;

@@ -217,6 +217,15 @@ TEST_F(Reviewing, CopyTakesTheSelectedRowsWithTabs) {
     });
 }
 
+TEST_F(Reviewing, CharactersThatHideOrReorderOthersAreSeenInTheListAndCopiedAsTheyAre) {
+    const QString odd = QStringLiteral("Oak\u202Edoor\u200B\u0085\u0001");
+    review(line(Wall, "Name", odd.toStdString()), [&](AddOnDialog& dialog) {
+        EXPECT_EQ(cell(dialog, 1, 7), QStringLiteral("Oak\uFFFDdoor\uFFFD\uFFFD\u2401"));
+        press(dialog, Qt::Key_C, Qt::ControlModifier);
+        EXPECT_EQ(QApplication::clipboard()->text().section(u'\t', 6, 6), odd);
+    });
+}
+
 TEST_F(Reviewing, TypingGoesToTheNextRowThatHoldsTheText) {
     review(twoAndOne(), [](AddOnDialog& dialog) {
         type(dialog, QStringLiteral("oak"));

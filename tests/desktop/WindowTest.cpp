@@ -138,6 +138,21 @@ TEST_F(Window, SelectedElementsDataIsShownAndItsGuidCopied) {
     EXPECT_EQ(QApplication::clipboard()->text(), Wall);
 }
 
+TEST_F(Window, TextsOfAModelAreShownWithTheirHiddenCharactersAndCopiedAsTheyAre) {
+    const QString odd = QStringLiteral("Wall\u202E9\u2067");
+    openSample();
+    review(Wall.toStdString() + "\tName\t\t" + odd.toStdString() + "\n", [](desktop::AddOnDialog& dialog) {
+        clickItem(dialog, SelectAllItem);
+        clickItem(dialog, ApplyItem);
+    });
+    filter(Wall);
+    press(window(), Qt::Key_Down);
+    EXPECT_EQ(shown(0, 2), QStringLiteral("Wall\uFFFD9\uFFFD"));
+    EXPECT_EQ(inspected(QStringLiteral("Name")), shown(0, 2));
+    press(window(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text().section(u'\t', 2, 2), odd);
+}
+
 TEST_F(Window, AppliedNameIsInTableAndInspectorAtOnceAndGoneAfterUndo) {
     openSample();
     filter(Wall);

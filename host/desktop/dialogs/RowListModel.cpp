@@ -2,6 +2,8 @@
 
 #include "desktop/QtText.hpp"
 
+#include <utility>
+
 namespace desktop {
 
 namespace {
@@ -12,11 +14,11 @@ Int16 counted1(int index) {
 }
 
 /// A cell is one line; a line break in a text of the model would push the rest of it out of sight.
-QString onOneLine(QString text) {
+QString shownText(QString text) {
     for (QChar& c : text) {
         if (c == u'\n' || c == u'\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator) c = u' ';
     }
-    return text;
+    return visible(std::move(text));
 }
 
 }  // namespace
@@ -61,7 +63,7 @@ int RowListModel::columnCount(const QModelIndex& parent) const {
 
 QVariant RowListModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || index.row() >= shownRows_) return {};
-    if (role == Qt::DisplayRole) return onOneLine(cellText(index.row(), index.column()));
+    if (role == Qt::DisplayRole) return shownText(cellText(index.row(), index.column()));
     if (role == Qt::ForegroundRole) return foreground(index.row());
     return {};
 }

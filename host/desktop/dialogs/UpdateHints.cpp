@@ -36,12 +36,15 @@ QStringList hintsAbout(const std::string& file, const frontend::Dialog& dialog, 
     for (QByteArray block = source.read(blockSize); !block.isEmpty(); block = source.read(blockSize)) {
         scan.read({block.constData(), static_cast<std::size_t>(block.size())});
     }
-    // Not the end of the file: the list may lack rows.
+    QStringList hints;
+    // The end of what could be read looks like the end of the file, here as to the add-on.
     if (source.error() != QFileDevice::NoError) {
-        return {QStringLiteral("It cannot be read to its end (%1); import it again").arg(source.errorString())};
+        hints += QStringLiteral(
+                     "It could not be read to its end (%1), so rows are missing; close this, repair the file or its "
+                     "disk, and import it again")
+                     .arg(source.errorString());
     }
     const updatefile::ReviewCounts counts{static_cast<std::uint64_t>(list->rowCount()), list->rowsLost()};
-    QStringList hints;
     for (const std::string& hint : updatefile::hintsFor(scan.finish(), counts, "the table of elements shows")) {
         QString text = toQString(hint);
         hints += text.replace(0, 1, text.at(0).toUpper());

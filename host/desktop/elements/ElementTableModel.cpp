@@ -95,7 +95,7 @@ QVariant ElementTableModel::data(const QModelIndex& index, int role) const {
     const auto which = element(index.row());
     if (!which) return {};
     const QString shownText = text(*which, static_cast<ElementColumn>(index.column()));
-    return role == Qt::ToolTipRole && !shownText.isEmpty() ? asPlainToolTip(shownText) : shownText;
+    return role == Qt::ToolTipRole && !shownText.isEmpty() ? asPlainToolTip(shownText) : visible(shownText);
 }
 
 QVariant ElementTableModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -16,8 +16,13 @@ namespace desktop {
 
 namespace {
 
+/// The role of a cell's text as the model has it, for copying.
+constexpr int StoredText = Qt::UserRole;
+
 QTreeWidgetItem* addRow(QTreeWidgetItem* group, const QString& name, const QString& value) {
-    auto* row = new QTreeWidgetItem(group, {name, value});
+    auto* row = new QTreeWidgetItem(group, {visible(name), visible(value)});
+    row->setData(0, StoredText, name);
+    row->setData(1, StoredText, value);
     row->setToolTip(0, asPlainToolTip(name));
     if (!value.isEmpty()) row->setToolTip(1, asPlainToolTip(value));
     return row;
@@ -95,7 +100,7 @@ void InspectorPanel::show(const model::Model* model, std::optional<model::Elemen
     if (model && element) {
         const QString name = toQString(model->name(*element));
         const QString type = toQString(model->info(*element).typeName);
-        heading_->setText(name.isEmpty() ? type : QStringLiteral("%1 – %2").arg(name, type));
+        heading_->setText(visible(name.isEmpty() ? type : QStringLiteral("%1 – %2").arg(name, type)));
         addIdentity(*model, *element);
         addAttributes(*model, *element);
         addProperties(*model, *element);
@@ -180,7 +185,8 @@ void InspectorPanel::addClassifications(const model::Model& model, model::Elemen
 void InspectorPanel::copySelection() {
     QStringList lines;
     for (const QTreeWidgetItem* item : view_->selectedItems()) {
-        lines += item->childCount() ? item->text(0) : item->text(0) + u'\t' + item->text(1);
+        const auto stored = [item](int column) { return item->data(column, StoredText).toString(); };
+        lines += item->childCount() ? item->text(0) : stored(0) + u'\t' + stored(1);
     }
     if (!lines.isEmpty()) QApplication::clipboard()->setText(lines.join(u'\n'));
 }

@@ -24,7 +24,7 @@ ReportPanel::ReportPanel(QWidget* parent) : QWidget(parent), list_(new QListWidg
 }
 
 void ReportPanel::append(const QString& text, bool alert) {
-    auto* line = new QListWidgetItem(text.simplified(), list_);
+    auto* line = new QListWidgetItem(visible(text.simplified()), list_);
     line->setToolTip(asPlainToolTip(text));
     if (alert) line->setIcon(style()->standardIcon(QStyle::SP_MessageBoxWarning));
     list_->scrollToBottom();
