@@ -277,6 +277,10 @@ std::vector<std::u16string> Model::chosenItems(Element element, std::u16string_v
     return ifc::chosenItems(work, ifc::findProperty(work, work.elements.slot(element), set, name));
 }
 
+ifc::Workspace& Model::workspace() const {
+    return content_->work;
+}
+
 // --- Edits ---
 
 Status Model::setAttribute(Element element, std::string_view name, std::u16string_view value) {

@@ -24,6 +24,10 @@
 
 namespace model {
 
+namespace ifc {
+class Workspace;
+}
+
 /// One open IFC file.
 ///
 /// - **Elements.** An Element that the caller got from here is valid as long as the Model is; passing any other
@@ -92,6 +96,9 @@ public:
     Result<std::vector<ClassificationReference>> classifications(Element element) const;
     /// The items that an enumerated property has chosen, as texts. Empty where it is none.
     std::vector<std::u16string> chosenItems(Element element, std::u16string_view set, std::u16string_view name) const;
+    /// What all of this is read from, for who reads more than records hold: see model/ifc/data. Valid as long as the
+    /// model; what is kept in its indexes follows every change.
+    ifc::Workspace& workspace() const;
 
     // --- Edits: only inside a command, ErrorKind::Refused otherwise ---
     // What other elements see is not changed by them, whatever they share with this one. An equal value, and a property

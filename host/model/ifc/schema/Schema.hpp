@@ -88,6 +88,7 @@ public:
     /// same.
     static bool isWithdrawn(std::string_view fileSchemaName);
 
+    std::span<const Entity> entities() const { return entities_; }
     const Entity* entity(std::string_view keyword) const;     ///< Any case. Null where unknown.
     const DefinedType* type(std::string_view keyword) const;  ///< Any case. Enumerations and selects, too.
 

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "model/Model.hpp"
+#include "model/ifc/data/ElementFacts.hpp"
+#include "selection/Comparing.hpp"
+
+#include <unordered_map>
+#include <vector>
+
+namespace selection {
+
+/// Applies an expression to a model, one facet after the other to all elements that are left.
+class Chooser {
+public:
+    Chooser(const model::Model& model, const Expression& expression);
+
+    model::Result<std::vector<model::Element>> run();
+
+private:
+    using Elements = std::vector<model::Element>;
+    using Places = std::unordered_map<model::step::Slot, bool>;
+
+    model::Status choose(const Group& group);
+    model::Result<Elements> base(const Group& group);
+    model::Result<std::vector<bool>> named(const Facet& facet);
+    std::vector<bool> ofClass(const model::ifc::Entity& ifcClass);
+    void keep(const Facet& facet, Elements& elements);
+    void keepByItem(const Facet& facet, Elements& elements);
+    void keepByProperty(const Facet& facet, Elements& elements);
+    bool standsIn(const Comparer& comparer, model::Element element, Places& known);
+    bool isOfType(const Comparer& comparer, model::Element element);
+    bool isMadeOf(const Comparer& comparer, model::Element element);
+    bool isClassified(const Comparer& comparer, model::Element element);
+    bool isAttribute(std::string_view name) const;
+    model::Status givenUp() const;
+
+    const model::Model& model_;
+    const Expression& expression_;
+    model::ifc::Workspace& work_;
+    model::ifc::ElementFacts facts_;
+    std::vector<bool> chosen_;
+};
+
+}  // namespace selection

@@ -1,0 +1,16 @@
+#pragma once
+// Choosing elements by the selector syntax of the IFC world: "IfcDoor, Pset_DoorCommon.FireRating=NULL + IfcWindow".
+
+#include "model/Model.hpp"
+
+#include <string_view>
+#include <vector>
+
+namespace selection {
+
+/// The elements that the selection chooses, in the model's order. The time is linear in the size of the model for each
+/// facet.
+/// @return ErrorKind::BadValue with the reason and the selection with its place marked.
+model::Result<std::vector<model::Element>> choose(const model::Model& model, std::string_view selection);
+
+}  // namespace selection
