@@ -14,10 +14,20 @@ TEST(HintForUnknownItems, NamesTheRowsThatOnlyABracketCouldHelp) {
     const std::vector<ListRow> review{row("Slope", notFound), row("Note[Custom]", notFound), row("Name", ""),
                                       row("Tilt", notFound), row("UniFormat Classification", notFound)};
     const std::vector<ListRow> failed(5, row("", "error!")), done(5, row("", "Done"));
-    EXPECT_EQ(hintForUnknownItems(review, failed),
+    EXPECT_EQ(hintForUnknownItems(review, failed, {}),
               "Nothing on the element has the name in rows 1 and 4: to create a property, write a set behind it, as in "
               "Slope[Custom] for Pset_Custom");
-    EXPECT_EQ(hintForUnknownItems(review, done), std::nullopt);
+    EXPECT_EQ(hintForUnknownItems(review, failed, {1}),
+              "Nothing on the element has the name in row 4: to create a property, write a set behind it, as in "
+              "Tilt[Custom] for Pset_Custom");
+    EXPECT_EQ(hintForUnknownItems(review, failed, {1, 4}), std::nullopt);
+    EXPECT_EQ(hintForUnknownItems(review, done, {}), std::nullopt);
+}
+
+TEST(HintForUnknownItems, SuggestsNoPropertyWhereAClassificationWasMeant) {
+    const std::vector<ListRow> review{row("SpecSection Classification", " Property not found."),
+                                      row("Omniclass classification", " Property not found.")};
+    EXPECT_EQ(hintForUnknownItems(review, std::vector<ListRow>(2, row("", "error!")), {}), std::nullopt);
 }
 
 TEST(HintForUnknownItems, IsNoneForAClassificationThatTheHostRefused) {

@@ -8,10 +8,13 @@
 #include "console/output/HostText.hpp"
 #include "console/output/Messages.hpp"
 #include "console/output/StandardOutput.hpp"
+#include "model/ifc/index/Workspace.hpp"
 #include "updatefile/Hints.hpp"
 #include "updatefile/Wording.hpp"
 
 #include <fmt/format.h>
+
+#include <iterator>
 
 namespace console {
 namespace {
@@ -91,6 +94,15 @@ void workTheDialog(ModelSession& session, ImportUser& user, const ImportPlan& pl
     checkApplied(session, user, plan);
 }
 
+void addHintsOnNames(const model::Model& model, ImportReport& report) {
+    auto hints =
+        updatefile::standardHints(unknownItems(model, report.review, report.result), model.workspace().version);
+    std::move(hints.texts.begin(), hints.texts.end(), std::back_inserter(report.hints));
+    if (!report.result) return;
+    if (auto hint = hintForUnknownItems(report.review, *report.result, hints.rows))
+        report.hints.push_back(std::move(*hint));
+}
+
 ImportReport reportOf(ModelSession& session, const ImportUser& user, const UpdateFile& updates,
                       const updatefile::UpdateFileFindings& findings) {
     ImportReport report;
@@ -102,8 +114,7 @@ ImportReport reportOf(ModelSession& session, const ImportUser& user, const Updat
     report.summary = summarize(findings.lines, report.review, report.result, user.rowsLost());
     report.hints =
         updatefile::hintsFor(findings, {report.summary.rows, report.summary.rowsLost}, "'modelhost list' prints");
-    if (report.result)
-        if (auto hint = hintForUnknownItems(report.review, *report.result)) report.hints.push_back(std::move(*hint));
+    addHintsOnNames(session.model(), report);
     return report;
 }
 

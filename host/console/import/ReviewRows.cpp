@@ -1,5 +1,7 @@
 #include "console/import/ReviewRows.hpp"
 
+#include "model/ifc/index/Workspace.hpp"
+#include "text/Guid.hpp"
 #include "updatefile/ReviewList.hpp"
 #include "updatefile/Wording.hpp"
 
@@ -47,16 +49,40 @@ updatefile::LineNotes unfinishedRows(const std::vector<ListRow>& review, const s
     return rows;
 }
 
-std::optional<std::string> hintForUnknownItems(const std::vector<ListRow>& review, const std::vector<ListRow>& result) {
+std::optional<std::string> hintForUnknownItems(const std::vector<ListRow>& review, const std::vector<ListRow>& result,
+                                               const std::vector<std::uint64_t>& explained) {
     updatefile::LineNotes rows;
-    for (std::size_t i = 0; i < result.size() && i < review.size(); ++i)
-        if (failed(result[i]) && namesNothing(review[i])) rows.add(i + 1);
+    for (std::size_t i = 0; i < result.size() && i < review.size(); ++i) {
+        if (!failed(result[i]) || !namesNothing(review[i])) continue;
+        if (std::binary_search(explained.begin(), explained.end(), i + 1)) continue;
+        if (updatefile::meansClassification(cell(review[i], PropertyColumn), cell(review[i], NewColumn))) continue;
+        rows.add(i + 1);
+    }
     if (rows.count == 0) return std::nullopt;
     const std::string& item = cell(review[rows.first.front() - 1], PropertyColumn);
     return fmt::format(
         "Nothing on the element has the name in {}: to create a property, write a set behind it, as in "
         "{}[Custom] for Pset_Custom",
         updatefile::numbered("row", rows), item);
+}
+
+std::vector<updatefile::UnknownItem> unknownItems(const model::Model& model, const std::vector<ListRow>& review,
+                                                  const std::optional<std::vector<ListRow>>& result) {
+    model::ifc::Workspace& work = model.workspace();
+    std::vector<updatefile::UnknownItem> items;
+    for (std::size_t i = 0; i < review.size(); ++i) {
+        const ListRow& row = review[i];
+        if (row.status != DG_IS_ENABLE || cell(row, RemarksColumn).find(NotFound) == std::string::npos) continue;
+        const auto guid = text::parseGuid(cell(row, GuidColumn));
+        const auto element = guid ? model.find(*guid) : std::nullopt;
+        if (!element) continue;
+        const model::step::Slot slot = work.elements.slot(*element);
+        const model::step::Slot type = work.typeObject(slot);
+        items.push_back({i + 1, cell(row, PropertyColumn), cell(row, NewColumn), work.classes.of(slot).entity,
+                         type == model::step::NoSlot ? nullptr : work.classes.of(type).entity,
+                         result && i < result->size() && failed((*result)[i])});
+    }
+    return items;
 }
 
 }  // namespace console

@@ -2,6 +2,8 @@
 // What a row of the review list means, by the texts in its columns.
 
 #include "console/output/ListRows.hpp"
+#include "model/Model.hpp"
+#include "updatefile/StandardHints.hpp"
 #include "updatefile/UpdateFileScan.hpp"
 
 #include <optional>
@@ -22,9 +24,15 @@ bool namesNothing(const ListRow& row);
 /// come to them. @param result  after Apply, row by row as in `review`.
 updatefile::LineNotes unfinishedRows(const std::vector<ListRow>& review, const std::vector<ListRow>& result);
 
-/// A hint for rows that ended in "error!" because the item does not exist and the line names no property set in which
-/// to create it. The host refused nothing then, so its report does not say why. @param result  after Apply, row by row
-/// as in `review`.
-std::optional<std::string> hintForUnknownItems(const std::vector<ListRow>& review, const std::vector<ListRow>& result);
+/// For rows that ended in an error although the host refused nothing: the designation names nothing that there is, and
+/// no property set in which to create it. What means a classification is left out.
+/// @param result     after Apply, row by row as in `review`.
+/// @param explained  rows of which another hint says more, from 1 and in order.
+std::optional<std::string> hintForUnknownItems(const std::vector<ListRow>& review, const std::vector<ListRow>& result,
+                                               const std::vector<std::uint64_t>& explained);
+
+/// The rows that can be ticked and whose item the element has not got. @param result  as above; none before Apply.
+std::vector<updatefile::UnknownItem> unknownItems(const model::Model& model, const std::vector<ListRow>& review,
+                                                  const std::optional<std::vector<ListRow>>& result);
 
 }  // namespace console

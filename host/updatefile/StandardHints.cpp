@@ -1,0 +1,194 @@
+#include "updatefile/StandardHints.hpp"
+
+#include "model/ifc/schema/NearName.hpp"
+#include "model/ifc/schema/StandardSets.hpp"
+#include "text/Unicode.hpp"
+#include "updatefile/UpdateFileScan.hpp"
+#include "updatefile/Wording.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <tuple>
+
+namespace updatefile {
+
+namespace {
+
+using model::ifc::Entity;
+using model::ifc::NearestName;
+using model::ifc::StandardSet;
+using model::ifc::StandardSets;
+
+constexpr std::string_view Prefix = "Pset_";
+/// The labels that the add-on can give to a reference that is not there yet.
+constexpr std::array<std::string_view, 2> Labels = {"SpecSection Classification", "UniFormat Classification"};
+/// Nobody reads more; and to seek what a name is near to takes a while.
+constexpr std::size_t MostNames = 200;
+constexpr std::size_t MostHints = 20;
+
+struct Designation {
+    std::string name;
+    bool hasSet = false;
+    std::string set;  ///< Without the prefix that the add-on puts before it.
+};
+
+/// As the add-on cuts it: the last character is taken for the closing bracket.
+Designation cut(const std::string& text) {
+    const std::size_t bracket = text.find('[');
+    if (bracket == std::string::npos) return {text, false, {}};
+    const std::size_t length = text.size() - bracket - 1;
+    return {text.substr(0, bracket), true, text.substr(bracket + 1, length == 0 ? 0 : length - 1)};
+}
+
+std::string_view shortName(std::string_view set) {
+    return set.starts_with(Prefix) ? set.substr(Prefix.size()) : set;
+}
+
+std::string written(std::string_view name, std::string_view set) {
+    return fmt::format("{}[{}]", name, shortName(set));
+}
+
+std::string lowerCase(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    return text;
+}
+
+/// Gives a reason and what to write for one name, or nothing.
+class Advisor {
+public:
+    Advisor(const StandardSets& sets, const UnknownItem& item)
+        : sets_(sets), item_(item), meant_(cut(item.designation)) {}
+
+    std::string advice() const {
+        if (!meant_.hasSet && meansClassification(item_.designation, item_.value)) return onClassification();
+        return meant_.hasSet ? onSet() : onBareName();
+    }
+
+private:
+    bool isFor(const StandardSet& set) const {
+        return set.isFor(*item_.ifcClass) || (item_.typeClass != nullptr && set.isFor(*item_.typeClass));
+    }
+
+    /// Of the sets for the element's class that have the property, the one that is common to the class, else the first.
+    std::string setFor(std::string_view property) const {
+        std::string found;
+        for (const StandardSet& set : sets_.having(property)) {
+            if (!isFor(set)) continue;
+            if (found.empty() || set.name().ends_with("Common")) found = set.name();
+        }
+        return found;
+    }
+
+    std::string onClassification() const {
+        NearestName nearest(meant_.name);
+        for (const std::string_view label : Labels) nearest.offer(label);
+        if (std::ranges::find(Labels, meant_.name) != Labels.end()) return {};
+        if (!nearest.found().empty()) return fmt::format("is nearly a classification: write {}", nearest.found());
+        return fmt::format(
+            "is no classification of the element, and only {} and {} can be given to an element that has none",
+            Labels[1], Labels[0]);
+    }
+
+    std::string onSet() const {
+        if (meant_.set.starts_with(Prefix))
+            return fmt::format("would go into {}{}, since {} is put before every set: write {}", Prefix, meant_.set,
+                               Prefix, written(meant_.name, meant_.set));
+        const std::string setName = std::string(Prefix) + meant_.set;
+        const auto set = sets_.find(setName);
+        if (!set) {
+            const std::string_view near = sets_.nearestSet(setName);
+            return near.empty()
+                       ? std::string()
+                       : fmt::format("is nearly of the standard's set {}: write {}", near, written(meant_.name, near));
+        }
+        return isFor(*set) ? onNameIn(*set) : onForeignSet(setName);
+    }
+
+    std::string onNameIn(const StandardSet& set) const {
+        if (set.find(meant_.name)) return {};
+        NearestName nearest(meant_.name);
+        for (std::size_t i = 0; i < set.size(); ++i) nearest.offer(set.property(i).name);
+        if (nearest.found().empty()) return {};
+        return fmt::format("is nearly the standard's {} of {}: write {}", nearest.found(), set.name(),
+                           written(nearest.found(), set.name()));
+    }
+
+    std::string onForeignSet(const std::string& setName) const {
+        const std::string better = setFor(meant_.name);
+        const std::string what = fmt::format("would go into {}, which the standard has for other classes than {}",
+                                             setName, item_.ifcClass->name());
+        if (better.empty()) return what + ": write a set of your own, as in " + written(meant_.name, "Custom");
+        return fmt::format("{}: write {}", what, written(meant_.name, better));
+    }
+
+    std::string onBareName() const {
+        std::string_view name = meant_.name;
+        std::string set = setFor(name);
+        if (!set.empty())
+            return fmt::format("is the standard's for {}: write {}", item_.ifcClass->name(), written(name, set));
+        name = sets_.nearestProperty(name, *item_.ifcClass);
+        if (name.empty()) return {};
+        set = setFor(name);
+        return fmt::format("is nearly the standard's {} for {}: write {}", name, item_.ifcClass->name(),
+                           written(name, set));
+    }
+
+    const StandardSets& sets_;
+    const UnknownItem& item_;
+    Designation meant_;
+};
+
+bool isNotTheName(const UnknownItem& item) {
+    constexpr std::size_t LongestLabel = 255;
+    const bool tooLong = text::characterCount(text::fromUtf8(item.value)) > LongestLabel;
+    return tooLong || (item.failed && item.designation.find('[') != std::string::npos);
+}
+
+}  // namespace
+
+bool meansClassification(const std::string& designation, const std::string& value) {
+    if (designation.find('[') != std::string::npos) return false;
+    return lowerCase(designation).find("classification") != std::string::npos || value.find('{') != std::string::npos;
+}
+
+StandardHints standardHints(const std::vector<UnknownItem>& items, model::ifc::SchemaVersion schema) {
+    const StandardSets& sets = StandardSets::of(schema);
+    // One name on elements of one class is looked into once and told once.
+    using Key = std::tuple<std::string, const Entity*, const Entity*, bool>;
+    std::map<Key, std::string> known;
+    std::vector<std::pair<std::string, LineNotes>> told;
+    std::map<std::string, std::size_t> places;
+    StandardHints hints;
+    for (const UnknownItem& item : items) {
+        if (item.ifcClass == nullptr || isNotTheName(item)) continue;
+        const Key key(item.designation, item.ifcClass, item.typeClass,
+                      meansClassification(item.designation, item.value));
+        if (!known.contains(key)) {
+            if (known.size() == MostNames) continue;
+            known.emplace(key, Advisor(sets, item).advice());
+        }
+        const std::string& advice = known.at(key);
+        if (advice.empty()) continue;
+        hints.rows.push_back(item.row);
+        const auto [place, isNew] = places.try_emplace(item.designation + " " + advice, told.size());
+        if (isNew) told.emplace_back(place->first, LineNotes());
+        told[place->second].second.add(item.row);
+    }
+    for (const auto& [text, rows] : told) {
+        if (hints.texts.size() == MostHints) {
+            hints.texts.push_back(
+                fmt::format("{} more names could be better ones; mend these first", told.size() - MostHints));
+            break;
+        }
+        std::string hint = numbered("row", rows);
+        hint.front() = 'R';
+        hints.texts.push_back(fmt::format("{}: {}", hint, text));
+    }
+    return hints;
+}
+
+}  // namespace updatefile
