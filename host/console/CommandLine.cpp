@@ -17,6 +17,7 @@ struct Words {
     ImportOptions import;
     LookupOptions lookup;
     ListOptions list;
+    ItemsOptions itemsOf;
     ExportOptions exporting;
     ScriptOptions script;
 
@@ -49,11 +50,28 @@ CLI::App& addCommand(CLI::App& app, const char* name, const char* description, C
     return command;
 }
 
+template <class Value>
+CLI::Option* addChoice(CLI::App& command, const char* name, std::optional<Value>& value,
+                       const std::map<std::string, Value>& choices, const char* description) {
+    return command
+        .add_option_function<std::string>(
+            name, [&value, choices](const std::string& text) { value = choices.at(text); }, description)
+        ->check(CLI::IsMember(choices).description(""));
+}
+
 void addForce(CLI::App& command, CommonOptions& common) {
     command.add_flag("--force", common.force, "save even over a file that another program changed meanwhile");
 }
 
-void addFilter(CLI::App& command, std::string& type, std::string& ifcClass) {
+void addWhere(CLI::App& command, std::string& where) {
+    command
+        .add_option("--where", where,
+                    "only the elements of this selection, such as 'IfcDoor, Pset_DoorCommon.FireRating=NULL'")
+        ->type_name("SELECTION");
+}
+
+void addFilter(CLI::App& command, std::string& type, std::string& ifcClass, std::string& where) {
+    addWhere(command, where);
     command.add_option("--type", type, "only elements of this type, such as Wall or 'Curtain Wall'")->type_name("NAME");
     command.add_option("--class", ifcClass, "only elements of this IFC class and the classes below it")
         ->type_name("IFCCLASS");
@@ -81,12 +99,21 @@ void addLookup(CLI::App& app, Words& words) {
     CLI::App& command = addCommand(app, "lookup", "Show what elements carry: attributes, properties, classifications",
                                    words.lookup.common, words.lookup.model);
     command.add_option("GUID", words.lookup.guids, "GUIDs of 36 characters or GlobalIds of 22")->type_name("");
+    addWhere(command, words.lookup.where);
 }
 
 void addList(CLI::App& app, Words& words) {
     CLI::App& command = addCommand(app, "list", "List the model's elements with GUID, class, type and name",
                                    words.list.common, words.list.model);
-    addFilter(command, words.list.type, words.list.ifcClass);
+    addFilter(command, words.list.type, words.list.ifcClass, words.list.where);
+}
+
+void addItems(CLI::App& app, Words& words) {
+    CLI::App& command = addCommand(app, "items", "List which attributes, properties and classifications there are",
+                                   words.itemsOf.common, words.itemsOf.model);
+    addFilter(command, words.itemsOf.type, words.itemsOf.ifcClass, words.itemsOf.where);
+    command.add_flag("--standard", words.itemsOf.standard,
+                     "also the properties that the IFC standard defines for these elements and none has");
 }
 
 void addExport(CLI::App& app, Words& words) {
@@ -101,9 +128,19 @@ void addExport(CLI::App& app, Words& words) {
     command.add_option("--item", words.singleItems, "one item exactly as it stands, commas and blanks included")
         ->type_name("ITEM")
         ->allow_extra_args(false);
-    addFilter(command, words.exporting.type, words.exporting.ifcClass);
-    command.add_option("-o,--output", words.output, "write the lines here; default: standard output")
-        ->type_name("UPDATES.txt");
+    addFilter(command, words.exporting.type, words.exporting.ifcClass, words.exporting.where);
+    addChoice(command, "--layout", words.exporting.layout, {{"long", ExportLayout::Long}, {"grid", ExportLayout::Grid}},
+              "long: a line for each value; grid: a line for each element, a column for each item; default: grid for "
+              ".xlsx, .csv and .tsv")
+        ->type_name("LAYOUT");
+    addChoice(command, "--missing", words.exporting.missing,
+              {{"include", Missing::Include}, {"leave-out", Missing::LeaveOut}},
+              "what becomes of items that an element has not got: include (the default of a grid) or leave-out")
+        ->type_name("HOW");
+    command
+        .add_option("-o,--output", words.output,
+                    "write here, a table where it ends in .xlsx, .csv or .tsv; - or nothing: standard output")
+        ->type_name("FILE");
     command.footer("Fields: GUID, item, old value, value to change. What no line can hold is left out and said.");
 }
 
@@ -140,7 +177,7 @@ ExportOptions finishExport(Words& words) {
         options.items.push_back(item);
     }
     if (options.items.empty()) throw Failure("export needs --items; write for example --items 'Name,Description'");
-    if (!words.output.empty()) options.output = words.output;
+    if (!words.output.empty() && words.output != "-") options.output = words.output;
     return std::move(options);
 }
 
@@ -149,6 +186,7 @@ Command finish(const CLI::App& app, Words& words) {
     if (name == "import") return finishImport(words);
     if (name == "lookup") return std::move(words.lookup);
     if (name == "list") return std::move(words.list);
+    if (name == "items") return std::move(words.itemsOf);
     if (name == "export") return finishExport(words);
     return std::move(words.script);
 }
@@ -168,6 +206,7 @@ std::optional<Command> parseCommandLine(int argc, const char* const* argv) {
     addImport(app, words);
     addLookup(app, words);
     addList(app, words);
+    addItems(app, words);
     addExport(app, words);
     addScript(app, words);
     try {

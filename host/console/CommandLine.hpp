@@ -3,6 +3,7 @@
 
 #include "console/commands/ExportCommand.hpp"
 #include "console/commands/ImportCommand.hpp"
+#include "console/commands/ItemsCommand.hpp"
 #include "console/commands/ListCommand.hpp"
 #include "console/commands/LookupCommand.hpp"
 #include "console/commands/ScriptCommand.hpp"
@@ -13,7 +14,7 @@
 
 namespace console {
 
-using Command = std::variant<ImportOptions, LookupOptions, ListOptions, ExportOptions, ScriptOptions>;
+using Command = std::variant<ImportOptions, LookupOptions, ListOptions, ItemsOptions, ExportOptions, ScriptOptions>;
 
 /// Throws Failure for wrong usage. Nothing where help or the version was asked for and printed.
 std::optional<Command> parseCommandLine(int argc, const char* const* argv);

@@ -16,6 +16,7 @@ ExitStatus run(const Command& command) {
         ExitStatus operator()(const ImportOptions& options) const { return runImport(options); }
         ExitStatus operator()(const LookupOptions& options) const { return runLookup(options); }
         ExitStatus operator()(const ListOptions& options) const { return runList(options); }
+        ExitStatus operator()(const ItemsOptions& options) const { return runItems(options); }
         ExitStatus operator()(const ExportOptions& options) const { return runExport(options); }
         ExitStatus operator()(const ScriptOptions& options) const { return runScript(options); }
     };

@@ -3,11 +3,13 @@
 #include "console/Failure.hpp"
 #include "console/output/HostText.hpp"
 #include "model/ifc/schema/ElementTypes.hpp"
+#include "selection/Selection.hpp"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
 #include <algorithm>
+#include <numeric>
 
 namespace console {
 namespace {
@@ -20,10 +22,23 @@ void checkType(const std::string& type) {
         throw Failure(fmt::format("--type {}: there is no such type; write one of {}", type, fmt::join(names, ", ")));
 }
 
+std::vector<model::Element> choose(const model::Model& model, const std::string& where) {
+    auto chosen = selection::choose(model, where);
+    if (!chosen) throw Failure(fmt::format("--where: {}", chosen.error().message));
+    return std::move(*chosen);
+}
+
+std::vector<model::Element> all(const model::Model& model) {
+    std::vector<model::Element> elements(model.elementCount());
+    std::iota(elements.begin(), elements.end(), model::Element{0});
+    return elements;
+}
+
 }  // namespace
 
-ElementFilter::ElementFilter(const model::Model& model, std::string type, const std::string& ifcClass)
-    : model_(model), type_(std::move(type)) {
+ElementFilter::ElementFilter(const model::Model& model, std::string type, const std::string& ifcClass,
+                             const std::string& where)
+    : model_(model), type_(std::move(type)), chosen_(where.empty() ? all(model) : choose(model, where)) {
     if (!type_.empty()) checkType(type_);
     if (ifcClass.empty()) return;
     const auto version = model::ifc::Schema::versionOf(model_.schemaName());
@@ -34,7 +49,8 @@ ElementFilter::ElementFilter(const model::Model& model, std::string type, const 
             fmt::format("--class {}: {} has no such class; write one such as IfcWall", ifcClass, model_.schemaName()));
 }
 
-bool ElementFilter::takes(const model::ElementInfo& info) const {
+bool ElementFilter::takes(model::Element element) const {
+    const model::ElementInfo info = model_.info(element);
     if (!type_.empty() && !equalIgnoringCase(type_, info.typeName)) return false;
     if (ifcClass_ == nullptr) return true;
     const model::ifc::Entity* entity = schema_->entity(info.ifcClass);
@@ -43,10 +59,8 @@ bool ElementFilter::takes(const model::ElementInfo& info) const {
 
 std::vector<model::Element> ElementFilter::elements() const {
     std::vector<model::Element> taken;
-    for (model::Element element = 0; element < model_.elementCount(); ++element) {
-        const model::ElementInfo info = model_.info(element);
-        if (takes(info)) taken.push_back(element);
-    }
+    std::copy_if(chosen_.begin(), chosen_.end(), std::back_inserter(taken),
+                 [this](model::Element element) { return takes(element); });
     return taken;
 }
 

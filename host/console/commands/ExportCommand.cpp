@@ -3,15 +3,20 @@
 #include "console/ModelSession.hpp"
 #include "console/commands/ElementFilter.hpp"
 #include "console/export/Exporter.hpp"
+#include "console/export/GridExport.hpp"
 #include "console/output/HostText.hpp"
 #include "console/output/Json.hpp"
 #include "console/output/Messages.hpp"
 #include "console/output/OutputFile.hpp"
 #include "console/output/StandardOutput.hpp"
 #include "console/output/TerminalText.hpp"
+#include "tables/Reading.hpp"
 #include "updatefile/Wording.hpp"
 
 #include <fmt/format.h>
+
+#include <iterator>
+#include <set>
 
 namespace console {
 namespace {
@@ -65,12 +70,31 @@ private:
     JsonValue document_ = JsonValue::array();
 };
 
-void printAsJson(Lines& lines, const Exporter& exporter, const ExportOptions& options) {
-    JsonValue document;
-    document["lines"] = std::move(lines.asJson());
+void addCommon(JsonValue& document, const Exporter& exporter, const ExportOptions& options) {
     document["leftOut"] = JsonValue::array();
     for (const LeftOut::Group& group : exporter.leftOut().groups()) document["leftOut"].push_back(jsonOf(group));
     if (options.output) document["saved"] = wellFormed(options.output->string());
+}
+
+void printAsJson(Lines& lines, const Exporter& exporter, const ExportOptions& options) {
+    JsonValue document;
+    document["columns"] = tables::LongListColumns;
+    document["rows"] = lines.asJson();
+    document["lines"] = std::move(lines.asJson());
+    addCommon(document, exporter, options);
+    printDocument(document);
+}
+
+void printAsJson(const GridExport& grid, const ExportOptions& options) {
+    JsonValue document;
+    document["columns"] = grid.columns();
+    document["rows"] = JsonValue::array();
+    for (const GridExport::Row& row : grid.rows()) {
+        JsonValue cells = JsonValue::array();
+        for (const auto& cell : row) cells.push_back(cell ? JsonValue(*cell) : JsonValue());
+        document["rows"].push_back(std::move(cells));
+    }
+    addCommon(document, grid.exporter(), options);
     printDocument(document);
 }
 
@@ -93,22 +117,97 @@ void checkTarget(const ExportOptions& options) {
     OutputFile::checkPlace(*options.output);
 }
 
-}  // namespace
+using Elements = std::vector<model::Element>;
 
-ExitStatus runExport(const ExportOptions& options) {
-    checkTarget(options);
-    ModelSession session(options.common, options.model, Access::Reading);
-    const ElementFilter filter(session.model(), options.type, options.ifcClass);
-    const std::vector<model::Element> elements = filter.elements();
-    Lines lines(options);
-    Exporter exporter(session.model(), options.items, [&lines](const ExportedValue& value) { lines.take(value); });
-    {
-        ProgressLine progress("Exporting");
-        for (std::size_t i = 0; i < elements.size(); ++i) {
-            progress.show(i, elements.size());
-            exporter.write(elements[i]);
-        }
+template <class Write>
+void forEachWithProgress(const Elements& elements, const Write& write) {
+    ProgressLine progress("Exporting");
+    for (std::size_t i = 0; i < elements.size(); ++i) {
+        progress.show(i, elements.size());
+        write(elements[i]);
     }
+}
+
+std::string endingOf(const ExportOptions& options) {
+    return options.output ? options.output->extension().string() : std::string();
+}
+
+std::optional<tables::Format> tableFormat(const ExportOptions& options) {
+    const std::string ending = endingOf(options);
+    return ending.empty() ? std::nullopt : tables::parseFormat(ending);
+}
+
+std::string bytesOf(const tables::Grid& grid, tables::Format format, bool keepExported) {
+    if (format != tables::Format::Xlsx) return tables::writeDelimited(grid, format == tables::Format::Csv ? ',' : '\t');
+    auto workbook = tables::writeWorkbook(grid, keepExported);
+    if (!workbook) throw Failure(workbook.error().message);
+    return std::move(*workbook);
+}
+
+void writeTable(const tables::Grid& grid, const ExportOptions& options, bool keepExported) {
+    OutputFile file(*options.output);
+    file.write(bytesOf(grid, *tableFormat(options), keepExported));
+    file.commit();
+    say(fmt::format("{} written to {}", counted(grid.rows.size(), "line"), options.output->string()));
+}
+
+/// A terminal is not sent control characters that a model's texts may hold.
+void printGrid(tables::Grid grid) {
+    if (Terminal::standardOutput().present) {
+        for (auto& row : grid.rows)
+            for (std::string& cell : row) cell = visible(cell);
+    }
+    print(tables::writeDelimited(grid, '\t'));
+}
+
+/// What no import could tell apart or would look at.
+void checkColumns(const std::vector<std::string>& items) {
+    std::set<std::string> columns;
+    for (const std::string& item : items) {
+        if (!columns.insert(item).second)
+            throw Failure(fmt::format("--items: {} stands there twice; a grid has one column for each item", item));
+        if (item.starts_with('#'))
+            throw Failure(
+                fmt::format("--items: {}: a column whose name begins with # is for the reader only; export it "
+                            "with --layout long",
+                            item));
+    }
+}
+
+void exportGrid(const model::Model& model, const Elements& elements, const ExportOptions& options) {
+    GridExport grid(model, options.items, options.missing.value_or(Missing::Include));
+    forEachWithProgress(elements, [&grid](model::Element element) { grid.add(element); });
+    const bool json = options.common.format == Format::Json;
+    if (json) printAsJson(grid, options);
+    sayWhatIsMissing(grid.exporter());
+    if (!json && !options.output) return printGrid(std::move(grid).take());
+    if (options.output) writeTable(std::move(grid).take(), options, true);
+}
+
+/// A long list as a table of its own, in a file that holds no update lines.
+void exportLongTable(const model::Model& model, const Elements& elements, const ExportOptions& options) {
+    tables::Grid list{{std::begin(tables::LongListColumns), std::end(tables::LongListColumns)}, {}};
+    Exporter exporter(model, options.items, options.missing.value_or(Missing::LeaveOut),
+                      [&list](const ExportedValue& value) {
+                          list.rows.push_back({value.guid, value.item, value.value, value.value});
+                      });
+    forEachWithProgress(elements, [&exporter](model::Element element) { exporter.write(element); });
+    if (options.common.format == Format::Json) {
+        JsonValue document;
+        document["columns"] = list.columns;
+        document["rows"] = list.rows;
+        addCommon(document, exporter, options);
+        printDocument(document);
+    }
+    sayWhatIsMissing(exporter);
+    writeTable(list, options, false);
+}
+
+void exportLines(const model::Model& model, const Elements& elements, const ExportOptions& options) {
+    Lines lines(options);
+    Exporter exporter(model, options.items, options.missing.value_or(Missing::LeaveOut),
+                      [&lines](const ExportedValue& value) { lines.take(value); });
+    forEachWithProgress(elements, [&exporter](model::Element element) { exporter.write(element); });
     lines.finish();
     if (options.common.format == Format::Json) printAsJson(lines, exporter, options);
     sayWhatIsMissing(exporter);
@@ -117,6 +216,36 @@ ExitStatus runExport(const ExportOptions& options) {
                         counted(exporter.lineCount(), "line"), DG_LIST_MAX_ROWS, DG_LIST_MAX_ROWS));
     if (options.output)
         say(fmt::format("{} written to {}", counted(exporter.lineCount(), "line"), options.output->string()));
+}
+
+ExportLayout layoutOf(const ExportOptions& options) {
+    return options.layout.value_or(tableFormat(options) ? ExportLayout::Grid : ExportLayout::Long);
+}
+
+void checkLayout(const ExportOptions& options) {
+    if (tableFormat(options) == tables::Format::Ods)
+        throw Failure(fmt::format("-o {}: tables are written as .xlsx, .csv or .tsv", options.output->string()));
+    if (layoutOf(options) != ExportLayout::Grid) return;
+    checkColumns(options.items);
+    if (options.output && !tableFormat(options))
+        throw Failure(
+            fmt::format("-o {}: a grid goes into a file that ends in .xlsx, .csv or .tsv", options.output->string()));
+}
+
+}  // namespace
+
+ExitStatus runExport(const ExportOptions& options) {
+    checkTarget(options);
+    checkLayout(options);
+    ModelSession session(options.common, options.model, Access::Reading);
+    const model::Model& model = session.model();
+    const Elements elements = ElementFilter(session.model(), options.type, options.ifcClass, options.where).elements();
+    if (layoutOf(options) == ExportLayout::Grid)
+        exportGrid(model, elements, options);
+    else if (tableFormat(options))
+        exportLongTable(model, elements, options);
+    else
+        exportLines(model, elements, options);
     return ExitStatus::Done;
 }
 

@@ -60,7 +60,7 @@ void printAsJson(ModelSession& session, const std::vector<model::Element>& eleme
 
 ExitStatus runList(const ListOptions& options) {
     ModelSession session(options.common, options.model, Access::Reading);
-    const ElementFilter filter(session.model(), options.type, options.ifcClass);
+    const ElementFilter filter(session.model(), options.type, options.ifcClass, options.where);
     const std::vector<model::Element> elements = filter.elements();
     switch (options.common.format) {
         case Format::Table:

@@ -14,6 +14,7 @@ struct ListOptions {
     std::filesystem::path model;
     std::string type;      ///< Display name, "Wall"; empty: any.
     std::string ifcClass;  ///< "IfcWall"; empty: any.
+    std::string where;     ///< A selection; empty: any.
 };
 
 ExitStatus runList(const ListOptions& options);

@@ -1,6 +1,7 @@
 #include "console/commands/LookupCommand.hpp"
 
 #include "console/ModelSession.hpp"
+#include "console/commands/ElementFilter.hpp"
 #include "console/output/HostText.hpp"
 #include "console/output/Json.hpp"
 #include "console/output/ListRows.hpp"
@@ -98,9 +99,22 @@ std::string inLongForm(const std::string& guid) {
     return inBraces ? guid.substr(1, guid.size() - 2) : guid;
 }
 
-std::vector<std::string> inLongForm(std::vector<std::string> guids) {
-    for (std::string& guid : guids) guid = inLongForm(guid);
+std::vector<std::string> guidsToLookUp(const LookupOptions& options, const model::Model& model) {
+    std::vector<std::string> guids;
+    for (const std::string& guid : options.guids) guids.push_back(inLongForm(guid));
+    if (options.where.empty()) return guids;
+    for (const model::Element element : ElementFilter(model, {}, {}, options.where).elements())
+        guids.push_back(text::guidText(model.info(element).guid));
     return guids;
+}
+
+void printNothing(Format format) {
+    if (format == Format::Json) {
+        JsonValue document;
+        document["rows"] = JsonValue::array();
+        printDocument(document);
+    }
+    say("--where chooses no element; 'modelhost list' prints those there are");
 }
 
 void printAsTable(const LookupUser& user) {
@@ -156,8 +170,13 @@ std::string explain(const LookupAnswer& answer, const ModelSession& session) {
 
 ExitStatus runLookup(const LookupOptions& options) {
     ModelSession session(options.common, options.model, Access::Reading);
+    std::vector<std::string> guids = guidsToLookUp(options, session.model());
+    if (guids.empty() && !options.where.empty()) {
+        printNothing(options.common.format);
+        return ExitStatus::Done;
+    }
     session.loadAddOn();
-    LookupUser user(inLongForm(options.guids));
+    LookupUser user(std::move(guids));
     session.runMenuCommand(LookupMenuItem, user);
     if (!user.dialogSeen()) throw Failure("the add-on opened no lookup dialog; name another one with --addon");
     printAnswers(user, options.common.format);

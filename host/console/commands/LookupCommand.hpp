@@ -14,6 +14,7 @@ struct LookupOptions {
     CommonOptions common;
     std::filesystem::path model;
     std::vector<std::string> guids;  ///< Of 36 or 22 characters; empty: the one that the dialog opens with.
+    std::string where;               ///< A selection, whose elements are looked up behind these; empty: none.
 };
 
 ExitStatus runLookup(const LookupOptions& options);

@@ -26,7 +26,9 @@ std::u16string logicalText(std::int64_t code) {
     }
 }
 
-std::u16string valueText(const model::PropertyValue& value) {
+}  // namespace
+
+std::u16string propertyText(const model::PropertyValue& value) {
     switch (value.primitive) {
         case model::Primitive::Integer:
             return widen(std::to_string(value.integer));
@@ -44,11 +46,13 @@ std::u16string valueText(const model::PropertyValue& value) {
     return {};
 }
 
+namespace {
+
 void takeProperty(CurrentText& current, const model::Property& property) {
     current.ambiguous = current.source == Source::Property;
     current.source = Source::Property;
     current.plain = property.kind == model::PropertyKind::Single && property.value.primitive != model::Primitive::Other;
-    current.text = current.plain ? valueText(property.value) : std::u16string();
+    current.text = current.plain ? propertyText(property.value) : std::u16string();
 }
 
 void takeClassification(CurrentText& current, const model::ClassificationReference& reference) {

@@ -27,6 +27,9 @@ struct CurrentText {
     bool ambiguous = false;  ///< Several properties of that name: the last is shown, the first would be written.
 };
 
+/// A property's value as the add-on prints it, reals with six decimals. Empty where there is none that it could print.
+std::u16string propertyText(const model::PropertyValue& value);
+
 /// @param itemName  the designation up to its "[".
 CurrentText currentText(const ElementData& element, std::u16string_view itemName);
 

@@ -46,8 +46,8 @@ std::string LeftOut::text(const Group& group) {
     return text + ")";
 }
 
-Exporter::Exporter(const model::Model& model, std::vector<std::string> items, Sink sink)
-    : model_(model), sink_(std::move(sink)) {
+Exporter::Exporter(const model::Model& model, std::vector<std::string> items, Missing missing, Sink sink)
+    : model_(model), missing_(missing), sink_(std::move(sink)) {
     for (std::string& text : items) {
         std::u16string name = nameOf(text);
         items_.push_back({std::move(text), std::move(name)});
@@ -58,16 +58,18 @@ void Exporter::write(model::Element element) {
     const model::ElementInfo info = model_.info(element);
     const LineSubject subject{text::guidText(info.guid), info.guid == model::Guid{}, !model_.name(element).empty()};
     const ElementData data = read(model_, element);
-    for (const Item& item : items_) writeItem(subject, data, item);
+    for (std::size_t place = 0; place < items_.size(); ++place) writeItem(subject, data, place);
 }
 
-void Exporter::writeItem(const LineSubject& subject, const ElementData& data, const Item& item) {
+void Exporter::writeItem(const LineSubject& subject, const ElementData& data, std::size_t place) {
+    const Item& item = items_[place];
     const CurrentText current = currentText(data, item.name);
     const UpdateLine line = updateLine(subject, item.text, current);
-    if (line.obstacle != Obstacle::None) return leftOut_.add(line.obstacle, item.text, subject.guid);
+    const bool missing = line.obstacle == Obstacle::NoItem && missing_ == Missing::Include;
+    if (line.obstacle != Obstacle::None && !missing) return leftOut_.add(line.obstacle, item.text, subject.guid);
     if (current.ambiguous) ++ambiguous_[item.text];
     ++lineCount_;
-    sink_({subject.guid, item.text, line.value});
+    sink_({subject.guid, item.text, line.value, place, missing});
 }
 
 }  // namespace console

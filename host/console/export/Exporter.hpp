@@ -34,13 +34,18 @@ struct ExportedValue {
     const std::string& guid;
     const std::string& item;
     const std::string& value;
+    std::size_t place;  ///< Of the item, among those asked for.
+    bool missing;       ///< The element has no such item; the value is empty.
 };
+
+/// What becomes of an item that an element has not got.
+enum class Missing : std::uint8_t { LeaveOut, Include };
 
 class Exporter {
 public:
     using Sink = std::function<void(const ExportedValue&)>;
 
-    Exporter(const model::Model& model, std::vector<std::string> items, Sink sink);
+    Exporter(const model::Model& model, std::vector<std::string> items, Missing missing, Sink sink);
 
     /// Throws Failure where the element's data cannot be read.
     void write(model::Element element);
@@ -56,10 +61,11 @@ private:
         std::u16string name;
     };
 
-    void writeItem(const LineSubject& subject, const ElementData& data, const Item& item);
+    void writeItem(const LineSubject& subject, const ElementData& data, std::size_t place);
 
     const model::Model& model_;
     std::vector<Item> items_;
+    Missing missing_;
     Sink sink_;
     std::uint64_t lineCount_ = 0;
     LeftOut leftOut_;

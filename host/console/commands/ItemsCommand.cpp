@@ -1,0 +1,131 @@
+#include "console/commands/ItemsCommand.hpp"
+
+#include "console/ModelSession.hpp"
+#include "console/commands/ElementFilter.hpp"
+#include "console/items/ItemCensus.hpp"
+#include "console/output/HostText.hpp"
+#include "console/output/Json.hpp"
+#include "console/output/Messages.hpp"
+#include "console/output/StandardOutput.hpp"
+#include "console/output/Table.hpp"
+#include "console/output/TerminalText.hpp"
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+namespace console {
+namespace {
+
+const std::vector<std::string> Header{"kind",  "item",     "set",      "valueType", "elements",
+                                      "empty", "distinct", "examples", "standard",  "changeable"};
+
+const char* nameOf(ItemKind kind) {
+    switch (kind) {
+        case ItemKind::Attribute:
+            return "attribute";
+        case ItemKind::Property:
+            return "property";
+        case ItemKind::Classification:
+            break;
+    }
+    return "classification";
+}
+
+const char* nameOf(Standing standing) {
+    switch (standing) {
+        case Standing::No:
+            return "no";
+        case Standing::OtherClass:
+            return "other class";
+        case Standing::Yes:
+            break;
+    }
+    return "yes";
+}
+
+std::vector<std::string> cells(const ItemRecord& record) {
+    return {nameOf(record.kind),
+            record.item,
+            record.set,
+            record.valueType,
+            std::to_string(record.elements),
+            std::to_string(record.empty),
+            std::to_string(record.distinct),
+            fmt::format("{}", fmt::join(record.examples, "; ")),
+            nameOf(record.standard),
+            record.changeable ? "yes" : "no"};
+}
+
+/// The set stands in the item once more; the types and the examples give way next.
+Yield yieldOf(const std::string& column) {
+    if (column == "set" || column == "kind") return Yield::First;
+    return column == "valueType" || column == "examples" ? Yield::Evenly : Yield::Last;
+}
+
+void printAsTable(const std::vector<ItemRecord>& records) {
+    Table table(Header);
+    for (std::size_t column = 0; column < Header.size(); ++column) table.yield(column, yieldOf(Header[column]));
+    for (const ItemRecord& record : records) {
+        Table::Row row;
+        for (std::string& text : cells(record)) row.push_back({std::move(text)});
+        table.add(std::move(row));
+    }
+    print(table.layOut(Terminal::standardOutput()));
+}
+
+void printAsTsv(const std::vector<ItemRecord>& records) {
+    print(tsvLine(Header));
+    for (const ItemRecord& record : records) print(tsvLine(cells(record)));
+}
+
+void printAsJson(const std::vector<ItemRecord>& records) {
+    JsonValue items = JsonValue::array();
+    for (const ItemRecord& record : records) {
+        items.push_back({{"kind", nameOf(record.kind)},
+                         {"item", record.item},
+                         {"set", record.set},
+                         {"valueType", record.valueType},
+                         {"elements", record.elements},
+                         {"empty", record.empty},
+                         {"distinct", record.distinct},
+                         {"examples", record.examples},
+                         {"standard", nameOf(record.standard)},
+                         {"changeable", record.changeable}});
+    }
+    JsonValue document;
+    document["items"] = std::move(items);
+    printDocument(document);
+}
+
+std::vector<ItemRecord> recordsOf(const model::Model& model, const ItemsOptions& options) {
+    const auto elements = ElementFilter(model, options.type, options.ifcClass, options.where).elements();
+    ItemCensus census(model);
+    ProgressLine progress("Reading");
+    for (std::size_t i = 0; i < elements.size(); ++i) {
+        progress.show(i, elements.size());
+        census.add(elements[i]);
+    }
+    if (options.standard) census.addStandard();
+    return census.records();
+}
+
+}  // namespace
+
+ExitStatus runItems(const ItemsOptions& options) {
+    ModelSession session(options.common, options.model, Access::Reading);
+    const std::vector<ItemRecord> records = recordsOf(session.model(), options);
+    switch (options.common.format) {
+        case Format::Table:
+            printAsTable(records);
+            break;
+        case Format::Tsv:
+            printAsTsv(records);
+            break;
+        case Format::Json:
+            printAsJson(records);
+            break;
+    }
+    return ExitStatus::Done;
+}
+
+}  // namespace console
