@@ -81,7 +81,8 @@ void addImport(CLI::App& app, Words& words) {
     CLI::App& command = addCommand(app, "import", "Review an update file against the model, and apply the ticked rows",
                                    words.import.common, words.import.model);
     addPath(command, "UPDATES", words.import.updates,
-            "update file: GUID, item, old and new value, TABs between; - reads standard input")
+            "update file: GUID, item, old and new value, TABs between; or a table, .csv .tsv .xlsx .ods; - reads standard "
+            "input")
         ->required()
         ->type_name("");
     command.add_option("--tick", words.tick, "rows to tick: all (the default), none, or numbers such as 1,4-9")
@@ -89,6 +90,17 @@ void addImport(CLI::App& app, Words& words) {
     command.add_flag("--apply", words.import.apply, "apply the ticked rows; without it nothing is changed");
     command.add_option("-o,--output", words.output, "save the changed model here")->type_name("OUT.ifc");
     command.add_flag("--in-place", words.import.inPlace, "save the changed model over MODEL");
+    command.add_flag("--exact", words.import.exact,
+                     "store what was asked for where the add-on stored something else and the item can hold it");
+    command.add_flag("--strict", words.import.strict,
+                     "exit status 2 for whatever is not as asked; rows whose old value is another now are not ticked");
+    TableOptions& table = words.import.table;
+    command.add_option("--as", table.as, "read UPDATES as txt, csv, tsv, xlsx or ods, whatever its ending")
+        ->type_name("FORMAT");
+    command.add_option("--delimiter", table.delimiter, "of a csv table: one of , ; | or tab")->type_name("CHAR");
+    command.add_option("--encoding", table.encoding, "of a csv table, such as utf-8 or windows-1252")->type_name("NAME");
+    command.add_option("--sheet", table.sheet, "of a workbook")->type_name("NAME");
+    command.add_flag("--clear-empty", table.clearEmpty, "empty cells of a table ask for the empty text");
     addForce(command, words.import.common);
     command.footer(
         "Exit status: 0 done, 1 wrong usage or a file that cannot be read or written, 2 a ticked row ended in error.\n"

@@ -10,6 +10,7 @@
 #include "model/ifc/geometry/Footprint.hpp"
 #include "model/ifc/geometry/Placement.hpp"
 #include "model/ifc/geometry/Spatial.hpp"
+#include "model/ifc/schema/StandardSets.hpp"
 #include "model/step/disk/Saving.hpp"
 #include "text/Guid.hpp"
 #include "text/Unicode.hpp"
@@ -269,6 +270,12 @@ void Model::visitProperties(Element element, const std::function<void(const Prop
 
 Result<std::vector<ClassificationReference>> Model::classifications(Element element) const {
     return ifc::readClassifications(content_->work, content_->work.elements.slot(element));
+}
+
+std::string Model::standardType(std::u16string_view set, std::u16string_view name) const {
+    const auto& sets = ifc::StandardSets::of(content_->work.version);
+    const auto property = sets.find(text::toUtf8(set), text::toUtf8(name));
+    return property && property->kind == PropertyKind::Single ? std::string(property->type) : std::string();
 }
 
 std::vector<std::u16string> Model::chosenItems(Element element, std::u16string_view set,

@@ -36,7 +36,7 @@ void LineNotes::add(std::uint64_t line) {
     if (first.size() < Kept) first.push_back(line);
 }
 
-UpdateFileScan::UpdateFileScan(Knows knows) : knows_(std::move(knows)) {
+UpdateFileScan::UpdateFileScan(Knows knows, Visit visit) : knows_(std::move(knows)), visit_(std::move(visit)) {
     piece_.reserve(LongestPiece);
 }
 
@@ -75,6 +75,12 @@ void UpdateFileScan::endPiece() {
     readFirstField(piece_);
     // The rest of a cut line means nothing by itself, and the cut is noted already.
     if (lineBytes_ <= LongestPiece) examine(piece_);
+    if (visit_) {
+        // A zero byte ends the text that the add-on sees.
+        cutFields(std::string_view(piece_).substr(0, piece_.find('\0')));
+        kept_.number = line_;
+        visit_(kept_);
+    }
     piece_.clear();
 }
 
@@ -87,6 +93,18 @@ void UpdateFileScan::readFirstField(std::string_view piece) {
         firstField_ = !guid ? FirstField::NoGuid : knows_(*guid) ? FirstField::ElementGuid : FirstField::UnknownGuid;
     }
     lineGaveRow_ = lineGaveRow_ || firstField_ == FirstField::ElementGuid;
+}
+
+void UpdateFileScan::cutFields(std::string_view text) {
+    std::size_t start = 0;
+    for (std::string& field : kept_.fields) {
+        if (start > text.size()) return;
+        const std::size_t end = std::min(text.find('\t', start), text.size());
+        // The add-on takes no field from a line that begins with a TAB.
+        if (end == 0) return;
+        field = text.substr(start, end - start);
+        start = end + 1;
+    }
 }
 
 void UpdateFileScan::examine(std::string_view text) {

@@ -4,6 +4,7 @@
 
 #include "text/Guid.hpp"
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -43,12 +44,21 @@ struct UpdateFileFindings {
     bool binary = false;  ///< Not a text file: a workbook, an archive, a program.
 };
 
+/// A line as the add-on hands it to its review.
+struct UpdateLine {
+    std::uint64_t number = 0;           ///< In the file, from 1, as an editor counts.
+    std::array<std::string, 4> fields;  ///< Bytes as in the file; what the line lacks is kept from the one before.
+};
+
 class UpdateFileScan {
 public:
+    /// Gets each line that the add-on takes, in order; valid during the call.
+    using Visit = std::function<void(const UpdateLine&)>;
+
     /// Whether the model has an element of the GUID.
     using Knows = std::function<bool(const Guid&)>;
 
-    explicit UpdateFileScan(Knows knows);
+    explicit UpdateFileScan(Knows knows, Visit visit = {});
 
     /// To be called with the file's bytes in order, in blocks of any size.
     void read(std::string_view block);
@@ -64,7 +74,11 @@ private:
     void examineGuid(std::string_view field);
     void readFirstField(std::string_view piece);
 
+    void cutFields(std::string_view text);
+
     Knows knows_;
+    Visit visit_;
+    UpdateLine kept_;
     UpdateFileFindings findings_;
     std::string piece_;
     std::string beginning_;  ///< The file's first bytes, to tell what it is.

@@ -4,20 +4,24 @@
 #include "console/import/ImportReport.hpp"
 #include "console/import/ImportUser.hpp"
 #include "console/import/ReviewRows.hpp"
-#include "console/import/UpdateFile.hpp"
+#include "console/import/UpdateSource.hpp"
 #include "console/output/HostText.hpp"
 #include "console/output/Messages.hpp"
 #include "console/output/StandardOutput.hpp"
 #include "model/ifc/index/Workspace.hpp"
 #include "updatefile/Hints.hpp"
+#include "updatefile/ReviewList.hpp"
 #include "updatefile/Wording.hpp"
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <iterator>
 
 namespace console {
 namespace {
+
+using updatefile::reviewlist::PropertyColumn;
 
 constexpr Int32 ImportMenuItem = 1;
 
@@ -60,12 +64,32 @@ void checkStillOurs(const ImportOptions& options, const model::Model& model) {
                                   options.model.string(), model.lockHolder()));
 }
 
-updatefile::UpdateFileFindings scan(UpdateFile& updates, model::Model& model) {
-    return updates.scan([&model](const model::Guid& guid) { return model.find(guid).has_value(); });
+/// The rows that this list has of those that the user named over all lists.
+TickChoice tickIn(const TickChoice& all, std::uint32_t rowsBefore, std::uint32_t rowsHere) {
+    TickChoice here = all;
+    here.ranges.clear();
+    for (const auto& [first, last] : all.ranges)
+        if (last > rowsBefore && first <= rowsBefore + rowsHere)
+            here.ranges.emplace_back(std::max(first, rowsBefore + 1) - rowsBefore,
+                                     std::min(last, rowsBefore + rowsHere) - rowsBefore);
+    return here;
 }
 
-ImportPlan planOf(const ImportOptions& options, const UpdateFile& updates, std::uint64_t lines) {
-    return {updates.pathForAddOn(), updates.name(), lines, options.tick, options.apply};
+/// What each row of a list stands for: the lines that give a row, in their order. A row that is not where it is
+/// expected is shown without what the host would add.
+std::vector<readback::AskedRow> askedRows(const UpdatePart& part, const std::vector<ListRow>& rows) {
+    std::vector<readback::AskedRow> asked;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const bool known = i < part.asked.size() && rows[i].columns.size() > PropertyColumn &&
+                           rows[i].columns[PropertyColumn].get() == part.asked[i].asked.item;
+        asked.push_back(known ? part.asked[i].asked : readback::AskedRow{});
+    }
+    return asked;
+}
+
+readback::RowState stateOf(const ListRow& reviewed, const ListRow& result) {
+    if (!ticked(reviewed) || reviewed.status != DG_IS_ENABLE) return readback::RowState::NotTicked;
+    return done(result) ? readback::RowState::Done : readback::RowState::Failed;
 }
 
 /// The list is what the add-on wrote into it. It does not show that the host undid the changes, or that the file ended
@@ -85,13 +109,96 @@ void checkApplied(ModelSession& session, const ImportUser& user, const ImportPla
                                   updatefile::numbered("row", rows)));
 }
 
-void workTheDialog(ModelSession& session, ImportUser& user, const ImportPlan& plan) {
+/// All lists of one import, worked one after the other.
+class Import {
+public:
+    Import(ModelSession& session, const ImportOptions& options, const UpdateSource& updates)
+        : session_(session), options_(options), updates_(updates) {}
+
+    void run() {
+        for (const UpdatePart& part : updates_.parts()) runPart(part);
+        if (options_.tick.lastRow() > review.size())
+            throw Failure(fmt::format("--tick: there is no row {}, the review list of {} has {}; nothing was saved",
+                                      options_.tick.lastRow(), updates_.name(), review.size()));
+        if (!options_.apply) undo();
+    }
+
+    std::vector<std::string> header;
+    std::vector<ListRow> review, result;
+    std::vector<RowFacts> facts;
+    std::uint64_t rowsLost = 0;
+
+private:
+    void runPart(const UpdatePart& part);
+    void workTheDialog(ImportUser& user, const ImportPlan& plan);
+    std::vector<std::size_t> conflictsOf(const std::vector<ListRow>& rows) const;
+    void readBack(const UpdatePart& part, const ImportUser& user);
+    void undo();
+
+    ModelSession& session_;
+    const ImportOptions& options_;
+    const UpdateSource& updates_;
+    std::optional<readback::ReadBack> readBack_;  ///< Of the list that is open.
+};
+
+void Import::runPart(const UpdatePart& part) {
+    const auto rows = static_cast<std::uint32_t>(review.size());
+    const bool several = updates_.parts().size() > 1;
+    ImportPlan plan{part.path, updates_.name(), part.lines, options_.tick, true, {}};
+    if (several) plan.tick = tickIn(options_.tick, rows, static_cast<std::uint32_t>(part.asked.size()));
+    plan.untick = [&](const std::vector<ListRow>& reviewed) {
+        readBack_.emplace(session_.model(), askedRows(part, reviewed));
+        return options_.strict ? conflictsOf(reviewed) : std::vector<std::size_t>();
+    };
+    ImportUser user(plan);
+    workTheDialog(user, plan);
+    header = user.header();
+    rowsLost += user.rowsLost();
+    readBack(part, user);
+    review.insert(review.end(), user.review().begin(), user.review().end());
+    result.insert(result.end(), user.result()->begin(), user.result()->end());
+}
+
+std::vector<std::size_t> Import::conflictsOf(const std::vector<ListRow>& rows) const {
+    std::vector<std::size_t> conflicts;
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        if (readBack_->conflict(i) && ticked(rows[i])) conflicts.push_back(i);
+    return conflicts;
+}
+
+void Import::readBack(const UpdatePart& part, const ImportUser& user) {
+    std::vector<readback::RowState> states;
+    for (std::size_t i = 0; i < user.review().size(); ++i)
+        states.push_back(stateOf(user.review()[i], (*user.result())[i]));
+    readBack_->read(states);
+    if (options_.exact) valueOrThrow(readBack_->storeExactly());
+    for (std::size_t i = 0; i < readBack_->size(); ++i) {
+        RowFacts& row = facts.emplace_back();
+        const bool known = !readBack_->row(i).item.empty();
+        row.outcome = readBack_->outcome(i);
+        if (!known) {
+            row.outcome = {};
+            continue;
+        }
+        row.line = part.asked[i].line;
+        row.asked = readBack_->row(i).asked;
+        row.conflict = readBack_->conflict(i);
+    }
+}
+
+/// A dry run applies within the loaded model, to tell what would be stored, and takes everything back.
+void Import::undo() {
+    while (session_.host().undo()) {
+    }
+}
+
+void Import::workTheDialog(ImportUser& user, const ImportPlan& plan) {
     {
         const ReviewProgress progress(plan.shownName, plan.lines);
-        session.runMenuCommand(ImportMenuItem, user);
+        session_.runMenuCommand(ImportMenuItem, user);
     }
     if (!user.problem().empty()) throw Failure(user.problem());
-    checkApplied(session, user, plan);
+    checkApplied(session_, user, plan);
 }
 
 void addHintsOnNames(const model::Model& model, ImportReport& report) {
@@ -103,19 +210,48 @@ void addHintsOnNames(const model::Model& model, ImportReport& report) {
         report.hints.push_back(std::move(*hint));
 }
 
-ImportReport reportOf(ModelSession& session, const ImportUser& user, const UpdateFile& updates,
-                      const updatefile::UpdateFileFindings& findings) {
+template <class Predicate>
+std::uint64_t countFacts(const std::vector<RowFacts>& facts, const Predicate& predicate) {
+    return static_cast<std::uint64_t>(std::count_if(facts.begin(), facts.end(), predicate));
+}
+
+ImportReport reportOf(ModelSession& session, Import& import, const UpdateSource& updates, bool applied) {
     ImportReport report;
     report.model = session.facts();
     report.updatesPath = wellFormed(updates.name());
-    report.header = user.header();
-    report.review = user.review();
-    report.result = user.result();
-    report.summary = summarize(findings.lines, report.review, report.result, user.rowsLost());
-    report.hints =
-        updatefile::hintsFor(findings, {report.summary.rows, report.summary.rowsLost}, "'modelhost list' prints");
+    report.header = std::move(import.header);
+    report.review = std::move(import.review);
+    if (applied) report.result = std::move(import.result);
+    report.facts = std::move(import.facts);
+    report.table = updates.table();
+    report.summary = summarize(updates.findings().lines, report.review, report.result, import.rowsLost);
+    report.summary.notAsAsked =
+        countFacts(report.facts, [](const RowFacts& row) { return row.outcome.asAsked == false; });
+    report.summary.conflicts = countFacts(report.facts, [](const RowFacts& row) { return row.conflict.has_value(); });
+    report.summary.exact = countFacts(report.facts, [](const RowFacts& row) { return row.outcome.exact; });
+    // A cell that no line could be made of is a line without a row, too.
+    report.summary.linesWithoutRow =
+        updates.findings().withoutRow.count + (report.table ? report.table->leftOut.size() : 0);
+    report.hints = updatefile::hintsFor(updates.findings(), {report.summary.rows, report.summary.rowsLost},
+                                        "'modelhost list' prints");
     addHintsOnNames(session.model(), report);
+    if (!updates.notes().empty())
+        report.hints.insert(report.hints.begin(), updates.notes().begin() + 1, updates.notes().end());
     return report;
+}
+
+/// A file with lines of which none gives a row says nothing that this model could take.
+void checkRows(const ImportReport& report, const UpdateSource& updates) {
+    if (report.summary.rows > 0 || report.summary.lines == 0) return;
+    std::string why = report.hints.empty() ? "" : ": " + report.hints.front();
+    throw Failure(fmt::format("{}: {} and no row{}; nothing was saved", updates.name(),
+                              updatefile::counted(report.summary.lines, "line"), why));
+}
+
+ExitStatus statusOf(const ImportOptions& options, const ImportSummary& summary) {
+    const bool strictly =
+        options.strict && (summary.notAsAsked > 0 || summary.conflicts > 0 || summary.linesWithoutRow > 0);
+    return summary.errors > 0 || strictly ? ExitStatus::RowsFailed : ExitStatus::Done;
 }
 
 /// An unchanged model is not written over itself. A copy asked for with -o is written in any case.
@@ -139,20 +275,21 @@ void printReport(const ImportReport& report, Format format) {
 }  // namespace
 
 ExitStatus runImport(const ImportOptions& options) {
-    UpdateFile updates(options.updates);
+    UpdateSource updates(options.updates, options.table);
     checkTarget(options);
     ModelSession session(options.common, options.model, accessFor(options));
     checkStillOurs(options, session.model());
-    const updatefile::UpdateFileFindings findings = scan(updates, session.model());
+    updates.read(session.model());
+    if (!updates.notes().empty()) say(updates.notes().front());
     session.loadAddOn();
-    const ImportPlan plan = planOf(options, updates, findings.pieces);
-    ImportUser user(plan);
-    workTheDialog(session, user, plan);
-    ImportReport report = reportOf(session, user, updates, findings);
+    Import import(session, options, updates);
+    import.run();
+    ImportReport report = reportOf(session, import, updates, options.apply);
+    checkRows(report, updates);
     save(session, options, report);
     report.report = session.reportTexts();
     printReport(report, options.common.format);
-    return report.summary.errors > 0 ? ExitStatus::RowsFailed : ExitStatus::Done;
+    return statusOf(options, report.summary);
 }
 
 }  // namespace console

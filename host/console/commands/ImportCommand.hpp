@@ -4,6 +4,7 @@
 #include "console/Failure.hpp"
 #include "console/Options.hpp"
 #include "console/import/TickChoice.hpp"
+#include "console/import/UpdateSource.hpp"
 
 #include <filesystem>
 #include <optional>
@@ -18,6 +19,9 @@ struct ImportOptions {
     bool apply = false;
     std::optional<std::filesystem::path> output;
     bool inPlace = false;
+    TableOptions table;
+    bool exact = false;   ///< Store what was asked where the add-on stored something else.
+    bool strict = false;  ///< Whatever is not as asked is a failure.
 };
 
 ExitStatus runImport(const ImportOptions& options);

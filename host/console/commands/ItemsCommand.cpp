@@ -70,12 +70,13 @@ void printAsTable(const std::vector<ItemRecord>& records) {
         for (std::string& text : cells(record)) row.push_back({std::move(text)});
         table.add(std::move(row));
     }
-    print(table.layOut(Terminal::standardOutput()));
+    table.layOut(Terminal::standardOutput(), print);
 }
 
 void printAsTsv(const std::vector<ItemRecord>& records) {
-    print(tsvLine(Header));
-    for (const ItemRecord& record : records) print(tsvLine(cells(record)));
+    const Terminal terminal = Terminal::standardOutput();
+    print(tsvLine(Header, terminal));
+    for (const ItemRecord& record : records) print(tsvLine(cells(record), terminal));
 }
 
 void printAsJson(const std::vector<ItemRecord>& records) {

@@ -10,6 +10,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 
 namespace console {
 namespace {
@@ -50,11 +51,31 @@ Table list(const ImportReport& report) {
     return table;
 }
 
+std::uint64_t countFacts(const ImportReport& report, bool (*predicate)(const readback::RowOutcome&)) {
+    return static_cast<std::uint64_t>(std::count_if(
+        report.facts.begin(), report.facts.end(), [predicate](const RowFacts& row) { return predicate(row.outcome); }));
+}
+
+bool storedOtherwise(const readback::RowOutcome& row) {
+    return row.stored && row.asAsked == false;
+}
+
+bool notStored(const readback::RowOutcome& row) {
+    return !row.stored && row.asAsked == false;
+}
+
 std::string outcome(const ImportReport& report) {
     const ImportSummary& summary = report.summary;
     std::string text = fmt::format("{}, {}: {} tickable, {} ticked", counted(summary.lines, "line"),
                                    counted(summary.rows, "row"), summary.tickable, summary.ticked);
     if (report.result) text += fmt::format(", {} done, {}", summary.done, counted(summary.errors, "error"));
+    const auto add = [&text](std::uint64_t count, std::string_view what) {
+        if (count > 0) text += fmt::format(", {} {}", count, what);
+    };
+    if (!report.result) add(countFacts(report, notStored), "would end in an error");
+    add(summary.exact, report.result ? "stored as asked by the host" : "would be stored as asked by the host");
+    add(countFacts(report, storedOtherwise), report.result ? "not as asked" : "would not be as asked");
+    if (summary.conflicts > 0) text += fmt::format(", {}", counted(summary.conflicts, "conflict"));
     return text + ".\n";
 }
 
@@ -71,9 +92,85 @@ JsonValue modelOf(const ImportReport& report) {
 }
 
 JsonValue summaryOf(const ImportSummary& summary) {
-    return {{"lines", summary.lines},      {"rows", summary.rows}, {"tickable", summary.tickable},
-            {"ticked", summary.ticked},    {"done", summary.done}, {"errors", summary.errors},
-            {"rowsLost", summary.rowsLost}};
+    return {{"lines", summary.lines},         {"rows", summary.rows},
+            {"tickable", summary.tickable},   {"ticked", summary.ticked},
+            {"done", summary.done},           {"errors", summary.errors},
+            {"rowsLost", summary.rowsLost},   {"notAsAsked", summary.notAsAsked},
+            {"conflicts", summary.conflicts}, {"linesWithoutRow", summary.linesWithoutRow},
+            {"exact", summary.exact}};
+}
+
+template <class Value>
+JsonValue orNull(const std::optional<Value>& value) {
+    return value ? JsonValue(*value) : JsonValue();
+}
+
+JsonValue rowOf(const ListRow& row, const RowFacts& facts) {
+    static constexpr std::array<const char*, updatefile::reviewlist::ColumnCount> Names = {
+        "tick", "element", "type", "guid", "item", "current", "new", "remarks"};
+    JsonValue json = toJson(row);
+    for (std::size_t column = 0; column < Names.size() && column < row.columns.size(); ++column)
+        json[Names[column]] = row.columns[column].get();
+    json["tick"] = ticked(row);
+    if (facts.line > 0) json["line"] = facts.line;
+    json["asked"] = orNull(facts.asked);
+    json["stored"] = orNull(facts.outcome.stored);
+    json["asAsked"] = orNull(facts.outcome.asAsked);
+    json["conflict"] = orNull(facts.conflict);
+    if (facts.outcome.exact) json["exact"] = true;
+    return json;
+}
+
+void printRows(JsonDocument& document, std::string_view name, const std::vector<ListRow>& rows,
+               const std::vector<RowFacts>& facts) {
+    static const RowFacts none;
+    document.member(name, rows.size(),
+                    [&](std::size_t i) { return rowOf(rows[i], i < facts.size() ? facts[i] : none); });
+}
+
+JsonValue tableOf(const tables::ReadReport& table) {
+    JsonValue json;
+    json["format"] = table.format;
+    if (!table.delimiter.empty()) json["delimiter"] = table.delimiter;
+    if (!table.encoding.empty()) json["encoding"] = table.encoding;
+    if (!table.sheet.empty()) json["sheet"] = table.sheet;
+    json["layout"] = table.layout;
+    json["elements"] = table.elements;
+    json["items"] = table.items;
+    json["updates"] = table.updates;
+    json["unchanged"] = table.unchanged;
+    json["leftOut"] = JsonValue::array();
+    for (const tables::LeftOut& left : table.leftOut)
+        json["leftOut"].push_back({{"line", left.line}, {"column", left.column}, {"why", left.why}});
+    return json;
+}
+
+/// What a person must know of a row beyond its remark.
+std::string differenceOf(const RowFacts& facts) {
+    std::string text;
+    if (facts.conflict) text = fmt::format("the file says it was '{}'", *facts.conflict);
+    const readback::RowOutcome& outcome = facts.outcome;
+    if (outcome.exact) return text + (text.empty() ? "" : "; ") + "stored as asked";
+    if (outcome.asAsked != false) return text;
+    if (!text.empty()) text += "; ";
+    text += fmt::format("asked '{}'", facts.asked.value_or(""));
+    if (outcome.stored) text += fmt::format(", stored '{}'", *outcome.stored);
+    if (!outcome.obstacle.empty()) text += fmt::format(" ({})", outcome.obstacle);
+    return text;
+}
+
+/// The rows that are not as asked or in conflict, one a line below the list.
+std::string differences(const ImportReport& report) {
+    std::string text;
+    for (std::size_t i = 0; i < report.facts.size() && i < report.rows().size(); ++i) {
+        const std::string difference = differenceOf(report.facts[i]);
+        // A refused row says so in its remark, and the report says why.
+        if (difference.empty() || (failed(report.rows()[i]) && !report.facts[i].conflict)) continue;
+        text += fmt::format("Row {}, {}: {}.\n", i + 1,
+                            visible(report.rows()[i].columns[updatefile::reviewlist::PropertyColumn].get()),
+                            visible(difference));
+    }
+    return text;
 }
 
 }  // namespace
@@ -96,6 +193,7 @@ ImportSummary summarize(std::uint64_t lines, const std::vector<ListRow>& review,
 void printAsTable(const ImportReport& report) {
     list(report).layOut(Terminal::standardOutput(), print);
     print("\n" + outcome(report));
+    print(differences(report));
     for (const std::string& hint : report.hints) print(fmt::format("Hint: {}.\n", visible(hint)));
     print(ending(report));
 }
@@ -111,8 +209,9 @@ void printAsJson(const ImportReport& report) {
     document.member("model", modelOf(report));
     document.member("updates", JsonValue{{"path", report.updatesPath}});
     document.member("header", report.header);
-    document.member("review", report.review);
-    if (report.result) document.member("result", *report.result);
+    if (report.table) document.member("table", tableOf(*report.table));
+    printRows(document, "review", report.review, report.facts);
+    if (report.result) printRows(document, "result", *report.result, report.facts);
     document.member("summary", summaryOf(report.summary));
     document.member("hints", report.hints);
     document.member("report", report.report);

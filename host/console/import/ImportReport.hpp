@@ -3,6 +3,8 @@
 
 #include "console/ModelSession.hpp"
 #include "console/output/ListRows.hpp"
+#include "readback/ReadBack.hpp"
+#include "tables/ReadReport.hpp"
 
 #include <cstdint>
 #include <optional>
@@ -19,6 +21,18 @@ struct ImportSummary {
     std::uint64_t done = 0;
     std::uint64_t errors = 0;
     std::uint64_t rowsLost = 0;
+    std::uint64_t notAsAsked = 0;  ///< Ticked rows for which the model holds, or would hold, something else.
+    std::uint64_t conflicts = 0;   ///< Rows whose old value in the file is not what the model holds.
+    std::uint64_t linesWithoutRow = 0;
+    std::uint64_t exact = 0;  ///< Rows that --exact wrote.
+};
+
+/// What the host knows of a row besides what the list shows.
+struct RowFacts {
+    std::uint64_t line = 0;  ///< Of the file that it came from; 0 where it is not known.
+    std::optional<std::string> asked;
+    std::optional<std::string> conflict;
+    readback::RowOutcome outcome;
 };
 
 struct ImportReport {
@@ -27,6 +41,8 @@ struct ImportReport {
     std::vector<std::string> header;
     std::vector<ListRow> review;
     std::optional<std::vector<ListRow>> result;  ///< After Apply.
+    std::vector<RowFacts> facts;                 ///< One a row.
+    std::optional<tables::ReadReport> table;     ///< Where the updates came from one.
     ImportSummary summary;
     std::vector<std::string> hints;
     std::vector<std::string> report;

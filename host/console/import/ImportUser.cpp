@@ -37,6 +37,7 @@ void ImportUser::runModal(frontend::Dialog& dialog) {
     rowsLost_ = dialog.list(ReviewList)->rowsLost();
     if (tickRows(dialog)) {
         review_ = rowReader_.readFrom(*dialog.list(ReviewList));
+        untickRows(dialog);
         if (plan_.apply) apply(dialog);
     }
     dialog.clickItem(CloseButton);
@@ -51,11 +52,21 @@ bool ImportUser::tickRows(frontend::Dialog& dialog) {
                                plan_.tick.lastRow(), plan_.shownName, rows);
         return false;
     }
-    const Int16 tickColumn = list.tabFields().empty() ? Int16{0} : list.tabFields().front().begin;
     for (const auto& [first, last] : plan_.tick.ranges)
-        for (std::uint32_t row = first; row <= last; ++row)
-            dialog.clickRow(ReviewList, static_cast<Int16>(row), tickColumn);
+        for (std::uint32_t row = first; row <= last; ++row) clickTick(dialog, static_cast<Int16>(row));
     return true;
+}
+
+void ImportUser::untickRows(frontend::Dialog& dialog) {
+    if (!plan_.untick) return;
+    const std::vector<std::size_t> rows = plan_.untick(review_);
+    for (const std::size_t row : rows) clickTick(dialog, static_cast<Int16>(row + 1));
+    if (!rows.empty()) review_ = rowReader_.readFrom(*dialog.list(ReviewList));
+}
+
+void ImportUser::clickTick(frontend::Dialog& dialog, Int16 row) {
+    const frontend::List& list = *dialog.list(ReviewList);
+    dialog.clickRow(ReviewList, row, list.tabFields().empty() ? Int16{0} : list.tabFields().front().begin);
 }
 
 void ImportUser::apply(frontend::Dialog& dialog) {

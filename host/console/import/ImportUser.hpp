@@ -7,6 +7,7 @@
 #include "frameworks/FrontEnd.hpp"
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -19,6 +20,8 @@ struct ImportPlan {
     std::uint64_t lines = 0;  ///< Of the update file, for the progress line.
     TickChoice tick;
     bool apply = false;
+    /// Looks at the list as ticked, before Apply. @return the rows, from 0, whose tick is to go.
+    std::function<std::vector<std::size_t>(const std::vector<ListRow>&)> untick;
 };
 
 class ImportUser : public frontend::View {
@@ -40,6 +43,8 @@ public:
 
 private:
     bool tickRows(frontend::Dialog& dialog);
+    void untickRows(frontend::Dialog& dialog);
+    void clickTick(frontend::Dialog& dialog, Int16 row);
     void apply(frontend::Dialog& dialog);
 
     ImportPlan plan_;

@@ -19,6 +19,7 @@ namespace console {
 namespace {
 
 constexpr std::size_t BlockSize = 1U << 16U;
+constexpr std::size_t LongestTable = 1U << 30U;
 
 [[noreturn]] void fail(const std::filesystem::path& path, std::string_view what) {
     throw Failure(fmt::format("cannot read the update file {}: {}", path.string(), what));
@@ -39,9 +40,9 @@ bool isStandardInput(const std::filesystem::path& path) {
 
 }  // namespace
 
-UpdateFile::UpdateFile(std::filesystem::path path) : path_(std::move(path)), addOnPath_(path_.string()) {
+UpdateFile::UpdateFile(std::filesystem::path path, bool text) : path_(std::move(path)), addOnPath_(path_.string()) {
     if (isStandardInput(path_)) {
-        keepCopy(stdin);
+        keepCopy(stdin, text);
         return;
     }
     file_.reset(std::fopen(path_.c_str(), "rb"));
@@ -51,10 +52,10 @@ UpdateFile::UpdateFile(std::filesystem::path path) : path_(std::move(path)), add
     if (S_ISDIR(status.st_mode)) fail(path_, "it is a folder; name a file in it");
     // The add-on opens the file again by its name, and its names are text. So it gets a copy of what cannot be read
     // twice (a pipe) and of a file whose name is not UTF-8.
-    if (!S_ISREG(status.st_mode) || !isWellFormed(addOnPath_)) keepCopy(file_.get());
+    if (!S_ISREG(status.st_mode) || !isWellFormed(addOnPath_)) keepCopy(file_.get(), text);
 }
 
-void UpdateFile::keepCopy(std::FILE* source) {
+void UpdateFile::keepCopy(std::FILE* source, bool text) {
     // Not std::tmpfile, which takes no notice of TMPDIR.
     std::string name = (std::filesystem::temp_directory_path() / "modelhost.XXXXXX").string();
     const int descriptor = mkostemp(name.data(), O_CLOEXEC);
@@ -66,7 +67,7 @@ void UpdateFile::keepCopy(std::FILE* source) {
     std::size_t count = 0, copied = 0;
     while ((count = std::fread(block.data(), 1, block.size(), source)) > 0) {
         // A device such as /dev/zero has no end, so what it holds is looked at before all of it is copied.
-        if (copied == 0 && updatefile::detectFileKind({block.data(), count}) == updatefile::FileKind::Binary)
+        if (text && copied == 0 && updatefile::detectFileKind({block.data(), count}) == updatefile::FileKind::Binary)
             fail(path_, updatefile::NoTextFile);
         if ((copied += count) > LongestCopy)
             fail(path_, fmt::format("more than {} MiB came out of it; save it as a file first", LongestCopy >> 20U));
@@ -79,8 +80,9 @@ void UpdateFile::keepCopy(std::FILE* source) {
     file_ = std::move(copy);
 }
 
-updatefile::UpdateFileFindings UpdateFile::scan(const updatefile::UpdateFileScan::Knows& knows) {
-    updatefile::UpdateFileScan scan(knows);
+updatefile::UpdateFileFindings UpdateFile::scan(const updatefile::UpdateFileScan::Knows& knows,
+                                                const updatefile::UpdateFileScan::Visit& visit) {
+    updatefile::UpdateFileScan scan(knows, visit);
     std::array<char, BlockSize> block;
     std::size_t count = 0;
     while ((count = std::fread(block.data(), 1, block.size(), file_.get())) > 0) scan.read({block.data(), count});
@@ -88,6 +90,19 @@ updatefile::UpdateFileFindings UpdateFile::scan(const updatefile::UpdateFileScan
     updatefile::UpdateFileFindings findings = scan.finish();
     if (const auto reason = updatefile::uselessBecause(findings)) fail(path_, *reason);
     return findings;
+}
+
+std::string UpdateFile::bytes() {
+    std::string bytes;
+    std::array<char, BlockSize> block;
+    std::size_t count = 0;
+    while ((count = std::fread(block.data(), 1, block.size(), file_.get())) > 0) {
+        bytes.append(block.data(), count);
+        if (bytes.size() > LongestTable)
+            fail(path_, fmt::format("it is larger than {} MiB, which no table is", LongestTable >> 20U));
+    }
+    if (std::ferror(file_.get()) != 0) failWithError(path_);
+    return bytes;
 }
 
 }  // namespace console

@@ -81,16 +81,21 @@ void JsonDocument::member(std::string_view name, const JsonValue& value) {
 }
 
 void JsonDocument::member(std::string_view name, const std::vector<ListRow>& rows) {
+    member(name, rows.size(), [&rows](std::size_t i) { return toJson(rows[i]); });
+}
+
+void JsonDocument::member(std::string_view name, std::size_t count,
+                          const std::function<JsonValue(std::size_t)>& element) {
     const int depth = indented_ ? 2 : OneLine;
     startMember(name);
     pending_ += '[';
-    for (const ListRow& row : rows) {
-        if (&row != &rows.front()) pending_ += ',';
+    for (std::size_t i = 0; i < count; ++i) {
+        if (i > 0) pending_ += ',';
         startLine(pending_, depth);
-        append(pending_, toJson(row), depth);
+        append(pending_, element(i), depth);
         printIfLarge();
     }
-    if (!rows.empty()) startLine(pending_, indented_ ? 1 : OneLine);
+    if (count > 0) startLine(pending_, indented_ ? 1 : OneLine);
     pending_ += ']';
 }
 

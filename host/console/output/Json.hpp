@@ -7,6 +7,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,6 +28,8 @@ public:
 
     void member(std::string_view name, const JsonValue& value);
     void member(std::string_view name, const std::vector<ListRow>& rows);
+    /// `count` elements of an array, each made when it is printed.
+    void member(std::string_view name, std::size_t count, const std::function<JsonValue(std::size_t)>& element);
     /// To be called once, at the end.
     void finish();
 

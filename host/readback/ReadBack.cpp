@@ -1,0 +1,111 @@
+#include "readback/ReadBack.hpp"
+
+#include <map>
+#include <tuple>
+
+namespace readback {
+
+namespace {
+
+/// Whether the old value of a table is what the model holds, written in any of the ways that a table may write it.
+bool agrees(std::string_view old, const Stored& held, DecimalSign sign) {
+    if (old == textOf(held) || isAsAsked(old, held, sign)) return true;
+    // The placeholder of a list names no value that could have changed.
+    return held.kind == Stored::Kind::Other;
+}
+
+/// The type for the value of a property that the import made: the standard's for that set and name, else by the text.
+std::string newTypeOf(const model::Model& model, const Place& place, const AskedRow& row) {
+    std::string type = model.standardType(place.set, place.property);
+    return type.empty() ? std::string(typeByText(row.asked, row.sign)) : type;
+}
+
+}  // namespace
+
+ReadBack::ReadBack(model::Model& model, std::vector<AskedRow> rows) : model_(model) {
+    rows_.reserve(rows.size());
+    for (AskedRow& asked : rows) {
+        Row& row = rows_.emplace_back();
+        row.asked = std::move(asked);
+        row.element = model.find(row.asked.guid);
+        if (!row.element) continue;
+        row.place = placeOf(model, *row.element, row.asked.item);
+        if (row.asked.old && !agrees(*row.asked.old, storedAt(model, *row.element, row.place), row.asked.sign))
+            row.conflict = row.asked.old;
+    }
+}
+
+void ReadBack::read(const std::vector<RowState>& states) {
+    for (std::size_t i = 0; i < rows_.size() && i < states.size(); ++i) {
+        rows_[i].state = states[i];
+        readRow(rows_[i]);
+    }
+}
+
+void ReadBack::readRow(Row& row) {
+    row.outcome.stored.reset();
+    row.outcome.asAsked.reset();
+    if (row.state == RowState::NotTicked || !row.element) return;
+    const Stored held = storedAt(model_, *row.element, row.place);
+    if (row.state == RowState::Done) row.outcome.stored = textOf(held);
+    row.outcome.asAsked = isAsAsked(row.asked.asked, held, row.asked.sign);
+}
+
+std::vector<ReadBack::Row*> ReadBack::lastOfEachItem() {
+    using Key = std::tuple<model::Element, std::string, std::u16string, std::u16string, std::u16string>;
+    std::map<Key, Row*> last;
+    for (Row& row : rows_) {
+        if (row.state != RowState::Done || !row.element) continue;
+        const Place& place = row.place;
+        last[{*row.element, place.attribute, place.set, place.property, place.system}] = &row;
+    }
+    std::vector<Row*> rows;
+    for (const auto& [key, row] : last) rows.push_back(row);
+    return rows;
+}
+
+void ReadBack::store(Row& row) {
+    const std::string newType = row.place.isNew ? newTypeOf(model_, row.place, row.asked) : std::string();
+    model::Status stored = storeAsAsked(model_, *row.element, row.place, row.asked.asked, row.asked.sign, newType);
+    // A standard type that cannot hold the text is no reason to lose it: the property was made for this text.
+    if (!stored && row.place.isNew) {
+        const std::string byText(typeByText(row.asked.asked, row.asked.sign));
+        if (byText != newType)
+            stored = storeAsAsked(model_, *row.element, row.place, row.asked.asked, row.asked.sign, byText);
+    }
+    row.outcome.exact = static_cast<bool>(stored);
+    if (!stored) row.outcome.obstacle = stored.error().message;
+}
+
+/// Whether the value is another, or a property was made with a type that is not the standard's.
+bool ReadBack::differs(const Row& row) const {
+    if (row.outcome.asAsked == false) return true;
+    if (!row.place.isNew) return false;
+    const std::string standard = model_.standardType(row.place.set, row.place.property);
+    bool other = false;
+    model_.visitProperties(*row.element, [&](const model::PropertyView& property) {
+        if (property.set == row.place.set && property.name == row.place.property) other = property.type != standard;
+    });
+    return other && !standard.empty();
+}
+
+model::Result<std::size_t> ReadBack::storeExactly() {
+    std::vector<Row*> wanted;
+    for (Row* row : lastOfEachItem())
+        if (differs(*row)) wanted.push_back(row);
+    if (wanted.empty()) return std::size_t{0};
+    const auto ran = model_.command("Store as asked", [&] {
+        for (Row* row : wanted) store(*row);
+        return 0;
+    });
+    if (!ran) return ran.error();
+    for (Row& row : rows_) readRow(row);
+    std::size_t count = 0;
+    for (Row* row : wanted) {
+        row->outcome.exact = row->outcome.exact && row->outcome.asAsked == true;
+        count += row->outcome.exact ? 1U : 0U;
+    }
+    return count;
+}
+
+}  // namespace readback
