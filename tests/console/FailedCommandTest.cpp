@@ -69,7 +69,7 @@ TEST(UnfinishedRows, AreThoseTickedAndEnabledWithoutAResult) {
 /// The file is there when the host looks at it, and gone when the add-on opens it.
 class UserOfAVanishingFile : public console::ImportUser {
 public:
-    explicit UserOfAVanishingFile(const std::string& path) : ImportUser({path, path, 1, {}, false}), path_(path) {}
+    explicit UserOfAVanishingFile(const std::string& path) : ImportUser({path, path, 1, {}, false, {}}), path_(path) {}
     std::optional<std::string> pickFile(const frontend::FileRequest&) override {
         std::filesystem::remove(path_);
         return path_;

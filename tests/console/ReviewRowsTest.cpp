@@ -32,7 +32,7 @@ TEST(HintForUnknownItems, SuggestsNoPropertyWhereAClassificationWasMeant) {
 
 TEST(HintForUnknownItems, IsNoneForAClassificationThatTheHostRefused) {
     const std::vector<ListRow> review{row("SpecSection Classification", " Property not found.")};
-    EXPECT_EQ(hintForUnknownItems(review, {row("", "error!")}), std::nullopt);
+    EXPECT_EQ(hintForUnknownItems(review, {row("", "error!")}, {}), std::nullopt);
 }
 
 }  // namespace

@@ -158,7 +158,7 @@ void printAnswers(const LookupUser& user, Format format) {
 std::string explain(const LookupAnswer& answer, const ModelSession& session) {
     if (answer.guid == "00000000-0000-0000-0000-000000000000")
         return fmt::format("{} is the GUID of no element at all; 'modelhost list' prints those there are", answer.guid);
-    if (!parseGuid(answer.guid))
+    if (!text::parseGuid(answer.guid))
         return fmt::format("'{}' is no GUID of 36 characters and no GlobalId of 22; 'modelhost list' prints both",
                            answer.guid);
     if (answer.error() == "?") return fmt::format("the add-on gave no answer for {}", answer.guid);

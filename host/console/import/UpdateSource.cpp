@@ -92,8 +92,8 @@ UpdateSource::~UpdateSource() = default;
 
 UpdateSource::UpdateSource(std::filesystem::path path, const TableOptions& options)
     : path_(std::move(path)), clearEmpty_(options.clearEmpty), file_(path_, !formatOf(path_, options)) {
-    if (formatOf(path_, options)) return openTable(options);
-    if (options.any())
+    if (formatOf(path_, options)) openTable(options);
+    if (!isTable() && options.any())
         throw Failure(
             fmt::format("{}: an update file is read as it stands; --delimiter, --encoding, --sheet and "
                         "--clear-empty are for tables (--as csv)",
