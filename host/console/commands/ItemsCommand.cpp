@@ -58,7 +58,7 @@ std::vector<std::string> cells(const ItemRecord& record) {
 
 /// The set stands in the item once more; the types and the examples give way next.
 Yield yieldOf(const std::string& column) {
-    if (column == "set" || column == "kind") return Yield::First;
+    if (column == "set") return Yield::First;
     return column == "valueType" || column == "examples" ? Yield::Evenly : Yield::Last;
 }
 
