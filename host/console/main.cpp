@@ -30,17 +30,28 @@ ExitStatus runProgram(int argc, const char* const* argv) {
     return status;
 }
 
+/// The program with its last word. Throws std::bad_alloc.
+ExitStatus runAndTell(int argc, const char* const* argv) {
+    try {
+        return runProgram(argc, argv);
+    } catch (const Failure& failure) {
+        say(failure.what());
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception& error) {
+        say(std::string("internal error: ") + error.what() + "; please report it with the command used");
+    }
+    return ExitStatus::Failed;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     try {
-        return static_cast<int>(runProgram(argc, argv));
-    } catch (const console::Failure& failure) {
-        console::say(failure.what());
-    } catch (const std::bad_alloc&) {
-        console::say("there is not enough memory for this model; close other programs or use a larger machine");
-    } catch (const std::exception& error) {
-        console::say(std::string("internal error: ") + error.what() + "; please report it with the command used");
+        return static_cast<int>(runAndTell(argc, argv));
+    } catch (...) {
+        // The last word, too, takes memory: only what is there already can be said when there is none.
+        console::sayMemoryIsOut();
     }
-    return static_cast<int>(console::ExitStatus::Failed);
+    return static_cast<int>(ExitStatus::Failed);
 }

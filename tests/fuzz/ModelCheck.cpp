@@ -24,8 +24,11 @@ std::u16string dataOf(const Model& model, Element element) {
     const auto attributes = model.attributes(element);
     const auto properties = model.properties(element);
     const auto references = model.classifications(element);
-    require(attributes && properties && references, "an element cannot be read");
-    for (const Attribute& attribute : *attributes) add(all, attribute.value);
+    require(properties && references, "an element's properties or classifications cannot be read");
+    // What is not well formed has no attributes.
+    require(attributes || attributes.error().kind == ErrorKind::Refused, "attributes are not read for another reason");
+    if (attributes)
+        for (const Attribute& attribute : *attributes) add(all, attribute.value);
     for (const Property& property : *properties) {
         add(all, property.set);
         add(all, property.name);

@@ -2,9 +2,8 @@
 // what claims to be too much is refused where the limit is.
 
 #include "step/StepText.hpp"
+#include "step/Zip.hpp"
 #include "support/TempFolder.hpp"
-
-#include <zip.h>
 
 namespace step_tests {
 namespace {
@@ -17,26 +16,6 @@ using testing_support::TempFolder;
 const std::string before = fileOf("#1=A(1);\n");
 const std::string after = fileOf("#1=A(2);\n");
 
-class Zip {
-public:
-    Zip(const fs::path& path, int flags) : zip(zip_open(path.c_str(), flags, nullptr)) {
-        if (zip == nullptr) throw std::runtime_error("no archive: " + path.string());
-    }
-    ~Zip() { zip_close(zip); }
-    Zip(const Zip&) = delete;
-    Zip& operator=(const Zip&) = delete;
-
-    zip_uint64_t add(const std::string& name, const std::string& bytes, int method, unsigned level = 0) {
-        zip_source_t* source = zip_source_buffer(zip, bytes.data(), bytes.size(), 0);
-        const auto at = static_cast<zip_uint64_t>(zip_file_add(zip, name.c_str(), source, 0));
-        zip_set_file_compression(zip, at, method, level);
-        zip_file_set_mtime(zip, at, 1'000'000'000, 0);
-        return at;
-    }
-
-    zip_t* zip;
-};
-
 /// An entry as it is packed, and all that the directory says of it.
 struct Packed {
     std::string name{}, bytes{}, comment{}, extra{};
@@ -48,12 +27,8 @@ struct Packed {
 };
 
 Packed packed(const Zip& archive, zip_uint64_t at) {
-    zip_stat_t stat{};
-    zip_stat_index(archive.zip, at, 0, &stat);
-    Packed entry{stat.name, std::string(stat.comp_size, '\0')};
-    zip_file_t* file = zip_fopen_index(archive.zip, at, ZIP_FL_COMPRESSED);
-    EXPECT_EQ(zip_fread(file, entry.bytes.data(), entry.bytes.size()), static_cast<zip_int64_t>(entry.bytes.size()));
-    zip_fclose(file);
+    const zip_stat_t stat = archive.stat(at);
+    Packed entry{stat.name, archive.bytes(at, ZIP_FL_COMPRESSED)};
     zip_uint32_t commentLength = 0;
     if (const char* comment = zip_file_get_comment(archive.zip, at, &commentLength, 0))
         entry.comment.assign(comment, commentLength);
@@ -71,14 +46,7 @@ Packed packed(const Zip& archive, zip_uint64_t at) {
 }
 
 std::string unpacked(const fs::path& path, zip_uint64_t at) {
-    const Zip archive(path, ZIP_RDONLY | ZIP_CHECKCONS);
-    zip_stat_t stat{};
-    zip_stat_index(archive.zip, at, 0, &stat);
-    std::string bytes(stat.size, '\0');
-    zip_file_t* file = zip_fopen_index(archive.zip, at, 0);
-    EXPECT_EQ(zip_fread(file, bytes.data(), bytes.size()), static_cast<zip_int64_t>(bytes.size()));
-    zip_fclose(file);
-    return bytes;
+    return Zip(path, ZIP_RDONLY | ZIP_CHECKCONS).bytes(at);
 }
 
 void editAndSave(const fs::path& path) {

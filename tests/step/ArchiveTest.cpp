@@ -1,9 +1,8 @@
 // Models in .ifczip archives.
 
 #include "step/StepText.hpp"
+#include "step/Zip.hpp"
 #include "support/TempFolder.hpp"
-
-#include <zip.h>
 
 #include <fstream>
 #include <map>
@@ -29,32 +28,19 @@ class Archives : public ::testing::Test {
 protected:
     fs::path archive(const std::string& name, const std::vector<Entry>& entries) {
         const fs::path path = folder_.path() / name;
-        zip_t* zip = zip_open(path.c_str(), ZIP_CREATE | ZIP_TRUNCATE, nullptr);
-        for (const Entry& entry : entries) {
-            zip_source_t* source = zip_source_buffer(zip, entry.bytes.data(), entry.bytes.size(), 0);
-            const zip_int64_t at = zip_file_add(zip, entry.name.c_str(), source, 0);
-            EXPECT_GE(at, 0);
-            zip_set_file_compression(zip, static_cast<zip_uint64_t>(at), entry.method, 0);
-            zip_file_set_mtime(zip, static_cast<zip_uint64_t>(at), 1'000'000'000, 0);
-        }
-        EXPECT_EQ(zip_close(zip), 0);
+        Zip zip(path, ZIP_CREATE | ZIP_TRUNCATE);
+        for (const Entry& entry : entries) zip.add(entry.name, entry.bytes, entry.method);
         return path;
     }
 
     static std::vector<Entry> entries(const fs::path& path) {
+        const Zip zip(path, ZIP_RDONLY | ZIP_CHECKCONS);
         std::vector<Entry> found;
-        zip_t* zip = zip_open(path.c_str(), ZIP_RDONLY | ZIP_CHECKCONS, nullptr);
-        if (zip == nullptr) throw std::runtime_error("no archive: " + path.string());
-        for (zip_int64_t i = 0; i < zip_get_num_entries(zip, 0); ++i) {
-            zip_stat_t stat{};
-            zip_stat_index(zip, static_cast<zip_uint64_t>(i), 0, &stat);
-            std::string bytes(stat.size, '\0');
-            zip_file_t* file = zip_fopen_index(zip, static_cast<zip_uint64_t>(i), 0);
-            EXPECT_EQ(zip_fread(file, bytes.data(), bytes.size()), static_cast<zip_int64_t>(bytes.size()));
-            zip_fclose(file);
-            found.push_back({stat.name, bytes, stat.comp_method});
+        for (zip_int64_t i = 0; i < zip_get_num_entries(zip.zip, 0); ++i) {
+            const auto at = static_cast<zip_uint64_t>(i);
+            const zip_stat_t stat = zip.stat(at);
+            found.push_back({stat.name, zip.bytes(at), stat.comp_method});
         }
-        zip_close(zip);
         return found;
     }
 

@@ -46,6 +46,11 @@ void say(std::string_view message) {
     write(fmt::format("modelhost: {}\n", visible(message)));
 }
 
+void sayMemoryIsOut() noexcept {
+    wipeProgress();
+    write("modelhost: there is not enough memory for this model; close other programs or use a larger machine\n");
+}
+
 ProgressLine::ProgressLine(std::string_view operation)
     : operation_(visible(operation)), started_(now()), terminal_(Terminal::standardError().present) {}
 

@@ -11,6 +11,9 @@ namespace console {
 /// "modelhost: MESSAGE". Control characters are shown as pictures.
 void say(std::string_view message);
 
+/// Says so without taking any memory.
+void sayMemoryIsOut() noexcept;
+
 /// Shows nothing before a second has passed, and nothing at all where standard error is no terminal.
 /// "Opening house.ifc  45 %  12 s left"
 class ProgressLine {

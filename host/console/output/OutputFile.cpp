@@ -3,37 +3,34 @@
 #include "console/Failure.hpp"
 #include "console/output/Messages.hpp"
 
-#include <fcntl.h>
 #include <fmt/format.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
-#include <cstring>
+#include <system_error>
+#include <utility>
 
 namespace console {
 namespace {
 
-/// What a file made by open would get; mkstemp's are for the owner only.
-mode_t newFileMode() {
-    const mode_t mask = umask(0);
-    umask(mask);
-    return 0666 & ~mask;
+constexpr std::size_t KeptAtMost = std::size_t{1} << 20U;  ///< Bytes.
+
+std::error_code lastError() {
+    return {errno, std::system_category()};
 }
 
 }  // namespace
 
 OutputFile::OutputFile(std::filesystem::path target) : target_(std::move(target)) {
-    std::error_code ignored;
-    // A symbolic link stays one: what it points at is replaced.
-    if (const auto real = std::filesystem::canonical(target_, ignored); !ignored) target_ = real;
-    const auto status = std::filesystem::status(target_, ignored);
-    if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status))
-        file_ = std::fopen(target_.c_str(), "wb");
-    else
-        openTemporary();
-    if (file_ == nullptr) fail();
+    model::step::Disk& disk = model::step::Disk::real();
+    check(disk.resolve(target_, place_));
+    check(disk.state(place_, old_));
+    if (old_.exists && !old_.regular) {
+        device_ = std::fopen(place_.c_str(), "wb");
+        if (device_ == nullptr) check(lastError());
+        return;
+    }
+    guard_.emplace();
+    check(disk.createTemporary(place_, old_, temporary_));
 }
 
 OutputFile::~OutputFile() {
@@ -51,44 +48,43 @@ void OutputFile::checkPlace(const std::filesystem::path& target) {
         throw Failure(fmt::format("cannot write {}: it is a folder; name a file in it", target.string()));
 }
 
-void OutputFile::openTemporary() {
-    guard_.emplace();
-    std::string name = target_.string() + ".XXXXXX";
-    const int descriptor = mkstemp(name.data());
-    if (descriptor < 0) fail();
-    temporary_ = name;
-    struct stat old {};
-    const mode_t mode = stat(target_.c_str(), &old) == 0 ? old.st_mode & 07777 : newFileMode();
-    if (fchmod(descriptor, mode) != 0) {
-        ::close(descriptor);
-        return;
-    }
-    file_ = fdopen(descriptor, "wb");
-}
-
 void OutputFile::write(std::string_view text) {
-    if (std::fwrite(text.data(), 1, text.size(), file_) != text.size()) fail();
+    if (device_ != nullptr) {
+        if (std::fwrite(text.data(), 1, text.size(), device_) != text.size()) check(lastError());
+    } else {
+        kept_ += text;
+        if (kept_.size() >= KeptAtMost) handOver();
+    }
     stopIfInterrupted();
 }
 
 void OutputFile::commit() {
-    if (std::fflush(file_) != 0) fail();
-    if (!temporary_.empty() && fsync(fileno(file_)) != 0) fail();
+    if (device_ != nullptr && std::fflush(device_) != 0) check(lastError());
+    if (temporary_ == nullptr) return;
+    handOver();
+    if (old_.exists) check(temporary_->takeOver(old_, place_));
+    check(temporary_->sync());
     stopIfInterrupted();
-    if (!temporary_.empty() && std::rename(temporary_.c_str(), target_.c_str()) != 0) fail();
-    temporary_.clear();
+    check(temporary_->replace(place_));
+    temporary_.reset();
+}
+
+void OutputFile::handOver() {
+    const std::string_view piece = kept_;
+    check(temporary_->write({&piece, 1}));
+    kept_.clear();
 }
 
 void OutputFile::close() {
-    if (file_ != nullptr) std::fclose(file_);
-    file_ = nullptr;
-    if (!temporary_.empty()) unlink(temporary_.c_str());
-    temporary_.clear();
+    if (device_ != nullptr) std::fclose(device_);
+    device_ = nullptr;
+    temporary_.reset();
 }
 
-void OutputFile::fail() const {
-    throw Failure(
-        fmt::format("cannot write {}: {}; choose another place with -o", target_.string(), std::strerror(errno)));
+void OutputFile::check(const std::error_code& error) const {
+    if (error)
+        throw Failure(
+            fmt::format("cannot write {}: {}; choose another place with -o", target_.string(), error.message()));
 }
 
 void OutputFile::stopIfInterrupted() {

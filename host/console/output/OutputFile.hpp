@@ -2,10 +2,13 @@
 // A text file that the console writes: complete or not at all.
 
 #include "console/output/Interrupts.hpp"
+#include "model/step/disk/Disk.hpp"
 
 #include <cstdio>
 #include <filesystem>
+#include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace console {
@@ -27,16 +30,19 @@ public:
     void commit();
 
 private:
-    void openTemporary();
+    void handOver();
     void close();
-    [[noreturn]] void fail() const;
+    void check(const std::error_code& error) const;
     void stopIfInterrupted();
 
     /// Only where there is a temporary file to be removed. To open a pipe waits for a reader, perhaps for ever.
     std::optional<InterruptGuard> guard_;
-    std::filesystem::path target_;
-    std::filesystem::path temporary_;  ///< Empty once there is none.
-    std::FILE* file_ = nullptr;
+    std::filesystem::path target_;  ///< As the user named it.
+    std::filesystem::path place_;   ///< Where that leads: a symbolic link stays one.
+    model::step::FileState old_;
+    std::unique_ptr<model::step::TemporaryFile> temporary_;  ///< Null for a device, and once it has the target's name.
+    std::string kept_;                                       ///< What the temporary file has not been given yet.
+    std::FILE* device_ = nullptr;                            ///< A pipe or a device.
 };
 
 }  // namespace console

@@ -133,6 +133,7 @@ Result<Bytes> unpack(zip_t* archive, const zip_stat_t& model, const Progress& pr
 bool putModel(zip_t* archive, bool isNew, const ModelEntry& entry, std::span<const std::string_view> model) {
     std::vector<zip_buffer_fragment_t> fragments;
     for (const std::string_view piece : model) {
+        if (piece.empty()) continue;  // libzip 1.7 reads behind an empty fragment that it begins with
         auto* data = static_cast<zip_uint8_t*>(static_cast<void*>(const_cast<char*>(piece.data())));  // only read
         fragments.push_back({data, piece.size()});
     }
