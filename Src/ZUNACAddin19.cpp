@@ -152,7 +152,7 @@ static bool isNotFirst(const GS::UniString& text, char16_t lower, char16_t upper
 static API_IFCLogical logicalOf(const GS::UniString& text) {
     if (isNotFirst(text, u't', u'T')) return API_IFCTrue;
     // Never reached, since the line above is true of every text. It says what the rule was meant to be.
-    return isNotFirst(text, u'f', u'F') ? API_IFCFalse : API_IFCUnknown;  // LCOV_EXCL_LINE
+    return isNotFirst(text, u'f', u'F') ? API_IFCFalse : API_IFCUnknown;  // GCOV_EXCL_LINE: see above
 }
 
 /// Writes a text into a property as a value of the type that the property has. Properties that are not single values
@@ -856,15 +856,15 @@ static const char* statusMessage(GSErrCode status) {
     switch (status) {
         case IO::Location::StatusOK:
             return "helpLoc is OK\n";
-        // LCOV_EXCL_START: the host that the tests run in knows a location that is there and one that is not, no
+        // GCOV_EXCL_START: the host that the tests run in knows a location that is there and one that is not, no
         // others.
         case IO::Location::StatusMemoryFull:
             return "helpLoc is full\n";
-        // LCOV_EXCL_STOP
+        // GCOV_EXCL_STOP
         case IO::Location::StatusError:
             return "helpLoc is error\n";
         default:
-            return "helpLoc is unknown\n";  // LCOV_EXCL_LINE: as above
+            return "helpLoc is unknown\n";  // GCOV_EXCL_LINE: as above
     }
 }
 
