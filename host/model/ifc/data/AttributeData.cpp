@@ -97,11 +97,11 @@ Result<std::vector<model::Attribute>> readAttributes(Workspace& work, Element el
 
 std::u16string attributeText(Workspace& work, step::Slot slot, std::string_view name) {
     const Entity* entity = work.classes.of(slot).entity;
-    const int index = entity == nullptr ? -1 : entity->attributeIndex(name);
+    const int found = entity == nullptr ? -1 : entity->attributeIndex(name);
     step::Instance instance;
-    if (index < 0 || !work.file.read(slot, instance)) return {};
-    const auto place = static_cast<std::size_t>(index);
-    return place < instance.arguments.size() ? valueText(instance.arguments[place], entity->attributes()[place].base)
+    if (found < 0 || !work.file.read(slot, instance)) return {};
+    const auto index = static_cast<std::size_t>(found);
+    return index < instance.arguments.size() ? valueText(instance.arguments[index], entity->attributes()[index].base)
                                              : std::u16string{};
 }
 

@@ -60,9 +60,9 @@ private:
 /// The relation's Name, read without the thousands of elements that may follow it.
 std::u16string labelOf(Workspace& work, Slot relation) {
     const LongRelation* known = work.longRelations.find(relation);
-    const auto name = known != nullptr
-                          ? std::string_view(known->name)
-                          : leadingString(work.file.text(relation), work.classes.of(relation).place(Field::Name));
+    const auto name = known != nullptr ? std::string_view(known->name)
+                                       : leadingString(work.file.text(relation),
+                                                       work.classes.of(relation).attributeIndex(Field::Name));
     std::u16string label;
     if (!name.empty()) step::decodeString(name, label);
     return label;

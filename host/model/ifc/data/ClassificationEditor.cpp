@@ -162,9 +162,9 @@ Status ClassificationEditor::create() {
 Status ClassificationEditor::checkTexts() const {
     const auto fits = [&](std::string_view entity, std::string_view attribute, const std::u16string& text) -> Status {
         const Entity& cls = *work_.schema.entity(entity);
-        const int place = cls.attributeIndex(attribute);
-        if (place < 0) return {};
-        Status within = checkText(text, cls.attributes()[static_cast<std::size_t>(place)].type);
+        const int index = cls.attributeIndex(attribute);
+        if (index < 0) return {};
+        Status within = checkText(text, cls.attributes()[static_cast<std::size_t>(index)].type);
         if (within) return within;
         return Error{ErrorKind::BadValue, std::string(attribute) + " " + inQuotes(text) + " " + within.error().message};
     };

@@ -44,7 +44,7 @@ bool ElementEdit::isAlone(Slot relation) const {
     const LongRelation* longRelation = work_.longRelations.find(relation);
     if (longRelation != nullptr && longRelation->namesSeveral) return false;
     bool named = false, others = false;
-    const auto arguments = argumentBit(work_.classes.of(relation).place(Field::Related));
+    const auto arguments = argumentBit(work_.classes.of(relation).attributeIndex(Field::Related));
     forEachReference(work_.file.text(relation), arguments, [&](unsigned, std::string_view token) {
         (tokenId(token) == ownId_ ? named : others) = true;
         return !others;
@@ -65,7 +65,8 @@ bool ElementEdit::isOwn(Slot instance) const {
     bool ownOnly = true;
     work_.inverseReferences.forEachUse(instance, [&](const Use& use) {
         const Class& cls = work_.classes.of(use.user);
-        ownOnly = cls.place(Field::Related) >= 0 && cls.place(Field::Relating) == use.argument && isAlone(use.user);
+        ownOnly = cls.attributeIndex(Field::Related) >= 0 &&
+                  cls.attributeIndex(Field::Relating) == use.attributeIndex && isAlone(use.user);
         return ownOnly;
     });
     return ownOnly;
@@ -97,8 +98,8 @@ InstanceBuilder ElementEdit::copyOf(Slot original) const {
 
 void ElementEdit::setRoot(InstanceBuilder& draft, const Entity& entity, const std::string& purpose) {
     draft.set("GlobalId", work_.globalIds.globalId(work_.elements.guid(element_), purpose));
-    const int place = entity.attributeIndex("OwnerHistory");
-    if (place < 0 || entity.attributes()[static_cast<std::size_t>(place)].optional) return;
+    const int index = entity.attributeIndex("OwnerHistory");
+    if (index < 0 || entity.attributes()[static_cast<std::size_t>(index)].optional) return;
     // The element's own: who is responsible for the element is responsible for what describes it.
     const std::string_view history = argumentText(own_, Field::OwnerHistory);
     if (step::referenceId({step::ValueKind::Reference, history}) != 0) draft.set("OwnerHistory", std::string(history));
@@ -112,7 +113,7 @@ std::string_view ElementEdit::argumentText(Slot slot, Field field) const {
 
 std::string_view ElementEdit::attributeName(Slot slot, Field field) const {
     const Class& cls = work_.classes.of(slot);
-    return cls.entity->attributes()[static_cast<std::size_t>(cls.place(field))].name;
+    return cls.entity->attributes()[static_cast<std::size_t>(cls.attributeIndex(field))].name;
 }
 
 Status ElementEdit::replaceReference(Slot instance, Field field, Slot from, Slot to) {
@@ -138,10 +139,10 @@ Status ElementEdit::moveInto(InstanceBuilder& draft, Slot relation) {
 }
 
 Status ElementEdit::leave(Slot relation) {
-    const int place = work_.classes.of(relation).place(Field::Related);
-    const Result<std::size_t> left = work_.file.removeReferences(relation, static_cast<std::size_t>(place), ownId_);
+    const int index = work_.classes.of(relation).attributeIndex(Field::Related);
+    const Result<std::size_t> left = work_.file.removeReferences(relation, static_cast<std::size_t>(index), ownId_);
     if (!left) return left.error();
-    work_.inverseReferences.forget(own_, relation, place);
+    work_.inverseReferences.forget(own_, relation, index);
     if (LongRelation* longRelation = work_.longRelations.find(relation)) longRelation->namesSeveral = *left > 1;
     return {};
 }

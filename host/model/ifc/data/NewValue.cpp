@@ -55,7 +55,7 @@ bool RecordedValue::settles(const PropertyView& held) const {
 }
 
 int RecordedValue::attributeIndex(const Class& property) const {
-    return property.place(Field::NominalValue);
+    return property.attributeIndex(Field::NominalValue);
 }
 
 Result<Replacement> RecordedValue::replacementIn(step::Value held, const step::Instance&) const {
@@ -69,7 +69,7 @@ Result<std::string> RecordedValue::nominalValue() const {
 // --- A text ---
 
 int WrittenValue::attributeIndex(const Class& property) const {
-    if (property.propertyKind == PropertyKind::Single) return property.place(Field::NominalValue);
+    if (property.propertyKind == PropertyKind::Single) return property.attributeIndex(Field::NominalValue);
     if (property.propertyKind == PropertyKind::Enumerated) return property.entity->attributeIndex("EnumerationValues");
     return -1;
 }

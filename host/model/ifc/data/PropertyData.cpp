@@ -171,7 +171,7 @@ std::vector<AssignedSet> assignedSets(Workspace& work, Slot element) {
         const Class& cls = work.classes.of(use.user);
         const bool overriding = cls.role == Role::OverridesProperties;
         if (!overriding && cls.role != Role::DefinesByProperties) return true;
-        if (cls.place(Field::Related) != use.argument) return true;
+        if (cls.attributeIndex(Field::Related) != use.attributeIndex) return true;
         DistinctSlots ofRelation;
         for (const Slot set : work.forwardReferences.of(use.user, Field::Relating)) {
             if (work.classes.of(set).role != Role::PropertySet || !ofRelation.add(set)) continue;

@@ -44,7 +44,7 @@ private:
     void collectBox(const step::Instance& box, const Frame& frame);
     void collectDerived(const step::Instance& profile, const Frame& frame);
     bool isPassedOver(Slot slot) const;
-    double number(const step::Instance& instance, std::size_t place) const;
+    double number(const step::Instance& instance, std::size_t attributeIndex) const;
 
     /// A vertex of a solid is shared by its faces. The same instance in another mapped copy lies elsewhere.
     bool isNew(Slot slot) { return visited_.insert(std::uint64_t{scope_} << 32U | slot).second; }
@@ -63,8 +63,9 @@ private:
     std::size_t budget_ = 50'000;  // instances: a plan of a whole model asks for this of every element
 };
 
-double PointCollector::number(const step::Instance& instance, std::size_t place) const {
-    return place < instance.arguments.size() ? step::realValue(instance.arguments[place]).value_or(0) : 0;
+double PointCollector::number(const step::Instance& instance, std::size_t attributeIndex) const {
+    return attributeIndex < instance.arguments.size() ? step::realValue(instance.arguments[attributeIndex]).value_or(0)
+                                                      : 0;
 }
 
 /// @return whether the instance is of a kind that is not simply its parts.

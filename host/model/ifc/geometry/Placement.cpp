@@ -62,9 +62,9 @@ bool isOfClass(Workspace& work, Slot slot, std::string_view name) {
     return entity != nullptr && entity->isA(name);
 }
 
-Slot targetOf(Workspace& work, const step::Instance& instance, std::size_t place) {
-    if (place >= instance.arguments.size()) return step::NoSlot;
-    return work.file.find(step::referenceId(instance.arguments[place]));
+Slot targetOf(Workspace& work, const step::Instance& instance, std::size_t attributeIndex) {
+    if (attributeIndex >= instance.arguments.size()) return step::NoSlot;
+    return work.file.find(step::referenceId(instance.arguments[attributeIndex]));
 }
 
 Point Frame::turned(const Point& local) const {
@@ -123,9 +123,9 @@ std::optional<Frame> readTransformation(Workspace& work, Slot slot) {
     if (!work.file.read(slot, instance)) return std::nullopt;
     const auto origin = readPoint(work, targetOf(work, instance, 2));
     if (!origin) return std::nullopt;
-    const auto scale = [&](std::size_t place, double otherwise) {
-        if (place >= instance.arguments.size()) return otherwise;
-        return step::realValue(instance.arguments[place]).value_or(otherwise);
+    const auto scale = [&](std::size_t attributeIndex, double otherwise) {
+        if (attributeIndex >= instance.arguments.size()) return otherwise;
+        return step::realValue(instance.arguments[attributeIndex]).value_or(otherwise);
     };
     Frame frame;
     if (spatial) frame.z = readDirection(work, targetOf(work, instance, 4)).value_or(frame.z);

@@ -35,7 +35,7 @@ std::optional<Point> readDirection(Workspace& work, step::Slot slot);
 /// Whether the instance is of a class or below; false for NoSlot and unknown classes.
 bool isOfClass(Workspace& work, step::Slot slot, std::string_view name);
 /// The instance that an argument refers to; NoSlot where it refers to none.
-step::Slot targetOf(Workspace& work, const step::Instance& instance, std::size_t place);
+step::Slot targetOf(Workspace& work, const step::Instance& instance, std::size_t attributeIndex);
 
 /// The element's coordinate system in the model's, up the chain of IfcLocalPlacements. Nothing where the element has
 /// none, or the chain is broken, circular, or holds another kind of placement.

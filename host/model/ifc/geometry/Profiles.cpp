@@ -34,8 +34,10 @@ constexpr std::array Sizes = {
 };
 
 std::optional<std::vector<Point>> unplacedPoints(Workspace& work, Slot profile, const step::Instance& instance) {
-    const auto number = [&](std::size_t place) {
-        return place < instance.arguments.size() ? step::realValue(instance.arguments[place]).value_or(0) : 0.0;
+    const auto number = [&](std::size_t attributeIndex) {
+        return attributeIndex < instance.arguments.size()
+                   ? step::realValue(instance.arguments[attributeIndex]).value_or(0)
+                   : 0.0;
     };
     if (isOfClass(work, profile, "IfcCircleProfileDef")) return ellipsePoints(number(3), number(3), 0, FullTurn);
     if (isOfClass(work, profile, "IfcEllipseProfileDef")) return ellipsePoints(number(3), number(4), 0, FullTurn);

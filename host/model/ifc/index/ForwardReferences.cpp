@@ -28,7 +28,7 @@ step::Slot ForwardReferences::first(step::Slot slot, Field field) {
 
 std::vector<step::Slot> ForwardReferences::read(step::Slot slot, Field field) const {
     std::vector<step::Slot> slots;
-    const std::uint64_t arguments = argumentBit(classes_.of(slot).place(field));
+    const std::uint64_t arguments = argumentBit(classes_.of(slot).attributeIndex(field));
     if (arguments == 0) return slots;
     forEachReference(file_.text(slot), arguments, [&](unsigned, std::string_view token) {
         if (const step::Slot target = file_.find(tokenId(token)); target != step::NoSlot) slots.push_back(target);

@@ -36,7 +36,7 @@ InverseReferences::InverseReferences(const step::StepFile& stepFile, Classes& kn
 
 std::uint64_t InverseReferences::keptArgumentsOf(const Class& cls) const {
     if (cls.entity == nullptr) return AllArguments & ~Unknown;  // Of an unknown class anything may be said.
-    std::uint64_t bits = isRelation(cls.role) ? argumentBit(cls.place(Field::Related)) : 0;
+    std::uint64_t bits = isRelation(cls.role) ? argumentBit(cls.attributeIndex(Field::Related)) : 0;
     const auto attributes = cls.entity->attributes();
     for (std::size_t i = 0; i < attributes.size(); ++i) {
         for (const auto name : Watched) {
@@ -64,8 +64,8 @@ void InverseReferences::mentions(step::Slot user, std::vector<Mention>& out) {
     const std::uint64_t arguments = keptArguments(file_.keyword(user));
     if (arguments == 0) return;
     bool sorted = true;
-    forEachReference(file_.text(user), arguments, [&](unsigned argument, std::string_view token) {
-        const Mention mention{tokenId(token), static_cast<std::uint8_t>(argument)};
+    forEachReference(file_.text(user), arguments, [&](unsigned attributeIndex, std::string_view token) {
+        const Mention mention{tokenId(token), static_cast<std::uint8_t>(attributeIndex)};
         sorted = sorted && (out.empty() || out.back() < mention);
         out.push_back(mention);
         return true;
@@ -92,9 +92,9 @@ void InverseReferences::build() {
             const step::Slot target = file_.find(mention.target);
             if (target == step::NoSlot) continue;
             if (file_.isNew(user) || file_.isNew(target)) {
-                added.insert({mention.target, {user, mention.argument}});
+                added.insert({mention.target, {user, mention.attributeIndex}});
             } else {
-                edges.push_back({target, {user, mention.argument, true}});
+                edges.push_back({target, {user, mention.attributeIndex, true}});
                 ++offsets[target + 1U];
             }
         }
@@ -136,16 +136,17 @@ InverseReferences::FileUse* InverseReferences::findInFile(const Mention& mention
     if (std::size_t{target} + 1 >= offsets_.size()) return nullptr;
     const auto end = uses_.begin() + offsets_[target + 1U];
     const auto use = std::lower_bound(
-        uses_.begin() + offsets_[target], end, Use{user, mention.argument},
-        [](const FileUse& a, const Use& b) { return a.user != b.user ? a.user < b.user : a.argument < b.argument; });
-    return use == end || use->user != user || use->argument != mention.argument ? nullptr : &*use;
+        uses_.begin() + offsets_[target], end, Use{user, mention.attributeIndex}, [](const FileUse& a, const Use& b) {
+            return a.user != b.user ? a.user < b.user : a.attributeIndex < b.attributeIndex;
+        });
+    return use == end || use->user != user || use->attributeIndex != mention.attributeIndex ? nullptr : &*use;
 }
 
 void InverseReferences::add(const Mention& mention, step::Slot user) {
     if (FileUse* use = findInFile(mention, user)) {
         use->live = true;
     } else {
-        added_.insert({mention.target, {user, mention.argument}});
+        added_.insert({mention.target, {user, mention.attributeIndex}});
     }
 }
 
@@ -153,16 +154,16 @@ void InverseReferences::remove(const Mention& mention, step::Slot user) {
     if (FileUse* use = findInFile(mention, user)) {
         use->live = false;
     } else {
-        added_.erase({mention.target, {user, mention.argument}});
+        added_.erase({mention.target, {user, mention.attributeIndex}});
     }
 }
 
-void InverseReferences::forget(step::Slot target, step::Slot user, int argument) {
-    if (built_) remove({file_.id(target), static_cast<std::uint8_t>(argument)}, user);
+void InverseReferences::forget(step::Slot target, step::Slot user, int attributeIndex) {
+    if (built_) remove({file_.id(target), static_cast<std::uint8_t>(attributeIndex)}, user);
 }
 
-void InverseReferences::remember(step::Slot target, step::Slot user, int argument) {
-    if (built_) add({file_.id(target), static_cast<std::uint8_t>(argument)}, user);
+void InverseReferences::remember(step::Slot target, step::Slot user, int attributeIndex) {
+    if (built_) add({file_.id(target), static_cast<std::uint8_t>(attributeIndex)}, user);
 }
 
 }  // namespace model::ifc

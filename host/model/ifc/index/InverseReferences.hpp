@@ -13,7 +13,7 @@ namespace model::ifc {
 /// That an instance refers to another in one of its arguments, however often.
 struct Use {
     step::Slot user;
-    std::uint8_t argument;
+    std::uint8_t attributeIndex;
 };
 
 /// Who refers to whom: of the instances that describe elements (relations, property sets, properties, classification
@@ -37,7 +37,7 @@ public:
                 for (; next != last && file_.before(next->use.user, use.user); ++next) {
                     if (!visit(next->use)) return;
                 }
-                if (!visit(Use{use.user, use.argument})) return;
+                if (!visit(Use{use.user, use.attributeIndex})) return;
             }
         }
         for (; next != last; ++next) {
@@ -52,21 +52,21 @@ public:
     void forgetAll() noexcept;
 
     /// Forgets the use of `target` in that argument of `user`.
-    void forget(step::Slot target, step::Slot user, int argument);
+    void forget(step::Slot target, step::Slot user, int attributeIndex);
     /// One more use of `target` in that argument of `user`.
-    void remember(step::Slot target, step::Slot user, int argument);
+    void remember(step::Slot target, step::Slot user, int attributeIndex);
 
 private:
     // By id, since an instance that is undone and made anew has another slot, and within an undo step the instances
     // come and go in any order.
     struct Mention {
         step::InstanceId target;
-        std::uint8_t argument;
+        std::uint8_t attributeIndex;
         auto operator<=>(const Mention&) const = default;
     };
     struct FileUse {
         step::Slot user;
-        std::uint8_t argument;
+        std::uint8_t attributeIndex;
         bool live;
     };
     struct AddedUse {
@@ -81,7 +81,7 @@ private:
         bool operator()(const AddedUse& a, const AddedUse& b) const {
             if (a.target != b.target) return a.target < b.target;
             if (a.use.user != b.use.user) return file->before(a.use.user, b.use.user);
-            return a.use.argument < b.use.argument;
+            return a.use.attributeIndex < b.use.attributeIndex;
         }
         bool operator()(const AddedUse& a, step::InstanceId target) const { return a.target < target; }
         bool operator()(step::InstanceId target, const AddedUse& b) const { return target < b.target; }

@@ -18,7 +18,7 @@ LongRelations::LongRelations(const step::StepFile& stepFile, Classes& knownClass
     : file_(stepFile), classes_(knownClasses) {}
 
 LongRelation* LongRelations::of(step::Slot slot) {
-    if (classes_.of(slot).place(Field::Related) < 0) return nullptr;
+    if (classes_.of(slot).attributeIndex(Field::Related) < 0) return nullptr;
     if (LongRelation* relation = find(slot)) return relation;
     return file_.text(slot).size() <= ShortText ? nullptr : &known_.emplace(slot, read(slot)).first->second;
 }
@@ -31,7 +31,7 @@ LongRelation* LongRelations::find(step::Slot slot) {
 LongRelation LongRelations::read(step::Slot slot) {
     LongRelation relation;
     const Class& cls = classes_.of(slot);
-    relation.name = leadingString(file_.text(slot), cls.place(Field::Name));
+    relation.name = leadingString(file_.text(slot), cls.attributeIndex(Field::Name));
     step::Instance instance;
     if (!file_.read(slot, instance) || !isWellFormed(instance)) return relation;
     std::vector<step::Value> members;
@@ -41,8 +41,8 @@ LongRelation LongRelations::read(step::Slot slot) {
             return step::referenceId(member) != step::referenceId(members.front());
         });
     }
-    const auto place = static_cast<std::size_t>(cls.place(Field::Related));
-    if (place < instance.arguments.size()) instance.arguments[place].text = "()";
+    const auto index = static_cast<std::size_t>(cls.attributeIndex(Field::Related));
+    if (index < instance.arguments.size()) instance.arguments[index].text = "()";
     relation.frame.emplace(*cls.entity, instance);
     return relation;
 }

@@ -58,7 +58,7 @@ Status Workspace::addToList(step::Slot holder, Field field, step::Slot member) {
         if (!done) return done;
     }
     try {
-        inverseReferences.remember(member, holder, cls.place(field));
+        inverseReferences.remember(member, holder, cls.attributeIndex(field));
         forwardReferences.append(holder, field, member);
         longRelations.forget(holder);
         propertySets.append(holder, member);

@@ -23,7 +23,7 @@ public:
     void forEachRelation(step::Slot object, Role role, Visit&& visit) {
         inverseReferences.forEachUse(object, [&](const Use& use) {
             const Class& cls = classes.of(use.user);
-            return cls.role != role || cls.place(Field::Related) != use.argument || visit(use.user);
+            return cls.role != role || cls.attributeIndex(Field::Related) != use.attributeIndex || visit(use.user);
         });
     }
 

@@ -35,9 +35,9 @@ std::span<const std::string_view> namesOf(Field field) {
     return Table[static_cast<std::size_t>(field)];
 }
 
-int placeOf(const Entity& entity, Field field) {
+int attributeIndexOf(const Entity& entity, Field field) {
     for (const auto name : namesOf(field)) {
-        if (const int place = name.empty() ? -1 : entity.attributeIndex(name); place >= 0) return place;
+        if (const int index = name.empty() ? -1 : entity.attributeIndex(name); index >= 0) return index;
     }
     return -1;
 }
@@ -86,7 +86,7 @@ PropertyKind propertyKindOf(const Entity& entity) {
 Class classOf(const Entity* entity) {
     Class cls;
     cls.entity = entity;
-    cls.places.fill(-1);
+    cls.attributeIndexes.fill(-1);
     if (entity == nullptr) return cls;
     // Nothing that exists is an instance of an abstract class, but files say so: several classes of the release
     // candidates of IFC4X3 have become abstract since. Their attributes are known, so they are read like others. But a
@@ -95,8 +95,8 @@ Class classOf(const Entity* entity) {
     cls.rooted = entity->isA("IfcRoot");
     if (cls.role == Role::Product) cls.type = elementTypeOf(*entity);
     if (cls.role == Role::SimpleProperty) cls.propertyKind = propertyKindOf(*entity);
-    for (std::size_t field = 0; field < cls.places.size(); ++field) {
-        cls.places[field] = static_cast<std::int8_t>(placeOf(*entity, static_cast<Field>(field)));
+    for (std::size_t field = 0; field < cls.attributeIndexes.size(); ++field) {
+        cls.attributeIndexes[field] = static_cast<std::int8_t>(attributeIndexOf(*entity, static_cast<Field>(field)));
     }
     return cls;
 }
@@ -116,11 +116,11 @@ const Class& Classes::ofKeyword(step::KeywordCode code) {
 }
 
 step::Value argument(const step::Instance& instance, const Class& cls, Field field) {
-    const int place = cls.place(field);
-    if (place < 0 || static_cast<std::size_t>(place) >= instance.arguments.size()) {
+    const int index = cls.attributeIndex(field);
+    if (index < 0 || static_cast<std::size_t>(index) >= instance.arguments.size()) {
         return {step::ValueKind::Unset, {}};
     }
-    return instance.arguments[static_cast<std::size_t>(place)];
+    return instance.arguments[static_cast<std::size_t>(index)];
 }
 
 bool isWellFormed(const step::Instance& instance) {

@@ -57,9 +57,9 @@ struct Class {
     ElementType type{0, {}};                           ///< Of a product.
     PropertyKind propertyKind = PropertyKind::Single;  ///< Of a simple property.
     bool rooted = false;                               ///< Has a GlobalId.
-    std::array<std::int8_t, static_cast<std::size_t>(Field::Count)> places{};
+    std::array<std::int8_t, static_cast<std::size_t>(Field::Count)> attributeIndexes{};
 
-    int place(Field field) const { return places[static_cast<std::size_t>(field)]; }
+    int attributeIndex(Field field) const { return attributeIndexes[static_cast<std::size_t>(field)]; }
 };
 
 class Classes {

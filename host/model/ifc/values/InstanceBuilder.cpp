@@ -17,9 +17,9 @@ InstanceBuilder::InstanceBuilder(const Entity& cls, const step::Instance& origin
 }
 
 std::string* InstanceBuilder::argument(std::string_view attribute) {
-    const int place = entity_.attributeIndex(attribute);
-    return place >= 0 && static_cast<std::size_t>(place) < arguments_.size()
-               ? &arguments_[static_cast<std::size_t>(place)]
+    const int index = entity_.attributeIndex(attribute);
+    return index >= 0 && static_cast<std::size_t>(index) < arguments_.size()
+               ? &arguments_[static_cast<std::size_t>(index)]
                : nullptr;
 }
 

@@ -60,12 +60,12 @@ std::size_t skipArgument(std::string_view text, std::size_t at) {
 
 }  // namespace
 
-std::string_view leadingString(std::string_view text, int place) {
+std::string_view leadingString(std::string_view text, int attributeIndex) {
     std::size_t at = 0;
     // Only a comment can hold a parenthesis that is none.
     while (at < text.size() && text[at] != '(') at = text[at] == '/' ? std::max(at + 1, skipBlanks(text, at)) : at + 1;
     ++at;
-    for (int i = 0; i < place && at < text.size(); ++i) at = skipArgument(text, at);
+    for (int i = 0; i < attributeIndex && at < text.size(); ++i) at = skipArgument(text, at);
     if (at >= text.size()) return {};
     at = skipBlanks(text, at);
     if (at >= text.size() || text[at] != '\'') return {};

@@ -59,8 +59,9 @@ void forEachReference(std::string_view text, std::uint64_t arguments, Visit&& vi
     }
 }
 
-/// The argument at `place`, quotes included, if it is a string; empty otherwise. Reads no further than its end.
-std::string_view leadingString(std::string_view instanceText, int place);
+/// The argument at `attributeIndex`, quotes included, if it is a string; empty otherwise. Reads no further than its
+/// end.
+std::string_view leadingString(std::string_view instanceText, int attributeIndex);
 
 /// Bytes of an instance that is read as fast as what was found in it is looked up.
 inline constexpr std::size_t ShortText = 512;
@@ -74,8 +75,8 @@ void forEachReferenceIn(std::string_view argument, Visit&& visit) {
         argument, 1, [&](unsigned, std::string_view token) { return visit(token); }, 1);
 }
 
-inline std::uint64_t argumentBit(int place) {
-    return place < 0 || place >= 64 ? 0 : std::uint64_t{1} << static_cast<unsigned>(place);
+inline std::uint64_t argumentBit(int attributeIndex) {
+    return attributeIndex < 0 || attributeIndex >= 64 ? 0 : std::uint64_t{1} << static_cast<unsigned>(attributeIndex);
 }
 
 /// The id of a token found by forEachReference.
