@@ -322,6 +322,30 @@ TEST_F(Window, SaveIntoAMissingFolderIsRefusedAndTheModelStaysUnsaved) {
     EXPECT_TRUE(window().document().modified());
 }
 
+TEST_F(Window, FileWithASecondNameIsReplacedOnlyByWhoIsToldOfIt) {
+    openSample();
+    const std::filesystem::path other = folder_.path() / "other-name.ifc";
+    std::filesystem::create_hard_link(model_, other);
+    const std::string before = bytesOf(model_);
+    change();
+    const auto text = answer(QStringLiteral("targetQuestion"), QMessageBox::Cancel);
+    EXPECT_FALSE(window().fileMenu().save());
+    EXPECT_THAT(text->toStdString(), HasSubstr("Saving house.ifc changes more than its content."));
+    EXPECT_EQ(bytesOf(model_), before);
+    answer(QStringLiteral("targetQuestion"), QMessageBox::Save);
+    EXPECT_TRUE(window().fileMenu().save());
+    EXPECT_THAT(bytesOf(model_), HasSubstr("'Changed wall'"));
+    EXPECT_EQ(bytesOf(other), before);
+}
+
+TEST_F(Window, ClassesThatTheSchemaDoesNotHaveAreInTheReport) {
+    std::string text = bytesOf(testing_support::projectFile("samples/house.ifc"));
+    const std::size_t end = text.rfind("ENDSEC;");
+    text.insert(end, "#99001=IFCNOSUCHTHING('x');\n#99002=IFCNOSUCHTHING('y');\n");
+    openFile(folder_.write("unknown.ifc", text));
+    EXPECT_THAT(window().report().lines().join(u'\n').toUpper().toStdString(), HasSubstr("IFCNOSUCHTHING"));
+}
+
 TEST_F(Window, AddOnsMenuHasItsTextsAndItsPromptsInTheStatusBar) {
     openSample();
     QAction* item = menuItem(QStringLiteral("Quillmarsh"), QStringLiteral("Look Up Element"));

@@ -185,6 +185,7 @@ bool FileMenu::saveAs() {
 }
 
 bool FileMenu::saveTo(const QString& path, bool force) {
+    if (!force && !mayReplace(path)) return false;
     std::optional<model::Status> status;
     {
         const Busy::Guard guard(busy_);
@@ -203,6 +204,22 @@ bool FileMenu::saveTo(const QString& path, bool force) {
     RecentFiles::add(path);
     window_->statusBar()->showMessage(QStringLiteral("Saved %1").arg(path), 5000);
     return true;
+}
+
+/// Saving puts a new file in place of the old one, which is more than some users of a shared folder expect.
+/// @return false: the user leaves the file as it is.
+bool FileMenu::mayReplace(const QString& path) {
+    QStringList warnings;
+    for (const std::string& warning : model::Model::targetWarnings(toPath(path))) warnings += toQString(warning);
+    if (warnings.isEmpty()) return true;
+    QMessageBox box(QMessageBox::Warning, QStringLiteral("Save"),
+                    QStringLiteral("Saving %1 changes more than its content.").arg(QFileInfo(path).fileName()),
+                    QMessageBox::Save | QMessageBox::Cancel, window_);
+    box.setObjectName(QStringLiteral("targetQuestion"));
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(visible(warnings.join(u'\n')).toHtmlEscaped());
+    box.setDefaultButton(QMessageBox::Cancel);
+    return box.exec() == QMessageBox::Save;
 }
 
 /// @return whether the model is saved after all.

@@ -49,6 +49,7 @@ private:
     void fillRecent();
     void update();
     bool saveTo(const QString& path, bool force = false);
+    bool mayReplace(const QString& path);
     bool askAboutChangedFile(const QString& path, const model::Error& error);
     void quit();
     void saveAction() { save(); }
