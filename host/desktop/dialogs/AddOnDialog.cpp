@@ -158,8 +158,8 @@ void AddOnDialog::orderTabs() {
     std::vector<const frontend::Item*> items;
     for (const frontend::Item& item : dialog_.items()) items.push_back(&item);
     std::stable_sort(items.begin(), items.end(), [](const frontend::Item* a, const frontend::Item* b) {
-        constexpr int lineHeight = 12;
-        const int lineA = a->rect.top / lineHeight, lineB = b->rect.top / lineHeight;
+        constexpr int LineHeight = 12;
+        const int lineA = a->rect.top / LineHeight, lineB = b->rect.top / LineHeight;
         return lineA != lineB ? lineA < lineB : a->rect.left < b->rect.left;
     });
     for (std::size_t i = 1; i < items.size(); ++i) {

@@ -54,9 +54,9 @@ void DesktopView::place(AddOnDialog& dialog) const {
     const QRect room = window_->screen()->availableGeometry();
     const QMargins frame(window_->geometry().left() - window_->frameGeometry().left(),
                          window_->geometry().top() - window_->frameGeometry().top(), 0, 0);
-    constexpr int gap = 12;
-    QPoint place = dialog.keptPlace().value_or(QPoint(keepFree_->mapToGlobal(QPoint(0, 0)).x() - dialog.width() - gap,
-                                                      window_->frameGeometry().bottom() - dialog.height() - gap));
+    constexpr int Gap = 12;
+    QPoint place = dialog.keptPlace().value_or(QPoint(keepFree_->mapToGlobal(QPoint(0, 0)).x() - dialog.width() - Gap,
+                                                      window_->frameGeometry().bottom() - dialog.height() - Gap));
     const auto within = [](int wanted, int least, int most) { return std::max(least, std::min(wanted, most)); };
     place.setX(within(place.x(), room.left(), room.right() - dialog.width()));
     place.setY(within(place.y(), room.top(), room.bottom() - dialog.height() - frame.top()));

@@ -32,8 +32,8 @@ QStringList hintsAbout(const std::string& file, const frontend::Dialog& dialog, 
         return {QStringLiteral("It cannot be read (%1); check that you may read it").arg(source.errorString())};
     }
     updatefile::UpdateFileScan scan([&model](const updatefile::Guid& guid) { return model.find(guid).has_value(); });
-    constexpr qint64 blockSize = 1 << 16;
-    for (QByteArray block = source.read(blockSize); !block.isEmpty(); block = source.read(blockSize)) {
+    constexpr qint64 BlockSize = 1 << 16;
+    for (QByteArray block = source.read(BlockSize); !block.isEmpty(); block = source.read(BlockSize)) {
         scan.read({block.constData(), static_cast<std::size_t>(block.size())});
     }
     QStringList hints;

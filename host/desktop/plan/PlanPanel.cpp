@@ -53,9 +53,9 @@ PlanPanel::PlanPanel(QWidget* parent)
     all->addLayout(top);
     all->addWidget(view_, 1);
 
-    constexpr double step = 1.25;
-    connect(closer, &QToolButton::clicked, this, [this] { view_->zoomBy(step); });
-    connect(farther, &QToolButton::clicked, this, [this] { view_->zoomBy(1 / step); });
+    constexpr double Step = 1.25;
+    connect(closer, &QToolButton::clicked, this, [this] { view_->zoomBy(Step); });
+    connect(farther, &QToolButton::clicked, this, [this] { view_->zoomBy(1 / Step); });
     connect(whole, &QToolButton::clicked, this, [this] { view_->fit(); });
     connect(choice_, &QComboBox::currentIndexChanged, this, &PlanPanel::showChosen);
     connect(view_, &PlanView::elementClicked, this, &PlanPanel::elementClicked);

@@ -293,7 +293,7 @@ void PlanView::click(const QPointF& pixel) {
 }
 
 void PlanView::keyPressEvent(QKeyEvent* event) {
-    constexpr double step = 40;
+    constexpr double Step = 40;
     switch (event->key()) {
         case Qt::Key_Plus:
             zoomBy(ZoomStep);
@@ -306,16 +306,16 @@ void PlanView::keyPressEvent(QKeyEvent* event) {
             fit();
             return;
         case Qt::Key_Left:
-            viewport_.pan({step, 0});
+            viewport_.pan({Step, 0});
             break;
         case Qt::Key_Right:
-            viewport_.pan({-step, 0});
+            viewport_.pan({-Step, 0});
             break;
         case Qt::Key_Up:
-            viewport_.pan({0, step});
+            viewport_.pan({0, Step});
             break;
         case Qt::Key_Down:
-            viewport_.pan({0, -step});
+            viewport_.pan({0, -Step});
             break;
         default:
             QWidget::keyPressEvent(event);

@@ -27,8 +27,8 @@ const QString ModelFilter = QStringLiteral("IFC models (*.ifc *.ifczip *.ifcZIP 
 bool looksLikeUpdates(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) return false;
-    constexpr qint64 guidAndTab = 37;
-    const QByteArray start = file.read(guidAndTab);
+    constexpr qint64 GuidAndTab = 37;
+    const QByteArray start = file.read(GuidAndTab);
     return start.endsWith('\t') && guidFromText(QString::fromLatin1(start.chopped(1)));
 }
 
