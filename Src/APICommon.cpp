@@ -45,10 +45,11 @@ void WriteReport_Err(const char* info, int err) {
 
 void WriteReport_End(int err) {
     DBPrintf("\n");
-    if (err != 0)
+    if (err != 0) {
         DBPrintf("Error: %d\n", err);
-    else
+    } else {
         DBPrintf("OK\n");
+    }
 }
 
 void ErrorBeep(const char* info, int err) {

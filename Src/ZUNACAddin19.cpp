@@ -439,10 +439,11 @@ static void appendRow(Int16 dialogId, Int16 listItem, const GS::UniString& text,
 }
 
 static void convertBoolean(GS::UniString* value) {
-    if (*value == ".T.")
+    if (*value == ".T.") {
         *value = "true";
-    else if (*value == ".F.")
+    } else if (*value == ".F.") {
         *value = "false";
+    }
 }
 
 /// Fills the columns that come from the model. @return whether the element has the item.

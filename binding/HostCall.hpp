@@ -15,12 +15,13 @@ extern void* gOwnClientPtr;
 /// without a result returns at once.
 template <class Result>
 Result answerOfEmptySlot() {
-    if constexpr (std::is_same_v<Result, GSErrCode>)
+    if constexpr (std::is_same_v<Result, GSErrCode>) {
         return APIERR_NOTSUPPORTED;
-    else if constexpr (std::is_pointer_v<Result>)
+    } else if constexpr (std::is_pointer_v<Result>) {
         return nullptr;
-    else
+    } else {
         static_assert(std::is_void_v<Result>);
+    }
 }
 
 /// Calls the host's function in `slot`; for the members that need no client handle.

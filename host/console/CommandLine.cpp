@@ -80,9 +80,10 @@ void addFilter(CLI::App& command, std::string& type, std::string& ifcClass, std:
 void addImport(CLI::App& app, Words& words) {
     CLI::App& command = addCommand(app, "import", "Review an update file against the model, and apply the ticked rows",
                                    words.import.common, words.import.model);
-    addPath(command, "UPDATES", words.import.updates,
-            "update file: GUID, item, old and new value, TABs between; or a table, .csv .tsv .xlsx .ods; - reads standard "
-            "input")
+    addPath(
+        command, "UPDATES", words.import.updates,
+        "update file: GUID, item, old and new value, TABs between; or a table, .csv .tsv .xlsx .ods; - reads standard "
+        "input")
         ->required()
         ->type_name("");
     command.add_option("--tick", words.tick, "rows to tick: all (the default), none, or numbers such as 1,4-9")
@@ -98,7 +99,8 @@ void addImport(CLI::App& app, Words& words) {
     command.add_option("--as", table.as, "read UPDATES as txt, csv, tsv, xlsx or ods, whatever its ending")
         ->type_name("FORMAT");
     command.add_option("--delimiter", table.delimiter, "of a csv table: one of , ; | or tab")->type_name("CHAR");
-    command.add_option("--encoding", table.encoding, "of a csv table, such as utf-8 or windows-1252")->type_name("NAME");
+    command.add_option("--encoding", table.encoding, "of a csv table, such as utf-8 or windows-1252")
+        ->type_name("NAME");
     command.add_option("--sheet", table.sheet, "of a workbook")->type_name("NAME");
     command.add_flag("--clear-empty", table.clearEmpty, "empty cells of a table ask for the empty text");
     addForce(command, words.import.common);
@@ -174,10 +176,11 @@ ImportOptions finishImport(Words& words) {
     if (options.output && options.inPlace) throw Failure("-o and --in-place exclude each other; give one of them");
     if (options.apply && !target)
         throw Failure("--apply without a place to save to would lose the work; add -o OUT.ifc or --in-place");
-    if (!options.apply && target)
+    if (!options.apply && target) {
         throw Failure(
             "without --apply nothing is changed and nothing saved; add --apply, or leave out -o and "
             "--in-place");
+    }
     return std::move(options);
 }
 

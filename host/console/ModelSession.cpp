@@ -70,9 +70,10 @@ void ModelSession::runMenuCommand(Int32 item, frontend::View& view) {
     if (!place) throw Failure(noSuchMenuItem(host_, item));
     const ViewInCharge inCharge(view);
     const GSErrCode error = host_.pickMenuItem(place->menu, place->item);
-    if (error != NoError)
+    if (error != NoError) {
         throw Failure(fmt::format("the add-on's menu item {} ended with error 0x{:08X}; nothing was saved", item,
                                   static_cast<UInt32>(error)));
+    }
 }
 
 std::optional<CommandProblem> ModelSession::takeProblem() {

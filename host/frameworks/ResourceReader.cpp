@@ -41,9 +41,10 @@ public:
         int value = 0;
         const auto parsed = std::from_chars(digits.data(), digits.data() + digits.size(), value);
         if (parsed.ec != std::errc() || parsed.ptr != digits.data() + digits.size() || value < least ||
-            value > MostNumber)
+            value > MostNumber) {
             throw Fault{std::string(what) + " is '" + digits + "', not a number from " + std::to_string(least) +
                         " to " + std::to_string(MostNumber)};
+        }
         return value;
     }
 

@@ -77,10 +77,11 @@ public:
         }
         Asked asked = collector_.finish();
         asked.layout = Layout::Grid;
-        if (!again_.empty())
+        if (!again_.empty()) {
             asked.notes.push_back(counted(again_.size(), "line") +
                                   " with the GUID of a line above, the first is line " +
                                   std::to_string(again_.front()));
+        }
         return asked;
     }
 
@@ -131,10 +132,11 @@ public:
             if (const Table::Row row = table_.row(i); !isEmptyRow(table_, row)) readLine(row);
         Asked asked = collector_.finish();
         asked.layout = Layout::Long;
-        if (layout_.hasHeader && !layout_.headerNames)
+        if (layout_.hasHeader && !layout_.headerNames) {
             asked.notes.push_back("Line " + std::to_string(table_.row(0).line) + " begins with " +
                                   inQuotes(table_.text(table_.row(0).cell(0))) +
                                   " and no GUID: it was taken for a header");
+        }
         return asked;
     }
 
@@ -179,9 +181,10 @@ private:
         const std::uint32_t column = cell.column;
         if (column == layout_.guid || column == layout_.item || column == layout_.old || column == layout_.value)
             return;
-        if (!isBlank(table_.text(&cell)))
+        if (!isBlank(table_.text(&cell))) {
             collector_.leaveOut(row.line, columnTitle(read_, column, layout_.headerNames),
                                 "the column has no name in the first line");
+        }
     }
 
     const LongLayout& layout_;

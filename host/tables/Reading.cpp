@@ -30,9 +30,10 @@ Result<ReadTable> readText(std::string_view bytes, const ReadOptions& options) {
     Result<DecodedText> decoded = decode(bytes, options.encoding);
     if (!decoded) return decoded.error();
     const auto delimiter = options.delimiter ? options.delimiter : findDelimiter(decoded->text);
-    if (!delimiter)
+    if (!delimiter) {
         return Error{
             "no comma, semicolon, TAB or bar cuts its lines into columns; name the delimiter, or save the table again"};
+    }
     Result<Table> table = readDelimited(decoded->text, *delimiter);
     if (!table) return table.error();
     ReadTable read;
@@ -66,17 +67,19 @@ Result<ReadTable> readAs(std::string_view bytes, std::optional<Format> stated, c
     Result<ReadTable> read = isText(format) ? readText(bytes, options) : readWorkbook(bytes, format, options);
     if (!read) return read.error();
     read->format = format;
-    if (stated && *stated != format)
+    if (stated && *stated != format) {
         read->notes.push_back(std::string("By its content it is ") + describe(format) + " and no ." +
                               std::string(formatName(*stated)) + ", and was read as what it is");
+    }
     return read;
 }
 
 void noteMerged(ReadTable& read) {
     const std::uint64_t filled = read.table.filledByMerging();
-    if (filled > 0)
+    if (filled > 0) {
         read.notes.push_back("Merged cells: each of the cells under them counts as what is shown, " +
                              std::to_string(filled) + " in all");
+    }
 }
 
 }  // namespace

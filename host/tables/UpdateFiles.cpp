@@ -27,9 +27,10 @@ void appendLine(std::string& text, const AskedUpdate& update) {
 }  // namespace
 
 std::optional<std::string> obstacleOf(const AskedUpdate& update) {
-    if (lengthWithoutOld(update) > LongestLine)
+    if (lengthWithoutOld(update) > LongestLine) {
         return "GUID, item and value together are longer than the " + std::to_string(LongestLine) +
                " bytes of a line; shorten the value";
+    }
     if (breaksLine(update.value) || breaksLine(update.item))
         return "it holds a zero byte or a line end, which no line can hold; remove it";
     return std::nullopt;

@@ -31,19 +31,21 @@ void hintLinesWithoutRow(std::vector<std::string>& hints, const UpdateFileFindin
 }
 
 void hintEncoding(std::vector<std::string>& hints, const UpdateFileFindings& findings) {
-    if (findings.byteOrderMark)
+    if (findings.byteOrderMark) {
         hints.emplace_back(
             "The file begins with a byte-order mark, which the first line's GUID then contains: save "
             "it as UTF-8 without one");
+    }
     hint(hints, findings.notUtf8,
          ": not UTF-8, read as Windows-1252: if characters look wrong, save the file as UTF-8");
     hint(hints, findings.zeroBytes, ": zero bytes, the line's text ends at the first one: remove them");
 }
 
 void hintLayout(std::vector<std::string>& hints, const UpdateFileFindings& findings, std::string_view shows) {
-    if (findings.lineWithoutEnd != 0)
+    if (findings.lineWithoutEnd != 0) {
         hints.push_back(fmt::format("Line {}: the last line has no line end and was not imported: end it with one",
                                     findings.lineWithoutEnd));
+    }
     hint(hints, findings.leadingTab,
          ": begins with a TAB, so the previous line's four fields count again: write the GUID first");
     hint(hints, findings.fewFields,
@@ -69,11 +71,12 @@ std::vector<std::string> hintsFor(const UpdateFileFindings& findings, const Revi
                                   std::string_view shows) {
     std::vector<std::string> hints;
     if (auto reason = uselessBecause(findings)) return {std::move(*reason)};
-    if (counts.rowsLost > 0)
+    if (counts.rowsLost > 0) {
         hints.push_back(
             fmt::format("{} did not fit into the list, which holds {}: split the update file and import "
                         "the parts one after the other",
                         counted(counts.rowsLost, "row"), counts.rows));
+    }
     if (findings.utf16) {
         // All other findings only follow from this one.
         hints.emplace_back(

@@ -94,9 +94,10 @@ private:
     }
 
     std::string onSet() const {
-        if (meant_.set.starts_with(Prefix))
+        if (meant_.set.starts_with(Prefix)) {
             return fmt::format("would go into {}{}, since {} is put before every set: write {}", Prefix, meant_.set,
                                Prefix, written(meant_.name, meant_.set));
+        }
         const std::string setName = std::string(Prefix) + meant_.set;
         const auto set = sets_.find(setName);
         if (!set) {

@@ -114,10 +114,11 @@ void UpdateFileScan::examine(std::string_view text) {
         findings_.zeroBytes.add(line_);
         text = text.substr(0, zero);
     }
-    if (text.empty() || text.front() == '\t')
+    if (text.empty() || text.front() == '\t') {
         findings_.leadingTab.add(line_);
-    else
+    } else {
         examineFields(text);
+    }
 }
 
 void UpdateFileScan::examineFields(std::string_view text) {

@@ -124,11 +124,12 @@ TEST_F(AskedAndStored, IsToldForEachKindOfValue) {
         const Json& row = document["result"][i];
         if (!row["asAsked"].is_boolean()) continue;  // Nothing to do: the value was so before.
         EXPECT_EQ(row["asked"], rows_[i].asked) << rows_[i].value;
-        if (rows_[i].stored != nullptr)
+        if (rows_[i].stored != nullptr) {
             EXPECT_EQ(row["stored"], rows_[i].stored) << rows_[i].asked << " in " << rows_[i].value;
+        }
         EXPECT_EQ(row["asAsked"], rows_[i].asAsked) << rows_[i].asked << " in " << rows_[i].value;
         EXPECT_EQ(row["line"], i + 1);
-        different += rows_[i].asAsked ? 0 : 1;
+        different += rows_[i].asAsked ? 0U : 1U;
     }
     EXPECT_EQ(document["summary"]["notAsAsked"], different);
     EXPECT_EQ(document["summary"]["exact"], 0);
@@ -153,7 +154,9 @@ TEST_F(AskedAndStored, BecomesWhatWasAskedWithExactWhereTheItemCanHoldIt) {
         if (!row["asAsked"].is_boolean()) continue;
         const bool held = rows_[i].exact != nullptr;
         EXPECT_EQ(row["asAsked"], held) << rows_[i].asked << " in " << rows_[i].value;
-        if (held) EXPECT_EQ(row["stored"], rows_[i].exact) << rows_[i].asked << " in " << rows_[i].value;
+        if (held) {
+            EXPECT_EQ(row["stored"], rows_[i].exact) << rows_[i].asked << " in " << rows_[i].value;
+        }
         EXPECT_EQ(row.contains("exact"), held && !rows_[i].asAsked) << rows_[i].asked << " in " << rows_[i].value;
     }
     // The saved file holds it: the same updates find nothing to correct.

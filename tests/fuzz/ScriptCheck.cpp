@@ -4,6 +4,8 @@
 #include "support/Places.hpp"
 #include "support/TempFolder.hpp"
 
+#include <fstream>
+
 namespace fuzz {
 
 namespace {

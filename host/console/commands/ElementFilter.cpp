@@ -44,9 +44,10 @@ ElementFilter::ElementFilter(const model::Model& model, std::string type, const 
     const auto version = model::ifc::Schema::versionOf(model_.schemaName());
     schema_ = version ? &model::ifc::Schema::of(*version) : nullptr;
     ifcClass_ = schema_ == nullptr ? nullptr : schema_->entity(ifcClass);
-    if (ifcClass_ == nullptr)
+    if (ifcClass_ == nullptr) {
         throw Failure(
             fmt::format("--class {}: {} has no such class; write one such as IfcWall", ifcClass, model_.schemaName()));
+    }
 }
 
 bool ElementFilter::takes(model::Element element) const {

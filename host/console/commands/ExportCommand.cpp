@@ -100,20 +100,22 @@ void printAsJson(const GridExport& grid, const ExportOptions& options) {
 
 void sayWhatIsMissing(const Exporter& exporter) {
     for (const LeftOut::Group& group : exporter.leftOut().groups()) say(LeftOut::text(group));
-    for (const auto& [item, count] : exporter.ambiguous())
+    for (const auto& [item, count] : exporter.ambiguous()) {
         say(
             fmt::format("{} of {}: the name stands in several property sets, of which the import shows the last and "
                         "writes the first; check them with 'modelhost lookup'",
                         counted(count, "value"), item));
+    }
 }
 
 /// Checked before the work, so that no work is lost.
 void checkTarget(const ExportOptions& options) {
     if (!options.output) return;
     std::error_code ignored;
-    if (std::filesystem::equivalent(*options.output, options.model, ignored))
+    if (std::filesystem::equivalent(*options.output, options.model, ignored)) {
         throw Failure(
             fmt::format("-o {}: that is the model, which would be lost; name another file", options.output->string()));
+    }
     OutputFile::checkPlace(*options.output);
 }
 
@@ -166,11 +168,12 @@ void checkColumns(const std::vector<std::string>& items) {
     for (const std::string& item : items) {
         if (!columns.insert(item).second)
             throw Failure(fmt::format("--items: {} stands there twice; a grid has one column for each item", item));
-        if (item.starts_with('#'))
+        if (item.starts_with('#')) {
             throw Failure(
                 fmt::format("--items: {}: a column whose name begins with # is for the reader only; export it "
                             "with --layout long",
                             item));
+        }
     }
 }
 
@@ -211,9 +214,10 @@ void exportLines(const model::Model& model, const Elements& elements, const Expo
     lines.finish();
     if (options.common.format == Format::Json) printAsJson(lines, exporter, options);
     sayWhatIsMissing(exporter);
-    if (exporter.lineCount() > DG_LIST_MAX_ROWS)
+    if (exporter.lineCount() > DG_LIST_MAX_ROWS) {
         say(fmt::format("{} are more than one import can show, which is {}; split them, for example with 'split -l {}'",
                         counted(exporter.lineCount(), "line"), DG_LIST_MAX_ROWS, DG_LIST_MAX_ROWS));
+    }
     if (options.output)
         say(fmt::format("{} written to {}", counted(exporter.lineCount(), "line"), options.output->string()));
 }
@@ -227,9 +231,10 @@ void checkLayout(const ExportOptions& options) {
         throw Failure(fmt::format("-o {}: tables are written as .xlsx, .csv or .tsv", options.output->string()));
     if (layoutOf(options) != ExportLayout::Grid) return;
     checkColumns(options.items);
-    if (options.output && !tableFormat(options))
+    if (options.output && !tableFormat(options)) {
         throw Failure(
             fmt::format("-o {}: a grid goes into a file that ends in .xlsx, .csv or .tsv", options.output->string()));
+    }
 }
 
 }  // namespace
@@ -240,12 +245,13 @@ ExitStatus runExport(const ExportOptions& options) {
     ModelSession session(options.common, options.model, Access::Reading);
     const model::Model& model = session.model();
     const Elements elements = ElementFilter(session.model(), options.type, options.ifcClass, options.where).elements();
-    if (layoutOf(options) == ExportLayout::Grid)
+    if (layoutOf(options) == ExportLayout::Grid) {
         exportGrid(model, elements, options);
-    else if (tableFormat(options))
+    } else if (tableFormat(options)) {
         exportLongTable(model, elements, options);
-    else
+    } else {
         exportLines(model, elements, options);
+    }
     return ExitStatus::Done;
 }
 

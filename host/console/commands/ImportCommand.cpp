@@ -45,9 +45,10 @@ bool hasModelName(const std::filesystem::path& path) {
 void checkTarget(const ImportOptions& options) {
     const auto target = targetOf(options);
     if (!target) return;
-    if (sameFile(*target, options.updates))
+    if (sameFile(*target, options.updates)) {
         throw Failure(
             fmt::format("-o {}: that is the update file, which would be lost; name another file", target->string()));
+    }
     throwUnlessDone(model::Model::checkTarget(*target));
     for (const std::string& warning : model::Model::targetWarnings(*target)) say(warning);
 }
@@ -59,19 +60,22 @@ Access accessFor(const ImportOptions& options) {
 
 /// Another host may have opened the file after the target was checked.
 void checkStillOurs(const ImportOptions& options, const model::Model& model) {
-    if (!model.lockHolder().empty())
+    if (!model.lockHolder().empty()) {
         throw Failure(fmt::format("{}: the file has just been opened in {}; close it there, or save with -o OUT.ifc",
                                   options.model.string(), model.lockHolder()));
+    }
 }
 
 /// The rows that this list has of those that the user named over all lists.
 TickChoice tickIn(const TickChoice& all, std::uint32_t rowsBefore, std::uint32_t rowsHere) {
     TickChoice here = all;
     here.ranges.clear();
-    for (const auto& [first, last] : all.ranges)
-        if (last > rowsBefore && first <= rowsBefore + rowsHere)
+    for (const auto& [first, last] : all.ranges) {
+        if (last > rowsBefore && first <= rowsBefore + rowsHere) {
             here.ranges.emplace_back(std::max(first, rowsBefore + 1) - rowsBefore,
                                      std::min(last, rowsBefore + rowsHere) - rowsBefore);
+        }
+    }
     return here;
 }
 
@@ -96,17 +100,19 @@ readback::RowState stateOf(const ListRow& reviewed, const ListRow& result) {
 /// with an error: nothing may be saved then.
 void checkApplied(ModelSession& session, const ImportUser& user, const ImportPlan& plan) {
     if (const auto problem = session.takeProblem()) {
-        if (!problem->file.empty())
+        if (!problem->file.empty()) {
             throw Failure(fmt::format("cannot read the update file {}: {}; nothing was saved, try again",
                                       problem->file == plan.updates ? plan.shownName : problem->file.string(),
                                       problem->reason));
+        }
         throw Failure(fmt::format("the updates were not applied: {}; nothing was saved", problem->reason));
     }
     if (!user.result()) return;
     const updatefile::LineNotes rows = unfinishedRows(user.review(), *user.result());
-    if (rows.count > 0)
+    if (rows.count > 0) {
         throw Failure(fmt::format("the add-on neither applied nor refused the ticked {}; nothing was saved",
                                   updatefile::numbered("row", rows)));
+    }
 }
 
 /// All lists of one import, worked one after the other.
@@ -117,9 +123,10 @@ public:
 
     void run() {
         for (const UpdatePart& part : updates_.parts()) runPart(part);
-        if (options_.tick.lastRow() > review.size())
+        if (options_.tick.lastRow() > review.size()) {
             throw Failure(fmt::format("--tick: there is no row {}, the review list of {} has {}; nothing was saved",
                                       options_.tick.lastRow(), updates_.name(), review.size()));
+        }
         if (!options_.apply) undo();
     }
 
@@ -260,9 +267,10 @@ void save(ModelSession& session, const ImportOptions& options, ImportReport& rep
     if (!target || (options.inPlace && !session.model().modified())) return;
     session.save(*target);
     report.saved = wellFormed(target->string());
-    if (!hasModelName(*target) && !sameFile(*target, options.model))
+    if (!hasModelName(*target) && !sameFile(*target, options.model)) {
         say(fmt::format("{}: the name does not end in .ifc, so other programs may not take it for a model; rename it",
                         target->string()));
+    }
 }
 
 void printReport(const ImportReport& report, Format format) {

@@ -158,9 +158,10 @@ void printAnswers(const LookupUser& user, Format format) {
 std::string explain(const LookupAnswer& answer, const ModelSession& session) {
     if (answer.guid == "00000000-0000-0000-0000-000000000000")
         return fmt::format("{} is the GUID of no element at all; 'modelhost list' prints those there are", answer.guid);
-    if (!text::parseGuid(answer.guid))
+    if (!text::parseGuid(answer.guid)) {
         return fmt::format("'{}' is no GUID of 36 characters and no GlobalId of 22; 'modelhost list' prints both",
                            answer.guid);
+    }
     if (answer.error() == "?") return fmt::format("the add-on gave no answer for {}", answer.guid);
     return fmt::format("no element of {} has the GUID {} ({}); 'modelhost list' prints those there are",
                        session.modelPath().string(), answer.guid, answer.error());
@@ -186,9 +187,10 @@ ExitStatus runLookup(const LookupOptions& options) {
         say(explain(answer, session));
         status = ExitStatus::Failed;
     }
-    if (user.failedGuid())
+    if (user.failedGuid()) {
         throw Failure(fmt::format("the add-on failed while it looked up {}; look up other elements without it",
                                   *user.failedGuid()));
+    }
     return status;
 }
 

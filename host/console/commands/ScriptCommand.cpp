@@ -11,9 +11,10 @@ namespace console {
 ExitStatus runScript(const ScriptOptions& options) {
     ScriptReader steps(options.steps);
     ModelSession session(options.common, options.model, Access::Editing);
-    if (const std::string& holder = session.model().lockHolder(); !holder.empty())
+    if (const std::string& holder = session.model().lockHolder(); !holder.empty()) {
         say(fmt::format("{} is open in {}: it is opened for reading here and can be saved under another name only",
                         options.model.string(), holder));
+    }
     session.loadAddOn();
     ScriptUser user(session, steps);
     const bool allDone = user.run();

@@ -49,11 +49,12 @@ std::string fieldText(const CurrentText& current) {
 }  // namespace
 
 model::Status checkItem(std::string_view item) {
-    if (item.substr(0, item.find('[')).empty())
+    if (item.substr(0, item.find('[')).empty()) {
         return model::Error{model::ErrorKind::BadName,
                             fmt::format("'{}' is no item: write an attribute, a property such as "
                                         "FireRating[WallCommon] or a classification",
                                         item)};
+    }
     if (item.find_first_of("\t\r\n") != std::string_view::npos)
         return model::Error{model::ErrorKind::BadName, "an item with a TAB or a line end fits into no update file"};
     return {};

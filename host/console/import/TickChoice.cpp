@@ -28,10 +28,11 @@ void sortAndMerge(std::vector<TickChoice::Range>& ranges) {
     std::sort(ranges.begin(), ranges.end());
     std::vector<TickChoice::Range> merged;
     for (const auto& range : ranges) {
-        if (!merged.empty() && range.first <= merged.back().second)
+        if (!merged.empty() && range.first <= merged.back().second) {
             merged.back().second = std::max(merged.back().second, range.second);
-        else
+        } else {
             merged.push_back(range);
+        }
     }
     ranges = std::move(merged);
 }
@@ -45,11 +46,12 @@ model::Result<TickChoice> parseTickChoice(std::string_view text) {
     for (std::size_t start = 0; start <= text.size();) {
         const std::size_t comma = std::min(text.find(',', start), text.size());
         const auto range = parseRange(text.substr(start, comma - start));
-        if (!range)
+        if (!range) {
             return model::Error{model::ErrorKind::BadParameter,
                                 fmt::format("--tick {}: '{}' is no row or range of rows; write all, none, or row "
                                             "numbers from 1 such as 1,4-9",
                                             text, text.substr(start, comma - start))};
+        }
         choice.ranges.push_back(*range);
         start = comma + 1;
     }

@@ -93,11 +93,12 @@ UpdateSource::~UpdateSource() = default;
 UpdateSource::UpdateSource(std::filesystem::path path, const TableOptions& options)
     : path_(std::move(path)), clearEmpty_(options.clearEmpty), file_(path_, !formatOf(path_, options)) {
     if (formatOf(path_, options)) openTable(options);
-    if (!isTable() && options.any())
+    if (!isTable() && options.any()) {
         throw Failure(
             fmt::format("{}: an update file is read as it stands; --delimiter, --encoding, --sheet and "
                         "--clear-empty are for tables (--as csv)",
                         path_.string()));
+    }
 }
 
 void UpdateSource::openTable(const TableOptions& options) {
@@ -112,10 +113,11 @@ void UpdateSource::openTable(const TableOptions& options) {
 }
 
 void UpdateSource::read(model::Model& model) {
-    if (read_)
+    if (read_) {
         readTable(model);
-    else
+    } else {
         readUpdateFile(model);
+    }
 }
 
 void UpdateSource::readUpdateFile(model::Model& model) {
@@ -133,9 +135,10 @@ void UpdateSource::readUpdateFile(model::Model& model) {
 
 std::string UpdateSource::keepPart(const std::string& text) {
     File& file = partFiles_.emplace_back(std::tmpfile());
-    if (!file || std::fwrite(text.data(), 1, text.size(), file.get()) != text.size() || std::fflush(file.get()) != 0)
+    if (!file || std::fwrite(text.data(), 1, text.size(), file.get()) != text.size() || std::fflush(file.get()) != 0) {
         throw Failure(fmt::format("cannot keep the updates of {} for the add-on: {}; make room in {}", path_.string(),
                                   std::strerror(errno), std::filesystem::temp_directory_path().string()));
+    }
     return fmt::format("/proc/self/fd/{}", fileno(file.get()));
 }
 

@@ -40,10 +40,11 @@ OutputFile::~OutputFile() {
 void OutputFile::checkPlace(const std::filesystem::path& target) {
     std::error_code ignored;
     const std::filesystem::path folder = target.has_parent_path() ? target.parent_path() : ".";
-    if (!std::filesystem::is_directory(folder, ignored))
+    if (!std::filesystem::is_directory(folder, ignored)) {
         throw Failure(
             fmt::format("cannot write {}: there is no folder {}; make it first, or choose another place with -o",
                         target.string(), folder.string()));
+    }
     if (std::filesystem::is_directory(target, ignored))
         throw Failure(fmt::format("cannot write {}: it is a folder; name a file in it", target.string()));
 }

@@ -41,10 +41,11 @@ int widestCap(const std::vector<int>& widths, int room, int least) {
         const int cap = (low + high + 1) / 2;
         const int total = std::accumulate(widths.begin(), widths.end(), 0,
                                           [cap](int all, int width) { return all + std::min(width, cap); });
-        if (total <= room)
+        if (total <= room) {
             low = cap;
-        else
+        } else {
             high = cap - 1;
+        }
     }
     return low;
 }
@@ -69,10 +70,11 @@ void appendCell(std::string& line, const TableCell& cell, int width, bool last, 
     const bool styled = terminal.colour && cell.style != Style::Plain && !cell.text.get().empty();
     if (styled) line += sequence(cell.style);
     const std::size_t begin = line.size();
-    if (terminal.width > 0)
+    if (terminal.width > 0) {
         line += cutToWidth(cell.text, width);
-    else
+    } else {
         appendVisible(line, cell.text);
+    }
     const int blanks = width - displayWidth(std::string_view(line).substr(begin), width) + Gap;
     if (styled) line += "\x1B[0m";
     if (!last) line.append(static_cast<std::size_t>(blanks), ' ');
@@ -94,9 +96,10 @@ void Table::add(Row row) {
 
 std::vector<int> Table::naturalWidths(int most) const {
     std::vector<int> widths(rows_.front().size(), 0);
-    for (const Row& row : rows_)
+    for (const Row& row : rows_) {
         for (std::size_t column = 0; column < widths.size(); ++column)
             widths[column] = std::max(widths[column], displayWidth(row[column].text, most));
+    }
     return widths;
 }
 

@@ -57,11 +57,12 @@ void appendEach(std::string& text, std::string_view utf8, const Consumer& consum
 
 /// Above U+FFFF as the two halves of UTF-16, as JSON writes it.
 void appendUnicodeEscape(std::string& text, text::Character c) {
-    if (c > 0xFFFF)
+    if (c > 0xFFFF) {
         fmt::format_to(std::back_inserter(text), "\\u{:04X}\\u{:04X}", static_cast<unsigned>(U16_LEAD(c)),
                        static_cast<unsigned>(U16_TRAIL(c)));
-    else
+    } else {
         fmt::format_to(std::back_inserter(text), "\\u{:04X}", static_cast<unsigned>(c));
+    }
 }
 
 /// The letter of a short escape such as "\n"; zero where there is none.
@@ -81,12 +82,13 @@ char escapeLetter(text::Character c) {
 }
 
 void appendEscaped(std::string& text, text::Character c, bool mustEscape) {
-    if (const char letter = escapeLetter(c); letter != '\0')
+    if (const char letter = escapeLetter(c); letter != '\0') {
         text.append({'\\', letter});
-    else if (mustEscape)
+    } else if (mustEscape) {
         appendUnicodeEscape(text, c);
-    else
+    } else {
         text::appendCharacter(text, c < 0 ? text::ReplacementCharacter : c);
+    }
 }
 
 bool takesNoColumn(text::Character c) {
@@ -143,10 +145,11 @@ std::string tsvLine(const std::vector<SharedText>& cells, const Terminal& termin
 void appendJsonString(std::string& json, std::string_view utf8) {
     json += '"';
     appendEach(json, utf8, [&json](text::Character c) {
-        if (c == '"')
+        if (c == '"') {
             json += "\\\"";
-        else
+        } else {
             appendEscaped(json, c, c >= 0 && (isControl(c) || isUnseen(c)));
+        }
     });
     json += '"';
 }

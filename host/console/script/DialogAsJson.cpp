@@ -62,9 +62,10 @@ JsonValue fileRequestAsJson(const frontend::FileRequest& request) {
     JsonValue json;
     json["title"] = toUtf8(request.title);
     json["filters"] = JsonValue::array();
-    for (const frontend::FileFilter& filter : request.filters)
+    for (const frontend::FileFilter& filter : request.filters) {
         json["filters"].push_back(
             {{"description", toUtf8(filter.description)}, {"extension", toUtf8(filter.extension)}});
+    }
     return json;
 }
 
@@ -73,12 +74,13 @@ JsonValue menusAsJson(const std::vector<host::Menu>& menus) {
     int number = 0;
     for (const host::Menu& menu : menus) {
         JsonValue items = JsonValue::array();
-        for (const host::MenuItem& item : menu.items)
+        for (const host::MenuItem& item : menu.items) {
             items.push_back({{"item", ++number},
                              {"text", toUtf8(item.text)},
                              {"prompt", toUtf8(item.prompt)},
                              {"enabled", item.enabled},
                              {"checked", item.checked}});
+        }
         json.push_back({{"title", toUtf8(menu.title)}, {"items", std::move(items)}});
     }
     return json;

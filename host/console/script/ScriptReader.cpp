@@ -48,9 +48,10 @@ ScriptReader::ScriptReader(const std::filesystem::path& path)
     : name_(path == "-" ? "standard input" : path.string()), file_(open(path)) {
     struct stat status {};
     const bool folder = file_ && fstat(fileno(file_.get()), &status) == 0 && S_ISDIR(status.st_mode);
-    if (!file_ || folder)
+    if (!file_ || folder) {
         throw Failure(fmt::format("cannot read the steps in {}: {}; check its name and that you may read it", name_,
                                   folder ? "it is a folder" : std::strerror(errno)));
+    }
 }
 
 std::optional<Step> ScriptReader::next() {

@@ -109,10 +109,11 @@ std::optional<Step> ScriptUser::nextStep() {
 
 void ScriptUser::answerLastStep() {
     if (answer_.is_null()) return;
-    if (const auto problem = session_.takeProblem())
+    if (const auto problem = session_.takeProblem()) {
         addError(problem->file.empty()
                      ? fmt::format("the add-on's changes were undone: {}", wellFormed(problem->reason))
                      : fmt::format("cannot read {}: {}", wellFormed(problem->file.string()), problem->reason));
+    }
     try {
         printLine(answer_);
     } catch (const Failure& failure) {
@@ -187,14 +188,15 @@ bool ScriptUser::refusedWhileCommandRuns() {
 }
 
 frontend::Dialog* ScriptUser::dialogInFront() {
-    if (openFileDialog_ != nullptr)
+    if (openFileDialog_ != nullptr) {
         fail("the file dialog is in front; answer it with {\"file\":\"NAME\"} or {\"file\":null}");
-    else if (pointAsked_)
+    } else if (pointAsked_) {
         fail("a point is asked for; answer with {\"point\":[x,y,z]} or {\"point\":null}");
-    else if (frontend::openDialogs().empty())
+    } else if (frontend::openDialogs().empty()) {
         fail("no dialog is open; pick a menu item first, such as {\"menu\":1}");
-    else
+    } else {
         return frontend::openDialogs().back();
+    }
     return nullptr;
 }
 

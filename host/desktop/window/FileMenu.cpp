@@ -152,10 +152,11 @@ bool FileMenu::open(const QString& path) {
     if (!*opened) {
         if (!QFileInfo::exists(path)) RecentFiles::remove(path);
         model::Error error = opened->error();
-        if (looksLikeUpdates(path))
+        if (looksLikeUpdates(path)) {
             error.message = path.toStdString() +
                             ": it looks like an update file, not like a model; open the model, then import this "
                             "file from the add-on's menu";
+        }
         showError(window_, QStringLiteral("%1 could not be opened").arg(QFileInfo(path).fileName()), error);
         return false;
     }

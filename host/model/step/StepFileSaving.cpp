@@ -117,10 +117,11 @@ Status StepFile::save(const fs::path& path, const SaveOptions& options) {
     try {
         return content_->save(path, options, replacement);
     } catch (const std::bad_alloc&) {
-        if (replacement.done)
+        if (replacement.done) {
             return cannotWrite(path,
                                "the file was written, but then there was not enough memory to go on working on "
                                "it; close other programs and save again");
+        }
         return cannotWrite(path, "there is not enough memory to save it; the old file is untouched");
     }
 }

@@ -72,9 +72,10 @@ void Collector::take(Request request) {
     }
     const std::string_view value = valueOf(request);
     if (value.empty() && !options_.clearEmpty) {
-        if (request.sayWhenEmpty)
+        if (request.sayWhenEmpty) {
             leaveOut(request.line, request.column,
                      "the new value is empty; with --clear-empty that asks for the empty text");
+        }
         return;
     }
     if (isUnchanged(request)) {
@@ -94,10 +95,11 @@ void Collector::take(Request request) {
     }
     const std::uint64_t subject = std::uint64_t{request.element} << 32U | request.itemNumber;
     const auto [place, isNew] = places_.try_emplace(subject, pending_.size());
-    if (isNew)
+    if (isNew) {
         pending_.push_back({std::move(update)});
-    else
+    } else {
         takeTwice(pending_[place->second], update);
+    }
 }
 
 void Collector::takeTwice(Pending& earlier, const AskedUpdate& later) {
@@ -122,10 +124,11 @@ void Collector::noteBreaks(const Cell* cell) {
 Asked Collector::finish() {
     for (Pending& pending : pending_) {
         AskedUpdate& update = pending.update;
-        if (pending.contestedBy == 0)
+        if (pending.contestedBy == 0) {
             asked_.updates.push_back(std::move(update));
-        else
+        } else {
             leaveOut(update.line, update.column, contestedText(update.line, pending.contestedBy));
+        }
     }
     std::stable_sort(asked_.leftOut.begin(), asked_.leftOut.end(),
                      [](const LeftOut& a, const LeftOut& b) { return a.line < b.line; });

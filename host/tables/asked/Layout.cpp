@@ -50,10 +50,11 @@ std::uint32_t longWidth(const Table& table) {
 
 Error neither(const Table& table, const Table::Row& header) {
     const std::string first(trimmed(table.text(header.cell(0))));
-    if (parseGuid(first))
+    if (parseGuid(first)) {
         return {"line " + std::to_string(header.line) +
                 ": a list of three or four columns needs no header, but this has " + std::to_string(table.width()) +
                 " columns; write a header line with GUID and the items' names above"};
+    }
     return {"line " + std::to_string(header.line) + ": the first cell is " +
             (first.empty() ? "empty" : inQuotes(first)) +
             "; write GUID above the elements' GUIDs and an item above each other column, or save a list of GUID, item, "

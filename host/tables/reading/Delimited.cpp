@@ -49,10 +49,11 @@ bool FieldReader::next() {
     if (at_ == text_.size() && !fieldDue) return false;
     column_ = endsLine_ ? 0 : column_ + 1;
     fieldLine_ = line_;
-    if (at_ < text_.size() && text_[at_] == '"')
+    if (at_ < text_.size() && text_[at_] == '"') {
         readQuoted();
-    else
+    } else {
         readPlain();
+    }
     if (at_ < text_.size() && text_[at_] == delimiter_) {
         ++at_;
         endsLine_ = false;
@@ -162,10 +163,11 @@ Result<Table> readDelimited(std::string_view text, char delimiter) {
     FieldReader reader(text, delimiter);
     const bool skipFirst = saysDelimiter(text);
     while (reader.next() && !builder.tooLarge()) {
-        if (reader.open())
+        if (reader.open()) {
             return Error{
                 "line " + std::to_string(reader.line()) + ", column " + std::to_string(reader.column() + 1) +
                 ": the quote at its beginning is never closed; close it, or write \"\" for a quote that is meant"};
+        }
         if (skipFirst && reader.line() == 1) continue;
         if (reader.column() == 0) builder.beginRow(reader.line());
         if (!reader.field().empty()) builder.add(reader.column(), CellKind::Text, builder.store().keep(reader.field()));

@@ -236,9 +236,10 @@ void ContentReader::endCell() {
     const StoredText text = store_->keep(value);
     const std::uint32_t repeats = std::min(cell_.repeats, MostColumns - cell_.column);
     for (std::uint32_t i = 0; i < repeats && !builder_->tooLarge(); ++i) builder_->add(cell_.column + i, kind, text);
-    if (cell_.rowSpan > 1 || cell_.columnSpan > 1)
+    if (cell_.rowSpan > 1 || cell_.columnSpan > 1) {
         builder_->merge({row_, cell_.column, row_ + std::min(cell_.rowSpan, MostRows) - 1,
                          cell_.column + std::min(cell_.columnSpan, MostColumns) - 1});
+    }
 }
 
 Result<WorkbookContent> ContentReader::finish() {

@@ -65,9 +65,10 @@ Status Package::read(const std::string& part, const Sink& sink) {
         if (count < 0) return damaged(part, "cannot be unpacked");
         if (count == 0) return {};
         unpacked_ += static_cast<std::uint64_t>(count);
-        if (unpacked_ > mostUnpacked_)
+        if (unpacked_ > mostUnpacked_) {
             return Error{"the workbook unpacks to more than " + std::to_string(mostUnpacked_) +
                          " bytes, which no honest one of its size does; do not trust it"};
+        }
         if (!sink({stretch.data(), static_cast<std::size_t>(count)})) return {};
     }
 }

@@ -61,7 +61,7 @@ void TableBuilder::fillRange(const CellRange& range, std::vector<std::pair<std::
     const Cell* origin = table_.row(place).cell(range.firstColumn);
     if (origin == nullptr || table_.width_ == 0) return;
     const std::uint32_t lastColumn = std::min(range.lastColumn, table_.width_ - 1);
-    for (std::size_t at = place; at < rows.size() && rows[at].line <= range.lastRow; ++at)
+    for (std::size_t at = place; at < rows.size() && rows[at].line <= range.lastRow; ++at) {
         for (std::uint32_t column = range.firstColumn; column <= lastColumn; ++column) {
             if (++visited_ > MostCells) {
                 tooLarge_ = true;
@@ -70,6 +70,7 @@ void TableBuilder::fillRange(const CellRange& range, std::vector<std::pair<std::
             if (at != place || column != range.firstColumn)
                 filling.emplace_back(at, Cell{column, origin->kind, origin->text});
         }
+    }
 }
 
 /// Rows that hold nothing else are not filled: they are no lines of the table, just the merged cell's height.

@@ -73,9 +73,10 @@ public:
     };
 
     void begin(std::string_view name, const xml::Attributes& attributes) override {
-        if (name == "sheet")
+        if (name == "sheet") {
             sheets.push_back(
                 {std::string(attributes.value("name")), std::string(attributes.value("id", "relationships"))});
+        }
         if (name != "workbookPr") return;
         const std::string_view from1904 = attributes.value("date1904");
         if (from1904 == "1" || from1904 == "true") days = DayCount::From1904;

@@ -130,28 +130,30 @@ void SheetReader::endCell() {
         if (hasFormula_ && type_ != "str") addText(CellKind::Uncomputed, {});
         return;
     }
-    if (type_ == "s")
+    if (type_ == "s") {
         addShared();
-    else if (type_ == "b")
+    } else if (type_ == "b") {
         addText(CellKind::Truth, value_ == "0" || value_ == "false" ? "false" : "true");
-    else if (type_ == "e")
+    } else if (type_ == "e") {
         addText(CellKind::Fault, value_);
-    else if (type_ == "str" || type_ == "inlineStr")
+    } else if (type_ == "str" || type_ == "inlineStr") {
         addText(CellKind::Text, unescape(value_));
-    else if (type_ == "d")
+    } else if (type_ == "d") {
         addText(CellKind::Date, dateText(value_));
-    else
+    } else {
         addNumber();
+    }
     if (builder_.tooLarge()) stop();
 }
 
 void SheetReader::addShared() {
     std::size_t index = 0;
     const auto [end, error] = std::from_chars(value_.data(), value_.data() + value_.size(), index);
-    if (error != std::errc() || index >= shared_.strings.size())
+    if (error != std::errc() || index >= shared_.strings.size()) {
         failHere("the cell's text is missing; the workbook is damaged: open and save it with its own program");
-    else
+    } else {
         builder_.add(place_.column, CellKind::Text, shared_.strings[index]);
+    }
 }
 
 void SheetReader::addNumber() {
@@ -161,11 +163,12 @@ void SheetReader::addNumber() {
         return;
     }
     const NumberStyle style = style_ < shared_.styles.size() ? shared_.styles[style_] : NumberStyle::Number;
-    if (style != NumberStyle::Number)
+    if (style != NumberStyle::Number) {
         if (const auto date = dateText(*number, shared_.days, style == NumberStyle::Time)) {
             addText(CellKind::Date, *date);
             return;
         }
+    }
     addText(CellKind::Number, numberText(*number));
 }
 

@@ -107,9 +107,10 @@ Status read(Package& package, const std::string& part, Handler& handler) {
     if (!status) return status;
     if (going) reader.feed({}, true);
     if (!handler.failure().empty()) return Error{handler.failure()};
-    if (const std::string complaint = reader.complaint(); !complaint.empty())
+    if (const std::string complaint = reader.complaint(); !complaint.empty()) {
         return Error{"the workbook is damaged: " + part + " is no XML: " + complaint +
                      "; open and save it with its own program, or fetch it again"};
+    }
     return {};
 }
 

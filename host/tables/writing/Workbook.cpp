@@ -161,9 +161,10 @@ private:
         }
         for (std::size_t column = 0; column < grid_.columns.size(); ++column)
             writeCell(sheet, 0, column, grid_.columns[column], header_);
-        for (std::size_t row = 0; row < grid_.rows.size(); ++row)
+        for (std::size_t row = 0; row < grid_.rows.size(); ++row) {
             for (std::size_t column = 0; column < grid_.rows[row].size(); ++column)
                 writeCell(sheet, row + 1, column, grid_.rows[row][column], formatOf(column));
+        }
         return sheet;
     }
 
@@ -193,18 +194,23 @@ bool isTooLong(const std::string& text) {
 
 /// What a sheet cannot hold, before anything is written.
 std::optional<Error> tooLarge(const Grid& grid) {
-    if (grid.rows.size() + 1 > MostRows)
+    if (grid.rows.size() + 1 > MostRows) {
         return Error{"a sheet has " + std::to_string(MostRows) + " rows, the table " +
                      std::to_string(grid.rows.size() + 1) + "; choose fewer elements, or write a .csv"};
-    if (grid.columns.size() > MostColumns)
+    }
+    if (grid.columns.size() > MostColumns) {
         return Error{"a sheet has " + std::to_string(MostColumns) + " columns, the table " +
                      std::to_string(grid.columns.size()) + "; choose fewer items, or write a .csv"};
-    for (std::size_t row = 0; row < grid.rows.size(); ++row)
-        for (std::size_t column = 0; column < grid.rows[row].size(); ++column)
-            if (const std::string& text = grid.rows[row][column]; isTooLong(text))
+    }
+    for (std::size_t row = 0; row < grid.rows.size(); ++row) {
+        for (std::size_t column = 0; column < grid.rows[row].size(); ++column) {
+            if (const std::string& text = grid.rows[row][column]; isTooLong(text)) {
                 return Error{
                     "row " + std::to_string(row + 2) + ", column " + grid.columns[column] +
                     ": the text is longer than the 32767 letters of a cell; leave the item out, or write a .csv"};
+            }
+        }
+    }
     return std::nullopt;
 }
 

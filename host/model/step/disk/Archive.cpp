@@ -100,18 +100,20 @@ Result<zip_stat_t> findModel(zip_t* archive, std::uint64_t archiveSize) {
         return unreadable("the archive holds no .ifc file; choose another one, or export the model as .ifc");
     if (count > 1) return unreadable("the archive holds several .ifc files; unpack it and open one of them");
     if (found.encryption_method != ZIP_EM_NONE) return unreadable("the archive is encrypted; unpack it first");
-    if (found.size > mostUnpacked(found.comp_size, archiveSize))
+    if (found.size > mostUnpacked(found.comp_size, archiveSize)) {
         return unreadable("the archive claims to unpack to " + std::to_string(found.size) + " bytes from " +
                           std::to_string(std::min(found.comp_size, archiveSize)) +
                           ", which no model does; do not trust it");
+    }
     return found;
 }
 
 Result<Bytes> unpack(zip_t* archive, const zip_stat_t& model, const Progress& progress) {
     const EntryHandle entry(zip_fopen_index(archive, model.index, 0));
-    if (entry == nullptr)
+    if (entry == nullptr) {
         return unreadable("the model cannot be unpacked: " + std::string(zip_strerror(archive)) +
                           "; unpack it with another program");
+    }
     constexpr zip_uint64_t Stretch = zip_uint64_t{4} << 20U;
     Bytes bytes(model.size);
     Throttle throttle(progress);
@@ -140,10 +142,11 @@ bool putModel(zip_t* archive, bool isNew, const ModelEntry& entry, std::span<con
     zip_source_t* source = zip_source_buffer_fragment(archive, fragments.data(), fragments.size(), 0);
     if (source == nullptr) return false;
     zip_int64_t number = static_cast<zip_int64_t>(entry.number);
-    if (isNew)
+    if (isNew) {
         number = zip_file_add(archive, entry.name.c_str(), source, ZIP_FL_ENC_UTF_8);
-    else if (zip_file_replace(archive, entry.number, source, 0) != 0)
+    } else if (zip_file_replace(archive, entry.number, source, 0) != 0) {
         number = -1;
+    }
     if (number < 0) {
         zip_source_free(source);
         return false;
@@ -189,10 +192,11 @@ bool isArchive(std::string_view bytes) {
 }
 
 Result<Bytes> readArchive(std::string_view archive, ModelEntry& entry, const Progress& progress) {
-    if (hasCrowdedNames(archive))
+    if (hasCrowdedNames(archive)) {
         return unreadable(
             "the archive holds thousands of entries whose names were chosen to keep programs busy; do not "
             "trust it");
+    }
     ZipError error;
     const SourceHandle source = memorySource(archive, error);
     const ArchiveHandle opened = source ? openArchive(source.get(), ZIP_RDONLY, error) : nullptr;
@@ -214,9 +218,10 @@ Result<std::string> writeArchive(std::string_view archive, const ModelEntry& ent
     for (const std::string_view piece : model) packing.total += piece.size();
     watch(opened.get(), packing);
     if (!putModel(opened.get(), isNew, entry, model)) return unwritable(zip_strerror(opened.get()));
-    if (zip_close(opened.get()) != 0)
+    if (zip_close(opened.get()) != 0) {
         return packing.cancelled ? Error{ErrorKind::CannotWrite, "saving was cancelled"}
                                  : unwritable(zip_strerror(opened.get()));
+    }
     (void)opened.release();  // zip_close has freed it
     return contents(source.get());
 }

@@ -156,14 +156,16 @@ std::vector<std::string> targetWarnings(const fs::path& name) {
     if (disk.resolve(name, target) || disk.state(target, state) || !state.exists || !state.regular) return {};
     std::vector<std::string> warnings;
     const auto add = [&](const std::string& what) { warnings.push_back(target.string() + ": " + what); };
-    if (state.links > 1)
+    if (state.links > 1) {
         add("the file has " + std::to_string(state.links) +
             " names (hard links); saving changes it under this name alone, the others keep the old version");
+    }
     if (!mayGiveAway(state))
         add("the file belongs to " + userName(state.owner) + "; saved, it belongs to " + userName(::geteuid()));
-    if (!mayKeepGroup(state, target.parent_path()))
+    if (!mayKeepGroup(state, target.parent_path())) {
         add("the file is of the group " + groupName(state.group) +
             ", which is not one of yours; saved, it is of a group of yours, with the rights of all others");
+    }
     return warnings;
 }
 
@@ -185,9 +187,10 @@ Status replaceFile(Replacement& replacement, std::span<const std::string_view> p
     if (!replacement.force && now.exists && !now.sameVersion(replacement.old)) return changedSince(target);
     if (const std::error_code error = file->replace(target)) return failed(replacement, error);
     replacement.done = true;
-    if (const std::error_code error = disk.syncFolder(folder))
+    if (const std::error_code error = disk.syncFolder(folder)) {
         return cannotWrite(
             target, "the file was written, but a power failure might undo that: " + error.message() + "; save again");
+    }
     return {};
 }
 

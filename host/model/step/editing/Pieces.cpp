@@ -69,10 +69,11 @@ std::vector<Edit> editsInPlace(const Index& index, Changes& changes) {
     for (const ChangedInstance& instance : changes.instances()) {
         if (instance.newId != 0 || instance.now.kind == TextState::Kind::Original) continue;
         const std::uint64_t end = instance.offset + index.lengths[instance.slot];
-        if (instance.now.kind == TextState::Kind::Absent)
+        if (instance.now.kind == TextState::Kind::Absent) {
             edits.push_back(erasure(index.bytes, instance.offset, end));
-        else
+        } else {
             edits.push_back({instance.offset, end, instance.now.text});
+        }
     }
     return edits;
 }

@@ -76,10 +76,11 @@ struct Index {
     /// A file that is broken throughout is reported by its first faults.
     void remark(std::uint64_t offset, std::string message) {
         constexpr std::size_t MostRemarks = 1000;
-        if (remarks.size() < MostRemarks)
+        if (remarks.size() < MostRemarks) {
             remarks.push_back({0, offset, std::move(message)});
-        else
+        } else {
             ++remarksLeftOut;
+        }
     }
 
     /// The text of an instance that was never changed: of one that was, the place tells something else.

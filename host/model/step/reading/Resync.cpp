@@ -30,10 +30,11 @@ const char* nextStatement(const char* malformed, const char* end) {
         const std::string_view text(at, static_cast<std::size_t>(end - at));
         if (first && c == '#' && beginsInstance(text)) return at;
         if (first && upperCase(c) == 'E' && beginsEnd(text)) return at;
-        if (isLineEnd(c) || c == ';' || c == ')')
+        if (isLineEnd(c) || c == ';' || c == ')') {
             first = true;
-        else if (!isBlank(c))
+        } else if (!isBlank(c)) {
             first = false;
+        }
     }
     return end;
 }

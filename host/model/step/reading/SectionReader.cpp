@@ -157,10 +157,11 @@ void SectionReader::skipLinkToken() {
     if (noneUntil != nullptr && cursor_.at < noneUntil) return;
     const char* at = cursor_.at;
     while (at != cursor_.end && !isLineEnd(*at) && *at != closing) ++at;
-    if (at != cursor_.end && *at == closing)
+    if (at != cursor_.end && *at == closing) {
         cursor_.at = at + 1;
-    else
+    } else {
         noneUntil = at;
+    }
 }
 
 void SectionReader::readSignature() {
