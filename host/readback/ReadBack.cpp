@@ -10,6 +10,8 @@ namespace {
 /// Whether the old value of a table is what the model holds, written in any of the ways that a table may write it.
 bool agrees(std::string_view old, const Stored& held, DecimalSign sign) {
     if (old == textOf(held) || isAsAsked(old, held, sign)) return true;
+    // The review list shows the code alone.
+    if (held.kind == Stored::Kind::Classification && old == held.text) return true;
     // The placeholder of a list names no value that could have changed.
     return held.kind == Stored::Kind::Other;
 }

@@ -172,7 +172,7 @@ TEST_F(AskedAndStored, FailsStrictly) {
 
 TEST_F(AskedAndStored, GivesANewStandardPropertyTheStandardsType) {
     updates(
-        {{WallGuid, "ThermalTransmittance[WallCommon]", "", "2"}, {WallGuid, "Combustible[WallCommon]", "", "false"}});
+        {{DoorGuid, "ThermalTransmittance[DoorCommon]", "", "2"}, {WallGuid, "Combustible[WallCommon]", "", "false"}});
     json({"import", "house.ifc", "updates.txt", "--apply", "--exact", "-o", "out.ifc"});
     EXPECT_THAT(bytes("out.ifc"), HasSubstr("'ThermalTransmittance',$,IFCTHERMALTRANSMITTANCEMEASURE(2.),$"));
     EXPECT_THAT(bytes("out.ifc"), HasSubstr("'Combustible',$,IFCBOOLEAN(.F.),$"));

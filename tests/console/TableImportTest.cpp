@@ -31,8 +31,7 @@ TEST_F(TableImport, SaysHowTheFileWasRead) {
     write("doors.csv", "GUID;Name\r\n" + DoorGuid + ";T\xFCr\r\n");
     const Outcome outcome = run({"import", "house.ifc", "doors.csv"});
     EXPECT_EQ(outcome.status, 0) << outcome.err;
-    EXPECT_THAT(outcome.err,
-                HasSubstr("Read doors.csv: semicolon, Windows-1252, grid, 1 elements, 1 items: 1 updates"));
+    EXPECT_THAT(outcome.err, HasSubstr("Read doors.csv: semicolon, Windows-1252, grid, 1 element, 1 item: 1 update, "));
 }
 
 TEST_F(TableImport, OfAnUnchangedExportChangesNothing) {

@@ -154,7 +154,7 @@ std::string differenceOf(const RowFacts& facts) {
     if (outcome.asAsked != false) return text;
     if (!text.empty()) text += "; ";
     text += fmt::format("asked '{}'", facts.asked.value_or(""));
-    if (outcome.stored) text += fmt::format(", stored '{}'", *outcome.stored);
+    text += outcome.stored ? fmt::format(", stored '{}'", *outcome.stored) : std::string(", would end in an error");
     if (!outcome.obstacle.empty()) text += fmt::format(" ({})", outcome.obstacle);
     return text;
 }

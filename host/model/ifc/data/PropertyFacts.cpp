@@ -51,11 +51,11 @@ std::vector<PropertyFacts::Holder> PropertyFacts::ownHolders(Slot element) {
         const Class& cls = work_.classes.of(use.user);
         const bool overrides = cls.role == Role::OverridesProperties;
         if (!overrides && cls.role != Role::DefinesByProperties) return true;
-        if (cls.place(Field::Related) != use.argument) return true;
+        if (cls.attributeIndex(Field::Related) != use.attributeIndex) return true;
         for (const Slot set : work_.forwardReferences.of(use.user, Field::Relating)) {
             const Class& setClass = work_.classes.of(set);
             if (!isSet(setClass)) continue;
-            std::u16string name = nameAt(work_.file.text(set), setClass.place(Field::Name));
+            std::u16string name = nameAt(work_.file.text(set), setClass.attributeIndex(Field::Name));
             if (!set_(name)) continue;
             if (overrides) overriding.push_back({use.user, name});
             sets.push_back({set, std::move(name)});
@@ -73,7 +73,7 @@ std::vector<PropertyFacts::Holder> PropertyFacts::typeHolders(Slot element) {
     for (const Slot set : work_.forwardReferences.of(type, Field::HasPropertySets)) {
         const Class& cls = work_.classes.of(set);
         if (!isSet(cls)) continue;
-        std::u16string name = nameAt(work_.file.text(set), cls.place(Field::Name));
+        std::u16string name = nameAt(work_.file.text(set), cls.attributeIndex(Field::Name));
         if (set_(name)) holders.push_back({set, std::move(name)});
     }
     return holders;
