@@ -37,7 +37,7 @@ JsonValue asJson(const std::vector<model::UnknownClass>& classes) {
 
 ModelSession::ModelSession(const CommonOptions& options, std::filesystem::path modelPath, Access access)
     : options_(options), path_(std::move(modelPath)) {
-    host_.setReportSink([](const host::ReportLine& line) { say(line.text); });
+    host_.setReportSink([this](const host::ReportLine& line) { takeReport(line); });
     {
         ProgressLine progress(opening(path_));
         throwUnlessDone(host_.openModel(path_, {progress.callback(), access == Access::Editing}));
@@ -54,6 +54,7 @@ ModelSession::~ModelSession() {
     host_.unloadAddOn();
     frontend::setDebugSink({});
     frontend::setFileErrorSink({});
+    host_.setReportSink({});
 }
 
 ModelFacts ModelSession::facts() {
@@ -70,15 +71,21 @@ void ModelSession::runMenuCommand(Int32 item, frontend::View& view) {
     if (!place) throw Failure(noSuchMenuItem(host_, item));
     const ViewInCharge inCharge(view);
     const GSErrCode error = host_.pickMenuItem(place->menu, place->item);
-    if (error != NoError) {
-        throw Failure(fmt::format("the add-on's menu item {} ended with error 0x{:08X}; nothing was saved", item,
-                                  static_cast<UInt32>(error)));
-    }
+    if (error == NoError) return;
+    if (problem_ && problem_->file.empty())
+        throw Failure(fmt::format("the add-on's changes were undone: {}; nothing was saved", problem_->reason));
+    throw Failure(fmt::format("the add-on's menu item {} ended with error 0x{:08X}; nothing was saved", item,
+                              static_cast<UInt32>(error)));
+}
+
+void ModelSession::takeReport(const host::ReportLine& line) {
+    say(line.text);
+    // The line that comes with a failed command says why it failed; others may follow.
+    const bool failed = host_.failedCommands() > std::exchange(failedCommandsSeen_, host_.failedCommands());
+    if (failed && !problem_) problem_ = CommandProblem{{}, line.text};
 }
 
 std::optional<CommandProblem> ModelSession::takeProblem() {
-    const bool failed = host_.failedCommands() > std::exchange(failedCommandsSeen_, host_.failedCommands());
-    if (failed && !problem_) problem_ = CommandProblem{{}, host_.report().back().text};
     return std::exchange(problem_, std::nullopt);
 }
 

@@ -67,6 +67,8 @@ public:
     std::vector<std::string> reportTexts() const;
 
 private:
+    void takeReport(const host::ReportLine& line);
+
     CommonOptions options_;
     std::filesystem::path path_;
     host::Host host_;

@@ -105,7 +105,7 @@ void checkApplied(ModelSession& session, const ImportUser& user, const ImportPla
                                       problem->file == plan.updates ? plan.shownName : problem->file.string(),
                                       problem->reason));
         }
-        throw Failure(fmt::format("the updates were not applied: {}; nothing was saved", problem->reason));
+        throw Failure(fmt::format("the add-on's changes were undone: {}; nothing was saved", problem->reason));
     }
     if (!user.result()) return;
     const updatefile::LineNotes rows = unfinishedRows(user.review(), *user.result());

@@ -178,7 +178,12 @@ ExitStatus runLookup(const LookupOptions& options) {
     }
     session.loadAddOn();
     LookupUser user(std::move(guids));
-    session.runMenuCommand(LookupMenuItem, user);
+    try {
+        session.runMenuCommand(LookupMenuItem, user);
+    } catch (const Failure&) {
+        // What was answered before the add-on failed is printed all the same.
+        if (!user.failedGuid()) throw;
+    }
     if (!user.dialogSeen()) throw Failure("the add-on opened no lookup dialog; name another one with --addon");
     printAnswers(user, options.common.format);
     ExitStatus status = ExitStatus::Done;
