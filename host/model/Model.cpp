@@ -33,11 +33,11 @@ struct Model::Content {
     std::unordered_set<Element> noted;  ///< Elements whose duplicates have been told of.
     std::exception_ptr failure;         ///< What broke off a change of the open command.
 
-    using Edit = std::function<Status(std::vector<std::string>& notes)>;
-
     void collectRemarks(const std::string& schemaNamed);
     void remarkOnUnknownClasses();
-    Status edit(Element element, const Edit& body);
+    /// @param body  No std::function, which may need memory: nothing must fail before it is seen that it did.
+    template <class Body>
+    Status edit(Element element, const Body& body);
     void noteChange(Element element, bool changed, std::vector<std::string>& toTell);
     std::string describe(Element element);
 };
@@ -113,7 +113,8 @@ void Model::Content::remarkOnUnknownClasses() {
                       " does not have, and kept in the file without being read: " + listed(unknown));
 }
 
-Status Model::Content::edit(Element element, const Edit& body) {
+template <class Body>
+Status Model::Content::edit(Element element, const Body& body) {
     if (!file->open()) return Error{ErrorKind::Refused, "the model can only be changed inside an undoable command"};
     const std::uint64_t before = file->revision();
     // A change that broke off in the middle may be half made: nothing more is changed, and the command only rolled

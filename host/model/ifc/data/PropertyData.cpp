@@ -95,17 +95,29 @@ std::vector<Slot> setsOfType(Workspace& work, Slot element) {
     return sets;
 }
 
-/// Properties by set and name. Sorted, not hashed: a file can be made so that all its names have one hash.
+/// Properties by set and name. Sorted, not hashed: a file can be made so that all its names have one hash. A set's name
+/// is compared once and not for each of its properties, since it may be long.
 class PropertyNames {
 public:
-    void add(const PropertyView& property) { names_.emplace_back(property.set, property.name); }
+    void add(const PropertyView& property) { names_.emplace_back(numberOf(property.set), property.name); }
     void finish() { std::sort(names_.begin(), names_.end()); }
-    bool contains(const PropertyView& property) const {
-        return std::binary_search(names_.begin(), names_.end(), std::pair(property.set, property.name));
+    bool contains(const PropertyView& property) {
+        return std::binary_search(names_.begin(), names_.end(), std::pair(numberOf(property.set), property.name));
     }
 
 private:
-    std::vector<std::pair<std::u16string_view, std::u16string_view>> names_;
+    std::size_t numberOf(std::u16string_view set) {
+        if (set.data() != lastSet_.data() || set.size() != lastSet_.size()) {
+            lastNumber_ = sets_.emplace(set, sets_.size()).first->second;
+            lastSet_ = set;
+        }
+        return lastNumber_;
+    }
+
+    std::map<std::u16string_view, std::size_t> sets_;
+    std::u16string_view lastSet_;
+    std::size_t lastNumber_ = sets_.emplace(std::u16string_view(), 0).first->second;
+    std::vector<std::pair<std::size_t, std::u16string_view>> names_;
 };
 
 /// Which of the type's properties the element has itself.

@@ -22,6 +22,10 @@ struct FoundProperty {
     bool settled;
 };
 
+/// Changes what one element sees and nobody else does. Where something on the way from the element to the value is
+/// shared (the property, its set, the relation that gives the set), it is copied from there on up, and each copy takes
+/// the place of its original. All that may be in the way - texts, lists, other instances of an id, ids for the copies -
+/// is looked at before the first change, so that a refusal leaves no byte.
 class PropertyEditor {
 public:
     /// @param set, name  UTF-16, as the file's strings read.
@@ -50,7 +54,8 @@ private:
     std::optional<FoundProperty> findOwn() const;
     std::optional<FoundProperty> findInherited() const;
     bool matches(const PropertyView& property) const {
-        return property.set == wantedSet_ && property.name == wantedName_;
+        // The name first: a set's name may be long, and is that of all its properties.
+        return property.name == wantedName_ && property.set == wantedSet_;
     }
 
     Status changeOwn(const FoundProperty& found);
