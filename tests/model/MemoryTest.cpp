@@ -86,7 +86,7 @@ void atEachAllocation(const std::function<Outcome(long place, bool fromThenOn)>&
     for (const bool fromThenOn : {false, true}) {
         long place = 0;
         while (run(place, fromThenOn) != Outcome::NeverFailed && !testing::Test::HasFailure()) ASSERT_LT(++place, Most);
-        EXPECT_GT(place, 10) << "hardly anything was tried";
+        EXPECT_GT(place, 4) << "hardly anything was tried";
     }
 }
 
@@ -130,18 +130,19 @@ model::ClassificationReference reference(std::u16string label) {
     return reference;
 }
 
+/// What they ask for is made beforehand: the memory that runs out is to be the model's.
 const std::vector<Change> Changes = {
     {"attribute", [](Opened& m) { return m->setAttribute(0, "Description", u"new, and long enough for its own"); }},
-    {"shared property", [](Opened& m) { return m->setProperty(0, wanted(u"S", u"P")); }},
-    {"new property of a shared set", [](Opened& m) { return m->setProperty(0, wanted(u"S", u"New")); }},
-    {"property that another set holds", [](Opened& m) { return m->setProperty(0, wanted(u"Own", u"P")); }},
-    {"property of its own", [](Opened& m) { return m->setProperty(0, wanted(u"Own", u"X")); }},
-    {"new property of its own set", [](Opened& m) { return m->setProperty(0, wanted(u"Own", u"New")); }},
-    {"property in a set of sets", [](Opened& m) { return m->setProperty(0, wanted(u"B", u"P")); }},
-    {"inherited property", [](Opened& m) { return m->setProperty(0, wanted(u"Typed", u"P")); }},
-    {"new set", [](Opened& m) { return m->setProperty(0, wanted(u"Never heard of", u"New")); }},
-    {"shared classification", [](Opened& m) { return m->setClassification(0, reference(u"L")); }},
-    {"new classification", [](Opened& m) { return m->setClassification(0, reference(u"New label")); }},
+    {"shared property", [p = wanted(u"S", u"P")](Opened& m) { return m->setProperty(0, p); }},
+    {"new property of a shared set", [p = wanted(u"S", u"New")](Opened& m) { return m->setProperty(0, p); }},
+    {"property that another set holds", [p = wanted(u"Own", u"P")](Opened& m) { return m->setProperty(0, p); }},
+    {"property of its own", [p = wanted(u"Own", u"X")](Opened& m) { return m->setProperty(0, p); }},
+    {"new property of its own set", [p = wanted(u"Own", u"New")](Opened& m) { return m->setProperty(0, p); }},
+    {"property in a set of sets", [p = wanted(u"B", u"P")](Opened& m) { return m->setProperty(0, p); }},
+    {"inherited property", [p = wanted(u"Typed", u"P")](Opened& m) { return m->setProperty(0, p); }},
+    {"new set", [p = wanted(u"Never heard of", u"New")](Opened& m) { return m->setProperty(0, p); }},
+    {"shared classification", [r = reference(u"L")](Opened& m) { return m->setClassification(0, r); }},
+    {"new classification", [r = reference(u"New label")](Opened& m) { return m->setClassification(0, r); }},
 };
 
 /// As one command; what the edit answered does not matter, only that it was not broken off.
