@@ -1,6 +1,6 @@
-#include "tables/reading/Workbook.hpp"
 #include "tables/Writing.hpp"
 #include "tables/reading/TableBuilder.hpp"
+#include "tables/reading/Workbook.hpp"
 
 #include <xlsxwriter.h>
 
