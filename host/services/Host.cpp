@@ -7,6 +7,7 @@
 
 #include <fmt/format.h>
 
+#include <new>
 #include <stdexcept>
 #include <utility>
 
@@ -112,7 +113,11 @@ model::Status Host::loadAddOn(const std::filesystem::path& bundle) {
 void Host::unloadAddOn() {
     Session& session = content_->session;
     if (!session.addOn || session.busy()) return;
-    if (const auto fault = session.addOn->stop()) session.report.write(*fault);
+    try {
+        if (const auto fault = session.addOn->stop()) session.report.write(*fault);
+    } catch (const std::bad_alloc&) {
+        // It goes all the same; only what there was to say of that is lost. Destructors call this.
+    }
     session.menus.clear();
     session.addOn.reset();
 }

@@ -18,7 +18,7 @@ ExitStatus runScript(const ScriptOptions& options) {
     session.loadAddOn();
     ScriptUser user(session, steps);
     const bool allDone = user.run();
-    if (session.model().modified())
+    if (user.hasChangesNobodySaved())
         say("the model was changed and not saved; add a step such as {\"save\":\"out.ifc\"}");
     return allDone ? ExitStatus::Done : ExitStatus::Failed;
 }

@@ -284,11 +284,16 @@ void ScriptUser::redo(const JsonValue&) {
     tell("name", wellFormed(name));
 }
 
+bool ScriptUser::hasChangesNobodySaved() {
+    return session_.model().modified() && session_.model().revision() != revisionSaved_;
+}
+
 void ScriptUser::save(const JsonValue& step) {
     if (!step["save"].is_string()) return fail("\"save\" takes the path to save to");
     if (refusedWhileCommandRuns()) return;
     const auto target = step["save"].get<std::string>();
     for (const std::string& warning : model::Model::targetWarnings(target)) say(warning);
+    revisionSaved_ = session_.model().revision();
     try {
         session_.save(target);
     } catch (const Failure& failure) {

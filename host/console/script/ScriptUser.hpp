@@ -20,6 +20,8 @@ public:
     /// Runs the script to its end. @return whether every step could be done. Throws Failure where the answers cannot be
     /// written.
     bool run();
+    /// Whether the model was changed since a step last saved it, or was told why it could not.
+    bool hasChangesNobodySaved();
 
     void runModal(frontend::Dialog& dialog) override;
     std::optional<std::string> pickFile(const frontend::FileRequest& request) override;
@@ -64,6 +66,7 @@ private:
     std::uint64_t currentLine_ = 0;
     JsonValue answer_;  ///< Null where no step waits for its answer.
     bool allDone_ = true;
+    std::uint64_t revisionSaved_ = 0;  ///< When a step last tried to save; of a model just opened at first.
     bool commandRuns_ = false;
     std::optional<std::string> outputFailure_;
     const frontend::FileRequest* openFileDialog_ = nullptr;
