@@ -37,6 +37,9 @@ JsonValue asJson(const std::vector<model::UnknownClass>& classes) {
 
 ModelSession::ModelSession(const CommonOptions& options, std::filesystem::path modelPath, Access access)
     : options_(options), path_(std::move(modelPath)) {
+    // The destructor takes both away again, and may not need memory for that.
+    frontend::setDebugSink({});
+    frontend::setFileErrorSink({});
     host_.setReportSink([this](const host::ReportLine& line) { takeReport(line); });
     {
         ProgressLine progress(opening(path_));

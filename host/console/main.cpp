@@ -5,6 +5,8 @@
 #include "console/output/StandardOutput.hpp"
 
 #include <cstdio>
+#include <cstdlib>
+#include <exception>
 #include <new>
 
 namespace {
@@ -44,9 +46,22 @@ ExitStatus runAndTell(int argc, const char* const* argv) {
     return ExitStatus::Failed;
 }
 
+/// Memory may run out where nothing may be thrown, as in the destructor of a JSON value. That is said, too.
+[[noreturn]] void endWithoutMemory() {
+    try {
+        if (const auto reason = std::current_exception()) std::rethrow_exception(reason);
+    } catch (const std::bad_alloc&) {
+        sayMemoryIsOut();
+        std::_Exit(static_cast<int>(ExitStatus::Failed));
+    } catch (...) {
+    }
+    std::abort();
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+    std::set_terminate(endWithoutMemory);
     try {
         return static_cast<int>(runAndTell(argc, argv));
     } catch (...) {

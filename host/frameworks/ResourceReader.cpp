@@ -2,10 +2,14 @@
 
 #include "ResourceTokens.hpp"
 
+#include <dirent.h>
+
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <charconv>
 #include <fstream>
+#include <memory>
 #include <optional>
 
 namespace frameworks {
@@ -250,13 +254,23 @@ void translate(const DialogDefinition& translation, DialogDefinition& dialog, bo
 
 }  // namespace
 
+/// The standard library's iterator over a folder ends the program where memory runs out.
+static bool listDefinitions(const std::filesystem::path& folder, std::vector<std::filesystem::path>& files) {
+    const auto close = [](DIR* open) { ::closedir(open); };
+    const std::unique_ptr<DIR, decltype(close)> entries(::opendir(folder.c_str()));
+    if (!entries) return false;
+    errno = 0;
+    while (const dirent* entry = ::readdir(entries.get())) {
+        const std::filesystem::path name = entry->d_name;
+        if (name.extension() == ".res") files.push_back(folder / name);
+        errno = 0;
+    }
+    return errno == 0;
+}
+
 bool readDefinitions(const std::filesystem::path& folder, ResourceModule& module) {
-    std::error_code error;
     std::vector<std::filesystem::path> files;
-    for (auto entry = std::filesystem::directory_iterator(folder, error);
-         !error && entry != std::filesystem::directory_iterator(); entry.increment(error))
-        if (entry->path().extension() == ".res") files.push_back(entry->path());
-    if (error) {
+    if (!listDefinitions(folder, files)) {
         report({folder.string(), 0}, "the folder cannot be read");
         return false;
     }

@@ -2,6 +2,7 @@
 
 #include "model/step/disk/FileLock.hpp"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -10,6 +11,7 @@
 #include <climits>
 #include <cstdint>
 #include <cstdio>
+#include <memory>
 #include <string_view>
 #include <system_error>
 
@@ -57,12 +59,11 @@ std::string temporaryName(const fs::path& target) {
 
 void removeLeftOvers(const fs::path& target) {
     const std::string beginning = beginningOf(target);
-    std::error_code error;
-    fs::directory_iterator entry(target.parent_path(), error);
-    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
-        const fs::path& path = entry->path();
-        if (isTemporary(path.filename().string(), beginning)) removeUnlessLocked(path);
-    }
+    // The standard library's iterator over a folder ends the program where memory runs out.
+    const auto close = [](DIR* open) { ::closedir(open); };
+    const std::unique_ptr<DIR, decltype(close)> entries(::opendir(target.parent_path().c_str()));
+    while (const dirent* entry = entries ? ::readdir(entries.get()) : nullptr)
+        if (isTemporary(entry->d_name, beginning)) removeUnlessLocked(target.parent_path() / entry->d_name);
 }
 
 }  // namespace model::step
