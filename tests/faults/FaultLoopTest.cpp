@@ -151,7 +151,7 @@ std::string complaint(const Sound& sound, const Outcome& outcome, const std::str
         return "";
     }
     if (outcome.status != 1) return "status " + std::to_string(outcome.status);
-    const bool told = outcome.err.starts_with("modelhost: ") || outcome.out.find("{\"error\":\"") != std::string::npos;
+    const bool told = outcome.err.starts_with("modelhost: ") || outcome.out.find("\"error\":\"") != std::string::npos;
     if (!told && !mute) return "failed without a word";
     if (isNew && anyOf(outcome.err + outcome.out, {"untouched", "not saved", "not written", "nothing was saved"}))
         return "the new file is there, and it says that it is not";
