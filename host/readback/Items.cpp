@@ -5,7 +5,12 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
+#include <functional>
+#include <map>
+#include <type_traits>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
 
 namespace readback {
 
@@ -30,28 +35,23 @@ Designation parse(std::string_view item) {
     return {wide.substr(0, bracket), u"Pset_" + inner.substr(0, inner.empty() ? 0 : inner.size() - 1)};
 }
 
-bool hasAttribute(const Model& model, Element element, std::string_view name) {
-    const auto attributes = model.attributes(element);
-    return attributes && std::any_of(attributes->begin(), attributes->end(),
-                                     [&](const model::Attribute& attribute) { return attribute.name == name; });
+std::vector<model::Attribute> attributesOf(const Model& model, Element element) {
+    auto attributes = model.attributes(element);
+    return attributes ? std::move(*attributes) : std::vector<model::Attribute>();
 }
 
-/// The set of the first property of that name; nothing where the element has none.
-std::optional<std::u16string> firstSetWith(const Model& model, Element element, std::u16string_view name) {
-    std::optional<std::u16string> set;
-    model.visitProperties(element, [&](const model::PropertyView& property) {
-        if (!set && property.name == name) set = property.set;
-    });
-    return set;
+std::vector<model::ClassificationReference> classificationsOf(const Model& model, Element element) {
+    auto references = model.classifications(element);
+    return references ? std::move(*references) : std::vector<model::ClassificationReference>();
 }
 
-std::optional<model::ClassificationReference> classificationOf(const Model& model, Element element,
-                                                               std::u16string_view system) {
-    const auto references = model.classifications(element);
-    if (!references) return std::nullopt;
-    const auto found = std::find_if(references->begin(), references->end(),
-                                    [&](const auto& reference) { return reference.system == system; });
-    return found == references->end() ? std::nullopt : std::optional(*found);
+/// The first of each name. The keys are the names in `list`.
+template <class Item, class Name>
+auto byName(const std::vector<Item>& list, Name name) {
+    std::unordered_map<std::decay_t<std::invoke_result_t<Name, const Item&>>, const Item*> known;
+    known.reserve(list.size());
+    for (const Item& item : list) known.try_emplace(std::invoke(name, item), &item);
+    return known;
 }
 
 Truth truthOf(std::string_view word) {
@@ -89,6 +89,7 @@ Stored storedAttribute(const model::Attribute& attribute) {
 /// Of a property that is no enumerated one.
 Stored storedProperty(const model::PropertyView& property) {
     Stored stored;
+    stored.type = property.type;
     if (property.kind != model::PropertyKind::Single) {
         stored.kind = Stored::Kind::Other;
         return stored;
@@ -122,20 +123,65 @@ Stored storedProperty(const model::PropertyView& property) {
     return stored;
 }
 
-Stored storedPropertyAt(const Model& model, Element element, const Place& place) {
+Stored storedEnumeration(const Model& model, Element element, const Place& place) {
     Stored stored;
-    bool found = false, enumerated = false;
-    model.visitProperties(element, [&](const model::PropertyView& property) {
-        if (found || property.name != place.property || property.set != place.set) return;
-        found = true;
-        enumerated = property.kind == model::PropertyKind::Enumerated;
-        if (!enumerated) stored = storedProperty(property);
-    });
-    if (!enumerated) return stored;
     for (const std::u16string& item : model.chosenItems(element, place.set, place.property))
         stored.items.push_back(text::toUtf8(item));
     stored.kind = stored.items.empty() ? Stored::Kind::Nothing : Stored::Kind::Enumerated;
     return stored;
+}
+
+/// Fills in those of the places that are properties.
+void readProperties(const Model& model, Element element, const std::vector<const Place*>& places,
+                    std::vector<Stored>& stored) {
+    using Key = std::pair<std::u16string_view, std::u16string_view>;  // name and set
+    std::multimap<Key, std::size_t> wanted;
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        if (places[i]->kind == Place::Kind::Property) wanted.emplace(Key(places[i]->property, places[i]->set), i);
+    }
+    if (wanted.empty()) return;
+    std::vector<std::size_t> enumerated;
+    model.visitProperties(element, [&](const model::PropertyView& property) {
+        const auto [begin, end] = wanted.equal_range({property.name, property.set});
+        for (auto it = begin; it != end; ++it) {
+            if (property.kind == model::PropertyKind::Enumerated) {
+                enumerated.push_back(it->second);
+            } else {
+                stored[it->second] = storedProperty(property);
+            }
+        }
+        wanted.erase(begin, end);  // of several equal ones the first counts
+    });
+    for (const std::size_t i : enumerated) stored[i] = storedEnumeration(model, element, *places[i]);
+}
+
+void readAttributes(const Model& model, Element element, const std::vector<const Place*>& places,
+                    std::vector<Stored>& stored) {
+    const auto attributes = attributesOf(model, element);
+    const auto known = byName(attributes, &model::Attribute::name);
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        if (places[i]->kind != Place::Kind::Attribute) continue;
+        if (const auto found = known.find(places[i]->attribute); found != known.end())
+            stored[i] = storedAttribute(*found->second);
+    }
+}
+
+void readClassifications(const Model& model, Element element, const std::vector<const Place*>& places,
+                         std::vector<Stored>& stored) {
+    const auto references = classificationsOf(model, element);
+    const auto known = byName(references, &model::ClassificationReference::system);
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        if (places[i]->kind != Place::Kind::Classification) continue;
+        const auto found = known.find(places[i]->system);
+        if (found == known.end()) continue;
+        stored[i].kind = Stored::Kind::Classification;
+        stored[i].text = text::toUtf8(found->second->itemReference.value_or(u""));
+        stored[i].title = text::toUtf8(found->second->name.value_or(u""));
+    }
+}
+
+bool anyIs(const std::vector<const Place*>& places, Place::Kind kind) {
+    return std::any_of(places.begin(), places.end(), [&](const Place* place) { return place->kind == kind; });
 }
 
 /// The text as the model's own parsing wants it: a comma or a *yes* is what people write.
@@ -167,77 +213,83 @@ std::string canonicalForType(std::string_view asked, std::string_view type, Deci
     return decimalComma ? canonical(asked, Stored::Kind::Real, sign) : std::string(asked);
 }
 
-model::Status storeProperty(Model& model, Element element, const Place& place, std::string_view asked, DecimalSign sign,
-                            std::string_view newType) {
-    const std::string wanted = newType.empty() ? canonical(asked, storedAt(model, element, place).kind, sign)
-                                               : canonicalForType(asked, newType, sign);
+model::Status storeProperty(Model& model, Element element, const Place& place, Stored::Kind held,
+                            std::string_view asked, DecimalSign sign, std::string_view newType) {
+    const std::string wanted = newType.empty() ? canonical(asked, held, sign) : canonicalForType(asked, newType, sign);
     return model.setPropertyText(element, {place.set, place.property, text::fromUtf8(wanted), std::string(newType)});
 }
 
 model::Status storeClassification(Model& model, Element element, const Place& place, std::string_view asked) {
-    auto reference = classificationOf(model, element, place.system);
-    if (!reference) return model::Error{model::ErrorKind::BadName, "the element has no such classification"};
+    auto references = classificationsOf(model, element);
+    const auto reference =
+        std::find_if(references.begin(), references.end(), [&](const auto& one) { return one.system == place.system; });
+    if (reference == references.end())
+        return model::Error{model::ErrorKind::BadName, "the element has no such classification"};
     const AskedClassification wanted = askedClassification(asked);
     reference->itemReference = text::fromUtf8(wanted.code);
     reference->name = text::fromUtf8(wanted.title);
     return model.setClassification(element, *reference);
 }
 
-}  // namespace
-
-Place placeOf(const Model& model, Element element, std::string_view item) {
-    const Designation wanted = parse(item);
-    Place place;
-    const std::string attribute = text::toUtf8(wanted.name);
-    if (hasAttribute(model, element, attribute)) {
-        place.kind = Place::Kind::Attribute;
-        place.attribute = attribute;
-        return place;
-    }
-    const auto set = firstSetWith(model, element, wanted.name);
-    if (set || !wanted.set.empty()) {
-        place.kind = Place::Kind::Property;
-        place.set = set.value_or(wanted.set);
-        place.property = wanted.name;
-        place.isNew = !set;
-        return place;
-    }
-    const bool known = std::find(NewSystems.begin(), NewSystems.end(), wanted.name) != NewSystems.end();
-    if (known || classificationOf(model, element, wanted.name)) {
-        place.kind = Place::Kind::Classification;
-        place.system = wanted.name;
-    }
-    return place;
+/// The set of the first property of each of the names; a name that the element has not is not there.
+std::unordered_map<std::u16string_view, std::u16string> firstSets(const Model& model, Element element,
+                                                                  const std::vector<Designation>& wanted) {
+    std::unordered_set<std::u16string_view> names;
+    for (const Designation& designation : wanted) names.insert(designation.name);
+    std::unordered_map<std::u16string_view, std::u16string> sets;
+    model.visitProperties(element, [&](const model::PropertyView& property) {
+        if (const auto name = names.find(property.name); name != names.end()) sets.try_emplace(*name, property.set);
+    });
+    return sets;
 }
 
-Stored storedAt(const Model& model, Element element, const Place& place) {
-    if (place.kind == Place::Kind::Property) return storedPropertyAt(model, element, place);
-    Stored stored;
-    if (place.kind == Place::Kind::Attribute) {
-        const auto attributes = model.attributes(element);
-        if (!attributes) return stored;
-        const auto found = std::find_if(attributes->begin(), attributes->end(),
-                                        [&](const auto& attribute) { return attribute.name == place.attribute; });
-        if (found != attributes->end()) stored = storedAttribute(*found);
-    } else if (place.kind == Place::Kind::Classification) {
-        if (const auto reference = classificationOf(model, element, place.system)) {
-            stored.kind = Stored::Kind::Classification;
-            stored.text = text::toUtf8(reference->itemReference.value_or(u""));
-            stored.title = text::toUtf8(reference->name.value_or(u""));
+}  // namespace
+
+std::vector<Place> placesOf(const Model& model, Element element, const std::vector<std::string_view>& items) {
+    std::vector<Designation> wanted;
+    for (const std::string_view item : items) wanted.push_back(parse(item));
+    const auto attributeList = attributesOf(model, element);
+    const auto attributes = byName(attributeList, &model::Attribute::name);
+    const auto sets = firstSets(model, element, wanted);
+    const auto references = classificationsOf(model, element);
+    const auto systems = byName(references, &model::ClassificationReference::system);
+    std::vector<Place> places(items.size());
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        Place& place = places[i];
+        const auto& [name, set] = wanted[i];
+        const auto known = sets.find(name);
+        if (std::string attribute = text::toUtf8(name); attributes.contains(attribute)) {
+            place.kind = Place::Kind::Attribute;
+            place.attribute = std::move(attribute);
+        } else if (known != sets.end() || !set.empty()) {
+            place.kind = Place::Kind::Property;
+            place.set = known != sets.end() ? known->second : set;
+            place.property = name;
+            place.isNew = known == sets.end();
+        } else if (systems.contains(name) ||
+                   std::find(NewSystems.begin(), NewSystems.end(), name) != NewSystems.end()) {
+            place.kind = Place::Kind::Classification;
+            place.system = name;
         }
     }
+    return places;
+}
+
+std::vector<Stored> storedAt(const Model& model, Element element, const std::vector<const Place*>& places) {
+    std::vector<Stored> stored(places.size());
+    readProperties(model, element, places, stored);
+    if (anyIs(places, Place::Kind::Attribute)) readAttributes(model, element, places, stored);
+    if (anyIs(places, Place::Kind::Classification)) readClassifications(model, element, places, stored);
     return stored;
 }
 
-model::Status storeAsAsked(Model& model, Element element, const Place& place, std::string_view asked, DecimalSign sign,
-                           std::string_view newType) {
+model::Status storeAsAsked(Model& model, Element element, const Place& place, Stored::Kind held, std::string_view asked,
+                           DecimalSign sign, std::string_view newType) {
     switch (place.kind) {
-        case Place::Kind::Attribute: {
-            const Stored::Kind kind = storedAt(model, element, place).kind;
-            return model.setAttribute(element, place.attribute, text::fromUtf8(canonical(asked, kind, sign)));
-        }
+        case Place::Kind::Attribute:
+            return model.setAttribute(element, place.attribute, text::fromUtf8(canonical(asked, held, sign)));
         case Place::Kind::Property:
-            return storeProperty(model, element, place, asked, sign, newType);
+            return storeProperty(model, element, place, held, asked, sign, newType);
         case Place::Kind::Classification:
             return storeClassification(model, element, place, asked);
         case Place::Kind::None:

@@ -6,6 +6,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace readback {
 
@@ -20,18 +21,23 @@ struct Place {
     bool isNew = false;            ///< A property that the element does not have, nor its type object.
 };
 
-/// @param item  "FireRating", "FireRating[WallCommon]", "UniFormat Classification". The first attribute of the name;
+/// Many at a time, because an element may have thousands of properties and as many updates.
+/// @param items  "FireRating", "FireRating[WallCommon]", "UniFormat Classification". The first attribute of the name;
 /// else the first property of it, in any set; else, with a set in brackets, a new property; else a classification.
-Place placeOf(const model::Model& model, model::Element element, std::string_view item);
+/// @return a place for each item.
+std::vector<Place> placesOf(const model::Model& model, model::Element element,
+                            const std::vector<std::string_view>& items);
 
-/// What stands there now.
-Stored storedAt(const model::Model& model, model::Element element, const Place& place);
+/// What stands there now. @return a value for each place.
+std::vector<Stored> storedAt(const model::Model& model, model::Element element,
+                             const std::vector<const Place*>& places);
 
 /// Stores what the text asks for, where the item can hold it; only inside a command. An existing property keeps its
 /// type.
+/// @param held  What stands there now.
 /// @param newType  The type for a property that was made for this update, "IfcReal"; empty for any other.
 /// @return why it cannot be stored, as the model says it.
-model::Status storeAsAsked(model::Model& model, model::Element element, const Place& place, std::string_view asked,
-                           DecimalSign sign, std::string_view newType);
+model::Status storeAsAsked(model::Model& model, model::Element element, const Place& place, Stored::Kind held,
+                           std::string_view asked, DecimalSign sign, std::string_view newType);
 
 }  // namespace readback

@@ -25,32 +25,50 @@ std::string newTypeOf(const model::Model& model, const Place& place, const Asked
 }  // namespace
 
 ReadBack::ReadBack(model::Model& model, std::vector<AskedRow> rows) : model_(model) {
-    rows_.reserve(rows.size());
-    for (AskedRow& asked : rows) {
-        Row& row = rows_.emplace_back();
-        row.asked = std::move(asked);
-        row.element = model.find(row.asked.guid);
-        if (!row.element) continue;
-        row.place = placeOf(model, *row.element, row.asked.item);
-        if (row.asked.old && !agrees(*row.asked.old, storedAt(model, *row.element, row.place), row.asked.sign))
-            row.conflict = row.asked.old;
+    rows_.resize(rows.size());
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        rows_[i].asked = std::move(rows[i]);
+        if (const auto element = model.find(rows_[i].asked.guid)) byElement_[*element].push_back(&rows_[i]);
     }
+    for (const auto& [element, group] : byElement_) {
+        std::vector<std::string_view> items;
+        for (Row* row : group) {
+            row->element = element;
+            items.push_back(row->asked.item);
+        }
+        std::vector<Place> places = placesOf(model, element, items);
+        for (std::size_t i = 0; i < group.size(); ++i) group[i]->place = std::move(places[i]);
+        readHeld(element, group);
+        for (Row* row : group) {
+            const auto& old = row->asked.old;
+            if (old && !agrees(*old, row->held, row->asked.sign)) row->conflict = old;
+        }
+    }
+}
+
+void ReadBack::readHeld(model::Element element, const std::vector<Row*>& group) {
+    std::vector<const Place*> places;
+    for (const Row* row : group) places.push_back(&row->place);
+    std::vector<Stored> held = storedAt(model_, element, places);
+    for (std::size_t i = 0; i < group.size(); ++i) group[i]->held = std::move(held[i]);
 }
 
 void ReadBack::read(const std::vector<RowState>& states) {
-    for (std::size_t i = 0; i < rows_.size() && i < states.size(); ++i) {
-        rows_[i].state = states[i];
-        readRow(rows_[i]);
-    }
+    for (std::size_t i = 0; i < rows_.size() && i < states.size(); ++i) rows_[i].state = states[i];
+    readAll();
 }
 
-void ReadBack::readRow(Row& row) {
-    row.outcome.stored.reset();
-    row.outcome.asAsked.reset();
-    if (row.state == RowState::NotTicked || !row.element) return;
-    const Stored held = storedAt(model_, *row.element, row.place);
-    if (row.state == RowState::Done) row.outcome.stored = textOf(held);
-    row.outcome.asAsked = isAsAsked(row.asked.asked, held, row.asked.sign);
+void ReadBack::readAll() {
+    for (const auto& [element, group] : byElement_) {
+        readHeld(element, group);
+        for (Row* row : group) {
+            row->outcome.stored.reset();
+            row->outcome.asAsked.reset();
+            if (row->state == RowState::NotTicked) continue;
+            if (row->state == RowState::Done) row->outcome.stored = textOf(row->held);
+            row->outcome.asAsked = isAsAsked(row->asked.asked, row->held, row->asked.sign);
+        }
+    }
 }
 
 std::vector<ReadBack::Row*> ReadBack::lastOfEachItem() {
@@ -68,12 +86,14 @@ std::vector<ReadBack::Row*> ReadBack::lastOfEachItem() {
 
 void ReadBack::store(Row& row) {
     const std::string newType = row.place.isNew ? newTypeOf(model_, row.place, row.asked) : std::string();
-    model::Status stored = storeAsAsked(model_, *row.element, row.place, row.asked.asked, row.asked.sign, newType);
+    const auto storeAs = [&](const std::string& type) {
+        return storeAsAsked(model_, *row.element, row.place, row.held.kind, row.asked.asked, row.asked.sign, type);
+    };
+    model::Status stored = storeAs(newType);
     // A standard type that cannot hold the text is no reason to lose it: the property was made for this text.
     if (!stored && row.place.isNew) {
         const std::string byText(typeByText(row.asked.asked, row.asked.sign));
-        if (byText != newType)
-            stored = storeAsAsked(model_, *row.element, row.place, row.asked.asked, row.asked.sign, byText);
+        if (byText != newType) stored = storeAs(byText);
     }
     row.outcome.exact = static_cast<bool>(stored);
     if (!stored) row.outcome.obstacle = stored.error().message;
@@ -84,11 +104,7 @@ bool ReadBack::differs(const Row& row) const {
     if (row.outcome.asAsked == false) return true;
     if (!row.place.isNew) return false;
     const std::string standard = model_.standardType(row.place.set, row.place.property);
-    bool other = false;
-    model_.visitProperties(*row.element, [&](const model::PropertyView& property) {
-        if (property.set == row.place.set && property.name == row.place.property) other = property.type != standard;
-    });
-    return other && !standard.empty();
+    return !standard.empty() && row.held.type != standard;
 }
 
 model::Result<std::size_t> ReadBack::storeExactly() {
@@ -101,7 +117,7 @@ model::Result<std::size_t> ReadBack::storeExactly() {
         return 0;
     });
     if (!ran) return ran.error();
-    for (Row& row : rows_) readRow(row);
+    readAll();
     std::size_t count = 0;
     for (Row* row : wanted) {
         row->outcome.exact = row->outcome.exact && row->outcome.asAsked == true;

@@ -5,6 +5,7 @@
 #include "readback/Items.hpp"
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -55,18 +56,21 @@ private:
         AskedRow asked;
         std::optional<model::Element> element;
         Place place;
+        Stored held;  // when the model was last looked at
         std::optional<std::string> conflict;
         RowState state = RowState::NotTicked;
         RowOutcome outcome;
     };
 
-    void readRow(Row& row);
+    void readHeld(model::Element element, const std::vector<Row*>& group);
+    void readAll();
     bool differs(const Row& row) const;
     void store(Row& row);
     std::vector<Row*> lastOfEachItem();
 
     model::Model& model_;
     std::vector<Row> rows_;
+    std::map<model::Element, std::vector<Row*>> byElement_;
 };
 
 }  // namespace readback

@@ -30,6 +30,7 @@ struct Stored {
     double real = 0;
     Truth truth = Truth::False;
     std::vector<std::string> items{};
+    std::string type{};  ///< Of a property's single value, "IfcLabel"; else empty.
 };
 
 /// As people are shown it: numbers in the shortest decimal that reads back, *true*, *false*, *unknown*, a code with its
