@@ -7,6 +7,7 @@
 
 #include <fmt/format.h>
 
+#include <malloc.h>
 #include <new>
 #include <stdexcept>
 #include <utility>
@@ -17,6 +18,15 @@ namespace {
 
 model::Error busy(const char* what) {
     return {model::ErrorKind::Refused, fmt::format("cannot {} while a command of the add-on runs", what)};
+}
+
+/// The lists handed to an add-on take megabytes on an element of thousands of properties, and it asks anew for each
+/// update. The C library would give each back to the system and fetch it again, page by page, at the cost of half the
+/// time.
+void keepFreedMemory() {
+    constexpr int KeptAtTheEnd = 256 << 20, SeparateFrom = 32 << 20;
+    mallopt(M_TRIM_THRESHOLD, KeptAtTheEnd);
+    mallopt(M_MMAP_THRESHOLD, SeparateFrom);
 }
 
 /// How the dialog manager calls a handler.
@@ -40,6 +50,7 @@ struct Host::Content {
 
 Host::Host() : content_(std::make_unique<Content>()) {
     if (!setSession(&content_->session)) throw std::logic_error("there is a Host already");
+    keepFreedMemory();
     fillFunctionTable(content_->session.table.data());
     content_->callerBefore = frontend::setAddOnCaller(&callHandler);
 }

@@ -16,6 +16,9 @@
 
 namespace host {
 
+/// Room made for a list of properties: more than most elements have.
+inline constexpr USize ExpectedProperties = 64;
+
 struct Session {
     std::unique_ptr<model::Model> model;
     std::unique_ptr<AddOn> addOn;
@@ -30,6 +33,8 @@ struct Session {
 
     // What is known of the model beside the model; gone with it.
     PlanIndex plan;
+    /// An update file asks for one element again and again: the list that it was given last tells how long the next is.
+    USize propertiesExpected = ExpectedProperties;
 
     bool busy() const { return addOn && addOn->busy(); }
     void replaceModel(std::unique_ptr<model::Model> replacement);

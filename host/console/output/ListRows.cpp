@@ -3,12 +3,17 @@
 #include "console/output/HostText.hpp"
 
 #include <algorithm>
+#include <cstring>
 
 namespace console {
 namespace {
 
 /// In UTF-16 units. Shorter texts are not worth an entry in the table of texts.
 constexpr std::size_t LongText = 100;
+
+bool equal(std::u16string_view a, std::u16string_view b) {
+    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(char16_t)) == 0;
+}
 
 }  // namespace
 
@@ -49,9 +54,12 @@ std::vector<ListRow> RowReader::readFrom(const frontend::List& list, int first) 
 
 SharedText RowReader::textOf(std::u16string_view units) {
     if (units.size() < LongText) return toUtf8(units);
-    const auto known = longTexts_.find(units);
-    if (known != longTexts_.end()) return known->second;
-    return longTexts_.emplace(units, toUtf8(units)).first->second;
+    if (lastUsed_ == nullptr || !equal(lastUsed_->first, units)) {
+        auto known = longTexts_.find(units);
+        if (known == longTexts_.end()) known = longTexts_.emplace(units, toUtf8(units)).first;
+        lastUsed_ = &*known;
+    }
+    return lastUsed_->second;
 }
 
 }  // namespace console

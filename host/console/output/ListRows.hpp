@@ -53,7 +53,10 @@ public:
 private:
     SharedText textOf(std::u16string_view units);
 
-    std::map<std::u16string, SharedText, std::less<>> longTexts_;
+    using LongTexts = std::map<std::u16string, SharedText, std::less<>>;
+
+    LongTexts longTexts_;
+    const LongTexts::value_type* lastUsed_ = nullptr;  // rows about one element follow each other
 };
 
 }  // namespace console

@@ -6,12 +6,11 @@
 #include "services/Session.hpp"
 #include "text/Unicode.hpp"
 
+#include <algorithm>
+
 namespace host::services {
 
 namespace {
-
-/// Room made beforehand: more than most elements have.
-constexpr USize ExpectedProperties = 64;
 
 /// Lets `read` fill a new array for the element; on an error the caller's array stays as it was.
 template <class Record, class Read>
@@ -66,10 +65,12 @@ GSErrCode Element_GetIFCAttributes(void*, const API_Guid& guid, bool, GS::Array<
 GSErrCode Element_GetIFCProperties(void*, const API_Guid& guid, bool storedOnly,
                                    GS::Array<API_IFCProperty>* properties) {
     return handOut(guid, properties, [&](const model::Model& model, model::Element element, auto& records) {
-        records.SetCapacity(ExpectedProperties);
+        USize& expected = session().propertiesExpected;
+        records.SetCapacity(expected);
         model.visitProperties(element, [&](const model::PropertyView& property) {
             if (!storedOnly || !property.inherited) records.PushMade([&] { return toRecord(property); });
         });
+        expected = std::max(ExpectedProperties, records.GetSize());
         return model::Status{};
     });
 }
