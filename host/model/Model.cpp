@@ -337,20 +337,8 @@ bool Model::commandOpen() const {
     return content_->file->open();
 }
 
-bool Model::canUndo() const {
-    return content_->file->canUndo();
-}
-
-bool Model::canRedo() const {
-    return content_->file->canRedo();
-}
-
-std::string Model::undoName() const {
-    return content_->file->undoName();
-}
-
-std::string Model::redoName() const {
-    return content_->file->redoName();
+UndoSteps Model::undoSteps() const {
+    return content_->file->undoSteps();
 }
 
 bool Model::undo() {

@@ -12,6 +12,7 @@
 #include "model/base/GlobalId.hpp"
 #include "model/base/Records.hpp"
 #include "model/base/Result.hpp"
+#include "model/base/UndoSteps.hpp"
 
 #include <cstdint>
 #include <filesystem>
@@ -131,10 +132,7 @@ public:
     /// @return body's value, or ErrorKind::Nesting.
     Result<std::int32_t> command(std::string name, const std::function<std::int32_t()>& body);
     bool commandOpen() const;
-    bool canUndo() const;  ///< Not while a command is open.
-    bool canRedo() const;
-    std::string undoName() const;  ///< Of the command that undo() would take back; empty where there is none.
-    std::string redoName() const;
+    UndoSteps undoSteps() const;
     bool undo();  ///< Restores the file's text exactly. @return false where there is nothing to undo.
     bool redo();
     bool modified() const;           ///< Whether save() would write other bytes than were last opened or saved.

@@ -44,7 +44,7 @@ TEST_F(Applying, FailingRowDoesNotStopTheOthers) {
 TEST_F(Applying, AllRowsOfOnePressAreOneUndoStep) {
     const std::string before = savedText();
     importUpdates(secondFails_, [](ImportDialog& dialog) { dialog.selectAll().apply(); });
-    EXPECT_EQ(host_.model()->undoName(), "Apply Quillmarsh updates");
+    EXPECT_EQ(host_.model()->undoSteps().undo, "Apply Quillmarsh updates");
     EXPECT_THAT(savedText(), ::testing::AllOf(HasSubstr("'A'"), HasSubstr("'C'")));
     EXPECT_TRUE(host_.undo());
     EXPECT_EQ(savedText(), before);
@@ -63,14 +63,14 @@ TEST_F(Applying, SecondPressAfterSuccessChangesNothing) {
 TEST_F(Applying, NothingTickedChangesNothing) {
     const auto rows = importUpdates(secondFails_, [](ImportDialog& dialog) { dialog.apply(); });
     for (const ImportRow& row : rows) EXPECT_EQ(row.remarks, "");
-    EXPECT_FALSE(host_.model()->canUndo());
+    EXPECT_FALSE(host_.model()->undoSteps().undo.has_value());
 }
 
 TEST_F(Applying, RowTickedAlthoughDisabledIsPassedOver) {
     const auto rows = importUpdates(line(1, "Name", "Wall 1"), [](ImportDialog& dialog) { dialog.tick(1).apply(); });
     EXPECT_EQ(rows[0].remarks, " Old and new values are the same.");
     EXPECT_TRUE(rows[0].ticked());
-    EXPECT_FALSE(host_.model()->canUndo());
+    EXPECT_FALSE(host_.model()->undoSteps().undo.has_value());
 }
 
 TEST_F(Applying, EachPressIsAStepOfItsOwn) {

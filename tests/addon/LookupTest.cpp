@@ -202,7 +202,7 @@ TEST_F(LookingUp, ChangesNothing) {
     const std::string before = savedText();
     lookup(guidText(1));
     EXPECT_EQ(savedText(), before);
-    EXPECT_FALSE(host_.model()->canUndo());
+    EXPECT_FALSE(host_.model()->undoSteps().undo.has_value());
 }
 
 }  // namespace

@@ -103,7 +103,7 @@ TEST_F(Reviewing, KeyboardAloneTicksAppliesAndCloses) {
         EXPECT_TRUE(dialog.isVisible()) << "Apply leaves the dialog open";
         press(dialog, Qt::Key_Escape);
     });
-    EXPECT_EQ(window().document().model()->undoName(), "Apply Quillmarsh updates");
+    EXPECT_EQ(window().document().model()->undoSteps().undo, "Apply Quillmarsh updates");
 }
 
 TEST_F(Reviewing, ReturnIsApplyThoughAnotherButtonHasTheFocus) {

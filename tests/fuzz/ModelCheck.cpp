@@ -107,7 +107,8 @@ void checkChange(const std::string& input, Element element, const Change& change
     require(bool{ran}, "a command cannot be run");
     if (!done) {
         require(!done.error().message.empty(), "a refusal gives no reason");
-        require(model.bytes() == input && !model.canUndo(), "a refused change leaves something behind");
+        require(model.bytes() == input && !model.undoSteps().undo.has_value(),
+                "a refused change leaves something behind");
     }
     const std::string edited = model.bytes();
     const std::vector<std::u16string> after = dataOf(model);

@@ -38,11 +38,11 @@ TEST(Command, IsOneUndoStepUnderItsName) {
     ASSERT_TRUE(result);
     EXPECT_EQ(*result, 0);
     EXPECT_FALSE(model->commandOpen());
-    EXPECT_EQ(model->undoName(), "Both walls");
+    EXPECT_EQ(model->undoSteps().undo, "Both walls");
     EXPECT_TRUE(model->modified());
     EXPECT_TRUE(model->undo());
     EXPECT_FALSE(model->undo());
-    EXPECT_EQ(model->redoName(), "Both walls");
+    EXPECT_EQ(model->undoSteps().redo, "Both walls");
     EXPECT_EQ(model->bytes(), two.ifc.text());
     EXPECT_FALSE(model->modified());
     EXPECT_TRUE(model->redo());
@@ -61,7 +61,7 @@ TEST(Command, WhoseBodyFailsIsRolledBack) {
     });
     ASSERT_TRUE(result);
     EXPECT_EQ(*result, -5);
-    EXPECT_FALSE(model->canUndo());
+    EXPECT_FALSE(model->undoSteps().undo.has_value());
     EXPECT_EQ(model->bytes(), two.ifc.text());
     EXPECT_EQ(model.snapshot(), before);
     // Nothing of the rolled-back command is in the way of the next one.
@@ -100,7 +100,7 @@ TEST(Command, ThatChangedNothingLeavesNoStep) {
     TwoWalls two;
     Opened model(two.ifc);
     ASSERT_TRUE(model.setProperty(0, "S", "P", "old"));
-    EXPECT_FALSE(model->canUndo());
+    EXPECT_FALSE(model->undoSteps().undo.has_value());
     EXPECT_FALSE(model->modified());
 }
 

@@ -62,7 +62,7 @@ TEST(OtherKindsOfProperties, StayWhetherOwnSharedOrInherited) {
                 Opened model(ifc);
                 ASSERT_TRUE(model.setProperty(0, "S", "P", "x"));
                 EXPECT_EQ(model->bytes(), ifc.text());
-                EXPECT_FALSE(model->canUndo());
+                EXPECT_FALSE(model->undoSteps().undo.has_value());
                 // Beside it in a shared set, where the set is split.
                 ASSERT_TRUE(model.setProperty(0, "S", "New", "x"));
                 EXPECT_EQ(model.data(1), Opened(ifc).data(1));

@@ -221,7 +221,7 @@ TEST_P(OutOfMemory, InAChangeRollsTheCommandBackAndTheNextOneSucceeds) {
             if (fromThenOn) (void)model.data(0);  // Then less is left to be made for the change itself.
             const Outcome outcome = withFailure(place, fromThenOn, [&] { make(change, model); });
             expectSound(model, outcome == Outcome::OutOfMemory ? original_ : changed, what);
-            EXPECT_EQ(model->canUndo(), outcome != Outcome::OutOfMemory) << what;
+            EXPECT_EQ(model->undoSteps().undo.has_value(), outcome != Outcome::OutOfMemory) << what;
             if (outcome == Outcome::OutOfMemory) make(change, model);
             expectSound(model, changed, what + ", the second time");
             EXPECT_TRUE(model->undo());

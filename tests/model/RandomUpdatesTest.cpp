@@ -262,7 +262,8 @@ public:
     /// After a command.
     std::string note() {
         State next(model_);
-        if (next.bytes == now().bytes) return model_->canUndo() == (at_ > 0) ? "" : "a command of no change is a step";
+        if (next.bytes == now().bytes)
+            return model_->undoSteps().undo.has_value() == (at_ > 0) ? "" : "a command of no change is a step";
         states_.resize(at_ + 1, next);
         states_.push_back(std::move(next));
         ++at_;
@@ -290,7 +291,8 @@ private:
     std::string check(const std::string& what) const {
         if (model_->bytes() != now().bytes) return "other bytes after " + what;
         if (model_.snapshot() != now().data) return "other data after " + what;
-        if (model_->canUndo() != (at_ > 0) || model_->canRedo() != (at_ + 1 < states_.size()))
+        const model::UndoSteps steps = model_->undoSteps();
+        if (steps.undo.has_value() != (at_ > 0) || steps.redo.has_value() != (at_ + 1 < states_.size()))
             return "steps after " + what;
         return model_->modified() == (now().bytes != states_.front().bytes) ? "" : "modified() after " + what;
     }
@@ -355,7 +357,7 @@ RC_GTEST_PROP(RandomUpdates, OfACommandThatFailsAreRolledBack, ()) {
     RC_ASSERT(static_cast<bool>(ran));
     RC_ASSERT(model->bytes() == before.bytes);
     RC_ASSERT(model.snapshot() == before.data);
-    RC_ASSERT(!model->canUndo());
+    RC_ASSERT(!model->undoSteps().undo.has_value());
     // What the model knows of the file has been rolled back with it.
     RC_ASSERT(liveThrough(dice, model, 3, true) == "");
 }

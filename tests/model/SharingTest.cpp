@@ -411,7 +411,7 @@ TEST(Refusal, OfAListThatTheElementCannotLeaveLeavesNoByte) {
                 EXPECT_FALSE(model.classify(0, label, "2", "Two")) << list;
             }
             EXPECT_EQ(model->bytes(), ifc.text()) << list;
-            EXPECT_FALSE(model->canUndo());
+            EXPECT_FALSE(model->undoSteps().undo.has_value());
             EXPECT_EQ(model.snapshot(), before);
         }
     }

@@ -96,7 +96,7 @@ TEST_F(UndoableCommands, AreOneStepWithTheirName) {
                   })),
                   "NoError");
     });
-    EXPECT_EQ(host_.model()->undoName(), "Test command");
+    EXPECT_EQ(host_.model()->undoSteps().undo, "Test command");
     EXPECT_TRUE(host_.undo());
     EXPECT_FALSE(host_.undo());
     EXPECT_EQ(savedText(), houseWithWall().text());

@@ -113,7 +113,7 @@ TEST_P(Refused, EditChangesNothing) {
     EXPECT_EQ(done.error().kind, ErrorKind::Refused);
     EXPECT_THAT(done.error().message, HasSubstr(GetParam().reason));
     EXPECT_EQ(dataOf(edit.file->bytes()), GetParam().data);
-    EXPECT_FALSE(edit.file->canUndo());
+    EXPECT_FALSE(edit.file->undoSteps().undo.has_value());
 }
 
 Status editSlot(Editing& edit, Slot slot) {

@@ -58,7 +58,7 @@ TEST_P(RemovingReferences, CanBeRolledBack) {
     file->rollback();
     EXPECT_EQ(dataOf(file->bytes()), GetParam().before);
     EXPECT_FALSE(file->modified());
-    EXPECT_FALSE(file->canUndo());
+    EXPECT_FALSE(file->undoSteps().undo.has_value());
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -272,16 +272,16 @@ void ScriptUser::point(const JsonValue& step) {
 
 void ScriptUser::undo(const JsonValue&) {
     if (refusedWhileCommandRuns()) return;
-    const std::string name = session_.model().undoName();
-    if (!session_.host().undo()) return fail("there is nothing to undo");
-    tell("name", wellFormed(name));
+    const auto name = session_.model().undoSteps().undo;
+    if (!name || !session_.host().undo()) return fail("there is nothing to undo");
+    tell("name", wellFormed(*name));
 }
 
 void ScriptUser::redo(const JsonValue&) {
     if (refusedWhileCommandRuns()) return;
-    const std::string name = session_.model().redoName();
-    if (!session_.host().redo()) return fail("there is nothing to redo");
-    tell("name", wellFormed(name));
+    const auto name = session_.model().undoSteps().redo;
+    if (!name || !session_.host().redo()) return fail("there is nothing to redo");
+    tell("name", wellFormed(*name));
 }
 
 bool ScriptUser::hasChangesNobodySaved() {

@@ -17,9 +17,11 @@ namespace desktop {
 namespace {
 
 /// "Undo" with the step's name, in which an ampersand is a letter.
-QString withName(const QString& verb, bool possible, const std::string& name) {
-    if (!possible || name.empty()) return verb;
-    return verb + u' ' + toQString(name).replace(u'&', QStringLiteral("&&"));
+/// A menu item for the step named, if there is one.
+void offer(QAction& action, const QString& verb, const std::optional<std::string>& step) {
+    action.setEnabled(step.has_value());
+    const bool named = step && !step->empty();
+    action.setText(named ? verb + u' ' + toQString(*step).replace(u'&', QStringLiteral("&&")) : verb);
 }
 
 }  // namespace
@@ -60,12 +62,9 @@ EditMenu::EditMenu(QMainWindow* window, Document& document, ElementPanel& elemen
 /// Copying and finding only look at the model, so they stay open while a command runs.
 void EditMenu::update() {
     const bool free = document_.isOpen() && !busy_.active();
-    const bool canUndo = free && document_.model()->canUndo();
-    const bool canRedo = free && document_.model()->canRedo();
-    undo_->setEnabled(canUndo);
-    redo_->setEnabled(canRedo);
-    undo_->setText(withName(QStringLiteral("&Undo"), canUndo, canUndo ? document_.model()->undoName() : ""));
-    redo_->setText(withName(QStringLiteral("&Redo"), canRedo, canRedo ? document_.model()->redoName() : ""));
+    const auto steps = free ? document_.model()->undoSteps() : model::UndoSteps();
+    offer(*undo_, QStringLiteral("&Undo"), steps.undo);
+    offer(*redo_, QStringLiteral("&Redo"), steps.redo);
     copyGuid_->setEnabled(document_.isOpen() && elements_.current().has_value());
     find_->setEnabled(document_.isOpen());
 }

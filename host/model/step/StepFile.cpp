@@ -167,17 +167,8 @@ bool StepFile::commit(std::string name) {
 void StepFile::rollback() {
     content_->changes.rollback();
 }
-bool StepFile::canUndo() const {
-    return content_->changes.canUndo();
-}
-bool StepFile::canRedo() const {
-    return content_->changes.canRedo();
-}
-std::string StepFile::undoName() const {
-    return content_->changes.undoName();
-}
-std::string StepFile::redoName() const {
-    return content_->changes.redoName();
+UndoSteps StepFile::undoSteps() const {
+    return content_->changes.undoSteps();
 }
 bool StepFile::undo() {
     return content_->changes.undo();

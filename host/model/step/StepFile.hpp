@@ -12,6 +12,7 @@
 
 #include "model/base/FileOptions.hpp"
 #include "model/base/Result.hpp"
+#include "model/base/UndoSteps.hpp"
 #include "model/step/editing/ChangeListener.hpp"
 #include "model/step/index/Remark.hpp"
 #include "model/step/index/Slot.hpp"
@@ -102,11 +103,8 @@ public:
     /// Ends the command and takes its changes back. Ids given to new instances are free again.
     void rollback();
 
-    bool canUndo() const;  ///< Never while a command is open.
-    bool canRedo() const;
-    std::string undoName() const;  ///< As commit() was told; empty where there is nothing to undo.
-    std::string redoName() const;
-    bool undo();  ///< @return false where canUndo() is.
+    UndoSteps undoSteps() const;  ///< Named as commit() was told.
+    bool undo();                  ///< @return false where there is nothing to undo, or a command is open.
     bool redo();
     /// True where the bytes differ from those last opened or saved.
     bool modified() const;

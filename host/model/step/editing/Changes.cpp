@@ -371,6 +371,13 @@ void Changes::exchangeAll(Command& command) noexcept {
     ++changeCount_;
 }
 
+UndoSteps Changes::undoSteps() const {
+    UndoSteps steps;
+    if (canUndo()) steps.undo = commands_[done_ - 1].name;
+    if (canRedo()) steps.redo = commands_[done_].name;
+    return steps;
+}
+
 bool Changes::undo() noexcept {
     if (!canUndo()) return false;
     exchangeAll(commands_[--done_]);

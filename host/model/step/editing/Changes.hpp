@@ -1,6 +1,7 @@
 #pragma once
 // The instances as they are now: the index of the file with the changes laid over it, and the journal that undoes them.
 
+#include "model/base/UndoSteps.hpp"
 #include "model/step/editing/ChangeListener.hpp"
 #include "model/step/editing/ReferenceRemovals.hpp"
 #include "model/step/index/Index.hpp"
@@ -89,10 +90,7 @@ public:
 
     bool undo() noexcept;
     bool redo() noexcept;
-    bool canUndo() const { return !running_ && done_ > 0; }
-    bool canRedo() const { return !running_ && done_ < commands_.size(); }
-    std::string undoName() const { return canUndo() ? commands_[done_ - 1].name : std::string(); }
-    std::string redoName() const { return canRedo() ? commands_[done_].name : std::string(); }
+    UndoSteps undoSteps() const;
 
     std::uint64_t revision() const { return changeCount_; }
     /// Stands for the bytes that saving would write: equal for equal bytes, and 0 for those of the file as opened. It
@@ -118,6 +116,8 @@ private:
         InstanceId otherNextId = 0;
     };
 
+    bool canUndo() const { return !running_ && done_ > 0; }
+    bool canRedo() const { return !running_ && done_ < commands_.size(); }
     ChangedInstance& changeable(Slot slot);
     ChangedInstance& newRecord();
     bool reserveId();
