@@ -28,6 +28,7 @@ struct Model::Content {
     std::unique_ptr<step::StepFile> file;
     // The indexes in it are made when they are first needed, by reading as well.
     mutable ifc::Workspace work;
+    ifc::Storeys storeys{work};
     std::vector<std::string> remarks;
     std::vector<std::string> notes;
     std::unordered_set<Element> noted;  ///< Elements whose duplicates have been told of.
@@ -232,7 +233,7 @@ std::u16string Model::name(Element element) const {
 }
 
 std::string Model::storey(Element element) const {
-    const step::Slot storey = ifc::storeyOf(content_->work, content_->work.elements.slot(element));
+    const step::Slot storey = content_->storeys.of(content_->work.elements.slot(element));
     return storey == step::NoSlot ? std::string{} : text::toUtf8(ifc::attributeText(content_->work, storey, "Name"));
 }
 

@@ -1,5 +1,8 @@
 #include "model/ifc/geometry/Spatial.hpp"
 
+#include <utility>
+#include <vector>
+
 namespace model::ifc {
 
 namespace {
@@ -19,18 +22,34 @@ Slot parentOf(Workspace& work, Slot object) {
     return step::NoSlot;
 }
 
+bool isStorey(Workspace& work, Slot object) {
+    const Entity* entity = work.classes.of(object).entity;
+    return entity != nullptr && entity->isA("IfcBuildingStorey");
+}
+
 }  // namespace
 
-Slot storeyOf(Workspace& work, Slot element) {
-    // A chain longer than any building is a circle.
-    constexpr int Longest = 64;
-    Slot current = parentOf(work, element);
-    for (int i = 0; i < Longest && current != step::NoSlot; ++i) {
-        const Class& cls = work.classes.of(current);
-        if (cls.entity != nullptr && cls.entity->isA("IfcBuildingStorey")) return current;
-        current = parentOf(work, current);
+Slot Storeys::of(Slot element) {
+    if (std::exchange(revision_, work_.file.revision()) != work_.file.revision()) above_.clear();
+    std::vector<Slot> passed;
+    Slot storey = step::NoSlot;
+    for (Slot current = element;;) {
+        // A circle meets its own beginning here, and leads nowhere.
+        const auto [known, isNew] = above_.try_emplace(current, step::NoSlot);
+        if (!isNew) {
+            storey = known->second;
+            break;
+        }
+        passed.push_back(current);
+        current = parentOf(work_, current);
+        if (current == step::NoSlot) break;
+        if (isStorey(work_, current)) {
+            storey = current;
+            break;
+        }
     }
-    return step::NoSlot;
+    for (const Slot below : passed) above_[below] = storey;
+    return storey;
 }
 
 }  // namespace model::ifc
