@@ -182,7 +182,7 @@ StandardHints standardHints(const std::vector<UnknownItem>& items, model::ifc::S
     for (const auto& [text, rows] : told) {
         if (hints.texts.size() == MostHints) {
             hints.texts.push_back(
-                fmt::format("{} more names could be better ones; mend these first", told.size() - MostHints));
+                fmt::format("{} more names could be better ones; fix these first", told.size() - MostHints));
             break;
         }
         std::string hint = numbered("row", rows);

@@ -3,6 +3,7 @@
 #include "model/ifc/schema/Schema.hpp"
 #include "model/step/syntax/Numbers.hpp"
 #include "model/step/syntax/StringEncoder.hpp"
+#include "support/InstanceText.hpp"
 #include "text/Unicode.hpp"
 
 #include <gtest/gtest.h>
@@ -64,24 +65,13 @@ Id TinyModel::raw(const std::string& body) {
 }
 
 Id TinyModel::add(std::string_view ifcClass, const Values& values) {
-    const auto* entity = Schema::of(*Schema::versionOf(schema)).entity(ifcClass);
-    if (entity == nullptr) throw std::invalid_argument(schema + " has no " + std::string(ifcClass));
-    std::string body(ifcClass);
-    std::transform(body.begin(), body.end(), body.begin(), [](unsigned char c) { return std::toupper(c); });
-    body += '(';
-    for (const auto& attribute : entity->attributes()) {
-        std::string value = attribute.derived ? "*" : "$";
-        if (attribute.name == "GlobalId") value = "'" + globalIdText(++rootsMade_) + "'";
-        if (attribute.name == "OwnerHistory" && ownerHistory_ != 0) value = ref(ownerHistory_);
-        for (const auto& [name, text] : values) {
-            if (name == attribute.name) value = text;
-        }
-        body += (body.back() == '(' ? "" : ",") + value;
-    }
-    for (const auto& [name, text] : values) {
-        if (entity->attributeIndex(name) < 0) throw std::invalid_argument("no attribute " + std::string(name));
-    }
-    return raw(body + ")");
+    const auto& entity = testing_support::entityOf(schema, ifcClass);
+    Values all;
+    if (entity.attributeIndex("GlobalId") >= 0) all.emplace_back("GlobalId", "'" + globalIdText(++rootsMade_) + "'");
+    if (entity.attributeIndex("OwnerHistory") >= 0 && ownerHistory_ != 0)
+        all.emplace_back("OwnerHistory", ref(ownerHistory_));
+    all.insert(all.end(), values.begin(), values.end());
+    return raw(testing_support::instanceText(entity, all));
 }
 
 std::string TinyModel::globalIdText(unsigned number) {

@@ -7,6 +7,7 @@
 //     ifc.give({wall}, ifc.set("Pset_WallCommon", {ifc.single("FireRating", "IFCLABEL('60')")}));
 
 #include "model/Model.hpp"
+#include "support/InstanceText.hpp"
 
 #include <cstdint>
 #include <memory>
@@ -17,8 +18,7 @@
 
 using Id = std::uint64_t;
 using Ids = std::vector<Id>;
-/// Attribute names with STEP text; the others become "$".
-using Values = std::vector<std::pair<std::string_view, std::string>>;
+using Values = testing_support::AttributeValues;
 
 std::string ref(Id id);            ///< "#12"
 std::string refs(const Ids& ids);  ///< "(#12,#13)"

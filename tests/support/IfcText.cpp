@@ -2,7 +2,6 @@
 
 #include "Guid.hpp"
 #include "model/Model.hpp"
-#include "model/ifc/schema/Schema.hpp"
 
 #include <fmt/format.h>
 
@@ -28,14 +27,6 @@ std::string references(const std::vector<Id>& ids) {
 
 std::string optionalText(std::string_view text) {
     return text.empty() ? "$" : stepText(text);
-}
-
-const model::ifc::Entity& entityOf(std::string_view schema, std::string_view ifcClass) {
-    const auto version = model::ifc::Schema::versionOf(schema);
-    if (!version) throw std::invalid_argument("no such schema: " + std::string(schema));
-    const model::ifc::Entity* entity = model::ifc::Schema::of(*version).entity(ifcClass);
-    if (entity == nullptr) throw std::invalid_argument(fmt::format("{} has no class {}", schema, ifcClass));
-    return *entity;
 }
 
 }  // namespace
@@ -66,18 +57,7 @@ std::string stepText(std::string_view text) {
 IfcText::IfcText(std::string schemaName) : schema_(std::move(schemaName)) {}
 
 std::string IfcText::instance(std::string_view ifcClass, const Values& values) const {
-    const model::ifc::Entity& entity = entityOf(schema_, ifcClass);
-    std::vector<std::string> arguments;
-    for (const auto& attribute : entity.attributes()) arguments.emplace_back(attribute.derived ? "*" : "$");
-    for (const auto& [name, value] : values) {
-        const int index = entity.attributeIndex(name);
-        if (index < 0) throw std::invalid_argument(fmt::format("{} has no attribute {}", ifcClass, name));
-        arguments[static_cast<std::size_t>(index)] = value;
-    }
-    std::string keyword(ifcClass);
-    std::transform(keyword.begin(), keyword.end(), keyword.begin(),
-                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
-    return fmt::format("{}({})", keyword, fmt::join(arguments, ","));
+    return instanceText(entityOf(schema_, ifcClass), values);
 }
 
 Id IfcText::add(std::string_view ifcClass, const Values& values) {

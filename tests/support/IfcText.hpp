@@ -7,6 +7,8 @@
 //     ifc.property(wall, "Pset_WallCommon", "FireRating", "IFCLABEL('60')");
 //     host.openText(ifc.text());
 
+#include "support/InstanceText.hpp"
+
 #include <cstdint>
 #include <deque>
 #include <map>
@@ -28,8 +30,7 @@ std::string stepText(std::string_view text);
 class IfcText {
 public:
     using Id = std::uint64_t;
-    /// Attribute names of the schema with their STEP text; the others become "$".
-    using Values = std::vector<std::pair<std::string_view, std::string>>;
+    using Values = AttributeValues;
 
     explicit IfcText(std::string schema = "IFC4");
 

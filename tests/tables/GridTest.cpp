@@ -108,8 +108,8 @@ TEST(Grid, CountsCellsWithTabsAndLineEnds) {
 
 TEST(Grid, LeavesOutErrorsOfFormulas) {
     EXPECT_EQ(askedOf("GUID,A,B\n" + D + ",#N/A,#REF!\n", "a.csv"),
-              "line 2 A: it shows the error '#N/A'; mend the formula, or empty the cell\n"
-              "line 2 B: it shows the error '#REF!'; mend the formula, or empty the cell\n");
+              "line 2 A: it shows the error '#N/A'; fix the formula, or empty the cell\n"
+              "line 2 B: it shows the error '#REF!'; fix the formula, or empty the cell\n");
     const std::string guid = "<c t=\"inlineStr\"><is><t>" + D + "</t></is></c>";
     EXPECT_EQ(
         askedOf(
@@ -117,7 +117,7 @@ TEST(Grid, LeavesOutErrorsOfFormulas) {
                    "<c t=\"inlineStr\"><is><t>B</t></is></c></row><row r=\"2\">" +
                    guid + "<c t=\"e\"><v>#NAME?</v></c><c><f>B1</f></c></row>"),
             "a.xlsx"),
-        "line 2 A: it shows the error '#NAME?'; mend the formula, or empty the cell\n"
+        "line 2 A: it shows the error '#NAME?'; fix the formula, or empty the cell\n"
         "line 2 B: its formula has no value yet; open the file in a spreadsheet program and save it\n");
 }
 

@@ -107,7 +107,7 @@ TEST(StandardHints, AreFewWhateverIsWritten) {
     for (int i = 0; i < 40000; ++i) items.push_back(item("FireRating[Pset_" + std::to_string(i) + "]"));
     const auto texts = hints(items);
     ASSERT_EQ(texts.size(), 21U);
-    EXPECT_EQ(texts.back(), "180 more names could be better ones; mend these first");
+    EXPECT_EQ(texts.back(), "180 more names could be better ones; fix these first");
 }
 
 }  // namespace

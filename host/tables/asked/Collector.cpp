@@ -84,7 +84,7 @@ void Collector::take(Request request) {
     }
     if (showsFault(request)) {
         leaveOut(request.line, request.column,
-                 "it shows the error " + inQuotes(request.text) + "; mend the formula, or empty the cell");
+                 "it shows the error " + inQuotes(request.text) + "; fix the formula, or empty the cell");
         return;
     }
     AskedUpdate update{request.guid, request.item,   std::move(request.old), std::string(value),

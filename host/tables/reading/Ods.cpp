@@ -23,7 +23,8 @@ std::uint32_t countOf(std::string_view text) {
     return std::max(count, std::uint32_t{1});
 }
 
-/// Puts a paragraph's text together: runs of blanks and line ends are one blank, what stands for more are elements.
+/// Puts a paragraph's text together by the rules of ISO/IEC 26300: runs of blanks and line ends are one blank, what
+/// stands for more are elements.
 class Paragraphs {
 public:
     void clear() {
@@ -108,6 +109,7 @@ private:
     std::size_t skipped_ = 0;  ///< Depth in something that is no cell's text: a comment, a drawing, a change record.
 };
 
+/// By local name: the namespaces differ between versions of the format.
 bool isBesideTheText(std::string_view name) {
     constexpr std::array names{"annotation",   "tracked-changes", "shapes",   "frame",  "g",
                                "custom-shape", "ruby-text",       "text-box", "object", "note"};
@@ -115,6 +117,7 @@ bool isBesideTheText(std::string_view name) {
 }
 
 void ContentReader::begin(std::string_view name, const xml::Attributes& attributes) {
+    // A comment stands inside its cell, with paragraphs of its own, and is no part of the cell's text.
     if (skipped_ > 0 || isBesideTheText(name)) {
         ++skipped_;
         return;
@@ -186,6 +189,7 @@ void ContentReader::beginRow(const xml::Attributes& attributes) {
 }
 
 void ContentReader::endRow() {
+    // LibreOffice ends a sheet with one row repeated to the million.
     builder_->repeatRow(std::min(rowRepeats_ - 1, MostRows - row_));
     if (builder_->tooLarge()) endTable();
 }
@@ -202,6 +206,7 @@ void ContentReader::beginCell(const xml::Attributes& attributes, bool covered) {
     cell_.fault = attributes.value("value-type", Foundation) == "error";
     cell_.formula = !attributes.value("formula").empty();
     cell_.covered = covered;
+    // The value itself, and not the paragraphs, which hold it as it is shown: rounded, with units, in some language.
     for (const char* attribute : {"value", "date-value", "time-value", "boolean-value", "string-value"})
         if (const auto value = attributes.value(attribute, Office); !value.empty()) cell_.value = value;
 }

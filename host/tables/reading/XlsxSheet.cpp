@@ -73,7 +73,7 @@ private:
     bool hasFormula_ = false;
     bool inCell_ = false;
     bool inValue_ = false;
-    bool inReading_ = false;
+    bool inReading_ = false;  ///< In the phonetic reading of a Japanese text, which is not shown.
 };
 
 void SheetReader::begin(std::string_view name, const xml::Attributes& attributes) {
@@ -100,6 +100,7 @@ void SheetReader::beginRow(const xml::Attributes& attributes) {
 }
 
 void SheetReader::beginCell(const xml::Attributes& attributes) {
+    // ECMA-376 lets a cell leave out its place; it then follows the one before.
     const std::string_view where = attributes.value("r");
     const auto place = where.empty() ? Place{place_.row, nextColumn_} : parsePlace(where);
     if (!place || place->row != place_.row || place->column >= MostColumns) {
@@ -127,6 +128,7 @@ void SheetReader::end(std::string_view name) {
 void SheetReader::endCell() {
     inCell_ = false;
     if (value_.empty()) {
+        // Written by a program that does not calculate: nobody knows the value before a spreadsheet has opened it.
         if (hasFormula_ && type_ != "str") addText(CellKind::Uncomputed, {});
         return;
     }
@@ -162,6 +164,7 @@ void SheetReader::addNumber() {
         failHere(inQuotes(value_) + " is no number; the workbook is damaged: open and save it with its own program");
         return;
     }
+    // A date is a number of days; only the format of its cell says that it is one.
     const NumberStyle style = style_ < shared_.styles.size() ? shared_.styles[style_] : NumberStyle::Number;
     if (style != NumberStyle::Number) {
         if (const auto date = dateText(*number, shared_.days, style == NumberStyle::Time)) {

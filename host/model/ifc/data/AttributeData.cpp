@@ -48,7 +48,8 @@ Error refused(std::string reason) {
     return {ErrorKind::Refused, std::move(reason)};
 }
 
-/// Whether a value of that kind may be replaced by another one.
+/// Whether a value of that kind may be replaced by another one. What the schema does not allow there (a reference, a
+/// list, a typed value) was put there by a program that knows more than we do: it stays.
 Status checkReplaceable(Value held) {
     switch (held.kind) {
         case ValueKind::Derived:
@@ -57,7 +58,7 @@ Status checkReplaceable(Value held) {
             std::u16string text;
             if (step::decodeString(held.text, text) != step::Decoding::Undecodable) return {};
             return refused("the file holds a text that cannot be decoded, " + std::string(held.text) +
-                           "; mend it in the program that wrote it");
+                           "; fix it in the program that wrote it");
         }
         case ValueKind::Unset:
         case ValueKind::Integer:
@@ -89,6 +90,7 @@ Result<std::vector<model::Attribute>> readAttributes(Workspace& work, Element el
     attributes.reserve(declared.size());
     for (std::size_t i = 0; i < declared.size(); ++i) {
         if (!isListed(declared[i])) continue;
+        // Old exporters leave out the last attributes of an instance.
         const Value value = i < instance.arguments.size() ? instance.arguments[i] : Value{ValueKind::Unset, {}};
         attributes.push_back({declared[i].name, valueText(value, declared[i].base), typeOf(declared[i].base)});
     }
@@ -124,6 +126,7 @@ Status setAttribute(Workspace& work, Element element, std::string_view name, std
     if (valueText(held, attribute.base) == text) return {};
     Result<std::string> stepText = newValue(attribute, text);
     if (!stepText) return stepText.error();
+    // *9.0* asked for where the file holds 9. is no change, and leaves no undo step.
     if (sameValue(held, attribute.base, *stepText)) return {};
     return work.file.replaceValue(slot, held, *stepText);
 }

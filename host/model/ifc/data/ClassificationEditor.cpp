@@ -203,7 +203,7 @@ Status ClassificationEditor::checkReadable(Slot reference) const {
             held.kind != step::ValueKind::String || step::decodeString(held.text, text) != step::Decoding::Undecodable;
         if (!readable) {
             return Error{ErrorKind::Refused, "the file holds a text that cannot be decoded, " + std::string(held.text) +
-                                                 "; mend it in the program that wrote it"};
+                                                 "; fix it in the program that wrote it"};
         }
     }
     return {};

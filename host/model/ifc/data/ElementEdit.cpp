@@ -40,6 +40,7 @@ bool ElementEdit::isReadable(Slot slot) const {
     return work_.file.read(slot, instance) && isWellFormed(instance);
 }
 
+/// Files name an element twice in one relation; it is alone in it all the same.
 bool ElementEdit::isAlone(Slot relation) const {
     const LongRelation* longRelation = work_.longRelations.find(relation);
     if (longRelation != nullptr && longRelation->namesSeveral) return false;
@@ -61,6 +62,8 @@ bool ElementEdit::isUsedOnlyBy(Slot instance, Slot user) const {
     return only;
 }
 
+/// Whether nobody but the element is given it: each use is a relation that names this element alone. A set in a type
+/// object's list is used by no relation, and is not the element's.
 bool ElementEdit::isOwn(Slot instance) const {
     bool ownOnly = true;
     work_.inverseReferences.forEachUse(instance, [&](const Use& use) {
@@ -83,6 +86,7 @@ InstanceBuilder ElementEdit::newRoot(std::string_view entityName, const std::str
     return draft;
 }
 
+/// Without the names of all its elements where these are many: the copy is to name one.
 InstanceBuilder ElementEdit::copyOfRoot(Slot original, const std::string& purpose) {
     const LongRelation* relation = work_.longRelations.of(original);
     InstanceBuilder draft = relation != nullptr && relation->frame ? *relation->frame : copyOf(original);
@@ -98,6 +102,7 @@ InstanceBuilder ElementEdit::copyOf(Slot original) const {
 
 void ElementEdit::setRoot(InstanceBuilder& draft, const Entity& entity, const std::string& purpose) {
     draft.set("GlobalId", work_.globalIds.globalId(work_.elements.guid(element_), purpose));
+    // Mandatory in IFC2X3, optional since IFC4.
     const int index = entity.attributeIndex("OwnerHistory");
     if (index < 0 || entity.attributes()[static_cast<std::size_t>(index)].optional) return;
     // The element's own: who is responsible for the element is responsible for what describes it.
@@ -138,6 +143,7 @@ Status ElementEdit::moveInto(InstanceBuilder& draft, Slot relation) {
     return added ? Status{} : Status{added.error()};
 }
 
+/// The relation's text is not read: it may name thousands, and as many may leave it in one command.
 Status ElementEdit::leave(Slot relation) {
     const int index = work_.classes.of(relation).attributeIndex(Field::Related);
     const Result<std::size_t> left = work_.file.removeReferences(relation, static_cast<std::size_t>(index), ownId_);

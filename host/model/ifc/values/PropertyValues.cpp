@@ -231,7 +231,7 @@ Result<Replacement> replaceNominalValue(Value nominal, const PropertyValue& valu
     std::u16string text;
     if (inner.kind == ValueKind::String && step::decodeString(inner.text, text) == step::Decoding::Undecodable) {
         return Error{ErrorKind::Refused, "the file holds a text that cannot be decoded, " + std::string(inner.text) +
-                                             "; mend it in the program that wrote it"};
+                                             "; fix it in the program that wrote it"};
     }
     const DefinedType* type = keyword.empty() ? nullptr : schema.type(keyword);
     if (!keyword.empty() && type == nullptr) {

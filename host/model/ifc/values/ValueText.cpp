@@ -32,6 +32,7 @@ std::string narrowed(std::u16string_view text) {
     return ascii ? std::string(text.begin(), text.end()) : std::string{};
 }
 
+/// ISO 10303-21 spells them T, F and U; programs write them in lower case, too.
 std::u16string truthText(std::string_view item) {
     if (step::equalIgnoringCase(item, "T")) return u"true";
     if (step::equalIgnoringCase(item, "F")) return u"false";
@@ -39,6 +40,7 @@ std::u16string truthText(std::string_view item) {
     return widened(item);
 }
 
+/// std::from_chars takes no plus, people and ISO 10303-21 do.
 std::string_view withoutPlus(std::string_view text) {
     return text.starts_with('+') ? text.substr(1) : text;
 }
@@ -67,6 +69,7 @@ bool looksLikeNumber(std::string_view text) {
 
 Result<std::string> parseReal(std::u16string_view text, const DefinedType* type) {
     const std::string ascii = narrowed(text);
+    // Asked first: std::from_chars would take *inf*, *nan*, and the number at the beginning of *9.5 m*.
     if (!looksLikeNumber(ascii)) {
         const bool comma = ascii.find(',') != std::string::npos;
         return badValue(comma ? "is no number; the decimal sign is a point" : "is no number");
@@ -135,7 +138,7 @@ std::u16string valueText(Value value, BaseType base) {
         }
         case ValueKind::Integer:
             if (const auto number = step::integerValue(value)) return widened(std::to_string(*number));
-            return widened(value.text);
+            return widened(value.text);  // beyond 64 bits: as written
         case ValueKind::Real:
             if (const auto number = step::realValue(value)) return widened(step::displayReal(*number));
             return widened(value.text);
@@ -203,6 +206,7 @@ Status checkText(std::u16string_view text, const DefinedType* type) {
     return {};
 }
 
+/// Numbers are compared by value: 9., 9.0 and 9E0 are one real, and rewriting one as the other is no change.
 bool sameValue(Value value, BaseType base, const std::string& stepText) {
     switch (base) {
         case BaseType::Real:
