@@ -2,11 +2,17 @@
 
 #include "console/Failure.hpp"
 #include "console/export/UpdateLine.hpp"
+#include "console/help/Completion.hpp"
+#include "console/help/HelpText.hpp"
+#include "console/help/ManPage.hpp"
+#include "console/help/Nearest.hpp"
+#include "console/help/Versions.hpp"
 #include "console/output/StandardOutput.hpp"
 
 #include <fmt/format.h>
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <map>
 
 namespace console {
@@ -25,38 +31,51 @@ struct Words {
     std::string output;
     std::string items;
     std::vector<std::string> singleItems;
+    std::string helpOn;
+    bool asManPage = false;
+    std::string shell;
 };
+
+constexpr const char* ModelArgument = "IFC file (.ifc or .ifczip) to work on; - reads standard input";
 
 CLI::Option* addPath(CLI::App& app, const char* name, std::filesystem::path& path, const char* description) {
     return app.add_option_function<std::string>(
         name, [&path](const std::string& text) { path = text; }, description);
 }
 
+/// One of a few words. The type's name lists them, for the help and for what completes them.
+template <class Value, class Target>
+CLI::Option* addChoice(CLI::App& command, const char* name, Target& target,
+                       const std::vector<std::pair<std::string, Value>>& choices, const char* description) {
+    std::map<std::string, Value> values(choices.begin(), choices.end());
+    std::string words;
+    for (const auto& [word, value] : choices) words += (words.empty() ? "" : "|") + word;
+    CLI::Option* option = command.add_option_function<std::string>(
+        name, [&target, values](const std::string& text) { target = values.at(text); }, description);
+    return option->check(CLI::IsMember(values).description(""))->type_name(words);
+}
+
+void addOutputOptions(CLI::App& command, OutputOptions& output) {
+    addChoice<Colour>(command, "--color", output.colour,
+                      {{"auto", Colour::Auto}, {"always", Colour::Always}, {"never", Colour::Never}},
+                      "colours: auto (the default: on a terminal, unless NO_COLOR is set), always or never");
+    command.add_flag("--wide", output.wide, "tables show every cell whole, whatever the terminal's width");
+    command.add_flag("--quiet", output.quiet, "no remarks and no progress on standard error, only errors");
+    command.add_flag("!--no-pager", output.pager, "long tables are not shown by less, or what PAGER names");
+}
+
 CLI::App& addCommand(CLI::App& app, const char* name, const char* description, CommonOptions& common,
                      std::filesystem::path& model) {
-    static const std::map<std::string, Format> formats{
-        {"table", Format::Table}, {"tsv", Format::Tsv}, {"json", Format::Json}};
     CLI::App& command = *app.add_subcommand(name, description);
-    addPath(command, "MODEL", model, "IFC file (.ifc or .ifczip) to work on")->required()->type_name("");
-    command
-        .add_option_function<std::string>(
-            "--format", [&common](const std::string& text) { common.format = formats.at(text); },
-            "table (the default), tsv or json")
-        ->check(CLI::IsMember(formats).description(""))
-        ->type_name("FORMAT");
+    addPath(command, "MODEL", model, ModelArgument)->required()->type_name("");
+    addChoice<Format>(command, "--format", common.format,
+                      {{"table", Format::Table}, {"tsv", Format::Tsv}, {"json", Format::Json}},
+                      "table (the default), tsv or json");
+    addOutputOptions(command, common.output);
     addPath(command, "--addon", common.addOn, "add-on to load; default: the bundle beside this program")
         ->type_name("BUNDLE");
     command.add_flag("--debug", common.debug, "the add-on's debug output, on standard error");
     return command;
-}
-
-template <class Value>
-CLI::Option* addChoice(CLI::App& command, const char* name, std::optional<Value>& value,
-                       const std::map<std::string, Value>& choices, const char* description) {
-    return command
-        .add_option_function<std::string>(
-            name, [&value, choices](const std::string& text) { value = choices.at(text); }, description)
-        ->check(CLI::IsMember(choices).description(""));
 }
 
 void addForce(CLI::App& command, CommonOptions& common) {
@@ -105,8 +124,15 @@ void addImport(CLI::App& app, Words& words) {
     command.add_flag("--clear-empty", table.clearEmpty, "empty cells of a table ask for the empty text");
     addForce(command, words.import.common);
     command.footer(
-        "Exit status: 0 done, 1 wrong usage or a file that cannot be read or written, 2 a ticked row ended in error.\n"
-        "Example: modelhost import house.ifc updates.txt --tick 1,4-9 --apply -o changed.ifc");
+        "Without --apply nothing is changed: the list shows what would be. Where -o - writes the model to standard "
+        "output, the list goes to standard error.\n\n"
+        "Exit status: 0 done, 1 wrong usage or a file that cannot be read or written, 2 a ticked row ended in "
+        "error.\n\n"
+        "Examples:\n"
+        "  modelhost import house.ifc updates.txt\n"
+        "  modelhost import house.ifc updates.txt --tick 1,4-9 --apply -o changed.ifc\n"
+        "  modelhost import house.ifc doors.csv --apply --in-place --exact --strict\n"
+        "  modelhost import - updates.txt --apply -o - < house.ifc > changed.ifc");
 }
 
 void addLookup(CLI::App& app, Words& words) {
@@ -114,12 +140,23 @@ void addLookup(CLI::App& app, Words& words) {
                                    words.lookup.common, words.lookup.model);
     command.add_option("GUID", words.lookup.guids, "GUIDs of 36 characters or GlobalIds of 22")->type_name("");
     addWhere(command, words.lookup.where);
+    command.footer(
+        "Exit status: 0 done, 1 also where a GUID is no element's.\n\n"
+        "Examples:\n"
+        "  modelhost lookup house.ifc A32931C7-B3B2-4117-8D6A-3038DD4E9A78\n"
+        "  modelhost lookup house.ifc '00u5AvCTvJDe$l0EZ90SUQ'\n"
+        "  modelhost lookup house.ifc --where 'IfcDoor, FireRating=NULL' --format json");
 }
 
 void addList(CLI::App& app, Words& words) {
     CLI::App& command = addCommand(app, "list", "List the model's elements with GUID, class, type and name",
                                    words.list.common, words.list.model);
     addFilter(command, words.list.type, words.list.ifcClass, words.list.where);
+    command.footer(
+        "Examples:\n"
+        "  modelhost list house.ifc\n"
+        "  modelhost list house.ifc --type Door --wide\n"
+        "  modelhost list house.ifc --where 'IfcDoor, location=Erdgeschoss' --format tsv");
 }
 
 void addItems(CLI::App& app, Words& words) {
@@ -128,6 +165,11 @@ void addItems(CLI::App& app, Words& words) {
     addFilter(command, words.itemsOf.type, words.itemsOf.ifcClass, words.itemsOf.where);
     command.add_flag("--standard", words.itemsOf.standard,
                      "also the properties that the IFC standard defines for these elements and none has");
+    command.footer(
+        "Examples:\n"
+        "  modelhost items house.ifc\n"
+        "  modelhost items house.ifc --class IfcDoor --standard\n"
+        "  modelhost items house.ifc --where 'IfcWall, location=Erdgeschoss' --format json");
 }
 
 void addExport(CLI::App& app, Words& words) {
@@ -143,19 +185,25 @@ void addExport(CLI::App& app, Words& words) {
         ->type_name("ITEM")
         ->allow_extra_args(false);
     addFilter(command, words.exporting.type, words.exporting.ifcClass, words.exporting.where);
-    addChoice(command, "--layout", words.exporting.layout, {{"long", ExportLayout::Long}, {"grid", ExportLayout::Grid}},
-              "long: a line for each value; grid: a line for each element, a column for each item; default: grid for "
-              ".xlsx, .csv and .tsv")
-        ->type_name("LAYOUT");
-    addChoice(command, "--missing", words.exporting.missing,
-              {{"include", Missing::Include}, {"leave-out", Missing::LeaveOut}},
-              "what becomes of items that an element has not got: include (the default of a grid) or leave-out")
-        ->type_name("HOW");
+    addChoice<ExportLayout>(
+        command, "--layout", words.exporting.layout, {{"long", ExportLayout::Long}, {"grid", ExportLayout::Grid}},
+        "long: a line for each value; grid: a line for each element, a column for each item; default: grid for "
+        ".xlsx, .csv and .tsv");
+    addChoice<Missing>(command, "--missing", words.exporting.missing,
+                       {{"include", Missing::Include}, {"leave-out", Missing::LeaveOut}},
+                       "what becomes of items that an element has not got: include (the default of a grid) or "
+                       "leave-out");
     command
         .add_option("-o,--output", words.output,
                     "write here, a table where it ends in .xlsx, .csv or .tsv; - or nothing: standard output")
         ->type_name("FILE");
-    command.footer("Fields: GUID, item, old value, value to change. What no line can hold is left out and said.");
+    command.footer(
+        "Fields: GUID, item, old value, value to change. What no line can hold is left out and said.\n\n"
+        "Exit status: 0 done, 1 also where no element has any of the items.\n\n"
+        "Examples:\n"
+        "  modelhost export house.ifc --items 'Name,FireRating[DoorCommon]' --type Door -o doors.txt\n"
+        "  modelhost export house.ifc --items 'Name,FireRating[DoorCommon]' --type Door -o doors.xlsx\n"
+        "  modelhost export house.ifc --item 'Name' --where 'IfcWall'");
 }
 
 void addScript(CLI::App& app, Words& words) {
@@ -165,7 +213,62 @@ void addScript(CLI::App& app, Words& words) {
         ->required()
         ->type_name("");
     addForce(command, words.script.common);
-    command.footer("Steps: docs/scripting.md. Example: {\"menu\":1} {\"file\":\"updates.txt\"} {\"click\":3}");
+    command.footer(
+        "Steps are such as {\"menu\":1} {\"file\":\"updates.txt\"} {\"click\":3}.\n\n"
+        "Examples:\n"
+        "  modelhost script house.ifc steps.jsonl\n"
+        "  echo '{\"menus\":true}' | modelhost script house.ifc -");
+}
+
+void addHelp(CLI::App& app, Words& words) {
+    CLI::App& command = *app.add_subcommand("help", "Show the help of the program or of a command");
+    command.add_option("COMMAND", words.helpOn, "the command; without it all commands are listed")->type_name("");
+    command.add_flag("--man", words.asManPage, "as a manual page, for man -l -");
+    command.footer(
+        "Examples:\n"
+        "  modelhost help import\n"
+        "  modelhost help import --man | man -l -");
+}
+
+void addCompletion(CLI::App& app, Words& words) {
+    CLI::App& command = *app.add_subcommand("completion", "Print what completes command lines in a shell");
+    command.add_option("SHELL", words.shell, "bash, zsh or fish")
+        ->required()
+        ->type_name("")
+        ->check(CLI::IsMember({"bash", "zsh", "fish"}).description(""));
+    command.footer(
+        "Examples:\n"
+        "  eval \"$(modelhost completion bash)\"\n"
+        "  modelhost completion fish > modelhost.fish");
+}
+
+void addAll(CLI::App& app, Words& words) {
+    app.set_version_flag("--version", versionText(), "print the versions of the program and its libraries and end");
+    app.require_subcommand(1);
+    addImport(app, words);
+    addLookup(app, words);
+    addList(app, words);
+    addItems(app, words);
+    addExport(app, words);
+    addScript(app, words);
+    addHelp(app, words);
+    addCompletion(app, words);
+    std::vector<CLI::App*> everything = app.get_subcommands({});
+    everything.push_back(&app);
+    for (CLI::App* one : everything) one->set_help_flag("-h,--help", "print this help and end");
+    app.footer(
+        "Results go to standard output, messages to standard error. Exit status: 0 done, 1 wrong usage or a file that "
+        "cannot be read or written, 2 a row ended in error.\n\n"
+        "Examples:\n"
+        "  modelhost list house.ifc\n"
+        "  modelhost import house.ifc updates.txt --apply -o changed.ifc\n"
+        "  modelhost help import");
+}
+
+/// One stream cannot be read twice, and there is no place to save it to.
+void checkStandardInput(const std::filesystem::path& model, const std::filesystem::path& other, const char* what) {
+    if (model == "-" && other == "-")
+        throw Failure(fmt::format("MODEL and {} cannot both be standard input; name a file for one of them", what));
 }
 
 ImportOptions finishImport(Words& words) {
@@ -173,6 +276,9 @@ ImportOptions finishImport(Words& words) {
     options.tick = valueOrThrow(parseTickChoice(words.tick));
     if (!words.output.empty()) options.output = words.output;
     const bool target = options.output.has_value() || options.inPlace;
+    checkStandardInput(options.model, options.updates, "UPDATES");
+    if (options.model == "-" && options.inPlace)
+        throw Failure("standard input cannot be saved in place; write -o OUT.ifc, or -o - for standard output");
     if (options.output && options.inPlace) throw Failure("-o and --in-place exclude each other; give one of them");
     if (options.apply && !target)
         throw Failure("--apply without a place to save to would lose the work; add -o OUT.ifc or --in-place");
@@ -203,38 +309,84 @@ Command finish(const CLI::App& app, Words& words) {
     if (name == "list") return std::move(words.list);
     if (name == "items") return std::move(words.itemsOf);
     if (name == "export") return finishExport(words);
+    checkStandardInput(words.script.model, words.script.steps, "STEPS");
     return std::move(words.script);
 }
 
-std::string usage(const CLI::App& app) {
+std::string helpOf(const std::string& command) {
+    return command.empty() ? "modelhost --help" : fmt::format("modelhost {} --help", command);
+}
+
+std::string chosenCommand(const CLI::App& app) {
     const auto chosen = app.get_subcommands();
-    return chosen.empty() ? "modelhost --help" : fmt::format("modelhost {} --help", chosen.front()->get_name());
+    return chosen.empty() ? "" : chosen.front()->get_name();
+}
+
+const CommandDescription& find(const ProgramDescription& program, const std::string& command) {
+    std::vector<std::string> names;
+    for (const CommandDescription& one : program) {
+        if (one.name == command) return one;
+        names.push_back(one.name);
+    }
+    const std::string meant = didYouMean(command, names);
+    throw Failure(fmt::format("there is no command '{}'{}see modelhost --help", command,
+                              meant.empty() ? "; " : meant + " Else "));
+}
+
+/// What CLI11 would call a missing command, where the first word is none.
+void checkCommand(int argc, const char* const* argv, const ProgramDescription& program) {
+    const std::string first = argc > 1 ? argv[1] : "";
+    if (!first.empty() && first.front() != '-') find(program, first);
+}
+
+/// CLI11 may complain of something else first, such as an argument that a wrong option has eaten.
+void checkOptions(int argc, const char* const* argv, const CommandDescription& command) {
+    std::vector<std::string> known;
+    for (const OptionDescription& option : command.options)
+        known.insert(known.end(), option.names.begin(), option.names.end());
+    for (int i = 1; i < argc && std::string_view(argv[i]) != "--"; ++i) {
+        const std::string option = std::string(argv[i]).substr(0, std::string_view(argv[i]).find('='));
+        if (!option.starts_with("--") || std::find(known.begin(), known.end(), option) != known.end()) continue;
+        const std::string meant = didYouMean(option, known);
+        throw Failure(fmt::format("{} has no option {}{}see {}", fullName(command), option,
+                                  meant.empty() ? "; " : meant + " Else ", helpOf(command.name)));
+    }
+}
+
+/// @return whether the command is one of those that only print what there is to say.
+bool printed(const std::string& command, const Words& words, const ProgramDescription& program) {
+    if (command == "help") {
+        const CommandDescription& about = find(program, words.helpOn);
+        print(words.asManPage ? manPage(about, program) : helpText(about, program));
+    } else if (command == "completion") {
+        print(completion(words.shell, program));
+    } else {
+        return false;
+    }
+    return true;
 }
 
 }  // namespace
 
 std::optional<Command> parseCommandLine(int argc, const char* const* argv) {
-    CLI::App app("Works on IFC models the way a user of the add-on does.", "modelhost");
-    app.set_version_flag("--version", "modelhost " PROJECT_VERSION);
-    app.require_subcommand(1);
+    CLI::App app("Works on IFC models the way a user of the add-on does", "modelhost");
     Words words;
-    addImport(app, words);
-    addLookup(app, words);
-    addList(app, words);
-    addItems(app, words);
-    addExport(app, words);
-    addScript(app, words);
+    addAll(app, words);
+    const ProgramDescription program = describe(app);
+    checkCommand(argc, argv, program);
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForVersion& version) {
-        print(std::string(version.what()) + "\n");
+        print(version.what());
         return std::nullopt;
     } catch (const CLI::CallForHelp&) {
-        print(app.get_subcommands().empty() ? app.help() : app.get_subcommands().front()->help("modelhost"));
+        print(helpText(find(program, chosenCommand(app)), program));
         return std::nullopt;
     } catch (const CLI::ParseError& error) {
-        throw Failure(fmt::format("{}; see {}", error.what(), usage(app)));
+        checkOptions(argc, argv, find(program, chosenCommand(app)));
+        throw Failure(fmt::format("{}; see {}", error.what(), helpOf(chosenCommand(app))));
     }
+    if (printed(chosenCommand(app), words, program)) return std::nullopt;
     return finish(app, words);
 }
 

@@ -1,9 +1,11 @@
 #include "console/ModelSession.hpp"
 
 #include "console/Failure.hpp"
+#include "console/StandardInput.hpp"
 #include "console/output/HostText.hpp"
 #include "console/output/Interrupts.hpp"
 #include "console/output/Messages.hpp"
+#include "console/output/StandardOutput.hpp"
 
 #include <fmt/format.h>
 
@@ -16,6 +18,13 @@ namespace {
 
 std::string opening(const std::filesystem::path& path) {
     return fmt::format("Opening {}", path.filename().string());
+}
+
+/// The file in which standard input is kept for the moment is nobody's business.
+model::Error namingStandardInput(model::Error error, const std::string& kept) {
+    const std::size_t at = error.message.find(kept);
+    if (at != std::string::npos) error.message.replace(at, kept.size(), StandardInput::Name);
+    return error;
 }
 
 }  // namespace
@@ -41,15 +50,23 @@ ModelSession::ModelSession(const CommonOptions& options, std::filesystem::path m
     frontend::setDebugSink({});
     frontend::setFileErrorSink({});
     host_.setReportSink([this](const host::ReportLine& line) { takeReport(line); });
-    {
-        ProgressLine progress(opening(path_));
-        throwUnlessDone(host_.openModel(path_, {progress.callback(), access == Access::Editing}));
-    }
+    open(access);
     for (const std::string& remark : model().remarks()) say(remark);
     frontend::setFileErrorSink([this](const std::string& path, int error) {
         if (!problem_) problem_ = CommandProblem{path, std::strerror(error)};
     });
     if (options_.debug) frontend::setDebugSink([](const char* text) { std::fputs(text, stderr); });
+}
+
+void ModelSession::open(Access access) {
+    if (path_ != "-") {
+        ProgressLine progress(opening(path_));
+        return throwUnlessDone(host_.openModel(path_, {progress.callback(), access == Access::Editing}));
+    }
+    const StandardInput kept;
+    ProgressLine progress(opening(StandardInput::Name));
+    const model::Status opened = host_.openModel(kept.path(), {progress.callback(), false});
+    if (!opened) throw Failure(namingStandardInput(opened.error(), kept.path().string()));
 }
 
 ModelSession::~ModelSession() {
@@ -58,6 +75,10 @@ ModelSession::~ModelSession() {
     frontend::setDebugSink({});
     frontend::setFileErrorSink({});
     host_.setReportSink({});
+}
+
+std::string ModelSession::shownName() const {
+    return path_ == "-" ? StandardInput::Name : path_.string();
 }
 
 ModelFacts ModelSession::facts() {
@@ -82,7 +103,7 @@ void ModelSession::runMenuCommand(Int32 item, frontend::View& view) {
 }
 
 void ModelSession::takeReport(const host::ReportLine& line) {
-    say(line.text);
+    complain(line.text);
     // The line that comes with a failed command says why it failed; others may follow.
     const bool failed = host_.failedCommands() > std::exchange(failedCommandsSeen_, host_.failedCommands());
     if (failed && !problem_) problem_ = CommandProblem{{}, line.text};
@@ -93,6 +114,7 @@ std::optional<CommandProblem> ModelSession::takeProblem() {
 }
 
 void ModelSession::save(const std::filesystem::path& target) {
+    if (target == "-") return printModel(model().bytes());
     InterruptGuard guard;
     model::Status status;
     {
@@ -100,7 +122,7 @@ void ModelSession::save(const std::filesystem::path& target) {
         status = host_.save(target, {InterruptGuard::cancelling(progress.callback()), options_.force});
     }
     if (!status && InterruptGuard::interrupted()) {
-        say(fmt::format("interrupted; {} was not written", target.string()));
+        complain(fmt::format("interrupted; {} was not written", target.string()));
         InterruptGuard::dieIfInterrupted();
     }
     if (!status && status.error().kind == model::ErrorKind::ChangedSince)

@@ -42,10 +42,13 @@ JsonValue asJson(const std::vector<model::UnknownClass>& classes);
 class ModelSession {
 public:
     /// Opens the model, showing progress, and says its remarks. Throws Failure.
+    /// @param modelPath  "-" is standard input.
     ModelSession(const CommonOptions& options, std::filesystem::path modelPath, Access access);
     ~ModelSession();
 
     const std::filesystem::path& modelPath() const { return path_; }
+    /// For messages.
+    std::string shownName() const;
     ModelFacts facts();
     model::Model& model() { return *host_.model(); }
     host::Host& host() { return host_; }
@@ -61,12 +64,14 @@ public:
     std::optional<CommandProblem> takeProblem();
 
     /// Saves and shows progress. An interrupt (Ctrl-C) ends the program and leaves the old file. Throws Failure.
+    /// @param target  "-" is standard output, which gets the model unpacked.
     void save(const std::filesystem::path& target);
 
     /// The refusals and notes of the host's report, UTF-8.
     std::vector<std::string> reportTexts() const;
 
 private:
+    void open(Access access);
     void takeReport(const host::ReportLine& line);
 
     CommonOptions options_;

@@ -1,6 +1,8 @@
 #pragma once
 // What every command takes. Each command's own options stand in its header.
 
+#include "console/output/StandardOutput.hpp"
+
 #include <cstdint>
 #include <filesystem>
 
@@ -8,8 +10,17 @@ namespace console {
 
 enum class Format : std::uint8_t { Table, Tsv, Json };
 
+/// How results and messages are shown.
+struct OutputOptions {
+    Colour colour = Colour::Auto;
+    bool wide = false;   ///< Tables are not fitted to the terminal.
+    bool quiet = false;  ///< No remarks, no progress; errors are said all the same.
+    bool pager = true;   ///< Tables longer than the terminal go through one.
+};
+
 struct CommonOptions {
     Format format = Format::Table;
+    OutputOptions output;
     std::filesystem::path addOn;  ///< Empty: the bundle beside the program.
     bool debug = false;
     bool force = false;  ///< Save over a file that another program changed since it was opened.

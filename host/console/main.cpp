@@ -8,12 +8,36 @@
 #include <cstdlib>
 #include <exception>
 #include <new>
+#include <type_traits>
 
 namespace {
 
 using namespace console;
 
+/// A model that goes to standard output leaves no room for a list there.
+bool printsModel(const Command& command) {
+    const auto* import = std::get_if<ImportOptions>(&command);
+    return import != nullptr && import->output == "-";
+}
+
+void applyOutput(const OutputOptions& output, bool table, bool modelPrinted) {
+    if (output.quiet) beQuiet();
+    setResultStyle({output.colour, output.wide, modelPrinted});
+    if (table && output.pager) startPaging(output.wide);
+}
+
+/// What prints a table for a person to read.
+template <class Options>
+constexpr bool PrintsTable = !std::is_same_v<Options, ExportOptions> && !std::is_same_v<Options, ScriptOptions>;
+
 ExitStatus run(const Command& command) {
+    std::visit(
+        [&command](const auto& options) {
+            using Options = std::decay_t<decltype(options)>;
+            applyOutput(options.common.output, PrintsTable<Options> && options.common.format == Format::Table,
+                        printsModel(command));
+        },
+        command);
     struct Runner {
         ExitStatus operator()(const ImportOptions& options) const { return runImport(options); }
         ExitStatus operator()(const LookupOptions& options) const { return runLookup(options); }
@@ -37,11 +61,11 @@ ExitStatus runAndTell(int argc, const char* const* argv) {
     try {
         return runProgram(argc, argv);
     } catch (const Failure& failure) {
-        say(failure.what());
+        complain(failure.what());
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const std::exception& error) {
-        say(std::string("internal error: ") + error.what() + "; please report it with the command used");
+        complain(std::string("internal error: ") + error.what() + "; please report it with the command used");
     }
     return ExitStatus::Failed;
 }

@@ -1,6 +1,7 @@
 #include "selection/Chooser.hpp"
 
 #include "model/ifc/data/PropertyFacts.hpp"
+#include "model/ifc/schema/NearName.hpp"
 #include "text/Guid.hpp"
 #include "text/Unicode.hpp"
 
@@ -104,8 +105,11 @@ model::Result<std::vector<bool>> Chooser::named(const Facet& facet) {
     }
     if (const Entity* ifcClass = work_.schema.entity(facet.name.text)) return ofClass(*ifcClass);
     if (anySchemaHas(facet.name.text)) return std::vector<bool>(chosen_.size());
+    model::ifc::NearestName near(facet.name.text);
+    for (const Entity& entity : work_.schema.entities()) near.offer(entity.name());
+    const std::string meant = near.found().empty() ? "" : fmt::format(", but {}", near.found());
     return complaint(expression_.text, facet.name.place,
-                     fmt::format("{} has no class {}", model_.schemaName(), facet.name.text));
+                     fmt::format("{} has no class {}{}", model_.schemaName(), facet.name.text, meant));
 }
 
 std::vector<bool> Chooser::ofClass(const Entity& ifcClass) {

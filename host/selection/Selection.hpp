@@ -3,6 +3,7 @@
 
 #include "model/Model.hpp"
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -12,5 +13,9 @@ namespace selection {
 /// facet.
 /// @return ErrorKind::BadValue with the reason and the selection with its place marked.
 model::Result<std::vector<model::Element>> choose(const model::Model& model, std::string_view selection);
+
+/// The attributes and properties that a selection without a mistake compares, without their sets; those that are given
+/// as expressions left out.
+std::vector<std::string> itemsNamed(std::string_view selection);
 
 }  // namespace selection

@@ -75,8 +75,9 @@ INSTANTIATE_TEST_SUITE_P(
 INSTANTIATE_TEST_SUITE_P(
     Others, Refused,
     testing::Values(
-        Refusal{{"list", "house.ifc", "--type", "Wal"}, "--type Wal: there is no such type; write one of Wall, Column"},
-        Refusal{{"list", "house.ifc", "--class", "IfcWal"}, "IFC4 has no such class; write one such as IfcWall"},
+        Refusal{{"list", "house.ifc", "--type", "Wal"},
+                "--type Wal: there is no such type; did you mean Wall? Else write one of Wall, Column"},
+        Refusal{{"list", "house.ifc", "--class", "IfcWal"}, "IFC4 has no such class; did you mean IfcWall?"},
         Refusal{{"import", "house.ifc", "none.txt"},
                 "update file none.txt: No such file or directory; check its name and that you may read it"},
         Refusal{{"import", "house.ifc", "folder"}, "the update file folder: it is a folder; name a file in it"}));

@@ -146,7 +146,7 @@ TEST_F(ImportErrors, HelpAndVersionAreNoErrors) {
         EXPECT_EQ(help.err, "");
     }
     EXPECT_THAT(run({"--help"}).out, HasSubstr("import"));
-    EXPECT_THAT(run({"--version"}).out, testing::MatchesRegex("modelhost [0-9.]+\n"));
+    EXPECT_THAT(run({"--version"}).out, testing::StartsWith("modelhost "));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "console/commands/ElementFilter.hpp"
 
 #include "console/Failure.hpp"
+#include "console/help/Nearest.hpp"
 #include "console/output/HostText.hpp"
 #include "model/ifc/schema/ElementTypes.hpp"
 #include "selection/Selection.hpp"
@@ -18,8 +19,19 @@ void checkType(const std::string& type) {
     const std::vector<std::string_view> names = model::ifc::elementTypeNames();
     const bool known = std::any_of(names.begin(), names.end(),
                                    [&type](std::string_view name) { return equalIgnoringCase(name, type); });
-    if (!known)
-        throw Failure(fmt::format("--type {}: there is no such type; write one of {}", type, fmt::join(names, ", ")));
+    if (known) return;
+    const std::string meant = nearest(type, std::vector<std::string>(names.begin(), names.end()));
+    throw Failure(fmt::format("--type {}: there is no such type; {}write one of {}", type,
+                              meant.empty() ? "" : fmt::format("did you mean {}? Else ", meant),
+                              fmt::join(names, ", ")));
+}
+
+std::string nearestClass(const model::Model& model, const std::string& name) {
+    std::vector<std::string> classes;
+    if (const auto version = model::ifc::Schema::versionOf(model.schemaName()))
+        for (const model::ifc::Entity& entity : model::ifc::Schema::of(*version).entities())
+            classes.emplace_back(entity.name());
+    return nearest(name, classes);
 }
 
 std::vector<model::Element> choose(const model::Model& model, const std::string& where) {
@@ -45,8 +57,10 @@ ElementFilter::ElementFilter(const model::Model& model, std::string type, const 
     schema_ = version ? &model::ifc::Schema::of(*version) : nullptr;
     ifcClass_ = schema_ == nullptr ? nullptr : schema_->entity(ifcClass);
     if (ifcClass_ == nullptr) {
+        const std::string meant = nearestClass(model_, ifcClass);
         throw Failure(
-            fmt::format("--class {}: {} has no such class; write one such as IfcWall", ifcClass, model_.schemaName()));
+            fmt::format("--class {}: {} has no such class; {}", ifcClass, model_.schemaName(),
+                        meant.empty() ? "write one such as IfcWall" : fmt::format("did you mean {}?", meant)));
     }
 }
 

@@ -2,8 +2,10 @@
 
 #include "console/ModelSession.hpp"
 #include "console/commands/ElementFilter.hpp"
+#include "console/commands/Nothing.hpp"
 #include "console/export/Exporter.hpp"
 #include "console/export/GridExport.hpp"
+#include "console/help/Nearest.hpp"
 #include "console/output/HostText.hpp"
 #include "console/output/Json.hpp"
 #include "console/output/Messages.hpp"
@@ -11,10 +13,12 @@
 #include "console/output/StandardOutput.hpp"
 #include "console/output/TerminalText.hpp"
 #include "tables/Reading.hpp"
+#include "updatefile/ReviewList.hpp"
 #include "updatefile/Wording.hpp"
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <iterator>
 #include <set>
 
@@ -22,6 +26,7 @@ namespace console {
 namespace {
 
 using updatefile::counted;
+using Elements = std::vector<model::Element>;
 
 std::string lineOf(const ExportedValue& value) {
     return fmt::format("{}\t{}\t{}\t{}\n", value.guid, value.item, value.value, value.value);
@@ -99,13 +104,44 @@ void printAsJson(const GridExport& grid, const ExportOptions& options) {
 }
 
 void sayWhatIsMissing(const Exporter& exporter) {
-    for (const LeftOut::Group& group : exporter.leftOut().groups()) say(LeftOut::text(group));
+    const std::vector<std::string> nobodys = exporter.itemsOfNobody();
+    for (const LeftOut::Group& group : exporter.leftOut().groups()) {
+        // One line for the item says as much as one for its values.
+        if (std::find(nobodys.begin(), nobodys.end(), group.item) == nobodys.end()) say(LeftOut::text(group));
+    }
     for (const auto& [item, count] : exporter.ambiguous()) {
         say(
             fmt::format("{} of {}: the name stands in several property sets, of which the import shows the last and "
                         "writes the first; check them with 'modelhost lookup'",
                         counted(count, "value"), item));
     }
+}
+
+/// Whether an import could give elements the item: a property needs a set for that.
+bool canBeFilledIn(const std::string& item) {
+    using updatefile::reviewlist::AddedSystems;
+    return item.find('[') != std::string::npos ||
+           std::find(AddedSystems.begin(), AddedSystems.end(), item) != AddedSystems.end();
+}
+
+/// Says which items none of the elements has. @return Failed where a mistake is all that there was.
+ExitStatus judgeItems(const model::Model& model, const Elements& elements, const Exporter& exporter, Missing missing) {
+    const std::vector<std::string> nobodys = exporter.itemsOfNobody();
+    if (nobodys.empty() || elements.empty()) return ExitStatus::Done;
+    const std::vector<std::string> known = itemsOf(model);
+    std::vector<std::string> mistakes;
+    for (const std::string& item : nobodys) {
+        if (std::find(known.begin(), known.end(), item) != known.end()) {
+            say(fmt::format("no element chosen has the item {}", item));
+        } else if (missing == Missing::Include && canBeFilledIn(item)) {
+            say(noSuchItem(item, nearest(item, known)));
+        } else {
+            mistakes.push_back(noSuchItem(item, nearest(item, known)));
+        }
+    }
+    const bool nothing = mistakes.size() == exporter.itemCount();
+    for (const std::string& mistake : mistakes) nothing ? complain(mistake) : say(mistake);
+    return nothing ? ExitStatus::Failed : ExitStatus::Done;
 }
 
 /// Checked before the work, so that no work is lost.
@@ -118,8 +154,6 @@ void checkTarget(const ExportOptions& options) {
     }
     OutputFile::checkPlace(*options.output);
 }
-
-using Elements = std::vector<model::Element>;
 
 template <class Write>
 void forEachWithProgress(const Elements& elements, const Write& write) {
@@ -177,23 +211,29 @@ void checkColumns(const std::vector<std::string>& items) {
     }
 }
 
-void exportGrid(const model::Model& model, const Elements& elements, const ExportOptions& options) {
-    GridExport grid(model, options.items, options.missing.value_or(Missing::Include));
+ExitStatus exportGrid(const model::Model& model, const Elements& elements, const ExportOptions& options) {
+    const Missing missing = options.missing.value_or(Missing::Include);
+    GridExport grid(model, options.items, missing);
     forEachWithProgress(elements, [&grid](model::Element element) { grid.add(element); });
     const bool json = options.common.format == Format::Json;
     if (json) printAsJson(grid, options);
     sayWhatIsMissing(grid.exporter());
-    if (!json && !options.output) return printGrid(std::move(grid).take());
-    if (options.output) writeTable(std::move(grid).take(), options, true);
+    const ExitStatus status = judgeItems(model, elements, grid.exporter(), missing);
+    if (options.output) {
+        writeTable(std::move(grid).take(), options, true);
+    } else if (!json) {
+        printGrid(std::move(grid).take());
+    }
+    return status;
 }
 
 /// A long list as a table of its own, in a file that holds no update lines.
-void exportLongTable(const model::Model& model, const Elements& elements, const ExportOptions& options) {
+ExitStatus exportLongTable(const model::Model& model, const Elements& elements, const ExportOptions& options) {
     tables::Grid list{{std::begin(tables::LongListColumns), std::end(tables::LongListColumns)}, {}};
-    Exporter exporter(model, options.items, options.missing.value_or(Missing::LeaveOut),
-                      [&list](const ExportedValue& value) {
-                          list.rows.push_back({value.guid, value.item, value.value, value.value});
-                      });
+    const Missing missing = options.missing.value_or(Missing::LeaveOut);
+    Exporter exporter(model, options.items, missing, [&list](const ExportedValue& value) {
+        list.rows.push_back({value.guid, value.item, value.value, value.value});
+    });
     forEachWithProgress(elements, [&exporter](model::Element element) { exporter.write(element); });
     if (options.common.format == Format::Json) {
         JsonValue document;
@@ -204,12 +244,13 @@ void exportLongTable(const model::Model& model, const Elements& elements, const 
     }
     sayWhatIsMissing(exporter);
     writeTable(list, options, false);
+    return judgeItems(model, elements, exporter, missing);
 }
 
-void exportLines(const model::Model& model, const Elements& elements, const ExportOptions& options) {
+ExitStatus exportLines(const model::Model& model, const Elements& elements, const ExportOptions& options) {
     Lines lines(options);
-    Exporter exporter(model, options.items, options.missing.value_or(Missing::LeaveOut),
-                      [&lines](const ExportedValue& value) { lines.take(value); });
+    const Missing missing = options.missing.value_or(Missing::LeaveOut);
+    Exporter exporter(model, options.items, missing, [&lines](const ExportedValue& value) { lines.take(value); });
     forEachWithProgress(elements, [&exporter](model::Element element) { exporter.write(element); });
     lines.finish();
     if (options.common.format == Format::Json) printAsJson(lines, exporter, options);
@@ -220,6 +261,7 @@ void exportLines(const model::Model& model, const Elements& elements, const Expo
     }
     if (options.output)
         say(fmt::format("{} written to {}", counted(exporter.lineCount(), "line"), options.output->string()));
+    return judgeItems(model, elements, exporter, missing);
 }
 
 ExportLayout layoutOf(const ExportOptions& options) {
@@ -245,14 +287,10 @@ ExitStatus runExport(const ExportOptions& options) {
     ModelSession session(options.common, options.model, Access::Reading);
     const model::Model& model = session.model();
     const Elements elements = ElementFilter(session.model(), options.type, options.ifcClass, options.where).elements();
-    if (layoutOf(options) == ExportLayout::Grid) {
-        exportGrid(model, elements, options);
-    } else if (tableFormat(options)) {
-        exportLongTable(model, elements, options);
-    } else {
-        exportLines(model, elements, options);
-    }
-    return ExitStatus::Done;
+    if (elements.empty()) sayNothingChosen(session, options.where);
+    if (layoutOf(options) == ExportLayout::Grid) return exportGrid(model, elements, options);
+    if (tableFormat(options)) return exportLongTable(model, elements, options);
+    return exportLines(model, elements, options);
 }
 
 }  // namespace console

@@ -44,7 +44,7 @@ bool hasModelName(const std::filesystem::path& path) {
 /// Checked before the work, so that no work is lost.
 void checkTarget(const ImportOptions& options) {
     const auto target = targetOf(options);
-    if (!target) return;
+    if (!target || *target == "-") return;
     if (sameFile(*target, options.updates)) {
         throw Failure(
             fmt::format("-o {}: that is the update file, which would be lost; name another file", target->string()));
@@ -267,7 +267,7 @@ void save(ModelSession& session, const ImportOptions& options, ImportReport& rep
     if (!target || (options.inPlace && !session.model().modified())) return;
     session.save(*target);
     report.saved = wellFormed(target->string());
-    if (!hasModelName(*target) && !sameFile(*target, options.model)) {
+    if (*target != "-" && !hasModelName(*target) && !sameFile(*target, options.model)) {
         say(fmt::format("{}: the name does not end in .ifc, so other programs may not take it for a model; rename it",
                         target->string()));
     }

@@ -2,6 +2,7 @@
 
 #include "console/ModelSession.hpp"
 #include "console/commands/ElementFilter.hpp"
+#include "console/commands/Nothing.hpp"
 #include "console/items/ItemCensus.hpp"
 #include "console/output/HostText.hpp"
 #include "console/output/Json.hpp"
@@ -12,6 +13,9 @@
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
+
+#include <algorithm>
+#include <string_view>
 
 namespace console {
 namespace {
@@ -56,10 +60,15 @@ std::vector<std::string> cells(const ItemRecord& record) {
             record.changeable ? "yes" : "no"};
 }
 
-/// The set stands in the item once more; the types and the examples give way next.
+/// The texts give way, widest first; numbers and words of a few letters are worth nothing cut.
 Yield yieldOf(const std::string& column) {
-    if (column == "set") return Yield::First;
-    return column == "valueType" || column == "examples" ? Yield::Evenly : Yield::Last;
+    if (column == "kind") return Yield::First;
+    const bool text = column == "item" || column == "set" || column == "valueType" || column == "examples";
+    return text ? Yield::Evenly : Yield::Last;
+}
+
+std::size_t placeOf(std::string_view column) {
+    return static_cast<std::size_t>(std::find(Header.begin(), Header.end(), column) - Header.begin());
 }
 
 void printAsTable(const std::vector<ItemRecord>& records) {
@@ -70,7 +79,11 @@ void printAsTable(const std::vector<ItemRecord>& records) {
         for (std::string& text : cells(record)) row.push_back({std::move(text)});
         table.add(std::move(row));
     }
-    table.layOut(Terminal::standardOutput(), print);
+    constexpr int Readable = 20;
+    // The set stands in the item once more.
+    table.mayLeaveOut({placeOf("set"), placeOf("changeable"), placeOf("valueType"), placeOf("distinct")}, Readable);
+    table.blankRepeats({placeOf("kind"), placeOf("set")});
+    print(leftOutNote(table.layOut(Terminal::standardOutput(), print)));
 }
 
 void printAsTsv(const std::vector<ItemRecord>& records) {
@@ -126,6 +139,7 @@ ExitStatus runItems(const ItemsOptions& options) {
             printAsJson(records);
             break;
     }
+    if (records.empty()) sayNothingChosen(session, options.where);
     return ExitStatus::Done;
 }
 

@@ -2,6 +2,7 @@
 
 #include "console/ModelSession.hpp"
 #include "console/commands/ElementFilter.hpp"
+#include "console/commands/Nothing.hpp"
 #include "console/output/HostText.hpp"
 #include "console/output/Json.hpp"
 #include "console/output/Messages.hpp"
@@ -25,8 +26,9 @@ std::vector<std::string> record(const model::Model& model, model::Element elemen
 
 void printAsTable(const model::Model& model, const std::vector<model::Element>& elements) {
     Table table(Header);
-    table.yield(0, Yield::Last);
-    table.yield(1, Yield::First);
+    // One of the two is whole as long as there is room: either names the element in every command.
+    table.yield(0, Yield::First);
+    table.yield(1, Yield::Last);
     for (const model::Element element : elements) {
         Table::Row row;
         for (std::string& text : record(model, element)) row.push_back({std::move(text)});
@@ -73,6 +75,7 @@ ExitStatus runList(const ListOptions& options) {
             printAsJson(session, elements);
             break;
     }
+    if (elements.empty()) sayNothingChosen(session, options.where);
     return ExitStatus::Done;
 }
 

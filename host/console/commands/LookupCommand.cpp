@@ -2,6 +2,7 @@
 
 #include "console/ModelSession.hpp"
 #include "console/commands/ElementFilter.hpp"
+#include "console/commands/Nothing.hpp"
 #include "console/output/HostText.hpp"
 #include "console/output/Json.hpp"
 #include "console/output/ListRows.hpp"
@@ -109,12 +110,11 @@ std::vector<std::string> guidsToLookUp(const LookupOptions& options, const model
 }
 
 void printNothing(Format format) {
-    if (format == Format::Json) {
-        JsonValue document;
-        document["rows"] = JsonValue::array();
-        printDocument(document);
-    }
-    say("--where chooses no element; 'modelhost list' prints those there are");
+    if (format != Format::Json) return;
+    JsonValue document;
+    document["rows"] = JsonValue::array();
+    document["lookups"] = JsonValue::array();
+    printDocument(document);
 }
 
 void printAsTable(const LookupUser& user) {
@@ -139,9 +139,17 @@ void printAsTsv(const LookupUser& user) {
 
 void printAsJson(const LookupUser& user) {
     JsonValue rows = JsonValue::array();
-    for (const LookupAnswer& answer : user.answers())
-        for (const ListRow& row : answer.rows) rows.push_back(toJson(row)["columns"]);
-    printDocument({{"rows", std::move(rows)}});
+    JsonValue lookups = JsonValue::array();
+    for (const LookupAnswer& answer : user.answers()) {
+        JsonValue own = JsonValue::array();
+        for (const ListRow& row : answer.rows) own.push_back(toJson(row)["columns"]);
+        rows.insert(rows.end(), own.begin(), own.end());
+        const std::string error = answer.error();
+        lookups.push_back({{"guid", answer.guid},
+                           {"error", error.empty() ? JsonValue() : JsonValue(error)},
+                           {"rows", std::move(own)}});
+    }
+    printDocument({{"rows", std::move(rows)}, {"lookups", std::move(lookups)}});
 }
 
 void printAnswers(const LookupUser& user, Format format) {
@@ -164,7 +172,7 @@ std::string explain(const LookupAnswer& answer, const ModelSession& session) {
     }
     if (answer.error() == "?") return fmt::format("the add-on gave no answer for {}", answer.guid);
     return fmt::format("no element of {} has the GUID {} ({}); 'modelhost list' prints those there are",
-                       session.modelPath().string(), answer.guid, answer.error());
+                       session.shownName(), answer.guid, answer.error());
 }
 
 }  // namespace
@@ -174,6 +182,7 @@ ExitStatus runLookup(const LookupOptions& options) {
     std::vector<std::string> guids = guidsToLookUp(options, session.model());
     if (guids.empty() && !options.where.empty()) {
         printNothing(options.common.format);
+        sayNothingChosen(session, options.where);
         return ExitStatus::Done;
     }
     session.loadAddOn();
@@ -189,7 +198,7 @@ ExitStatus runLookup(const LookupOptions& options) {
     ExitStatus status = ExitStatus::Done;
     for (const LookupAnswer& answer : user.answers()) {
         if (answer.error().empty()) continue;
-        say(explain(answer, session));
+        complain(explain(answer, session));
         status = ExitStatus::Failed;
     }
     if (user.failedGuid()) {

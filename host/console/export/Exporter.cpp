@@ -50,8 +50,15 @@ Exporter::Exporter(const model::Model& model, std::vector<std::string> items, Mi
     : model_(model), missing_(missing), sink_(std::move(sink)) {
     for (std::string& text : items) {
         std::u16string name = nameOf(text);
-        items_.push_back({std::move(text), std::move(name)});
+        items_.push_back({std::move(text), std::move(name), false});
     }
+}
+
+std::vector<std::string> Exporter::itemsOfNobody() const {
+    std::vector<std::string> items;
+    for (const Item& item : items_)
+        if (!item.met) items.push_back(item.text);
+    return items;
 }
 
 void Exporter::write(model::Element element) {
@@ -62,9 +69,10 @@ void Exporter::write(model::Element element) {
 }
 
 void Exporter::writeItem(const LineSubject& subject, const ElementData& data, std::size_t place) {
-    const Item& item = items_[place];
+    Item& item = items_[place];
     const CurrentText current = currentText(data, item.name);
     const UpdateLine line = updateLine(subject, item.text, current);
+    item.met = item.met || line.obstacle != Obstacle::NoItem;
     const bool missing = line.obstacle == Obstacle::NoItem && missing_ == Missing::Include;
     if (line.obstacle != Obstacle::None && !missing) return leftOut_.add(line.obstacle, item.text, subject.guid);
     if (current.ambiguous) ++ambiguous_[item.text];

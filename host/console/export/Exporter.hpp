@@ -52,6 +52,9 @@ public:
 
     std::uint64_t lineCount() const { return lineCount_; }
     const LeftOut& leftOut() const { return leftOut_; }
+    std::size_t itemCount() const { return items_.size(); }
+    /// The items that none of the elements written has.
+    std::vector<std::string> itemsOfNobody() const;
     /// Elements that have an item in several property sets, of which the import shows the last and writes the first.
     const std::map<std::string, std::uint64_t>& ambiguous() const { return ambiguous_; }
 
@@ -59,6 +62,7 @@ private:
     struct Item {
         std::string text;
         std::u16string name;
+        bool met = false;  ///< On an element.
     };
 
     void writeItem(const LineSubject& subject, const ElementData& data, std::size_t place);

@@ -16,8 +16,10 @@ namespace console {
 namespace {
 
 using updatefile::counted;
+using updatefile::reviewlist::ElementColumn;
 using updatefile::reviewlist::GuidColumn;
 using updatefile::reviewlist::RemarksColumn;
+using updatefile::reviewlist::TypeColumn;
 
 template <class Predicate>
 std::uint64_t count(const std::vector<ListRow>& rows, const Predicate& predicate) {
@@ -46,7 +48,13 @@ Table list(const ImportReport& report) {
     std::vector<std::string> header{"Row"};
     header.insert(header.end(), report.header.begin(), report.header.end());
     Table table(std::move(header));
-    if (report.header.size() > GuidColumn) table.yield(1 + GuidColumn, Yield::First);
+    if (report.header.size() > GuidColumn) {
+        constexpr int Readable = 10;
+        table.yield(1 + GuidColumn, Yield::First);
+        table.mayLeaveOut({1 + TypeColumn}, Readable);
+        // Two elements may have one name: the GUID tells whether a row goes on with the element above.
+        table.blankRepeats({1 + GuidColumn, 1 + ElementColumn, 1 + TypeColumn});
+    }
     for (std::size_t i = 0; i < report.rows().size(); ++i) table.add(tableRow(i + 1, report.rows()[i]));
     return table;
 }
@@ -191,7 +199,8 @@ ImportSummary summarize(std::uint64_t lines, const std::vector<ListRow>& review,
 }
 
 void printAsTable(const ImportReport& report) {
-    list(report).layOut(Terminal::standardOutput(), print);
+    const auto leftOut = list(report).layOut(Terminal::standardOutput(), print);
+    print(leftOutNote(leftOut));
     print("\n" + outcome(report));
     print(differences(report));
     for (const std::string& hint : report.hints) print(fmt::format("Hint: {}.\n", visible(hint)));

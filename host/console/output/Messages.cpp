@@ -15,6 +15,8 @@ namespace {
 constexpr double Delay = 1.0;     ///< Seconds before the progress line appears.
 constexpr double Interval = 0.1;  ///< Seconds between two updates of it.
 
+bool quiet = false;
+
 /// The terminal's last line holds progress, which a message must erase first.
 bool progressShown = false;
 
@@ -41,7 +43,16 @@ std::string duration(double seconds) {
 
 }  // namespace
 
+void beQuiet() {
+    quiet = true;
+}
+
 void say(std::string_view message) {
+    if (!quiet) complain(message);
+}
+
+void complain(std::string_view message) {
+    endPaging();
     wipeProgress();
     write(fmt::format("modelhost: {}\n", visible(message)));
 }
@@ -59,7 +70,7 @@ ProgressLine::~ProgressLine() {
 }
 
 void ProgressLine::show(std::uint64_t done, std::uint64_t total) {
-    if (!terminal_ || total == 0) return;
+    if (!terminal_ || quiet || total == 0) return;
     const double time = now();
     if (time - started_ < Delay || time - lastShown_ < Interval) return;
     lastShown_ = time;

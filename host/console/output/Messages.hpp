@@ -8,8 +8,14 @@
 
 namespace console {
 
-/// "modelhost: MESSAGE". Control characters are shown as pictures.
+/// Remarks and progress are left out from now on.
+void beQuiet();
+
+/// A remark: "modelhost: MESSAGE". Control characters are shown as pictures.
 void say(std::string_view message);
+
+/// An error, in the same form: it is said to quiet users, too.
+void complain(std::string_view message);
 
 /// Says so without taking any memory.
 void sayMemoryIsOut() noexcept;

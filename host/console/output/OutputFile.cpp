@@ -91,7 +91,7 @@ void OutputFile::check(const std::error_code& error) const {
 void OutputFile::stopIfInterrupted() {
     if (!InterruptGuard::interrupted()) return;
     close();
-    say(fmt::format("interrupted; {} was not written", target_.string()));
+    complain(fmt::format("interrupted; {} was not written", target_.string()));
     InterruptGuard::dieIfInterrupted();
 }
 

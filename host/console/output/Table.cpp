@@ -117,17 +117,88 @@ void Table::fit(std::vector<int>& widths, int lineWidth) const {
     }
 }
 
-void Table::layOut(const Terminal& terminal, const std::function<void(std::string_view)>& sink) const {
-    std::vector<int> widths = naturalWidths(terminal.width > 0 ? terminal.width : WidestAligned);
-    if (terminal.width > 0 && !widths.empty()) fit(widths, terminal.width);
-    std::string line;
+/// The columns that go so that the others stay readable, in rising order.
+std::vector<std::size_t> Table::leftOut(const std::vector<int>& widths, int lineWidth) const {
+    int needed = -Gap;
+    for (std::size_t column = 0; column < widths.size(); ++column) {
+        const int least = yields_[column] == Yield::First ? LeastWidthOfFirst : readable_;
+        needed += Gap + (yields_[column] == Yield::Last ? widths[column] : std::min(widths[column], least));
+    }
+    std::vector<std::size_t> gone;
+    for (const std::size_t column : spare_) {
+        if (needed <= lineWidth) break;
+        const int least = yields_[column] == Yield::First ? LeastWidthOfFirst : readable_;
+        needed -= Gap + (yields_[column] == Yield::Last ? widths[column] : std::min(widths[column], least));
+        gone.push_back(column);
+    }
+    std::sort(gone.begin(), gone.end());
+    return gone;
+}
+
+Table Table::without(const std::vector<std::size_t>& columns) const {
+    const auto kept = [&columns](std::size_t column) {
+        return !std::binary_search(columns.begin(), columns.end(), column);
+    };
+    Table table({});
+    table.rows_.clear();
     for (const Row& row : rows_) {
+        Row& shorter = table.rows_.emplace_back();
+        for (std::size_t column = 0; column < row.size(); ++column)
+            if (kept(column)) shorter.push_back(row[column]);
+    }
+    for (std::size_t column = 0; column < yields_.size(); ++column)
+        if (kept(column)) table.yields_.push_back(yields_[column]);
+    for (const std::size_t column : blanked_) {
+        if (!kept(column)) continue;
+        const auto before = std::lower_bound(columns.begin(), columns.end(), column) - columns.begin();
+        table.blanked_.push_back(column - static_cast<std::size_t>(before));
+    }
+    return table;
+}
+
+std::vector<std::string> Table::layOut(const Terminal& terminal,
+                                       const std::function<void(std::string_view)>& sink) const {
+    std::vector<int> widths = naturalWidths(terminal.width > 0 ? terminal.width : WidestAligned);
+    std::vector<std::string> headers;
+    if (terminal.width > 0 && !widths.empty()) {
+        const std::vector<std::size_t> gone = leftOut(widths, terminal.width);
+        for (const std::size_t column : gone) headers.push_back(rows_.front()[column].text);
+        if (!gone.empty()) {
+            without(gone).layOut(terminal, sink);
+            return headers;
+        }
+        fit(widths, terminal.width);
+    }
+    layOutFitted(terminal, widths, sink);
+    return headers;
+}
+
+void Table::layOutFitted(const Terminal& terminal, const std::vector<int>& widths,
+                         const std::function<void(std::string_view)>& sink) const {
+    std::string line;
+    const Row* above = nullptr;
+    for (const Row& row : rows_) {
+        std::vector<bool> repeats(row.size());
+        for (const std::size_t column : blanked_) {
+            if (terminal.width == 0 || above == nullptr || !(row[column].text == (*above)[column].text)) break;
+            repeats[column] = true;
+        }
         line.clear();
         for (std::size_t column = 0; column < row.size(); ++column)
-            appendCell(line, row[column], widths[column], column + 1 == row.size(), terminal);
+            appendCell(line, repeats[column] ? TableCell{} : row[column], widths[column], column + 1 == row.size(),
+                       terminal);
         line.erase(line.find_last_not_of(' ') + 1);
         sink(line += '\n');
+        above = &row;
     }
+}
+
+std::string leftOutNote(const std::vector<std::string>& headers) {
+    if (headers.empty()) return {};
+    std::string names;
+    for (const std::string& header : headers) names += (names.empty() ? "" : ", ") + header;
+    return "\nLeft out for want of room: " + names +
+           (headers.size() == 1 ? ". --wide shows it.\n" : ". --wide shows them.\n");
 }
 
 }  // namespace console
