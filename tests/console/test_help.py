@@ -78,7 +78,8 @@ class Bash(unittest.TestCase):
     def complete(self, *words):
         """What bash offers for the last word."""
         quoted = " ".join(f"'{word}'" for word in words)
-        script = (modelhost("completion", "bash") + f"\nCOMP_WORDS=(modelhost {quoted})\nCOMP_CWORD={len(words)}\n_modelhost\nprintf '%s\\n' \"${{COMPREPLY[@]}}\"\n")
+        script = "\n".join((modelhost("completion", "bash"), f"COMP_WORDS=(modelhost {quoted})",
+                            f"COMP_CWORD={len(words)}", "_modelhost", "printf '%s\\n' \"${COMPREPLY[@]}\""))
         done = subprocess.run(["bash", "--norc", "-c", script], capture_output=True, text=True)
         self.assertEqual((done.returncode, done.stderr), (0, ""))
         return set(done.stdout.split())
