@@ -82,6 +82,13 @@ void addForce(CLI::App& command, CommonOptions& common) {
     command.add_flag("--force", common.force, "save even over a file that another program changed meanwhile");
 }
 
+void addBackup(CLI::App& command, CommonOptions& common) {
+    command
+        .add_flag("--backup{.bak}", common.backup,
+                  "keep the file that is saved over beside it, its name with this suffix; default: .bak")
+        ->type_name("SUFFIX");
+}
+
 void addWhere(CLI::App& command, std::string& where) {
     command
         .add_option("--where", where,
@@ -123,6 +130,7 @@ void addImport(CLI::App& app, Words& words) {
     command.add_option("--sheet", table.sheet, "of a workbook")->type_name("NAME");
     command.add_flag("--clear-empty", table.clearEmpty, "empty cells of a table ask for the empty text");
     addForce(command, words.import.common);
+    addBackup(command, words.import.common);
     command.footer(
         "Without --apply nothing is changed: the list shows what would be. Where -o - writes the model to standard "
         "output, the list goes to standard error.\n\n"
@@ -213,6 +221,7 @@ void addScript(CLI::App& app, Words& words) {
         ->required()
         ->type_name("");
     addForce(command, words.script.common);
+    addBackup(command, words.script.common);
     command.footer(
         "Steps are such as {\"menu\":1} {\"file\":\"updates.txt\"} {\"click\":3}.\n\n"
         "Examples:\n"
@@ -279,6 +288,8 @@ ImportOptions finishImport(Words& words) {
     checkStandardInput(options.model, options.updates, "UPDATES");
     if (options.model == "-" && options.inPlace)
         throw Failure("standard input cannot be saved in place; write -o OUT.ifc, or -o - for standard output");
+    if (!options.common.backup.empty() && !target)
+        throw Failure("--backup keeps the file that is saved over; add --apply and --in-place, or leave it out");
     if (options.output && options.inPlace) throw Failure("-o and --in-place exclude each other; give one of them");
     if (options.apply && !target)
         throw Failure("--apply without a place to save to would lose the work; add -o OUT.ifc or --in-place");

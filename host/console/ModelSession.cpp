@@ -113,13 +113,29 @@ std::optional<CommandProblem> ModelSession::takeProblem() {
     return std::exchange(problem_, std::nullopt);
 }
 
+/// Of the file as it was, once in a run: what was saved since is the user's own work.
+model::step::Backup ModelSession::keep(const std::filesystem::path& target) {
+    if (options_.backup.empty() || kept_.contains(target)) return {};
+    auto backup = model::step::Backup::make(target, options_.backup);
+    if (!backup) throw Failure(backup.error().message + "; nothing was saved");
+    kept_.insert(target);
+    return std::move(*backup);
+}
+
+model::Status ModelSession::saveShowingProgress(const std::filesystem::path& target) {
+    ProgressLine progress(fmt::format("Saving {}", target.filename().string()));
+    return host_.save(target, {InterruptGuard::cancelling(progress.callback()), options_.force});
+}
+
 void ModelSession::save(const std::filesystem::path& target) {
     if (target == "-") return printModel(model().bytes());
     InterruptGuard guard;
-    model::Status status;
-    {
-        ProgressLine progress(fmt::format("Saving {}", target.filename().string()));
-        status = host_.save(target, {InterruptGuard::cancelling(progress.callback()), options_.force});
+    const model::step::Backup backup = keep(target);
+    const model::Status status = saveShowingProgress(target);
+    backup_ = backup.path();
+    if (!status) {
+        backup.removeUnlessReplaced();
+        kept_.erase(target);
     }
     if (!status && InterruptGuard::interrupted()) {
         complain(fmt::format("interrupted; {} was not written", target.string()));

@@ -4,10 +4,12 @@
 #include "console/Options.hpp"
 #include "console/output/Json.hpp"
 #include "frameworks/FrontEnd.hpp"
+#include "model/step/disk/Backup.hpp"
 #include "services/Host.hpp"
 
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -66,6 +68,8 @@ public:
     /// Saves and shows progress. An interrupt (Ctrl-C) ends the program and leaves the old file. Throws Failure.
     /// @param target  "-" is standard output, which gets the model unpacked.
     void save(const std::filesystem::path& target);
+    /// Where the last save kept the file that it replaced, as --backup asks; empty where it kept none.
+    const std::filesystem::path& backup() const { return backup_; }
 
     /// The refusals and notes of the host's report, UTF-8.
     std::vector<std::string> reportTexts() const;
@@ -73,9 +77,13 @@ public:
 private:
     void open(Access access);
     void takeReport(const host::ReportLine& line);
+    model::step::Backup keep(const std::filesystem::path& target);
+    model::Status saveShowingProgress(const std::filesystem::path& target);
 
     CommonOptions options_;
     std::filesystem::path path_;
+    std::filesystem::path backup_;
+    std::set<std::filesystem::path> kept_;  ///< Targets that have been kept as they were when this run began.
     host::Host host_;
     std::optional<CommandProblem> problem_;
     std::uint64_t failedCommandsSeen_ = 0;

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <string>
 
 namespace console {
 
@@ -24,6 +25,7 @@ struct CommonOptions {
     std::filesystem::path addOn;  ///< Empty: the bundle beside the program.
     bool debug = false;
     bool force = false;  ///< Save over a file that another program changed since it was opened.
+    std::string backup;  ///< The suffix under which a file that is replaced is kept; empty: it is not.
 };
 
 }  // namespace console

@@ -267,6 +267,7 @@ void save(ModelSession& session, const ImportOptions& options, ImportReport& rep
     if (!target || (options.inPlace && !session.model().modified())) return;
     session.save(*target);
     report.saved = wellFormed(target->string());
+    if (!session.backup().empty()) report.backup = wellFormed(session.backup().string());
     if (*target != "-" && !hasModelName(*target) && !sameFile(*target, options.model)) {
         say(fmt::format("{}: the name does not end in .ifc, so other programs may not take it for a model; rename it",
                         target->string()));

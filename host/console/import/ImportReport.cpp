@@ -88,6 +88,8 @@ std::string outcome(const ImportReport& report) {
 }
 
 std::string ending(const ImportReport& report) {
+    if (report.saved && report.backup)
+        return fmt::format("Saved {}\nKept as it was: {}\n", visible(*report.saved), visible(*report.backup));
     if (report.saved) return fmt::format("Saved {}\n", visible(*report.saved));
     if (report.result) return "Nothing changed, nothing was saved.\n";
     return "Dry run: nothing was changed. --apply with -o FILE or --in-place writes the ticked rows.\n";
@@ -225,6 +227,7 @@ void printAsJson(const ImportReport& report) {
     document.member("hints", report.hints);
     document.member("report", report.report);
     if (report.saved) document.member("saved", *report.saved);
+    if (report.backup) document.member("backup", *report.backup);
     document.finish();
 }
 

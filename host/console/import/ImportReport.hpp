@@ -47,6 +47,7 @@ struct ImportReport {
     std::vector<std::string> hints;
     std::vector<std::string> report;
     std::optional<std::string> saved;
+    std::optional<std::string> backup;  ///< Where the file that was saved over is kept.
 
     /// The list as the user last saw it.
     const std::vector<ListRow>& rows() const { return result ? *result : review; }

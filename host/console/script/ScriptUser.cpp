@@ -296,6 +296,7 @@ void ScriptUser::save(const JsonValue& step) {
     revisionSaved_ = session_.model().revision();
     try {
         session_.save(target);
+        if (!session_.backup().empty()) tell("backup", wellFormed(session_.backup().string()));
     } catch (const Failure& failure) {
         fail(failure.what());
     }
