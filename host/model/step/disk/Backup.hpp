@@ -9,11 +9,12 @@
 
 namespace model::step {
 
-/// A second name for the old version, or a copy where the file system has one name for each file or others have names
-/// for this one: a program that writes into the file by another name would change the backup, too.
+/// A second name for the old version. A copy where the file system has one name for each file, or others have names for
+/// this one: a program that writes into the file by another name would change the backup, too.
 class Backup {
 public:
-    /// "house.ifc.bak" for the suffix ".bak"; where that is taken, "house.ifc.bak.2" and so on: nobody's file is replaced.
+    /// "house.ifc.bak" for the suffix ".bak"; where that is taken, "house.ifc.bak.2" and so on: nobody's file is
+    /// replaced.
     /// @param name  of the file, links followed. One that is not there has nothing to be kept: path() is empty.
     /// @return ErrorKind::CannotWrite, also for a suffix that is none.
     static Result<Backup> make(const std::filesystem::path& name, const std::string& suffix);
