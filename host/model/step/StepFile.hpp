@@ -47,6 +47,8 @@ public:
     /// What is wrong in the file as opened, in file order, the remarks on the whole file last. Edits change nothing.
     const std::vector<Remark>& remarks() const;
     std::uint64_t byteCount() const;  ///< Of the file as opened; of an .ifczip, of the model unpacked.
+    /// Whether both were opened from the same bytes and have not been changed since.
+    bool sameBytes(const StepFile& other) const;
     /// The program that has the file open for editing, so that it can be saved under other names only; for a person:
     /// "modelhost (process 1234)". Empty where there is none.
     const std::string& lockHolder() const;

@@ -150,10 +150,14 @@ const std::vector<Slot>& ElementFacts::materialsIn(Slot definition) {
     return known->second;
 }
 
-const std::vector<Slot>& ElementFacts::materials(Element element) {
+Slot ElementFacts::materialDefinition(Element element) {
     if (!materialOf_) materialOf_.emplace(work_, "IfcRelAssociatesMaterial", "RelatedObjects", "RelatingMaterial");
     const Slot own = materialOf_->find(slot(element));
-    return materialsIn(own != step::NoSlot ? own : materialOf_->find(typeObject(element)));
+    return own != step::NoSlot ? own : materialOf_->find(typeObject(element));
+}
+
+const std::vector<Slot>& ElementFacts::materials(Element element) {
+    return materialsIn(materialDefinition(element));
 }
 
 // --- Classifications ---

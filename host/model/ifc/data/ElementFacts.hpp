@@ -43,6 +43,8 @@ public:
 
     /// The IfcMaterials it is made of, those of layers, profiles and constituents; its type's where it has none itself.
     const std::vector<step::Slot>& materials(Element element);
+    /// The material, set or usage that says so; NoSlot where there is none.
+    step::Slot materialDefinition(Element element);
     FactValues attributeOf(step::Slot instance, std::string_view name);
 
     /// Its own, then those of its type object of other systems.
