@@ -40,4 +40,9 @@ std::vector<Stored> storedAt(const model::Model& model, model::Element element,
 model::Status storeAsAsked(model::Model& model, model::Element element, const Place& place, Stored::Kind held,
                            std::string_view asked, DecimalSign sign, std::string_view newType);
 
+/// The same, with the type found for a property that the element does not have yet: the standard's for that set and
+/// name, or by the text where the standard has none or its type cannot hold the text.
+model::Status storeAsAsked(model::Model& model, model::Element element, const Place& place, Stored::Kind held,
+                           std::string_view asked, DecimalSign sign);
+
 }  // namespace readback

@@ -16,12 +16,6 @@ bool agrees(std::string_view old, const Stored& held, DecimalSign sign) {
     return held.kind == Stored::Kind::Other;
 }
 
-/// The type for the value of a property that the import made: the standard's for that set and name, else by the text.
-std::string newTypeOf(const model::Model& model, const Place& place, const AskedRow& row) {
-    std::string type = model.standardType(place.set, place.property);
-    return type.empty() ? std::string(typeByText(row.asked, row.sign)) : type;
-}
-
 }  // namespace
 
 ReadBack::ReadBack(model::Model& model, std::vector<AskedRow> rows) : model_(model) {
@@ -85,16 +79,8 @@ std::vector<ReadBack::Row*> ReadBack::lastOfEachItem() {
 }
 
 void ReadBack::store(Row& row) {
-    const std::string newType = row.place.isNew ? newTypeOf(model_, row.place, row.asked) : std::string();
-    const auto storeAs = [&](const std::string& type) {
-        return storeAsAsked(model_, *row.element, row.place, row.held.kind, row.asked.asked, row.asked.sign, type);
-    };
-    model::Status stored = storeAs(newType);
-    // A standard type that cannot hold the text is no reason to lose it: the property was made for this text.
-    if (!stored && row.place.isNew) {
-        const std::string byText(typeByText(row.asked.asked, row.asked.sign));
-        if (byText != newType) stored = storeAs(byText);
-    }
+    const model::Status stored =
+        storeAsAsked(model_, *row.element, row.place, row.held.kind, row.asked.asked, row.asked.sign);
     row.outcome.exact = static_cast<bool>(stored);
     if (!stored) row.outcome.obstacle = stored.error().message;
 }
