@@ -1,10 +1,10 @@
-#include "console/export/CurrentText.hpp"
+#include "updatefile/CurrentText.hpp"
 
-#include "console/output/HostText.hpp"
+#include "text/Unicode.hpp"
 
 #include <fmt/format.h>
 
-namespace console {
+namespace updatefile {
 namespace {
 
 using Source = CurrentText::Source;
@@ -67,7 +67,7 @@ CurrentText currentText(const ElementData& element, std::u16string_view itemName
     // As in the add-on: attributes come before properties, and these before classifications. Of several with the name
     // the add-on keeps the last one that it reads.
     CurrentText current;
-    const std::string attributeName = toUtf8(itemName);
+    const std::string attributeName = text::toUtf8(itemName);
     for (const model::Attribute& attribute : element.attributes) {
         if (attribute.name != attributeName) continue;
         current.source = Source::Attribute;
@@ -82,4 +82,4 @@ CurrentText currentText(const ElementData& element, std::u16string_view itemName
     return current;
 }
 
-}  // namespace console
+}  // namespace updatefile

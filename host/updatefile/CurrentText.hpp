@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-namespace console {
+namespace updatefile {
 
 /// An element's IFC data, read once for all items.
 struct ElementData {
@@ -33,4 +33,4 @@ std::u16string propertyText(const model::PropertyValue& value);
 /// @param itemName  the designation up to its "[".
 CurrentText currentText(const ElementData& element, std::u16string_view itemName);
 
-}  // namespace console
+}  // namespace updatefile

@@ -2,8 +2,8 @@
 // The items that an export writes, and the line of an update file that an element's current value makes: or the reason
 // why there can be none.
 
-#include "console/export/CurrentText.hpp"
 #include "model/base/Result.hpp"
+#include "updatefile/CurrentText.hpp"
 
 #include <cstdint>
 #include <string>
@@ -11,6 +11,9 @@
 #include <vector>
 
 namespace console {
+
+using updatefile::CurrentText;
+using updatefile::ElementData;
 
 /// The items of an export, --items 'Name,FireRating[WallCommon],UniFormat Classification': cut at commas, blanks around
 /// each dropped. Fails for an item without a name and for one that no line can hold.

@@ -2,12 +2,12 @@
 
 #include "UniString.hpp"
 #include "console/Failure.hpp"
-#include "console/export/CurrentText.hpp"
 #include "console/export/UpdateLine.hpp"
 #include "console/output/HostText.hpp"
 #include "tables/Reading.hpp"
 #include "tables/UpdateFiles.hpp"
 #include "text/Guid.hpp"
+#include "updatefile/CurrentText.hpp"
 
 #include <fmt/format.h>
 
@@ -46,7 +46,8 @@ public:
     std::optional<std::string> of(std::string_view guid, std::string_view item) {
         if (guid != guid_) readElement(guid);
         if (!known_) return std::nullopt;
-        const CurrentText current = currentText(data_, text::fromUtf8(item.substr(0, item.find('['))));
+        const updatefile::CurrentText current =
+            updatefile::currentText(data_, text::fromUtf8(item.substr(0, item.find('['))));
         const UpdateLine line = updateLine({guid_, false, true}, item, current);
         return line.obstacle == Obstacle::None ? std::optional(line.value) : std::nullopt;
     }
@@ -68,7 +69,7 @@ private:
     const model::Model& model_;
     std::string guid_;
     bool known_ = false;
-    ElementData data_;
+    updatefile::ElementData data_;
 };
 
 AskedLine askedLine(const updatefile::UpdateLine& line, const model::Guid& guid) {

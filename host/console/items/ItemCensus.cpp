@@ -1,9 +1,9 @@
 #include "console/items/ItemCensus.hpp"
 
 #include "console/Failure.hpp"
-#include "console/export/CurrentText.hpp"
 #include "console/output/HostText.hpp"
 #include "model/ifc/data/ElementFacts.hpp"
+#include "updatefile/CurrentText.hpp"
 
 #include <fmt/format.h>
 
@@ -119,7 +119,7 @@ void ItemCensus::addProperties(model::Element element, const Classes& classes) {
     for (const model::Property& property : valueOrThrow(model_.properties(element))) {
         Counted& entry = entryFor(ItemKind::Property, property.set, property.name);
         const std::string name = toUtf8(property.name);
-        count(entry, propertyText(property.value));
+        count(entry, updatefile::propertyText(property.value));
         setType(entry.record, typeOf(property.kind, property.value.type));
         judge(entry, entry.record.set, name, classes);
         // The add-on looks among the attributes first, and takes the first property of the name up to a bracket.
