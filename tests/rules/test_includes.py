@@ -34,6 +34,7 @@ MAY_INCLUDE = {
     "host/selection/": (("host/selection/", "host/model/", "host/text/"), ("standard", "ICU", "fmt")),
     "host/updatefile/": (("host/updatefile/", "host/include/", "host/model/", "host/text/"), ("standard", "fmt")),
     "host/readback/": (("host/readback/", "host/model/", "host/text/"), ("standard",)),
+    "host/comparing/": (("host/comparing/", "host/model/", "host/readback/", "host/text/", "host/updatefile/"), ("standard",)),
     "host/tables/": (("host/tables/",), ("standard", "system", "ICU", "zip", "expat", "xlsxwriter")),
     "host/console/": (("host/",), ("standard", "system", "ICU", "fmt", "json", "CLI")),
     "host/desktop/": (("host/",), ("standard", "system", "ICU", "fmt", "Qt")),
