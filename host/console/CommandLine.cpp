@@ -25,6 +25,7 @@ struct Words {
     ListOptions list;
     ItemsOptions itemsOf;
     ExportOptions exporting;
+    DiffOptions diff;
     ScriptOptions script;
 
     std::string tick = "all";
@@ -214,6 +215,31 @@ void addExport(CLI::App& app, Words& words) {
         "  modelhost export house.ifc --item 'Name' --where 'IfcWall'");
 }
 
+void addDiff(CLI::App& app, Words& words) {
+    DiffOptions& diff = words.diff;
+    CLI::App& command = *app.add_subcommand("diff", "Tell what is different between two models, element by element");
+    addPath(command, "A", diff.a, "IFC file (.ifc or .ifczip) as it was")->required()->type_name("");
+    addPath(command, "B", diff.b, "IFC file as it is now")->required()->type_name("");
+    addChoice<DiffFormat>(command, "--format", diff.format,
+                          {{"table", DiffFormat::Table},
+                           {"tsv", DiffFormat::Tsv},
+                           {"json", DiffFormat::Json},
+                           {"updates", DiffFormat::Updates}},
+                          "table (the default), tsv, json, or updates: an update file that gives A the data of B");
+    addOutputOptions(command, diff.common.output);
+    addFilter(command, diff.type, diff.ifcClass, diff.where);
+    command.add_flag("--exit-code", diff.exitCode, "exit status 2 where there are differences");
+    command.add_option("-o,--output", words.output, "write the updates here; - or nothing: standard output")
+        ->type_name("FILE");
+    command.footer(
+        "Data is compared, not instances. An element counts as chosen where it is chosen in A or in B.\n\n"
+        "Exit status: 0 done, with --exit-code 2 where there are differences.\n\n"
+        "Examples:\n"
+        "  modelhost diff before.ifc after.ifc\n"
+        "  modelhost diff before.ifc after.ifc --type Door --format json\n"
+        "  modelhost diff before.ifc after.ifc --format updates -o changes.txt");
+}
+
 void addScript(CLI::App& app, Words& words) {
     CLI::App& command = addCommand(app, "script", "Act as the user, step by step, from a file of JSON lines",
                                    words.script.common, words.script.model);
@@ -259,6 +285,7 @@ void addAll(CLI::App& app, Words& words) {
     addList(app, words);
     addItems(app, words);
     addExport(app, words);
+    addDiff(app, words);
     addScript(app, words);
     addHelp(app, words);
     addCompletion(app, words);
@@ -313,6 +340,19 @@ ExportOptions finishExport(Words& words) {
     return std::move(options);
 }
 
+DiffOptions finishDiff(Words& words) {
+    DiffOptions& options = words.diff;
+    if (options.a == "-" && options.b == "-")
+        throw Failure("A and B cannot both be standard input; name a file for one of them");
+    // Only a table is for a pager.
+    options.common.format = options.format == DiffFormat::Table ? Format::Table : Format::Tsv;
+    if (words.output.empty() || words.output == "-") return std::move(options);
+    if (options.format != DiffFormat::Updates)
+        throw Failure(fmt::format("-o {}: only --format updates is written to a file", words.output));
+    options.output = words.output;
+    return std::move(options);
+}
+
 Command finish(const CLI::App& app, Words& words) {
     const std::string& name = app.get_subcommands().front()->get_name();
     if (name == "import") return finishImport(words);
@@ -320,6 +360,7 @@ Command finish(const CLI::App& app, Words& words) {
     if (name == "list") return std::move(words.list);
     if (name == "items") return std::move(words.itemsOf);
     if (name == "export") return finishExport(words);
+    if (name == "diff") return finishDiff(words);
     checkStandardInput(words.script.model, words.script.steps, "STEPS");
     return std::move(words.script);
 }

@@ -1,6 +1,7 @@
 #pragma once
 // The command line's words, read into the options of one command.
 
+#include "console/commands/DiffCommand.hpp"
 #include "console/commands/ExportCommand.hpp"
 #include "console/commands/ImportCommand.hpp"
 #include "console/commands/ItemsCommand.hpp"
@@ -14,7 +15,8 @@
 
 namespace console {
 
-using Command = std::variant<ImportOptions, LookupOptions, ListOptions, ItemsOptions, ExportOptions, ScriptOptions>;
+using Command =
+    std::variant<ImportOptions, LookupOptions, ListOptions, ItemsOptions, ExportOptions, DiffOptions, ScriptOptions>;
 
 /// Throws Failure for wrong usage. Nothing where help or the version was asked for and printed.
 std::optional<Command> parseCommandLine(int argc, const char* const* argv);

@@ -14,6 +14,7 @@ enum class ExitStatus : int {
     Done = 0,
     Failed = 1,      ///< Wrong usage, or a file that cannot be read, understood or written.
     RowsFailed = 2,  ///< At least one ticked row ended in "error!".
+    Different = 2,   ///< Two models are not the same, and that was asked.
 };
 
 /// A complete message for a person: what, where, what to do. One line, no trailing period.

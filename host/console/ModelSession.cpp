@@ -29,6 +29,11 @@ model::Error namingStandardInput(model::Error error, const std::string& kept) {
 
 }  // namespace
 
+ModelFacts factsOf(const model::Model& model, const std::filesystem::path& path) {
+    return {wellFormed(path.string()),  std::string(model.schemaName()), model.elementCount(),
+            model.duplicateGlobalIds(), model.invalidGlobalIds(),        model.unknownClasses()};
+}
+
 JsonValue asJson(const ModelFacts& facts) {
     return {{"path", facts.path},
             {"schema", facts.schema},
@@ -82,8 +87,7 @@ std::string ModelSession::shownName() const {
 }
 
 ModelFacts ModelSession::facts() {
-    return {wellFormed(path_.string()),   std::string(model().schemaName()), model().elementCount(),
-            model().duplicateGlobalIds(), model().invalidGlobalIds(),        model().unknownClasses()};
+    return factsOf(model(), path_);
 }
 
 void ModelSession::loadAddOn() {

@@ -37,6 +37,7 @@ struct ModelFacts {
     std::uint64_t invalidGlobalIds = 0;
     std::vector<model::UnknownClass> unknownClasses;
 };
+ModelFacts factsOf(const model::Model& model, const std::filesystem::path& path);
 JsonValue asJson(const ModelFacts& facts);
 /// [{"class": "IFCALPHA", "instances": 2}, ...]
 JsonValue asJson(const std::vector<model::UnknownClass>& classes);

@@ -44,6 +44,7 @@ ExitStatus run(const Command& command) {
         ExitStatus operator()(const ListOptions& options) const { return runList(options); }
         ExitStatus operator()(const ItemsOptions& options) const { return runItems(options); }
         ExitStatus operator()(const ExportOptions& options) const { return runExport(options); }
+        ExitStatus operator()(const DiffOptions& options) const { return runDiff(options); }
         ExitStatus operator()(const ScriptOptions& options) const { return runScript(options); }
     };
     return std::visit(Runner{}, command);

@@ -1,0 +1,83 @@
+#include "console/commands/DiffCommand.hpp"
+
+#include "console/commands/ElementFilter.hpp"
+#include "console/diff/DiffOutput.hpp"
+#include "console/output/Messages.hpp"
+#include "console/output/OutputFile.hpp"
+#include "console/output/StandardInput.hpp"
+#include "console/output/StandardOutput.hpp"
+
+#include <fmt/format.h>
+
+namespace console {
+namespace {
+
+std::unique_ptr<model::Model> open(const std::filesystem::path& path) {
+    std::optional<StandardInput> kept;
+    if (path == "-") kept.emplace();
+    const std::string name = kept ? StandardInput::Name : path.string();
+    ProgressLine progress(fmt::format("Opening {}", name));
+    auto model = valueOrThrow(model::Model::open(kept ? kept->path() : path, {progress.callback(), false}));
+    for (const std::string& remark : model->remarks()) say(fmt::format("{}: {}", name, remark));
+    return model;
+}
+
+/// By element, whether the options choose it; empty where they choose all.
+std::vector<bool> chosenIn(const model::Model& model, const DiffOptions& options) {
+    if (options.type.empty() && options.ifcClass.empty() && options.where.empty()) return {};
+    std::vector<bool> chosen(model.elementCount());
+    for (const model::Element element : ElementFilter(model, options.type, options.ifcClass, options.where).elements())
+        chosen[element] = true;
+    return chosen;
+}
+
+/// Checked before the work, so that no work is lost.
+void checkTarget(const DiffOptions& options) {
+    if (!options.output) return;
+    for (const auto& path : {options.a, options.b}) {
+        std::error_code ignored;
+        if (std::filesystem::equivalent(*options.output, path, ignored)) {
+            throw Failure(fmt::format("-o {}: that is one of the models, which would be lost; name another file",
+                                      options.output->string()));
+        }
+    }
+    OutputFile::checkPlace(*options.output);
+}
+
+void printUpdates(const Difference& difference, const std::optional<std::filesystem::path>& output) {
+    const std::string text = updatesOf(difference);
+    if (output) {
+        OutputFile file(*output);
+        file.write(text);
+        file.commit();
+    } else {
+        print(text);
+    }
+    for (const std::string& line : leftOutOf(difference)) say(line);
+}
+
+}  // namespace
+
+ExitStatus runDiff(const DiffOptions& options) {
+    checkTarget(options);
+    const auto a = open(options.a), b = open(options.b);
+    const auto comparison = valueOrThrow(comparing::compare(*a, *b, {chosenIn(*a, options), chosenIn(*b, options)}));
+    const Difference difference{{*a, options.a}, {*b, options.b}, comparison};
+    switch (options.format) {
+        case DiffFormat::Table:
+            printAsTable(difference);
+            break;
+        case DiffFormat::Tsv:
+            printAsTsv(difference);
+            break;
+        case DiffFormat::Json:
+            printAsJson(difference);
+            break;
+        case DiffFormat::Updates:
+            printUpdates(difference, options.output);
+            break;
+    }
+    return options.exitCode && difference.any() ? ExitStatus::Different : ExitStatus::Done;
+}
+
+}  // namespace console
