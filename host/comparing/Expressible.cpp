@@ -7,7 +7,10 @@
 #include "text/Unicode.hpp"
 #include "updatefile/CurrentText.hpp"
 
-#include <algorithm>
+#include <map>
+#include <set>
+#include <tuple>
+#include <utility>
 
 namespace comparing {
 
@@ -16,6 +19,7 @@ namespace {
 using model::Element;
 using model::Model;
 using readback::Place;
+using Key = std::pair<std::string, std::string>;  // set and name
 
 /// The add-on's buffer for a line, its line end not counted.
 constexpr std::size_t LongestLine = 2047;
@@ -39,58 +43,8 @@ std::size_t lengthOf(const Change& change, const std::string& old) {
     return text::GuidLength + change.item.size() + old.size() + change.asked.size() + 3;
 }
 
-/// The changes of one element.
-class ElementTrial {
-public:
-    ElementTrial(Model& model, Element element)
-        : model_(model), element_(element), guid_(model.workspace().elements.guid(element)) {}
-
-    model::Status run(std::vector<Change>& changes) {
-        auto attributes = model_.attributes(element_);
-        auto properties = model_.properties(element_);
-        auto classifications = model_.classifications(element_);
-        if (!attributes) return attributes.error();
-        if (!properties) return properties.error();
-        if (!classifications) return classifications.error();
-        data_ = {std::move(*attributes), std::move(*properties), std::move(*classifications)};
-        named_ = !model_.name(element_).empty();
-        // The review list is made before anything is changed.
-        std::vector<Place> places;
-        for (const Change& change : changes)
-            places.push_back(change.writable() ? readback::placeOf(model_, element_, change.item) : Place{});
-        for (std::size_t i = 0; i < changes.size(); ++i) {
-            Change& change = changes[i];
-            if (change.writable()) change.obstacle = obstacleOf(change, places[i]);
-        }
-        return {};
-    }
-
-private:
-    std::string obstacleOf(Change& change, const Place& place);
-    std::string obstacleOfLine(const Change& change) const;
-    bool leadsThere(const Change& change, const Place& place) const;
-    bool isReal(const Change& change) const;
-    bool reviewedAsSame(Change& change) const;
-    std::string tryOut(const Change& change, const Place& place);
-    std::optional<std::string> heldAt(const Place& place) const;
-
-    Model& model_;
-    Element element_;
-    model::Guid guid_;
-    updatefile::ElementData data_;
-    bool named_ = false;
-};
-
-std::string ElementTrial::obstacleOfLine(const Change& change) const {
-    if (guid_ == model::Guid{}) return "the element's GUID is null, which names no element";
-    if (!named_) return "the element has no Name, so the review list would refuse the line";
-    if (breaksLines(change.asked)) return "the value holds a TAB, a line end or a zero, which a line cannot hold";
-    if (breaksLines(change.item)) return "the item's name holds a TAB, a line end or a zero, which a line cannot hold";
-    if (lengthOf(change, {}) > LongestLine) return "the line would be longer than 2047 bytes and be cut";
-    return {};
-}
-
-bool ElementTrial::leadsThere(const Change& change, const Place& place) const {
+/// Whether the place is the one that the change is about.
+bool leadsThere(const Change& change, const Place& place) {
     switch (place.kind) {
         case Place::Kind::Attribute:
             return change.kind == ChangeKind::Attribute;
@@ -105,60 +59,154 @@ bool ElementTrial::leadsThere(const Change& change, const Place& place) const {
     return false;
 }
 
-/// Whether the property holds a real number now, so that a zero more at its end is still the same number.
-bool ElementTrial::isReal(const Change& change) const {
-    const auto& properties = data_.properties;
-    return std::any_of(properties.begin(), properties.end(), [&](const model::Property& property) {
-        return property.value.primitive == model::Primitive::Real && text::toUtf8(property.set) == change.set &&
-               text::toUtf8(property.name) == textBefore(change.item, '[');
-    });
+/// The changes of one element. Each step is taken for all of them, since there may be thousands.
+class ElementTrial {
+public:
+    ElementTrial(Model& model, Element element, std::vector<Change>& changes)
+        : model_(model), element_(element), guid_(model.workspace().elements.guid(element)) {
+        for (Change& change : changes)
+            if (change.writable()) attempts_.push_back({change, {}, {}});
+    }
+
+    model::Status run() {
+        if (attempts_.empty()) return {};
+        if (model::Status read = readCurrent(); !read) return read;
+        findPlaces();
+        for (Attempt& attempt : attempts_) attempt.change.obstacle = obstacleOf(attempt);
+        for (Attempt& attempt : attempts_)
+            if (attempt.change.writable()) attempt.change.obstacle = write(attempt);
+        return compareWritten();
+    }
+
+private:
+    struct Attempt {
+        Change& change;
+        Place place;
+        readback::Stored::Kind held;
+    };
+
+    model::Status readCurrent();
+    void findPlaces();
+    std::string obstacleOf(Attempt& attempt);
+    std::string obstacleOfLine(const Change& change) const;
+    bool nameIsTaken(const Place& place);
+    bool reviewedAsSame(Change& change);
+    std::string write(const Attempt& attempt);
+    model::Status compareWritten();
+
+    Model& model_;
+    Element element_;
+    model::Guid guid_;
+    std::vector<Attempt> attempts_;
+    bool named_ = false;
+    std::map<std::u16string, std::u16string> shown_;  ///< By name: what the review list shows as current.
+    std::set<Key> reals_;                             ///< Properties that hold a real number.
+    std::set<std::u16string> made_;                   ///< Names of properties that updates before have made.
+};
+
+/// The rules of the review list: of several properties of a name the last is shown.
+model::Status ElementTrial::readCurrent() {
+    const auto attributes = model_.attributes(element_);
+    if (!attributes) return attributes.error();
+    const auto classifications = model_.classifications(element_);
+    if (!classifications) return classifications.error();
+    const auto properties = model_.properties(element_);
+    if (!properties) return properties.error();
+    for (const auto& reference : *classifications) shown_[reference.system] = reference.itemReference.value_or(u"");
+    for (const model::Property& property : *properties) {
+        const bool single = property.kind == model::PropertyKind::Single;
+        shown_[property.name] = single ? updatefile::propertyText(property.value) : u"????";
+        if (single && property.value.primitive == model::Primitive::Real)
+            reals_.insert({text::toUtf8(property.set), text::toUtf8(property.name)});
+    }
+    for (const model::Attribute& attribute : *attributes) shown_[text::fromUtf8(attribute.name)] = attribute.value;
+    named_ = !model_.name(element_).empty();
+    return {};
 }
 
-/// The review list does not let a row be ticked whose new value it takes for the current one. A number can be written
-/// in another way.
-bool ElementTrial::reviewedAsSame(Change& change) const {
-    const auto current = updatefile::currentText(data_, text::fromUtf8(textBefore(change.item, '[')));
-    const std::string held = text::toUtf8(current.text);
+void ElementTrial::findPlaces() {
+    std::vector<std::string_view> items;
+    for (const Attempt& attempt : attempts_) items.push_back(attempt.change.item);
+    const std::vector<Place> places = readback::placesOf(model_, element_, items);
+    std::vector<const Place*> pointers;
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        attempts_[i].place = places[i];
+        pointers.push_back(&attempts_[i].place);
+    }
+    const auto held = readback::storedAt(model_, element_, pointers);
+    for (std::size_t i = 0; i < held.size(); ++i) attempts_[i].held = held[i].kind;
+}
+
+std::string ElementTrial::obstacleOfLine(const Change& change) const {
+    if (guid_ == model::Guid{}) return "the element's GUID is null, which names no element";
+    if (!named_) return "the element has no Name, so the review list would refuse the line";
+    if (breaksLines(change.asked)) return "the value holds a TAB, a line end or a zero, which a line cannot hold";
+    if (breaksLines(change.item)) return "the item's name holds a TAB, a line end or a zero, which a line cannot hold";
+    if (lengthOf(change, {}) > LongestLine) return "the line would be longer than 2047 bytes and be cut";
+    return {};
+}
+
+/// The second of two new properties of one name would be written into the first.
+bool ElementTrial::nameIsTaken(const Place& place) {
+    if (place.kind == Place::Kind::Classification) return made_.contains(place.system);
+    return place.isNew && !made_.insert(place.property).second;
+}
+
+/// The review list does not let a row be ticked whose new value it takes for the current one. A real number can be
+/// written in another way.
+bool ElementTrial::reviewedAsSame(Change& change) {
+    const std::string name = textBefore(change.item, '[');
+    const std::string held = text::toUtf8(shown_[text::fromUtf8(name)]);
     const auto same = [&] { return held == textBefore(spokenOut(change.asked), '{'); };
-    if (same() && change.kind == ChangeKind::Property && isReal(change) && change.asked.find('e') == std::string::npos)
-        change.asked += '0';
+    const bool real = change.kind == ChangeKind::Property && reals_.contains({change.set, name});
+    if (same() && real && change.asked.find('e') == std::string::npos) change.asked += '0';
     return same();
 }
 
-/// What the element holds there now, for comparing with Change::now.
-std::optional<std::string> ElementTrial::heldAt(const Place& place) const {
-    if (place.kind == Place::Kind::Property) return propertyText(model_, element_, place.set, place.property);
-    if (place.kind == Place::Kind::Attribute) return attributeText(model_, element_, place.attribute);
-    return readback::textOf(readback::storedAt(model_, element_, place));
+std::string ElementTrial::obstacleOf(Attempt& attempt) {
+    if (std::string obstacle = obstacleOfLine(attempt.change); !obstacle.empty()) return obstacle;
+    if (!leadsThere(attempt.change, attempt.place)) return "the item's name alone leads to another item, or to none";
+    if (reviewedAsSame(attempt.change)) return "the review list takes the old and the new value for the same";
+    return nameIsTaken(attempt.place) ? "another new property of that name would be written instead" : "";
 }
 
-std::string ElementTrial::tryOut(const Change& change, const Place& place) {
-    if (place.isNew) {
-        // The add-on makes a label of it first, and what it is refused stays refused.
-        model::Property label{place.set, place.property, model::PropertyKind::Single, false, {}};
-        label.value.type = "IfcLabel";
-        label.value.string = text::fromUtf8(change.asked);
-        if (const auto made = model_.setProperty(element_, label); !made) return made.error().message;
+/// What the add-on makes, before the host stores what was asked for. What it is refused stays refused.
+model::Status makeNew(Model& model, Element element, const Place& place, const Change& change) {
+    if (place.kind == Place::Kind::Classification) {
+        model::ClassificationReference reference;
+        reference.system = place.system;
+        return model.setClassification(element, reference);
     }
-    if (place.kind == Place::Kind::Classification && !change.old) {
-        model::ClassificationReference made;
-        made.system = place.system;
-        if (const auto added = model_.setClassification(element_, made); !added) return added.error().message;
-    }
-    const auto stored = readback::storeAsAsked(model_, element_, place, change.asked, readback::DecimalSign::Point);
-    if (!stored) return stored.error().message;
-    const auto held = heldAt(place);
-    if (held == change.now) return {};
-    return "the import would store \"" + held.value_or("") + "\" there, by the type of the item";
+    model::Property label{place.set, place.property, model::PropertyKind::Single, false, {}};
+    label.value.type = "IfcLabel";
+    label.value.string = text::fromUtf8(change.asked);
+    return model.setProperty(element, label);
 }
 
-std::string ElementTrial::obstacleOf(Change& change, const Place& place) {
-    if (std::string obstacle = obstacleOfLine(change); !obstacle.empty()) return obstacle;
-    // Again, since what an update before it makes can take the name.
-    if (!leadsThere(change, place) || !leadsThere(change, readback::placeOf(model_, element_, change.item)))
-        return "the item's name alone leads to another item, or to none";
-    if (reviewedAsSame(change)) return "the review list takes the old and the new value for the same";
-    return tryOut(change, place);
+std::string ElementTrial::write(const Attempt& attempt) {
+    const Change& change = attempt.change;
+    if (!change.old) {
+        if (const auto made = makeNew(model_, element_, attempt.place, change); !made) return made.error().message;
+    }
+    const auto stored = readback::storeAsAsked(model_, element_, attempt.place, attempt.held, change.asked,
+                                               readback::DecimalSign::Point);
+    return stored ? std::string() : stored.error().message;
+}
+
+model::Status ElementTrial::compareWritten() {
+    const auto values = valuesOf(model_, element_);
+    if (!values) return values.error();
+    std::map<std::tuple<ChangeKind, std::string, std::string>, const Value*> byItem;
+    for (const Value& value : *values) byItem.try_emplace({value.kind, text::toUtf8(value.set), itemOf(value)}, &value);
+    for (Attempt& attempt : attempts_) {
+        Change& change = attempt.change;
+        if (!change.writable()) continue;
+        const auto found = byItem.find({change.kind, change.set, change.item});
+        const std::string held = found == byItem.end() ? std::string() : found->second->text();
+        if (held != change.now)
+            change.obstacle = "the import would store \"" + held + "\" there, by the type of the item";
+    }
+    return {};
 }
 
 }  // namespace
@@ -168,7 +216,7 @@ model::Status judgeChanges(Model& a, std::vector<ChangedElement>& changed) {
     model::Status status;
     const auto ran = a.command("Try out updates", [&] {
         for (ChangedElement& element : changed) {
-            status = ElementTrial(a, element.a).run(element.changes);
+            status = ElementTrial(a, element.a, element.changes).run();
             if (!status) break;
         }
         return TakeBack;

@@ -129,32 +129,6 @@ model::Result<std::vector<Value>> valuesOf(const Model& model, Element element) 
     return values;
 }
 
-std::optional<std::string> attributeText(const Model& model, Element element, std::string_view name) {
-    const auto attributes = model.attributes(element);
-    if (!attributes) return std::nullopt;
-    const auto found = std::find_if(attributes->begin(), attributes->end(),
-                                    [&](const model::Attribute& attribute) { return attribute.name == name; });
-    return found == attributes->end() ? std::nullopt : std::optional(toUtf8(found->value));
-}
-
-std::optional<std::string> propertyText(const Model& model, Element element, std::u16string_view set,
-                                        std::u16string_view name) {
-    std::optional<Value> found;
-    bool single = true;
-    model.visitProperties(element, [&](const model::PropertyView& property) {
-        if (found || property.name != name || property.set != set) return;
-        single = property.kind == model::PropertyKind::Single;
-        const model::PropertyValue held{std::string(property.type), property.primitive,
-                                        property.integer,           property.real,
-                                        property.boolean,           std::u16string(property.string)};
-        readSingle(held, found.emplace());
-    });
-    if (!found) return std::nullopt;
-    if (single) return found->text();
-    model::ifc::Workspace& work = model.workspace();
-    return listText(work, model::ifc::findProperty(work, work.elements.slot(element), set, name));
-}
-
 std::string itemOf(const Value& value) {
     constexpr std::u16string_view Prefix = u"Pset_";
     std::string item = toUtf8(value.name);

@@ -29,13 +29,6 @@ struct Value {
 /// Attributes in schema order without the GlobalId, properties and classifications in the host's order.
 model::Result<std::vector<Value>> valuesOf(const model::Model& model, model::Element element);
 
-/// Nothing where the element's class has no such attribute.
-std::optional<std::string> attributeText(const model::Model& model, model::Element element, std::string_view name);
-
-/// What text() says of the first property of that set and name; nothing where there is none.
-std::optional<std::string> propertyText(const model::Model& model, model::Element element, std::u16string_view set,
-                                        std::u16string_view name);
-
 /// "FireRating[WallCommon]": what an update calls it.
 std::string itemOf(const Value& value);
 

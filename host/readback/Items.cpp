@@ -298,15 +298,15 @@ model::Status storeAsAsked(Model& model, Element element, const Place& place, St
     return model::Error{model::ErrorKind::BadName, "nothing on the element has that name"};
 }
 
-model::Status storeAsAsked(Model& model, Element element, const Place& place, std::string_view asked,
+model::Status storeAsAsked(Model& model, Element element, const Place& place, Stored::Kind held, std::string_view asked,
                            DecimalSign sign) {
-    if (!place.isNew) return storeAsAsked(model, element, place, asked, sign, {});
+    if (!place.isNew) return storeAsAsked(model, element, place, held, asked, sign, {});
     const std::string byText(typeByText(asked, sign));
     const std::string standard = model.standardType(place.set, place.property);
-    if (standard.empty()) return storeAsAsked(model, element, place, asked, sign, byText);
-    model::Status stored = storeAsAsked(model, element, place, asked, sign, standard);
+    if (standard.empty()) return storeAsAsked(model, element, place, held, asked, sign, byText);
+    model::Status stored = storeAsAsked(model, element, place, held, asked, sign, standard);
     // A standard type that cannot hold the text is no reason to lose it: the property was made for this text.
-    if (!stored && byText != standard) stored = storeAsAsked(model, element, place, asked, sign, byText);
+    if (!stored && byText != standard) stored = storeAsAsked(model, element, place, held, asked, sign, byText);
     return stored;
 }
 

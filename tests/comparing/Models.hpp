@@ -26,7 +26,7 @@ inline comparing::Comparison compared(const std::string& a, const std::string& b
     auto comparison = comparing::compare(*modelA, *modelB);
     if (!comparison) throw std::runtime_error(comparison.error().message);
     EXPECT_FALSE(modelA->modified());
-    EXPECT_FALSE(modelA->canUndo());
+    EXPECT_FALSE(modelA->undoSteps().undo);
     return std::move(*comparison);
 }
 
