@@ -1,10 +1,10 @@
 #include "console/commands/DiffCommand.hpp"
 
+#include "console/StandardInput.hpp"
 #include "console/commands/ElementFilter.hpp"
 #include "console/diff/DiffOutput.hpp"
 #include "console/output/Messages.hpp"
 #include "console/output/OutputFile.hpp"
-#include "console/output/StandardInput.hpp"
 #include "console/output/StandardOutput.hpp"
 
 #include <fmt/format.h>
