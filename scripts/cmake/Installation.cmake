@@ -66,7 +66,8 @@ install(DIRECTORY docs samples DESTINATION share/doc/modelhost-doc COMPONENT doc
 debian_files(modelhost-doc doc)
 
 configure_file(packaging/changelog.in ${INSTALLED}/changelog @ONLY)
-execute_process(COMMAND gzip -9nc ${INSTALLED}/changelog OUTPUT_FILE ${INSTALLED}/changelog.gz COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND gzip -9nc ${INSTALLED}/changelog
+  OUTPUT_FILE ${INSTALLED}/changelog.gz COMMAND_ERROR_IS_FATAL ANY)
 
 # --- Packages: cpack -G DEB ---
 set(CPACK_GENERATOR DEB)

@@ -1,5 +1,5 @@
-"""A folder that is the root of a Debian with nothing in it but some packages and what they depend on: made from the packages
-installed on this machine, so that it takes seconds and no network."""
+"""A folder that is the root of a Debian with nothing in it but some packages and what they depend on: made from the
+packages installed on this machine, so that it takes seconds and no network."""
 
 import os
 import re
@@ -29,7 +29,8 @@ def wanted_by(fields):
 
 
 def closure(fields, packages):
-    """The names of the installed packages that somebody with these fields needs. @raise LookupError where one is missing."""
+    """The names of the installed packages that somebody with these fields needs.
+    @raise LookupError where one is missing."""
     providers = {}
     for name, stanza in packages.items():
         for provided in filter(None, (part.strip() for part in stanza.get("Provides", "").split(","))):
@@ -37,7 +38,8 @@ def closure(fields, packages):
     found, waiting = set(), [fields]
     while waiting:
         for choices in wanted_by(waiting.pop()):
-            name = next((n if n in packages else providers[n] for n in choices if n in packages or n in providers), None)
+            there = (choice if choice in packages else providers.get(choice) for choice in choices)
+            name = next(filter(None, there), None)
             if name is None:
                 raise LookupError(" or ".join(choices) + " is not installed on this machine")
             if name not in found:
@@ -60,7 +62,8 @@ class BareRoot:
     @staticmethod
     def without(fields, names):
         """The packages under test need each other, too; those come from the test."""
-        kept = [part for part in fields.get("Depends", "").split(",") if re.split(r"[ (]", part.strip())[0] not in names]
+        kept = [part for part in fields.get("Depends", "").split(",")
+                if re.split(r"[ (]", part.strip())[0] not in names]
         return dict(fields, Depends=",".join(kept))
 
     def make(self):

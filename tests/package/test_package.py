@@ -193,7 +193,7 @@ class Installed(Packed):
         self.assertGreater(int(done.stdout.split()[-1]), 0)
 
     def test_without_a_library_that_is_depended_on_they_are_not_configured(self):
-        """The root holds what is depended on and nothing more: this would not be seen on a machine that has everything."""
+        """The root holds what is depended on and nothing more; a machine that has everything would not show this."""
         self.assertNotIn("qt6-base-dev", self.root.names)
         self.assertNotIn("g++", self.root.names)
         status = self.root.folder / "var/lib/dpkg/status"
