@@ -37,6 +37,8 @@ MAY_INCLUDE = {
     "host/comparing/": (("host/comparing/", "host/model/", "host/readback/", "host/text/", "host/updatefile/"),
                         ("standard",)),
     "host/tables/": (("host/tables/",), ("standard", "system", "ICU", "zip", "expat", "xlsxwriter")),
+    "host/report/": (("host/report/", "host/comparing/", "host/model/", "host/tables/", "host/text/"),
+                     ("standard", "fmt", "json")),
     "host/console/": (("host/",), ("standard", "system", "ICU", "fmt", "json", "CLI")),
     "host/desktop/": (("host/",), ("standard", "system", "ICU", "fmt", "Qt")),
 }

@@ -1,0 +1,58 @@
+#include "report/Report.hpp"
+
+#include <nlohmann/json.hpp>
+
+namespace report {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+const char* nameOf(Tone tone) {
+    switch (tone) {
+        case Tone::Good:
+            return "good";
+        case Tone::Note:
+            return "note";
+        case Tone::Bad:
+            return "bad";
+        case Tone::Plain:
+            break;
+    }
+    return "plain";
+}
+
+Json orNull(const std::optional<std::string>& text) {
+    return text ? Json(*text) : Json();
+}
+
+Json asJson(const Row& row) {
+    return {{"item", row.item},           {"old", orNull(row.old)},   {"new", orNull(row.now)},
+            {"asked", orNull(row.asked)}, {"tone", nameOf(row.tone)}, {"remark", row.remark}};
+}
+
+Json asJson(const Subject& subject) {
+    Json rows = Json::array();
+    for (const Row& row : subject.rows) rows.push_back(asJson(row));
+    return {{"guid", subject.guid},     {"globalId", subject.globalId}, {"class", subject.ifcClass},
+            {"type", subject.type},     {"name", subject.name},         {"storey", subject.storey},
+            {"remark", subject.remark}, {"rows", std::move(rows)}};
+}
+
+}  // namespace
+
+std::string toJson(const Report& report) {
+    Json document;
+    document["title"] = report.title;
+    document["facts"] = Json::object();
+    for (const Fact& fact : report.facts) document["facts"][fact.label] = fact.text;
+    document["sums"] = Json::object();
+    for (const Sum& sum : report.sums) document["sums"][sum.label] = sum.count;
+    document["elements"] = Json::array();
+    for (const Subject& subject : report.subjects) document["elements"].push_back(asJson(subject));
+    document["notes"] = report.notes;
+    // Texts of an add-on's own may hold any bytes.
+    return document.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+}  // namespace report

@@ -1,0 +1,123 @@
+#include "report/Plans.hpp"
+
+#include "model/base/ElementTypeIds.hpp"
+#include "text/Guid.hpp"
+
+#include <algorithm>
+#include <map>
+#include <unordered_map>
+
+namespace report {
+
+namespace {
+
+using model::Element;
+using model::Model;
+
+/// A page with more than that is slow to read on, and shows nothing that could be told apart.
+constexpr std::size_t MostOutlines = 4000;
+
+/// What is drawn under what: areas first, then what stands on them. Negative: no part of a plan.
+int layerOf(std::int32_t typeId) {
+    using Type = model::ElementTypeIds;
+    switch (typeId) {
+        case Type::Site:
+        case Type::Building:
+        case Type::Storey:
+        case Type::Mesh:
+        // An opening has the outline of its window or door, and would only hide it.
+        case Type::Opening:
+            return -1;
+        case Type::Slab:
+        case Type::Roof:
+            return 0;
+        case Type::Zone:
+            return 1;
+        case Type::Wall:
+        case Type::Column:
+        case Type::CurtainWall:
+            return 3;
+        case Type::Window:
+        case Type::Door:
+            return 4;
+        default:
+            return 2;
+    }
+}
+
+bool isArea(int layer) {
+    return layer <= 1;
+}
+
+struct Candidate {
+    const Model* model;
+    Element element;
+    int layer;
+    std::optional<std::size_t> subject;
+};
+
+std::optional<Outline> outlineOf(const Candidate& candidate) {
+    Outline outline;
+    outline.area = isArea(candidate.layer);
+    outline.subject = candidate.subject;
+    for (const model::Point& point : candidate.model->footprint(candidate.element))
+        outline.corners.push_back({point.x, point.y});
+    if (outline.corners.empty()) {
+        const auto origin = candidate.model->placement(candidate.element);
+        if (!origin || !candidate.subject) return std::nullopt;
+        outline.corners.push_back({origin->x, origin->y});
+    }
+    return outline;
+}
+
+/// Subjects before all others where there are too many.
+Plan planOf(const std::string& storey, std::vector<Candidate> candidates) {
+    Plan plan;
+    plan.storey = storey;
+    if (candidates.size() > MostOutlines) {
+        std::stable_partition(candidates.begin(), candidates.end(),
+                              [](const Candidate& candidate) { return candidate.subject.has_value(); });
+        plan.notDrawn = candidates.size() - MostOutlines;
+        candidates.resize(MostOutlines);
+    }
+    std::stable_sort(candidates.begin(), candidates.end(),
+                     [](const Candidate& a, const Candidate& b) { return a.layer < b.layer; });
+    for (const Candidate& candidate : candidates)
+        if (auto outline = outlineOf(candidate)) plan.outlines.push_back(std::move(*outline));
+    return plan;
+}
+
+}  // namespace
+
+std::vector<Plan> plansOf(const Report& report, const Model& model, const Model* before) {
+    std::unordered_map<std::string, std::size_t> subjects;
+    std::map<std::string, std::vector<Candidate>> byStorey;
+    std::vector<std::string> order;
+    for (std::size_t i = 0; i < report.subjects.size(); ++i) {
+        const Subject& subject = report.subjects[i];
+        subjects.emplace(subject.guid, i);
+        if (!subject.storey.empty() && byStorey.try_emplace(subject.storey).second) order.push_back(subject.storey);
+    }
+    const auto collect = [&](const Model& from, bool goneOnly) {
+        for (Element element = 0; element < from.elementCount(); ++element) {
+            const model::ElementInfo info = from.info(element);
+            const int layer = layerOf(info.typeId);
+            if (layer < 0 || (goneOnly && model.find(info.guid))) continue;
+            const auto found = subjects.find(text::guidText(info.guid));
+            const auto storey = byStorey.find(from.storey(element));
+            if (storey == byStorey.end() || (goneOnly && found == subjects.end())) continue;
+            storey->second.push_back(
+                {&from, element, layer, found == subjects.end() ? std::nullopt : std::optional(found->second)});
+        }
+    };
+    collect(model, false);
+    if (before != nullptr) collect(*before, true);
+    std::vector<Plan> plans;
+    for (const std::string& storey : order) {
+        Plan plan = planOf(storey, std::move(byStorey[storey]));
+        if (!plan.outlines.empty()) plans.push_back(std::move(plan));
+    }
+    return plans;
+}
+
+}  // namespace report

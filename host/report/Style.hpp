@@ -1,0 +1,8 @@
+#pragma once
+
+namespace report {
+
+/// How a report looks: light and dark, narrow and wide, on paper.
+extern const char* const StyleSheet;
+
+}  // namespace report
