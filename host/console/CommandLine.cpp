@@ -90,6 +90,14 @@ void addBackup(CLI::App& command, CommonOptions& common) {
         ->type_name("SUFFIX");
 }
 
+void addReport(CLI::App& command, CommonOptions& common) {
+    command
+        .add_option_function<std::string>(
+            "--report", [&common](const std::string& text) { common.report = text; },
+            "write what was changed, with plans, as a page to hand on (.html), as JSON (.json) or a workbook (.xlsx)")
+        ->type_name("FILE");
+}
+
 void addWhere(CLI::App& command, std::string& where) {
     command
         .add_option("--where", where,
@@ -132,6 +140,7 @@ void addImport(CLI::App& app, Words& words) {
     command.add_flag("--clear-empty", table.clearEmpty, "empty cells of a table ask for the empty text");
     addForce(command, words.import.common);
     addBackup(command, words.import.common);
+    addReport(command, words.import.common);
     command.footer(
         "Without --apply nothing is changed: the list shows what would be. Where -o - writes the model to standard "
         "output, the list goes to standard error.\n\n"
@@ -141,6 +150,7 @@ void addImport(CLI::App& app, Words& words) {
         "  modelhost import house.ifc updates.txt\n"
         "  modelhost import house.ifc updates.txt --tick 1,4-9 --apply -o changed.ifc\n"
         "  modelhost import house.ifc doors.csv --apply --in-place --exact --strict\n"
+        "  modelhost import house.ifc updates.txt --apply -o changed.ifc --report changes.html\n"
         "  modelhost import - updates.txt --apply -o - < house.ifc > changed.ifc");
 }
 
@@ -224,12 +234,16 @@ void addDiff(CLI::App& app, Words& words) {
                           {{"table", DiffFormat::Table},
                            {"tsv", DiffFormat::Tsv},
                            {"json", DiffFormat::Json},
+                           {"html", DiffFormat::Html},
                            {"updates", DiffFormat::Updates}},
-                          "table (the default), tsv, json, or updates: an update file that gives A the data of B");
+                          "table (the default), tsv, json, html: a page to hand on, or updates: an update file that "
+                          "gives A the data of B");
     addOutputOptions(command, diff.common.output);
+    addReport(command, diff.common);
     addFilter(command, diff.type, diff.ifcClass, diff.where);
     command.add_flag("--exit-code", diff.exitCode, "exit status 2 where there are differences");
-    command.add_option("-o,--output", words.output, "write the updates here; - or nothing: standard output")
+    command
+        .add_option("-o,--output", words.output, "write the updates or the page here; - or nothing: standard output")
         ->type_name("FILE");
     command.footer(
         "Data is compared, not instances. An element counts as chosen where it is chosen in A or in B.\n\n"
@@ -248,6 +262,7 @@ void addScript(CLI::App& app, Words& words) {
         ->type_name("");
     addForce(command, words.script.common);
     addBackup(command, words.script.common);
+    addReport(command, words.script.common);
     command.footer(
         "Steps are such as {\"menu\":1} {\"file\":\"updates.txt\"} {\"click\":3}.\n\n"
         "Examples:\n"
@@ -347,8 +362,8 @@ DiffOptions finishDiff(Words& words) {
     // Only a table is for a pager.
     options.common.format = options.format == DiffFormat::Table ? Format::Table : Format::Tsv;
     if (words.output.empty() || words.output == "-") return std::move(options);
-    if (options.format != DiffFormat::Updates)
-        throw Failure(fmt::format("-o {}: only --format updates is written to a file", words.output));
+    if (options.format != DiffFormat::Updates && options.format != DiffFormat::Html)
+        throw Failure(fmt::format("-o {}: only --format updates and html are written to a file", words.output));
     options.output = words.output;
     return std::move(options);
 }

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 namespace console {
@@ -25,6 +26,7 @@ struct CommonOptions {
     std::filesystem::path addOn;  ///< Empty: the bundle beside the program.
     bool debug = false;
     bool force = false;  ///< Save over a file that another program changed since it was opened.
+    std::optional<std::filesystem::path> report;  ///< A page, JSON or workbook to hand on; of import, script and diff.
     std::string backup;  ///< The suffix under which a file that is replaced is kept; empty: it is not.
 };
 

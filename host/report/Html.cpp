@@ -33,6 +33,11 @@ const std::string& orUnnamed(const std::string& text, const std::string& otherwi
 const std::string NoName = "(no name)";
 const std::string NoStorey = "On no storey";
 
+/// Whether somebody may have to do something about it.
+bool isOpen(const Row& row) {
+    return row.tone == Tone::Bad || row.tone == Tone::Note;
+}
+
 class Page {
 public:
     explicit Page(const Report& report) : report_(report) {
@@ -102,10 +107,8 @@ void Page::facts() {
     if (report_.facts.empty()) return;
     page_ += "<dl class=\"facts\">\n";
     for (const Fact& fact : report_.facts) {
-        page_ += "<div>";
         element("dt", fact.label);
         element("dd", fact.text);
-        page_ += "</div>\n";
     }
     page_ += "</dl>\n";
 }
@@ -124,12 +127,11 @@ void Page::sums() {
 
 /// What was asked for and is not in the model, before all else: somebody has to do something about it.
 void Page::notStored() {
-    const auto open = [](const Row& row) { return row.tone == Tone::Bad || row.tone == Tone::Note; };
     bool any = false;
     for (std::size_t i = 0; i < report_.subjects.size(); ++i) {
         const Subject& subject = report_.subjects[i];
         for (const Row& row : subject.rows) {
-            if (!open(row)) continue;
+            if (!isOpen(row)) continue;
             if (!any) page_ += "<section id=\"open\">\n<h2>Asked and not stored</h2>\n<ul class=\"open\">\n";
             any = true;
             page_ += fmt::format("<li class=\"{}\"><a href=\"#e{}\">", classOf(row.tone), i + 1);
@@ -224,6 +226,11 @@ void Page::row(const Row& row) {
     value(row.old);
     value(row.now);
     page_ += "<td>";
+    if (isOpen(row) && row.asked) {
+        page_ += "Asked for \xE2\x80\x9C";
+        appendText(*row.asked, page_);
+        page_ += "\xE2\x80\x9D. ";
+    }
     appendText(row.remark, page_);
     page_ += "</td></tr>\n";
 }

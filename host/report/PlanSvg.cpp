@@ -94,7 +94,7 @@ void appendLinked(const Outline& outline, const Report& report, const Mapping& m
 void appendPlan(const Plan& plan, const Report& report, std::string& html) {
     const Mapping mapping(plan);
     if (mapping.empty()) return;
-    html += fmt::format("<figure>\n<svg viewBox=\"0 0 {:.0f} {:.0f}\" role=\"img\" aria-label=\"Plan\">\n",
+    html += fmt::format("<figure>\n<svg viewBox=\"0 0 {:.0f} {:.0f}\" role=\"group\" aria-label=\"Plan\">\n",
                         mapping.width(), mapping.height());
     const auto drawable = [](const Outline& outline) {
         return std::all_of(outline.corners.begin(), outline.corners.end(), Mapping::usable);

@@ -25,9 +25,8 @@ h2 { font-size: 1.25rem; margin: 2.2rem 0 .6rem; padding-top: .4rem; border-top:
 h3 { font-size: 1rem; margin: 1.4rem 0 .4rem; }
 h3 span, nav span { color: var(--quiet); font-weight: normal; }
 a { color: var(--link); }
-.facts { display: grid; grid-template-columns: repeat(auto-fit, minmax(min(100%, 20rem), 1fr)); gap: .25rem 1.5rem; margin: 0; }
-.facts div { display: flex; gap: .75rem; }
-dt { flex: none; width: 7rem; color: var(--quiet); }
+.facts { display: grid; grid-template-columns: minmax(5rem, max-content) 1fr; gap: .25rem 1rem; margin: 0; }
+dt { color: var(--quiet); }
 dd { margin: 0; overflow-wrap: anywhere; min-width: 0; }
 ul.sums { display: flex; flex-wrap: wrap; gap: .5rem; list-style: none; margin: 1.2rem 0; padding: 0; }
 .sums li { border: 1px solid var(--line); border-radius: .4rem; padding: .35rem .7rem; }
@@ -69,9 +68,9 @@ tbody:target th { outline: 2px solid var(--link); outline-offset: -2px; }
   tbody td:first-child { padding-left: .6rem; font-weight: 600; padding-top: .4rem; }
   tbody td:last-child { border-bottom: 1px solid var(--line); padding-bottom: .4rem; }
   tbody td::before { position: absolute; left: .6rem; color: var(--quiet); font-weight: normal; }
+  tbody td:empty { display: none; }
   td:nth-child(2)::before { content: "Old"; } td:nth-child(3)::before { content: "New"; }
   td:nth-child(4)::before { content: "Remark"; }
-  dt { width: 5rem; }
 }
 @media print {
   :root { --ink: #000; --quiet: #444; --paper: #fff; --line: #bbb; --band: #f0f0f0; --good: #06552d; --note: #6f4300;
@@ -84,7 +83,7 @@ tbody:target th { outline: 2px solid var(--link); outline-offset: -2px; }
   h2, h3 { break-after: avoid; }
   tr, figure, .sums li { break-inside: avoid; }
   tbody th { break-after: avoid; print-color-adjust: exact; -webkit-print-color-adjust: exact; }
-  svg { max-height: 16cm; print-color-adjust: exact; -webkit-print-color-adjust: exact; }
+  svg { max-height: 11cm; print-color-adjust: exact; -webkit-print-color-adjust: exact; }
 }
 )css";
 

@@ -141,11 +141,41 @@ TEST_F(Diff, NamesWhatAnUpdateFileCannotExpress) {
               "modelhost: 1 change of Note[Handover] left out: an update file takes no item away (" + DoorGuid + ")\n");
 }
 
+TEST_F(Diff, WritesAPageWhereAsked) {
+    change({{DoorGuid, "Name", "", "Door-02"}});
+    const Outcome printed = run({"diff", "house.ifc", "other.ifc", "--format", "html"});
+    EXPECT_THAT(printed.out, testing::StartsWith("<!DOCTYPE html>"));
+    EXPECT_THAT(printed.out, HasSubstr("<td>Name</td><td>Door-01</td><td>Door-02</td><td>changed</td>"));
+    const Outcome beside = run({"diff", "house.ifc", "other.ifc", "--report", "page.HTML"});
+    EXPECT_THAT(beside.out, HasSubstr("1 changed"));
+    EXPECT_EQ(beside.err, "modelhost: report written to page.HTML\n");
+    EXPECT_EQ(bytes("page.HTML").size(), printed.out.size());
+}
+
+TEST_F(Diff, ReadsOneModelFromStandardInput) {
+    change({{DoorGuid, "Name", "", "Door-02"}});
+    const Outcome piped = modelhost().input(bytes("other.ifc")).run({"diff", "house.ifc", "-"});
+    EXPECT_THAT(piped.out, HasSubstr("Door-02"));
+    expectError(run({"diff", "-", "-"}), {"A and B cannot both be standard input"});
+}
+
+TEST_F(Diff, RefusesAReportThatItCannotWriteBeforeTheWork) {
+    const auto refused = [this](const std::string& file) {
+        return run({"diff", "house.ifc", "house.ifc", "--report", file});
+    };
+    expectError(refused("page.pdf"), {"--report page.pdf", "ends in .html, .json or .xlsx"});
+    expectError(refused("none/page.html"), {"none"});
+    std::filesystem::copy_file(folder_.path() / "house.ifc", folder_.path() / "model.html");
+    expectError(run({"diff", "model.html", "house.ifc", "--report", "model.html"}),
+                {"--report model.html", "read or written by the command itself"});
+    expectError(run({"import", "house.ifc", "updates.html", "--report", "updates.html"}), {"--report updates.html"});
+}
+
 TEST_F(Diff, RefusesWhatItCannotDo) {
     expectError(run({"diff", "house.ifc"}), {"B is required"});
     expectError(run({"diff", "house.ifc", "missing.ifc"}), {"missing.ifc"});
     expectError(run({"diff", "house.ifc", "house.ifc", "--where", "Name="}), {"--where"});
-    expectError(run({"diff", "house.ifc", "house.ifc", "-o", "x.txt"}), {"-o x.txt: only --format updates"});
+    expectError(run({"diff", "house.ifc", "house.ifc", "-o", "x.txt"}), {"-o x.txt: only --format updates and html"});
     expectError(run({"diff", "house.ifc", "house.ifc", "--format", "updates", "-o", "house.ifc"}),
                 {"is one of the models"});
     expectError(run({"diff", "house.ifc", "house.ifc", "--format", "updates", "-o", "none/x.txt"}), {"none"});

@@ -6,6 +6,8 @@
 #include "console/output/Messages.hpp"
 #include "console/output/OutputFile.hpp"
 #include "console/output/StandardOutput.hpp"
+#include "console/report/DiffPage.hpp"
+#include "console/report/ReportFile.hpp"
 
 #include <fmt/format.h>
 
@@ -44,15 +46,15 @@ void checkTarget(const DiffOptions& options) {
     OutputFile::checkPlace(*options.output);
 }
 
+void printWhole(const std::string& text, const std::optional<std::filesystem::path>& output) {
+    if (!output) return print(text);
+    OutputFile file(*output);
+    file.write(text);
+    file.commit();
+}
+
 void printUpdates(const Difference& difference, const std::optional<std::filesystem::path>& output) {
-    const std::string text = updatesOf(difference);
-    if (output) {
-        OutputFile file(*output);
-        file.write(text);
-        file.commit();
-    } else {
-        print(text);
-    }
+    printWhole(updatesOf(difference), output);
     for (const std::string& line : leftOutOf(difference)) say(line);
 }
 
@@ -60,6 +62,7 @@ void printUpdates(const Difference& difference, const std::optional<std::filesys
 
 ExitStatus runDiff(const DiffOptions& options) {
     checkTarget(options);
+    checkReportFile(options.common.report, {options.a, options.b, options.output.value_or("")});
     const auto a = open(options.a), b = open(options.b);
     const auto comparison = valueOrThrow(comparing::compare(*a, *b, {chosenIn(*a, options), chosenIn(*b, options)}));
     const Difference difference{{*a, options.a}, {*b, options.b}, comparison};
@@ -73,10 +76,14 @@ ExitStatus runDiff(const DiffOptions& options) {
         case DiffFormat::Json:
             printAsJson(difference);
             break;
+        case DiffFormat::Html:
+            printWhole(report::toHtml(pageOf(difference)), options.output);
+            break;
         case DiffFormat::Updates:
             printUpdates(difference, options.output);
             break;
     }
+    if (options.common.report) writeReportFile(pageOf(difference), *options.common.report);
     return options.exitCode && difference.any() ? ExitStatus::Different : ExitStatus::Done;
 }
 

@@ -11,13 +11,13 @@
 
 namespace console {
 
-enum class DiffFormat : std::uint8_t { Table, Tsv, Json, Updates };
+enum class DiffFormat : std::uint8_t { Table, Tsv, Json, Html, Updates };
 
 struct DiffOptions {
     CommonOptions common;
     std::filesystem::path a, b;
     DiffFormat format = DiffFormat::Table;
-    std::optional<std::filesystem::path> output;  ///< Of Updates; nothing: standard output.
+    std::optional<std::filesystem::path> output;  ///< Of Html and Updates; nothing: standard output.
     std::string type;                             ///< Display name, "Wall"; empty: any.
     std::string ifcClass;                         ///< "IfcWall"; empty: any.
     std::string where;                            ///< A selection; empty: any.

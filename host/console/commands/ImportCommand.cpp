@@ -8,6 +8,8 @@
 #include "console/output/HostText.hpp"
 #include "console/output/Messages.hpp"
 #include "console/output/StandardOutput.hpp"
+#include "console/report/ImportPage.hpp"
+#include "console/report/ReportFile.hpp"
 #include "model/ifc/index/Workspace.hpp"
 #include "updatefile/Hints.hpp"
 #include "updatefile/ReviewList.hpp"
@@ -286,6 +288,7 @@ void printReport(const ImportReport& report, Format format) {
 ExitStatus runImport(const ImportOptions& options) {
     UpdateSource updates(options.updates, options.table);
     checkTarget(options);
+    checkReportFile(options.common.report, {options.model, options.updates, options.output.value_or("")});
     ModelSession session(options.common, options.model, accessFor(options));
     checkStillOurs(options, session.model());
     updates.read(session.model());
@@ -298,6 +301,7 @@ ExitStatus runImport(const ImportOptions& options) {
     save(session, options, report);
     report.report = session.reportTexts();
     printReport(report, options.common.format);
+    if (options.common.report) writeReportFile(pageOf(report, session.model()), *options.common.report);
     return statusOf(options, report.summary);
 }
 

@@ -19,6 +19,13 @@ using report::Row;
 using report::Tone;
 using namespace updatefile::reviewlist;
 
+/// A reason without the add-on interface's name for it, " (APIERR_BADVALUE)", which tells readers nothing.
+std::string withoutCode(std::string reason) {
+    const std::size_t at = reason.rfind(" (APIERR_");
+    if (at != std::string::npos) reason.resize(at);
+    return reason;
+}
+
 /// The host's refusals by the element that they are about: "Wall 12 (GUID), ITEM: REASON".
 class Refusals {
 public:
@@ -30,8 +37,12 @@ public:
                 byGuid_[guid].push_back(text.substr(at + text::GuidLength + 4));
                 break;
             }
+            if (text.find(" (APIERR_") == std::string::npos) others_.push_back(text);
         }
     }
+
+    /// What the host said besides.
+    const std::vector<std::string>& others() const { return others_; }
 
     /// Empty where the host did not refuse: the add-on found nothing of that name.
     std::string reasonFor(const std::string& guid, const std::string& item) const {
@@ -41,13 +52,14 @@ public:
         for (const std::string& refusal : found->second) {
             const std::size_t colon = refusal.find(": ", name.size());
             const bool same = refusal.starts_with(name) && refusal.find_first_of(":[", name.size()) == name.size();
-            if (same && colon != std::string::npos) return refusal.substr(colon + 2);
+            if (same && colon != std::string::npos) return withoutCode(refusal.substr(colon + 2));
         }
         return {};
     }
 
 private:
     std::unordered_map<std::string, std::vector<std::string>> byGuid_;
+    std::vector<std::string> others_;
 };
 
 class ImportPage {
@@ -88,7 +100,7 @@ private:
 
 void ImportPage::describe() {
     const std::string model = wellFormed(std::filesystem::path(import_.model.path).filename().string());
-    page_.title = fmt::format(import_.result ? "Changes to {}" : "Proposed changes to {}", model);
+    page_.title = (import_.result ? "Changes to " : "Proposed changes to ") + model;
     page_.facts.push_back(modelFact("Model", import_.model.path, model_));
     page_.facts.push_back({"Updates", import_.updatesPath});
     if (import_.saved) page_.facts.push_back({"Saved as", *import_.saved});
@@ -104,6 +116,7 @@ void ImportPage::judgeTicked(std::size_t index, Row& row) const {
     row.asked = facts.asked;
     if (refused) {
         row.tone = Tone::Bad;
+        row.now.reset();
         const std::string reason = refusals_.reasonFor(cell(index, GuidColumn), row.item);
         row.remark = "Refused: " + (reason.empty() ? "the element has nothing of that name" : reason);
         return;
@@ -186,7 +199,7 @@ void ImportPage::addNotes() {
             page_.notes.push_back(fmt::format("Line {}, {}: {}", left.line, left.column, left.why));
     }
     page_.notes.insert(page_.notes.end(), import_.hints.begin(), import_.hints.end());
-    page_.notes.insert(page_.notes.end(), import_.report.begin(), import_.report.end());
+    page_.notes.insert(page_.notes.end(), refusals_.others().begin(), refusals_.others().end());
 }
 
 }  // namespace
