@@ -36,8 +36,8 @@ nav ul { display: flex; flex-wrap: wrap; gap: .2rem 1.2rem; list-style: none; ma
 .open li, .notes li { margin: .3rem 0; overflow-wrap: anywhere; white-space: pre-line; }
 .open .bad::marker { color: var(--bad); } .open .note::marker { color: var(--note); }
 figure { margin: .5rem 0 1rem; }
-svg { display: block; width: 100%; height: auto; max-height: 34rem; background: var(--paper); border: 1px solid var(--line);
-  border-radius: .4rem; }
+svg { display: block; width: 100%; height: auto; max-height: 34rem; background: var(--paper);
+  border: 1px solid var(--line); border-radius: .4rem; }
 svg polygon, svg circle { stroke: var(--quiet); stroke-width: 1; vector-effect: non-scaling-stroke; }
 svg .area { fill: var(--area); } svg .thing { fill: var(--thing); }
 svg a polygon, svg a circle { fill-opacity: .55; stroke-width: 2; }

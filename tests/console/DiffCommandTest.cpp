@@ -168,6 +168,8 @@ TEST_F(Diff, RefusesAReportThatItCannotWriteBeforeTheWork) {
     std::filesystem::copy_file(folder_.path() / "house.ifc", folder_.path() / "model.html");
     expectError(run({"diff", "model.html", "house.ifc", "--report", "model.html"}),
                 {"--report model.html", "read or written by the command itself"});
+    updates({{DoorGuid, "Name", "", "Door-02"}});
+    std::filesystem::rename(folder_.path() / "updates.txt", folder_.path() / "updates.html");
     expectError(run({"import", "house.ifc", "updates.html", "--report", "updates.html"}), {"--report updates.html"});
 }
 

@@ -11,8 +11,8 @@ from modelhost import HOUSE, PROGRAM, PROJECT, elements, models, modelhost, writ
 from page import Page
 
 UPDATES = PROJECT / "samples/updates.txt"
-HOSTILE = ["<script>alert(1)</script>", "</td></table></svg>", "\"'><img src=x onerror=y>", "&amp;&lt;", "a\u202eb\u2066c",
-           "]]>", "<!--", "-->", "\u0085\u009f", "\ufffe", "{}", "%s", "\U0001F3E0", "x" * 500]
+HOSTILE = ["<script>alert(1)</script>", "</td></table></svg>", "\"'><img src=x onerror=y>", "&amp;&lt;",
+           "a\u202eb\u2066c", "]]>", "<!--", "-->", "\u0085\u009f", "\ufffe", "{}", "%s", "\U0001F3E0", "x" * 500]
 
 
 def run(*arguments):
