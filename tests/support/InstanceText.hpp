@@ -23,7 +23,8 @@ inline const model::ifc::Entity& entityOf(std::string_view schema, std::string_v
     return *entity;
 }
 
-/// "IFCWALL(...)". Attributes that are not named become "$", derived ones "*"; of one named twice the last value counts.
+/// "IFCWALL(...)". Attributes that are not named become "$", derived ones "*"; of one named twice the last value
+/// counts.
 inline std::string instanceText(const model::ifc::Entity& entity, const AttributeValues& values) {
     std::vector<std::string> arguments;
     for (const auto& attribute : entity.attributes()) arguments.emplace_back(attribute.derived ? "*" : "$");
