@@ -1,13 +1,13 @@
 #include "console/CommandLine.hpp"
 
 #include "console/Failure.hpp"
-#include "console/export/UpdateLine.hpp"
 #include "console/help/Completion.hpp"
 #include "console/help/HelpText.hpp"
 #include "console/help/ManPage.hpp"
 #include "console/help/Nearest.hpp"
 #include "console/help/Versions.hpp"
 #include "console/output/StandardOutput.hpp"
+#include "updatefile/ExportLine.hpp"
 
 #include <fmt/format.h>
 #include <CLI/CLI.hpp>
@@ -345,9 +345,9 @@ ImportOptions finishImport(Words& words) {
 
 ExportOptions finishExport(Words& words) {
     ExportOptions& options = words.exporting;
-    if (!words.items.empty()) options.items = valueOrThrow(parseItems(words.items));
+    if (!words.items.empty()) options.items = valueOrThrow(updatefile::parseItems(words.items));
     for (const std::string& item : words.singleItems) {
-        throwUnlessDone(checkItem(item));
+        throwUnlessDone(updatefile::checkItem(item));
         options.items.push_back(item);
     }
     if (options.items.empty()) throw Failure("export needs --items; write for example --items 'Name,Description'");

@@ -4,6 +4,7 @@
 #include "model/ifc/data/AttributeData.hpp"
 #include "model/ifc/data/ClassificationData.hpp"
 #include "model/ifc/data/ClassificationEditor.hpp"
+#include "model/ifc/data/ElementFacts.hpp"
 #include "model/ifc/data/NewValue.hpp"
 #include "model/ifc/data/PropertyData.hpp"
 #include "model/ifc/data/PropertyEditor.hpp"
@@ -284,6 +285,26 @@ std::vector<std::u16string> Model::chosenItems(Element element, std::u16string_v
                                                std::u16string_view name) const {
     ifc::Workspace& work = content_->work;
     return ifc::chosenItems(work, ifc::findProperty(work, work.elements.slot(element), set, name));
+}
+
+ifc::SchemaVersion Model::schemaVersion() const {
+    return content_->work.version;
+}
+
+const ifc::Entity& Model::entity(Element element) const {
+    ifc::Workspace& work = content_->work;
+    return *work.classes.of(work.elements.slot(element)).entity;
+}
+
+const ifc::Entity* Model::typeEntity(Element element) const {
+    ifc::Workspace& work = content_->work;
+    const step::Slot type = work.typeObject(work.elements.slot(element));
+    return type == step::NoSlot ? nullptr : work.classes.of(type).entity;
+}
+
+std::string Model::predefinedType(Element element) const {
+    const auto values = ifc::ElementFacts(content_->work).attribute(element, "PredefinedType");
+    return values.empty() ? std::string() : text::toUtf8(values.front().text);
 }
 
 ifc::Workspace& Model::workspace() const {

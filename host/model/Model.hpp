@@ -26,8 +26,10 @@
 namespace model {
 
 namespace ifc {
+class Entity;
 class Workspace;
-}
+enum class SchemaVersion : std::uint8_t;
+}  // namespace ifc
 
 /// One open IFC file.
 ///
@@ -100,8 +102,15 @@ public:
     std::string standardType(std::u16string_view set, std::u16string_view name) const;
     /// The items that an enumerated property has chosen, as texts. Empty where it is none.
     std::vector<std::u16string> chosenItems(Element element, std::u16string_view set, std::u16string_view name) const;
-    /// What all of this is read from, for who reads more than records hold: see model/ifc/data. Valid as long as the
-    /// model; what is kept in its indexes follows every change.
+    /// What the schema says of an element, see model/ifc/schema. Static.
+    ifc::SchemaVersion schemaVersion() const;
+    const ifc::Entity& entity(Element element) const;
+    const ifc::Entity* typeEntity(Element element) const;  ///< The class of its type object; null where it has none.
+    /// UTF-8, as the standard's sets tell kinds of elements apart: what stands behind a USERDEFINED, the type object's
+    /// before the element's own. Empty where there is none.
+    std::string predefinedType(Element element) const;
+    /// What all of this is read from, for libraries that read more than records hold: see model/ifc/data. Valid as long
+    /// as the model; what is kept in its indexes follows every change. No program needs it.
     ifc::Workspace& workspace() const;
 
     // --- Edits: only inside a command, ErrorKind::Refused otherwise ---

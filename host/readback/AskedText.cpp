@@ -1,5 +1,7 @@
 #include "readback/AskedText.hpp"
 
+#include "text/Ascii.hpp"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -14,12 +16,6 @@ constexpr std::size_t LongestLabel = 255;
 
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
-}
-
-std::string lowerCase(std::string_view text) {
-    std::string lower(text);
-    for (char& c : lower) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    return lower;
 }
 
 std::string_view withoutSign(std::string_view text) {
@@ -99,7 +95,7 @@ std::optional<Truth> truthValue(std::string_view text) {
                                                                                {"0", Truth::False},
                                                                                {"unknown", Truth::Unknown},
                                                                                {".u.", Truth::Unknown}}};
-    const std::string lower = lowerCase(text);
+    const std::string lower = text::toLowerCase(text);
     const auto* found = std::find_if(Words.begin(), Words.end(), [&](const auto& word) { return word.first == lower; });
     return found == Words.end() ? std::nullopt : std::optional(found->second);
 }
@@ -117,7 +113,7 @@ bool isDate(std::string_view text) {
 }
 
 std::string_view typeByText(std::string_view text, DecimalSign sign) {
-    const std::string lower = lowerCase(text);
+    const std::string lower = text::toLowerCase(text);
     if (lower == "true" || lower == "false" || lower == ".t." || lower == ".f.") return "IfcBoolean";
     if (isPlainInteger(text)) return "IfcInteger";
     if (!isDigitsOnly(text) && wholeReal(text, sign)) return "IfcReal";

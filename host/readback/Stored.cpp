@@ -1,5 +1,7 @@
 #include "readback/Stored.hpp"
 
+#include "text/Ascii.hpp"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -30,11 +32,6 @@ std::string joined(const std::vector<std::string>& items) {
     std::string text;
     for (const std::string& item : items) text.append(text.empty() ? "" : ", ").append(item);
     return text;
-}
-
-bool equalInAnyCase(std::string_view a, std::string_view b) {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [&](char x, char y) { return lower(x) == lower(y); });
 }
 
 }  // namespace
@@ -84,9 +81,9 @@ bool isAsAsked(std::string_view asked, const Stored& stored, DecimalSign sign) {
         case Stored::Kind::Logical:
             return truthValue(asked) == stored.truth;
         case Stored::Kind::Enumeration:
-            return equalInAnyCase(asked, stored.text);
+            return text::equalIgnoringCase(asked, stored.text);
         case Stored::Kind::Enumerated:
-            return equalInAnyCase(asked, joined(stored.items));
+            return text::equalIgnoringCase(asked, joined(stored.items));
         case Stored::Kind::Classification: {
             const AskedClassification wanted = askedClassification(asked);
             return wanted.code == stored.text && wanted.title == stored.title;

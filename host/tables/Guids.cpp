@@ -1,6 +1,7 @@
 #include "tables/Guids.hpp"
 
 #include "tables/Text.hpp"
+#include "text/Ascii.hpp"
 
 #include <algorithm>
 #include <array>
@@ -19,8 +20,7 @@ bool isHyphenPlace(std::size_t at) {
 }
 
 std::optional<std::string> parseLongForm(std::string_view text) {
-    std::string guid(text);
-    std::transform(guid.begin(), guid.end(), guid.begin(), upper);
+    std::string guid = text::toUpperCase(text);
     for (std::size_t at = 0; at < guid.size(); ++at) {
         const bool right = isHyphenPlace(at) ? guid[at] == '-' : Hexadecimal.find(guid[at]) != std::string_view::npos;
         if (!right) return std::nullopt;
@@ -51,7 +51,7 @@ std::optional<std::string> expand(std::string_view globalId) {
 
 bool namesGuids(std::string_view header) {
     const std::string_view name = trimmed(header);
-    return equalInAnyCase(name, "GUID") || equalInAnyCase(name, "GlobalId");
+    return text::equalIgnoringCase(name, "GUID") || text::equalIgnoringCase(name, "GlobalId");
 }
 
 std::optional<std::string> parseGuid(std::string_view text) {

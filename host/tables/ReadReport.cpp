@@ -1,8 +1,7 @@
 #include "tables/ReadReport.hpp"
 
 #include "tables/Text.hpp"
-
-#include <algorithm>
+#include "text/Ascii.hpp"
 
 namespace tables {
 namespace {
@@ -22,19 +21,13 @@ std::string delimiterName(char delimiter) {
     }
 }
 
-std::string lowerCase(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return text;
-}
-
 }  // namespace
 
 ReadReport summarize(const ReadTable& read, const Asked& asked) {
     ReadReport report;
     report.format = formatName(read.format);
     if (read.delimiter != '\0') report.delimiter = std::string(1, read.delimiter);
-    report.encoding = lowerCase(read.encoding);
+    report.encoding = text::toLowerCase(read.encoding);
     report.sheet = read.sheet;
     report.layout = layoutName(asked.layout);
     report.elements = asked.elements;

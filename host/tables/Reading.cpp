@@ -6,6 +6,7 @@
 #include "tables/reading/Encoding.hpp"
 #include "tables/reading/TableBuilder.hpp"
 #include "tables/reading/Workbook.hpp"
+#include "text/Ascii.hpp"
 
 #include <algorithm>
 #include <array>
@@ -91,7 +92,7 @@ std::string_view formatName(Format format) {
 std::optional<Format> parseFormat(std::string_view text) {
     if (text.starts_with('.')) text.remove_prefix(1);
     for (std::size_t i = 0; i < FormatNames.size(); ++i)
-        if (equalInAnyCase(text, FormatNames[i])) return static_cast<Format>(i);
+        if (text::equalIgnoringCase(text, FormatNames[i])) return static_cast<Format>(i);
     return std::nullopt;
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 // How the functions of this folder fail: a value or an Error, passed up untouched. Only the outermost caller prints.
 
+#include "base/Result.hpp"
+
 #include <string>
-#include <utility>
-#include <variant>
 
 namespace tables {
 
@@ -14,34 +14,7 @@ struct Error {
 };
 
 template <class Value>
-class [[nodiscard]] Result {
-public:
-    Result(Value value) : content_(std::in_place_index<0>, std::move(value)) {}
-    Result(Error error) : content_(std::in_place_index<1>, std::move(error)) {}
-
-    explicit operator bool() const { return content_.index() == 0; }
-    Value& operator*() { return std::get<0>(content_); }
-    const Value& operator*() const { return std::get<0>(content_); }
-    Value* operator->() { return &std::get<0>(content_); }
-    const Value* operator->() const { return &std::get<0>(content_); }
-    const Error& error() const { return std::get<1>(content_); }
-
-private:
-    std::variant<Value, Error> content_;
-};
-
-/// A result without a value.
-class [[nodiscard]] Status {
-public:
-    Status() = default;
-    Status(Error error) : failure_(std::move(error)), failed_(true) {}
-
-    explicit operator bool() const { return !failed_; }
-    const Error& error() const { return failure_; }
-
-private:
-    Error failure_{};
-    bool failed_ = false;
-};
+using Result = base::Result<Value, Error>;
+using Status = base::Status<Error>;
 
 }  // namespace tables

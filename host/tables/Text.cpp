@@ -4,14 +4,6 @@
 
 namespace tables {
 
-char upper(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
-bool equalInAnyCase(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return upper(x) == upper(y); });
-}
-
 std::string_view trimmed(std::string_view text) {
     constexpr std::string_view Blank = " ";
     constexpr std::string_view UnbreakableBlank = "\xC2\xA0";

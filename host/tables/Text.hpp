@@ -7,12 +7,6 @@
 
 namespace tables {
 
-/// Of ASCII; other letters as they are.
-char upper(char c);
-
-/// Letters of ASCII count in any case.
-bool equalInAnyCase(std::string_view a, std::string_view b);
-
 /// Without blanks at both ends, those that do not break a line included.
 std::string_view trimmed(std::string_view text);
 

@@ -17,6 +17,16 @@ inline std::string toUpperCase(std::string_view text) {
     return upper;
 }
 
+constexpr char lowerCase(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+inline std::string toLowerCase(std::string_view text) {
+    std::string lower(text);
+    for (char& c : lower) c = lowerCase(c);
+    return lower;
+}
+
 /// Whether two texts differ in the case of ASCII letters at most.
 constexpr bool equalIgnoringCase(std::string_view a, std::string_view b) {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(),

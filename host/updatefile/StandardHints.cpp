@@ -2,6 +2,7 @@
 
 #include "model/ifc/schema/NearName.hpp"
 #include "model/ifc/schema/StandardSets.hpp"
+#include "text/Ascii.hpp"
 #include "text/Unicode.hpp"
 #include "updatefile/UpdateFileScan.hpp"
 #include "updatefile/Wording.hpp"
@@ -49,12 +50,6 @@ std::string_view shortName(std::string_view set) {
 
 std::string written(std::string_view name, std::string_view set) {
     return fmt::format("{}[{}]", name, shortName(set));
-}
-
-std::string lowerCase(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return text;
 }
 
 /// Gives a reason and what to write for one name, or nothing.
@@ -153,7 +148,8 @@ bool isNotTheName(const UnknownItem& item) {
 
 bool meansClassification(const std::string& designation, const std::string& value) {
     if (designation.find('[') != std::string::npos) return false;
-    return lowerCase(designation).find("classification") != std::string::npos || value.find('{') != std::string::npos;
+    return text::toLowerCase(designation).find("classification") != std::string::npos ||
+           value.find('{') != std::string::npos;
 }
 
 StandardHints standardHints(const std::vector<UnknownItem>& items, model::ifc::SchemaVersion schema) {

@@ -1,8 +1,7 @@
 // Pipes and devices: what never ends is not copied, and waiting for a reader can be interrupted.
 
 #include "ConsoleTest.hpp"
-#include "console/Failure.hpp"
-#include "console/import/UpdateFile.hpp"
+#include "importing/UpdateFile.hpp"
 
 #include <sys/stat.h>
 
@@ -27,11 +26,7 @@ protected:
                 stream.write(block.data(), static_cast<std::streamsize>(std::min(block.size(), count - written)));
         });
         std::string message;
-        try {
-            console::UpdateFile file(pipe);
-        } catch (const console::Failure& failure) {
-            message = failure.what();
-        }
+        if (const auto file = importing::UpdateFile::open(pipe, true); !file) message = file.error().message;
         writer.join();
         std::signal(SIGPIPE, SIG_DFL);
         std::filesystem::remove(pipe);
@@ -44,7 +39,7 @@ TEST_F(EndlessInput, OfADeviceIsNoUpdateFile) {
 }
 
 TEST_F(EndlessInput, OfAPipeEndsAtTheLimit) {
-    const std::size_t limit = console::UpdateFile::LongestCopy;
+    const std::size_t limit = importing::UpdateFile::LongestCopy;
     EXPECT_EQ(messageFor(limit - 1), "");
     EXPECT_EQ(messageFor(limit), "");
     EXPECT_THAT(messageFor(limit + 1), HasSubstr("more than 256 MiB came out of it; save it as a file first"));

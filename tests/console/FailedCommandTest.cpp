@@ -4,7 +4,7 @@
 #include "ConsoleTest.hpp"
 #include "console/ModelSession.hpp"
 #include "console/import/ImportUser.hpp"
-#include "console/import/ReviewRows.hpp"
+#include "importing/ReviewRows.hpp"
 #include "support/Places.hpp"
 
 namespace console_tests {
@@ -50,20 +50,20 @@ TEST_F(FailedCommand, OfALookUpDoesNotBlameTheGuid) {
     EXPECT_THAT(outcome.err, Not(HasSubstr("is no GUID")));
 }
 
-console::ListRow row(const char* tick, const char* remarks, int status) {
+importing::ListRow row(const char* tick, const char* remarks, int status) {
     return {{tick, "Wall-01", "Wall", "GUID", "Name", "", "new", remarks}, status, {}};
 }
 
 TEST(UnfinishedRows, AreThoseTickedAndEnabledWithoutAResult) {
-    const std::vector<console::ListRow> review{row("[X]", "", DG_IS_ENABLE), row("[X]", "", DG_IS_ENABLE),
-                                               row("[X]", "", DG_IS_ENABLE), row("[X]", "", DG_IS_DISABLE),
-                                               row("[  ]", "", DG_IS_ENABLE)};
-    std::vector<console::ListRow> result = review;
+    const std::vector<importing::ListRow> review{row("[X]", "", DG_IS_ENABLE), row("[X]", "", DG_IS_ENABLE),
+                                                 row("[X]", "", DG_IS_ENABLE), row("[X]", "", DG_IS_DISABLE),
+                                                 row("[  ]", "", DG_IS_ENABLE)};
+    std::vector<importing::ListRow> result = review;
     result[0] = row("[  ]", "Done", DG_IS_DISABLE);
     result[1] = row("[X]", "error!", DG_IS_ENABLE);
-    EXPECT_THAT(console::unfinishedRows(review, result).first, ElementsAre(3U));
+    EXPECT_THAT(importing::unfinishedRows(review, result).first, ElementsAre(3U));
     result[2] = result[0];
-    EXPECT_EQ(console::unfinishedRows(review, result).count, 0U);
+    EXPECT_EQ(importing::unfinishedRows(review, result).count, 0U);
 }
 
 /// The file is there when the host looks at it, and gone when the add-on opens it.

@@ -26,8 +26,9 @@ MAY_INCLUDE = {
     "Src/": (("Src/", "binding/", "host/include/"), ("standard",)),
     "binding/": (("binding/", "Src/", "host/include/"), ("standard", "macOS")),
     "host/include/": (("host/include/",), ("standard",)),
+    "host/base/": (("host/base/",), ("standard",)),
     "host/text/": (("host/text/",), ("standard", "ICU")),
-    "host/model/": (("host/model/", "host/text/"), ("standard", "system", "ICU", "zip", "uuid")),
+    "host/model/": (("host/model/", "host/text/", "host/base/"), ("standard", "system", "ICU", "zip", "uuid")),
     "host/frameworks/": (("host/frameworks/", "host/include/", "host/text/"), ("standard", "system", "ICU")),
     "host/services/": (("host/services/", "host/frameworks/", "host/include/", "host/model/", "host/text/"),
                        ("standard", "system", "ICU", "fmt")),
@@ -36,9 +37,12 @@ MAY_INCLUDE = {
     "host/readback/": (("host/readback/", "host/model/", "host/text/"), ("standard",)),
     "host/comparing/": (("host/comparing/", "host/model/", "host/readback/", "host/text/", "host/updatefile/"),
                         ("standard",)),
-    "host/tables/": (("host/tables/",), ("standard", "system", "ICU", "zip", "expat", "xlsxwriter")),
     "host/report/": (("host/report/", "host/comparing/", "host/model/", "host/tables/", "host/text/"),
                      ("standard", "fmt", "json")),
+    "host/tables/": (("host/tables/", "host/text/", "host/base/"),
+                     ("standard", "system", "ICU", "zip", "expat", "xlsxwriter")),
+    "host/importing/": (("host/importing/", "host/frameworks/", "host/include/", "host/model/", "host/readback/",
+                         "host/tables/", "host/text/", "host/updatefile/"), ("standard", "system", "fmt")),
     "host/console/": (("host/",), ("standard", "system", "ICU", "fmt", "json", "CLI")),
     "host/desktop/": (("host/",), ("standard", "system", "ICU", "fmt", "Qt")),
 }
@@ -50,6 +54,8 @@ MODEL_FOLDERS = (
     ".",
 )
 PROGRAMS = ("host/console/", "host/desktop/")
+# Of the model's inside the programs know the schema's facts alone; the rest is what the facade hides.
+HIDDEN_FROM_PROGRAMS = tuple(f"host/model/ifc/{folder}/" for folder in ("values", "index", "data", "geometry"))
 WRITTEN_BY_THE_BUILD = (".moc", ".inc")
 
 
@@ -59,7 +65,7 @@ def library_of(name):
 
 def included(folder):
     """(place, the project's file or None, name) of each include line of the folder."""
-    for path in sources(folder):
+    for path in sources(*([folder] if isinstance(folder, str) else folder)):
         for number, name, quoted in includes(path):
             own = resolve(path, name, quoted)
             if own or not name.endswith(WRITTEN_BY_THE_BUILD):
@@ -90,6 +96,10 @@ class IncludeRules(Rules):
             others = tuple(set(PROGRAMS) - {folder})
             self.expect_none(f"{place}: {own}" for place, own, _ in included(folder)
                              if own and own.as_posix().startswith(others))
+
+    def test_programs_do_not_include_the_inside_of_the_model(self):
+        self.expect_none(f"{place}: {own}" for place, own, _ in included(PROGRAMS + ("host/importing/",))
+                         if own and own.as_posix().startswith(HIDDEN_FROM_PROGRAMS))
 
     def test_only_the_two_programs_have_a_main(self):
         having = [path.as_posix() for path in sources("Src/", "binding/", "host/")

@@ -38,7 +38,7 @@ JsonValue jsonOf(const ExportedValue& value) {
 
 JsonValue jsonOf(const LeftOut::Group& group) {
     return {{"item", group.item},
-            {"reason", explain(group.obstacle)},
+            {"reason", updatefile::explain(group.obstacle)},
             {"count", group.count},
             {"examples", group.examples}};
 }

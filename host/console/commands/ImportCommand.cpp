@@ -3,16 +3,15 @@
 #include "console/ModelSession.hpp"
 #include "console/import/ImportReport.hpp"
 #include "console/import/ImportUser.hpp"
-#include "console/import/ReviewRows.hpp"
-#include "console/import/UpdateSource.hpp"
+#include "console/import/TableOptions.hpp"
 #include "console/output/HostText.hpp"
 #include "console/output/Messages.hpp"
 #include "console/output/StandardOutput.hpp"
 #include "console/report/ImportPage.hpp"
 #include "console/report/ReportFile.hpp"
-#include "model/ifc/index/Workspace.hpp"
+#include "importing/ReviewFacts.hpp"
+#include "importing/ReviewRows.hpp"
 #include "updatefile/Hints.hpp"
-#include "updatefile/ReviewList.hpp"
 #include "updatefile/Wording.hpp"
 
 #include <fmt/format.h>
@@ -23,7 +22,13 @@
 namespace console {
 namespace {
 
-using updatefile::reviewlist::PropertyColumn;
+using importing::hintsOnNames;
+using importing::ListRow;
+using importing::ReviewFacts;
+using importing::RowFacts;
+using importing::ticked;
+using importing::UpdatePart;
+using importing::UpdateSource;
 
 constexpr Int32 ImportMenuItem = 1;
 
@@ -81,23 +86,6 @@ TickChoice tickIn(const TickChoice& all, std::uint32_t rowsBefore, std::uint32_t
     return here;
 }
 
-/// What each row of a list stands for: the lines that give a row, in their order. A row that is not where it is
-/// expected is shown without what the host would add.
-std::vector<readback::AskedRow> askedRows(const UpdatePart& part, const std::vector<ListRow>& rows) {
-    std::vector<readback::AskedRow> asked;
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        const bool known = i < part.asked.size() && rows[i].columns.size() > PropertyColumn &&
-                           rows[i].columns[PropertyColumn].get() == part.asked[i].asked.item;
-        asked.push_back(known ? part.asked[i].asked : readback::AskedRow{});
-    }
-    return asked;
-}
-
-readback::RowState stateOf(const ListRow& reviewed, const ListRow& result) {
-    if (!ticked(reviewed) || reviewed.status != DG_IS_ENABLE) return readback::RowState::NotTicked;
-    return done(result) ? readback::RowState::Done : readback::RowState::Failed;
-}
-
 /// The list is what the add-on wrote into it. It does not show that the host undid the changes, or that the file ended
 /// with an error: nothing may be saved then.
 void checkApplied(ModelSession& session, const ImportUser& user, const ImportPlan& plan) {
@@ -110,7 +98,7 @@ void checkApplied(ModelSession& session, const ImportUser& user, const ImportPla
         throw Failure(fmt::format("the add-on's changes were undone: {}; nothing was saved", problem->reason));
     }
     if (!user.result()) return;
-    const updatefile::LineNotes rows = unfinishedRows(user.review(), *user.result());
+    const updatefile::LineNotes rows = importing::unfinishedRows(user.review(), *user.result());
     if (rows.count > 0) {
         throw Failure(fmt::format("the add-on neither applied nor refused the ticked {}; nothing was saved",
                                   updatefile::numbered("row", rows)));
@@ -141,13 +129,13 @@ private:
     void runPart(const UpdatePart& part);
     void workTheDialog(ImportUser& user, const ImportPlan& plan);
     std::vector<std::size_t> conflictsOf(const std::vector<ListRow>& rows) const;
-    void readBack(const UpdatePart& part, const ImportUser& user);
+    void readBack(const ImportUser& user);
     void undo();
 
     ModelSession& session_;
     const ImportOptions& options_;
     const UpdateSource& updates_;
-    std::optional<readback::ReadBack> readBack_;  ///< Of the list that is open.
+    std::optional<ReviewFacts> facts_;  ///< Of the list that is open.
 };
 
 void Import::runPart(const UpdatePart& part) {
@@ -156,14 +144,14 @@ void Import::runPart(const UpdatePart& part) {
     ImportPlan plan{part.path, updates_.name(), part.lines, options_.tick, true, {}};
     if (several) plan.tick = tickIn(options_.tick, rows, static_cast<std::uint32_t>(part.asked.size()));
     plan.untick = [&](const std::vector<ListRow>& reviewed) {
-        readBack_.emplace(session_.model(), askedRows(part, reviewed));
+        facts_.emplace(session_.model(), part, reviewed);
         return options_.strict ? conflictsOf(reviewed) : std::vector<std::size_t>();
     };
     ImportUser user(plan);
     workTheDialog(user, plan);
     header = user.header();
     rowsLost += user.rowsLost();
-    readBack(part, user);
+    readBack(user);
     review.insert(review.end(), user.review().begin(), user.review().end());
     result.insert(result.end(), user.result()->begin(), user.result()->end());
 }
@@ -171,28 +159,14 @@ void Import::runPart(const UpdatePart& part) {
 std::vector<std::size_t> Import::conflictsOf(const std::vector<ListRow>& rows) const {
     std::vector<std::size_t> conflicts;
     for (std::size_t i = 0; i < rows.size(); ++i)
-        if (readBack_->conflict(i) && ticked(rows[i])) conflicts.push_back(i);
+        if (facts_->rows()[i].conflict && ticked(rows[i])) conflicts.push_back(i);
     return conflicts;
 }
 
-void Import::readBack(const UpdatePart& part, const ImportUser& user) {
-    std::vector<readback::RowState> states;
-    for (std::size_t i = 0; i < user.review().size(); ++i)
-        states.push_back(stateOf(user.review()[i], (*user.result())[i]));
-    readBack_->read(states);
-    if (options_.exact) valueOrThrow(readBack_->storeExactly());
-    for (std::size_t i = 0; i < readBack_->size(); ++i) {
-        RowFacts& row = facts.emplace_back();
-        const bool known = !readBack_->row(i).item.empty();
-        row.outcome = readBack_->outcome(i);
-        if (!known) {
-            row.outcome = {};
-            continue;
-        }
-        row.line = part.asked[i].line;
-        row.asked = readBack_->row(i).asked;
-        row.conflict = readBack_->conflict(i);
-    }
+void Import::readBack(const ImportUser& user) {
+    facts_->read(*user.result());
+    if (options_.exact) valueOrThrow(facts_->storeExactly());
+    facts.insert(facts.end(), facts_->rows().begin(), facts_->rows().end());
 }
 
 /// A dry run applies within the loaded model, to tell what would be stored, and takes everything back.
@@ -210,13 +184,12 @@ void Import::workTheDialog(ImportUser& user, const ImportPlan& plan) {
     checkApplied(session_, user, plan);
 }
 
-void addHintsOnNames(const model::Model& model, ImportReport& report) {
-    auto hints =
-        updatefile::standardHints(unknownItems(model, report.review, report.result), model.workspace().version);
-    std::move(hints.texts.begin(), hints.texts.end(), std::back_inserter(report.hints));
-    if (!report.result) return;
-    if (auto hint = hintForUnknownItems(report.review, *report.result, hints.rows))
-        report.hints.push_back(std::move(*hint));
+/// What is no update file is refused: the add-on would only show an empty list.
+void readUpdates(UpdateSource& updates, const model::Model& model) {
+    throwUnlessDone(updates.read(model));
+    if (updates.isTable()) return;
+    if (const auto reason = updatefile::uselessBecause(updates.findings()))
+        throw Failure(importing::cannotRead(updates.name(), *reason));
 }
 
 template <class Predicate>
@@ -243,7 +216,8 @@ ImportReport reportOf(ModelSession& session, Import& import, const UpdateSource&
         updates.findings().withoutRow.count + (report.table ? report.table->leftOut.size() : 0);
     report.hints = updatefile::hintsFor(updates.findings(), {report.summary.rows, report.summary.rowsLost},
                                         "'modelhost list' prints");
-    addHintsOnNames(session.model(), report);
+    auto onNames = hintsOnNames(session.model(), report.review, report.result);
+    std::move(onNames.begin(), onNames.end(), std::back_inserter(report.hints));
     if (!updates.notes().empty())
         report.hints.insert(report.hints.begin(), updates.notes().begin() + 1, updates.notes().end());
     return report;
@@ -286,12 +260,13 @@ void printReport(const ImportReport& report, Format format) {
 }  // namespace
 
 ExitStatus runImport(const ImportOptions& options) {
-    UpdateSource updates(options.updates, options.table);
+    const auto opened = openUpdates(options.updates, options.table);
+    UpdateSource& updates = *opened;
     checkTarget(options);
     checkReportFile(options.common.report, {options.model, options.updates, options.output.value_or("")});
     ModelSession session(options.common, options.model, accessFor(options));
     checkStillOurs(options, session.model());
-    updates.read(session.model());
+    readUpdates(updates, session.model());
     if (!updates.notes().empty()) say(updates.notes().front());
     session.loadAddOn();
     Import import(session, options, updates);

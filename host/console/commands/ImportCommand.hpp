@@ -3,8 +3,8 @@
 
 #include "console/Failure.hpp"
 #include "console/Options.hpp"
+#include "console/import/TableOptions.hpp"
 #include "console/import/TickChoice.hpp"
-#include "console/import/UpdateSource.hpp"
 
 #include <filesystem>
 #include <optional>

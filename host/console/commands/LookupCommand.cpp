@@ -5,11 +5,11 @@
 #include "console/commands/Nothing.hpp"
 #include "console/output/HostText.hpp"
 #include "console/output/Json.hpp"
-#include "console/output/ListRows.hpp"
 #include "console/output/Messages.hpp"
 #include "console/output/StandardOutput.hpp"
 #include "console/output/Table.hpp"
 #include "console/output/TerminalText.hpp"
+#include "importing/ListRows.hpp"
 #include "text/Guid.hpp"
 
 #include <fmt/format.h>
@@ -29,7 +29,7 @@ constexpr Int16 ResultList = 4;
 
 struct LookupAnswer {
     std::string guid;  ///< As looked up.
-    std::vector<ListRow> rows;
+    std::vector<importing::ListRow> rows;
 
     /// "BADID" and the like; empty where the element was found; "?" where the add-on named no reason.
     std::string error() const;
@@ -69,7 +69,7 @@ std::string LookupAnswer::error() const {
 void LookupUser::runModal(frontend::Dialog& dialog) {
     if (dialogSeen_ || dialog.list(ResultList) == nullptr) return;
     dialogSeen_ = true;
-    header_ = readHeader(*dialog.list(ResultList));
+    header_ = importing::readHeader(*dialog.list(ResultList));
     if (guids_.empty()) lookUp(dialog);
     for (const std::string& guid : guids_) {
         if (dialog.ended()) break;
@@ -90,7 +90,7 @@ void LookupUser::lookUp(frontend::Dialog& dialog) {
         failedGuid_ = std::move(guid);
         return;
     }
-    answers_.push_back({std::move(guid), RowReader().readFrom(list, before + 1)});
+    answers_.push_back({std::move(guid), importing::RowReader().readFrom(list, before + 1)});
 }
 
 /// The dialog takes the 36 characters only. Windows programs often write a GUID in braces.
@@ -120,9 +120,9 @@ void printNothing(Format format) {
 void printAsTable(const LookupUser& user) {
     for (const LookupAnswer& answer : user.answers()) {
         Table table(user.header());
-        for (const ListRow& row : answer.rows) {
+        for (const importing::ListRow& row : answer.rows) {
             Table::Row cells;
-            for (const SharedText& column : row.columns) cells.push_back({column});
+            for (const importing::SharedText& column : row.columns) cells.push_back({column});
             table.add(std::move(cells));
         }
         if (&answer != &user.answers().front()) print("\n");
@@ -134,7 +134,7 @@ void printAsTsv(const LookupUser& user) {
     const Terminal terminal = Terminal::standardOutput();
     print(tsvLine(user.header(), terminal));
     for (const LookupAnswer& answer : user.answers())
-        for (const ListRow& row : answer.rows) print(tsvLine(row.columns, terminal));
+        for (const importing::ListRow& row : answer.rows) print(tsvLine(row.columns, terminal));
 }
 
 void printAsJson(const LookupUser& user) {
@@ -142,7 +142,7 @@ void printAsJson(const LookupUser& user) {
     JsonValue lookups = JsonValue::array();
     for (const LookupAnswer& answer : user.answers()) {
         JsonValue own = JsonValue::array();
-        for (const ListRow& row : answer.rows) own.push_back(toJson(row)["columns"]);
+        for (const importing::ListRow& row : answer.rows) own.push_back(toJson(row)["columns"]);
         rows.insert(rows.end(), own.begin(), own.end());
         const std::string error = answer.error();
         lookups.push_back({{"guid", answer.guid},

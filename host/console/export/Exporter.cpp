@@ -9,6 +9,11 @@
 #include <fmt/ranges.h>
 
 namespace console {
+
+using updatefile::ElementData;
+using updatefile::LineSubject;
+using updatefile::Obstacle;
+
 namespace {
 
 constexpr std::size_t ExamplesKept = 3;
@@ -41,7 +46,7 @@ std::vector<LeftOut::Group> LeftOut::groups() const {
 
 std::string LeftOut::text(const Group& group) {
     std::string text = fmt::format("{} of {} left out: {} ({}", updatefile::counted(group.count, "value"), group.item,
-                                   explain(group.obstacle), fmt::join(group.examples, ", "));
+                                   updatefile::explain(group.obstacle), fmt::join(group.examples, ", "));
     if (group.count > group.examples.size()) text += fmt::format(" and {} more", group.count - group.examples.size());
     return text + ")";
 }
@@ -70,8 +75,8 @@ void Exporter::write(model::Element element) {
 
 void Exporter::writeItem(const LineSubject& subject, const ElementData& data, std::size_t place) {
     Item& item = items_[place];
-    const CurrentText current = currentText(data, item.name);
-    const UpdateLine line = updateLine(subject, item.text, current);
+    const updatefile::CurrentText current = updatefile::currentText(data, item.name);
+    const updatefile::ExportLine line = updatefile::exportLine(subject, item.text, current);
     item.met = item.met || line.obstacle != Obstacle::NoItem;
     const bool missing = line.obstacle == Obstacle::NoItem && missing_ == Missing::Include;
     if (line.obstacle != Obstacle::None && !missing) return leftOut_.add(line.obstacle, item.text, subject.guid);

@@ -1,7 +1,7 @@
 #pragma once
 // Turns elements' current values into update-file lines.
 
-#include "console/export/UpdateLine.hpp"
+#include "updatefile/ExportLine.hpp"
 
 #include <functional>
 #include <map>
@@ -14,20 +14,20 @@ namespace console {
 class LeftOut {
 public:
     struct Group {
-        Obstacle obstacle;
+        updatefile::Obstacle obstacle;
         std::string item;
         std::uint64_t count = 0;
         std::vector<std::string> examples;  ///< The first few elements' GUIDs.
     };
 
-    void add(Obstacle obstacle, const std::string& item, const std::string& guid);
+    void add(updatefile::Obstacle obstacle, const std::string& item, const std::string& guid);
 
     std::vector<Group> groups() const;
     /// "12 values of FireRating[WallCommon] left out: REASON (GUID, GUID, GUID and 9 more)"
     static std::string text(const Group& group);
 
 private:
-    std::map<std::pair<Obstacle, std::string>, Group> byReason_;
+    std::map<std::pair<updatefile::Obstacle, std::string>, Group> byReason_;
 };
 
 struct ExportedValue {
@@ -65,7 +65,7 @@ private:
         bool met = false;  ///< On an element.
     };
 
-    void writeItem(const LineSubject& subject, const ElementData& data, std::size_t place);
+    void writeItem(const updatefile::LineSubject& subject, const updatefile::ElementData& data, std::size_t place);
 
     const model::Model& model_;
     std::vector<Item> items_;

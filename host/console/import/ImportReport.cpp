@@ -1,9 +1,9 @@
 #include "console/import/ImportReport.hpp"
 
-#include "console/import/ReviewRows.hpp"
 #include "console/output/Json.hpp"
 #include "console/output/Table.hpp"
 #include "console/output/TerminalText.hpp"
+#include "importing/ReviewRows.hpp"
 #include "updatefile/ReviewList.hpp"
 #include "updatefile/Wording.hpp"
 
@@ -14,6 +14,12 @@
 
 namespace console {
 namespace {
+
+using importing::done;
+using importing::failed;
+using importing::ListRow;
+using importing::RowFacts;
+using importing::ticked;
 
 using updatefile::counted;
 using updatefile::reviewlist::ElementColumn;
@@ -59,17 +65,8 @@ Table list(const ImportReport& report) {
     return table;
 }
 
-std::uint64_t countFacts(const ImportReport& report, bool (*predicate)(const readback::RowOutcome&)) {
-    return static_cast<std::uint64_t>(std::count_if(
-        report.facts.begin(), report.facts.end(), [predicate](const RowFacts& row) { return predicate(row.outcome); }));
-}
-
-bool storedOtherwise(const readback::RowOutcome& row) {
-    return row.stored && row.asAsked == false;
-}
-
-bool notStored(const readback::RowOutcome& row) {
-    return !row.stored && row.asAsked == false;
+std::uint64_t countFacts(const ImportReport& report, bool (*predicate)(const RowFacts&)) {
+    return static_cast<std::uint64_t>(std::count_if(report.facts.begin(), report.facts.end(), predicate));
 }
 
 std::string outcome(const ImportReport& report) {
@@ -80,9 +77,9 @@ std::string outcome(const ImportReport& report) {
     const auto add = [&text](std::uint64_t count, std::string_view what) {
         if (count > 0) text += fmt::format(", {} {}", count, what);
     };
-    if (!report.result) add(countFacts(report, notStored), "would end in an error");
+    if (!report.result) add(countFacts(report, importing::notStored), "would end in an error");
     add(summary.exact, report.result ? "stored as asked by the host" : "would be stored as asked by the host");
-    add(countFacts(report, storedOtherwise), report.result ? "not as asked" : "would not be as asked");
+    add(countFacts(report, importing::storedOtherwise), report.result ? "not as asked" : "would not be as asked");
     if (summary.conflicts > 0) text += fmt::format(", {}", counted(summary.conflicts, "conflict"));
     return text + ".\n";
 }
@@ -153,20 +150,6 @@ JsonValue tableOf(const tables::ReadReport& table) {
     for (const tables::LeftOut& left : table.leftOut)
         json["leftOut"].push_back({{"line", left.line}, {"column", left.column}, {"why", left.why}});
     return json;
-}
-
-/// What a person must know of a row beyond its remark.
-std::string differenceOf(const RowFacts& facts) {
-    std::string text;
-    if (facts.conflict) text = fmt::format("the file says it was '{}'", *facts.conflict);
-    const readback::RowOutcome& outcome = facts.outcome;
-    if (outcome.exact) return text + (text.empty() ? "" : "; ") + "stored as asked";
-    if (outcome.asAsked != false) return text;
-    if (!text.empty()) text += "; ";
-    text += fmt::format("asked '{}'", facts.asked.value_or(""));
-    text += outcome.stored ? fmt::format(", stored '{}'", *outcome.stored) : std::string(", would end in an error");
-    if (!outcome.obstacle.empty()) text += fmt::format(" ({})", outcome.obstacle);
-    return text;
 }
 
 /// The rows that are not as asked or in conflict, one a line below the list.

@@ -2,8 +2,7 @@
 // The result of an import, and its three forms: table, TSV and JSON.
 
 #include "console/ModelSession.hpp"
-#include "console/output/ListRows.hpp"
-#include "readback/ReadBack.hpp"
+#include "importing/ReviewFacts.hpp"
 #include "tables/ReadReport.hpp"
 
 #include <cstdint>
@@ -27,22 +26,14 @@ struct ImportSummary {
     std::uint64_t exact = 0;  ///< Rows that --exact wrote.
 };
 
-/// What the host knows of a row besides what the list shows.
-struct RowFacts {
-    std::uint64_t line = 0;  ///< Of the file that it came from; 0 where it is not known.
-    std::optional<std::string> asked;
-    std::optional<std::string> conflict;
-    readback::RowOutcome outcome;
-};
-
 struct ImportReport {
     ModelFacts model;
     std::string updatesPath;
     std::vector<std::string> header;
-    std::vector<ListRow> review;
-    std::optional<std::vector<ListRow>> result;  ///< After Apply.
-    std::vector<RowFacts> facts;                 ///< One a row.
-    std::optional<tables::ReadReport> table;     ///< Where the updates came from one.
+    std::vector<importing::ListRow> review;
+    std::optional<std::vector<importing::ListRow>> result;  ///< After Apply.
+    std::vector<importing::RowFacts> facts;                 ///< One a row.
+    std::optional<tables::ReadReport> table;                ///< Where the updates came from one.
     ImportSummary summary;
     std::vector<std::string> hints;
     std::vector<std::string> report;
@@ -50,11 +41,11 @@ struct ImportReport {
     std::optional<std::string> backup;  ///< Where the file that was saved over is kept.
 
     /// The list as the user last saw it.
-    const std::vector<ListRow>& rows() const { return result ? *result : review; }
+    const std::vector<importing::ListRow>& rows() const { return result ? *result : review; }
 };
 
-ImportSummary summarize(std::uint64_t lines, const std::vector<ListRow>& review,
-                        const std::optional<std::vector<ListRow>>& result, std::uint64_t rowsLost);
+ImportSummary summarize(std::uint64_t lines, const std::vector<importing::ListRow>& review,
+                        const std::optional<std::vector<importing::ListRow>>& result, std::uint64_t rowsLost);
 
 /// The list with row numbers, what came of it in one sentence, the hints, the file saved.
 void printAsTable(const ImportReport& report);

@@ -1,8 +1,8 @@
 #include "console/import/ImportUser.hpp"
 
-#include "console/import/ReviewRows.hpp"
 #include "console/output/HostText.hpp"
 #include "console/output/StandardOutput.hpp"
+#include "importing/ReviewRows.hpp"
 #include "updatefile/ReviewList.hpp"
 
 #include <fmt/format.h>
@@ -33,7 +33,7 @@ void ImportUser::runModal(frontend::Dialog& dialog) {
     if (dialogSeen_ || dialog.list(ReviewList) == nullptr) return;
     dialogSeen_ = true;
     problem_.clear();
-    header_ = readHeader(*dialog.list(ReviewList));
+    header_ = importing::readHeader(*dialog.list(ReviewList));
     rowsLost_ = dialog.list(ReviewList)->rowsLost();
     if (tickRows(dialog)) {
         review_ = rowReader_.readFrom(*dialog.list(ReviewList));
@@ -80,11 +80,12 @@ void ImportUser::changed(frontend::Dialog& dialog, Int16) {
     const frontend::List* list = dialog.list(ReviewList);
     if (!applying_ || list == nullptr) return;
     const int count = std::min<int>(list->rowCount(), static_cast<int>(review_.size()));
-    // The add-on applies from top to bottom. So the first ticked row without a result is where it is.
+    // The add-on applies from top to bottom. So the first importing::ticked row without a result is where it is.
     while (firstUnfinished_ <= count) {
         const auto row = static_cast<Int16>(firstUnfinished_);
-        const bool open = list->status(row) == DG_IS_ENABLE && ticked(review_[static_cast<std::size_t>(row) - 1]);
-        if (open && lastCell(*list, row) != updatefile::reviewlist::Error) break;
+        const bool open =
+            list->status(row) == DG_IS_ENABLE && importing::ticked(review_[static_cast<std::size_t>(row) - 1]);
+        if (open && importing::lastCell(*list, row) != updatefile::reviewlist::Error) break;
         ++firstUnfinished_;
     }
     applying_->show(static_cast<std::uint64_t>(firstUnfinished_), static_cast<std::uint64_t>(count));

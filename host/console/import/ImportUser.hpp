@@ -2,9 +2,9 @@
 // The user of the import dialog: answers the file dialog, ticks rows, presses Apply, reads the list, closes.
 
 #include "console/import/TickChoice.hpp"
-#include "console/output/ListRows.hpp"
 #include "console/output/Messages.hpp"
 #include "frameworks/FrontEnd.hpp"
+#include "importing/ListRows.hpp"
 
 #include <filesystem>
 #include <functional>
@@ -21,7 +21,7 @@ struct ImportPlan {
     TickChoice tick;
     bool apply = false;
     /// Looks at the list as ticked, before Apply. @return the rows, from 0, whose tick is to go.
-    std::function<std::vector<std::size_t>(const std::vector<ListRow>&)> untick;
+    std::function<std::vector<std::size_t>(const std::vector<importing::ListRow>&)> untick;
 };
 
 class ImportUser : public frontend::View {
@@ -37,8 +37,8 @@ public:
     /// Why the dialog was closed without doing what was planned; empty if all went as planned.
     const std::string& problem() const { return problem_; }
     const std::vector<std::string>& header() const { return header_; }
-    const std::vector<ListRow>& review() const { return review_; }  ///< As ticked, before Apply.
-    const std::optional<std::vector<ListRow>>& result() const { return result_; }
+    const std::vector<importing::ListRow>& review() const { return review_; }  ///< As ticked, before Apply.
+    const std::optional<std::vector<importing::ListRow>>& result() const { return result_; }
     std::uint64_t rowsLost() const { return rowsLost_; }
 
 private:
@@ -49,10 +49,10 @@ private:
 
     ImportPlan plan_;
     std::string problem_;
-    RowReader rowReader_;
+    importing::RowReader rowReader_;
     std::vector<std::string> header_;
-    std::vector<ListRow> review_;
-    std::optional<std::vector<ListRow>> result_;
+    std::vector<importing::ListRow> review_;
+    std::optional<std::vector<importing::ListRow>> result_;
     std::uint64_t rowsLost_ = 0;
     bool dialogSeen_ = false;
     std::optional<ProgressLine> applying_;

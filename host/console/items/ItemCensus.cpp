@@ -2,7 +2,6 @@
 
 #include "console/Failure.hpp"
 #include "console/output/HostText.hpp"
-#include "model/ifc/data/ElementFacts.hpp"
 #include "updatefile/CurrentText.hpp"
 
 #include <fmt/format.h>
@@ -50,7 +49,7 @@ std::string typeOf(PropertyKind kind, std::string_view valueType) {
 }  // namespace
 
 ItemCensus::ItemCensus(const model::Model& model)
-    : model_(model), standard_(model::ifc::StandardSets::of(model.workspace().version)) {}
+    : model_(model), standard_(model::ifc::StandardSets::of(model.schemaVersion())) {}
 
 ItemCensus::Counted& ItemCensus::entryFor(ItemKind kind, std::u16string_view set, std::u16string_view name) {
     std::u16string key(1, static_cast<char16_t>(kind));
@@ -87,16 +86,11 @@ bool ItemCensus::isAttribute(const Entity& ifcClass, const std::string& name) {
 }
 
 void ItemCensus::add(model::Element element) {
-    model::ifc::Workspace& work = model_.workspace();
-    const model::step::Slot slot = work.elements.slot(element);
-    const model::step::Slot type = work.typeObject(slot);
-    const Classes classes{work.classes.of(slot).entity,
-                          type == model::step::NoSlot ? nullptr : work.classes.of(type).entity};
+    const Classes classes{&model_.entity(element), model_.typeEntity(element)};
     addAttributes(element, *classes.own);
     addProperties(element, classes);
     addClassifications(element, *classes.own);
-    const auto predefinedType = model::ifc::ElementFacts(work).attribute(element, "PredefinedType");
-    met_.emplace(classes, toUtf8(predefinedType.front().text));
+    met_.emplace(classes, model_.predefinedType(element));
 }
 
 void ItemCensus::addAttributes(model::Element element, const Entity& ifcClass) {

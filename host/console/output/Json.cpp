@@ -46,11 +46,11 @@ void append(std::string& text, const JsonValue& json, int depth) {  // NOLINT(mi
 
 }  // namespace
 
-JsonValue toJson(const ListRow& row) {
+JsonValue toJson(const importing::ListRow& row) {
     JsonValue color;
     if (row.color) color = {row.color->red, row.color->green, row.color->blue};
     JsonValue columns = JsonValue::array();
-    for (const SharedText& text : row.columns) columns.push_back(text.get());
+    for (const importing::SharedText& text : row.columns) columns.push_back(text.get());
     JsonValue json;
     json["columns"] = std::move(columns);
     json["status"] = row.status;
@@ -58,9 +58,9 @@ JsonValue toJson(const ListRow& row) {
     return json;
 }
 
-JsonValue toJson(const std::vector<ListRow>& rows) {
+JsonValue toJson(const std::vector<importing::ListRow>& rows) {
     JsonValue array = JsonValue::array();
-    for (const ListRow& row : rows) array.push_back(toJson(row));
+    for (const importing::ListRow& row : rows) array.push_back(toJson(row));
     return array;
 }
 
@@ -80,7 +80,7 @@ void JsonDocument::member(std::string_view name, const JsonValue& value) {
     printIfLarge();
 }
 
-void JsonDocument::member(std::string_view name, const std::vector<ListRow>& rows) {
+void JsonDocument::member(std::string_view name, const std::vector<importing::ListRow>& rows) {
     member(name, rows.size(), [&rows](std::size_t i) { return toJson(rows[i]); });
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 // Columns of text for a person: aligned, fitted to the terminal's width, coloured where wanted.
 
-#include "console/output/ListRows.hpp"
 #include "console/output/StandardOutput.hpp"
+#include "importing/ListRows.hpp"
 
 #include <cstdint>
 #include <functional>
@@ -15,7 +15,7 @@ namespace console {
 enum class Style : std::uint8_t { Plain, Bold, Dim, Red, Green };
 
 struct TableCell {
-    SharedText text;  ///< Any text; control characters are shown as pictures.
+    importing::SharedText text;  ///< Any text; control characters are shown as pictures.
     Style style = Style::Plain;
 };
 

@@ -138,7 +138,7 @@ std::string tsvLine(const std::vector<std::string>& cells, const Terminal& termi
     return lineOf(cells, terminal);
 }
 
-std::string tsvLine(const std::vector<SharedText>& cells, const Terminal& terminal) {
+std::string tsvLine(const std::vector<importing::SharedText>& cells, const Terminal& terminal) {
     return lineOf(cells, terminal);
 }
 

@@ -3,8 +3,8 @@
 // are not seen or turn the writing direction. What is printed for a person or in a line-based format does not contain
 // them as they are. And how many columns of a terminal a text takes.
 
-#include "console/output/ListRows.hpp"
 #include "console/output/StandardOutput.hpp"
+#include "importing/ListRows.hpp"
 
 #include <limits>
 #include <string>
@@ -24,7 +24,7 @@ void appendVisible(std::string& text, std::string_view utf8);
 std::string escaped(std::string_view utf8, const Terminal& terminal);
 /// One record: the cells, escaped, with a TAB between them and a line end.
 std::string tsvLine(const std::vector<std::string>& cells, const Terminal& terminal);
-std::string tsvLine(const std::vector<SharedText>& cells, const Terminal& terminal);
+std::string tsvLine(const std::vector<importing::SharedText>& cells, const Terminal& terminal);
 
 /// The text as a JSON string in its quotes. Control characters and those that are not seen are escaped.
 void appendJsonString(std::string& json, std::string_view utf8);

@@ -1,8 +1,8 @@
 #include "console/report/ImportPage.hpp"
 
-#include "console/import/ReviewRows.hpp"
 #include "console/output/HostText.hpp"
 #include "console/report/ReportFile.hpp"
+#include "importing/ReviewRows.hpp"
 #include "report/Plans.hpp"
 #include "text/Guid.hpp"
 #include "updatefile/ReviewList.hpp"
@@ -18,6 +18,10 @@ namespace {
 using report::Row;
 using report::Tone;
 using namespace updatefile::reviewlist;
+using importing::failed;
+using importing::ListRow;
+using importing::RowFacts;
+using importing::ticked;
 
 /// A reason without the add-on interface's name for it, " (APIERR_BADVALUE)", which tells readers nothing.
 std::string withoutCode(std::string reason) {

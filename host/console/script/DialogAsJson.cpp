@@ -31,8 +31,8 @@ JsonValue tabFieldAsJson(const frontend::TabField& field) {
 void addList(JsonValue& item, const frontend::List& list) {
     item["tabFields"] = JsonValue::array();
     for (const frontend::TabField& field : list.tabFields()) item["tabFields"].push_back(tabFieldAsJson(field));
-    item["header"] = readHeader(list);
-    item["rows"] = toJson(RowReader().readFrom(list));
+    item["header"] = importing::readHeader(list);
+    item["rows"] = toJson(importing::RowReader().readFrom(list));
     item["rowsLost"] = list.rowsLost();
 }
 

@@ -2,10 +2,10 @@
 // How every function of the building model fails: a value or an Error, passed up untouched. Only the outermost caller
 // prints.
 
+#include "base/Result.hpp"
+
 #include <cstdint>
 #include <string>
-#include <utility>
-#include <variant>
 
 namespace model {
 
@@ -29,36 +29,8 @@ struct Error {
     std::string message;
 };
 
-/// A value, or why there is none. Asking for the one that is not there throws std::bad_variant_access.
 template <class Value>
-class [[nodiscard]] Result {
-public:
-    Result(Value value) : content_(std::in_place_index<0>, std::move(value)) {}
-    Result(Error error) : content_(std::in_place_index<1>, std::move(error)) {}
-
-    explicit operator bool() const { return content_.index() == 0; }
-    Value& operator*() { return std::get<0>(content_); }
-    const Value& operator*() const { return std::get<0>(content_); }
-    Value* operator->() { return &std::get<0>(content_); }
-    const Value* operator->() const { return &std::get<0>(content_); }
-    const Error& error() const { return std::get<1>(content_); }
-
-private:
-    std::variant<Value, Error> content_;
-};
-
-/// A result without a value.
-class [[nodiscard]] Status {
-public:
-    Status() = default;
-    Status(Error error) : failure_(std::move(error)), failed_(true) {}
-
-    explicit operator bool() const { return !failed_; }
-    const Error& error() const { return failure_; }  ///< Only of a failure.
-
-private:
-    Error failure_{};
-    bool failed_ = false;
-};
+using Result = base::Result<Value, Error>;
+using Status = base::Status<Error>;
 
 }  // namespace model

@@ -3,6 +3,7 @@
 #include "tables/Guids.hpp"
 #include "tables/Text.hpp"
 #include "tables/reading/TableBuilder.hpp"
+#include "text/Ascii.hpp"
 
 #include <algorithm>
 
@@ -23,11 +24,11 @@ std::optional<LongLayout> namedColumns(const Table& table, const Table::Row& hea
     std::optional<std::uint32_t> value;
     for (const Cell& cell : header.cells) {
         const std::string_view name = trimmed(table.text(&cell));
-        auto& column = namesGuids(name)               ? guid
-                       : equalInAnyCase(name, "Item") ? item
-                       : equalInAnyCase(name, "Old")  ? old
-                                                      : value;
-        if (column || (&column == &value && !equalInAnyCase(name, "New"))) return std::nullopt;
+        auto& column = namesGuids(name)                        ? guid
+                       : text::equalIgnoringCase(name, "Item") ? item
+                       : text::equalIgnoringCase(name, "Old")  ? old
+                                                               : value;
+        if (column || (&column == &value && !text::equalIgnoringCase(name, "New"))) return std::nullopt;
         column = cell.column;
     }
     if (!guid || !item || !value) return std::nullopt;

@@ -3,6 +3,7 @@
 #include "tables/Guids.hpp"
 #include "tables/Text.hpp"
 #include "tables/reading/TableBuilder.hpp"
+#include "text/Ascii.hpp"
 
 #include <algorithm>
 #include <array>
@@ -137,7 +138,7 @@ Likeness likenessOf(std::string_view sample, char delimiter) {
 constexpr std::string_view Separator = "sep=";
 
 bool saysDelimiter(std::string_view text) {
-    return text.size() > Separator.size() && equalInAnyCase(text.substr(0, Separator.size()), Separator) &&
+    return text.size() > Separator.size() && text::equalIgnoringCase(text.substr(0, Separator.size()), Separator) &&
            (text.size() == Separator.size() + 1 || text.find_first_of("\r\n") == Separator.size() + 1);
 }
 

@@ -1,6 +1,7 @@
 #include "tables/reading/Encoding.hpp"
 
 #include "tables/Text.hpp"
+#include "text/Ascii.hpp"
 
 #include <unicode/ucnv.h>
 #include <unicode/utf8.h>
@@ -116,7 +117,7 @@ const char* utf16WithoutMark(std::string_view bytes) {
 Result<DecodedText> decodeNamed(std::string_view bytes, const std::string& encoding) {
     std::string shown = encoding;
     for (const char* usual : {Utf8, Windows, "UTF-16LE", "UTF-16BE"})
-        if (equalInAnyCase(encoding, usual)) shown = usual;
+        if (text::equalIgnoringCase(encoding, usual)) shown = usual;
     if (shown == Utf8) {
         if (bytes.starts_with(Marks[0].bytes)) bytes.remove_prefix(Marks[0].bytes.size());
         return decodeUtf8(bytes);

@@ -1,5 +1,7 @@
 #include "tables/reading/Values.hpp"
 
+#include "text/Ascii.hpp"
+
 #include <array>
 #include <charconv>
 #include <chrono>
@@ -51,7 +53,7 @@ std::string lettersOf(std::string_view code) {
             if (!inside.empty() && inside.find_first_not_of("hHmMsS") == std::string_view::npos) letters += "hs";
             at = end;
         } else {
-            letters += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+            letters += text::lowerCase(c);
         }
     }
     return letters;

@@ -1,5 +1,7 @@
 #include "model/ifc/schema/NearName.hpp"
 
+#include "text/Ascii.hpp"
+
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -14,14 +16,10 @@ bool isFiller(char c) {
     return c == ' ' || c == '_' || c == '-';
 }
 
-char lowerCaseLetter(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 std::string plainForm(std::string_view name) {
     std::string plain;
     for (const char c : name) {
-        if (!isFiller(c)) plain += lowerCaseLetter(c);
+        if (!isFiller(c)) plain += text::lowerCase(c);
     }
     return plain;
 }

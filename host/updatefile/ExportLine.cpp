@@ -1,12 +1,12 @@
-#include "console/export/UpdateLine.hpp"
+#include "updatefile/ExportLine.hpp"
 
-#include "console/output/HostText.hpp"
+#include "text/Unicode.hpp"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 
-namespace console {
+namespace updatefile {
 namespace {
 
 std::string_view trimmed(std::string_view text) {
@@ -26,7 +26,7 @@ bool breaksLines(std::u16string_view text) {
 Obstacle obstacleOfText(const CurrentText& current) {
     const std::u16string whole = current.text + current.classificationName;
     if (breaksLines(whole)) return Obstacle::LineBreaker;
-    if (!isWellFormed(whole)) return Obstacle::NoUnicode;
+    if (!text::isWellFormed(whole)) return Obstacle::NoUnicode;
     if (current.text.find(u'{') != std::u16string::npos) return Obstacle::Brace;
     const bool code = current.text == u".T." || current.text == u".F.";
     return code && current.classificationName.empty() ? Obstacle::BooleanCode : Obstacle::None;
@@ -41,8 +41,9 @@ Obstacle obstacleOf(const LineSubject& subject, const CurrentText& current) {
 }
 
 std::string fieldText(const CurrentText& current) {
-    std::string text = toUtf8(current.text);
-    if (!current.classificationName.empty()) text.append("{").append(toUtf8(current.classificationName)).append("}");
+    std::string text = text::toUtf8(current.text);
+    if (!current.classificationName.empty())
+        text.append("{").append(text::toUtf8(current.classificationName)).append("}");
     return text;
 }
 
@@ -97,7 +98,7 @@ const char* explain(Obstacle obstacle) {
     return "";
 }
 
-UpdateLine updateLine(const LineSubject& subject, std::string_view item, const CurrentText& current) {
+ExportLine exportLine(const LineSubject& subject, std::string_view item, const CurrentText& current) {
     const Obstacle obstacle = obstacleOf(subject, current);
     if (obstacle != Obstacle::None) return {obstacle, {}};
     std::string value = fieldText(current);
@@ -105,4 +106,4 @@ UpdateLine updateLine(const LineSubject& subject, std::string_view item, const C
     return {Obstacle::None, std::move(value)};
 }
 
-}  // namespace console
+}  // namespace updatefile

@@ -1,6 +1,5 @@
-#include "console/import/ReviewRows.hpp"
+#include "importing/ReviewRows.hpp"
 
-#include "model/ifc/index/Workspace.hpp"
 #include "text/Guid.hpp"
 #include "updatefile/ReviewList.hpp"
 #include "updatefile/Wording.hpp"
@@ -10,7 +9,7 @@
 #include <algorithm>
 #include <array>
 
-namespace console {
+namespace importing {
 namespace {
 
 using namespace updatefile::reviewlist;
@@ -68,7 +67,6 @@ std::optional<std::string> hintForUnknownItems(const std::vector<ListRow>& revie
 
 std::vector<updatefile::UnknownItem> unknownItems(const model::Model& model, const std::vector<ListRow>& review,
                                                   const std::optional<std::vector<ListRow>>& result) {
-    model::ifc::Workspace& work = model.workspace();
     std::vector<updatefile::UnknownItem> items;
     for (std::size_t i = 0; i < review.size(); ++i) {
         const ListRow& row = review[i];
@@ -76,13 +74,18 @@ std::vector<updatefile::UnknownItem> unknownItems(const model::Model& model, con
         const auto guid = text::parseGuid(cell(row, GuidColumn));
         const auto element = guid ? model.find(*guid) : std::nullopt;
         if (!element) continue;
-        const model::step::Slot slot = work.elements.slot(*element);
-        const model::step::Slot type = work.typeObject(slot);
-        items.push_back({i + 1, cell(row, PropertyColumn), cell(row, NewColumn), work.classes.of(slot).entity,
-                         type == model::step::NoSlot ? nullptr : work.classes.of(type).entity,
-                         result && i < result->size() && failed((*result)[i])});
+        items.push_back({i + 1, cell(row, PropertyColumn), cell(row, NewColumn), &model.entity(*element),
+                         model.typeEntity(*element), result && i < result->size() && failed((*result)[i])});
     }
     return items;
 }
 
-}  // namespace console
+std::vector<std::string> hintsOnNames(const model::Model& model, const std::vector<ListRow>& review,
+                                      const std::optional<std::vector<ListRow>>& result) {
+    auto hints = updatefile::standardHints(unknownItems(model, review, result), model.schemaVersion());
+    if (!result) return std::move(hints.texts);
+    if (auto hint = hintForUnknownItems(review, *result, hints.rows)) hints.texts.push_back(std::move(*hint));
+    return std::move(hints.texts);
+}
+
+}  // namespace importing

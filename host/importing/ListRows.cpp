@@ -1,11 +1,11 @@
-#include "console/output/ListRows.hpp"
+#include "importing/ListRows.hpp"
 
-#include "console/output/HostText.hpp"
+#include "text/Unicode.hpp"
 
 #include <algorithm>
 #include <cstring>
 
-namespace console {
+namespace importing {
 namespace {
 
 /// In UTF-16 units. Shorter texts are not worth an entry in the table of texts.
@@ -19,13 +19,13 @@ bool equal(std::u16string_view a, std::u16string_view b) {
 
 std::vector<std::string> readHeader(const frontend::List& list) {
     std::vector<std::string> texts;
-    for (const frontend::HeaderItem& item : list.header()) texts.push_back(toUtf8(item.text));
+    for (const frontend::HeaderItem& item : list.header()) texts.push_back(text::toUtf8(item.text.View()));
     return texts;
 }
 
 std::string lastCell(const frontend::List& list, Int16 row) {
     const GS::UniString text = list.rowText(row);
-    return toUtf8(text.View().substr(text.View().rfind(u'\t') + 1));
+    return text::toUtf8(text.View().substr(text.View().rfind(u'\t') + 1));
 }
 
 ListRow RowReader::read(const frontend::List& list, Int16 row) {
@@ -53,13 +53,13 @@ std::vector<ListRow> RowReader::readFrom(const frontend::List& list, int first) 
 }
 
 SharedText RowReader::textOf(std::u16string_view units) {
-    if (units.size() < LongText) return toUtf8(units);
+    if (units.size() < LongText) return text::toUtf8(units);
     if (lastUsed_ == nullptr || !equal(lastUsed_->first, units)) {
         auto known = longTexts_.find(units);
-        if (known == longTexts_.end()) known = longTexts_.emplace(units, toUtf8(units)).first;
+        if (known == longTexts_.end()) known = longTexts_.emplace(units, text::toUtf8(units)).first;
         lastUsed_ = &*known;
     }
     return lastUsed_->second;
 }
 
-}  // namespace console
+}  // namespace importing

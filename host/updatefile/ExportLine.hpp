@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-namespace console {
+namespace updatefile {
 
 using updatefile::CurrentText;
 using updatefile::ElementData;
@@ -40,7 +40,7 @@ inline constexpr std::size_t ObstacleCount = 10;
 /// A complete clause.
 const char* explain(Obstacle obstacle);
 
-struct UpdateLine {
+struct ExportLine {
     Obstacle obstacle = Obstacle::None;
     std::string value;  ///< Third and fourth field.
 };
@@ -52,6 +52,6 @@ struct LineSubject {
     bool named = false;
 };
 
-UpdateLine updateLine(const LineSubject& subject, std::string_view item, const CurrentText& current);
+ExportLine exportLine(const LineSubject& subject, std::string_view item, const CurrentText& current);
 
-}  // namespace console
+}  // namespace updatefile

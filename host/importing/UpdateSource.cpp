@@ -1,41 +1,19 @@
-#include "console/import/UpdateSource.hpp"
+#include "importing/UpdateSource.hpp"
 
 #include "UniString.hpp"
-#include "console/Failure.hpp"
-#include "console/export/UpdateLine.hpp"
-#include "console/output/HostText.hpp"
-#include "tables/Reading.hpp"
 #include "tables/UpdateFiles.hpp"
 #include "text/Guid.hpp"
+#include "text/Unicode.hpp"
 #include "updatefile/CurrentText.hpp"
+#include "updatefile/ExportLine.hpp"
 
-#include <fmt/format.h>
-
-#include <cerrno>
-#include <cstring>
-
-namespace console {
+namespace importing {
 namespace {
 
 /// As the add-on's host reads bytes: whatever is no UTF-8 is Windows-1252.
 std::string fromNarrow(const std::string& bytes) {
-    return isWellFormed(std::string_view(bytes)) ? bytes : toUtf8(toUniString(bytes));
-}
-
-char delimiterOf(const std::string& text) {
-    if (equalIgnoringCase(text, "tab") || text == "\\t" || text == "\t") return '\t';
-    constexpr std::string_view Known = ",;|";
-    if (text.size() == 1 && Known.find(text.front()) != std::string_view::npos) return text.front();
-    throw Failure(fmt::format("--delimiter {}: it is one of , ; | or tab", text));
-}
-
-/// The format to read the file as; nothing for an update file.
-std::optional<tables::Format> formatOf(const std::filesystem::path& path, const TableOptions& options) {
-    const std::string named = options.as.empty() ? path.extension().string() : options.as;
-    const auto format = tables::parseFormat(named);
-    if (!format && !options.as.empty() && !equalIgnoringCase(options.as, "txt"))
-        throw Failure(fmt::format("--as {}: it is one of txt, csv, tsv, xlsx, ods", options.as));
-    return format;
+    if (text::isWellFormed(std::string_view(bytes))) return bytes;
+    return text::toUtf8(GS::UniString(bytes.data(), static_cast<USize>(bytes.size())).View());
 }
 
 /// What `export` would write for an item now. The cells of one line ask about one element, whose data are read once.
@@ -48,8 +26,8 @@ public:
         if (!known_) return std::nullopt;
         const updatefile::CurrentText current =
             updatefile::currentText(data_, text::fromUtf8(item.substr(0, item.find('['))));
-        const UpdateLine line = updateLine({guid_, false, true}, item, current);
-        return line.obstacle == Obstacle::None ? std::optional(line.value) : std::nullopt;
+        const updatefile::ExportLine line = updatefile::exportLine({guid_, false, true}, item, current);
+        return line.obstacle == updatefile::Obstacle::None ? std::optional(line.value) : std::nullopt;
     }
 
 private:
@@ -87,75 +65,86 @@ AskedLine askedLine(const tables::AskedUpdate& update, const model::Guid& guid) 
     return {update.line, update.column, {guid, update.item, update.value, update.old, sign}};
 }
 
+/// The format to read the file as; nothing for an update file.
+std::optional<tables::Format> formatOf(const std::filesystem::path& path, const SourceOptions& options) {
+    if (options.asUpdateFile) return std::nullopt;
+    return options.table.as ? options.table.as : tables::parseFormat(path.extension().string());
+}
+
+model::Error asError(const tables::Error& error) {
+    return {model::ErrorKind::CannotRead, error.message};
+}
+
 }  // namespace
 
-UpdateSource::~UpdateSource() = default;
+UpdateSource::UpdateSource(std::filesystem::path path, bool clearEmpty, UpdateFile file)
+    : path_(std::move(path)), clearEmpty_(clearEmpty), file_(std::move(file)) {}
 
-UpdateSource::UpdateSource(std::filesystem::path path, const TableOptions& options)
-    : path_(std::move(path)), clearEmpty_(options.clearEmpty), file_(path_, !formatOf(path_, options)) {
-    if (formatOf(path_, options)) openTable(options);
-    if (!isTable() && options.any()) {
-        throw Failure(
-            fmt::format("{}: an update file is read as it stands; --delimiter, --encoding, --sheet and "
-                        "--clear-empty are for tables (--as csv)",
-                        path_.string()));
+model::Result<std::unique_ptr<UpdateSource>> UpdateSource::open(const std::filesystem::path& path,
+                                                                const SourceOptions& options) {
+    tables::ReadOptions how = options.table;
+    how.as = formatOf(path, options);
+    auto file = UpdateFile::open(path, !how.as);
+    if (!file) return file.error();
+    std::unique_ptr<UpdateSource> source(new UpdateSource(path, options.clearEmpty, std::move(*file)));
+    if (how.as) {
+        if (const model::Status opened = source->openTable(how); !opened) return opened.error();
     }
+    return source;
 }
 
-void UpdateSource::openTable(const TableOptions& options) {
-    tables::ReadOptions how;
-    how.as = formatOf(path_, options);
-    if (!options.delimiter.empty()) how.delimiter = delimiterOf(options.delimiter);
-    how.encoding = options.encoding;
-    how.sheet = options.sheet;
-    auto read = tables::readBytes(file_.bytes(), path_.string(), how);
-    if (!read) throw Failure(read.error().message);
+model::Status UpdateSource::openTable(const tables::ReadOptions& options) {
+    const auto bytes = file_.bytes();
+    if (!bytes) return bytes.error();
+    auto read = tables::readBytes(*bytes, path_.string(), options);
+    if (!read) return asError(read.error());
     read_ = std::move(*read);
+    return {};
 }
 
-void UpdateSource::read(model::Model& model) {
-    if (read_) {
-        readTable(model);
-    } else {
-        readUpdateFile(model);
-    }
+model::Status UpdateSource::read(const model::Model& model) {
+    return read_ ? readTable(model) : readUpdateFile(model);
 }
 
-void UpdateSource::readUpdateFile(model::Model& model) {
+model::Status UpdateSource::readUpdateFile(const model::Model& model) {
     UpdatePart part{file_.pathForAddOn(), 0, {}};
     const auto knows = [&model](const model::Guid& guid) { return model.find(guid).has_value(); };
-    findings_ = file_.scan(knows, [&](const updatefile::UpdateLine& line) {
+    auto findings = file_.scan(knows, [&](const updatefile::UpdateLine& line) {
         ++part.lines;
         const auto guid = text::parseGuid(line.fields[0]);
         // Behind a full list no row is kept.
         if (guid && part.asked.size() < tables::MostRowsOfAList && knows(*guid))
             part.asked.push_back(askedLine(line, *guid));
     });
+    if (!findings) return findings.error();
+    findings_ = std::move(*findings);
     parts_.push_back(std::move(part));
+    return {};
 }
 
-std::string UpdateSource::keepPart(const std::string& text) {
-    File& file = partFiles_.emplace_back(std::tmpfile());
-    if (!file || std::fwrite(text.data(), 1, text.size(), file.get()) != text.size() || std::fflush(file.get()) != 0) {
-        throw Failure(fmt::format("cannot keep the updates of {} for the add-on: {}; make room in {}", path_.string(),
-                                  std::strerror(errno), std::filesystem::temp_directory_path().string()));
-    }
-    return fmt::format("/proc/self/fd/{}", fileno(file.get()));
+model::Result<std::string> UpdateSource::keepPart(const std::string& text) {
+    auto file = KeptFile::create();
+    if (!file) return file.error();
+    if (const model::Status written = file->write(text); !written) return written.error();
+    if (const model::Status finished = file->finish(); !finished) return finished.error();
+    return partFiles_.emplace_back(std::move(*file)).path();
 }
 
-void UpdateSource::readTable(model::Model& model) {
+model::Status UpdateSource::readTable(const model::Model& model) {
     const std::string shown = path_.filename().string();
     tables::AskOptions options;
     options.clearEmpty = clearEmpty_;
     CurrentValues values(model);
     options.current = [&values](std::string_view guid, std::string_view item) { return values.of(guid, item); };
     const auto asked = tables::findUpdates(*read_, shown, options);
-    if (!asked) throw Failure(asked.error().message);
+    if (!asked) return asError(asked.error());
     table_ = tables::summarize(*read_, *asked);
     notes_.push_back(tables::reportLine(shown, *read_, *asked));
     notes_.insert(notes_.end(), asked->notes.begin(), asked->notes.end());
     for (const tables::UpdateFile& file : tables::writeUpdateFiles(asked->updates)) {
-        UpdatePart part{keepPart(file.text), file.count, {}};
+        auto path = keepPart(file.text);
+        if (!path) return path.error();
+        UpdatePart part{std::move(*path), file.count, {}};
         for (std::size_t i = file.first; i < file.first + file.count; ++i) {
             const tables::AskedUpdate& update = asked->updates[i];
             const auto guid = text::parseGuid(update.guid);
@@ -170,6 +159,7 @@ void UpdateSource::readTable(model::Model& model) {
         findings_.pieces += file.count;
         parts_.push_back(std::move(part));
     }
+    return {};
 }
 
-}  // namespace console
+}  // namespace importing

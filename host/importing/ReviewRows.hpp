@@ -1,7 +1,7 @@
 #pragma once
 // What a row of the review list means, by the texts in its columns.
 
-#include "console/output/ListRows.hpp"
+#include "importing/ListRows.hpp"
 #include "model/Model.hpp"
 #include "updatefile/StandardHints.hpp"
 #include "updatefile/UpdateFileScan.hpp"
@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-namespace console {
+namespace importing {
 
 bool ticked(const ListRow& row);
 bool done(const ListRow& row);
@@ -35,4 +35,8 @@ std::optional<std::string> hintForUnknownItems(const std::vector<ListRow>& revie
 std::vector<updatefile::UnknownItem> unknownItems(const model::Model& model, const std::vector<ListRow>& review,
                                                   const std::optional<std::vector<ListRow>>& result);
 
-}  // namespace console
+/// What the rows' names probably mean, by the standard sets and by what could not be stored. @param result  as above.
+std::vector<std::string> hintsOnNames(const model::Model& model, const std::vector<ListRow>& review,
+                                      const std::optional<std::vector<ListRow>>& result);
+
+}  // namespace importing

@@ -13,7 +13,7 @@
 #include <utility>
 #include <vector>
 
-namespace console {
+namespace importing {
 
 /// A text that is copied without copying its characters: a file of a few kilobytes can ask for thousands of rows that
 /// all show the same long text of the model.
@@ -59,4 +59,4 @@ private:
     const LongTexts::value_type* lastUsed_ = nullptr;  // rows about one element follow each other
 };
 
-}  // namespace console
+}  // namespace importing

@@ -1,8 +1,8 @@
-#include "console/import/ReviewRows.hpp"
+#include "importing/ReviewRows.hpp"
 
 #include <gtest/gtest.h>
 
-namespace console {
+namespace importing {
 namespace {
 
 ListRow row(const std::string& property, const std::string& message) {
@@ -36,4 +36,4 @@ TEST(HintForUnknownItems, IsNoneForAClassificationThatTheHostRefused) {
 }
 
 }  // namespace
-}  // namespace console
+}  // namespace importing

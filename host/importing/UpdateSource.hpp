@@ -2,29 +2,25 @@
 // Where the updates of an import come from: an update file, handed to the add-on byte for byte, or a table of people's,
 // turned into update files that the add-on reads like any other.
 
-#include "console/import/UpdateFile.hpp"
+#include "importing/UpdateFile.hpp"
 #include "model/Model.hpp"
 #include "readback/ReadBack.hpp"
 #include "tables/ReadReport.hpp"
-#include "updatefile/UpdateFileScan.hpp"
+#include "tables/Reading.hpp"
 
-#include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
-namespace console {
+namespace importing {
 
-/// How a table is to be read; nothing of it concerns an update file.
-struct TableOptions {
-    std::string as;         ///< txt, csv, tsv, xlsx or ods in place of the ending.
-    std::string delimiter;  ///< One character, or "tab".
-    std::string encoding;
-    std::string sheet;
-    bool clearEmpty = false;
-    bool any() const { return !delimiter.empty() || !encoding.empty() || !sheet.empty() || clearEmpty; }
+/// How a file is to be read; nothing of a table's concerns an update file.
+struct SourceOptions {
+    bool asUpdateFile = false;  ///< Whatever its ending.
+    tables::ReadOptions table;  ///< `as` makes it a table whatever its ending.
+    bool clearEmpty = false;    ///< Empty cells ask for the empty text.
 };
 
 /// What one line of an update file asks for, and where it stands in the file that people know.
@@ -43,10 +39,9 @@ struct UpdatePart {
 
 class UpdateSource {
 public:
-    /// Opens it. @param path  "-" is standard input. Throws Failure where it cannot be read or is neither an update
-    /// file nor a table.
-    UpdateSource(std::filesystem::path path, const TableOptions& options);
-    ~UpdateSource();
+    /// @param path  "-" is standard input. Fails where it cannot be read, or is no table though it should be one.
+    static model::Result<std::unique_ptr<UpdateSource>> open(const std::filesystem::path& path,
+                                                             const SourceOptions& options);
     UpdateSource(const UpdateSource&) = delete;
     UpdateSource& operator=(const UpdateSource&) = delete;
 
@@ -54,8 +49,9 @@ public:
     std::string name() const { return path_.string(); }
     bool isTable() const { return read_.has_value(); }
 
-    /// Reads it whole against the model. Throws Failure.
-    void read(model::Model& model);
+    /// Reads it whole against the model. An update file of which the add-on can make nothing is no failure: see
+    /// updatefile::uselessBecause.
+    model::Status read(const model::Model& model);
 
     /// Valid after read(), as long as this object lives.
     const std::vector<UpdatePart>& parts() const { return parts_; }
@@ -66,25 +62,21 @@ public:
     const std::vector<std::string>& notes() const { return notes_; }
 
 private:
-    struct Close {
-        void operator()(std::FILE* open) const { std::fclose(open); }
-    };
-    using File = std::unique_ptr<std::FILE, Close>;
-
-    void openTable(const TableOptions& options);
-    void readUpdateFile(model::Model& model);
-    void readTable(model::Model& model);
-    std::string keepPart(const std::string& text);
+    UpdateSource(std::filesystem::path path, bool clearEmpty, UpdateFile file);
+    model::Status openTable(const tables::ReadOptions& options);
+    model::Status readUpdateFile(const model::Model& model);
+    model::Status readTable(const model::Model& model);
+    model::Result<std::string> keepPart(const std::string& text);
 
     std::filesystem::path path_;
-    bool clearEmpty_ = false;
+    bool clearEmpty_;
     UpdateFile file_;
     std::optional<tables::ReadTable> read_;
-    std::vector<File> partFiles_;
+    std::vector<KeptFile> partFiles_;
     std::vector<UpdatePart> parts_;
     updatefile::UpdateFileFindings findings_;
     std::optional<tables::ReadReport> table_;
     std::vector<std::string> notes_;
 };
 
-}  // namespace console
+}  // namespace importing

@@ -1,12 +1,12 @@
 // The value that an exported line carries. What needs no model to be shown; the round trip through the import is
 // ExportCommandTest's.
 
-#include "console/export/UpdateLine.hpp"
+#include "updatefile/ExportLine.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace console {
+namespace updatefile {
 namespace {
 
 using Source = CurrentText::Source;
@@ -19,15 +19,15 @@ CurrentText attribute(std::u16string text) {
     return {Source::Attribute, std::move(text), {}, true, false};
 }
 
-TEST(UpdateLine, CarriesTheText) {
-    EXPECT_EQ(updateLine(Wall, "Name", attribute(u"Tür")).value, "Tür");
+TEST(ExportLine, CarriesTheText) {
+    EXPECT_EQ(exportLine(Wall, "Name", attribute(u"Tür")).value, "Tür");
 }
 
-TEST(UpdateLine, OfAClassificationCarriesItsNameInBraces) {
-    EXPECT_EQ(updateLine(Wall, "X", {Source::Classification, u"B2010", u"Walls", true, false}).value, "B2010{Walls}");
-    EXPECT_EQ(updateLine(Wall, "X", {Source::Classification, u"B2010", u"", true, false}).value, "B2010");
+TEST(ExportLine, OfAClassificationCarriesItsNameInBraces) {
+    EXPECT_EQ(exportLine(Wall, "X", {Source::Classification, u"B2010", u"Walls", true, false}).value, "B2010{Walls}");
+    EXPECT_EQ(exportLine(Wall, "X", {Source::Classification, u"B2010", u"", true, false}).value, "B2010");
     // ".T." is a code only where it is the whole field.
-    EXPECT_EQ(updateLine(Wall, "X", {Source::Classification, u".T.", u"Walls", true, false}).value, ".T.{Walls}");
+    EXPECT_EQ(exportLine(Wall, "X", {Source::Classification, u".T.", u"Walls", true, false}).value, ".T.{Walls}");
 }
 
 struct Refused {
@@ -37,10 +37,10 @@ struct Refused {
     Obstacle obstacle;
 };
 
-class UpdateLineThatIsNone : public testing::TestWithParam<Refused> {};
+class ExportLineThatIsNone : public testing::TestWithParam<Refused> {};
 
-TEST_P(UpdateLineThatIsNone, HasAReason) {
-    const UpdateLine line = updateLine(GetParam().subject, "Item", GetParam().current);
+TEST_P(ExportLineThatIsNone, HasAReason) {
+    const ExportLine line = exportLine(GetParam().subject, "Item", GetParam().current);
     EXPECT_EQ(line.obstacle, GetParam().obstacle) << GetParam().what;
     EXPECT_STRNE(explain(line.obstacle), "");
 }
@@ -59,7 +59,7 @@ std::vector<Refused> refusals() {
         {"long", Wall, attribute(std::u16string(1100, u'x')), Obstacle::TooLong}};
 }
 
-INSTANTIATE_TEST_SUITE_P(Reasons, UpdateLineThatIsNone, testing::ValuesIn(refusals()));
+INSTANTIATE_TEST_SUITE_P(Reasons, ExportLineThatIsNone, testing::ValuesIn(refusals()));
 
 TEST(CurrentTextOfAnElement, ComesFromAttributesThenPropertiesThenClassifications) {
     ElementData element;
@@ -88,4 +88,4 @@ TEST_P(ItemThatIsNone, IsRefused) {
 INSTANTIATE_TEST_SUITE_P(Texts, ItemThatIsNone, testing::Values("", " ", "Name,", ",Name", "[Set]", "a\tb", "a\nb"));
 
 }  // namespace
-}  // namespace console
+}  // namespace updatefile
