@@ -32,6 +32,8 @@ public:
     /// Stores what was asked where the add-on stored something else, as one undoable command of its own.
     /// @return how many rows it wrote.
     model::Result<std::size_t> storeExactly();
+    /// How many rows that would try to write, which it has not tried since the last read().
+    std::size_t storable() { return readBack_.storable(); }
 
     /// One a row.
     const std::vector<RowFacts>& rows() const { return facts_; }

@@ -1,5 +1,6 @@
 #include "readback/ReadBack.hpp"
 
+#include <algorithm>
 #include <map>
 #include <tuple>
 
@@ -48,7 +49,10 @@ void ReadBack::readHeld(model::Element element, const std::vector<Row*>& group) 
 }
 
 void ReadBack::read(const std::vector<RowState>& states) {
-    for (std::size_t i = 0; i < rows_.size() && i < states.size(); ++i) rows_[i].state = states[i];
+    for (std::size_t i = 0; i < rows_.size() && i < states.size(); ++i) {
+        rows_[i].state = states[i];
+        rows_[i].tried = false;
+    }
     readAll();
 }
 
@@ -79,6 +83,7 @@ std::vector<ReadBack::Row*> ReadBack::lastOfEachItem() {
 }
 
 void ReadBack::store(Row& row) {
+    row.tried = true;
     const model::Status stored =
         storeAsAsked(model_, *row.element, row.place, row.held.kind, row.asked.asked, row.asked.sign);
     row.outcome.exact = static_cast<bool>(stored);
@@ -91,6 +96,13 @@ bool ReadBack::differs(const Row& row) const {
     if (!row.place.isNew) return false;
     const std::string standard = model_.standardType(row.place.set, row.place.property);
     return !standard.empty() && row.held.type != standard;
+}
+
+std::size_t ReadBack::storable() {
+    const std::vector<Row*> last = lastOfEachItem();
+    return static_cast<std::size_t>(std::count_if(last.begin(), last.end(), [this](const Row* row) {
+        return !row->tried && !row->outcome.exact && differs(*row);
+    }));
 }
 
 model::Result<std::size_t> ReadBack::storeExactly() {

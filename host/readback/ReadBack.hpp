@@ -50,6 +50,8 @@ public:
     /// one item the last counts. Rows that the add-on refused stay refused.
     /// @return how many rows it wrote; the command is not there where it is none.
     model::Result<std::size_t> storeExactly();
+    /// How many rows storeExactly() would try to write and has not tried since the last read().
+    std::size_t storable();
 
 private:
     struct Row {
@@ -60,6 +62,7 @@ private:
         std::optional<std::string> conflict;
         RowState state = RowState::NotTicked;
         RowOutcome outcome;
+        bool tried = false;  ///< By storeExactly(), since the last read().
     };
 
     void readHeld(model::Element element, const std::vector<Row*>& group);

@@ -123,18 +123,37 @@ void Desk::review(std::string_view updates, const std::function<void(desktop::Ad
 }
 
 void Desk::reviewFile(const std::filesystem::path& file, const std::function<void(desktop::AddOnDialog&)>& user) {
-    whenShown<QFileDialog>(QStringLiteral("addOnFileDialog"), [=, this](QFileDialog& dialog) {
+    whenAskedForAFile(file, [=, this] {
         whenShown<desktop::AddOnDialog>(QStringLiteral("dialog32501"), [user](desktop::AddOnDialog& review) {
             user(review);
             if (review.isVisible()) clickItem(review, CloseItem);
         });
+    });
+    pick(QStringLiteral("Quillmarsh"), QStringLiteral("Import Updates"));
+}
+
+std::string Desk::refusalOf(const std::filesystem::path& file) {
+    auto text = std::make_shared<QString>();
+    whenAskedForAFile(file, [=, this] {
+        whenShown<QMessageBox>(QStringLiteral("importMessage"), [text](QMessageBox& box) {
+            *text = box.text() + u'\n' + box.informativeText();
+            click(*box.button(QMessageBox::Ok));
+        });
+    });
+    pick(QStringLiteral("Quillmarsh"), QStringLiteral("Import Updates"));
+    EXPECT_TRUE(frontend::openDialogs().empty());
+    return text->toStdString();
+}
+
+void Desk::whenAskedForAFile(const std::filesystem::path& file, const std::function<void()>& before) {
+    whenShown<QFileDialog>(QStringLiteral("addOnFileDialog"), [=](QFileDialog& dialog) {
+        before();
         auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
         ASSERT_NE(name, nullptr);
         name->setFocus();
         type(dialog, desktop::pathText(file));
         press(dialog, Qt::Key_Return);
     });
-    pick(QStringLiteral("Quillmarsh"), QStringLiteral("Import Updates"));
 }
 
 void Desk::lookUp(const std::function<void(desktop::AddOnDialog&)>& user) {

@@ -54,6 +54,8 @@ protected:
     /// Picks the import, answers its file dialog by keyboard, lets the user act, closes the dialog where that is open.
     void review(std::string_view updates, const std::function<void(desktop::AddOnDialog&)>& user);
     void reviewFile(const std::filesystem::path& file, const std::function<void(desktop::AddOnDialog&)>& user);
+    /// Picks the import of a file that the host refuses. @return the message; no review came up.
+    std::string refusalOf(const std::filesystem::path& file);
     void lookUp(const std::function<void(desktop::AddOnDialog&)>& user);
 
     // --- Acting in the midst of a command or question ---
@@ -76,6 +78,8 @@ protected:
     std::unique_ptr<desktop::MainWindow> window_;
 
 private:
+    /// Answers the add-on's file dialog by keyboard.
+    void whenAskedForAFile(const std::filesystem::path& file, const std::function<void()>& before);
     void whenWindow(const QString& name, std::function<void(QWidget&)> act);
 };
 

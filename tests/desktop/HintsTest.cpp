@@ -2,7 +2,7 @@
 
 #include "Desk.hpp"
 #include "desktop/QtText.hpp"
-#include "desktop/dialogs/UpdateHints.hpp"
+#include "desktop/dialogs/HintBar.hpp"
 #include "desktop/report/ReportPanel.hpp"
 
 #include <QToolButton>
@@ -77,13 +77,13 @@ INSTANTIATE_TEST_SUITE_P(
                     Odd{"quotes", Wall + "\tName\t\t\"x\"\n", "cells in quotes"},
                     Odd{"nothing", "", "It holds no lines"}, Odd{"archive", "PK\x03\x04\x14", "It is no text file"}));
 
-TEST_F(HintsInTheWindow, SayThatAFileCouldNotBeReadToItsEnd) {
+TEST_F(HintsInTheWindow, AreAMessageForAFileThatCannotBeReadToItsEnd) {
     // A file that opens, and whose first byte cannot be read. By a link: a file dialog that comes into /proc looks into
     // all files there to show their kinds, and waits for ever for one that the kernel writes.
     const auto link = folder_.path() / "torn.txt";
     std::filesystem::create_symlink("/proc/self/mem", link);
-    reviewFile(link,
-               [](AddOnDialog& dialog) { EXPECT_THAT(shown(dialog), HasSubstr("It could not be read to its end")); });
+    EXPECT_THAT(refusalOf(link), AllOf(HasSubstr("Nothing to import from torn.txt"),
+                                       HasSubstr("cannot read the update file"), HasSubstr("Input/output error")));
 }
 
 TEST_F(HintsInTheWindow, LeaveTheAddOnsItemsAsTheyAre) {

@@ -2,8 +2,8 @@
 
 #include "desktop/QtText.hpp"
 #include "desktop/WaitCursor.hpp"
+#include "desktop/dialogs/HintBar.hpp"
 #include "desktop/dialogs/RowListView.hpp"
-#include "desktop/dialogs/UpdateHints.hpp"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -52,6 +52,10 @@ AddOnDialog::AddOnDialog(frontend::Dialog& dialog, QWidget* parent)
     notice_->setForegroundRole(QPalette::ToolTipText);
     notice_->hide();
 
+    connect(hintBar_, &HintBar::folded, this, [this] {
+        setSize();
+        placeItems();
+    });
     makeItems();
     orderTabs();
     showRowsLost();
@@ -231,7 +235,8 @@ int AddOnDialog::noticeHeight() const {
 }
 
 void AddOnDialog::setSize() {
-    const int extra = (notice_->isHidden() ? 0 : notice_->heightForWidth(dialog_.minimumWidth())) + hintBarHeight();
+    const int extra =
+        (notice_->isHidden() ? 0 : notice_->heightForWidth(dialog_.minimumWidth())) + footerHeight() + hintBarHeight();
     if (dialog_.growable()) {
         setMinimumSize(dialog_.minimumWidth(), dialog_.minimumHeight() + extra);
         const QSize size = wantedSize(extra);
@@ -247,18 +252,24 @@ void AddOnDialog::setSize() {
 void AddOnDialog::placeFrame() {
     notice_->setGeometry(0, 0, width(), noticeHeight());
     hintBar_->setGeometry(0, height() - hintBarHeight(), width(), hintBarHeight());
+    if (footer_) footer_->setGeometry(0, height() - hintBarHeight() - footerHeight(), width(), footerHeight());
 }
 
 void AddOnDialog::showHints(const QString& file, const QStringList& hints) {
-    if (hints.isEmpty()) return;
     hintBar_->setHints(file, hints);
-    hintBar_->show();
-    connect(hintBar_, &HintBar::folded, this, [this] {
-        setSize();
-        placeItems();
-    });
+    hintBar_->setVisible(!hints.isEmpty());
     setSize();
     placeItems();
+}
+
+void AddOnDialog::setFooter(QWidget* footer) {
+    footer_ = footer;
+    setSize();
+    placeItems();
+}
+
+int AddOnDialog::footerHeight() const {
+    return footer_ ? footer_->sizeHint().height() : 0;
 }
 
 int AddOnDialog::hintBarHeight() const {

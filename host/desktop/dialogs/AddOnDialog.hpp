@@ -36,7 +36,9 @@ public:
     QWidget* itemWidget(Int16 number) const;
     RowListView* list(Int16 number) const;
     QLabel* notice() const { return notice_; }
-    /// Shows what the user should know of the file that the dialog is about; to be said before it runs.
+    /// Puts the host's part of a dialog below the add-on's items; to be said before it runs.
+    void setFooter(QWidget* footer);
+    /// Shows what the user should know of the file that the dialog is about, in place of what was shown.
     void showHints(const QString& file, const QStringList& hints);
     HintBar* hintBar() const { return hintBar_; }
 
@@ -67,8 +69,9 @@ private:
     void showRowsLost();
     int noticeHeight() const;
     int hintBarHeight() const;
+    int footerHeight() const;
     /// What the window has above and below the add-on's items.
-    int frameHeight() const { return noticeHeight() + hintBarHeight(); }
+    int frameHeight() const { return noticeHeight() + footerHeight() + hintBarHeight(); }
     void placeFrame();
     void setSize();
     void followSize();
@@ -79,6 +82,7 @@ private:
     QWidget* canvas_;
     QLabel* notice_;
     HintBar* hintBar_;
+    QWidget* footer_ = nullptr;
     std::map<Int16, QWidget*> widgets_;
     QEventLoop loop_;
     bool changePending_ = false;

@@ -7,6 +7,7 @@
 #include <QFileDialog>
 #include <QScreen>
 #include <QSettings>
+#include <algorithm>
 #include <utility>
 
 namespace desktop {
@@ -15,15 +16,24 @@ namespace {
 
 const QString FolderKey = QStringLiteral("folders/addOnFiles");
 
-/// One entry of a file dialog for each kind of file, in the order of the request. Last, every file: the add-on may be
-/// handed any, so the user may pick any.
-QStringList nameFilters(const frontend::FileRequest& request) {
+/// Whether the file that is asked for is one of updates, which the host reads too and makes of tables.
+bool asksForUpdates(const frontend::FileRequest& request) {
+    return std::any_of(request.filters.begin(), request.filters.end(), [](const frontend::FileFilter& filter) {
+        return toQString(filter.extension).compare(u"txt", Qt::CaseInsensitive) == 0;
+    });
+}
+
+/// One entry of a file dialog for each kind of file, in the order of the request. Before them what the host makes
+/// updates of, last every file: the add-on may be handed any, so the user may pick any.
+QStringList nameFilters(const frontend::FileRequest& request, bool updates) {
     QStringList filters;
+    if (updates) filters += QStringLiteral("Updates and tables (*.txt *.csv *.tsv *.xlsx *.ods)");
     for (const frontend::FileFilter& filter : request.filters) {
         // A bracket in the description would be read as the begin of the pattern.
         QString description = toQString(filter.description).remove(u'(').remove(u')');
         filters += QStringLiteral("%1 (*.%2)").arg(description, toQString(filter.extension));
     }
+    if (updates) filters += QStringLiteral("Tables (*.csv *.tsv *.xlsx *.ods)");
     filters += QStringLiteral("All files (*)");
     return filters;
 }
@@ -64,31 +74,33 @@ void DesktopView::place(AddOnDialog& dialog) const {
 }
 
 std::optional<std::string> DesktopView::pickFile(const frontend::FileRequest& request) {
+    const bool updates = asksForUpdates(request) && updatesReader_;
+    const auto known = updates ? std::exchange(nextAnswer_, std::nullopt) : std::nullopt;
+    const auto path = known ? known : askForFile(request, updates);
+    if (!path) return std::nullopt;
+    return updates ? updatesReader_(*path) : toPath(*path).string();
+}
+
+std::optional<QString> DesktopView::askForFile(const frontend::FileRequest& request, bool updates) {
     const WaitCursor::Pause usable;
     QFileDialog dialog(window_, toQString(request.title));
     dialog.setObjectName(QStringLiteral("addOnFileDialog"));
     dialog.setFileMode(QFileDialog::ExistingFile);
-    const QStringList filters = nameFilters(request);
+    const QStringList filters = nameFilters(request, updates);
     dialog.setNameFilters(filters);
-    if (request.currentFilter < static_cast<std::size_t>(filters.size())) {
+    if (!updates && request.currentFilter < static_cast<std::size_t>(filters.size())) {
         dialog.selectNameFilter(filters[static_cast<qsizetype>(request.currentFilter)]);
     }
     const QString folder = QSettings().value(FolderKey).toString();
     if (!folder.isEmpty()) dialog.setDirectory(folder);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     QSettings().setValue(FolderKey, dialog.directory().absolutePath());
-    picked_ = toPath(dialog.selectedFiles().constFirst()).string();
-    // Kept for the hints about the file: the add-on tells nobody which file its review is of.
-    return picked_;
+    return dialog.selectedFiles().constFirst();
 }
 
 void DesktopView::changed(frontend::Dialog& dialog, Int16) {
     const auto shown = open_.find(&dialog);
     if (shown != open_.end()) shown->second->noteChange();
-}
-
-std::optional<std::string> DesktopView::takePickedFile() {
-    return std::exchange(picked_, std::nullopt);
 }
 
 AddOnDialog* DesktopView::current() const {

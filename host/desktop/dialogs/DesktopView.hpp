@@ -3,7 +3,10 @@
 #include "frameworks/FrontEnd.hpp"
 
 #include <QObject>
+#include <QString>
+#include <functional>
 #include <map>
+#include <optional>
 
 class QWidget;
 
@@ -27,8 +30,12 @@ public:
     /// The innermost dialog that is open, or null.
     AddOnDialog* current() const;
 
-    /// The file that the user has picked for the add-on since the last call.
-    std::optional<std::string> takePickedFile();
+    /// Told of the file that the user has picked where the add-on asks for an update file. @return what the add-on gets
+    /// in its place; nothing: as if the user had cancelled.
+    using UpdatesReader = std::function<std::optional<std::string>(const QString& path)>;
+    void setUpdatesReader(UpdatesReader reader) { updatesReader_ = std::move(reader); }
+    /// The add-on's next request for an update file goes to the reader without the user being asked.
+    void answerNextRequest(const QString& path = {}) { nextAnswer_ = path; }
 
 Q_SIGNALS:
     void dialogOpened(desktop::AddOnDialog* dialog);
@@ -36,11 +43,13 @@ Q_SIGNALS:
 
 private:
     void place(AddOnDialog& dialog) const;
+    std::optional<QString> askForFile(const frontend::FileRequest& request, bool updates);
 
     QWidget *window_, *keepFree_;
     std::map<frontend::Dialog*, AddOnDialog*> open_;
     frontend::View* previous_;
-    std::optional<std::string> picked_;
+    UpdatesReader updatesReader_;
+    std::optional<QString> nextAnswer_;
 };
 
 }  // namespace desktop

@@ -63,9 +63,28 @@ int RowListModel::columnCount(const QModelIndex& parent) const {
 
 QVariant RowListModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || index.row() >= shownRows_) return {};
-    if (role == Qt::DisplayRole) return shownText(cellText(index.row(), index.column()));
+    if (role == Qt::DisplayRole) return shownText(wholeText(index.row(), index.column()));
     if (role == Qt::ForegroundRole) return foreground(index.row());
     return {};
+}
+
+/// The last column has the add-on's remark, and behind it the host's.
+QString RowListModel::wholeText(int row, int column) const {
+    QString text = cellText(row, column);
+    const QString& added = note(row).text;
+    if (column + 1 != shownColumns_ || added.isEmpty()) return text;
+    return text.trimmed().isEmpty() ? added : text + QStringLiteral(" – ") + added;
+}
+
+void RowListModel::setNotes(std::vector<RowNote> notes) {
+    notes_ = std::move(notes);
+    if (shownRows_ && shownColumns_) Q_EMIT dataChanged(index(0, 0), index(shownRows_ - 1, shownColumns_ - 1));
+}
+
+const RowNote& RowListModel::note(int row) const {
+    static const RowNote none;
+    const auto at = static_cast<std::size_t>(row);
+    return row >= 0 && at < notes_.size() ? notes_[at] : none;
 }
 
 QVariant RowListModel::foreground(int row) const {

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "desktop/dialogs/RowNote.hpp"
 #include "frameworks/FrontEnd.hpp"
 
 #include <QAbstractTableModel>
 #include <QColor>
+#include <vector>
 
 namespace desktop {
 
@@ -20,9 +22,16 @@ public:
     /// Used for rows that are not enabled and bear no colour of their own.
     void setDisabledColor(const QColor& color) { disabled_ = color; }
 
+    /// What the host adds to the rows, one each.
+    void setNotes(std::vector<RowNote> notes);
+    /// The note on a row; one that says nothing where there is none.
+    const RowNote& note(int row) const;
+
     const frontend::List& list() const { return list_; }
     /// The cell as the add-on set it.
     QString cellText(int row, int column) const;
+    /// With what the host adds to it.
+    QString wholeText(int row, int column) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -35,6 +44,7 @@ private:
     const frontend::List& list_;
     int shownRows_ = 0, shownColumns_ = 0;
     QColor disabled_;
+    std::vector<RowNote> notes_;
 };
 
 }  // namespace desktop

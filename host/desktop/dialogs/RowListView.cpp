@@ -214,7 +214,7 @@ bool RowListView::viewportEvent(QEvent* event) {
 bool RowListView::showFullText(const QPoint& viewportPosition, const QPoint& globalPosition) {
     const QModelIndex index = indexAt(viewportPosition);
     if (!index.isValid()) return false;
-    const QString text = rows_->cellText(index.row(), index.column());
+    const QString text = rows_->wholeText(index.row(), index.column());
     const QRect cell = visualRect(index);
     const int margin = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1);
     const QString shown = index.data().toString();

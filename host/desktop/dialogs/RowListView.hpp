@@ -17,6 +17,8 @@ public:
     /// Takes rows, header and tab fields anew.
     void refresh();
     void showRow(int row);
+    /// What the host adds to the rows, one each.
+    void setNotes(const std::vector<RowNote>& notes) { rows_->setNotes(notes); }
 
     void keyboardSearch(const QString& typed) override;
 

@@ -68,8 +68,14 @@ void AddOnMenu::update() {
     }
 }
 
+void AddOnMenu::pickAgain() {
+    if (lastItem_ > 0) pick(lastMenu_, lastItem_);
+}
+
 void AddOnMenu::pick(Int16 menu, Int32 item) {
     if (busy_.active()) return;
+    lastMenu_ = menu;
+    lastItem_ = item;
     GSErrCode error = NoError;
     {
         const Busy::Guard guard(busy_);

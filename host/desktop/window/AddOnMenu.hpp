@@ -23,6 +23,8 @@ public:
     void rebuild();
     /// The action of an item, from 1; null where there is none.
     QAction* action(Int16 menuStrResID, Int32 itemIndex) const;
+    /// Runs the command that ran last once more.
+    void pickAgain();
 
 Q_SIGNALS:
     /// A command ended; `error` is its error code.
@@ -43,6 +45,8 @@ private:
     Busy& busy_;
     std::vector<QMenu*> menus_;
     std::vector<Entry> entries_;
+    Int16 lastMenu_ = 0;
+    Int32 lastItem_ = 0;
 };
 
 }  // namespace desktop

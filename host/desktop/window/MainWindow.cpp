@@ -4,18 +4,19 @@
 #include "desktop/WaitCursor.hpp"
 #include "desktop/dialogs/AddOnDialog.hpp"
 #include "desktop/dialogs/DesktopView.hpp"
-#include "desktop/dialogs/UpdateHints.hpp"
+#include "desktop/dialogs/HintBar.hpp"
 #include "desktop/elements/ElementPanel.hpp"
 #include "desktop/elements/InspectorPanel.hpp"
 #include "desktop/plan/PlanPanel.hpp"
 #include "desktop/report/DebugPanel.hpp"
 #include "desktop/report/ReportPanel.hpp"
+#include "desktop/review/Imports.hpp"
+#include "desktop/review/Review.hpp"
 #include "desktop/window/AddOnMenu.hpp"
 #include "desktop/window/EditMenu.hpp"
 #include "desktop/window/FileMenu.hpp"
 #include "desktop/window/HelpMenu.hpp"
 #include "desktop/window/ReadOnlyBar.hpp"
-#include "desktop/window/Review.hpp"
 #include "frameworks/FrontEnd.hpp"
 
 #include <QApplication>
@@ -174,7 +175,6 @@ void MainWindow::connectPanels() {
                                           : QStringLiteral("Report"));
     });
     connect(addOnMenu_, &AddOnMenu::commandEnded, this, [this](GSErrCode error) {
-        view_->takePickedFile();
         if (error == NoError) return;
         report_->append(QStringLiteral("The add-on's command ended with the error 0x%1")
                             .arg(static_cast<quint32>(error), 8, 16, QLatin1Char('0')),
@@ -184,6 +184,7 @@ void MainWindow::connectPanels() {
 
 void MainWindow::connectHost() {
     view_ = std::make_unique<DesktopView>(this, planDock_);
+    imports_ = new Imports(this, *document_, *view_, *addOnMenu_, *report_);
     connect(view_.get(), &DesktopView::dialogOpened, this, &MainWindow::showDialog);
     connect(view_.get(), &DesktopView::dialogClosed, this, [this] { review_.reset(); });
     frontend::setDebugSink([this](const char* text) { debug_->append(text); });
@@ -261,14 +262,13 @@ void MainWindow::showReportLine(const host::ReportLine& line) {
 }
 
 void MainWindow::showDialog(AddOnDialog* dialog) {
-    review_ = std::make_unique<Review>(*document_, *plan_, *elements_, *dialog);
-    const auto file = view_->takePickedFile();
-    if (!file || !document_->isOpen()) return;
-    const QString name = QFileInfo(pathText(*file)).fileName();
-    const QStringList hints = hintsAbout(*file, dialog->content(), *document_->model());
-    dialog->showHints(name, hints);
+    const PickedUpdates* updates = imports_->current();
+    review_ = std::make_unique<Review>(Review::Parts{*document_, host_, *plan_, *elements_, *dialog, updates});
+    connect(review_.get(), &Review::failed, this, [this](const QString& what) { report_->append(what, true); });
+    if (!updates || dialog->hintBar()->isHidden()) return;
     // There they stay when the dialog is gone.
-    for (const QString& hint : hints) report_->append(QStringLiteral("%1: %2").arg(name, hint), false);
+    for (const QString& hint : dialog->hintBar()->hints())
+        report_->append(QStringLiteral("%1: %2").arg(updates->fileName(), hint), false);
 }
 
 /// A dialog that stands before the plan makes room until the user has answered.

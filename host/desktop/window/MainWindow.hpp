@@ -19,6 +19,7 @@ class DesktopView;
 class ElementPanel;
 class FileMenu;
 class HelpMenu;
+class Imports;
 class InspectorPanel;
 class PlanPanel;
 class ReadOnlyBar;
@@ -86,6 +87,7 @@ private:
     FileMenu* fileMenu_ = nullptr;
     AddOnMenu* addOnMenu_ = nullptr;
     HelpMenu* helpMenu_ = nullptr;
+    Imports* imports_ = nullptr;
     std::unique_ptr<DesktopView> view_;
     std::unique_ptr<Review> review_;
 };

@@ -2,6 +2,8 @@
 
 #include "desktop/dialogs/AddOnDialog.hpp"
 #include "desktop/plan/PlanMarks.hpp"
+#include "desktop/review/PickedUpdates.hpp"
+#include "desktop/review/ReviewNotes.hpp"
 #include "desktop/window/Document.hpp"
 
 #include <QObject>
@@ -12,6 +14,7 @@ namespace desktop {
 
 class ElementPanel;
 class PlanPanel;
+class ReviewBar;
 
 /// Which elements the rows of an open dialog's list are about, and how these rows stand.
 ///
@@ -30,6 +33,8 @@ public:
     /// The rows about an element, counted from 0, in the list's order.
     std::vector<int> rowsOf(model::Element element) const;
     const PlanMarks& marks() const { return marks_; }
+    /// How each row stands.
+    const std::vector<Mark>& rowMarks() const { return rowMarks_; }
     /// The element named last, by the list's order; nothing where no row names one.
     std::optional<model::Element> lastElement() const;
 
@@ -39,32 +44,58 @@ private:
     const model::Model& model_;
     std::vector<std::optional<model::Element>> elements_;
     PlanMarks marks_;
+    std::vector<Mark> rowMarks_;
 };
 
 /// How a row stands, from what it shows; None for a row that is no update.
 Mark rowMark(const frontend::List& list, Int16 row);
 
 /// Ties an open dialog to the main window: the elements of its rows are marked in the plan, the element of its current
-/// row is the selected one everywhere, and a click on an element in the plan goes to its row.
+/// row is the selected one everywhere, and a click on an element in the plan goes to its row. A review of updates gets
+/// what the host knows of its rows, and of the file that they come from.
 class Review : public QObject {
     Q_OBJECT
 
 public:
-    Review(Document& document, PlanPanel& plan, ElementPanel& elements, AddOnDialog& dialog);
+    /// The windows that it ties together, and what it is about.
+    struct Parts {
+        Document& document;
+        const host::Host& host;
+        PlanPanel& plan;
+        ElementPanel& elements;
+        AddOnDialog& dialog;
+        const PickedUpdates* updates;  ///< Null where the dialog shows no file's.
+    };
+    explicit Review(const Parts& parts);
     ~Review() override;
 
+    /// Null where the dialog shows no updates.
+    ReviewBar* bar() const { return bar_; }
+
+Q_SIGNALS:
+    void failed(const QString& what);
+
 private:
+    void showUpdates();
+    void showHints();
+    void showNotes();
+    void storeAsAsked();
     void takeRows();
     void showNewest();
     void selectRow(Int16 item, int row);
     void showRowOf(model::Element element);
 
     Document& document_;
+    const host::Host& host_;
     PlanPanel& plan_;
     ElementPanel& elements_;
     AddOnDialog& dialog_;
+    const PickedUpdates* updates_;
     Int16 listItem_ = 0;  ///< The dialog's first list; 0 where it has none.
     std::unique_ptr<ReviewRows> rows_;
+    std::unique_ptr<ReviewNotes> notes_;
+    ReviewBar* bar_ = nullptr;
+    QStringList hints_;
     std::optional<model::Element> newest_;
     bool shownBefore_ = false;
 };

@@ -1,9 +1,11 @@
-#include "desktop/window/Review.hpp"
+#include "desktop/review/Review.hpp"
 
 #include "desktop/QtText.hpp"
+#include "desktop/WaitCursor.hpp"
 #include "desktop/dialogs/RowListView.hpp"
 #include "desktop/elements/ElementPanel.hpp"
 #include "desktop/plan/PlanPanel.hpp"
+#include "desktop/review/ReviewBar.hpp"
 #include "updatefile/ReviewList.hpp"
 
 #include <algorithm>
@@ -54,11 +56,11 @@ void ReviewRows::read(const frontend::List& list) {
         elements_.push_back(findElement(list, static_cast<Int16>(row + 1)));
     }
     marks_ = {};
+    rowMarks_.clear();
     for (int row = 0; row < count; ++row) {
+        const Mark mark = rowMarks_.emplace_back(rowMark(list, static_cast<Int16>(row + 1)));
         const auto& element = elements_[static_cast<std::size_t>(row)];
-        if (!element) continue;
-        if (const Mark mark = rowMark(list, static_cast<Int16>(row + 1)); mark != Mark::None)
-            marks_.add(*element, mark);
+        if (element && mark != Mark::None) marks_.add(*element, mark);
     }
 }
 
@@ -92,13 +94,19 @@ std::optional<model::Element> ReviewRows::findElement(const frontend::List& list
     return std::nullopt;
 }
 
-Review::Review(Document& document, PlanPanel& plan, ElementPanel& elements, AddOnDialog& dialog)
-    : document_(document), plan_(plan), elements_(elements), dialog_(dialog) {
+Review::Review(const Parts& parts)
+    : document_(parts.document),
+      host_(parts.host),
+      plan_(parts.plan),
+      elements_(parts.elements),
+      dialog_(parts.dialog),
+      updates_(parts.updates) {
     for (const frontend::Item& item : dialog_.content().items()) {
         if (!listItem_ && item.kind == frontend::ItemKind::List) listItem_ = item.number;
     }
     if (!listItem_ || !document_.isOpen()) return;
     rows_ = std::make_unique<ReviewRows>(*document_.model());
+    if (dialog_.content().list(listItem_)->tabFields().size() == updatefile::reviewlist::ColumnCount) showUpdates();
     connect(&dialog_, &AddOnDialog::contentChanged, this, &Review::takeRows);
     connect(&dialog_, &AddOnDialog::currentRowChanged, this, &Review::selectRow);
     connect(&plan_, &PlanPanel::elementClicked, this, &Review::showRowOf);
@@ -108,10 +116,32 @@ Review::~Review() {
     if (rows_) plan_.setMarks(nullptr, false);
 }
 
+void Review::showUpdates() {
+    const frontend::List& list = *dialog_.content().list(listItem_);
+    notes_ = std::make_unique<ReviewNotes>(*document_.model(), host_, updates_ ? &updates_->part() : nullptr, list);
+    bar_ = new ReviewBar(&dialog_);
+    dialog_.setFooter(bar_);
+    connect(bar_, &ReviewBar::storeAsAskedWanted, this, &Review::storeAsAsked);
+    showHints();
+}
+
+void Review::showHints() {
+    if (!updates_) return;
+    QStringList hints = updates_->hints(*dialog_.content().list(listItem_));
+    hints += notes_->hintsOnNames();
+    if (hints == hints_) return;
+    hints_ = hints;
+    dialog_.showHints(updates_->fileName(), hints_);
+}
+
 void Review::takeRows() {
     // An edit is seen in the windows as soon as it is made, not only when the dialog closes.
     document_.noteCommand();
     rows_->read(*dialog_.content().list(listItem_));
+    if (notes_) {
+        notes_->read(*dialog_.content().list(listItem_), rows_->rowMarks());
+        showNotes();
+    }
     plan_.setMarks(rows_->marks().empty() ? nullptr : &rows_->marks(), !shownBefore_);
     if (rows_->marks().empty()) {
         showNewest();
@@ -119,6 +149,20 @@ void Review::takeRows() {
         shownBefore_ = true;
         selectRow(listItem_, dialog_.list(listItem_)->currentIndex().row());
     }
+}
+
+void Review::showNotes() {
+    dialog_.list(listItem_)->setNotes(notes_->rows());
+    bar_->setTotals(notes_->totals(), notes_->storable());
+    showHints();
+}
+
+void Review::storeAsAsked() {
+    const WaitCursor wait;
+    const auto stored = notes_->storeAsAsked();
+    if (!stored) Q_EMIT failed(toQString(stored.error().message));
+    document_.noteCommand();
+    showNotes();
 }
 
 /// A list of no updates answers a question about an element; the one asked for last is the one to show.

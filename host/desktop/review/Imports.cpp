@@ -1,0 +1,89 @@
+#include "desktop/review/Imports.hpp"
+
+#include "desktop/QtText.hpp"
+#include "desktop/WaitCursor.hpp"
+#include "desktop/dialogs/DesktopView.hpp"
+#include "desktop/report/ReportPanel.hpp"
+#include "desktop/window/AddOnMenu.hpp"
+
+#include <QFileInfo>
+#include <QMainWindow>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTimer>
+#include <utility>
+
+namespace desktop {
+
+Imports::Imports(QMainWindow* window, Document& document, DesktopView& view, AddOnMenu& menu, ReportPanel& report)
+    : QObject(window), window_(window), document_(document), view_(view), menu_(menu), report_(report) {
+    view_.setUpdatesReader([this](const QString& path) { return take(path); });
+    connect(&menu_, &AddOnMenu::commandEnded, this, &Imports::commandEnded);
+    connect(&document_, &Document::closing, this, [this] { picked_.reset(); });
+}
+
+/// @return what the add-on is to open in the file's place; nothing where there is nothing in it for the add-on.
+std::optional<std::string> Imports::take(const QString& path) {
+    if (std::exchange(nextList_, false) && picked_) return picked_->part().path;
+    picked_.reset();
+    if (!document_.isOpen()) return toPath(path).string();
+    const WaitCursor wait;
+    auto read = PickedUpdates::read(path, *document_.model());
+    if (!read) {
+        refuse(path, toQString(read.error().message));
+        return std::nullopt;
+    }
+    const QString how = read->howRead();
+    if (!how.isEmpty()) {
+        report_.append(how, false);
+        window_->statusBar()->showMessage(how);
+    }
+    if (read->empty()) {
+        refuse(path, QStringLiteral("It asks for nothing that the model does not hold already.\n%1").arg(how));
+        return std::nullopt;
+    }
+    picked_.emplace(std::move(*read));
+    return picked_->part().path;
+}
+
+void Imports::refuse(const QString& path, const QString& why) {
+    const WaitCursor::Pause usable;
+    QMessageBox box(QMessageBox::Warning, QStringLiteral("Import"),
+                    QStringLiteral("Nothing to import from %1.").arg(QFileInfo(path).fileName()), QMessageBox::Ok,
+                    window_);
+    box.setObjectName(QStringLiteral("importMessage"));
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(visible(why).toHtmlEscaped());
+    box.exec();
+}
+
+void Imports::commandEnded() {
+    if (!picked_) return;
+    if (!picked_->goOn() || !mayGoOn()) {
+        picked_.reset();
+        return;
+    }
+    nextList_ = true;
+    view_.answerNextRequest();
+    // The menu that has just told of the end is still at it.
+    QTimer::singleShot(0, this, [this] { menu_.pickAgain(); });
+}
+
+bool Imports::mayGoOn() {
+    QMessageBox box(
+        QMessageBox::Question, QStringLiteral("Import"),
+        QStringLiteral("Go on with list %1 of %2?")
+            .arg(number(static_cast<qint64>(picked_->list())), number(static_cast<qint64>(picked_->listCount()))),
+        QMessageBox::Yes | QMessageBox::No, window_);
+    box.setObjectName(QStringLiteral("nextListQuestion"));
+    box.setInformativeText(QStringLiteral("A list holds at most %1 rows, so %2 is reviewed in several.")
+                               .arg(number(DG_LIST_MAX_ROWS), picked_->fileName())
+                               .toHtmlEscaped());
+    box.button(QMessageBox::Yes)->setText(QStringLiteral("&Go On"));
+    box.button(QMessageBox::No)->setText(QStringLiteral("&Stop Here"));
+    box.setDefaultButton(QMessageBox::Yes);
+    return box.exec() == QMessageBox::Yes;
+}
+
+}  // namespace desktop

@@ -1,0 +1,167 @@
+#include "desktop/review/ReviewNotes.hpp"
+
+#include "desktop/QtText.hpp"
+#include "importing/ReviewRows.hpp"
+#include "updatefile/ReviewList.hpp"
+
+#include <algorithm>
+#include <map>
+
+namespace desktop {
+
+namespace {
+
+using updatefile::reviewlist::GuidColumn;
+using updatefile::reviewlist::PropertyColumn;
+
+bool isSettled(Mark mark) {
+    return mark == Mark::Done || mark == Mark::Error;
+}
+
+/// The designation without its set, as the host names an item in its report.
+std::string_view nameOf(const importing::ListRow& row) {
+    const std::string& item = row.columns[PropertyColumn].get();
+    return std::string_view(item).substr(0, item.find('['));
+}
+
+/// A refusal in the report: "NAME (GUID), ITEM: WHY".
+struct Refusal {
+    std::string item, why;
+    bool used = false;
+};
+
+/// The refusals since line `first`, by GUID, in their order.
+std::multimap<std::string, Refusal, std::less<>> refusals(const std::vector<host::ReportLine>& report,
+                                                          std::size_t first) {
+    constexpr std::string_view BehindGuid = "), ";
+    constexpr std::size_t GuidLength = 36;
+    std::multimap<std::string, Refusal, std::less<>> found;
+    for (std::size_t i = first; i < report.size(); ++i) {
+        const std::string& text = report[i].text;
+        const std::size_t end = text.find(BehindGuid);
+        if (end == std::string::npos || end < GuidLength) continue;
+        const std::size_t begin = end + BehindGuid.size();
+        const std::size_t colon = text.find(": ", begin);
+        if (colon == std::string::npos) continue;
+        found.emplace(text.substr(end - GuidLength, GuidLength),
+                      Refusal{text.substr(begin, colon - begin), text.substr(colon + 2)});
+    }
+    return found;
+}
+
+RowState stateOf(Mark mark) {
+    switch (mark) {
+        case Mark::None:
+            return RowState::None;
+        case Mark::Unchanged:
+            return RowState::Unchanged;
+        case Mark::Done:
+            return RowState::Done;
+        case Mark::Open:
+            return RowState::Open;
+        case Mark::Ticked:
+            return RowState::Ticked;
+        case Mark::Error:
+            break;
+    }
+    return RowState::Error;
+}
+
+}  // namespace
+
+ReviewNotes::ReviewNotes(model::Model& model, const host::Host& host, const importing::UpdatePart* part,
+                         const frontend::List& list)
+    : model_(model), host_(host), reportSeen_(host.report().size()) {
+    if (!part) return;
+    review_ = importing::RowReader().readFrom(list);
+    facts_.emplace(model_, *part, review_);
+}
+
+void ReviewNotes::read(const frontend::List& list, const std::vector<Mark>& marks) {
+    const bool applied = host_.report().size() > reportSeen_ ||
+                         !std::equal(marks.begin(), marks.end(), marks_.begin(), marks_.end(),
+                                     [](Mark a, Mark b) { return a == b || (!isSettled(a) && !isSettled(b)); });
+    marks_ = marks;
+    if (applied && facts_ && std::any_of(marks.begin(), marks.end(), isSettled)) {
+        readBack(list);
+        collectReasons(marks);
+    }
+    makeNotes(marks);
+}
+
+void ReviewNotes::readBack(const frontend::List& list) {
+    result_ = importing::RowReader().readFrom(list);
+    facts_->read(*result_);
+    storable_ = facts_->storable();
+}
+
+void ReviewNotes::collectReasons(const std::vector<Mark>& marks) {
+    reasons_.resize(marks.size());
+    auto known = refusals(host_.report(), reportSeen_);
+    for (std::size_t row = 0; row < marks.size() && row < review_.size(); ++row) {
+        if (marks[row] != Mark::Error) continue;
+        const auto [begin, end] = known.equal_range(review_[row].columns[GuidColumn].get());
+        const auto found = std::find_if(begin, end, [&](const auto& entry) {
+            return !entry.second.used && entry.second.item.find(nameOf(review_[row])) != std::string::npos;
+        });
+        if (found == end) continue;
+        found->second.used = true;
+        reasons_[row] = toQString(found->second.why);
+    }
+    reportSeen_ = host_.report().size();
+}
+
+void ReviewNotes::makeNotes(const std::vector<Mark>& marks) {
+    notes_.clear();
+    notes_.reserve(marks.size());
+    for (std::size_t row = 0; row < marks.size(); ++row) notes_.push_back(noteOn(row, marks[row]));
+}
+
+RowNote ReviewNotes::noteOn(std::size_t row, Mark mark) const {
+    RowNote note{stateOf(mark)};
+    if (!facts_ || row >= facts_->rows().size()) return note;
+    const importing::RowFacts& facts = facts_->rows()[row];
+    if (mark == Mark::Error) {
+        if (row < reasons_.size()) note.text = reasons_[row];
+        return note;
+    }
+    note.text = toQString(importing::differenceOf(facts));
+    if (importing::storedOtherwise(facts)) {
+        note.state = RowState::Otherwise;
+    } else if (facts.conflict && mark != Mark::Done) {
+        note.state = RowState::Conflict;
+    }
+    return note;
+}
+
+ReviewTotals ReviewNotes::totals() const {
+    ReviewTotals totals;
+    totals.rows = static_cast<qsizetype>(marks_.size());
+    for (const Mark mark : marks_) {
+        totals.ticked += mark == Mark::Ticked || mark == Mark::Error;
+        totals.tickable += mark == Mark::Ticked || mark == Mark::Open || mark == Mark::Error;
+        totals.done += mark == Mark::Done;
+        totals.errors += mark == Mark::Error;
+    }
+    for (const RowNote& note : notes_) {
+        totals.otherwise += note.state == RowState::Otherwise;
+        totals.conflicts += note.state == RowState::Conflict;
+    }
+    return totals;
+}
+
+QStringList ReviewNotes::hintsOnNames() const {
+    QStringList hints;
+    if (!facts_) return hints;
+    for (const std::string& hint : importing::hintsOnNames(model_, review_, result_)) hints += toQString(hint);
+    return hints;
+}
+
+model::Result<std::size_t> ReviewNotes::storeAsAsked() {
+    auto stored = facts_->storeExactly();
+    storable_ = facts_->storable();
+    makeNotes(marks_);
+    return stored;
+}
+
+}  // namespace desktop
