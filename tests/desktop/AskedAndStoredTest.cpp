@@ -83,7 +83,7 @@ TEST_F(AskedAndStored, StoreAsAskedWritesItAsAStepOfItsOwn) {
            });
     pick(QStringLiteral("Edit"), QStringLiteral("Undo Store as asked"));
     EXPECT_EQ(property(Wall, u"Pset_WallCommon", u"IsExternal"), "true");
-    EXPECT_EQ(window().document().model()->undoName(), "Apply Quillmarsh updates");
+    EXPECT_EQ(window().document().model()->undoSteps().undo, "Apply Quillmarsh updates");
 }
 
 TEST_F(AskedAndStored, RefusedRowBearsItsReason) {
