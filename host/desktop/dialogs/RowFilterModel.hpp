@@ -11,8 +11,8 @@ namespace desktop {
 /// Which rows of a review are shown.
 enum class RowChoice : std::uint8_t { All, Ticked, Done, Errors, Otherwise, Conflicts, Unchanged };
 
-/// The rows of an add-on's list in the order and choice of the user. The add-on knows nothing of it: its rows keep their
-/// numbers.
+/// The rows of an add-on's list in the order and choice of the user. The add-on knows nothing of it: its rows keep
+/// their numbers.
 class RowFilterModel : public QSortFilterProxyModel {
     Q_OBJECT
 
