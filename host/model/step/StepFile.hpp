@@ -88,9 +88,8 @@ public:
     /// @return how many other instances the argument still names.
     Result<std::size_t> removeReferences(Slot slot, std::size_t attributeIndex, InstanceId member);
     /// Adds an instance at the end of the data section that `neighbour` stands in.
-    /// @param body  "IFCWALL('...',$)" without id and semicolon. The id is the next above the highest in the file,
-    /// those
-    ///              in comments and dangling references included.
+    /// @param body  "IFCWALL('...',$)" without id and semicolon. The id is the next above the highest that the file
+    ///              names, comments and dangling references included.
     Result<Slot> append(std::string_view body, Slot neighbour);
     /// The same right behind `original`, which may be new itself, and behind what was inserted there before: on the
     /// next line where the original ends its line, otherwise on the same one.

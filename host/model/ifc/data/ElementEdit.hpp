@@ -44,7 +44,7 @@ public:
     Status relink(step::Slot relation, Field field, step::Slot from, step::Slot to, const std::string& purpose);
     /// Takes the element out of a relation, which others stay in, and puts the copy, which is for the element alone,
     /// right behind it: what the element sees keeps its order, now and when the file is reopened.
-    Status moveInto(InstanceBuilder& copy, step::Slot relation);
+    Status moveInto(InstanceBuilder& draft, step::Slot relation);
 
     std::string reference(step::Slot slot) const { return referenceText(work_.file.id(slot)); }
     /// The name of the attribute that a class has for a field.
