@@ -7,6 +7,7 @@
 #include "tables/asked/Exported.hpp"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 namespace tables {
@@ -30,7 +31,8 @@ CommaColumn commasOf(const Table& table, std::uint32_t column, std::size_t first
 /// What both layouts do line by line.
 class Reader {
 public:
-    Reader(const ReadTable& read, const AskOptions& options) : read_(read), table_(read.table), collector_(options) {}
+    Reader(const ReadTable& read, const AskOptions& options)
+        : read_(read), table_(read.table), options_(options), collector_(options) {}
 
 protected:
     /// The line's GUID; nothing, and told, where it has none.
@@ -45,8 +47,16 @@ protected:
         return std::nullopt;
     }
 
+    /// Blanks at the ends of a name are a slip of the hand, unless the element has an item that is named so.
+    std::string itemOf(const std::string& guid, const std::string& written) const {
+        std::string item(trimmed(written));
+        const bool named = item != written && options_.current && options_.current(guid, written);
+        return named ? written : item;
+    }
+
     const ReadTable& read_;
     const Table& table_;
+    const AskOptions& options_;
     Collector collector_;
 };
 
@@ -58,9 +68,8 @@ public:
           guidTitle_(columnTitle(read, layout.guid, true)) {
         for (const ItemColumn& column : layout.items) {
             collector_.noteBreaks(table_.row(0).cell(column.column));
-            const std::uint32_t number = column.item.empty() ? 0 : collector_.itemNumber(column.item);
-            columns_.push_back(
-                {column, number, columnTitle(read, column.column, true), commasOf(table_, column.column, 1)});
+            if (!isBlank(column.item)) items_.emplace(trimmed(column.item));
+            columns_.push_back({column, columnTitle(read, column.column, true), commasOf(table_, column.column, 1)});
         }
     }
 
@@ -77,6 +86,7 @@ public:
         }
         Asked asked = collector_.finish();
         asked.layout = Layout::Grid;
+        asked.items = items_.size();  // with those that no line asks for
         if (!again_.empty()) {
             asked.notes.push_back(counted(again_.size(), "line") +
                                   " with the GUID of a line above, the first is line " +
@@ -88,7 +98,6 @@ public:
 private:
     struct Column {
         ItemColumn place;
-        std::uint32_t number;
         std::string title;
         CommaColumn commas;
     };
@@ -96,7 +105,7 @@ private:
     void readCell(const Table::Row& row, const std::string& guid, std::uint32_t element, const Column& column) {
         const Cell* cell = row.cell(column.place.column);
         const std::string_view text = table_.text(cell);
-        const std::string& item = column.place.item;
+        const std::string item = itemOf(guid, column.place.item);
         if (item.empty()) {
             if (!isBlank(text)) collector_.leaveOut(row.line, column.title, "the column has no name in the first line");
             return;
@@ -104,13 +113,14 @@ private:
         collector_.noteBreaks(cell);
         const CellKind kind = cell == nullptr ? CellKind::Text : cell->kind;
         const bool comma = kind == CellKind::Text && column.commas.showsDecimalComma(text);
-        collector_.take({row.line, guid, element, item, column.number, column.title, exported_.value(guid, item), text,
-                         kind, comma});
+        collector_.take({row.line, guid, element, item, collector_.itemNumber(item), column.title,
+                         exported_.value(guid, item), text, kind, comma});
     }
 
     ExportedValues exported_;
     std::string guidTitle_;
     std::vector<Column> columns_;
+    std::set<std::string> items_;
     std::uint32_t elements_ = 0;        ///< So far.
     std::vector<std::uint32_t> again_;  ///< Lines of elements that had one already.
 };
@@ -156,7 +166,7 @@ private:
         const auto guid = guidOf(row, layout_.guid, titles_.guid);
         if (!guid) return;
         const std::uint32_t element = collector_.elementNumber(*guid);
-        const std::string item(trimmed(table_.text(row.cell(layout_.item))));
+        const std::string item = itemOf(*guid, std::string(table_.text(row.cell(layout_.item))));
         if (item.empty()) {
             collector_.leaveOut(row.line, titles_.item, "the line names no item");
             return;

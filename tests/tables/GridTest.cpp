@@ -106,6 +106,14 @@ TEST(Grid, CountsCellsWithTabsAndLineEnds) {
               "1 cell with TABs or line ends: each became a blank\n");
 }
 
+TEST(Grid, TakesBlanksAtTheEndsOfANameForASlipUnlessTheElementHasAnItemNamedSo) {
+    const auto model = holding({{{D, "  Arrow"}, "true"}, {{D, "Name"}, "Door"}});
+    EXPECT_EQ(askedOf("GUID,  Arrow, Name \n" + D + ",true,Gate\n", "a.csv", model), D + " Name (none)->Gate\n");
+    EXPECT_EQ(askedOf("GUID,  Arrow\n" + D + ",false\n", "a.csv", model), D + "   Arrow (none)->false\n");
+    EXPECT_EQ(askedOf(D + ",  Arrow,true,false\n" + D + ", Name ,Door,Gate\n", "a.csv", model),
+              D + "   Arrow true->false\n" + D + " Name Door->Gate\n");
+}
+
 TEST(Grid, LeavesOutErrorsOfFormulas) {
     EXPECT_EQ(askedOf("GUID,A,B\n" + D + ",#N/A,#REF!\n", "a.csv"),
               "line 2 A: it shows the error '#N/A'; fix the formula, or empty the cell\n"

@@ -10,7 +10,7 @@ ExportedValues::ExportedValues(const Table* table) : table_(table) {
     const Table::Row header = table->row(0);
     if (!namesGuids(table->text(header.cell(0)))) return;
     for (const Cell& cell : header.cells)
-        if (cell.column > 0) columns_.try_emplace(std::string(trimmed(table->text(&cell))), cell.column);
+        if (cell.column > 0) columns_.try_emplace(std::string(table->text(&cell)), cell.column);
     for (std::size_t i = 1; i < table->rowCount(); ++i)
         if (auto guid = parseGuid(table->text(table->row(i).cell(0)))) rows_.try_emplace(std::move(*guid), i);
 }

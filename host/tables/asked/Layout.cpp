@@ -38,8 +38,8 @@ std::optional<LongLayout> namedColumns(const Table& table, const Table::Row& hea
 TableLayout gridLayout(const Table& table, const Table::Row& header) {
     TableLayout layout;
     for (std::uint32_t column = 1; column < table.width(); ++column) {
-        std::string item = headerText(table, header, column);
-        if (!item.starts_with('#')) layout.grid.items.push_back({column, std::move(item)});
+        if (!headerText(table, header, column).starts_with('#'))
+            layout.grid.items.push_back({column, std::string(table.text(header.cell(column)))});
     }
     return layout;
 }
