@@ -351,6 +351,25 @@ TEST(OverridingRelation, ThatOthersShareIsSplit) {
     }
 }
 
+TEST(OverridingRelation, IsNoPlaceForANameThatTheSetHasTwice) {
+    for (const bool shared : {false, true}) {
+        Overridden o;
+        const Id twice = o.ifc.set(
+            "S", {singleP(o.ifc), o.ifc.single("Q", "IFCLABEL('q')"), o.ifc.single("P", "IFCLABEL('second')")});
+        o.ifc.give({o.other}, twice);
+        o.ifc.overrideProperties(shared ? Ids{o.wall, o.other} : Ids{o.wall}, twice,
+                                 {o.ifc.single("Q", "IFCLABEL('mine')")});
+        checkOverride(o.ifc, "P");
+        Opened model(o.ifc);
+        ASSERT_TRUE(model.setProperty(0, "S", "P", "new"));
+        std::vector<std::string> values;
+        model->visitProperties(0, [&](const model::PropertyView& property) {
+            values.push_back(utf8(property.name) + "=" + utf8(property.string));
+        });
+        EXPECT_THAT(values, testing::ElementsAre("P=new", "Q=mine", "P=second"));
+    }
+}
+
 TEST(OverridingRelation, WithAPropertyThatOthersShareGetsACopy) {
     Overridden o;
     const Id shared = o.ifc.single("P", "IFCLABEL('ours')");

@@ -76,8 +76,9 @@ private:
     Status checkRoomForSetCopy(Slot set);
     Status checkNoComplexNamesake(Slot set) const;
 
-    /// A relation that overrides properties of the set for the element; NoSlot where there is none.
-    Slot overridingRelation(Slot set) const;
+    /// A relation that overrides properties of the set for the element and can override the wanted one; NoSlot where
+    /// there is none. In a set that has the name twice it cannot: it would replace both by one.
+    Slot relationToOverrideIn(Slot set);
     Slot ownSetOfName();
     void noteNamesakes();
 
@@ -179,7 +180,7 @@ Status PropertyEditor::putCopyInPlaceOf(const PropertyPlace& place) {
         return edit_.relink(place.overriding, Field::Overriding, place.property, *copy, relationPurpose());
     }
     if (edit_.isOwn(place.set)) return edit_.replaceReference(place.set, Field::HasProperties, place.property, *copy);
-    if (const Slot overriding = overridingRelation(place.set); overriding != step::NoSlot) {
+    if (const Slot overriding = relationToOverrideIn(place.set); overriding != step::NoSlot) {
         return addToOverride(overriding, *copy);
     }
     InstanceBuilder set = edit_.copyOfRoot(place.set, setPurpose());
@@ -193,7 +194,7 @@ Status PropertyEditor::checkRoomForCopy(const PropertyPlace& place) {
     const auto withRelation = [&](Slot relation) { return edit_.checkRoom(edit_.isAlone(relation) ? 1 : 2); };
     if (place.overriding != step::NoSlot) return withRelation(place.overriding);
     if (edit_.isOwn(place.set)) return edit_.checkRoom(1);
-    const Slot overriding = overridingRelation(place.set);
+    const Slot overriding = relationToOverrideIn(place.set);
     return overriding != step::NoSlot ? withRelation(overriding) : checkRoomForSetCopy(place.set);
 }
 
@@ -316,7 +317,11 @@ Status PropertyEditor::checkNoComplexNamesake(Slot set) const {
     return {};
 }
 
-Slot PropertyEditor::overridingRelation(Slot set) const {
+Slot PropertyEditor::relationToOverrideIn(Slot set) {
+    const DecodedSet& decoded = work_.propertySets.of(set);
+    std::size_t namesakes = 0;
+    for (std::size_t i = 0; i < decoded.size(); ++i) namesakes += decoded.property(i).name == wantedName_ ? 1U : 0U;
+    if (namesakes > 1) return step::NoSlot;
     const auto found = std::find_if(assigned_.begin(), assigned_.end(), [&](const AssignedSet& assignment) {
         return assignment.set == set && assignment.overriding;
     });
