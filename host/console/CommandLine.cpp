@@ -7,6 +7,7 @@
 #include "console/help/Nearest.hpp"
 #include "console/help/Versions.hpp"
 #include "console/output/StandardOutput.hpp"
+#include "console/several/ModelNames.hpp"
 #include "updatefile/ExportLine.hpp"
 
 #include <fmt/format.h>
@@ -32,11 +33,17 @@ struct Words {
     std::string output;
     std::string items;
     std::vector<std::string> singleItems;
+    std::vector<std::string> models;
+    std::string outDir;
+    unsigned jobs = 1;
+    std::string ending = ".txt";
     std::string helpOn;
     bool asManPage = false;
     std::string shell;
 };
 
+constexpr const char* ModelsArgument =
+    "IFC files (.ifc or .ifczip) to work on; folders and wildcards mean those that they hold; - reads standard input";
 constexpr const char* ModelArgument = "IFC file (.ifc or .ifczip) to work on; - reads standard input";
 
 CLI::Option* addPath(CLI::App& app, const char* name, std::filesystem::path& path, const char* description) {
@@ -66,9 +73,13 @@ void addOutputOptions(CLI::App& command, OutputOptions& output) {
 }
 
 CLI::App& addCommand(CLI::App& app, const char* name, const char* description, CommonOptions& common,
-                     std::filesystem::path& model) {
+                     std::filesystem::path& model, std::vector<std::string>* models = nullptr) {
     CLI::App& command = *app.add_subcommand(name, description);
-    addPath(command, "MODEL", model, ModelArgument)->required()->type_name("");
+    if (models != nullptr) {
+        command.add_option("MODEL", *models, ModelsArgument)->required()->type_name("");
+    } else {
+        addPath(command, "MODEL", model, ModelArgument)->required()->type_name("");
+    }
     addChoice<Format>(command, "--format", common.format,
                       {{"table", Format::Table}, {"tsv", Format::Tsv}, {"json", Format::Json}},
                       "table (the default), tsv or json");
@@ -77,6 +88,18 @@ CLI::App& addCommand(CLI::App& app, const char* name, const char* description, C
         ->type_name("BUNDLE");
     command.add_flag("--debug", common.debug, "the add-on's debug output, on standard error");
     return command;
+}
+
+void addJobs(CLI::App& command, Words& words) {
+    command
+        .add_option("-j,--jobs", words.jobs,
+                    "so many models at once, 1 where nothing is said; 0: as many as the machine has cores")
+        ->type_name("NUMBER");
+}
+
+void addOutDir(CLI::App& command, Words& words) {
+    command.add_option("--out-dir", words.outDir, "write a file for each model here, under the model's name")
+        ->type_name("DIR");
 }
 
 void addForce(CLI::App& command, CommonOptions& common) {
@@ -114,13 +137,13 @@ void addFilter(CLI::App& command, std::string& type, std::string& ifcClass, std:
 
 void addImport(CLI::App& app, Words& words) {
     CLI::App& command = addCommand(app, "import", "Review an update file against the model, and apply the ticked rows",
-                                   words.import.common, words.import.model);
+                                   words.import.common, words.import.model, &words.models);
+    // The last of the arguments, whatever their number: REQUIRED tells the description what CLI11 cannot.
     addPath(
         command, "UPDATES", words.import.updates,
         "update file: GUID, item, old and new value, TABs between; or a table, .csv .tsv .xlsx .ods; - reads standard "
         "input")
-        ->required()
-        ->type_name("");
+        ->type_name("REQUIRED");
     command.add_option("--tick", words.tick, "rows to tick: all (the default), none, or numbers such as 1,4-9")
         ->type_name("ROWS");
     command.add_flag("--apply", words.import.apply, "apply the ticked rows; without it nothing is changed");
@@ -138,6 +161,8 @@ void addImport(CLI::App& app, Words& words) {
         ->type_name("NAME");
     command.add_option("--sheet", table.sheet, "of a workbook")->type_name("NAME");
     command.add_flag("--clear-empty", table.clearEmpty, "empty cells of a table ask for the empty text");
+    addOutDir(command, words);
+    addJobs(command, words);
     addForce(command, words.import.common);
     addBackup(command, words.import.common);
     addReport(command, words.import.common);
@@ -151,6 +176,7 @@ void addImport(CLI::App& app, Words& words) {
         "  modelhost import house.ifc updates.txt --tick 1,4-9 --apply -o changed.ifc\n"
         "  modelhost import house.ifc doors.csv --apply --in-place --exact --strict\n"
         "  modelhost import house.ifc updates.txt --apply -o changed.ifc --report changes.html\n"
+        "  modelhost import models updates.txt --apply --out-dir changed -j 2\n"
         "  modelhost import - updates.txt --apply -o - < house.ifc > changed.ifc");
 }
 
@@ -169,19 +195,22 @@ void addLookup(CLI::App& app, Words& words) {
 
 void addList(CLI::App& app, Words& words) {
     CLI::App& command = addCommand(app, "list", "List the model's elements with GUID, class, type and name",
-                                   words.list.common, words.list.model);
+                                   words.list.common, words.list.model, &words.models);
     addFilter(command, words.list.type, words.list.ifcClass, words.list.where);
+    addJobs(command, words);
     command.footer(
         "Examples:\n"
         "  modelhost list house.ifc\n"
         "  modelhost list house.ifc --type Door --wide\n"
+        "  modelhost list 'models/*.ifc' --type Door\n"
         "  modelhost list house.ifc --where 'IfcDoor, location=Erdgeschoss' --format tsv");
 }
 
 void addItems(CLI::App& app, Words& words) {
     CLI::App& command = addCommand(app, "items", "List which attributes, properties and classifications there are",
-                                   words.itemsOf.common, words.itemsOf.model);
+                                   words.itemsOf.common, words.itemsOf.model, &words.models);
     addFilter(command, words.itemsOf.type, words.itemsOf.ifcClass, words.itemsOf.where);
+    addJobs(command, words);
     command.add_flag("--standard", words.itemsOf.standard,
                      "also the properties that the IFC standard defines for these elements and none has");
     command.footer(
@@ -194,7 +223,7 @@ void addItems(CLI::App& app, Words& words) {
 void addExport(CLI::App& app, Words& words) {
     CLI::App& command =
         addCommand(app, "export", "Write current values as update-file lines, to be edited and imported again",
-                   words.exporting.common, words.exporting.model);
+                   words.exporting.common, words.exporting.model, &words.models);
     command
         .add_option("--items", words.items,
                     "attributes, properties and classifications, commas between: "
@@ -216,13 +245,19 @@ void addExport(CLI::App& app, Words& words) {
         .add_option("-o,--output", words.output,
                     "write here, a table where it ends in .xlsx, .csv or .tsv; - or nothing: standard output")
         ->type_name("FILE");
+    addOutDir(command, words);
+    addChoice<std::string>(command, "--as", words.ending,
+                           {{"txt", ".txt"}, {"csv", ".csv"}, {"tsv", ".tsv"}, {"xlsx", ".xlsx"}},
+                           "what the files in --out-dir are: txt (the default), csv, tsv or xlsx");
+    addJobs(command, words);
     command.footer(
         "Fields: GUID, item, old value, value to change. What no line can hold is left out and said.\n\n"
         "Exit status: 0 done, 1 also where no element has any of the items.\n\n"
         "Examples:\n"
         "  modelhost export house.ifc --items 'Name,FireRating[DoorCommon]' --type Door -o doors.txt\n"
         "  modelhost export house.ifc --items 'Name,FireRating[DoorCommon]' --type Door -o doors.xlsx\n"
-        "  modelhost export house.ifc --item 'Name' --where 'IfcWall'");
+        "  modelhost export house.ifc --item 'Name' --where 'IfcWall'\n"
+        "  modelhost export models --items Name --out-dir names --as csv");
 }
 
 void addDiff(CLI::App& app, Words& words) {
@@ -326,7 +361,17 @@ ImportOptions finishImport(Words& words) {
     ImportOptions& options = words.import;
     options.tick = valueOrThrow(parseTickChoice(words.tick));
     if (!words.output.empty()) options.output = words.output;
-    const bool target = options.output.has_value() || options.inPlace;
+    if (words.models.size() < 2 && options.updates.empty())
+        throw Failure("UPDATES is missing; see modelhost import --help");
+    if (options.updates.empty()) {
+        options.updates = words.models.back();
+        words.models.pop_back();
+    }
+    options.model = words.models.front();
+    const bool target = options.output.has_value() || options.inPlace || !words.outDir.empty();
+    if (options.output && !words.outDir.empty()) throw Failure("-o and --out-dir exclude each other; give one of them");
+    if (options.inPlace && !words.outDir.empty())
+        throw Failure("--in-place and --out-dir exclude each other; give one of them");
     checkStandardInput(options.model, options.updates, "UPDATES");
     if (options.model == "-" && options.inPlace)
         throw Failure("standard input cannot be saved in place; write -o OUT.ifc, or -o - for standard output");
@@ -334,7 +379,8 @@ ImportOptions finishImport(Words& words) {
         throw Failure("--backup keeps the file that is saved over; add --apply and --in-place, or leave it out");
     if (options.output && options.inPlace) throw Failure("-o and --in-place exclude each other; give one of them");
     if (options.apply && !target)
-        throw Failure("--apply without a place to save to would lose the work; add -o OUT.ifc or --in-place");
+        throw Failure(
+            "--apply without a place to save to would lose the work; add -o OUT.ifc or --in-place, or --out-dir DIR");
     if (!options.apply && target) {
         throw Failure(
             "without --apply nothing is changed and nothing saved; add --apply, or leave out -o and "
@@ -352,6 +398,8 @@ ExportOptions finishExport(Words& words) {
     }
     if (options.items.empty()) throw Failure("export needs --items; write for example --items 'Name,Description'");
     if (!words.output.empty() && words.output != "-") options.output = words.output;
+    if (!words.output.empty() && !words.outDir.empty())
+        throw Failure("-o and --out-dir exclude each other; give one of them");
     return std::move(options);
 }
 
@@ -368,13 +416,46 @@ DiffOptions finishDiff(Words& words) {
     return std::move(options);
 }
 
+/// What is said for one file cannot be said for several.
+void checkForSeveral(const ImportOptions& options) {
+    if (options.output) throw Failure("-o is for one model; write --out-dir DIR or --in-place for several");
+    std::error_code failed;
+    // Said once, not for each model.
+    if (options.updates != "-" && !std::filesystem::exists(options.updates, failed)) {
+        throw Failure(
+            fmt::format("cannot read the update file {}: there is none; check its name", options.updates.string()));
+    }
+    if (!options.tick.ranges.empty())
+        throw Failure("--tick with rows is for one model, since each has a list of its own; write all or none");
+}
+
+/// A file named alone is worked on alone, as if there were no others.
+template <class Options>
+Command onModels(Options options, Words& words) {
+    const ModelNames found = findModels(words.models);
+    const bool hasFolder = !words.outDir.empty();
+    if (!found.several) {
+        options.model = found.models.front();
+        if constexpr (std::is_same_v<Options, ImportOptions> || std::is_same_v<Options, ExportOptions>) {
+            const bool import = std::is_same_v<Options, ImportOptions>;
+            if (hasFolder) makeFolder(words.outDir);
+            if (hasFolder) options.output = placeIn(words.outDir, options.model, import ? "" : words.ending);
+        }
+        return options;
+    }
+    if constexpr (std::is_same_v<Options, ImportOptions>) checkForSeveral(options);
+    SeveralOptions several{options.common, options, found.models, words.jobs, {}, words.ending};
+    if (hasFolder) several.outDir = words.outDir;
+    return several;
+}
+
 Command finish(const CLI::App& app, Words& words) {
     const std::string& name = app.get_subcommands().front()->get_name();
-    if (name == "import") return finishImport(words);
+    if (name == "import") return onModels(finishImport(words), words);
     if (name == "lookup") return std::move(words.lookup);
-    if (name == "list") return std::move(words.list);
-    if (name == "items") return std::move(words.itemsOf);
-    if (name == "export") return finishExport(words);
+    if (name == "list") return onModels(std::move(words.list), words);
+    if (name == "items") return onModels(std::move(words.itemsOf), words);
+    if (name == "export") return onModels(finishExport(words), words);
     if (name == "diff") return finishDiff(words);
     checkStandardInput(words.script.model, words.script.steps, "STEPS");
     return std::move(words.script);

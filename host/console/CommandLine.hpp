@@ -8,6 +8,7 @@
 #include "console/commands/ListCommand.hpp"
 #include "console/commands/LookupCommand.hpp"
 #include "console/commands/ScriptCommand.hpp"
+#include "console/several/SeveralCommand.hpp"
 
 #include <optional>
 #include <string>
@@ -15,8 +16,8 @@
 
 namespace console {
 
-using Command =
-    std::variant<ImportOptions, LookupOptions, ListOptions, ItemsOptions, ExportOptions, DiffOptions, ScriptOptions>;
+using Command = std::variant<ImportOptions, LookupOptions, ListOptions, ItemsOptions, ExportOptions, DiffOptions,
+                             ScriptOptions, SeveralOptions>;
 
 /// Throws Failure for wrong usage. Nothing where help or the version was asked for and printed.
 std::optional<Command> parseCommandLine(int argc, const char* const* argv);

@@ -12,6 +12,8 @@ namespace console {
 
 enum class Format : std::uint8_t { Table, Tsv, Json };
 
+struct Share;
+
 /// How results and messages are shown.
 struct OutputOptions {
     Colour colour = Colour::Auto;
@@ -27,6 +29,7 @@ struct CommonOptions {
     bool debug = false;
     bool force = false;  ///< Save over a file that another program changed since it was opened.
     std::optional<std::filesystem::path> report;  ///< A page, JSON or workbook to hand on; of import, script and diff.
+    Share* share = nullptr;                       ///< Set where this model is one of several. Not owned.
     std::string backup;  ///< The suffix under which a file that is replaced is kept; empty: it is not.
 };
 

@@ -48,13 +48,13 @@ void checkBeginning(std::string_view text) {
 
 }  // namespace
 
-StandardInput::StandardInput() {
+StandardInput::StandardInput(Holds what) {
     std::string name = (std::filesystem::temp_directory_path() / "modelhost.XXXXXX").string();
     const int file = mkostemp(name.data(), O_CLOEXEC);
     if (file < 0) failKeeping();
     path_ = name;
     try {
-        copy(file);
+        copy(file, what);
     } catch (...) {
         close(file);
         unlink(path_.c_str());
@@ -67,11 +67,11 @@ StandardInput::~StandardInput() {
     unlink(path_.c_str());
 }
 
-void StandardInput::copy(int file) {
+void StandardInput::copy(int file, Holds what) {
     std::array<char, 1U << 16U> block{};
     std::uintmax_t kept = 0;
     std::size_t count = readBlock(block);
-    checkBeginning({block.data(), count});
+    if (what == Holds::AModel) checkBeginning({block.data(), count});
     for (; count > 0; count = readBlock(block)) {
         if ((kept += count) > Longest)
             throw Failure(

@@ -1,5 +1,5 @@
 #pragma once
-// A model that comes by standard input. It is read more than once, so it is kept in a file meanwhile.
+// What comes by standard input and is read more than once is kept in a file meanwhile.
 
 #include <cstdint>
 #include <filesystem>
@@ -8,8 +8,10 @@ namespace console {
 
 class StandardInput {
 public:
-    /// Reads all of it. Throws Failure where that fails, or it is neither text nor an archive.
-    StandardInput();
+    enum class Holds : std::uint8_t { AModel, Anything };
+
+    /// Reads all of it. Throws Failure where that fails, or it is to be a model and is neither text nor an archive.
+    explicit StandardInput(Holds what = Holds::AModel);
     /// Removes the file.
     ~StandardInput();
     StandardInput(const StandardInput&) = delete;
@@ -23,7 +25,7 @@ public:
     static constexpr std::uintmax_t Longest = std::uintmax_t{16} << 30U;
 
 private:
-    void copy(int file);
+    static void copy(int file, Holds what);
 
     std::filesystem::path path_;
 };

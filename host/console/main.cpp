@@ -30,11 +30,16 @@ void applyOutput(const OutputOptions& output, bool table, bool modelPrinted) {
 template <class Options>
 constexpr bool PrintsTable = !std::is_same_v<Options, ExportOptions> && !std::is_same_v<Options, ScriptOptions>;
 
+bool printsTable(const Command& command) {
+    if (const auto* several = std::get_if<SeveralOptions>(&command))
+        return !std::holds_alternative<ExportOptions>(several->one);
+    return std::visit([](const auto& options) { return PrintsTable<std::decay_t<decltype(options)>>; }, command);
+}
+
 ExitStatus run(const Command& command) {
     std::visit(
         [&command](const auto& options) {
-            using Options = std::decay_t<decltype(options)>;
-            applyOutput(options.common.output, PrintsTable<Options> && options.common.format == Format::Table,
+            applyOutput(options.common.output, printsTable(command) && options.common.format == Format::Table,
                         printsModel(command));
         },
         command);
@@ -46,6 +51,7 @@ ExitStatus run(const Command& command) {
         ExitStatus operator()(const ExportOptions& options) const { return runExport(options); }
         ExitStatus operator()(const DiffOptions& options) const { return runDiff(options); }
         ExitStatus operator()(const ScriptOptions& options) const { return runScript(options); }
+        ExitStatus operator()(const SeveralOptions& options) const { return runSeveral(options); }
     };
     return std::visit(Runner{}, command);
 }

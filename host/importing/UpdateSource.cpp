@@ -112,6 +112,7 @@ model::Status UpdateSource::readUpdateFile(const model::Model& model) {
     auto findings = file_.scan(knows, [&](const updatefile::UpdateLine& line) {
         ++part.lines;
         const auto guid = text::parseGuid(line.fields[0]);
+        if (guid && !knows(*guid)) linesOfUnknownElements_.push_back(line.number);
         // Behind a full list no row is kept.
         if (guid && part.asked.size() < tables::MostRowsOfAList && knows(*guid))
             part.asked.push_back(askedLine(line, *guid));
@@ -153,6 +154,7 @@ model::Status UpdateSource::readTable(const model::Model& model) {
             } else {
                 findings_.withoutRow.add(update.line);
                 findings_.unknownElement.add(update.line);
+                linesOfUnknownElements_.push_back(update.line);
             }
         }
         findings_.lines += file.count;

@@ -56,6 +56,8 @@ public:
     /// Valid after read(), as long as this object lives.
     const std::vector<UpdatePart>& parts() const { return parts_; }
     const updatefile::UpdateFileFindings& findings() const { return findings_; }
+    /// The lines whose element the model has not got, in order.
+    const std::vector<std::uint64_t>& linesOfUnknownElements() const { return linesOfUnknownElements_; }
     /// Of a table.
     const std::optional<tables::ReadReport>& table() const { return table_; }
     /// What is to be said of a table, its report line first.
@@ -75,6 +77,7 @@ private:
     std::vector<KeptFile> partFiles_;
     std::vector<UpdatePart> parts_;
     updatefile::UpdateFileFindings findings_;
+    std::vector<std::uint64_t> linesOfUnknownElements_;
     std::optional<tables::ReadReport> table_;
     std::vector<std::string> notes_;
 };

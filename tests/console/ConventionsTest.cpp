@@ -54,6 +54,8 @@ TEST_F(Conventions, TheExamplesOfTheHelpWork) {
         std::filesystem::copy_file(testing_support::projectFile("samples") / sample, folder_.path() / sample,
                                    std::filesystem::copy_options::overwrite_existing);
     write("steps.jsonl", "{\"menus\":true}\n");
+    std::filesystem::create_directory(folder_.path() / "models");
+    std::filesystem::copy_file(folder_.path() / "house.ifc", folder_.path() / "models/house.ifc");
     ASSERT_EQ(run({"export", "house.ifc", "--items", "Name", "--type", "Door", "-o", "doors.csv"}).status, 0);
     for (const std::string& command : Commands) {
         const std::string help = run({"help", command}).out;

@@ -54,7 +54,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         Refusal{{"list", "none.ifc"}, "none.ifc: No such file or directory; check the name and the rights"},
         Refusal{{"list", "no/none.ifc"}, "no/none.ifc: No such file or directory; check the name and the rights"},
-        Refusal{{"list", "folder"}, "folder: it is a folder or a device, not a file; choose an .ifc file"},
+        Refusal{{"list", "folder"}, "the folder folder holds no .ifc or .ifczip file; name another one"},
         Refusal{{"list", "none.ifczip"}, "none.ifczip: the archive holds no .ifc file; choose another one, or export"},
         Refusal{{"list", "two.ifczip"}, "two.ifczip: the archive holds several .ifc files; unpack it and open one"},
         Refusal{{"list", "cut.ifczip"}, "cut.ifczip: the archive is damaged: Not a zip archive; fetch it again"}));

@@ -12,6 +12,7 @@
 #include "console/output/OutputFile.hpp"
 #include "console/output/StandardOutput.hpp"
 #include "console/output/TerminalText.hpp"
+#include "console/several/Share.hpp"
 #include "tables/Reading.hpp"
 #include "updatefile/ReviewList.hpp"
 #include "updatefile/Wording.hpp"
@@ -124,24 +125,36 @@ bool canBeFilledIn(const std::string& item) {
            std::find(AddedSystems.begin(), AddedSystems.end(), item) != AddedSystems.end();
 }
 
-/// Says which items none of the elements has. @return Failed where a mistake is all that there was.
-ExitStatus judgeItems(const model::Model& model, const Elements& elements, const Exporter& exporter, Missing missing) {
+/// What became of each item: of those that none of the elements has, whether others have it, else the nearest name.
+std::vector<ItemVerdict> verdictsOn(const model::Model& model, const Elements& elements, const Exporter& exporter,
+                                    const std::vector<std::string>& items) {
     const std::vector<std::string> nobodys = exporter.itemsOfNobody();
-    if (nobodys.empty() || elements.empty()) return ExitStatus::Done;
-    const std::vector<std::string> known = itemsOf(model);
-    std::vector<std::string> mistakes;
-    for (const std::string& item : nobodys) {
-        if (std::find(known.begin(), known.end(), item) != known.end()) {
-            say(fmt::format("no element chosen has the item {}", item));
-        } else if (missing == Missing::Include && canBeFilledIn(item)) {
-            say(noSuchItem(item, nearest(item, known)));
+    if (elements.empty()) return {};
+    const std::vector<std::string> known = nobodys.empty() ? std::vector<std::string>() : itemsOf(model);
+    const auto isIn = [](const std::vector<std::string>& all, const std::string& item) {
+        return std::find(all.begin(), all.end(), item) != all.end();
+    };
+    std::vector<ItemVerdict> verdicts;
+    for (const std::string& item : items) {
+        if (!isIn(nobodys, item)) {
+            verdicts.push_back({item, ItemFound::Here, {}});
         } else {
-            mistakes.push_back(noSuchItem(item, nearest(item, known)));
+            const ItemFound found = isIn(known, item) ? ItemFound::Elsewhere : ItemFound::Nowhere;
+            verdicts.push_back({item, found, nearest(item, known)});
         }
     }
-    const bool nothing = mistakes.size() == exporter.itemCount();
-    for (const std::string& mistake : mistakes) nothing ? complain(mistake) : say(mistake);
-    return nothing ? ExitStatus::Failed : ExitStatus::Done;
+    return verdicts;
+}
+
+ExitStatus judgeItems(const model::Model& model, const Elements& elements, const Exporter& exporter,
+                      const ExportOptions& options, Missing missing) {
+    const auto verdicts = verdictsOn(model, elements, exporter, options.items);
+    if (options.common.share == nullptr) return judge(verdicts, missing);
+    for (const ItemVerdict& verdict : verdicts) {
+        options.common.share->facts["items"].push_back(
+            {{"item", verdict.item}, {"found", verdict.found}, {"nearest", verdict.nearest}});
+    }
+    return ExitStatus::Done;
 }
 
 /// Checked before the work, so that no work is lost.
@@ -218,7 +231,7 @@ ExitStatus exportGrid(const model::Model& model, const Elements& elements, const
     const bool json = options.common.format == Format::Json;
     if (json) printAsJson(grid, options);
     sayWhatIsMissing(grid.exporter());
-    const ExitStatus status = judgeItems(model, elements, grid.exporter(), missing);
+    const ExitStatus status = judgeItems(model, elements, grid.exporter(), options, missing);
     if (options.output) {
         writeTable(std::move(grid).take(), options, true);
     } else if (!json) {
@@ -244,7 +257,7 @@ ExitStatus exportLongTable(const model::Model& model, const Elements& elements, 
     }
     sayWhatIsMissing(exporter);
     writeTable(list, options, false);
-    return judgeItems(model, elements, exporter, missing);
+    return judgeItems(model, elements, exporter, options, missing);
 }
 
 ExitStatus exportLines(const model::Model& model, const Elements& elements, const ExportOptions& options) {
@@ -261,7 +274,7 @@ ExitStatus exportLines(const model::Model& model, const Elements& elements, cons
     }
     if (options.output)
         say(fmt::format("{} written to {}", counted(exporter.lineCount(), "line"), options.output->string()));
-    return judgeItems(model, elements, exporter, missing);
+    return judgeItems(model, elements, exporter, options, missing);
 }
 
 ExportLayout layoutOf(const ExportOptions& options) {
@@ -281,9 +294,49 @@ void checkLayout(const ExportOptions& options) {
 
 }  // namespace
 
-ExitStatus runExport(const ExportOptions& options) {
+ExitStatus judge(const std::vector<ItemVerdict>& verdicts, Missing missing) {
+    std::vector<std::string> mistakes;
+    for (const ItemVerdict& verdict : verdicts) {
+        if (verdict.found == ItemFound::Here) continue;
+        if (verdict.found == ItemFound::Elsewhere) {
+            say(fmt::format("no element chosen has the item {}", verdict.item));
+        } else if (missing == Missing::Include && canBeFilledIn(verdict.item)) {
+            say(noSuchItem(verdict.item, verdict.nearest));
+        } else {
+            mistakes.push_back(noSuchItem(verdict.item, verdict.nearest));
+        }
+    }
+    const bool nothing = !mistakes.empty() && mistakes.size() == verdicts.size();
+    for (const std::string& mistake : mistakes) nothing ? complain(mistake) : say(mistake);
+    return nothing ? ExitStatus::Failed : ExitStatus::Done;
+}
+
+Missing missingOf(const ExportOptions& options) {
+    return options.missing.value_or(isGrid(options) ? Missing::Include : Missing::LeaveOut);
+}
+
+bool isGrid(const ExportOptions& options) {
+    return layoutOf(options) == ExportLayout::Grid;
+}
+
+void checkExport(const ExportOptions& options) {
     checkTarget(options);
     checkLayout(options);
+}
+
+void writeExport(tables::Grid table, const ExportOptions& options) {
+    const bool grid = isGrid(options);
+    if (tableFormat(options)) return writeTable(table, options, grid);
+    if (grid) return printGrid(std::move(table));
+    Lines lines(options);
+    for (const auto& row : table.rows) lines.take({row[0], row[1], row[2], 0, false});
+    lines.finish();
+    if (options.output)
+        say(fmt::format("{} written to {}", counted(table.rows.size(), "line"), options.output->string()));
+}
+
+ExitStatus runExport(const ExportOptions& options) {
+    checkExport(options);
     ModelSession session(options.common, options.model, Access::Reading);
     const model::Model& model = session.model();
     const Elements elements = ElementFilter(session.model(), options.type, options.ifcClass, options.where).elements();

@@ -9,6 +9,7 @@
 #include "console/output/StandardOutput.hpp"
 #include "console/report/ImportPage.hpp"
 #include "console/report/ReportFile.hpp"
+#include "console/several/Share.hpp"
 #include "importing/ReviewFacts.hpp"
 #include "importing/ReviewRows.hpp"
 #include "updatefile/Hints.hpp"
@@ -197,13 +198,26 @@ std::uint64_t countFacts(const std::vector<RowFacts>& facts, const Predicate& pr
     return static_cast<std::uint64_t>(std::count_if(facts.begin(), facts.end(), predicate));
 }
 
-ImportReport reportOf(ModelSession& session, Import& import, const UpdateSource& updates, bool applied) {
+/// Where the model is one of several, an element that it has not got may be another one's.
+updatefile::UpdateFileFindings findingsToTell(const UpdateSource& updates, const Share* share) {
+    updatefile::UpdateFileFindings findings = updates.findings();
+    if (share == nullptr) return findings;
+    const std::vector<std::uint64_t>& others = updates.linesOfUnknownElements();
+    findings.withoutRow.count -= std::min(findings.withoutRow.count, findings.unknownElement.count);
+    std::erase_if(findings.withoutRow.first,
+                  [&others](std::uint64_t line) { return std::binary_search(others.begin(), others.end(), line); });
+    findings.unknownElement = {};
+    return findings;
+}
+
+ImportReport reportOf(ModelSession& session, Import& import, const UpdateSource& updates,
+                      const ImportOptions& options) {
     ImportReport report;
     report.model = session.facts();
     report.updatesPath = wellFormed(updates.name());
     report.header = std::move(import.header);
     report.review = std::move(import.review);
-    if (applied) report.result = std::move(import.result);
+    if (options.apply) report.result = std::move(import.result);
     report.facts = std::move(import.facts);
     report.table = updates.table();
     report.summary = summarize(updates.findings().lines, report.review, report.result, import.rowsLost);
@@ -214,8 +228,8 @@ ImportReport reportOf(ModelSession& session, Import& import, const UpdateSource&
     // A cell that no line could be made of is a line without a row, too.
     report.summary.linesWithoutRow =
         updates.findings().withoutRow.count + (report.table ? report.table->leftOut.size() : 0);
-    report.hints = updatefile::hintsFor(updates.findings(), {report.summary.rows, report.summary.rowsLost},
-                                        "'modelhost list' prints");
+    report.hints = updatefile::hintsFor(findingsToTell(updates, options.common.share),
+                                        {report.summary.rows, report.summary.rowsLost}, "'modelhost list' prints");
     auto onNames = hintsOnNames(session.model(), report.review, report.result);
     std::move(onNames.begin(), onNames.end(), std::back_inserter(report.hints));
     if (!updates.notes().empty())
@@ -231,9 +245,10 @@ void checkRows(const ImportReport& report, const UpdateSource& updates) {
                               updatefile::counted(report.summary.lines, "line"), why));
 }
 
-ExitStatus statusOf(const ImportOptions& options, const ImportSummary& summary) {
+ExitStatus statusOf(const ImportOptions& options, const ImportSummary& summary, const UpdateSource& updates) {
+    const std::uint64_t ofOthers = options.common.share == nullptr ? 0 : updates.findings().unknownElement.count;
     const bool strictly =
-        options.strict && (summary.notAsAsked > 0 || summary.conflicts > 0 || summary.linesWithoutRow > 0);
+        options.strict && (summary.notAsAsked > 0 || summary.conflicts > 0 || summary.linesWithoutRow > ofOthers);
     return summary.errors > 0 || strictly ? ExitStatus::RowsFailed : ExitStatus::Done;
 }
 
@@ -248,6 +263,11 @@ void save(ModelSession& session, const ImportOptions& options, ImportReport& rep
         say(fmt::format("{}: the name does not end in .ifc, so other programs may not take it for a model; rename it",
                         target->string()));
     }
+}
+
+void tell(Share& share, const ImportReport& report, const UpdateSource& updates) {
+    share.facts = {{"summary", asJson(report.summary)}, {"unknown", updates.linesOfUnknownElements()}};
+    if (report.saved) share.facts["saved"] = *report.saved;
 }
 
 void printReport(const ImportReport& report, Format format) {
@@ -271,13 +291,14 @@ ExitStatus runImport(const ImportOptions& options) {
     session.loadAddOn();
     Import import(session, options, updates);
     import.run();
-    ImportReport report = reportOf(session, import, updates, options.apply);
-    checkRows(report, updates);
+    ImportReport report = reportOf(session, import, updates, options);
+    if (options.common.share == nullptr) checkRows(report, updates);
     save(session, options, report);
     report.report = session.reportTexts();
     printReport(report, options.common.format);
     if (options.common.report) writeReportFile(pageOf(report, session.model()), *options.common.report);
-    return statusOf(options, report.summary);
+    if (options.common.share != nullptr) tell(*options.common.share, report, updates);
+    return statusOf(options, report.summary, updates);
 }
 
 }  // namespace console

@@ -73,16 +73,12 @@ std::size_t placeOf(std::string_view column) {
 
 void printAsTable(const std::vector<ItemRecord>& records) {
     Table table(Header);
-    for (std::size_t column = 0; column < Header.size(); ++column) table.yield(column, yieldOf(Header[column]));
+    arrangeItems(table, 0);
     for (const ItemRecord& record : records) {
         Table::Row row;
         for (std::string& text : cells(record)) row.push_back({std::move(text)});
         table.add(std::move(row));
     }
-    constexpr int Readable = 20;
-    // The set stands in the item once more.
-    table.mayLeaveOut({placeOf("set"), placeOf("changeable"), placeOf("valueType"), placeOf("distinct")}, Readable);
-    table.blankRepeats({placeOf("kind"), placeOf("set")});
     print(leftOutNote(table.layOut(Terminal::standardOutput(), print)));
 }
 
@@ -124,6 +120,36 @@ std::vector<ItemRecord> recordsOf(const model::Model& model, const ItemsOptions&
 }
 
 }  // namespace
+
+std::vector<std::string> itemsHeader() {
+    return Header;
+}
+
+std::vector<std::vector<std::string>> itemsRows(const JsonValue& document) {
+    std::vector<std::vector<std::string>> rows;
+    for (const JsonValue& item : document.value("items", JsonValue::array())) {
+        const auto number = [&item](const char* name) { return std::to_string(item[name].get<std::uint64_t>()); };
+        rows.push_back({item["kind"], item["item"], item["set"], item["valueType"], number("elements"), number("empty"),
+                        number("distinct"),
+                        fmt::format("{}", fmt::join(item["examples"].get<std::vector<std::string>>(), "; ")),
+                        item["standard"], item["changeable"].get<bool>() ? "yes" : "no"});
+    }
+    return rows;
+}
+
+void arrangeItems(Table& table, std::size_t first) {
+    constexpr int Readable = 20;
+    const auto place = [first](std::string_view column) { return first + placeOf(column); };
+    for (const std::string& column : Header) table.yield(place(column), yieldOf(column));
+    // The set stands in the item once more.
+    table.mayLeaveOut({place("set"), place("changeable"), place("valueType"), place("distinct")}, Readable);
+    std::vector<std::size_t> blank;
+    // What stands before is what the items are of.
+    for (std::size_t column = 0; column < first; ++column) blank.push_back(column);
+    blank.push_back(place("kind"));
+    blank.push_back(place("set"));
+    table.blankRepeats(std::move(blank));
+}
 
 ExitStatus runItems(const ItemsOptions& options) {
     ModelSession session(options.common, options.model, Access::Reading);

@@ -60,6 +60,17 @@ void printAsJson(ModelSession& session, const std::vector<model::Element>& eleme
 
 }  // namespace
 
+std::vector<std::string> listHeader() {
+    return Header;
+}
+
+std::vector<std::vector<std::string>> listRows(const JsonValue& document) {
+    std::vector<std::vector<std::string>> rows;
+    for (const JsonValue& element : document.value("elements", JsonValue::array()))
+        rows.push_back({element["guid"], element["globalId"], element["class"], element["type"], element["name"]});
+    return rows;
+}
+
 ExitStatus runList(const ListOptions& options) {
     ModelSession session(options.common, options.model, Access::Reading);
     const ElementFilter filter(session.model(), options.type, options.ifcClass, options.where);

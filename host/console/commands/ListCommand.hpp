@@ -3,9 +3,11 @@
 
 #include "console/Failure.hpp"
 #include "console/Options.hpp"
+#include "console/output/Json.hpp"
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 namespace console {
 
@@ -16,6 +18,10 @@ struct ListOptions {
     std::string ifcClass;  ///< "IfcWall"; empty: any.
     std::string where;     ///< A selection; empty: any.
 };
+
+/// The columns of its table, and the rows of its JSON document.
+std::vector<std::string> listHeader();
+std::vector<std::vector<std::string>> listRows(const JsonValue& document);
 
 ExitStatus runList(const ListOptions& options);
 

@@ -98,15 +98,6 @@ JsonValue modelOf(const ImportReport& report) {
     return json;
 }
 
-JsonValue summaryOf(const ImportSummary& summary) {
-    return {{"lines", summary.lines},         {"rows", summary.rows},
-            {"tickable", summary.tickable},   {"ticked", summary.ticked},
-            {"done", summary.done},           {"errors", summary.errors},
-            {"rowsLost", summary.rowsLost},   {"notAsAsked", summary.notAsAsked},
-            {"conflicts", summary.conflicts}, {"linesWithoutRow", summary.linesWithoutRow},
-            {"exact", summary.exact}};
-}
-
 template <class Value>
 JsonValue orNull(const std::optional<Value>& value) {
     return value ? JsonValue(*value) : JsonValue();
@@ -168,6 +159,15 @@ std::string differences(const ImportReport& report) {
 
 }  // namespace
 
+JsonValue asJson(const ImportSummary& summary) {
+    return {{"lines", summary.lines},         {"rows", summary.rows},
+            {"tickable", summary.tickable},   {"ticked", summary.ticked},
+            {"done", summary.done},           {"errors", summary.errors},
+            {"rowsLost", summary.rowsLost},   {"notAsAsked", summary.notAsAsked},
+            {"conflicts", summary.conflicts}, {"linesWithoutRow", summary.linesWithoutRow},
+            {"exact", summary.exact}};
+}
+
 ImportSummary summarize(std::uint64_t lines, const std::vector<ListRow>& review,
                         const std::optional<std::vector<ListRow>>& result, std::uint64_t rowsLost) {
     ImportSummary summary;
@@ -206,7 +206,7 @@ void printAsJson(const ImportReport& report) {
     if (report.table) document.member("table", tableOf(*report.table));
     printRows(document, "review", report.review, report.facts);
     if (report.result) printRows(document, "result", *report.result, report.facts);
-    document.member("summary", summaryOf(report.summary));
+    document.member("summary", asJson(report.summary));
     document.member("hints", report.hints);
     document.member("report", report.report);
     if (report.saved) document.member("saved", *report.saved);

@@ -44,6 +44,8 @@ struct ImportReport {
     const std::vector<importing::ListRow>& rows() const { return result ? *result : review; }
 };
 
+JsonValue asJson(const ImportSummary& summary);
+
 ImportSummary summarize(std::uint64_t lines, const std::vector<importing::ListRow>& review,
                         const std::optional<std::vector<importing::ListRow>>& result, std::uint64_t rowsLost);
 

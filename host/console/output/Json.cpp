@@ -111,6 +111,12 @@ void JsonDocument::finish() {
     print(pending_);
 }
 
+std::string compact(const JsonValue& value) {
+    std::string text;
+    append(text, value, OneLine);
+    return text;
+}
+
 void printDocument(const JsonValue& document) {
     JsonDocument printed;
     for (auto it = document.begin(); it != document.end(); ++it) printed.member(it.key(), it.value());

@@ -42,6 +42,8 @@ private:
     std::string pending_;
 };
 
+/// In one line.
+std::string compact(const JsonValue& value);
 void printDocument(const JsonValue& document);
 /// One line, out at once: its reader may be waiting for it.
 void printLine(const JsonValue& object);

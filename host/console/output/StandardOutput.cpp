@@ -86,6 +86,12 @@ void startPaging(bool wide) {
     if (const auto command = Pager::command()) pager.emplace(*command, terminal.height, wide);
 }
 
+void keepResults(bool colour) {
+    // The pager is that process's.
+    pager.reset();
+    chosen.colour = colour ? Colour::Always : Colour::Never;
+}
+
 void print(std::string_view text) {
     if (pager) {
         pager->print(text);

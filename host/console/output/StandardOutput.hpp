@@ -39,6 +39,9 @@ void printModel(std::string_view bytes);
 /// @param wide  lines may be wider than the terminal.
 void startPaging(bool wide);
 
+/// From here on, results are kept for another process, which prints them in colour or not.
+void keepResults(bool colour);
+
 /// Waits until the user has left the pager. Called before a message, which the pager would hide.
 void endPaging() noexcept;
 
