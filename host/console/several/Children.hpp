@@ -29,8 +29,8 @@ struct ChildPlan {
     std::function<void(std::size_t place, ChildResult result)> take;
 };
 
-/// An interrupt goes on to the children, which leave no half-written file; then it ends this process, too. Must be called
-/// while this process has one thread and no model. Throws Failure where no process can be made.
+/// An interrupt goes on to the children, which leave no half-written file; then it ends this process, too. Must be
+/// called while this process has one thread and no model. Throws Failure where no process can be made.
 void runChildren(const ChildPlan& plan);
 
 }  // namespace console

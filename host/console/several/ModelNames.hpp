@@ -12,8 +12,8 @@ struct ModelNames {
     bool several = false;                       ///< More than one, a folder or a wildcard was named.
 };
 
-/// A folder means the .ifc and .ifczip files in it, not in folders below; a name with * ? [ that no file has is a wildcard.
-/// Throws Failure where a folder or a wildcard gives no model, and for standard input among others.
+/// A folder means the .ifc and .ifczip files in it, not in folders below; a name with * ? [ that no file has is a
+/// wildcard. Throws Failure where a folder or a wildcard gives no model, and for standard input among others.
 ModelNames findModels(const std::vector<std::string>& names);
 
 }  // namespace console
