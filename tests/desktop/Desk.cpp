@@ -18,12 +18,17 @@ namespace {
 
 constexpr int PatienceMs = 15000;
 
+bool isShown(const QWidget& widget) {
+    const QWindow* window = widget.window()->windowHandle();
+    return widget.isVisible() && window && window->isExposed();
+}
+
+/// A window, or a dialog that is a part of one.
 QWidget* findWindow(const QString& name) {
     for (QWidget* widget : QApplication::topLevelWidgets()) {
-        if (widget->objectName() == name && widget->isVisible() && widget->windowHandle() &&
-            widget->windowHandle()->isExposed()) {
-            return widget;
-        }
+        if (widget->objectName() == name && isShown(*widget)) return widget;
+        auto* part = widget->findChild<QDialog*>(name);
+        if (part && isShown(*part)) return part;
     }
     return nullptr;
 }
@@ -32,6 +37,8 @@ QWidget* findWindow(const QString& name) {
 void closeAllDialogs() {
     for (QWidget* widget : QApplication::topLevelWidgets()) {
         if (auto* dialog = qobject_cast<QDialog*>(widget); dialog && dialog->isVisible()) dialog->reject();
+        for (auto* part : widget->findChildren<desktop::AddOnDialog*>())
+            if (part->isVisible()) part->reject();
     }
 }
 

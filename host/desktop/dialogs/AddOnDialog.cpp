@@ -74,15 +74,49 @@ RowListView* AddOnDialog::list(Int16 number) const {
 
 void AddOnDialog::run() {
     const WaitCursor::Pause usable;
-    chooseFocus();
+    if (!embedded_) chooseFocus();
     show();
+    // A part of a window that is up already cannot take the focus before it shows.
+    if (embedded_) chooseFocus();
     ready_ = true;
+    followSize();
     Q_EMIT contentChanged();
     if (!dialog_.ended()) loop_.exec();
-    QSettings settings;
-    settings.setValue(settingsKey("size"), QSize(dialog_.width(), dialog_.height()));
-    settings.setValue(settingsKey("place"), pos());
+    for (const auto& [number, widget] : widgets_)
+        if (const auto* view = qobject_cast<RowListView*>(widget)) view->keepColumns();
+    if (!embedded_) {
+        QSettings settings;
+        settings.setValue(settingsKey("size"), QSize(dialog_.width(), dialog_.height()));
+        settings.setValue(settingsKey("place"), pos());
+    }
     hide();
+}
+
+void AddOnDialog::embed() {
+    embedded_ = true;
+    setWindowFlags(Qt::Widget);
+    setSizeGripEnabled(false);
+    // A dialog that shows places itself in the middle of its parent otherwise.
+    setAttribute(Qt::WA_Moved);
+    setSize();
+    placeItems();
+}
+
+void AddOnDialog::setButtonNote(Int16 number, const QString& added, const QString& obstacle) {
+    buttonNotes_[number] = {added, obstacle};
+    showButton(number);
+}
+
+void AddOnDialog::showButton(Int16 number) {
+    auto* button = qobject_cast<QPushButton*>(itemWidget(number));
+    if (!button) return;
+    const ButtonNote note = buttonNotes_.contains(number) ? buttonNotes_.at(number) : ButtonNote{};
+    QString text = toQString(dialog_.item(number)->text);
+    if (!note.added.isEmpty()) text += u' ' + note.added;
+    button->setText(withoutShortcut(text));
+    button->setAccessibleName(text);
+    button->setEnabled(note.obstacle.isEmpty());
+    button->setToolTip(note.obstacle);
 }
 
 void AddOnDialog::noteChange() {
@@ -152,8 +186,9 @@ RowListView* AddOnDialog::makeList(const frontend::Item& item) {
     view->setAccessibleName(QStringLiteral("List of %1").arg(windowTitle()));
     connect(view, &RowListView::rowClicked, this,
             [this, number](Int16 row, Int16 x) { deliver([&] { dialog_.clickRow(number, row, x); }); });
-    connect(view->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-            [this, number](const QModelIndex& index) { Q_EMIT currentRowChanged(number, index.row()); });
+    connect(
+        view->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+        [this, number](const QModelIndex& index) { Q_EMIT currentRowChanged(number, list(number)->listRow(index)); });
     return view;
 }
 
@@ -211,7 +246,7 @@ void AddOnDialog::takeTexts() {
         QWidget* widget = widgets_[item.number];
         if (auto* edit = qobject_cast<QLineEdit*>(widget); edit && edit->text() != text) edit->setText(text);
         if (auto* label = qobject_cast<QLabel*>(widget)) label->setText(text);
-        if (auto* button = qobject_cast<QPushButton*>(widget)) button->setText(withoutShortcut(text));
+        showButton(item.number);
     }
 }
 
@@ -237,7 +272,10 @@ int AddOnDialog::noticeHeight() const {
 void AddOnDialog::setSize() {
     const int extra =
         (notice_->isHidden() ? 0 : notice_->heightForWidth(dialog_.minimumWidth())) + footerHeight() + hintBarHeight();
-    if (dialog_.growable()) {
+    if (embedded_) {
+        setMinimumSize(dialog_.minimumWidth(), dialog_.minimumHeight() + frameHeight());
+        followSize();
+    } else if (dialog_.growable()) {
         setMinimumSize(dialog_.minimumWidth(), dialog_.minimumHeight() + extra);
         const QSize size = wantedSize(extra);
         resize(size.width(), size.height() + extra);
@@ -311,6 +349,9 @@ void AddOnDialog::closeEvent(QCloseEvent* event) {
 
 void AddOnDialog::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        // Return is a click on item 1, so it waits for what that waits for.
+        const QWidget* button = itemWidget(DG_OK);
+        if (button && !button->isEnabled()) return;
         const WaitCursor busy;
         deliver([&] { dialog_.pressReturn(); });
         return;

@@ -17,7 +17,7 @@ class RowListView;
 /// carries the user's actions there, one at a time.
 ///
 /// While it runs, commands are closed to the user, but the model can still be looked at: in the plan, the table and
-/// the data of an element. So the window does not block the others.
+/// the data of an element. So the window does not block the others, and may be a part of one.
 class AddOnDialog : public QDialog {
     Q_OBJECT
 
@@ -36,6 +36,10 @@ public:
     QWidget* itemWidget(Int16 number) const;
     RowListView* list(Int16 number) const;
     QLabel* notice() const { return notice_; }
+    /// Makes it a part of another window in place of one of its own; to be said before it runs.
+    void embed();
+    /// What the host adds to a button: a text behind the add-on's, and why it cannot be clicked now; empty where it can.
+    void setButtonNote(Int16 number, const QString& added, const QString& obstacle);
     /// Puts the host's part of a dialog below the add-on's items; to be said before it runs.
     void setFooter(QWidget* footer);
     /// Shows what the user should know of the file that the dialog is about, in place of what was shown.
@@ -66,6 +70,7 @@ private:
     void takeChanges();
     void placeItems();
     void takeTexts();
+    void showButton(Int16 number);
     void showRowsLost();
     int noticeHeight() const;
     int hintBarHeight() const;
@@ -85,6 +90,11 @@ private:
     QWidget* footer_ = nullptr;
     std::map<Int16, QWidget*> widgets_;
     QEventLoop loop_;
+    struct ButtonNote {
+        QString added, obstacle;
+    };
+    std::map<Int16, ButtonNote> buttonNotes_;
+    bool embedded_ = false;
     bool changePending_ = false;
     bool ready_ = false;  ///< Sizes set before the window shows are no wish of the user's.
 };

@@ -52,7 +52,7 @@ void DesktopView::runModal(frontend::Dialog& dialog) {
     AddOnDialog shown(dialog, window_);
     open_[&dialog] = &shown;
     Q_EMIT dialogOpened(&shown);
-    place(shown);
+    if (shown.isWindow()) place(shown);
     shown.run();
     open_.erase(&dialog);
     Q_EMIT dialogClosed();

@@ -44,7 +44,8 @@ void RowFilterModel::sort(int column, Qt::SortOrder order) {
     keys_.clear();
     const int count = column < 0 ? 0 : rows_->rowCount();
     keys_.reserve(static_cast<std::size_t>(count));
-    for (int row = 0; row < count; ++row) keys_.push_back(collator_.sortKey(rows_->wholeText(row, column)));
+    for (int row = 0; row < count; ++row)
+        keys_.push_back(collator_.sortKey(rows_->wholeText(row, column).toCaseFolded()));
     QSortFilterProxyModel::sort(column, order);
 }
 

@@ -1,6 +1,8 @@
 #include "desktop/dialogs/RowListModel.hpp"
 
 #include "desktop/QtText.hpp"
+#include "desktop/dialogs/RowLook.hpp"
+#include "updatefile/ReviewList.hpp"
 
 #include <utility>
 
@@ -27,11 +29,14 @@ RowListModel::RowListModel(const frontend::List& list, QObject* parent)
     : QAbstractTableModel(parent),
       list_(list),
       shownRows_(list.rowCount()),
-      shownColumns_(static_cast<int>(list.tabFields().size())) {}
+      shownColumns_(static_cast<int>(list.tabFields().size())) {
+    findTickColumn();
+}
 
 void RowListModel::refresh() {
     const int nowRows = list_.rowCount();
     const int nowColumns = static_cast<int>(list_.tabFields().size());
+    findTickColumn();
     // The dialog manager says that something changed, not what. Add-ons append rows, or empty the list to fill it anew.
     if (nowColumns != shownColumns_ || nowRows < shownRows_) {
         beginResetModel();
@@ -65,7 +70,45 @@ QVariant RowListModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || index.row() >= shownRows_) return {};
     if (role == Qt::DisplayRole) return shownText(wholeText(index.row(), index.column()));
     if (role == Qt::ForegroundRole) return foreground(index.row());
+    if (index.column() == tickColumn_ && role == Qt::CheckStateRole)
+        return cellText(index.row(), tickColumn_) == toQString(updatefile::reviewlist::Ticked) ? Qt::Checked
+                                                                                               : Qt::Unchecked;
+    if (index.column() == tickColumn_ && role == Qt::AccessibleTextRole)
+        return data(index, Qt::CheckStateRole) == Qt::Checked ? QStringLiteral("ticked") : QStringLiteral("not ticked");
+    if (index.column() + 1 == shownColumns_ && role == Qt::DecorationRole) {
+        const auto found = signs_.find(note(index.row()).state);
+        if (found != signs_.end() && !found->second.isNull()) return found->second;
+    }
     return {};
+}
+
+void RowListModel::setPalette(const QPalette& palette) {
+    palette_ = palette;
+    signs_.clear();
+    for (const RowState state :
+         {RowState::Done, RowState::Otherwise, RowState::Conflict, RowState::Error, RowState::Unchanged})
+        signs_[state] = sign(state, palette_);
+}
+
+bool RowListModel::isEnabled(int row) const {
+    return list_.status(counted1(row)) == DG_IS_ENABLE;
+}
+
+/// Looked for in the first row, then in all: a text of the model may be "[X]", too.
+void RowListModel::findTickColumn() {
+    tickColumn_ = -1;
+    const int rows = list_.rowCount();
+    const auto isTick = [this](int row, int column) {
+        const GS::UniString text = list_.cell(counted1(row), counted1(column));
+        return text.View() == u"[X]" || text.View() == u"[  ]";
+    };
+    const auto isTickInAll = [&](int column) {
+        for (int row = 0; row < rows; ++row)
+            if (!isTick(row, column)) return false;
+        return rows > 0;
+    };
+    for (int column = 0; column < static_cast<int>(list_.tabFields().size()) && tickColumn_ < 0; ++column)
+        if (isTickInAll(column)) tickColumn_ = column;
 }
 
 /// The last column has the add-on's remark, and behind it the host's.
@@ -88,10 +131,11 @@ const RowNote& RowListModel::note(int row) const {
 }
 
 QVariant RowListModel::foreground(int row) const {
+    if (const QColor color = textColor(note(row).state, palette_); color.isValid()) return color;
     if (const auto color = list_.color(counted1(row))) {
-        return QColor::fromRgba64(color->red, color->green, color->blue);
+        return readableOn(palette_.color(QPalette::Base), QColor::fromRgba64(color->red, color->green, color->blue));
     }
-    if (list_.status(counted1(row)) != DG_IS_ENABLE) return disabled_;
+    if (!isEnabled(row)) return textColor(RowState::Unchanged, palette_);
     return {};
 }
 

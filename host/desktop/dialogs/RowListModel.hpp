@@ -4,7 +4,9 @@
 #include "frameworks/FrontEnd.hpp"
 
 #include <QAbstractTableModel>
-#include <QColor>
+#include <QIcon>
+#include <QPalette>
+#include <map>
 #include <vector>
 
 namespace desktop {
@@ -19,8 +21,8 @@ public:
 
     /// The list's content has changed. Rows that stay keep their place and their selection.
     void refresh();
-    /// Used for rows that are not enabled and bear no colour of their own.
-    void setDisabledColor(const QColor& color) { disabled_ = color; }
+    /// The colours that texts and signs are drawn on and with.
+    void setPalette(const QPalette& palette);
 
     /// What the host adds to the rows, one each.
     void setNotes(std::vector<RowNote> notes);
@@ -38,12 +40,20 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
+    /// The column whose texts are ticks, shown as check boxes; -1 where there is none.
+    int tickColumn() const { return tickColumn_; }
+    /// Whether the add-on has enabled the row.
+    bool isEnabled(int row) const;
+
 private:
     QVariant foreground(int row) const;
+    void findTickColumn();
 
     const frontend::List& list_;
     int shownRows_ = 0, shownColumns_ = 0;
-    QColor disabled_;
+    int tickColumn_ = -1;
+    QPalette palette_;
+    std::map<RowState, QIcon> signs_;
     std::vector<RowNote> notes_;
 };
 

@@ -10,6 +10,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QSettings>
+#include <QStyledItemDelegate>
 #include <QToolTip>
 #include <algorithm>
 
@@ -20,14 +22,25 @@ namespace {
 /// Letters typed within this time belong to one search.
 constexpr qint64 SearchPauseMs = 1200;
 
-/// Grey, but still to be read: what a style gives disabled controls is hardly that, and these rows have reasons in
-/// them.
-QColor greyText(const QPalette& palette) {
-    const QColor text = palette.color(QPalette::Active, QPalette::Text);
-    const QColor base = palette.color(QPalette::Active, QPalette::Base);
-    const auto middle = [](int a, int b) { return (a * 11 + b * 9) / 20; };
-    return {middle(text.red(), base.red()), middle(text.green(), base.green()), middle(text.blue(), base.blue())};
-}
+constexpr int WidestColumn = 320;
+constexpr int RoomBesideText = 18;
+
+/// A tick column's texts are drawn as check boxes.
+class RowDelegate : public QStyledItemDelegate {
+public:
+    explicit RowDelegate(const RowListView* view) : QStyledItemDelegate(), view_(view) {}
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (index.column() != view_->rows().tickColumn()) return;
+        option->text.clear();
+        if (!view_->rows().isEnabled(view_->listRow(index))) option->state &= ~QStyle::State_Enabled;
+    }
+
+private:
+    const RowListView* view_;
+};
 
 Int16 shortened(int value) {
     return static_cast<Int16>(std::clamp(value, -32768, 32767));
@@ -36,7 +49,10 @@ Int16 shortened(int value) {
 }  // namespace
 
 RowListView::RowListView(const frontend::List& list, QWidget* parent)
-    : QTableView(parent), rows_(new RowListModel(list, this)) {
+    : QTableView(parent),
+      rows_(new RowListModel(list, this)),
+      shown_(new RowFilterModel(rows_)),
+      delegate_(std::make_unique<RowDelegate>(this)) {
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -56,7 +72,8 @@ RowListView::RowListView(const frontend::List& list, QWidget* parent)
     horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setSectionsClickable(false);
     horizontalHeader()->setHighlightSections(false);
-    setModel(rows_);
+    setModel(shown_);
+    setItemDelegate(delegate_.get());
     takePalette();
     placeColumns();
 }
@@ -66,15 +83,62 @@ void RowListView::refresh() {
     placeColumns();
 }
 
+RowListView::~RowListView() {
+    // The delegate goes before the view that it draws for.
+    setItemDelegate(nullptr);
+}
+
 void RowListView::showRow(int row) {
     if (row < 0 || row >= rows_->rowCount()) return;
-    setCurrentIndex(rows_->index(row, std::max(currentIndex().column(), 0)));
-    scrollTo(currentIndex());
+    const QModelIndex index = shown_->mapFromSource(rows_->index(row, std::max(currentIndex().column(), 0)));
+    if (!index.isValid()) return;
+    setCurrentIndex(index);
+    scrollTo(index);
+}
+
+int RowListView::listRow(const QModelIndex& index) const {
+    return index.isValid() ? shown_->mapToSource(index).row() : -1;
+}
+
+void RowListView::useColumnsOfTheUser(const QString& settingsKey) {
+    columnsKey_ = settingsKey;
+    QHeaderView* header = horizontalHeader();
+    header->setSectionResizeMode(QHeaderView::Interactive);
+    header->setMinimumSectionSize(fontMetrics().averageCharWidth() * 4);
+    header->setStretchLastSection(true);
+    header->setSectionsClickable(true);
+    header->setSortIndicatorShown(true);
+    header->setSortIndicatorClearable(true);
+    // In the list's own order until the user asks for another.
+    header->setSortIndicator(-1, Qt::AscendingOrder);
+    setSortingEnabled(true);
+    for (int i = 0; i + 1 < rows_->columnCount(); ++i) {
+        const int wanted = std::max(sizeHintForColumn(i), header->sectionSizeHint(i)) + RoomBesideText;
+        setColumnWidth(i, std::min(wanted, WidestColumn));
+    }
+    const QList<QVariant> kept = QSettings().value(columnsKey_).toList();
+    for (int i = 0; i < kept.size() && i + 1 < rows_->columnCount(); ++i)
+        if (kept[i].toInt() > 0) setColumnWidth(i, kept[i].toInt());
+    connect(header, &QHeaderView::sectionResized, this, [this] { widthsChosen_ = true; });
+}
+
+void RowListView::keepColumns() const {
+    if (columnsKey_.isEmpty() || !widthsChosen_) return;
+    QList<QVariant> widths;
+    for (int i = 0; i + 1 < rows_->columnCount(); ++i) widths += columnWidth(i);
+    QSettings().setValue(columnsKey_, widths);
+}
+
+void RowListView::choose(RowChoice choice, const QString& text) {
+    const int row = listRow(currentIndex());
+    shown_->choose(choice, text);
+    showRow(row);
 }
 
 /// A column reaches from its field's begin to the next field's, so that what is seen is where a click is counted.
 /// Nothing lies behind the last one: it has the room up to the scroll bar, be that less or more than its field.
 void RowListView::placeColumns() {
+    if (!columnsKey_.isEmpty()) return;
     const auto& fields = rows_->list().tabFields();
     QHeaderView* header = horizontalHeader();
     header->setVisible(rows_->list().headerVisible());
@@ -95,7 +159,7 @@ void RowListView::resizeEvent(QResizeEvent* event) {
 }
 
 void RowListView::takePalette() {
-    rows_->setDisabledColor(greyText(palette()));
+    rows_->setPalette(palette());
 }
 
 void RowListView::changeEvent(QEvent* event) {
@@ -119,8 +183,22 @@ void RowListView::mouseReleaseEvent(QMouseEvent* event) {
                        (at - pressedAt_).manhattanLength() < QApplication::startDragDistance();
     pressed_ = false;
     if (!click) return;
-    const int row = rowAt(at.y());
-    Q_EMIT rowClicked(shortened(row + 1), shortened(pressedAt_.x() + horizontalScrollBar()->value()));
+    const int row = listRow(indexAt({0, at.y()}));
+    Q_EMIT rowClicked(shortened(row + 1), shortened(placeInList(pressedAt_.x())));
+}
+
+/// Where the add-on's list has what is shown at a place of the view: in the same column, as far into it. A click is
+/// counted there, whatever widths the user has given the columns.
+int RowListView::placeInList(int viewportX) const {
+    const int x = viewportX + horizontalScrollBar()->value();
+    const int column = columnAt(viewportX);
+    const auto& fields = rows_->list().tabFields();
+    if (columnsKey_.isEmpty() || column < 0 || static_cast<std::size_t>(column) >= fields.size()) return x;
+    const auto place = static_cast<std::size_t>(column);
+    const int begin = column == 0 ? 0 : fields[place].begin;
+    const int end = place + 1 < fields.size() ? fields[place + 1].begin : std::max<int>(fields[place].end, begin + 1);
+    const int into = viewportX - columnViewportPosition(column);
+    return std::min(begin + into * (end - begin) / std::max(columnWidth(column), 1), end - 1);
 }
 
 void RowListView::keyPressEvent(QKeyEvent* event) {
@@ -141,8 +219,8 @@ void RowListView::clickCurrentRows() {
     if (fields.empty() || !currentIndex().isValid()) return;
     const int x = (fields.front().begin + fields.front().end) / 2;
     std::vector<int> clickedRows;
-    for (const QModelIndex& index : selectionModel()->selectedRows()) clickedRows.push_back(index.row());
-    const int current = currentIndex().row();
+    for (const QModelIndex& index : selectionModel()->selectedRows()) clickedRows.push_back(listRow(index));
+    const int current = listRow(currentIndex());
     if (std::find(clickedRows.begin(), clickedRows.end(), current) == clickedRows.end()) clickedRows = {current};
     std::sort(clickedRows.begin(), clickedRows.end());
     for (const int row : clickedRows) Q_EMIT rowClicked(shortened(row + 1), shortened(x));
@@ -156,7 +234,7 @@ void RowListView::copyRows() {
               [](const QModelIndex& a, const QModelIndex& b) { return a.row() < b.row(); });
     QStringList lines;
     for (const QModelIndex& index : selected) {
-        lines += toQString(rows_->list().rowText(static_cast<Int16>(index.row() + 1)));
+        lines += toQString(rows_->list().rowText(static_cast<Int16>(listRow(index) + 1)));
     }
     QApplication::clipboard()->setText(lines.join(u'\n'));
 }
@@ -178,13 +256,14 @@ void RowListView::keyboardSearch(const QString& typed) {
     searched_ = again ? before : before + typed;
     sinceSearch_.start();
 
-    const int count = rows_->rowCount();
+    const int count = shown_->rowCount();
     const int current = std::max(currentIndex().row(), 0);
     const int first = before.isEmpty() || again ? current + 1 : current;
     for (int step = 0; step < count; ++step) {
         const int row = (first + step) % count;
-        if (!rowContains(row, searched_)) continue;
-        showRow(row);
+        const int found = listRow(shown_->index(row, 0));
+        if (!rowContains(found, searched_)) continue;
+        showRow(found);
         return;
     }
 }
@@ -214,7 +293,7 @@ bool RowListView::viewportEvent(QEvent* event) {
 bool RowListView::showFullText(const QPoint& viewportPosition, const QPoint& globalPosition) {
     const QModelIndex index = indexAt(viewportPosition);
     if (!index.isValid()) return false;
-    const QString text = rows_->wholeText(index.row(), index.column());
+    const QString text = rows_->wholeText(listRow(index), index.column());
     const QRect cell = visualRect(index);
     const int margin = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1);
     const QString shown = index.data().toString();

@@ -1,22 +1,40 @@
 #pragma once
 
-#include "desktop/dialogs/RowListModel.hpp"
+#include "desktop/dialogs/RowFilterModel.hpp"
 
 #include <QElapsedTimer>
 #include <QTableView>
+#include <memory>
+
+class QStyledItemDelegate;
 
 namespace desktop {
 
-/// An add-on's list: columns at the places of its tab fields, clicks reported as the host reports them.
+/// An add-on's list: columns at the places of its tab fields, clicks reported as the host reports them. The user may sort
+/// it, choose among its rows and size its columns; the add-on is told of a click as if nobody had.
 class RowListView : public QTableView {
     Q_OBJECT
 
 public:
     RowListView(const frontend::List& list, QWidget* parent);
+    ~RowListView() override;
 
     /// Takes rows, header and tab fields anew.
     void refresh();
+    /// Rows are the list's, from 0.
     void showRow(int row);
+    int currentRow() const { return listRow(currentIndex()); }
+    /// The row of the list that an index of the view shows; -1 where it shows none.
+    int listRow(const QModelIndex& index) const;
+    const RowListModel& rows() const { return *rows_; }
+    /// How many rows are chosen.
+    int shownRows() const { return shown_->rowCount(); }
+    void choose(RowChoice choice, const QString& text);
+
+    /// Columns as wide as their content, then as the user makes them, and sorted by a click on the header.
+    /// @param settingsKey  under which the widths are kept.
+    void useColumnsOfTheUser(const QString& settingsKey);
+    void keepColumns() const;
     /// What the host adds to the rows, one each.
     void setNotes(const std::vector<RowNote>& notes) { rows_->setNotes(notes); }
 
@@ -37,6 +55,7 @@ protected:
 
 private:
     void placeColumns();
+    int placeInList(int viewportX) const;
     void takePalette();
     void clickCurrentRows();
     void copyRows();
@@ -44,6 +63,10 @@ private:
     bool rowContains(int row, const QString& text) const;
 
     RowListModel* rows_;
+    RowFilterModel* shown_;
+    std::unique_ptr<QStyledItemDelegate> delegate_;
+    QString columnsKey_;  ///< Empty: the columns lie at the tab fields.
+    bool widthsChosen_ = false;
     QPoint pressedAt_;
     bool pressed_ = false;
     QString searched_;

@@ -122,6 +122,14 @@ void Review::showUpdates() {
     bar_ = new ReviewBar(&dialog_);
     dialog_.setFooter(bar_);
     connect(bar_, &ReviewBar::storeAsAskedWanted, this, &Review::storeAsAsked);
+    connect(bar_, &ReviewBar::saveWanted, this, &Review::saveWanted);
+    connect(bar_, &ReviewBar::undoWanted, this, &Review::undoWanted);
+    connect(bar_, &ReviewBar::reportWanted, this, &Review::reportWanted);
+    connect(bar_, &ReviewBar::chosen, this, [this](RowChoice choice, const QString& text) {
+        dialog_.list(listItem_)->choose(choice, text);
+        bar_->setShown(dialog_.list(listItem_)->shownRows());
+    });
+    dialog_.list(listItem_)->useColumnsOfTheUser(QStringLiteral("review/columns"));
     showHints();
 }
 
@@ -147,13 +155,18 @@ void Review::takeRows() {
         showNewest();
     } else if (!shownBefore_) {
         shownBefore_ = true;
-        selectRow(listItem_, dialog_.list(listItem_)->currentIndex().row());
+        selectRow(listItem_, dialog_.list(listItem_)->currentRow());
     }
 }
 
 void Review::showNotes() {
+    const ReviewTotals totals = notes_->totals();
     dialog_.list(listItem_)->setNotes(notes_->rows());
-    bar_->setTotals(notes_->totals(), notes_->storable());
+    bar_->setTotals(totals, notes_->storable());
+    bar_->setShown(dialog_.list(listItem_)->shownRows());
+    dialog_.setButtonNote(
+        DG_OK, totals.ticked > 0 ? number(totals.ticked) : QString(),
+        totals.ticked > 0 ? QString() : QStringLiteral("No row is ticked: tick those to write, or all of them"));
     showHints();
 }
 
@@ -182,7 +195,7 @@ void Review::showRowOf(model::Element element) {
     const std::vector<int> found = rows_->rowsOf(element);
     RowListView* view = dialog_.list(listItem_);
     if (found.empty() || !view) return;
-    const auto next = std::upper_bound(found.begin(), found.end(), view->currentIndex().row());
+    const auto next = std::upper_bound(found.begin(), found.end(), view->currentRow());
     view->showRow(next == found.end() ? found.front() : *next);
 }
 

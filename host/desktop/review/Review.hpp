@@ -74,6 +74,10 @@ public:
 
 Q_SIGNALS:
     void failed(const QString& what);
+    /// What the user wants next; the dialog is open until somebody closes it.
+    void saveWanted();
+    void undoWanted();
+    void reportWanted();
 
 private:
     void showUpdates();

@@ -1,16 +1,19 @@
 #pragma once
 
+#include "desktop/dialogs/RowFilterModel.hpp"
 #include "desktop/review/ReviewNotes.hpp"
 
 #include <QFrame>
 
+class QComboBox;
 class QLabel;
+class QLineEdit;
 class QPushButton;
 
 namespace desktop {
 
-/// The host's line below a review list: how many rows stand how, and what can be done about those that are not as
-/// asked.
+/// The host's line below a review list: which rows to show, how many stand how, what can be done about those that are
+/// not as asked, and what comes after Apply.
 class ReviewBar : public QFrame {
     Q_OBJECT
 
@@ -19,15 +22,33 @@ public:
 
     /// @param storable  rows that the host could store as asked.
     void setTotals(const ReviewTotals& totals, std::size_t storable);
+    /// How many of the rows are chosen.
+    void setShown(int rows);
+
     QString totals() const;
+    QComboBox* choice() const { return choice_; }
+    QLineEdit* filter() const { return filter_; }
     QPushButton* storeButton() const { return store_; }
+    QPushButton* saveButton() const { return save_; }
+    QPushButton* undoButton() const { return undo_; }
+    QPushButton* reportButton() const { return report_; }
 
 Q_SIGNALS:
+    void chosen(desktop::RowChoice choice, const QString& text);
     void storeAsAskedWanted();
+    void saveWanted();
+    void undoWanted();
+    void reportWanted();
 
 private:
-    QLabel* totals_;
-    QPushButton* store_;
+    void showTotals();
+
+    QComboBox* choice_;
+    QLineEdit* filter_;
+    QLabel* totalsLabel_;
+    QPushButton *store_, *report_, *undo_, *save_;
+    ReviewTotals totals_;
+    int shown_ = 0;
 };
 
 }  // namespace desktop

@@ -82,11 +82,21 @@ void ReviewNotes::read(const frontend::List& list, const std::vector<Mark>& mark
                          !std::equal(marks.begin(), marks.end(), marks_.begin(), marks_.end(),
                                      [](Mark a, Mark b) { return a == b || (!isSettled(a) && !isSettled(b)); });
     marks_ = marks;
+    countTicks(list);
     if (applied && facts_ && std::any_of(marks.begin(), marks.end(), isSettled)) {
         readBack(list);
         collectReasons(marks);
     }
     makeNotes(marks);
+}
+
+void ReviewNotes::countTicks(const frontend::List& list) {
+    ticked_ = tickable_ = 0;
+    for (int row = 1; row <= list.rowCount(); ++row) {
+        if (list.status(static_cast<Int16>(row)) != DG_IS_ENABLE) continue;
+        ++tickable_;
+        ticked_ += list.rowText(static_cast<Int16>(row)).View().starts_with(u"[X]");
+    }
 }
 
 void ReviewNotes::readBack(const frontend::List& list) {
@@ -137,9 +147,9 @@ RowNote ReviewNotes::noteOn(std::size_t row, Mark mark) const {
 ReviewTotals ReviewNotes::totals() const {
     ReviewTotals totals;
     totals.rows = static_cast<qsizetype>(marks_.size());
+    totals.tickable = tickable_;
+    totals.ticked = ticked_;
     for (const Mark mark : marks_) {
-        totals.ticked += mark == Mark::Ticked || mark == Mark::Error;
-        totals.tickable += mark == Mark::Ticked || mark == Mark::Open || mark == Mark::Error;
         totals.done += mark == Mark::Done;
         totals.errors += mark == Mark::Error;
     }

@@ -45,6 +45,7 @@ public:
     model::Result<std::size_t> storeAsAsked();
 
 private:
+    void countTicks(const frontend::List& list);
     void readBack(const frontend::List& list);
     void collectReasons(const std::vector<Mark>& marks);
     void makeNotes(const std::vector<Mark>& marks);
@@ -58,6 +59,7 @@ private:
     std::vector<Mark> marks_;
     std::vector<QString> reasons_;  ///< Of refused rows.
     std::vector<RowNote> notes_;
+    qsizetype ticked_ = 0, tickable_ = 0;
     std::size_t storable_ = 0;
     std::size_t reportSeen_ = 0;  ///< Lines of the report that are older than the last Apply.
 };

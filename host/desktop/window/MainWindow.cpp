@@ -30,11 +30,14 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
 #include <QSettings>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
 
 namespace desktop {
 
@@ -43,7 +46,7 @@ namespace {
 const QString GeometryKey = QStringLiteral("window/geometry");
 const QString StateKey = QStringLiteral("window/state");
 /// Raised when the docks change, so that an older arrangement is not laid over them.
-constexpr int StateVersion = 1;
+constexpr int StateVersion = 2;
 
 /// The first file of a drop; empty where there is none.
 QString droppedFile(const QMimeData* data) {
@@ -63,6 +66,7 @@ MainWindow::MainWindow()
       report_(new ReportPanel),
       debug_(new DebugPanel),
       middle_(new QStackedWidget),
+      reviewPlace_(new QScrollArea),
       summary_(new QLabel),
       readOnlyBar_(new ReadOnlyBar) {
     setObjectName(QStringLiteral("mainWindow"));
@@ -103,6 +107,17 @@ void MainWindow::makePanels() {
     debugDock_ = addDock(QStringLiteral("Debug Output"), QStringLiteral("debugDock"), debug_, Qt::BottomDockWidgetArea);
     tabifyDockWidget(reportDock_, debugDock_);
     debugDock_->hide();
+    // A review that is larger than its place, or than the screen, is scrolled.
+    reviewPlace_->setWidgetResizable(true);
+    reviewPlace_->setFrameShape(QFrame::NoFrame);
+    reviewPlace_->setFocusPolicy(Qt::NoFocus);
+    reviewDock_ =
+        addDock(QStringLiteral("Review"), QStringLiteral("reviewDock"), reviewPlace_, Qt::BottomDockWidgetArea);
+    // It comes and goes with the add-on's dialog, which has a button to close it.
+    reviewDock_->setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable);
+    reviewDock_->toggleViewAction()->setVisible(false);
+    tabifyDockWidget(reportDock_, reviewDock_);
+    reviewDock_->hide();
     const QSize size = MainWindow::sizeHint();
     resizeDocks({planDock_, elementDock_}, {size.height() * 55 / 100, size.height() * 45 / 100}, Qt::Vertical);
     resizeDocks({planDock_}, {size.width() * 2 / 5}, Qt::Horizontal);
@@ -175,6 +190,13 @@ void MainWindow::connectPanels() {
                                           : QStringLiteral("Report"));
     });
     connect(addOnMenu_, &AddOnMenu::commandEnded, this, [this](GSErrCode error) {
+        const auto next = std::exchange(afterCommand_, {});
+        // Not while the next list of the same file is reviewed, which begins before this.
+        if (next) {
+            QTimer::singleShot(0, this, [this, next] {
+                if (!imports_->current()) next();
+            });
+        }
         if (error == NoError) return;
         report_->append(QStringLiteral("The add-on's command ended with the error 0x%1")
                             .arg(static_cast<quint32>(error), 8, 16, QLatin1Char('0')),
@@ -186,7 +208,10 @@ void MainWindow::connectHost() {
     view_ = std::make_unique<DesktopView>(this, planDock_);
     imports_ = new Imports(this, *document_, *view_, *addOnMenu_, *report_);
     connect(view_.get(), &DesktopView::dialogOpened, this, &MainWindow::showDialog);
-    connect(view_.get(), &DesktopView::dialogClosed, this, [this] { review_.reset(); });
+    connect(view_.get(), &DesktopView::dialogClosed, this, [this] {
+        undockReview();
+        review_.reset();
+    });
     frontend::setDebugSink([this](const char* text) { debug_->append(text); });
     frontend::setBeepSink([] { QApplication::beep(); });
     host_.setReportSink([this](const host::ReportLine& line) { showReportLine(line); });
@@ -198,6 +223,7 @@ void MainWindow::restorePlaces() {
     resize(MainWindow::sizeHint());
     restoreGeometry(settings.value(GeometryKey).toByteArray());
     restoreState(settings.value(StateKey).toByteArray(), StateVersion);
+    reviewDock_->hide();
 }
 
 bool MainWindow::loadAddOn(const std::filesystem::path& bundle) {
@@ -265,10 +291,61 @@ void MainWindow::showDialog(AddOnDialog* dialog) {
     const PickedUpdates* updates = imports_->current();
     review_ = std::make_unique<Review>(Review::Parts{*document_, host_, *plan_, *elements_, *dialog, updates});
     connect(review_.get(), &Review::failed, this, [this](const QString& what) { report_->append(what, true); });
+    if (review_->bar()) {
+        connect(review_.get(), &Review::reportWanted, this, [this] {
+            reportDock_->show();
+            reportDock_->raise();
+        });
+        connect(review_.get(), &Review::saveWanted, this,
+                [this, dialog] { closeReviewFor(*dialog, [this] { fileMenu_->save(); }); });
+        connect(review_.get(), &Review::undoWanted, this,
+                [this, dialog] { closeReviewFor(*dialog, [this] { document_->undo(); }); });
+        dockReview(*dialog, updates ? updates->fileName() : QString());
+    }
     if (!updates || dialog->hintBar()->isHidden()) return;
     // There they stay when the dialog is gone.
     for (const QString& hint : dialog->hintBar()->hints())
         report_->append(QStringLiteral("%1: %2").arg(updates->fileName(), hint), false);
+}
+
+/// The review lies below everything, as wide as the window: its rows are wide, and the plan stays in sight.
+void MainWindow::dockReview(AddOnDialog& dialog, const QString& fileName) {
+    dialog.embed();
+    focusBefore_ = focusWidget();
+    reportHeight_ = reportDock_->height();
+    setCorner(Qt::BottomRightCorner, Qt::BottomDockWidgetArea);
+    const QString title =
+        fileName.isEmpty() ? dialog.windowTitle() : QStringLiteral("%1: %2").arg(dialog.windowTitle(), fileName);
+    reviewDock_->setWindowTitle(title);
+    reviewDock_->setAccessibleName(title);
+    reviewPlace_->setWidget(&dialog);
+    reviewDock_->show();
+    reviewDock_->raise();
+    // With room for the dock's title and its tabs.
+    const int usual =
+        std::clamp(dialog.minimumHeight() + 5 * fontMetrics().height(), height() * 9 / 20, height() * 12 / 20);
+    // Once the docks have found their places.
+    QTimer::singleShot(0, reviewDock_, [this, usual] { resizeDocks({reviewDock_}, {usual}, Qt::Vertical); });
+}
+
+void MainWindow::undockReview() {
+    if (!reviewPlace_->widget()) return;
+    reviewPlace_->takeWidget();
+    reviewDock_->hide();
+    // Else the next line edit would get it, and with it the keys of undo and redo.
+    if (focusBefore_) {
+        focusBefore_->setFocus();
+    } else if (focusWidget()) {
+        focusWidget()->clearFocus();
+    }
+    setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
+    if (reportHeight_ > 0) resizeDocks({reportDock_}, {reportHeight_}, Qt::Vertical);
+}
+
+/// The add-on's command is on the stack as long as its dialog is open; no other may begin before it has ended.
+void MainWindow::closeReviewFor(AddOnDialog& dialog, std::function<void()> next) {
+    afterCommand_ = std::move(next);
+    dialog.reject();
 }
 
 /// A dialog that stands before the plan makes room until the user has answered.
@@ -276,7 +353,7 @@ std::optional<host::PickedPoint> MainWindow::pickPoint(const QString& prompt) {
     const Busy::Guard guard(busy_);
     const WaitCursor::Pause usable;
     AddOnDialog* dialog = view_->current();
-    const bool hidden = dialog && dialog->isVisible();
+    const bool hidden = dialog && dialog->isWindow() && dialog->isVisible();
     if (hidden) dialog->hide();
     planDock_->show();
     planDock_->raise();

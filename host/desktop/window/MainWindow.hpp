@@ -5,9 +5,12 @@
 #include "services/Host.hpp"
 
 #include <QMainWindow>
+#include <QPointer>
+#include <functional>
 #include <memory>
 
 class QLabel;
+class QScrollArea;
 class QStackedWidget;
 
 namespace desktop {
@@ -70,6 +73,9 @@ private:
     void showTitle();
     void showReportLine(const host::ReportLine& line);
     void showDialog(AddOnDialog* dialog);
+    void dockReview(AddOnDialog& dialog, const QString& fileName);
+    void undockReview();
+    void closeReviewFor(AddOnDialog& dialog, std::function<void()> next);
     std::optional<host::PickedPoint> pickPoint(const QString& prompt);
 
     host::Host host_;
@@ -81,7 +87,8 @@ private:
     ReportPanel* report_;
     DebugPanel* debug_;
     QStackedWidget* middle_;
-    QDockWidget *planDock_, *elementDock_, *reportDock_, *debugDock_;
+    QDockWidget *planDock_, *elementDock_, *reportDock_, *debugDock_, *reviewDock_;
+    QScrollArea* reviewPlace_;
     QLabel* summary_;
     ReadOnlyBar* readOnlyBar_;
     FileMenu* fileMenu_ = nullptr;
@@ -90,6 +97,9 @@ private:
     Imports* imports_ = nullptr;
     std::unique_ptr<DesktopView> view_;
     std::unique_ptr<Review> review_;
+    std::function<void()> afterCommand_;  ///< What the user wants once the add-on's command has ended.
+    QPointer<QWidget> focusBefore_;       ///< The review had it.
+    int reportHeight_ = 0;                ///< While a review has the report's place.
 };
 
 }  // namespace desktop
