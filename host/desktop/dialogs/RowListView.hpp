@@ -10,8 +10,8 @@ class QStyledItemDelegate;
 
 namespace desktop {
 
-/// An add-on's list: columns at the places of its tab fields, clicks reported as the host reports them. The user may sort
-/// it, choose among its rows and size its columns; the add-on is told of a click as if nobody had.
+/// An add-on's list: columns at the places of its tab fields, clicks reported as the host reports them. The user may
+/// sort it, choose among its rows and size its columns; the add-on is told of a click as if nobody had.
 class RowListView : public QTableView {
     Q_OBJECT
 
