@@ -13,7 +13,10 @@ using Key = std::tuple<ChangeKind, std::u16string, std::u16string, unsigned>;
 
 /// What is clear before it is tried.
 std::string obstacleOf(const Value* old, const Value* now) {
-    if (now == nullptr) return "an update file takes no item away";
+    if (now == nullptr) {
+        const bool first = old->kind == ChangeKind::Classification && old->occurrence == 0;
+        return first ? "" : "an update file takes no item away but a classification";
+    }
     const Value& held = old == nullptr ? *now : *old;
     if (now->occurrence > 0)
         return "the element has several items of that name in one set, of which an update writes the first";

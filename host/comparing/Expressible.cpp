@@ -202,9 +202,9 @@ model::Status ElementTrial::compareWritten() {
         Change& change = attempt.change;
         if (!change.writable()) continue;
         const auto found = byItem.find({change.kind, change.set, change.item});
-        const std::string held = found == byItem.end() ? std::string() : found->second->text();
+        const auto held = found == byItem.end() ? std::nullopt : std::optional(found->second->text());
         if (held != change.now)
-            change.obstacle = "the import would store \"" + held + "\" there, by the type of the item";
+            change.obstacle = "the import would store \"" + held.value_or("") + "\" there, by the type of the item";
     }
     return {};
 }

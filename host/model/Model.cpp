@@ -332,6 +332,11 @@ Status Model::setClassification(Element element, const ClassificationReference& 
         element, [&](auto& notes) { return ifc::setClassification(content_->work, element, reference, notes); });
 }
 
+Status Model::removeClassification(Element element, std::u16string_view system) {
+    return content_->edit(
+        element, [&](auto& notes) { return ifc::removeClassification(content_->work, element, system, notes); });
+}
+
 std::vector<std::string> Model::takeNotes() {
     return std::exchange(content_->notes, {});
 }

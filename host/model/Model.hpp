@@ -126,6 +126,9 @@ public:
     Status setProperty(Element element, const Property& property);
     /// Found by system label; made where the element has none of its own. ErrorKind::BadName, BadValue as above.
     Status setClassification(Element element, const ClassificationReference& reference);
+    /// Takes the element's own classification of a label away; a reference that nobody uses any more goes with it.
+    /// Without one nothing is changed. ErrorKind::Refused where it is the type object's.
+    Status removeClassification(Element element, std::u16string_view system);
     /// Stores what a text says, which setProperty cannot always express: nothing at all (`$`), another type, an item of
     /// an enumerated property. ErrorKind::BadValue where the text is no value of the type, ErrorKind::Refused for
     /// lists, ranges and tables.

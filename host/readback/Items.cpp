@@ -225,6 +225,8 @@ model::Status storeClassification(Model& model, Element element, const Place& pl
         std::find_if(references.begin(), references.end(), [&](const auto& one) { return one.system == place.system; });
     if (reference == references.end())
         return model::Error{model::ErrorKind::BadName, "the element has no such classification"};
+    // An empty shell would say that the element is classified, and not as what.
+    if (asked.empty()) return model.removeClassification(element, place.system);
     const AskedClassification wanted = askedClassification(asked);
     reference->itemReference = text::fromUtf8(wanted.code);
     reference->name = text::fromUtf8(wanted.title);

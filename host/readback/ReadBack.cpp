@@ -93,6 +93,7 @@ void ReadBack::store(Row& row) {
 /// Whether the value is another, or a property was made with a type that is not the standard's.
 bool ReadBack::differs(const Row& row) const {
     if (row.outcome.asAsked == false) return true;
+    if (row.held.kind == Stored::Kind::Classification && row.asked.asked.empty()) return true;
     if (!row.place.isNew) return false;
     const std::string standard = model_.standardType(row.place.set, row.place.property);
     return !standard.empty() && row.held.type != standard;

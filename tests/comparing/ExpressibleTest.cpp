@@ -148,6 +148,18 @@ TEST(Expressible, IsOneOfTwoNewPropertiesOfOneName) {
             "property FireRating[B]: nothing -> y (another new property of that name would be written instead)"));
 }
 
+TEST(Expressible, IsThatAClassificationIsGone) {
+    const auto classified = [](IfcText& ifc, IfcText::Id id) {
+        ifc.classification(id, "UniFormat Classification", "B20", "Walls");
+    };
+    const auto a = opened(wall(classified));
+    const auto found = compared(wall(classified), wall(nothing));
+    ASSERT_EQ(found.changed.size(), 1U);
+    EXPECT_EQ(found.notWritable, 0U);
+    EXPECT_EQ(comparing::updateLine(*a, found.changed[0], found.changed[0].changes[0]),
+              guidText(1) + "\tUniFormat Classification\tB20{Walls}\t\n");
+}
+
 TEST(Expressible, LeavesNoTraceInTheModel) {
     const auto a = opened(wall(ratedF30)), b = opened(wall(nothing, "Other"));
     const std::string before = a->bytes();

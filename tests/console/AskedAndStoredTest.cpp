@@ -178,6 +178,19 @@ TEST_F(AskedAndStored, GivesANewStandardPropertyTheStandardsType) {
     EXPECT_THAT(bytes("out.ifc"), HasSubstr("'Combustible',$,IFCBOOLEAN(.F.),$"));
 }
 
+TEST_F(AskedAndStored, TakesAClassificationThatIsToBeEmptyAway) {
+    updates({{WallGuid, "UniFormat Classification", "", ""}});
+    const Json kept = json({"import", "house.ifc", "updates.txt", "--apply", "-o", "out.ifc"});
+    EXPECT_THAT(bytes("out.ifc"), HasSubstr("IFCRELASSOCIATESCLASSIFICATION"));
+    EXPECT_EQ(kept["result"][0]["asAsked"], true);
+    const Json taken = json({"import", "house.ifc", "updates.txt", "--apply", "--exact", "-o", "out.ifc"});
+    EXPECT_THAT(bytes("out.ifc"), Not(HasSubstr("IFCRELASSOCIATESCLASSIFICATION")));
+    EXPECT_THAT(bytes("out.ifc"), Not(HasSubstr("IFCCLASSIFICATIONREFERENCE")));
+    EXPECT_EQ(taken["result"][0]["exact"], true);
+    EXPECT_EQ(taken["result"][0]["stored"], "");
+    EXPECT_EQ(taken["result"][0]["asAsked"], true);
+}
+
 class OldValues : public ConsoleTest {};
 
 TEST_F(OldValues, ThatTheModelNoLongerHoldsAreConflicts) {

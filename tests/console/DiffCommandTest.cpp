@@ -137,8 +137,10 @@ TEST_F(Diff, NamesWhatAnUpdateFileCannotExpress) {
     change({{DoorGuid, "Note[Handover]", "", "new"}});
     const Outcome made = run({"diff", "other.ifc", "house.ifc", "--format", "updates"});
     EXPECT_EQ(made.out, "");
-    EXPECT_EQ(made.err,
-              "modelhost: 1 change of Note[Handover] left out: an update file takes no item away (" + DoorGuid + ")\n");
+    EXPECT_EQ(
+        made.err,
+        "modelhost: 1 change of Note[Handover] left out: an update file takes no item away but a classification (" +
+            DoorGuid + ")\n");
 }
 
 TEST_F(Diff, WritesAPageWhereAsked) {

@@ -89,6 +89,10 @@ private:
         model::ClassificationReference reference;
         reference.system = text::fromUtf8(pick(Systems));
         if (!held->empty() && below(2) == 0) reference = (*held)[below(held->size())];
+        if (below(4) == 0) {
+            (void)model_.removeClassification(element, reference.system);
+            return;
+        }
         reference.itemReference = text();
         if (below(2) == 0) reference.name = text();
         (void)model_.setClassification(element, reference);

@@ -112,7 +112,8 @@ TEST(Classifications, NotationsOfIfc2x3AreLeftAlone) {
 struct Sharing {
     std::string_view name;
     std::function<void(TinyModel&, Id wall, Id other)> build;
-    int added;
+    int added;    ///< Instances, where one element gets another classification,
+    int removed;  ///< and where it gets none.
 };
 
 const Sharing Forms[] = {
@@ -120,38 +121,38 @@ const Sharing Forms[] = {
      [](TinyModel& ifc, Id wall, Id) {
          ifc.classify({wall}, "Label", ifc.classificationReference("B2010", "Walls", ifc.classification("S")));
      },
-     0},
+     0, 2},
     {"the relation names another element",
      [](TinyModel& ifc, Id wall, Id other) {
          ifc.classify({wall, other}, "Label", ifc.classificationReference("B2010", "Walls", ifc.classification("S")));
      },
-     2},
+     2, 0},
     {"another relation names the reference",
      [](TinyModel& ifc, Id wall, Id other) {
          const Id reference = ifc.classificationReference("B2010", "Walls", ifc.classification("S"));
          ifc.classify({wall}, "Label", reference);
          ifc.classify({other}, "Label", reference);
      },
-     1},
+     1, 1},
     {"the element has it under another label, too",
      [](TinyModel& ifc, Id wall, Id) {
          const Id reference = ifc.classificationReference("B2010", "Walls", ifc.classification("S"));
          ifc.classify({wall}, "Label", reference);
          ifc.classify({wall}, "Other label", reference);
      },
-     1},
+     1, 1},
     {"the type object has it, too",
      [](TinyModel& ifc, Id wall, Id other) {
          const Id type = ifc.type({wall, other}, {});
          ifc.classify({type, wall}, "Label", ifc.classificationReference("B2010", "Walls", ifc.classification("S")));
      },
-     2},
+     2, 0},
     {"only the type object has it",
      [](TinyModel& ifc, Id wall, Id other) {
          const Id type = ifc.type({wall, other}, {});
          ifc.classify({type}, "Label", ifc.classificationReference("B2010", "Walls", ifc.classification("S")));
      },
-     2},
+     2, 0},
     {"it is the source of another reference",
      [](TinyModel& ifc, Id wall, Id other) {
          const Id reference = ifc.classificationReference("B2010", "Walls", ifc.classification("S"));
@@ -162,7 +163,7 @@ const Sharing Forms[] = {
              ifc.classify({other}, "Label", ifc.classificationReference("B2010.1", "Thin walls", reference));
          }
      },
-     1},
+     1, 1},
 };
 
 TEST(SetClassification, ChangesNothingForOthersWhateverTheyShare) {
@@ -188,6 +189,48 @@ TEST(SetClassification, ChangesNothingForOthersWhateverTheyShare) {
             EXPECT_EQ(model.snapshot(), before);
         }
     }
+}
+
+TEST(RemoveClassification, TakesNothingFromOthersWhateverTheyShare) {
+    for (const Sharing& form : Forms) {
+        for (const std::string_view schema : AllSchemas) {
+            SCOPED_TRACE(std::string(schema) + ", " + std::string(form.name));
+            TinyModel ifc{std::string(schema)};
+            const Id wall = ifc.element("IfcWall", "Wall"), other = ifc.element("IfcWall", "Other");
+            form.build(ifc, wall, other);
+            Opened model(ifc);
+            const auto before = model.snapshot();
+            const std::string otherLabel = model.classification(0, "Other label");
+            const bool ofTypeAlone = form.name == "only the type object has it";
+            model::Status removed;
+            ASSERT_TRUE(model->command("remove", [&] {
+                removed = model->removeClassification(0, u"Label");
+                return 0;
+            }));
+            EXPECT_EQ(static_cast<bool>(removed), !ofTypeAlone);
+            // What the element had itself hid what its type has.
+            const bool inherits = form.name.starts_with("the type") || ofTypeAlone;
+            EXPECT_EQ(model.classification(0, "Label"), inherits ? "B2010{Walls}" : "(none)");
+            EXPECT_EQ(model.classification(0, "Other label"), otherLabel);
+            EXPECT_EQ(model.data(1), before[1]);
+            const std::string bytes = model->bytes(), original = ifc.text();
+            EXPECT_EQ(std::count(original.begin(), original.end(), '=') - std::count(bytes.begin(), bytes.end(), '='),
+                      form.removed);
+            EXPECT_EQ(Opened(bytes).snapshot(), model.snapshot());
+            EXPECT_EQ(model->undo(), !ofTypeAlone);
+            EXPECT_EQ(model->bytes(), original);
+            EXPECT_EQ(model.snapshot(), before);
+        }
+    }
+}
+
+TEST(RemoveClassification, OfALabelThatTheElementHasNotChangesNothing) {
+    TinyModel ifc;
+    ifc.element("IfcWall", "Wall");
+    Opened model(ifc);
+    ASSERT_TRUE(model->command("remove", [&] { return model->removeClassification(0, u"Label") ? 0 : 1; }));
+    EXPECT_EQ(model->bytes(), ifc.text());
+    EXPECT_FALSE(model->undo());
 }
 
 TEST(SetClassification, AnEqualValueChangesNothing) {

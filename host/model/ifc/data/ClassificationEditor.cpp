@@ -42,6 +42,14 @@ public:
         return !inherited.empty() && isSettled(inherited.front().data) ? Status{} : create();
     }
 
+    Status remove() {
+        const auto own = findBy(edit_.slot());
+        if (!own.empty()) return removeFirst(own);
+        const Slot type = work_.typeObject(edit_.slot());
+        if (type == step::NoSlot || findBy(type).empty()) return {};
+        return Error{ErrorKind::Refused, "the element has it from its type, which gives it to others, too"};
+    }
+
 private:
     /// The object's classifications of the wanted label.
     std::vector<AssignedClassification> findBy(Slot object);
@@ -49,6 +57,7 @@ private:
         return sameEntry(held, wanted_) && sameSource(held, wanted_);
     }
 
+    Status removeFirst(const std::vector<AssignedClassification>& held);
     Status changeFirst(const std::vector<AssignedClassification>& held);
     Status change(const AssignedClassification& held);
     Status changeInPlace(Slot reference, const std::string& source);
@@ -85,6 +94,27 @@ Status ClassificationEditor::changeFirst(const std::vector<AssignedClassificatio
                          inQuotes(wanted_.system) + "; the first one was changed");
     }
     return changed;
+}
+
+Status ClassificationEditor::removeFirst(const std::vector<AssignedClassification>& held) {
+    const Slot relation = held.front().relation, reference = held.front().reference;
+    for (const Slot slot : {edit_.slot(), reference}) {
+        if (Status editable = edit_.check(slot); !editable) return editable;
+    }
+    if (Status editable = edit_.checkRelation(relation); !editable) return editable;
+    if (held.size() > 1) {
+        notes_.push_back("the element has " + std::to_string(held.size()) + " classifications " +
+                         inQuotes(wanted_.system) + "; the first one was removed");
+    }
+    if (!edit_.isAlone(relation)) return edit_.leave(relation);
+    if (!edit_.isUnused(relation)) {
+        return Error{ErrorKind::Refused,
+                     "relation " + edit_.reference(relation) + " is referred to, so it has to stay"};
+    }
+    if (Status erased = work_.file.erase(relation); !erased) return erased;
+    // The system stays: it is a statement of the whole model.
+    const bool needed = work_.classes.of(reference).role != Role::ClassificationReference || !edit_.isUnused(reference);
+    return needed ? Status{} : work_.file.erase(reference);
 }
 
 Status ClassificationEditor::change(const AssignedClassification& held) {
@@ -246,6 +276,13 @@ Result<std::string> ClassificationEditor::source() {
 Status setClassification(Workspace& work, Element element, const ClassificationReference& reference,
                          std::vector<std::string>& notes) {
     return ClassificationEditor(work, element, reference, notes).run();
+}
+
+Status removeClassification(Workspace& work, Element element, std::u16string_view system,
+                            std::vector<std::string>& notes) {
+    ClassificationReference reference;
+    reference.system = system;
+    return ClassificationEditor(work, element, reference, notes).remove();
 }
 
 }  // namespace model::ifc

@@ -25,6 +25,8 @@ public:
     bool isAlone(step::Slot relation) const;
     /// Whether nothing but `user` refers to the instance.
     bool isUsedOnlyBy(step::Slot instance, step::Slot user) const;
+    /// Whether nothing refers to the instance.
+    bool isUnused(step::Slot instance) const { return isUsedOnlyBy(instance, step::NoSlot); }
     /// Whether only relations of this element alone refer to the instance, on their one side.
     bool isOwn(step::Slot instance) const;
 
@@ -45,6 +47,8 @@ public:
     /// Takes the element out of a relation, which others stay in, and puts the copy, which is for the element alone,
     /// right behind it: what the element sees keeps its order, now and when the file is reopened.
     Status moveInto(InstanceBuilder& draft, step::Slot relation);
+    /// Takes the element out of a relation, which others stay in.
+    Status leave(step::Slot relation);
 
     std::string reference(step::Slot slot) const { return referenceText(work_.file.id(slot)); }
     /// The name of the attribute that a class has for a field.
@@ -53,7 +57,6 @@ public:
 private:
     bool isReadable(step::Slot slot) const;
     bool hasPlainList(step::Slot relation) const;
-    Status leave(step::Slot relation);
     void setRoot(InstanceBuilder& draft, const Entity& entity, const std::string& purpose);
     std::string_view argumentText(step::Slot slot, Field field) const;
 
