@@ -12,8 +12,8 @@ Status setClassification(Workspace& work, Element element, const ClassificationR
                          std::vector<std::string>& notes);
 
 /// Takes the element's classification of a label away, with a relation that is the element's alone and a reference that
-/// nobody uses any more; without one, nothing is changed. ErrorKind::Refused where it is the type object's, which others
-/// have too.
+/// nobody uses any more; without one, nothing is changed. ErrorKind::Refused where it is the type object's, which
+/// others have too.
 Status removeClassification(Workspace& work, Element element, std::u16string_view system,
                             std::vector<std::string>& notes);
 
