@@ -132,6 +132,7 @@ model::Result<std::string> UpdateSource::keepPart(const std::string& text) {
 }
 
 model::Status UpdateSource::readTable(const model::Model& model) {
+    findings_.ofTable = true;
     const std::string shown = path_.filename().string();
     tables::AskOptions options;
     options.clearEmpty = clearEmpty_;

@@ -62,7 +62,8 @@ void hintLayout(std::vector<std::string>& hints, const UpdateFileFindings& findi
 }  // namespace
 
 std::optional<std::string> uselessBecause(const UpdateFileFindings& findings) {
-    if (findings.lines == 0) return "it holds no lines; write one change a line: GUID, item, old and new value";
+    if (findings.lines == 0 && !findings.ofTable)
+        return "it holds no lines; write one change a line: GUID, item, old and new value";
     if (findings.binary) return std::string(NoTextFile);
     return std::nullopt;
 }

@@ -41,7 +41,8 @@ struct UpdateFileFindings {
     std::uint64_t lineWithoutEnd = 0;  ///< The last line, where it has no line end; otherwise 0.
     bool byteOrderMark = false;        ///< Of UTF-8.
     bool utf16 = false;
-    bool binary = false;  ///< Not a text file: a workbook, an archive, a program.
+    bool binary = false;   ///< Not a text file: a workbook, an archive, a program.
+    bool ofTable = false;  ///< Made of a table, whose cells may all be as the model has them.
 };
 
 /// A line as the add-on hands it to its review.

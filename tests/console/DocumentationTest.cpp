@@ -43,7 +43,7 @@ Page read(const std::string& file) {
 class Documentation : public ConsoleTest, public testing::WithParamInterface<const char*> {
 protected:
     Documentation() {
-        for (const char* sample : {"house.ifc", "updates.txt"})
+        for (const char* sample : {"house.ifc", "updates.txt", "doors.csv"})
             std::filesystem::copy_file(testing_support::projectFile("samples") / sample, folder_.path() / sample,
                                        std::filesystem::copy_options::overwrite_existing);
     }
@@ -69,7 +69,7 @@ TEST_P(Documentation, ExamplesPrintWhatItSays) {
         EXPECT_EQ(outputOf(example.command), example.output) << example.command;
 }
 
-INSTANTIATE_TEST_SUITE_P(Pages, Documentation, testing::Values("command-line.md", "scripting.md"));
+INSTANTIATE_TEST_SUITE_P(Pages, Documentation, testing::Values("../README.md", "command-line.md", "scripting.md"));
 
 }  // namespace
 }  // namespace console_tests

@@ -42,6 +42,7 @@ TEST_F(TableImport, OfAnUnchangedExportChangesNothing) {
         const Json document = json({"import", "house.ifc", name, "--apply", "--in-place"});
         EXPECT_EQ(document["table"]["updates"], 0) << name;
         EXPECT_THAT(document["review"], IsEmpty()) << name;
+        EXPECT_THAT(document["hints"], IsEmpty()) << name;
         EXPECT_FALSE(document.contains("saved")) << name;
     }
 }

@@ -106,6 +106,14 @@ TEST(Grid, CountsCellsWithTabsAndLineEnds) {
               "1 cell with TABs or line ends: each became a blank\n");
 }
 
+TEST(Grid, LeavesOutNumbersWithADecimalCommaThatTheModelHasWithAPoint) {
+    const auto model = holding({{{D, "Width"}, "1.1"}, {{W, "Width"}, "0.885"}});
+    EXPECT_EQ(askedOf("GUID;Width\n" + D + ";1,1\n" + W + ";0,885\n", "a.csv", model), "");
+    EXPECT_EQ(askedOf("GUID;Width\n" + D + ";1,1\n" + W + ";0,9\n", "a.csv", model), W + " Width (none)->0,9\n");
+    // Nothing but itself shows what the comma is.
+    EXPECT_EQ(askedOf("GUID;Width\n" + D + ";1,1\n", "a.csv", model), D + " Width (none)->1,1\n");
+}
+
 TEST(Grid, TakesBlanksAtTheEndsOfANameForASlipUnlessTheElementHasAnItemNamedSo) {
     const auto model = holding({{{D, "  Arrow"}, "true"}, {{D, "Name"}, "Door"}});
     EXPECT_EQ(askedOf("GUID,  Arrow, Name \n" + D + ",true,Gate\n", "a.csv", model), D + " Name (none)->Gate\n");

@@ -26,7 +26,9 @@ bool hasSixDecimals(std::string_view text) {
 
 bool saysTheSame(const Request& request, std::string_view value, std::string_view written) {
     if (value == written) return true;
-    return hasSixDecimals(written) && parseDecimal(value, request.decimalComma) == parseDecimal(written, false);
+    const auto number = parseDecimal(value, request.decimalComma);
+    // Other texts that are equal as numbers may differ in what they say: 007 and 7.
+    return number && (request.decimalComma || hasSixDecimals(written)) && number == parseDecimal(written, false);
 }
 
 std::string_view valueOf(const Request& request) {
