@@ -5,7 +5,7 @@
 // usage: desktop_figures MODEL.ifc BUNDLE     on an X server, for example below xvfb-run
 
 #include "desktop/Application.hpp"
-#include "desktop/Text.hpp"
+#include "desktop/QtText.hpp"
 #include "desktop/dialogs/AddOnDialog.hpp"
 #include "desktop/dialogs/RowListView.hpp"
 #include "desktop/elements/ElementPanel.hpp"
