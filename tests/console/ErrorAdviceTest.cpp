@@ -1,8 +1,12 @@
 // Every refusal says what, where and what to do; what stands in the way of saving is said before the work.
 
 #include "ConsoleTest.hpp"
+#include "support/ActingAsNobody.hpp"
+#include "support/Places.hpp"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 #include <zip.h>
 
 namespace console_tests {
@@ -106,6 +110,14 @@ class Rights : public Advice {
 protected:
     Rights() { open(folder_.path(), 0755); }
     static void open(const std::filesystem::path& path, mode_t mode) { EXPECT_EQ(::chmod(path.c_str(), mode), 0); }
+    /// A copy of the project below root's home can be reached by root alone.
+    void SetUp() override {
+        const testing_support::ActingAsNobody nobody;
+        const auto program = testing_support::builtFile("modelhost");
+        if (::faccessat(AT_FDCWD, program.c_str(), X_OK, AT_EACCESS) != 0)
+            GTEST_SKIP() << "nobody but root can reach the folder of the program";
+    }
+
     Outcome runAsSomebody(const Fields& arguments) { return modelhost().withoutPrivileges().run(arguments); }
 };
 
