@@ -7,9 +7,8 @@
 #include <array>
 #include <functional>
 #include <map>
+#include <set>
 #include <type_traits>
-#include <unordered_map>
-#include <unordered_set>
 #include <utility>
 
 namespace readback {
@@ -45,11 +44,10 @@ std::vector<model::ClassificationReference> classificationsOf(const Model& model
     return references ? std::move(*references) : std::vector<model::ClassificationReference>();
 }
 
-/// The first of each name. The keys are the names in `list`.
+/// The first of each name. Sorted, not hashed: a file can be made so that all its names have one hash.
 template <class Item, class Name>
 auto byName(const std::vector<Item>& list, Name name) {
-    std::unordered_map<std::decay_t<std::invoke_result_t<Name, const Item&>>, const Item*> known;
-    known.reserve(list.size());
+    std::map<std::decay_t<std::invoke_result_t<Name, const Item&>>, const Item*> known;
     for (const Item& item : list) known.try_emplace(std::invoke(name, item), &item);
     return known;
 }
@@ -234,11 +232,11 @@ model::Status storeClassification(Model& model, Element element, const Place& pl
 }
 
 /// The set of the first property of each of the names; a name that the element has not is not there.
-std::unordered_map<std::u16string_view, std::u16string> firstSets(const Model& model, Element element,
-                                                                  const std::vector<Designation>& wanted) {
-    std::unordered_set<std::u16string_view> names;
+std::map<std::u16string_view, std::u16string> firstSets(const Model& model, Element element,
+                                                        const std::vector<Designation>& wanted) {
+    std::set<std::u16string_view> names;
     for (const Designation& designation : wanted) names.insert(designation.name);
-    std::unordered_map<std::u16string_view, std::u16string> sets;
+    std::map<std::u16string_view, std::u16string> sets;
     model.visitProperties(element, [&](const model::PropertyView& property) {
         if (const auto name = names.find(property.name); name != names.end()) sets.try_emplace(*name, property.set);
     });

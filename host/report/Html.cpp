@@ -12,20 +12,6 @@ namespace report {
 
 namespace {
 
-const char* classOf(Tone tone) {
-    switch (tone) {
-        case Tone::Good:
-            return "good";
-        case Tone::Note:
-            return "note";
-        case Tone::Bad:
-            return "bad";
-        case Tone::Plain:
-            break;
-    }
-    return "plain";
-}
-
 const std::string& orUnnamed(const std::string& text, const std::string& otherwise) {
     return text.empty() ? otherwise : text;
 }
@@ -118,7 +104,7 @@ void Page::sums() {
     page_ += "<ul class=\"sums\">\n";
     for (const Sum& sum : report_.sums) {
         page_ +=
-            fmt::format("<li class=\"{}\"><b>{}</b> <span>", sum.count == 0 ? "plain" : classOf(sum.tone), sum.count);
+            fmt::format("<li class=\"{}\"><b>{}</b> <span>", sum.count == 0 ? "plain" : nameOf(sum.tone), sum.count);
         appendText(sum.label, page_);
         page_ += "</span></li>\n";
     }
@@ -134,7 +120,7 @@ void Page::notStored() {
             if (!isOpen(row)) continue;
             if (!any) page_ += "<section id=\"open\">\n<h2>Asked and not stored</h2>\n<ul class=\"open\">\n";
             any = true;
-            page_ += fmt::format("<li class=\"{}\"><a href=\"#e{}\">", classOf(row.tone), i + 1);
+            page_ += fmt::format("<li class=\"{}\"><a href=\"#e{}\">", nameOf(row.tone), i + 1);
             appendText(orUnnamed(subject.name, NoName), page_);
             page_ += "</a>, ";
             appendText(row.item, page_);
@@ -220,7 +206,7 @@ void Page::subject(std::size_t index) {
 }
 
 void Page::row(const Row& row) {
-    page_ += fmt::format("<tr class=\"{}\"><td>", classOf(row.tone));
+    page_ += fmt::format("<tr class=\"{}\"><td>", nameOf(row.tone));
     appendText(row.item, page_);
     page_ += "</td>";
     value(row.old);

@@ -8,20 +8,6 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-const char* nameOf(Tone tone) {
-    switch (tone) {
-        case Tone::Good:
-            return "good";
-        case Tone::Note:
-            return "note";
-        case Tone::Bad:
-            return "bad";
-        case Tone::Plain:
-            break;
-    }
-    return "plain";
-}
-
 Json orNull(const std::optional<std::string>& text) {
     return text ? Json(*text) : Json();
 }

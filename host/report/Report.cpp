@@ -10,6 +10,20 @@
 
 namespace report {
 
+const char* nameOf(Tone tone) {
+    switch (tone) {
+        case Tone::Good:
+            return "good";
+        case Tone::Note:
+            return "note";
+        case Tone::Bad:
+            return "bad";
+        case Tone::Plain:
+            break;
+    }
+    return "plain";
+}
+
 void arrange(std::vector<Subject>& subjects) {
     // In the order in which storeys and types first come: that of the model.
     std::map<std::string, std::size_t> storeys;

@@ -18,6 +18,8 @@ enum class Tone : std::uint8_t {
     Note,  ///< Worth a look: stored otherwise, in conflict, left out.
     Bad,   ///< Refused.
 };
+/// "good": as a class in the page, and in the JSON.
+const char* nameOf(Tone tone);
 
 /// One item of an element.
 struct Row {

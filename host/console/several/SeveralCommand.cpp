@@ -45,6 +45,15 @@ std::string lastMessage(const std::string& messages) {
     return last;
 }
 
+/// Those of the command, for one of its models.
+template <class Options>
+Options optionsFor(const Options& options, const fs::path& model, Share& share) {
+    Options own = options;
+    own.common.share = &share;
+    own.model = model;
+    return own;
+}
+
 /// One result out of those of the models, which come one by one in the order in which the models were named.
 class Joining {
 public:
@@ -142,10 +151,8 @@ public:
         : Rows(options.common.format, listHeader(), "Elements"), options_(std::move(options)) {}
 
     ExitStatus work(const fs::path& model, Share& share) const override {
-        ListOptions options = options_;
-        options.common.share = &share;
+        ListOptions options = optionsFor(options_, model, share);
         options.common.format = Format::Json;
-        options.model = model;
         return runList(options);
     }
 
@@ -167,10 +174,8 @@ public:
         : Rows(options.common.format, itemsHeader(), "Items"), options_(std::move(options)) {}
 
     ExitStatus work(const fs::path& model, Share& share) const override {
-        ItemsOptions options = options_;
-        options.common.share = &share;
+        ItemsOptions options = optionsFor(options_, model, share);
         options.common.format = Format::Json;
-        options.model = model;
         return runItems(options);
     }
 
@@ -190,9 +195,7 @@ public:
         : options_(std::move(options)), folder_(std::move(folder)), ending_(std::move(ending)) {}
 
     ExitStatus work(const fs::path& model, Share& share) const override {
-        ExportOptions options = options_;
-        options.common.share = &share;
-        options.model = model;
+        ExportOptions options = optionsFor(options_, model, share);
         options.output.reset();
         if (folder_) options.output = placeIn(*folder_, model, ending_);
         if (!folder_) options.layout = isGrid(options_) ? ExportLayout::Grid : ExportLayout::Long;
@@ -264,9 +267,7 @@ public:
           summary_({"Model", "Rows", "Ticked", "Done", "Errors", "Not as asked", "Conflicts", "Result"}) {}
 
     ExitStatus work(const fs::path& model, Share& share) const override {
-        ImportOptions options = options_;
-        options.common.share = &share;
-        options.model = model;
+        ImportOptions options = optionsFor(options_, model, share);
         if (folder_) options.output = placeIn(*folder_, model);
         if (options.common.report) options.common.report = reportOf(*options.common.report, model);
         return runImport(options);

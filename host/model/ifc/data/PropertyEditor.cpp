@@ -318,14 +318,14 @@ Status PropertyEditor::checkNoComplexNamesake(Slot set) const {
 }
 
 Slot PropertyEditor::relationToOverrideIn(Slot set) {
-    const DecodedSet& decoded = work_.propertySets.of(set);
-    std::size_t namesakes = 0;
-    for (std::size_t i = 0; i < decoded.size(); ++i) namesakes += decoded.property(i).name == wantedName_ ? 1U : 0U;
-    if (namesakes > 1) return step::NoSlot;
     const auto found = std::find_if(assigned_.begin(), assigned_.end(), [&](const AssignedSet& assignment) {
         return assignment.set == set && assignment.overriding;
     });
-    return found == assigned_.end() ? step::NoSlot : found->relation;
+    if (found == assigned_.end()) return step::NoSlot;
+    const DecodedSet& decoded = work_.propertySets.of(set);
+    std::size_t namesakes = 0;
+    for (std::size_t i = 0; i < decoded.size(); ++i) namesakes += decoded.property(i).name == wantedName_ ? 1U : 0U;
+    return namesakes > 1 ? step::NoSlot : found->relation;
 }
 
 Slot PropertyEditor::ownSetOfName() {
