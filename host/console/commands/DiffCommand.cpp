@@ -1,8 +1,8 @@
 #include "console/commands/DiffCommand.hpp"
 
 #include "console/StandardInput.hpp"
+#include "console/commands/DiffOutput.hpp"
 #include "console/commands/ElementFilter.hpp"
-#include "console/diff/DiffOutput.hpp"
 #include "console/output/Messages.hpp"
 #include "console/output/OutputFile.hpp"
 #include "console/output/StandardOutput.hpp"

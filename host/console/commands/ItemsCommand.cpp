@@ -2,8 +2,8 @@
 
 #include "console/ModelSession.hpp"
 #include "console/commands/ElementFilter.hpp"
+#include "console/commands/ItemCensus.hpp"
 #include "console/commands/Nothing.hpp"
-#include "console/items/ItemCensus.hpp"
 #include "console/output/HostText.hpp"
 #include "console/output/Json.hpp"
 #include "console/output/Messages.hpp"

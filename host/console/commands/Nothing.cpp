@@ -1,7 +1,7 @@
 #include "console/commands/Nothing.hpp"
 
+#include "console/commands/ItemCensus.hpp"
 #include "console/help/Nearest.hpp"
-#include "console/items/ItemCensus.hpp"
 #include "console/output/Messages.hpp"
 #include "selection/Selection.hpp"
 

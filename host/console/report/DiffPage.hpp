@@ -1,6 +1,6 @@
 #pragma once
 
-#include "console/diff/DiffOutput.hpp"
+#include "console/commands/DiffOutput.hpp"
 #include "report/Report.hpp"
 
 namespace console {

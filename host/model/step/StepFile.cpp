@@ -1,7 +1,7 @@
 #include "model/step/StepFile.hpp"
 
 #include "model/step/StepFileContent.hpp"
-#include "model/step/editing/Splice.hpp"
+#include "model/step/editing/InstanceEdits.hpp"
 
 namespace model::step {
 

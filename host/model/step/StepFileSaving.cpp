@@ -3,7 +3,7 @@
 #include "model/step/disk/Disk.hpp"
 #include "model/step/disk/FileLock.hpp"
 #include "model/step/disk/Saving.hpp"
-#include "model/step/editing/Pieces.hpp"
+#include "model/step/editing/FileContent.hpp"
 #include "model/step/syntax/Characters.hpp"
 
 #include <zip.h>
@@ -95,7 +95,7 @@ ModelEntry StepFile::Content::newEntry(const fs::path& target) const {
 }
 
 Status StepFile::Content::write(Replacement& replacement) {
-    return replaceFile(replacement, pieces(index, changes));
+    return replaceFile(replacement, fileContent(index, changes));
 }
 
 Status StepFile::Content::writeArchive(Replacement& replacement) {
@@ -105,7 +105,7 @@ Status StepFile::Content::writeArchive(Replacement& replacement) {
     ModelEntry model = entry;
     if (unchanged.empty()) model = newEntry(target);
     const Result<std::string> packed =
-        step::writeArchive(unchanged, model, pieces(index, changes), replacement.progress);
+        step::writeArchive(unchanged, model, fileContent(index, changes), replacement.progress);
     if (!packed) return cannotWrite(target, packed.error().message);
     const std::string_view whole = *packed;
     return replaceFile(replacement, {&whole, 1});
@@ -128,7 +128,7 @@ Status StepFile::save(const fs::path& path, const SaveOptions& options) {
 
 std::string StepFile::bytes() const {
     std::string result;
-    const std::vector<std::string_view> parts = pieces(content_->index, content_->changes);
+    const std::vector<std::string_view> parts = fileContent(content_->index, content_->changes);
     std::size_t size = 0;
     for (const std::string_view part : parts) size += part.size();
     result.reserve(size);

@@ -1,6 +1,6 @@
 #include "model/step/editing/ReferenceRemovals.hpp"
 
-#include "model/step/editing/Splice.hpp"
+#include "model/step/editing/InstanceEdits.hpp"
 #include "model/step/syntax/Instance.hpp"
 
 #include <algorithm>

@@ -1,7 +1,8 @@
 #include "model/step/reading/Indexer.hpp"
 
-#include "model/step/reading/Lines.hpp"
 #include "model/step/reading/SectionReader.hpp"
+
+#include <algorithm>
 
 namespace model::step {
 
@@ -22,6 +23,29 @@ void remarkWhole(Index& index) {
     if (index.schemaNames.empty()) add("FILE_SCHEMA is missing or names no schema");
     if (index.signedFile) add("the file is signed; saved with changes, its signature is no longer valid");
     if (index.remarksLeftOut != 0) add("and " + std::to_string(index.remarksLeftOut) + " more remarks like these");
+}
+
+std::uint64_t lineEnds(std::string_view bytes, std::uint64_t from, std::uint64_t to) {
+    std::uint64_t count = 0;
+    for (std::uint64_t i = from; i < to; ++i) {
+        const bool pair = i + 1 < bytes.size() && bytes[i] == '\r' && bytes[i + 1] == '\n';
+        count += (bytes[i] == '\n' || bytes[i] == '\r') && !pair ? 1U : 0U;
+    }
+    return count;
+}
+
+/// Sorts the remarks by offset and fills in their lines, counted from 1. Lines end with CR LF, LF or CR. Counting them
+/// is a pass of its own over the bytes, made only as far as there is something to report.
+void numberLines(std::string_view bytes, std::vector<Remark>& remarks) {
+    std::stable_sort(remarks.begin(), remarks.end(),
+                     [](const Remark& a, const Remark& b) { return a.offset < b.offset; });
+    std::uint64_t line = 1;
+    std::uint64_t counted = 0;
+    for (Remark& remark : remarks) {
+        line += lineEnds(bytes, counted, remark.offset);
+        counted = remark.offset;
+        remark.line = line;
+    }
 }
 
 }  // namespace

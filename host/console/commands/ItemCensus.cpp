@@ -1,4 +1,4 @@
-#include "console/items/ItemCensus.hpp"
+#include "console/commands/ItemCensus.hpp"
 
 #include "console/Failure.hpp"
 #include "console/output/HostText.hpp"

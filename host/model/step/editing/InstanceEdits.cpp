@@ -1,4 +1,4 @@
-#include "model/step/editing/Splice.hpp"
+#include "model/step/editing/InstanceEdits.hpp"
 
 #include "model/step/syntax/Instance.hpp"
 #include "model/step/syntax/Tokens.hpp"

@@ -1,4 +1,4 @@
-#include "model/step/editing/Pieces.hpp"
+#include "model/step/editing/FileContent.hpp"
 
 #include "model/step/syntax/Characters.hpp"
 
@@ -163,7 +163,7 @@ std::vector<Edit> insertions(const Index& index, Changes& changes) {
 
 }  // namespace
 
-std::vector<std::string_view> pieces(const Index& index, Changes& changes) {
+std::vector<std::string_view> fileContent(const Index& index, Changes& changes) {
     // At one place, what is new comes before what takes the place of something else.
     std::vector<Edit> edits = insertions(index, changes);
     const std::vector<Edit> inPlace = editsInPlace(index, changes);

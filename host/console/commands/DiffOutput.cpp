@@ -1,4 +1,4 @@
-#include "console/diff/DiffOutput.hpp"
+#include "console/commands/DiffOutput.hpp"
 
 #include "comparing/Expressible.hpp"
 #include "comparing/LeftOut.hpp"
