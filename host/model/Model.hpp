@@ -5,8 +5,8 @@
 // Threads. A model belongs to one thread at a time, for reading too: const functions fill caches, and nothing guards
 // these. open and fromBytes may run on any thread, several at once for different models. Who opens a model may read it
 // and then hands it over: the next thread may touch it once the former has been joined. OpenOptions::progress and
-// SaveOptions::progress are called on the thread that opens or saves. Commands and edits run on the user's thread,
-// since the add-on does.
+// SaveOptions::progress are called on the thread that opens or saves. Opening a long file has helper threads of its
+// own, which have ended when it returns. Commands and edits run on the user's thread, since the add-on does.
 
 #include "model/base/FileOptions.hpp"
 #include "model/base/GlobalId.hpp"

@@ -60,7 +60,9 @@ class Text(Rules):
         self.expect_none(f"{path}: a CR" for path, _ in texts(*CODE, ".md") if b"\r" in (PROJECT / path).read_bytes())
 
     def test_headers_guard_themselves(self):
-        self.expect_none(path for path, text in texts(".hpp") if not text.startswith("#pragma once\n"))
+        # All but those that are meant to be included again, for each set of vector instructions.
+        self.expect_none(path for path, text in texts(".hpp")
+                         if not text.startswith("#pragma once\n") and not path.stem.endswith("-inl"))
 
     @unittest.skipUnless(shutil.which("clang-format-14"), "clang-format-14 is not installed")
     def test_sources_are_formatted(self):

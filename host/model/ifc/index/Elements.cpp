@@ -45,6 +45,13 @@ std::size_t hashOf(const Guid& guid) {
                                                   0x9E3779B97F4A7C15ULL ^ Key.second));
 }
 
+/// The part of an instance's text in which its GlobalId stands.
+void prefetch(std::string_view text) {
+    constexpr std::size_t CacheLine = 64;
+    __builtin_prefetch(text.data());
+    __builtin_prefetch(text.data() + std::min(text.size(), CacheLine));
+}
+
 struct Product {
     step::Slot slot;
     std::string_view text;
@@ -53,23 +60,30 @@ struct Product {
 /// What the keywords of a file say of its instances, in one pass over them.
 class Survey {
 public:
-    Survey(const step::StepFile& file, Classes& classes) : file_(file) {
+    Survey(const step::StepFile& file, Classes& classes) : file_(file), counts_(file.keywordCount()) {
+        std::vector<bool> isProduct(file.keywordCount());
+        for (std::size_t keyword = 0; keyword < isProduct.size(); ++keyword) {
+            isProduct[keyword] = classes.ofKeyword(static_cast<step::KeywordCode>(keyword)).role == Role::Product;
+        }
         const auto count = static_cast<step::Slot>(file.slotCount());
         for (step::Slot slot = 0; slot < count; ++slot) {
             const step::KeywordCode keyword = file.keyword(slot);
-            const Class& cls = classes.ofKeyword(keyword);
-            if (cls.role == Role::Product) products_.push_back({slot, file.text(slot)});
-            if (cls.entity == nullptr && keyword != step::NoKeyword) countUnknown(keyword);
+            if (keyword == step::NoKeyword) continue;
+            ++counts_[keyword];
+            if (isProduct[keyword]) products_.push_back({slot, file.text(slot)});
+        }
+        for (std::size_t keyword = 0; keyword < counts_.size(); ++keyword) {
+            if (classes.ofKeyword(static_cast<step::KeywordCode>(keyword)).entity != nullptr) counts_[keyword] = 0;
         }
     }
 
     const std::vector<Product>& products() const { return products_; }
     std::vector<UnknownClass> unknownClasses() const {
         std::vector<UnknownClass> classes;
-        for (std::size_t keyword = 0; keyword < unknown_.size(); ++keyword) {
-            if (unknown_[keyword] == 0) continue;
+        for (std::size_t keyword = 0; keyword < counts_.size(); ++keyword) {
+            if (counts_[keyword] == 0) continue;
             const auto code = static_cast<step::KeywordCode>(keyword);
-            classes.push_back({std::string(file_.keywordText(code)), unknown_[keyword]});
+            classes.push_back({std::string(file_.keywordText(code)), counts_[keyword]});
         }
         std::sort(classes.begin(), classes.end(),
                   [](const UnknownClass& a, const UnknownClass& b) { return a.name < b.name; });
@@ -77,14 +91,9 @@ public:
     }
 
 private:
-    void countUnknown(step::KeywordCode keyword) {
-        if (unknown_.size() <= keyword) unknown_.resize(keyword + std::size_t{1});
-        ++unknown_[keyword];
-    }
-
     const step::StepFile& file_;
     std::vector<Product> products_;
-    std::vector<std::uint64_t> unknown_;  // by keyword code
+    std::vector<std::uint64_t> counts_;  // By keyword code: the instances of a class that the schema does not know.
 };
 
 }  // namespace
@@ -99,15 +108,25 @@ Elements::Elements(const step::StepFile& file, Classes& classes) {
     unknownClasses_ = survey.unknownClasses();
     const std::vector<Product>& products = survey.products();
     buckets_.assign(std::bit_ceil(2 * products.size() + 1), Free);
+    // Texts and buckets lie scattered over memory that no cache holds: waiting for each would take longer than all the
+    // rest. So they are asked for some time before they are needed.
+    constexpr std::size_t Ahead = 16;
+    std::vector<std::pair<step::Slot, Guid>> read;
+    read.reserve(products.size());
     for (std::size_t i = 0; i < products.size(); ++i) {
-        // They lie scattered over a file that no cache holds: waiting for each would take longer than all the rest.
-        constexpr std::size_t Ahead = 16;
-        if (i + Ahead < products.size()) __builtin_prefetch(products[i + Ahead].text.data());
+        if (i + Ahead < products.size()) prefetch(products[i + Ahead].text);
         if (const auto guid = globalIdOf(products[i].text)) {
-            add(products[i].slot, *guid);
+            read.emplace_back(products[i].slot, *guid);
         } else {
             ++invalidCount_;
         }
+    }
+    slots_.reserve(read.size());
+    guids_.reserve(read.size());
+    for (std::size_t i = 0; i < read.size(); ++i) {
+        if (i + Ahead < read.size())
+            __builtin_prefetch(&buckets_[hashOf(read[i + Ahead].second) & (buckets_.size() - 1)]);
+        add(read[i].first, read[i].second);
     }
     std::sort(duplicated_.begin(), duplicated_.end());
     duplicated_.erase(std::unique(duplicated_.begin(), duplicated_.end()), duplicated_.end());

@@ -1,13 +1,19 @@
 #include "model/step/editing/HighestId.hpp"
 
-#include "model/step/reading/Block.hpp"
+// Compiled once for each set of vector instructions; which of them runs is chosen where the program does.
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "model/step/editing/HighestId.cpp"
+#include <hwy/foreach_target.h>
+
+#include "model/step/reading/Block-inl.hpp"
 #include "model/step/syntax/Characters.hpp"
 #include "model/step/syntax/Tokens.hpp"
 
 #include <algorithm>
 #include <bit>
 
-namespace model::step {
+HWY_BEFORE_NAMESPACE();
+namespace model::step::HWY_NAMESPACE {
 
 namespace {
 
@@ -61,9 +67,7 @@ private:
     InstanceId highest_ = 0;
 };
 
-}  // namespace
-
-InstanceId highestId(const Index& index, const Changes& changes) {
+InstanceId highestIdIn(const Index& index, const Changes& changes) {
     HighestIdSearch search(index.bytes);
     for (const Range& range : index.linkSections) search.everywhere(range.begin, range.end);
     Slot slot = 0;
@@ -80,4 +84,19 @@ InstanceId highestId(const Index& index, const Changes& changes) {
     return search.result();
 }
 
+}  // namespace
+
+}  // namespace model::step::HWY_NAMESPACE
+HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
+namespace model::step {
+
+HWY_EXPORT(highestIdIn);
+
+InstanceId highestId(const Index& index, const Changes& changes) {
+    return HWY_DYNAMIC_DISPATCH(highestIdIn)(index, changes);
+}
+
 }  // namespace model::step
+#endif

@@ -4,6 +4,7 @@
 
 #include "model/step/index/Slot.hpp"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <deque>
@@ -48,6 +49,18 @@ private:
         return bytes;
     }
 
+    /// All bytes of 8 to 32, some of them twice: without a loop, whose end would be guessed wrong at every other
+    /// instance.
+    struct Words {
+        Words(const char* text, std::size_t size)
+            : first(word(text)),
+              second(word(text + std::min<std::size_t>(8, size - 8))),
+              lastButOne(word(text + (size > 16 ? size - 16 : 0))),
+              last(word(text + size - 8)) {}
+        bool operator==(const Words&) const = default;
+        std::uint64_t first, second, lastButOne, last;
+    };
+
     static std::uint64_t mixed(std::uint64_t a, std::uint64_t b) {
         __extension__ using Wide = unsigned __int128;
         const Wide product = static_cast<Wide>(a) * b;
@@ -60,6 +73,10 @@ private:
         constexpr std::uint64_t Factor = 0x9E3779B97F4A7C15U;
         std::uint64_t sum = key_ ^ text.size() * Factor;
         const std::size_t size = text.size();
+        if (size >= 8 && size <= 32) {
+            const Words words(text.data(), size);
+            return mixed(words.first ^ sum, words.last ^ key_) + mixed(words.second ^ key_, words.lastButOne ^ sum);
+        }
         for (std::size_t at = 0; at + 8 < size; at += 8) sum = mixed(sum ^ word(text.data() + at), Factor ^ key_);
         if (size >= 8) return mixed(sum ^ word(text.data() + size - 8), Factor ^ key_);
         std::uint64_t bytes = 0;
@@ -69,6 +86,7 @@ private:
 
     static bool equal(const char* a, const char* b, std::size_t size) {
         if (size < 8) return std::memcmp(a, b, size) == 0;
+        if (size <= 32) return Words(a, size) == Words(b, size);
         for (std::size_t at = 0; at + 8 < size; at += 8)
             if (word(a + at) != word(b + at)) return false;
         return word(a + size - 8) == word(b + size - 8);

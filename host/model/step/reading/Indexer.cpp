@@ -50,8 +50,8 @@ void numberLines(std::string_view bytes, std::vector<Remark>& remarks) {
 
 }  // namespace
 
-Status indexFile(Index& index, const Progress& progress) {
-    SectionReader reader(index, progress);
+Status indexFile(Index& index, const Progress& progress, const Sharing& sharing) {
+    SectionReader reader(index, progress, sharing);
     if (Status read = reader.run(); !read) return read;
     index.ids.finish();
     remarkDuplicates(index);

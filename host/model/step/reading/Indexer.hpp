@@ -3,6 +3,7 @@
 #include "model/base/Progress.hpp"
 #include "model/base/Result.hpp"
 #include "model/step/index/Index.hpp"
+#include "model/step/reading/SweepAhead.hpp"
 
 namespace model::step {
 
@@ -10,6 +11,6 @@ namespace model::step {
 /// grows with the number of bytes, whatever they are.
 /// @return an error, its message without the file's name, where it is no file in clear-text encoding, or where the
 ///         progress was cancelled.
-Status indexFile(Index& index, const Progress& progress);
+Status indexFile(Index& index, const Progress& progress, const Sharing& sharing = {});
 
 }  // namespace model::step

@@ -35,8 +35,8 @@ bool skipSemicolon(Cursor& cursor) {
 
 }  // namespace
 
-SectionReader::SectionReader(Index& target, const Progress& function)
-    : index_(target), progress_(function), cursor_(target.bytes) {}
+SectionReader::SectionReader(Index& target, const Progress& function, const Sharing& sharing)
+    : index_(target), progress_(function), sharing_(sharing), cursor_(target.bytes) {}
 
 Status SectionReader::run() {
     if (!readMagic()) return Error{ErrorKind::CannotRead, describeForeignFile(index_.bytes)};
@@ -276,18 +276,48 @@ void SectionReader::readData() {
     if (!scanHere(scan, [this](const char* at) { return nextStart(at); }))
         passMalformed(begin, "the beginning of the section DATA is malformed");
     noteSound();
+    readInstances();
+}
+
+void SectionReader::readInstances() {
+    if (!ahead_) ahead_.emplace(cursor_.at, cursor_.end, sharing_);
     while (reportProgress()) {
+        const SweptStretch* stretch = ahead_->next(cursor_.at);
+        if (stretch != nullptr && stretch->begin == cursor_.at) {
+            take(*stretch);
+            continue;
+        }
         const char* limit = cursor_.at + std::min(Stretch, cursor_.end - cursor_.at);
+        const bool toStretch = stretch != nullptr && stretch->begin <= limit;
+        if (toStretch) limit = stretch->begin;
         const char* swept = sweep(cursor_.at, limit, index_);
         const bool moved = swept != cursor_.at;
         cursor_.at = swept;
         if (moved) noteSound();
+        if (toStretch && swept == limit) continue;
         // Close to the limit the sweep ended because of it, and goes on from there. Else it met what it does not take;
         // reading one statement by tokens always moves on, so that this loop ends.
-        if (limit == cursor_.end || limit - swept > Stretch / 2) {
+        if (toStretch || limit == cursor_.end || limit - swept > Stretch / 2) {
             if (!readStatement()) return;
         }
     }
+}
+
+/// Keywords get their codes in the order in which they come in the file, as if nobody had swept ahead.
+void SectionReader::take(const SweptStretch& stretch) {
+    constexpr std::uint32_t Unknown = 0xFFFFFFFFU;
+    std::vector<std::uint32_t> codes(stretch.keywords.size(), Unknown);
+    for (const SweptStretch::Found& found : stretch.found) {
+        KeywordCode code = NoKeyword;
+        if (found.keyword != NoKeyword) {
+            std::uint32_t& known = codes[found.keyword];
+            if (known == Unknown) known = index_.keywords.intern(stretch.keywords.text(found.keyword));
+            code = static_cast<KeywordCode>(known);
+        }
+        index_.add(found.id, code, found.begin, found.begin + found.length);
+    }
+    cursor_.at = stretch.end;
+    noteSound();
 }
 
 bool SectionReader::readStatement() {

@@ -9,8 +9,10 @@
 #include "model/base/Progress.hpp"
 #include "model/base/Result.hpp"
 #include "model/step/index/Index.hpp"
+#include "model/step/reading/SweepAhead.hpp"
 #include "model/step/syntax/Tokens.hpp"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,7 +21,7 @@ namespace model::step {
 class SectionReader {
 public:
     /// @param index, progress  not copied, both outlive the reader.
-    SectionReader(Index& index, const Progress& progress);
+    SectionReader(Index& index, const Progress& progress, const Sharing& sharing);
     /// Once. @return an error where it is no file in clear-text encoding, or where the progress was cancelled.
     Status run();
 
@@ -39,6 +41,8 @@ private:
     void readRestOfFile();
 
     void readData();
+    void readInstances();
+    void take(const SweptStretch& stretch);
     /// One thing that the sweep left. @return false at the end of the section.
     bool readStatement();
     bool readWordInData();
@@ -75,6 +79,8 @@ private:
 
     Index& index_;
     Throttle progress_;
+    Sharing sharing_;
+    std::optional<SweepAhead> ahead_;  ///< From the first DATA section to the end of the file, whatever stands there.
     Cursor cursor_;
     Section section_;         ///< The one being read.
     bool malformed_ = false;  ///< Since the last sound instance.
