@@ -399,6 +399,22 @@ TEST_F(Files, OpeningIsCancelledByTheProgress) {
     }
 }
 
+/// From 16 MiB on several threads read.
+TEST_F(Files, OfAnyLengthAreReadToTheByteByThreads) {
+    constexpr std::size_t Helped = std::size_t{16} << 20U;
+    std::string data;
+    for (int i = 1; data.size() < Helped; ++i)
+        data += "#" + std::to_string(i) + "=A('" + std::string(100, static_cast<char>('a' + i % 26)) + "');\n";
+    for (const std::size_t size : {Helped - 1, Helped, Helped + 1, Helped + (std::size_t{5} << 20U)}) {
+        std::string bytes = fileOf(data);
+        if (bytes.size() > size) bytes.resize(size);
+        while (bytes.size() < size) bytes += bytes.substr(0, size - bytes.size());
+        const auto file = openFile(folder_.write("long.ifc", bytes));
+        EXPECT_EQ(file->byteCount(), size);
+        EXPECT_TRUE(file->bytes() == bytes) << size;
+    }
+}
+
 class WholeModel : public ::testing::TestWithParam<std::string> {};
 
 TEST_P(WholeModel, IsUnderstoodWholeAndSavedByteForByte) {
