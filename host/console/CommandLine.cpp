@@ -113,6 +113,11 @@ void addBackup(CLI::App& command, CommonOptions& common) {
         ->type_name("SUFFIX");
 }
 
+void addShareSets(CLI::App& command, CommonOptions& common) {
+    command.add_flag("--share-sets", common.shareSets,
+                     "one property set for all elements that get new ones of equal content, instead of one for each");
+}
+
 void addReport(CLI::App& command, CommonOptions& common) {
     command
         .add_option_function<std::string>(
@@ -165,6 +170,7 @@ void addImport(CLI::App& app, Words& words) {
     addJobs(command, words);
     addForce(command, words.import.common);
     addBackup(command, words.import.common);
+    addShareSets(command, words.import.common);
     addReport(command, words.import.common);
     command.footer(
         "Without --apply nothing is changed: the list shows what would be. Where -o - writes the model to standard "
@@ -297,6 +303,7 @@ void addScript(CLI::App& app, Words& words) {
         ->type_name("");
     addForce(command, words.script.common);
     addBackup(command, words.script.common);
+    addShareSets(command, words.script.common);
     addReport(command, words.script.common);
     command.footer(
         "Steps are such as {\"menu\":1} {\"file\":\"updates.txt\"} {\"click\":3}.\n\n"

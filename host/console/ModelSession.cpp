@@ -56,6 +56,7 @@ ModelSession::ModelSession(const CommonOptions& options, std::filesystem::path m
     frontend::setFileErrorSink({});
     host_.setReportSink([this](const host::ReportLine& line) { takeReport(line); });
     open(access);
+    model().shareNewSets(options_.shareSets);
     for (const std::string& remark : model().remarks()) say(remark);
     frontend::setFileErrorSink([this](const std::string& path, int error) {
         if (!problem_) problem_ = CommandProblem{path, std::strerror(error)};

@@ -30,6 +30,7 @@ struct CommonOptions {
     bool force = false;  ///< Save over a file that another program changed since it was opened.
     std::optional<std::filesystem::path> report;  ///< A page, JSON or workbook to hand on; of import, script and diff.
     Share* share = nullptr;                       ///< Set where this model is one of several. Not owned.
+    bool shareSets = false;                       ///< Property sets that are made with equal content become one.
     std::string backup;  ///< The suffix under which a file that is replaced is kept; empty: it is not.
 };
 

@@ -5,6 +5,7 @@
 #include "model/ifc/data/ClassificationData.hpp"
 #include "model/ifc/data/ClassificationEditor.hpp"
 #include "model/ifc/data/ElementFacts.hpp"
+#include "model/ifc/data/EqualRelations.hpp"
 #include "model/ifc/data/NewValue.hpp"
 #include "model/ifc/data/PropertyData.hpp"
 #include "model/ifc/data/PropertyEditor.hpp"
@@ -34,6 +35,7 @@ struct Model::Content {
     std::vector<std::string> notes;
     std::unordered_set<Element> noted;  ///< Elements whose duplicates have been told of.
     std::exception_ptr failure;         ///< What broke off a change of the open command.
+    bool shareSets = false;
 
     void collectRemarks(const std::string& schemaNamed);
     void remarkOnUnknownClasses();
@@ -345,19 +347,28 @@ std::vector<std::string> Model::takeNotes() {
 
 Result<std::int32_t> Model::command(std::string name, const std::function<std::int32_t()>& body) {
     if (Status begun = content_->file->begin(); !begun) return begun.error();
+    const auto firstNew = static_cast<step::Slot>(content_->file->slotCount());
+    content_->work.relationCopies.clear();
     std::int32_t result = 0;
+    Status joined;
     try {
         result = body();
         // The body may have passed over it, or may not be able to let it through.
         if (content_->failure) std::rethrow_exception(content_->failure);
-        if (result == 0) content_->file->commit(std::move(name));
+        if (result == 0) joined = ifc::joinEqualRelations(content_->work, firstNew, content_->shareSets);
+        if (result == 0 && joined) content_->file->commit(std::move(name));
     } catch (...) {
         content_->failure = nullptr;
         content_->file->rollback();
         throw;
     }
-    if (result != 0) content_->file->rollback();
+    if (result != 0 || !joined) content_->file->rollback();
+    if (!joined) return joined.error();
     return result;
+}
+
+void Model::shareNewSets(bool share) {
+    content_->shareSets = share;
 }
 
 bool Model::commandOpen() const {

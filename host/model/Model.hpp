@@ -141,8 +141,11 @@ public:
     /// Runs `body` as one undoable command. A body that returns a value other than 0 is rolled back; one that changed
     /// nothing leaves no step. An exception that leaves the body, or broke off an edit in it, rolls the command back
     /// and goes on to the caller, even where the body passes over it.
+    /// Classifications that it gave to several elements alike become one reference and one relation at its end.
     /// @return body's value, or ErrorKind::Nesting.
     Result<std::int32_t> command(std::string name, const std::function<std::int32_t()>& body);
+    /// Whether so do property sets that a command makes with equal content. From the next command on; off at first.
+    void shareNewSets(bool share);
     bool commandOpen() const;
     UndoSteps undoSteps() const;
     bool undo();  ///< Restores the file's text exactly. @return false where there is nothing to undo.

@@ -143,6 +143,22 @@ const std::vector<Change> Changes = {
     {"new set", [p = wanted(u"Never heard of", u"New")](Opened& m) { return m->setProperty(0, p); }},
     {"shared classification", [r = reference(u"L")](Opened& m) { return m->setClassification(0, r); }},
     {"new classification", [r = reference(u"New label")](Opened& m) { return m->setClassification(0, r); }},
+    {"equal classifications that become one",
+     [r = reference(u"Label of both")](Opened& m) {
+         (void)m->setClassification(0, r);
+         return m->setClassification(1, r);
+     }},
+    {"equal classifications that stay in their relation",
+     [r = reference(u"L")](Opened& m) {
+         (void)m->setClassification(0, r);
+         return m->setClassification(1, r);
+     }},
+    {"equal sets that become one",
+     [p = wanted(u"Set of both", u"New")](Opened& m) {
+         m->shareNewSets(true);
+         (void)m->setProperty(0, p);
+         return m->setProperty(1, p);
+     }},
 };
 
 /// As one command; what the edit answered does not matter, only that it was not broken off.

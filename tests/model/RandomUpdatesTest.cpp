@@ -331,11 +331,14 @@ RC_GTEST_PROP(RandomUpdates, OfTinyModelsAreSeenByTheNamedElementAlone, ()) {
     Dice dice(seed);
     const std::string original = randomModel(dice).text();
     RC_LOG() << "seed " << seed << "\n" << original;
+    const bool sharesSets = dice.oneIn(2);
     Opened model(original);
+    model->shareNewSets(sharesSets);
     RC_ASSERT(liveThrough(dice, model, 2 + dice.below(10), true) == "");
     RC_ASSERT(model->bytes() == original);
     // What was done and undone before leaves no trace in what the same updates give.
     Opened fresh(original);
+    fresh->shareNewSets(sharesSets);
     Dice forUsed(seed), forFresh(seed);
     for (int i = 0; i < 3; ++i) {
         const Applied used(forUsed, model, 3), first(forFresh, fresh, 3);

@@ -106,6 +106,10 @@ Status StepFile::Content::edit(Slot slot, Result<std::string> newText) {
     return {};
 }
 
+std::uint32_t StepFile::section(Slot slot) const {
+    return content_->changes.section(slot);
+}
+
 Status StepFile::replaceValue(Slot slot, Value value, std::string_view newText) {
     if (Status editable = content_->checkEditable(slot); !editable) return editable;
     return content_->edit(slot, withValue(text(slot), value, newText));

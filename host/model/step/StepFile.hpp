@@ -70,6 +70,8 @@ public:
     /// Whether `a` stands before `b` in the file that would be saved, where undone instances have their places too.
     /// Slots tell that of the instances of the file alone. Both must exist.
     bool before(Slot a, Slot b) const;
+    /// The number of the data section it stands in, from 0. It must exist.
+    std::uint32_t section(Slot slot) const;
     /// text() and splitInstance in one: the same validity.
     bool read(Slot slot, Instance& out) const;
 

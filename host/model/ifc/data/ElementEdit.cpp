@@ -53,15 +53,6 @@ bool ElementEdit::isAlone(Slot relation) const {
     return named && !others;
 }
 
-bool ElementEdit::isUsedOnlyBy(Slot instance, Slot user) const {
-    bool only = true;
-    work_.inverseReferences.forEachUse(instance, [&](const Use& use) {
-        only = use.user == user;
-        return only;
-    });
-    return only;
-}
-
 /// Whether nobody but the element is given it: each use is a relation that names this element alone. A set in a type
 /// object's list is used by no relation, and is not the element's.
 bool ElementEdit::isOwn(Slot instance) const {
@@ -140,7 +131,9 @@ Status ElementEdit::moveInto(InstanceBuilder& draft, Slot relation) {
     draft.set(attributeName(relation, Field::Related), '(' + referenceText(ownId_) + ')');
     if (Status left = leave(relation); !left) return left;
     const Result<Slot> added = work_.file.insertBehind(draft.body(), relation);
-    return added ? Status{} : Status{added.error()};
+    if (!added) return added.error();
+    work_.relationCopies.emplace(*added, relation);
+    return {};
 }
 
 /// The relation's text is not read: it may name thousands, and as many may leave it in one command.

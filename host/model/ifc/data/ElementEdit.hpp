@@ -24,7 +24,7 @@ public:
     /// Whether the relation names this element and nothing else on its many side.
     bool isAlone(step::Slot relation) const;
     /// Whether nothing but `user` refers to the instance.
-    bool isUsedOnlyBy(step::Slot instance, step::Slot user) const;
+    bool isUsedOnlyBy(step::Slot instance, step::Slot user) const { return work_.isUsedOnlyBy(instance, user); }
     /// Whether nothing refers to the instance.
     bool isUnused(step::Slot instance) const { return isUsedOnlyBy(instance, step::NoSlot); }
     /// Whether only relations of this element alone refer to the instance, on their one side.

@@ -47,6 +47,15 @@ step::Slot Workspace::typeObject(step::Slot object) {
     return type;
 }
 
+bool Workspace::isUsedOnlyBy(step::Slot instance, step::Slot user) {
+    bool only = true;
+    inverseReferences.forEachUse(instance, [&](const Use& use) {
+        only = use.user == user;
+        return only;
+    });
+    return only;
+}
+
 Status Workspace::addToList(step::Slot holder, Field field, step::Slot member) {
     const Class& cls = classes.of(holder);
     step::Instance instance;

@@ -8,6 +8,8 @@
 #include "model/ifc/index/InverseReferences.hpp"
 #include "model/ifc/index/LongRelations.hpp"
 
+#include <unordered_map>
+
 namespace model::ifc {
 
 /// An open file with everything kept about it. Each index is made when first needed and follows every change.
@@ -30,6 +32,9 @@ public:
     /// The type object of an element: of several, the first in the file. NoSlot where it has none.
     step::Slot typeObject(step::Slot object);
 
+    /// Whether nothing but `user` refers to the instance; nothing at all where that is NoSlot.
+    bool isUsedOnlyBy(step::Slot instance, step::Slot user);
+
     /// Adds a reference to the end of a list. What is kept about the list is added to, not made anew: a set may be
     /// given one property after the other.
     Status addToList(step::Slot holder, Field field, step::Slot member);
@@ -46,6 +51,8 @@ public:
     ElementSets elementSets;
     GlobalIdAllocator globalIds;
     ClassificationIndex classificationIndex;
+    /// The relations that elements got in the open command for others that they left, and these.
+    std::unordered_map<step::Slot, step::Slot> relationCopies;
 
 private:
     void beforeChange(step::Slot slot) noexcept override;
