@@ -269,8 +269,12 @@ void addExport(CLI::App& app, Words& words) {
 void addDiff(CLI::App& app, Words& words) {
     DiffOptions& diff = words.diff;
     CLI::App& command = *app.add_subcommand("diff", "Tell what is different between two models, element by element");
-    addPath(command, "A", diff.a, "IFC file (.ifc or .ifczip) as it was")->required()->type_name("");
-    addPath(command, "B", diff.b, "IFC file as it is now")->required()->type_name("");
+    addPath(command, "A", diff.a, "IFC file (.ifc or .ifczip) as it was, or a folder of such")
+        ->required()
+        ->type_name("");
+    addPath(command, "B", diff.b, "IFC file as it is now, or a folder whose models have the same file names")
+        ->required()
+        ->type_name("");
     addChoice<DiffFormat>(command, "--format", diff.format,
                           {{"table", DiffFormat::Table},
                            {"tsv", DiffFormat::Tsv},
@@ -282,6 +286,7 @@ void addDiff(CLI::App& app, Words& words) {
     addOutputOptions(command, diff.common.output);
     addReport(command, diff.common);
     addFilter(command, diff.type, diff.ifcClass, diff.where);
+    addJobs(command, words);
     command.add_flag("--exit-code", diff.exitCode, "exit status 2 where there are differences");
     command
         .add_option("-o,--output", words.output, "write the updates or the page here; - or nothing: standard output")
@@ -292,7 +297,8 @@ void addDiff(CLI::App& app, Words& words) {
         "Examples:\n"
         "  modelhost diff before.ifc after.ifc\n"
         "  modelhost diff before.ifc after.ifc --type Door --format json\n"
-        "  modelhost diff before.ifc after.ifc --format updates -o changes.txt");
+        "  modelhost diff before.ifc after.ifc --format updates -o changes.txt\n"
+        "  modelhost diff monday friday -j 2");
 }
 
 void addScript(CLI::App& app, Words& words) {
@@ -410,17 +416,37 @@ ExportOptions finishExport(Words& words) {
     return std::move(options);
 }
 
-DiffOptions finishDiff(Words& words) {
+/// A folder beside a file means the file of that name in it.
+void completeByName(std::filesystem::path& place, const std::filesystem::path& file) {
+    std::error_code ignored;
+    if (!std::filesystem::is_directory(place, ignored)) return;
+    if (file == "-") throw Failure(fmt::format("standard input has no name to be found in {}", place.string()));
+    place /= file.filename();
+}
+
+Command finishDiff(Words& words) {
     DiffOptions& options = words.diff;
     if (options.a == "-" && options.b == "-")
         throw Failure("A and B cannot both be standard input; name a file for one of them");
     // Only a table is for a pager.
     options.common.format = options.format == DiffFormat::Table ? Format::Table : Format::Tsv;
-    if (words.output.empty() || words.output == "-") return std::move(options);
-    if (options.format != DiffFormat::Updates && options.format != DiffFormat::Html)
+    const bool toFile = !words.output.empty() && words.output != "-";
+    if (toFile && options.format != DiffFormat::Updates && options.format != DiffFormat::Html)
         throw Failure(fmt::format("-o {}: only --format updates and html are written to a file", words.output));
-    options.output = words.output;
-    return std::move(options);
+    if (toFile) options.output = words.output;
+    std::error_code ignored;
+    if (!std::filesystem::is_directory(options.a, ignored) || !std::filesystem::is_directory(options.b, ignored)) {
+        completeByName(options.a, options.b);
+        completeByName(options.b, options.a);
+        return std::move(options);
+    }
+    if (options.format == DiffFormat::Html)
+        throw Failure(
+            "--format html is a page on two files; for folders write --report FILE.html, a page on each pair");
+    ModelPairs pairs = findPairs(options.a, options.b);
+    options.onlyA = std::move(pairs.onlyA);
+    options.onlyB = std::move(pairs.onlyB);
+    return SeveralOptions{options.common, options, std::move(pairs.both), words.jobs, {}, {}};
 }
 
 /// What is said for one file cannot be said for several.

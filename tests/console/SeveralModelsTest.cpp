@@ -265,5 +265,94 @@ TEST_F(SeveralModels, AnInterruptEndsAllOfThem) {
     if (writing >= 0) ::close(writing);
 }
 
+/// The folder models with one more, and the folder newer with the models as updates.txt changes them.
+class DiffOfFolders : public SeveralModels {
+protected:
+    DiffOfFolders() {
+        testing_support::IfcText beam;
+        beam.element("IfcBeam", testing_support::guidText(12), "Beam-01");
+        write("models/c.ifc", beam.text());
+        updates({{WallGuid, "Name", "", "North wall"}, {SlabGuid, "Name", "", "Ground slab"}});
+        EXPECT_EQ(apply({"--out-dir", "newer"}).status, 0);
+        write("newer/c.ifc", beam.text());
+    }
+    Outcome diff(Fields more = {}) {
+        more.insert(more.begin(), {"diff", "models", "newer"});
+        return run(more);
+    }
+};
+
+TEST_F(DiffOfFolders, ComparesModelsByFileNameWithALineForEachInTheSummary) {
+    const Outcome outcome = diff();
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_THAT(outcome.out, testing::ContainsRegex("\na.ifc +0 +0 +1 +2 +different\n"));
+    EXPECT_THAT(outcome.out, testing::ContainsRegex("\nb.ifc +0 +0 +1 +0 +different\n"));
+    EXPECT_THAT(outcome.out, testing::ContainsRegex("\nc.ifc +0 +0 +0 +1 +the same\n$"));
+    EXPECT_THAT(outcome.out, HasSubstr("a.ifc:\nWhat "));
+    EXPECT_THAT(outcome.out, Not(HasSubstr("c.ifc:")));
+    EXPECT_EQ(diff({"-j", "2"}).out, outcome.out);
+}
+
+TEST_F(DiffOfFolders, IsAnArrayInJson) {
+    write("models/broken.ifc", "no model\n");
+    write("newer/broken.ifc", "no model\n");
+    write("models/old.ifc", house());
+    const Json documents = json({"diff", "models", "newer"}, 1);
+    ASSERT_THAT(documents, SizeIs(5));
+    EXPECT_EQ(documents[0], json({"diff", "models/a.ifc", "newer/a.ifc"}));
+    EXPECT_EQ(documents[2]["a"], (Json{{"path", "models/broken.ifc"}}));
+    EXPECT_EQ(documents[2]["b"], (Json{{"path", "newer/broken.ifc"}}));
+    EXPECT_THAT(documents[2]["error"].get<std::string>(), HasSubstr("it does not begin with ISO-10303-21"));
+    EXPECT_EQ(documents[4], (Json{{"a", {{"path", "models/old.ifc"}}}, {"b", nullptr}}));
+}
+
+TEST_F(DiffOfFolders, TellsWhichModelIsInOneOfThemAlone) {
+    std::filesystem::remove(folder_.path() / "newer/a.ifc");
+    std::filesystem::remove(folder_.path() / "models/b.ifc");
+    const Outcome outcome = diff({"--exit-code"});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_THAT(outcome.out, testing::ContainsRegex("\na.ifc +only in A\nb.ifc +only in B\n$"));
+    EXPECT_EQ(diff().status, 0);
+    std::filesystem::remove(folder_.path() / "newer/c.ifc");
+    expectError(diff(), {"no model in models has the file name of one in newer"});
+}
+
+TEST_F(DiffOfFolders, EndsWithTheWorstStatus) {
+    EXPECT_EQ(diff({"--exit-code"}).status, 2);
+    EXPECT_EQ(diff({"--exit-code", "--type", "Door"}).status, 0);
+    write("newer/b.ifc", "no model\n");
+    const Outcome outcome = diff({"--exit-code"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.out, testing::ContainsRegex("\nb.ifc +failed: newer/b.ifc: it does not begin"));
+    EXPECT_THAT(outcome.out, testing::ContainsRegex("\na.ifc .* different\n"));
+}
+
+TEST_F(DiffOfFolders, GivesOneUpdateFileForAll) {
+    EXPECT_EQ(diff({"--format", "updates", "-o", "changes.txt"}).status, 0);
+    const Outcome outcome = run({"import", "models", "changes.txt", "--apply", "--exact", "--out-dir", "again"});
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(run({"diff", "again", "newer", "--exit-code"}).status, 0);
+    expectError(diff({"--format", "updates", "-o", "newer/a.ifc"}), {"newer/a.ifc: that is one of the models"});
+}
+
+TEST_F(DiffOfFolders, GivesEachPairItsReportAndItsLines) {
+    EXPECT_EQ(diff({"--report", "page.json"}).status, 0);
+    EXPECT_THAT(bytes("page-a.json"), HasSubstr("North wall"));
+    EXPECT_THAT(bytes("page-b.json"), HasSubstr("Ground slab"));
+    const Outcome lines = diff({"--format", "tsv"});
+    EXPECT_THAT(lines.out, testing::StartsWith("Model\tWhat\tGUID\t"));
+    EXPECT_THAT(lines.out, HasSubstr("\na.ifc\tchanged\t" + WallGuid));
+    expectError(diff({"--format", "html"}), {"--format html is a page on two files", "--report FILE.html"});
+}
+
+TEST_F(DiffOfFolders, BesideAFileMeansItsNamesake) {
+    const Outcome outcome = run({"diff", "models/a.ifc", "newer"});
+    EXPECT_EQ(outcome.out, run({"diff", "models/a.ifc", "newer/a.ifc"}).out);
+    EXPECT_EQ(run({"diff", "models", "newer/a.ifc"}).out, outcome.out);
+    EXPECT_THAT(outcome.out, HasSubstr("North wall"));
+    expectError(modelhost().input(house()).run({"diff", "-", "newer"}), {"standard input has no name"});
+}
+
 }  // namespace
 }  // namespace console_tests

@@ -8,6 +8,7 @@
 #include "console/output/StandardOutput.hpp"
 #include "console/report/DiffPage.hpp"
 #include "console/report/ReportFile.hpp"
+#include "console/several/Share.hpp"
 
 #include <fmt/format.h>
 
@@ -33,10 +34,16 @@ std::vector<bool> chosenIn(const model::Model& model, const DiffOptions& options
     return chosen;
 }
 
-/// Checked before the work, so that no work is lost.
-void checkTarget(const DiffOptions& options) {
+void printUpdates(const Difference& difference, const std::optional<std::filesystem::path>& output) {
+    printWhole(updatesOf(difference), output);
+    for (const std::string& line : leftOutOf(difference)) say(line);
+}
+
+}  // namespace
+
+void checkDiffTarget(const DiffOptions& options, const std::vector<std::filesystem::path>& models) {
     if (!options.output) return;
-    for (const auto& path : {options.a, options.b}) {
+    for (const std::filesystem::path& path : models) {
         std::error_code ignored;
         if (std::filesystem::equivalent(*options.output, path, ignored)) {
             throw Failure(fmt::format("-o {}: that is one of the models, which would be lost; name another file",
@@ -46,22 +53,8 @@ void checkTarget(const DiffOptions& options) {
     OutputFile::checkPlace(*options.output);
 }
 
-void printWhole(const std::string& text, const std::optional<std::filesystem::path>& output) {
-    if (!output) return print(text);
-    OutputFile file(*output);
-    file.write(text);
-    file.commit();
-}
-
-void printUpdates(const Difference& difference, const std::optional<std::filesystem::path>& output) {
-    printWhole(updatesOf(difference), output);
-    for (const std::string& line : leftOutOf(difference)) say(line);
-}
-
-}  // namespace
-
 ExitStatus runDiff(const DiffOptions& options) {
-    checkTarget(options);
+    checkDiffTarget(options, {options.a, options.b});
     checkReportFile(options.common.report, {options.a, options.b, options.output.value_or("")});
     const auto a = open(options.a), b = open(options.b);
     const auto comparison = valueOrThrow(comparing::compare(*a, *b, {chosenIn(*a, options), chosenIn(*b, options)}));
@@ -84,6 +77,7 @@ ExitStatus runDiff(const DiffOptions& options) {
             break;
     }
     if (options.common.report) writeReportFile(pageOf(difference), *options.common.report);
+    if (options.common.share != nullptr) options.common.share->facts["summary"] = summaryOf(difference);
     return options.exitCode && difference.any() ? ExitStatus::Different : ExitStatus::Done;
 }
 

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace console {
 
@@ -15,7 +16,8 @@ enum class DiffFormat : std::uint8_t { Table, Tsv, Json, Html, Updates };
 
 struct DiffOptions {
     CommonOptions common;
-    std::filesystem::path a, b;
+    std::filesystem::path a, b;                       ///< Files.
+    std::vector<std::filesystem::path> onlyA, onlyB;  ///< Of folders, the models without a namesake in the other one.
     DiffFormat format = DiffFormat::Table;
     std::optional<std::filesystem::path> output;  ///< Of Html and Updates; nothing: standard output.
     std::string type;                             ///< Display name, "Wall"; empty: any.
@@ -25,5 +27,8 @@ struct DiffOptions {
 };
 
 ExitStatus runDiff(const DiffOptions& options);
+
+/// Before the work: that the place of `output` can be written, and is none of the models. Throws Failure.
+void checkDiffTarget(const DiffOptions& options, const std::vector<std::filesystem::path>& models);
 
 }  // namespace console

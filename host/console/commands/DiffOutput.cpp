@@ -4,7 +4,8 @@
 #include "comparing/LeftOut.hpp"
 #include "console/ModelSession.hpp"
 #include "console/output/HostText.hpp"
-#include "console/output/Json.hpp"
+#include "console/output/OutputFile.hpp"
+#include "console/output/StandardOutput.hpp"
 #include "console/output/Table.hpp"
 #include "console/output/TerminalText.hpp"
 #include "text/Guid.hpp"
@@ -150,12 +151,17 @@ void printAsJson(const Difference& difference) {
                     [&](std::size_t i) { return asJson(subjectOf(difference.a.model, found.removed[i])); });
     document.member("changed", found.changed.size(),
                     [&](std::size_t i) { return asJson(difference, found.changed[i]); });
-    document.member("summary", JsonValue{{"added", found.added.size()},
-                                         {"removed", found.removed.size()},
-                                         {"changed", found.changed.size()},
-                                         {"same", found.same},
-                                         {"notWritable", found.notWritable}});
+    document.member("summary", summaryOf(difference));
     document.finish();
+}
+
+JsonValue summaryOf(const Difference& difference) {
+    const comparing::Comparison& found = difference.found;
+    return {{"added", found.added.size()},
+            {"removed", found.removed.size()},
+            {"changed", found.changed.size()},
+            {"same", found.same},
+            {"notWritable", found.notWritable}};
 }
 
 std::string updatesOf(const Difference& difference) {
@@ -186,6 +192,13 @@ std::vector<std::string> leftOutOf(const Difference& difference) {
         lines.push_back(line + ")");
     }
     return lines;
+}
+
+void printWhole(const std::string& text, const std::optional<std::filesystem::path>& output) {
+    if (!output) return print(text);
+    OutputFile file(*output);
+    file.write(text);
+    file.commit();
 }
 
 }  // namespace console

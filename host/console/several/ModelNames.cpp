@@ -76,4 +76,17 @@ ModelNames findModels(const std::vector<std::string>& names) {
     return result;
 }
 
+ModelPairs findPairs(const fs::path& a, const fs::path& b) {
+    ModelPairs pairs;
+    std::set<fs::path> names;
+    for (const fs::path& path : inFolder(b)) names.insert(path.filename());
+    for (const fs::path& path : inFolder(a))
+        (names.erase(path.filename()) > 0 ? pairs.both : pairs.onlyA).push_back(path);
+    for (const fs::path& name : names) pairs.onlyB.push_back(b / name);
+    if (pairs.both.empty())
+        throw Failure(fmt::format("no model in {} has the file name of one in {}, so there is nothing to compare",
+                                  a.string(), b.string()));
+    return pairs;
+}
+
 }  // namespace console

@@ -16,4 +16,13 @@ struct ModelNames {
 /// wildcard. Throws Failure where a folder or a wildcard gives no model, and for standard input among others.
 ModelNames findModels(const std::vector<std::string>& names);
 
+/// The models of two folders, by file name.
+struct ModelPairs {
+    std::vector<std::filesystem::path> both;  ///< Those of the first folder whose namesakes are in the second.
+    std::vector<std::filesystem::path> onlyA, onlyB;
+};
+
+/// Throws Failure where a folder holds no model, and where there is no pair.
+ModelPairs findPairs(const std::filesystem::path& a, const std::filesystem::path& b);
+
 }  // namespace console

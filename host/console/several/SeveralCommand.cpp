@@ -1,6 +1,7 @@
 #include "console/several/SeveralCommand.hpp"
 
 #include "console/StandardInput.hpp"
+#include "console/commands/DiffOutput.hpp"
 #include "console/commands/Nothing.hpp"
 #include "console/output/HostText.hpp"
 #include "console/output/Messages.hpp"
@@ -70,24 +71,49 @@ fs::path reportOf(const fs::path& named, const fs::path& model) {
     return named.parent_path() / (named.stem().native() + "-" + model.stem().native() + named.extension().native());
 }
 
+JsonValue pathAsJson(const fs::path& path) {
+    return {{"path", wellFormed(path.string())}};
+}
+
 /// A JSON array; what failed is told in place of a document.
 class JsonArray {
 public:
-    void add(const fs::path& model, const ChildResult& result) {
-        print(first_ ? "[" : ",\n ");
-        first_ = false;
+    void add(const fs::path& model, const ChildResult& result) { add(result, {{"model", pathAsJson(model)}}); }
+    /// @param failed  what its document would be about.
+    void add(const ChildResult& result, JsonValue failed) {
         std::string document = result.out;
         while (!document.empty() && document.back() == '\n') document.pop_back();
-        if (!document.empty()) return print(document);
-        JsonValue failed;
-        failed["model"] = {{"path", wellFormed(model.string())}};
+        if (!document.empty()) return add(document);
         failed["error"] = wellFormed(lastMessage(result.err));
-        print(compact(failed));
+        add(compact(failed));
+    }
+    void add(const std::string& document) {
+        print(first_ ? "[" : ",\n ");
+        first_ = false;
+        print(document);
     }
     void finish() const { print(first_ ? "[]\n" : "]\n"); }
 
 private:
     bool first_ = true;
+};
+
+/// The lines of several models below one header, behind the model's name.
+class TsvLines {
+public:
+    void print(const std::string& model, const std::string& tsv) {
+        std::istringstream lines(tsv);
+        const std::string name = escaped(wellFormed(model), Terminal::standardOutput());
+        bool header = true;
+        for (std::string line; std::getline(lines, line); header = false) {
+            if (!header) console::print(fmt::format("{}\t{}\n", name, line));
+            if (header && !headerPrinted_) console::print(fmt::format("Model\t{}\n", line));
+            headerPrinted_ = true;
+        }
+    }
+
+private:
+    bool headerPrinted_ = false;
 };
 
 /// Rows of several models in one table, behind the model's name.
@@ -279,7 +305,7 @@ public:
                 array_.add(model, result);
                 break;
             case Format::Tsv:
-                printRows(model, result.out);
+                tsv_.print(model.string(), result.out);
                 break;
             case Format::Table:
                 print(fmt::format("{}:\n{}\n", visible(model.string()), result.out));
@@ -296,17 +322,6 @@ public:
     }
 
 private:
-    void printRows(const fs::path& model, const std::string& tsv) {
-        std::istringstream lines(tsv);
-        const std::string name = escaped(wellFormed(model.string()), Terminal::standardOutput());
-        bool header = true;
-        for (std::string line; std::getline(lines, line); header = false) {
-            if (!header) print(fmt::format("{}\t{}\n", name, line));
-            if (header && !headerPrinted_) print(fmt::format("Model\t{}\n", line));
-            headerPrinted_ = true;
-        }
-    }
-
     void note(const JsonValue& facts) {
         std::set<std::uint64_t> unknown;
         for (const JsonValue& line : facts["unknown"]) unknown.insert(line.get<std::uint64_t>());
@@ -352,10 +367,81 @@ private:
     ImportOptions options_;
     std::optional<fs::path> folder_;
     Table summary_;
-    bool headerPrinted_ = false;
+    TsvLines tsv_;
     std::optional<std::set<std::uint64_t>> nobodys_;  ///< Lines whose element no model so far has.
     std::uint64_t lines_ = 0;
     std::uint64_t rows_ = 0;
+    JsonArray array_;
+};
+
+/// Two folders, each model with its namesake.
+class Diffs : public Joining {
+public:
+    explicit Diffs(DiffOptions options)
+        : options_(std::move(options)), summary_({"Model", "Added", "Removed", "Changed", "Same", "Result"}) {}
+
+    ExitStatus work(const fs::path& model, Share& share) const override {
+        DiffOptions options = options_;
+        options.common.share = &share;
+        options.a = model;
+        options.b = namesakeOf(model);
+        options.output.reset();
+        if (options.common.report) options.common.report = reportOf(*options.common.report, model);
+        return runDiff(options);
+    }
+
+    void take(const fs::path& model, ChildResult result) override {
+        const std::string name = model.filename().string();
+        const JsonValue summary = result.facts.value("summary", JsonValue::object());
+        std::uint64_t differences = 0;
+        Table::Row row{{wellFormed(name)}};
+        for (const char* member : {"added", "removed", "changed", "same"}) row.push_back({counted(summary, member)});
+        for (const char* member : {"added", "removed", "changed"})
+            differences += summary.value(member, std::uint64_t{0});
+        row.push_back({summary.empty()    ? "failed: " + lastMessage(result.err)
+                       : differences == 0 ? "the same"
+                                          : "different",
+                       summary.empty() ? Style::Red : Style::Plain});
+        summary_.add(std::move(row));
+        if (options_.format == DiffFormat::Json) {
+            array_.add(result, {{"a", pathAsJson(model)}, {"b", pathAsJson(namesakeOf(model))}});
+        } else if (options_.format == DiffFormat::Tsv) {
+            tsv_.print(name, result.out);
+        } else if (options_.format == DiffFormat::Updates) {
+            updates_ += result.out;
+        } else if (differences > 0) {
+            print(fmt::format("{}:\n{}\n", visible(name), result.out));
+        }
+    }
+
+    ExitStatus finish() override {
+        for (const fs::path& model : options_.onlyA) addUnpaired(model, "only in A");
+        for (const fs::path& model : options_.onlyB) addUnpaired(model, "only in B");
+        if (options_.format == DiffFormat::Json) array_.finish();
+        if (options_.format == DiffFormat::Updates) printWhole(updates_, options_.output);
+        if (options_.format == DiffFormat::Table) summary_.layOut(Terminal::standardOutput(), print);
+        const bool unpaired = !options_.onlyA.empty() || !options_.onlyB.empty();
+        return options_.exitCode && unpaired ? ExitStatus::Different : ExitStatus::Done;
+    }
+
+private:
+    fs::path namesakeOf(const fs::path& model) const { return options_.b / model.filename(); }
+
+    void addUnpaired(const fs::path& model, const char* where) {
+        summary_.add({{wellFormed(model.filename().string())}, {""}, {""}, {""}, {""}, {where}});
+        if (options_.format == DiffFormat::Json) {
+            const bool inA = std::string_view(where).ends_with('A');
+            array_.add(
+                compact({{"a", inA ? pathAsJson(model) : JsonValue()}, {"b", inA ? JsonValue() : pathAsJson(model)}}));
+        } else if (options_.format != DiffFormat::Table) {
+            say(fmt::format("{} is {}", model.string(), where));
+        }
+    }
+
+    DiffOptions options_;
+    Table summary_;
+    TsvLines tsv_;
+    std::string updates_;
     JsonArray array_;
 };
 
@@ -368,6 +454,12 @@ struct Joiner {
     std::unique_ptr<Joining> operator()(const ListOptions& options) const { return std::make_unique<Lists>(options); }
     std::unique_ptr<Joining> operator()(const ItemsOptions& options) const {
         return std::make_unique<ItemLists>(options);
+    }
+    std::unique_ptr<Joining> operator()(const DiffOptions& options) const {
+        std::vector<fs::path> models = all.models;
+        for (const fs::path& model : all.models) models.push_back(options.b / model.filename());
+        checkDiffTarget(options, models);
+        return std::make_unique<Diffs>(options);
     }
     std::unique_ptr<Joining> operator()(const ExportOptions& options) const {
         if (!all.outDir) checkExport(options);

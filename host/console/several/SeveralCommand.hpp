@@ -1,6 +1,7 @@
 #pragma once
 // A command on several models: each as if alone, then one result for all.
 
+#include "console/commands/DiffCommand.hpp"
 #include "console/commands/ExportCommand.hpp"
 #include "console/commands/ImportCommand.hpp"
 #include "console/commands/ItemsCommand.hpp"
@@ -16,7 +17,8 @@ namespace console {
 
 struct SeveralOptions {
     CommonOptions common;
-    std::variant<ImportOptions, ListOptions, ItemsOptions, ExportOptions> one;  ///< Without a model.
+    /// Without a model; of a diff, `b` is the folder of the models that those below are compared with.
+    std::variant<ImportOptions, ListOptions, ItemsOptions, ExportOptions, DiffOptions> one;
     std::vector<std::filesystem::path> models;
     unsigned jobs = 1;                            ///< 0: as many as the machine has cores.
     std::optional<std::filesystem::path> outDir;  ///< Where each model's file goes, under the model's name.
