@@ -107,6 +107,15 @@ TEST_F(Diff, ListsAddedAndRemovedElements) {
               "modelhost: 2 removed elements left out: an update file removes no elements\n");
 }
 
+TEST_F(Diff, LeavesBlankOnATerminalWhatTheLineAboveSays) {
+    change({{WallGuid, "Name", "", "Wall-02"}, {WallGuid, "FireRating[WallCommon]", "", "F 120"}});
+    const Outcome fitted = modelhost().with("COLUMNS", "80").run({"diff", "house.ifc", "other.ifc"});
+    EXPECT_THAT(fitted.out, testing::ContainsRegex("\nchanged +Wall-01 +Wall +C0FFEE.+ Name +Wall-01 +Wall-02\n"
+                                                   " +FireRating.* +F 90 +F 120\n"));
+    const Outcome whole = run({"diff", "house.ifc", "other.ifc"});
+    EXPECT_THAT(whole.out, testing::ContainsRegex("\nchanged +Wall-01 +Wall +" + WallGuid + " +FireRating"));
+}
+
 TEST_F(Diff, PrintsALineAChangeForOtherPrograms) {
     change({{WallGuid, "FireRating[WallCommon]", "", "F\\t120"}});
     EXPECT_EQ(

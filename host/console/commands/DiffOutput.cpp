@@ -102,7 +102,10 @@ JsonValue asJson(const Difference& difference, const ChangedElement& changed) {
 
 void printAsTable(const Difference& difference) {
     Table table({"What", "Element", "Type", "GUID", "Item", "Old", "New"});
-    table.yield(3, Yield::First);
+    constexpr std::size_t What = 0, Name = 1, Type = 2, GuidPlace = 3;
+    table.yield(GuidPlace, Yield::First);
+    // Two elements may have one name: the GUID tells whether a row goes on with the element above.
+    table.blankRepeats({GuidPlace, Name, Type, What});
     bool any = false;
     forEachLine(difference, [&](const char* what, const Subject& subject, const Change* change) {
         any = true;
