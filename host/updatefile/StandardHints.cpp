@@ -18,6 +18,8 @@ namespace updatefile {
 
 namespace {
 
+using model::ifc::Attribute;
+using model::ifc::BaseType;
 using model::ifc::Entity;
 using model::ifc::NearestName;
 using model::ifc::StandardSet;
@@ -121,11 +123,24 @@ private:
         return fmt::format("{}: write {}", what, written(meant_.name, better));
     }
 
+    /// Of those that an update can set.
+    std::string_view nearestAttribute() const {
+        NearestName nearest(meant_.name);
+        for (const Attribute& attribute : item_.ifcClass->attributes()) {
+            const bool holdsText = attribute.base != BaseType::Reference && attribute.base != BaseType::Select &&
+                                   attribute.base != BaseType::Aggregate && attribute.base != BaseType::Binary;
+            if (holdsText && !attribute.derived && attribute.name != "GlobalId") nearest.offer(attribute.name);
+        }
+        return nearest.found();
+    }
+
     std::string onBareName() const {
         std::string_view name = meant_.name;
         std::string set = setFor(name);
         if (!set.empty())
             return fmt::format("is the standard's for {}: write {}", item_.ifcClass->name(), written(name, set));
+        if (const std::string_view attribute = nearestAttribute(); !attribute.empty())
+            return fmt::format("is nearly the attribute {0}: write {0}", attribute);
         name = sets_.nearestProperty(name, *item_.ifcClass);
         if (name.empty()) return {};
         set = setFor(name);

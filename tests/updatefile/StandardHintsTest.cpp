@@ -57,6 +57,9 @@ INSTANTIATE_TEST_SUITE_P(
         Advice{"Colour[WallCommon]", "IfcDoor",
                "Colour[WallCommon] would go into Pset_WallCommon, which the standard has for other classes than "
                "IfcDoor: write a set of your own, as in Colour[Custom]"},
+        Advice{"Nmae", "IfcDoor", "Nmae is nearly the attribute Name: write Name"},
+        Advice{"overall width", "IfcDoor", "overall width is nearly the attribute OverallWidth: write OverallWidth"},
+        Advice{"GlobalID", "IfcDoor", ""}, Advice{"OwnerHistroy", "IfcDoor", ""},
         Advice{"FireRating", "IfcDoor", "FireRating is the standard's for IfcDoor: write FireRating[DoorCommon]"},
         Advice{"fire rating", "IfcDoor",
                "fire rating is nearly the standard's FireRating for IfcDoor: write FireRating[DoorCommon]"},
