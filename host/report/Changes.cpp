@@ -48,10 +48,10 @@ void addChanges(const comparing::Comparison& comparison, const model::Model& a, 
         report.subjects.push_back(subjectOf(a, element));
         report.subjects.back().remark = "removed";
     }
-    report.sums.push_back({"elements changed", comparison.changed.size(), Tone::Good});
-    report.sums.push_back({"elements added", comparison.added.size(), Tone::Good});
-    report.sums.push_back({"elements removed", comparison.removed.size(), Tone::Note});
-    report.sums.push_back({"elements the same", comparison.same, Tone::Plain});
+    report.sums.push_back({"elements changed", comparison.changed.size(), Tone::Good, "element changed"});
+    report.sums.push_back({"elements added", comparison.added.size(), Tone::Good, "element added"});
+    report.sums.push_back({"elements removed", comparison.removed.size(), Tone::Note, "element removed"});
+    report.sums.push_back({"elements the same", comparison.same, Tone::Plain, "element the same"});
     arrange(report.subjects);
     report.plans = plansOf(report, b, &a);
 }

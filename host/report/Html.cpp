@@ -105,7 +105,7 @@ void Page::sums() {
     for (const Sum& sum : report_.sums) {
         page_ +=
             fmt::format("<li class=\"{}\"><b>{}</b> <span>", sum.count == 0 ? "plain" : nameOf(sum.tone), sum.count);
-        appendText(sum.label, page_);
+        appendText(sum.count == 1 && !sum.one.empty() ? sum.one : sum.label, page_);
         page_ += "</span></li>\n";
     }
     page_ += "</ul>\n";

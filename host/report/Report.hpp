@@ -64,6 +64,7 @@ struct Sum {
     std::string label;
     std::uint64_t count = 0;
     Tone tone = Tone::Plain;
+    std::string one = {};  ///< What a page writes behind a count of 1; empty: the label.
 };
 
 struct Report {

@@ -55,6 +55,8 @@ class Reports(unittest.TestCase):
         self.assertIn("&quot;CEILING&quot; is no item of IfcSlabTypeEnum", html)
         self.assertNotIn("APIERR", html)
         self.assertIn("<b>9</b> <span>changed as asked", html)
+        self.assertIn("<b>7</b> <span>elements concerned", html)
+        self.assertIn("<b>1</b> <span>line without a row", html)
         self.assertIn("<dd>b.ifc</dd>", html.replace(str(self.folder) + "/", ""))
 
     def test_a_dry_run_says_what_would_be(self):

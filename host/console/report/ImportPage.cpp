@@ -187,14 +187,14 @@ void ImportPage::addSums() {
     std::map<Tone, std::uint64_t> rows;
     for (const report::Subject& subject : page_.subjects)
         for (const Row& row : subject.rows) ++rows[row.tone];
-    page_.sums = {{"updates in the list", import_.rows().size(), Tone::Plain},
-                  {"elements concerned", page_.subjects.size(), Tone::Plain},
+    page_.sums = {{"updates in the list", import_.rows().size(), Tone::Plain, "update in the list"},
+                  {"elements concerned", page_.subjects.size(), Tone::Plain, "element concerned"},
                   {import_.result ? "changed as asked" : "would be changed as asked", rows[Tone::Good], Tone::Good},
                   {"to be looked at", rows[Tone::Note], Tone::Note},
                   {"refused", rows[Tone::Bad], Tone::Bad},
                   {"not ticked", notTicked_, Tone::Plain},
                   {"the same already", unchanged_, Tone::Plain},
-                  {"lines without a row", import_.summary.linesWithoutRow, Tone::Note}};
+                  {"lines without a row", import_.summary.linesWithoutRow, Tone::Note, "line without a row"}};
 }
 
 void ImportPage::addNotes() {
