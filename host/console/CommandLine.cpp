@@ -1,6 +1,7 @@
 #include "console/CommandLine.hpp"
 
 #include "console/Failure.hpp"
+#include "console/commands/ElementFilter.hpp"
 #include "console/help/Completion.hpp"
 #include "console/help/HelpText.hpp"
 #include "console/help/ManPage.hpp"
@@ -421,6 +422,8 @@ void completeByName(std::filesystem::path& place, const std::filesystem::path& f
     std::error_code ignored;
     if (!std::filesystem::is_directory(place, ignored)) return;
     if (file == "-") throw Failure(fmt::format("standard input has no name to be found in {}", place.string()));
+    if (!std::filesystem::exists(file, ignored))
+        throw Failure(fmt::format("{}: there is no such file or folder; check the name", file.string()));
     place /= file.filename();
 }
 
@@ -484,6 +487,9 @@ Command onModels(Options options, Words& words) {
 
 Command finish(const CLI::App& app, Words& words) {
     const std::string& name = app.get_subcommands().front()->get_name();
+    // Of all models alike: said once, before any is opened.
+    for (const std::string& type : {words.list.type, words.itemsOf.type, words.exporting.type, words.diff.type})
+        if (!type.empty()) checkType(type);
     if (name == "import") return onModels(finishImport(words), words);
     if (name == "lookup") return std::move(words.lookup);
     if (name == "list") return onModels(std::move(words.list), words);

@@ -107,6 +107,18 @@ TEST_F(Diff, ListsAddedAndRemovedElements) {
               "modelhost: 2 removed elements left out: an update file removes no elements\n");
 }
 
+TEST_F(Diff, SaysThatNothingIsChosenAndWhatWasMeant) {
+    change({{WallGuid, "Name", "", "Wall-02"}});
+    const Outcome none = run({"diff", "house.ifc", "other.ifc", "--class", "IfcRamp"});
+    EXPECT_EQ(none.status, 0);
+    EXPECT_EQ(none.out, "0 elements added, 0 removed, 0 changed, 0 the same.\n");
+    EXPECT_THAT(none.err, HasSubstr("no element of house.ifc or other.ifc is chosen"));
+    EXPECT_EQ(run({"diff", "house.ifc", "other.ifc", "--where", "Nmae=x"}).err,
+              "modelhost: --where: no element has an item Nmae; nearest: Name\n");
+    expectError(run({"diff", "house.ifc", "other.ifc", "--type", "Dor"}),
+                {"there is no such type; did you mean Door?"});
+}
+
 TEST_F(Diff, LeavesBlankOnATerminalWhatTheLineAboveSays) {
     change({{WallGuid, "Name", "", "Wall-02"}, {WallGuid, "FireRating[WallCommon]", "", "F 120"}});
     const Outcome fitted = modelhost().with("COLUMNS", "80").run({"diff", "house.ifc", "other.ifc"});

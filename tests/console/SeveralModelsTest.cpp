@@ -102,6 +102,13 @@ TEST_F(SeveralModels, OneThatFailsDoesNotStopTheOthers) {
     EXPECT_THAT(documents[1]["error"].get<std::string>(), HasSubstr("it does not begin with ISO-10303-21"));
 }
 
+TEST_F(SeveralModels, AnUnknownTypeIsSaidOnce) {
+    for (const char* command : {"list", "items"})
+        expectError(run({command, "models", "--type", "Dor"}), {"--type Dor", "did you mean Door?"});
+    expectError(run({"export", "models", "--items", "Name", "--type", "Dor"}), {"--type Dor"});
+    expectError(run({"diff", "models", "models", "--type", "Dor"}), {"--type Dor"});
+}
+
 TEST_F(SeveralModels, OneWhoseAddOnCrashesDoesNotStopTheOthers) {
     const std::string crashing = testing_support::galleryAddOn("CrashesInApply.bundle").string();
     const Outcome outcome = apply({"--out-dir", "out", "--addon", crashing});
@@ -344,6 +351,11 @@ TEST_F(DiffOfFolders, GivesEachPairItsReportAndItsLines) {
     EXPECT_THAT(lines.out, testing::StartsWith("Model\tWhat\tGUID\t"));
     EXPECT_THAT(lines.out, HasSubstr("\na.ifc\tchanged\t" + WallGuid));
     expectError(diff({"--format", "html"}), {"--format html is a page on two files", "--report FILE.html"});
+}
+
+TEST_F(DiffOfFolders, WithOneThatIsNotThereSaysSo) {
+    expectError(run({"diff", "models", "nowhere"}), {"nowhere: there is no such file or folder"});
+    expectError(run({"diff", "nowhere", "models"}), {"nowhere: there is no such file or folder"});
 }
 
 TEST_F(DiffOfFolders, BesideAFileMeansItsNamesake) {

@@ -3,6 +3,7 @@
 #include "console/StandardInput.hpp"
 #include "console/commands/DiffOutput.hpp"
 #include "console/commands/ElementFilter.hpp"
+#include "console/commands/Nothing.hpp"
 #include "console/output/Messages.hpp"
 #include "console/output/OutputFile.hpp"
 #include "console/output/StandardOutput.hpp"
@@ -11,6 +12,8 @@
 #include "console/several/Share.hpp"
 
 #include <fmt/format.h>
+
+#include <algorithm>
 
 namespace console {
 namespace {
@@ -25,9 +28,13 @@ std::unique_ptr<model::Model> open(const std::filesystem::path& path) {
     return model;
 }
 
+bool choosesAll(const DiffOptions& options) {
+    return options.type.empty() && options.ifcClass.empty() && options.where.empty();
+}
+
 /// By element, whether the options choose it; empty where they choose all.
 std::vector<bool> chosenIn(const model::Model& model, const DiffOptions& options) {
-    if (options.type.empty() && options.ifcClass.empty() && options.where.empty()) return {};
+    if (choosesAll(options)) return {};
     std::vector<bool> chosen(model.elementCount());
     for (const model::Element element : ElementFilter(model, options.type, options.ifcClass, options.where).elements())
         chosen[element] = true;
@@ -57,7 +64,14 @@ ExitStatus runDiff(const DiffOptions& options) {
     checkDiffTarget(options, {options.a, options.b});
     checkReportFile(options.common.report, {options.a, options.b, options.output.value_or("")});
     const auto a = open(options.a), b = open(options.b);
-    const auto comparison = valueOrThrow(comparing::compare(*a, *b, {chosenIn(*a, options), chosenIn(*b, options)}));
+    const comparing::Chosen chosen{chosenIn(*a, options), chosenIn(*b, options)};
+    const auto none = [](const std::vector<bool>& each) {
+        return std::find(each.begin(), each.end(), true) == each.end();
+    };
+    // Of several models, not each has what is looked for.
+    if (!choosesAll(options) && none(chosen.a) && none(chosen.b) && options.common.share == nullptr)
+        sayNothingChosen({*a, *b}, fmt::format("{} or {}", options.a.string(), options.b.string()), options.where);
+    const auto comparison = valueOrThrow(comparing::compare(*a, *b, chosen));
     const Difference difference{{*a, options.a}, {*b, options.b}, comparison};
     switch (options.format) {
         case DiffFormat::Table:

@@ -15,17 +15,6 @@
 namespace console {
 namespace {
 
-void checkType(const std::string& type) {
-    const std::vector<std::string_view> names = model::ifc::elementTypeNames();
-    const bool known = std::any_of(names.begin(), names.end(),
-                                   [&type](std::string_view name) { return equalIgnoringCase(name, type); });
-    if (known) return;
-    const std::string meant = nearest(type, std::vector<std::string>(names.begin(), names.end()));
-    throw Failure(fmt::format("--type {}: there is no such type; {}write one of {}", type,
-                              meant.empty() ? "" : fmt::format("did you mean {}? Else ", meant),
-                              fmt::join(names, ", ")));
-}
-
 std::string nearestClass(const model::Model& model, const std::string& name) {
     std::vector<std::string> classes;
     if (const auto version = model::ifc::Schema::versionOf(model.schemaName()))
@@ -47,6 +36,17 @@ std::vector<model::Element> all(const model::Model& model) {
 }
 
 }  // namespace
+
+void checkType(const std::string& type) {
+    const std::vector<std::string_view> names = model::ifc::elementTypeNames();
+    const bool known = std::any_of(names.begin(), names.end(),
+                                   [&type](std::string_view name) { return equalIgnoringCase(name, type); });
+    if (known) return;
+    const std::string meant = nearest(type, std::vector<std::string>(names.begin(), names.end()));
+    throw Failure(fmt::format("--type {}: there is no such type; {}write one of {}", type,
+                              meant.empty() ? "" : fmt::format("did you mean {}? Else ", meant),
+                              fmt::join(names, ", ")));
+}
 
 ElementFilter::ElementFilter(const model::Model& model, std::string type, const std::string& ifcClass,
                              const std::string& where)

@@ -9,12 +9,15 @@
 
 namespace console {
 
+/// Throws Failure for the name of a type that the host does not know.
+void checkType(const std::string& type);
+
 class ElementFilter {
 public:
     /// @param type      display name in any case, empty: any.
     /// @param ifcClass  in any case, itself or a class below it; empty: any.
     /// @param where     a selection, see selection/Selection.hpp; empty: any.
-    /// Throws Failure for a type that the host does not know, a class that the model's schema does not have, and a
+    /// Throws Failure as checkType, for a class that the model's schema does not have, and a
     /// mistake in the selection.
     ElementFilter(const model::Model& model, std::string type, const std::string& ifcClass, const std::string& where);
 

@@ -20,10 +20,13 @@ bool isItem(const std::string& name, const std::vector<std::string>& items) {
 }
 
 /// Of items that are there, one that no element chosen has is what was asked about.
-bool saidOfItems(const model::Model& model, const std::string& where) {
+bool saidOfItems(const Models& models, const std::string& where) {
     const std::vector<std::string> names = selection::itemsNamed(where);
     if (names.empty()) return false;
-    const std::vector<std::string> items = itemsOf(model);
+    std::vector<std::string> items;
+    for (const model::Model& model : models) {
+        for (std::string& item : itemsOf(model)) items.push_back(std::move(item));
+    }
     bool said = false;
     for (const std::string& name : names) {
         if (isItem(name, items)) continue;
@@ -49,11 +52,16 @@ std::string noSuchItem(const std::string& item, const std::string& nearest) {
     return nearest.empty() ? text + "; 'modelhost items' prints those there are" : text + "; nearest: " + nearest;
 }
 
-void sayNothingChosen(ModelSession& session, const std::string& where) {
-    const std::string name = session.shownName();
-    if (session.model().elementCount() == 0) return say(name + " has no elements");
-    if (!saidOfItems(session.model(), where))
+void sayNothingChosen(const Models& models, const std::string& name, const std::string& where) {
+    const bool empty =
+        std::all_of(models.begin(), models.end(), [](const model::Model& model) { return model.elementCount() == 0; });
+    if (empty) return say(name + " has no elements");
+    if (!saidOfItems(models, where))
         say(fmt::format("no element of {} is chosen; 'modelhost list' without a filter prints those there are", name));
+}
+
+void sayNothingChosen(ModelSession& session, const std::string& where) {
+    sayNothingChosen({session.model()}, session.shownName(), where);
 }
 
 }  // namespace console

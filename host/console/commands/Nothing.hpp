@@ -4,12 +4,16 @@
 #include "console/Failure.hpp"
 #include "console/ModelSession.hpp"
 
+#include <functional>
 #include <string>
 #include <vector>
 
 namespace console {
 
-/// No element is chosen: the model has none, or a selection names an item that nobody has, or there is just none such.
+using Models = std::vector<std::reference_wrapper<const model::Model>>;
+
+/// No element is chosen: the models have none, or a selection names an item that nobody has, or there is none such.
+void sayNothingChosen(const Models& models, const std::string& name, const std::string& where);
 void sayNothingChosen(ModelSession& session, const std::string& where);
 
 /// "no element has an item Nmae; nearest: Name"
