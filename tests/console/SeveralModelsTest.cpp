@@ -102,6 +102,23 @@ TEST_F(SeveralModels, OneThatFailsDoesNotStopTheOthers) {
     EXPECT_THAT(documents[1]["error"].get<std::string>(), HasSubstr("it does not begin with ISO-10303-21"));
 }
 
+TEST_F(SeveralModels, ThatNothingIsChosenIsSaidOnceAndOnlyWhereNoModelHasIt) {
+    constexpr const char* Nothing =
+        "modelhost: no element of any of the models is chosen; 'modelhost list' without a filter prints those there "
+        "are\n";
+    for (const char* command : {"list", "items"}) {
+        EXPECT_EQ(run({command, "models", "--type", "Beam"}).err, Nothing) << command;
+        EXPECT_EQ(run({command, "models", "--type", "Slab"}).err, "") << command;
+    }
+    EXPECT_EQ(run({"diff", "models", "models", "--type", "Beam"}).err, Nothing);
+    EXPECT_EQ(run({"diff", "models", "models", "--type", "Slab"}).err, "");
+    EXPECT_EQ(run({"list", "models", "--where", "Nmae=x"}).err,
+              "modelhost: --where: no element has an item Nmae; nearest: Name\n");
+    EXPECT_EQ(run({"list", "models", "--where", "FireRating=x"}).err, Nothing);
+    addBrokenModel();
+    EXPECT_THAT(run({"list", "models", "--type", "Beam"}).err, HasSubstr(Nothing));
+}
+
 TEST_F(SeveralModels, AnUnknownTypeIsSaidOnce) {
     for (const char* command : {"list", "items"})
         expectError(run({command, "models", "--type", "Dor"}), {"--type Dor", "did you mean Door?"});

@@ -68,9 +68,10 @@ ExitStatus runDiff(const DiffOptions& options) {
     const auto none = [](const std::vector<bool>& each) {
         return std::find(each.begin(), each.end(), true) == each.end();
     };
-    // Of several models, not each has what is looked for.
-    if (!choosesAll(options) && none(chosen.a) && none(chosen.b) && options.common.share == nullptr)
-        sayNothingChosen({*a, *b}, fmt::format("{} or {}", options.a.string(), options.b.string()), options.where);
+    if (!choosesAll(options) && none(chosen.a) && none(chosen.b)) {
+        sayNothingChosen({*a, *b}, fmt::format("{} or {}", options.a.string(), options.b.string()), options.where,
+                         options.common.share);
+    }
     const auto comparison = valueOrThrow(comparing::compare(*a, *b, chosen));
     const Difference difference{{*a, options.a}, {*b, options.b}, comparison};
     switch (options.format) {

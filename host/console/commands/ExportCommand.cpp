@@ -340,7 +340,7 @@ ExitStatus runExport(const ExportOptions& options) {
     ModelSession session(options.common, options.model, Access::Reading);
     const model::Model& model = session.model();
     const Elements elements = ElementFilter(session.model(), options.type, options.ifcClass, options.where).elements();
-    if (elements.empty()) sayNothingChosen(session, options.where);
+    if (elements.empty()) sayNothingChosen(session, options.where, options.common.share);
     if (layoutOf(options) == ExportLayout::Grid) return exportGrid(model, elements, options);
     if (tableFormat(options)) return exportLongTable(model, elements, options);
     return exportLines(model, elements, options);

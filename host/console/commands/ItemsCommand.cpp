@@ -165,7 +165,7 @@ ExitStatus runItems(const ItemsOptions& options) {
             printAsJson(records);
             break;
     }
-    if (records.empty()) sayNothingChosen(session, options.where);
+    if (records.empty()) sayNothingChosen(session, options.where, options.common.share);
     return ExitStatus::Done;
 }
 

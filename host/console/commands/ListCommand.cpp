@@ -86,7 +86,7 @@ ExitStatus runList(const ListOptions& options) {
             printAsJson(session, elements);
             break;
     }
-    if (elements.empty()) sayNothingChosen(session, options.where);
+    if (elements.empty()) sayNothingChosen(session, options.where, options.common.share);
     return ExitStatus::Done;
 }
 

@@ -182,7 +182,7 @@ ExitStatus runLookup(const LookupOptions& options) {
     std::vector<std::string> guids = guidsToLookUp(options, session.model());
     if (guids.empty() && !options.where.empty()) {
         printNothing(options.common.format);
-        sayNothingChosen(session, options.where);
+        sayNothingChosen(session, options.where, nullptr);
         return ExitStatus::Done;
     }
     session.loadAddOn();

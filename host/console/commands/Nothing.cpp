@@ -3,6 +3,7 @@
 #include "console/commands/ItemCensus.hpp"
 #include "console/help/Nearest.hpp"
 #include "console/output/Messages.hpp"
+#include "console/several/Share.hpp"
 #include "selection/Selection.hpp"
 
 #include <fmt/format.h>
@@ -20,21 +21,24 @@ bool isItem(const std::string& name, const std::vector<std::string>& items) {
 }
 
 /// Of items that are there, one that no element chosen has is what was asked about.
-bool saidOfItems(const Models& models, const std::string& where) {
+std::vector<std::string> unknownItems(const Models& models, const std::string& where) {
+    std::vector<std::string> lines;
     const std::vector<std::string> names = selection::itemsNamed(where);
-    if (names.empty()) return false;
+    if (names.empty()) return lines;
     std::vector<std::string> items;
     for (const model::Model& model : models) {
         for (std::string& item : itemsOf(model)) items.push_back(std::move(item));
     }
-    bool said = false;
     for (const std::string& name : names) {
         if (isItem(name, items)) continue;
         const std::string meant = nearest(name, items);
-        say("--where: " + noSuchItem(name, meant.substr(0, meant.find('['))));
-        said = true;
+        lines.push_back("--where: " + noSuchItem(name, meant.substr(0, meant.find('['))));
     }
-    return said;
+    return lines;
+}
+
+std::string noneChosen(const std::string& models) {
+    return fmt::format("no element of {} is chosen; 'modelhost list' without a filter prints those there are", models);
 }
 
 }  // namespace
@@ -52,16 +56,39 @@ std::string noSuchItem(const std::string& item, const std::string& nearest) {
     return nearest.empty() ? text + "; 'modelhost items' prints those there are" : text + "; nearest: " + nearest;
 }
 
-void sayNothingChosen(const Models& models, const std::string& name, const std::string& where) {
+void sayNothingChosen(const Models& models, const std::string& name, const std::string& where, Share* share) {
     const bool empty =
         std::all_of(models.begin(), models.end(), [](const model::Model& model) { return model.elementCount() == 0; });
-    if (empty) return say(name + " has no elements");
-    if (!saidOfItems(models, where))
-        say(fmt::format("no element of {} is chosen; 'modelhost list' without a filter prints those there are", name));
+    const std::vector<std::string> unknown = unknownItems(models, where);
+    if (share != nullptr) {
+        share->facts["nothingChosen"] = unknown;
+    } else if (empty) {
+        say(name + " has no elements");
+    } else if (unknown.empty()) {
+        say(noneChosen(name));
+    } else {
+        for (const std::string& line : unknown) say(line);
+    }
 }
 
-void sayNothingChosen(ModelSession& session, const std::string& where) {
-    sayNothingChosen({session.model()}, session.shownName(), where);
+void sayNothingChosen(ModelSession& session, const std::string& where, Share* share) {
+    sayNothingChosen({session.model()}, session.shownName(), where, share);
+}
+
+void NothingInAny::add(const JsonValue& facts) {
+    if (!facts.contains("nothingChosen")) {
+        something_ = true;
+        return;
+    }
+    const auto unknown = facts["nothingChosen"].get<std::set<std::string>>();
+    if (!unknown_) unknown_ = unknown;
+    std::erase_if(*unknown_, [&unknown](const std::string& line) { return !unknown.contains(line); });
+}
+
+void NothingInAny::say() const {
+    if (something_ || !unknown_) return;
+    if (unknown_->empty()) console::say(noneChosen("any of the models"));
+    for (const std::string& line : *unknown_) console::say(line);
 }
 
 }  // namespace console

@@ -538,6 +538,7 @@ ExitStatus runSeveral(const SeveralOptions& options) {
     std::optional<StandardInput> updates;
     if (readsStandardInput(options)) updates.emplace(StandardInput::Holds::Anything);
     ExitStatus status = ExitStatus::Done;
+    NothingInAny nothing;
     ChildPlan plan;
     plan.count = options.models.size();
     plan.atOnce = options.jobs > 0 ? options.jobs : std::max(1U, std::thread::hardware_concurrency());
@@ -551,9 +552,11 @@ ExitStatus runSeveral(const SeveralOptions& options) {
     plan.take = [&](std::size_t place, ChildResult result) {
         tellMessages(options.models[place], result.err);
         status = worse(status, result.status);
+        if (result.status != ExitStatus::Failed) nothing.add(result.facts);
         joining->take(options.models[place], std::move(result));
     };
     runChildren(plan);
+    nothing.say();
     return worse(status, joining->finish());
 }
 
