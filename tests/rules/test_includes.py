@@ -42,7 +42,8 @@ MAY_INCLUDE = {
     "host/tables/": (("host/tables/", "host/text/", "host/base/"),
                      ("standard", "system", "ICU", "zip", "expat", "xlsxwriter")),
     "host/importing/": (("host/importing/", "host/frameworks/", "host/include/", "host/model/", "host/readback/",
-                         "host/tables/", "host/text/", "host/updatefile/"), ("standard", "system", "fmt")),
+                         "host/report/", "host/tables/", "host/text/", "host/updatefile/"),
+                        ("standard", "system", "fmt")),
     "host/console/": (("host/",), ("standard", "system", "ICU", "fmt", "json", "CLI")),
     "host/desktop/": (("host/",), ("standard", "system", "ICU", "fmt", "Qt")),
 }

@@ -1,215 +1,23 @@
 #include "console/report/ImportPage.hpp"
 
-#include "console/output/HostText.hpp"
-#include "console/report/ReportFile.hpp"
-#include "importing/ReviewRows.hpp"
-#include "report/Plans.hpp"
-#include "text/Guid.hpp"
-#include "updatefile/ReviewList.hpp"
-
-#include <fmt/format.h>
-
-#include <map>
-#include <unordered_map>
+#include "importing/ReviewPage.hpp"
 
 namespace console {
-namespace {
-
-using report::Row;
-using report::Tone;
-using namespace updatefile::reviewlist;
-using importing::failed;
-using importing::ListRow;
-using importing::RowFacts;
-using importing::ticked;
-
-/// A reason without the add-on interface's name for it, " (APIERR_BADVALUE)", which tells readers nothing.
-std::string withoutCode(std::string reason) {
-    const std::size_t at = reason.rfind(" (APIERR_");
-    if (at != std::string::npos) reason.resize(at);
-    return reason;
-}
-
-/// The host's refusals by the element that they are about: "Wall 12 (GUID), ITEM: REASON".
-class Refusals {
-public:
-    explicit Refusals(const std::vector<std::string>& texts) {
-        for (const std::string& text : texts) {
-            for (std::size_t at = text.find('('); at != std::string::npos; at = text.find('(', at + 1)) {
-                const std::string guid = text.substr(at + 1, text::GuidLength);
-                if (!text::parseGuid(guid) || !text.substr(at + 1 + text::GuidLength).starts_with("), ")) continue;
-                byGuid_[guid].push_back(text.substr(at + text::GuidLength + 4));
-                break;
-            }
-            if (text.find(" (APIERR_") == std::string::npos) others_.push_back(text);
-        }
-    }
-
-    /// What the host said besides.
-    const std::vector<std::string>& others() const { return others_; }
-
-    /// Empty where the host did not refuse: the add-on found nothing of that name.
-    std::string reasonFor(const std::string& guid, const std::string& item) const {
-        const auto found = byGuid_.find(text::toUpperCase(guid));
-        if (found == byGuid_.end()) return {};
-        const std::string name = item.substr(0, item.find('['));
-        for (const std::string& refusal : found->second) {
-            const std::size_t colon = refusal.find(": ", name.size());
-            const bool same = refusal.starts_with(name) && refusal.find_first_of(":[", name.size()) == name.size();
-            if (same && colon != std::string::npos) return withoutCode(refusal.substr(colon + 2));
-        }
-        return {};
-    }
-
-private:
-    std::unordered_map<std::string, std::vector<std::string>> byGuid_;
-    std::vector<std::string> others_;
-};
-
-class ImportPage {
-public:
-    ImportPage(const ImportReport& import, const model::Model& model)
-        : import_(import), model_(model), refusals_(import.report) {}
-
-    report::Report make() && {
-        describe();
-        for (std::size_t i = 0; i < import_.rows().size(); ++i) addRow(i);
-        addSums();
-        addNotes();
-        report::arrange(page_.subjects);
-        page_.plans = report::plansOf(page_, model_, nullptr);
-        return std::move(page_);
-    }
-
-private:
-    void describe();
-    void addRow(std::size_t index);
-    std::optional<Row> rowOf(std::size_t index) const;
-    void judgeTicked(std::size_t index, Row& row) const;
-    report::Subject* subjectFor(const std::string& guid);
-    void addSums();
-    void addNotes();
-
-    const std::string& cell(std::size_t row, std::size_t column) const {
-        return import_.rows()[row].columns[column].get();
-    }
-
-    const ImportReport& import_;
-    const model::Model& model_;
-    Refusals refusals_;
-    report::Report page_;
-    std::map<std::string, std::size_t> subjects_;  ///< By GUID.
-    std::uint64_t unchanged_ = 0, notTicked_ = 0;
-};
-
-void ImportPage::describe() {
-    const std::string model = wellFormed(std::filesystem::path(import_.model.path).filename().string());
-    page_.title = (import_.result ? "Changes to " : "Proposed changes to ") + model;
-    page_.facts.push_back(modelFact("Model", import_.model.path, model_));
-    page_.facts.push_back({"Updates", import_.updatesPath});
-    if (import_.saved) page_.facts.push_back({"Saved as", *import_.saved});
-    if (!import_.result) page_.facts.push_back({"Saved as", "not saved: this is what an import would do"});
-    addOrigin(page_);
-}
-
-/// What came, or would come, of a row that the user wanted.
-void ImportPage::judgeTicked(std::size_t index, Row& row) const {
-    const RowFacts& facts = import_.facts[index];
-    const readback::RowOutcome& outcome = facts.outcome;
-    const bool refused = import_.result ? failed(import_.rows()[index]) : outcome.asAsked == false && !outcome.stored;
-    row.asked = facts.asked;
-    if (refused) {
-        row.tone = Tone::Bad;
-        row.now.reset();
-        const std::string reason = refusals_.reasonFor(cell(index, GuidColumn), row.item);
-        row.remark = "Refused: " + (reason.empty() ? "the element has nothing of that name" : reason);
-        return;
-    }
-    row.now = outcome.stored ? outcome.stored : row.now;
-    row.tone = outcome.asAsked == false ? Tone::Note : Tone::Good;
-    row.remark = import_.result ? "Changed" : "Would be changed";
-    if (outcome.asAsked == false) {
-        row.remark = fmt::format("Stored otherwise: \xE2\x80\x9C{}\xE2\x80\x9D", row.now.value_or(""));
-        if (!outcome.obstacle.empty()) row.remark += ", since " + outcome.obstacle;
-    }
-}
-
-/// Nothing for a row that asks for what is there.
-std::optional<Row> ImportPage::rowOf(std::size_t index) const {
-    const ListRow& reviewed = import_.review[index];
-    Row row;
-    row.item = cell(index, PropertyColumn);
-    row.old = cell(index, CurrentColumn);
-    row.now = cell(index, NewColumn);
-    const RowFacts& facts = import_.facts[index];
-    if (reviewed.status != DG_IS_ENABLE) {
-        if (reviewed.columns[RemarksColumn].get().find(NoElement) == std::string::npos) return std::nullopt;
-        row.tone = Tone::Note;
-        row.asked = row.now;
-        row.now.reset();
-        row.remark = "Not applied: the element has no name, so it is not recognised";
-    } else if (!ticked(reviewed)) {
-        row.tone = Tone::Plain;
-        row.asked = row.now;
-        row.now.reset();
-        row.remark = "Not applied: not ticked";
-    } else {
-        judgeTicked(index, row);
-    }
-    if (facts.conflict) {
-        row.tone = std::max(row.tone, Tone::Note);
-        row.remark += fmt::format("; the updates say that it was \xE2\x80\x9C{}\xE2\x80\x9D", *facts.conflict);
-    }
-    return row;
-}
-
-report::Subject* ImportPage::subjectFor(const std::string& guid) {
-    const auto [known, isNew] = subjects_.try_emplace(text::toUpperCase(guid), page_.subjects.size());
-    if (!isNew) return &page_.subjects[known->second];
-    const auto bytes = text::parseGuid(guid);
-    const auto element = bytes ? model_.find(*bytes) : std::nullopt;
-    page_.subjects.push_back(element ? report::subjectOf(model_, *element) : report::Subject{});
-    return &page_.subjects.back();
-}
-
-void ImportPage::addRow(std::size_t index) {
-    if (import_.rows()[index].columns.size() < ColumnCount || index >= import_.facts.size()) return;
-    auto row = rowOf(index);
-    if (!row) {
-        ++unchanged_;
-        return;
-    }
-    if (row->tone == Tone::Plain) ++notTicked_;
-    subjectFor(cell(index, GuidColumn))->rows.push_back(std::move(*row));
-}
-
-void ImportPage::addSums() {
-    std::map<Tone, std::uint64_t> rows;
-    for (const report::Subject& subject : page_.subjects)
-        for (const Row& row : subject.rows) ++rows[row.tone];
-    page_.sums = {{"updates in the list", import_.rows().size(), Tone::Plain, "update in the list"},
-                  {"elements concerned", page_.subjects.size(), Tone::Plain, "element concerned"},
-                  {import_.result ? "changed as asked" : "would be changed as asked", rows[Tone::Good], Tone::Good},
-                  {"to be looked at", rows[Tone::Note], Tone::Note},
-                  {"refused", rows[Tone::Bad], Tone::Bad},
-                  {"not ticked", notTicked_, Tone::Plain},
-                  {"the same already", unchanged_, Tone::Plain},
-                  {"lines without a row", import_.summary.linesWithoutRow, Tone::Note, "line without a row"}};
-}
-
-void ImportPage::addNotes() {
-    if (import_.table) {
-        for (const tables::LeftOut& left : import_.table->leftOut)
-            page_.notes.push_back(fmt::format("Line {}, {}: {}", left.line, left.column, left.why));
-    }
-    page_.notes.insert(page_.notes.end(), import_.hints.begin(), import_.hints.end());
-    page_.notes.insert(page_.notes.end(), refusals_.others().begin(), refusals_.others().end());
-}
-
-}  // namespace
 
 report::Report pageOf(const ImportReport& import, const model::Model& model) {
-    return ImportPage(import, model).make();
+    importing::ReviewedUpdates reviewed;
+    reviewed.modelPath = import.model.path;
+    reviewed.updatesPath = import.updatesPath;
+    reviewed.program = "modelhost " PROJECT_VERSION;
+    reviewed.saved = import.saved;
+    reviewed.review = import.review;
+    reviewed.result = import.result;
+    reviewed.facts = import.facts;
+    if (import.table) reviewed.leftOut = import.table->leftOut;
+    reviewed.hints = import.hints;
+    reviewed.report = import.report;
+    reviewed.linesWithoutRow = import.summary.linesWithoutRow;
+    return importing::pageOf(reviewed, model);
 }
 
 }  // namespace console

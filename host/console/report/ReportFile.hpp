@@ -1,7 +1,7 @@
 #pragma once
 // --report FILE: a page, JSON or a workbook, by its ending, of what a command did.
 
-#include "report/Report.hpp"
+#include "report/Forms.hpp"
 
 #include <filesystem>
 #include <optional>
@@ -20,7 +20,6 @@ void writeReportFile(const report::Report& report, const std::filesystem::path& 
 /// When and by which version: facts of every report.
 void addOrigin(report::Report& report);
 
-/// "house.ifc, IFC4, 62 elements"
-report::Fact modelFact(std::string label, const std::filesystem::path& path, const model::Model& model);
+using report::modelFact;
 
 }  // namespace console
