@@ -67,11 +67,14 @@ void measure(const char* what, const std::function<void()>& work) {
     clock.print(what);
 }
 
+/// A window of this kind, or a dialog that is a part of one, as the review is.
 template <class Window>
 Window* shown() {
     for (QWidget* widget : QApplication::topLevelWidgets()) {
         auto* window = qobject_cast<Window*>(widget);
         if (window && window->isVisible()) return window;
+        auto* part = widget->findChild<Window*>();
+        if (part && part->isVisible()) return part;
     }
     return nullptr;
 }

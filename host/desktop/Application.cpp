@@ -1,11 +1,20 @@
 #include "desktop/Application.hpp"
 
+#include "desktop/look/Icons.hpp"
+
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
+
+/// Pictures and languages are in a library, which the linker keeps only where somebody names them. Outside of any
+/// namespace.
+static void keepResources() {
+    Q_INIT_RESOURCE(desktop);
+    Q_INIT_RESOURCE(languages);
+}
 
 namespace desktop {
 
@@ -36,14 +45,19 @@ Application::Application(int& argc, char** argv) : QApplication(quietStart(argc)
     setApplicationName(QStringLiteral("modelhost-desktop"));
     setApplicationDisplayName(QStringLiteral("Model Host"));
     setApplicationVersion(QStringLiteral(DESKTOP_VERSION));
-    translateQt();
+    keepResources();
+    translate();
+    setWindowIcon(programIcon());
+    setDesktopFileName(applicationName());
 }
 
-void Application::translateQt() {
-    auto* translator = new QTranslator(this);
-    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-    if (translator->load(QLocale::system(), QStringLiteral("qtbase"), QStringLiteral("_"), folder)) {
-        installTranslator(translator);
+/// Into the language of the user's desktop: Qt's texts, then this program's, which are English without a file.
+void Application::translate() {
+    const QString qtFolder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+    for (const auto& [name, folder] : {std::pair(QStringLiteral("qtbase"), qtFolder),
+                                       std::pair(QStringLiteral("modelhost"), QStringLiteral(":/languages"))}) {
+        auto* translator = new QTranslator(this);
+        if (translator->load(QLocale::system(), name, QStringLiteral("_"), folder)) installTranslator(translator);
     }
 }
 

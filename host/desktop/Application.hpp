@@ -13,7 +13,7 @@ public:
     Application(int& argc, char** argv);
 
 private:
-    void translateQt();
+    void translate();
 };
 
 }  // namespace desktop

@@ -2,6 +2,7 @@
 
 #include "text/Guid.hpp"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QLocale>
 
@@ -62,7 +63,7 @@ QString number(qint64 value) {
 }
 
 QString counted(qint64 value, const char* one, const char* many) {
-    return number(value) + u' ' + QString::fromLatin1(value == 1 ? one : many);
+    return number(value) + u' ' + QCoreApplication::translate("Counts", value == 1 ? one : many);
 }
 
 QString visible(QString text) {

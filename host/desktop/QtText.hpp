@@ -25,7 +25,7 @@ std::optional<model::Guid> guidFromText(QStringView text);
 
 /// A whole number grouped as the user's country does it. For texts to read, never for files.
 QString number(qint64 value);
-/// "1 element", "2 elements": `one` and `many` without the number.
+/// "1 element", "2 elements": `one` and `many` without the number, both marked for translation in "Counts".
 QString counted(qint64 value, const char* one, const char* many);
 
 /// A text of a model or file as it may be shown: characters that nobody sees, or that reorder the others, would make it

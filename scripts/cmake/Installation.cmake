@@ -96,7 +96,8 @@ set(CPACK_COMPONENT_DESKTOP_DESCRIPTION "review updates of IFC building models i
 The window of modelhost: the elements of an IFC model with their data, a plan,
 and the review of proposed changes.")
 # The same program text runs in both, so that one may not be newer than the other.
-set(CPACK_DEBIAN_DESKTOP_PACKAGE_DEPENDS "modelhost (= ${PROJECT_VERSION})")
+# Qt's own texts, on the buttons of its dialogs, come with a package of their own.
+set(CPACK_DEBIAN_DESKTOP_PACKAGE_DEPENDS "modelhost (= ${PROJECT_VERSION}), qt6-translations-l10n")
 set(CPACK_DEBIAN_DOC_PACKAGE_NAME modelhost-doc)
 set(CPACK_COMPONENT_DOC_DESCRIPTION "documentation and samples of modelhost
 What modelhost and modelhost-desktop do, how update files and tables are read,

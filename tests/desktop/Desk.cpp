@@ -108,7 +108,8 @@ QAction* Desk::menuItem(const QString& menu, const QString& item) {
     return nullptr;
 }
 
-void Desk::pick(const QString& menu, const QString& item) {
+void Desk::pick(const QString& menuText, const QString& itemText) {
+    const QString menu = QString(menuText).remove(u'&'), item = QString(itemText).remove(u'&');
     for (QAction* title : window_->menuBar()->actions()) {
         if (title->text().remove(u'&') != menu) continue;
         clickAt(*window_->menuBar(), window_->menuBar()->actionGeometry(title).center());

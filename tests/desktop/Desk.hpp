@@ -47,7 +47,7 @@ protected:
     void openSample();
     void openFile(const std::filesystem::path& path);
     /// Picks from a menu by mouse: first the menu's title, then the item's text or its beginning.
-    void pick(const QString& menu, const QString& item);
+    void pick(const QString& menuText, const QString& itemText);
     QAction* menuItem(const QString& menu, const QString& item);
 
     // --- The add-on ---

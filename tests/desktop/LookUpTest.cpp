@@ -1,12 +1,23 @@
 // The lookup dialog by mouse and keyboard.
 
 #include "Desk.hpp"
+#include "desktop/QtText.hpp"
+#include "desktop/elements/ElementPanel.hpp"
+#include "desktop/plan/PlanPanel.hpp"
 
 #include <QLineEdit>
+#include <QTableView>
 
 namespace desktop_tests {
 
 using desktop::AddOnDialog;
+
+namespace {
+
+const QString Wall = QStringLiteral("4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9");
+const QString Door = QStringLiteral("A32931C7-B3B2-4117-8D6A-3038DD4E9A78");
+
+}  // namespace
 
 class LookingUp : public Desk {
 protected:
@@ -72,6 +83,43 @@ TEST_F(LookingUp, GrownWindowGrowsFieldAndListAndMovesTheButtons) {
         EXPECT_SOON(dialog.itemWidget(LookupItem)->geometry() == button.translated(40, 20));
         EXPECT_EQ(dialog.itemWidget(GuidField)->geometry(), edit.adjusted(0, 0, 40, 0));
         EXPECT_EQ(listOf(dialog, LookupList).geometry(), list.adjusted(0, 0, 40, 20));
+    });
+}
+
+TEST_F(LookingUp, ListScrollsToWhatWasJustAdded) {
+    lookUp([](AddOnDialog& dialog) {
+        clickItem(dialog, LookupItem);
+        const int once = rowCount(dialog, LookupList);
+        clickItem(dialog, LookupItem);
+        clickItem(dialog, LookupItem);
+        desktop::RowListView& list = listOf(dialog, LookupList);
+        EXPECT_SOON(list.rowAt(1) > once);
+        const QRect first = list.visualRect(list.model()->index(2 * once, 0));
+        EXPECT_TRUE(list.viewport()->rect().contains(first)) << "the first of the new rows";
+    });
+}
+
+TEST_F(LookingUp, ClickOnAnElementInTheTableLooksItUp) {
+    lookUp([this](AddOnDialog& dialog) {
+        QTableView& table = *window().elements().table();
+        const auto door = *window().document().model()->find(*desktop::guidFromText(Door));
+        const QModelIndex row = table.model()->index(window().elements().rowOf(door), 1);
+        table.scrollTo(row);
+        clickAt(*table.viewport(), table.visualRect(row).center());
+        QCoreApplication::processEvents();
+        EXPECT_EQ(field(dialog).text(), Door);
+        EXPECT_EQ(value(dialog, QStringLiteral("Type")), QStringLiteral("Door"));
+    });
+}
+
+TEST_F(LookingUp, ClickOnAnElementInThePlanLooksItUp) {
+    lookUp([this](AddOnDialog& dialog) {
+        const auto wall = *window().document().model()->find(*desktop::guidFromText(Wall));
+        Q_EMIT window().plan().elementClicked(wall);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(field(dialog).text(), Wall);
+        EXPECT_EQ(value(dialog, QStringLiteral("Type")), QStringLiteral("Wall"));
+        EXPECT_EQ(window().elements().current(), wall);
     });
 }
 

@@ -5,11 +5,11 @@
 #include "desktop/dialogs/RowLook.hpp"
 #include "desktop/elements/ElementPanel.hpp"
 #include "desktop/plan/PlanPanel.hpp"
-#include "desktop/report/ReportPanel.hpp"
 #include "desktop/review/ReviewBar.hpp"
 
 #include <QComboBox>
 #include <QDockWidget>
+#include <QFileDialog>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPushButton>
@@ -268,15 +268,22 @@ TEST_F(ReviewView, UndoIsThereAfterApplyAndTakesItBack) {
     EXPECT_SOON(window().document().model()->bytes() == before);
 }
 
-TEST_F(ReviewView, ReportIsThereAfterARefusalAndComesToTheFront) {
-    review(everyKind(), [this](AddOnDialog& dialog) {
+TEST_F(ReviewView, ReportIsThereAfterApplyAndIsWrittenWhileTheReviewIsOpen) {
+    const auto path = folder_.path() / "changes.html";
+    review(everyKind(), [=, this](AddOnDialog& dialog) {
+        EXPECT_FALSE(barOf(dialog).reportButton()->isVisible());
         applyAll(dialog);
+        whenShown<QFileDialog>(QStringLiteral("reportDialog"), [=](QFileDialog& names) {
+            names.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setFocus();
+            names.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->selectAll();
+            type(names, desktop::pathText(path));
+            press(names, Qt::Key_Return);
+        });
         click(*barOf(dialog).reportButton());
-        EXPECT_SOON(!window().report().visibleRegion().isEmpty());
-        auto* dock = window().findChild<QDockWidget*>(QStringLiteral("reviewDock"));
-        dock->raise();
-        QCoreApplication::processEvents();
+        EXPECT_TRUE(dialog.isVisible());
     });
+    EXPECT_THAT(bytesOf(path), HasSubstr("North wall"));
+    EXPECT_THAT(bytesOf(path), HasSubstr("is no item of IfcSlabTypeEnum"));
 }
 
 }  // namespace desktop_tests

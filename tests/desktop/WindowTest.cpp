@@ -8,6 +8,7 @@
 #include "desktop/report/ReportPanel.hpp"
 #include "desktop/window/FileMenu.hpp"
 #include "desktop/window/HelpMenu.hpp"
+#include "desktop/window/RecentFiles.hpp"
 #include "support/Places.hpp"
 
 #include <QAccessible>
@@ -217,15 +218,6 @@ TEST_F(Window, DroppedFileOpens) {
     EXPECT_SOON(window().document().path() == desktop::pathText(path));
 }
 
-TEST_F(Window, DroppedUpdateFileIsSentToTheAddOnsMenu) {
-    openSample();
-    const auto path = folder_.write("updates.txt", Wall.toStdString() + "\tName\t\tNorth wall\n");
-    const auto text = answer(QStringLiteral("errorMessage"), QMessageBox::Ok);
-    drop(desktop::pathText(path));
-    EXPECT_SOON(text->contains(QStringLiteral("import this file from the add-on's menu").toHtmlEscaped()));
-    EXPECT_EQ(window().document().path(), desktop::pathText(model_));
-}
-
 TEST_F(Window, RecentFilesListTheLastOneFirstAndOpenIt) {
     openSample();
     const auto second = folder_.write("second.ifc", bytesOf(model_));
@@ -354,7 +346,7 @@ TEST_F(Window, AddOnsMenuHasItsTextsAndItsPromptsInTheStatusBar) {
               QStringLiteral("Show the IFC attributes, properties and classifications of one element"));
     const auto titles = window().menuBar()->actions();
     const auto title = std::find_if(titles.begin(), titles.end(),
-                                    [](QAction* it) { return it->text() == QStringLiteral("Quillmarsh"); });
+                                    [](QAction* it) { return it->text() == QStringLiteral("&Quillmarsh"); });
     ASSERT_NE(title, titles.end());
     clickAt(*window().menuBar(), window().menuBar()->actionGeometry(*title).center());
     press(*(*title)->menu(), Qt::Key_Down);

@@ -43,7 +43,7 @@ AddOnDialog::AddOnDialog(frontend::Dialog& dialog, QWidget* parent)
     setSizeGripEnabled(dialog_.growable());
 
     notice_->setObjectName(QStringLiteral("notice"));
-    notice_->setAccessibleName(QStringLiteral("Notice"));
+    notice_->setAccessibleName(tr("Notice"));
     notice_->setTextFormat(Qt::PlainText);
     notice_->setWordWrap(true);
     notice_->setMargin(8);
@@ -100,6 +100,18 @@ void AddOnDialog::embed() {
     setAttribute(Qt::WA_Moved);
     setSize();
     placeItems();
+}
+
+void AddOnDialog::type(Int16 number, const QString& text) {
+    auto* edit = qobject_cast<QLineEdit*>(itemWidget(number));
+    if (!edit) return;
+    edit->setText(text);
+    deliver([&] { dialog_.typeText(number, toUniString(text)); });
+}
+
+void AddOnDialog::press(Int16 number) {
+    auto* button = qobject_cast<QPushButton*>(itemWidget(number));
+    if (button && button->isEnabled()) button->click();
 }
 
 void AddOnDialog::setButtonNote(Int16 number, const QString& added, const QString& obstacle) {
@@ -162,7 +174,7 @@ QWidget* AddOnDialog::makeItem(const frontend::Item& item) {
         }
         case frontend::ItemKind::EditText: {
             auto* edit = new QLineEdit(text, canvas_);
-            edit->setAccessibleName(QStringLiteral("Text field %1 of %2").arg(number).arg(windowTitle()));
+            edit->setAccessibleName(tr("Text field %1 of %2").arg(number).arg(windowTitle()));
             connect(edit, &QLineEdit::textEdited, this, [this, number](const QString& typed) {
                 deliver([&] { dialog_.typeText(number, toUniString(typed)); });
             });
@@ -183,7 +195,7 @@ QWidget* AddOnDialog::makeItem(const frontend::Item& item) {
 RowListView* AddOnDialog::makeList(const frontend::Item& item) {
     const Int16 number = item.number;
     auto* view = new RowListView(*item.list, canvas_);
-    view->setAccessibleName(QStringLiteral("List of %1").arg(windowTitle()));
+    view->setAccessibleName(tr("List of %1").arg(windowTitle()));
     connect(view, &RowListView::rowClicked, this,
             [this, number](Int16 row, Int16 x) { deliver([&] { dialog_.clickRow(number, row, x); }); });
     connect(
@@ -256,10 +268,9 @@ void AddOnDialog::showRowsLost() {
         if (item.list) lost += item.list->rowsLost();
     }
     if (lost == 0 || !notice_->isHidden()) return;
-    notice_->setText(QStringLiteral("The list is full: %1 more %2 not shown, since a list holds at most %3 rows. Split "
-                                    "the file and import its parts one after the other.")
-                         .arg(number(static_cast<qint64>(lost)),
-                              lost == 1 ? QStringLiteral("row is") : QStringLiteral("rows are"),
+    notice_->setText(tr("The list is full: %1 more %2 not shown, since a list holds at most %3 rows. Split "
+                        "the file and import its parts one after the other.")
+                         .arg(number(static_cast<qint64>(lost)), lost == 1 ? tr("row is") : tr("rows are"),
                               number(DG_LIST_MAX_ROWS)));
     notice_->show();
     setSize();

@@ -38,6 +38,10 @@ public:
     QLabel* notice() const { return notice_; }
     /// Makes it a part of another window in place of one of its own; to be said before it runs.
     void embed();
+    /// What the user would do: types a text in place of what a field has, clicks a button. A button that is off stays
+    /// as it is.
+    void type(Int16 number, const QString& text);
+    void press(Int16 number);
     /// What the host adds to a button: a text behind the add-on's, and why it cannot be clicked now. Empty: it can.
     void setButtonNote(Int16 number, const QString& added, const QString& obstacle);
     /// Puts the host's part of a dialog below the add-on's items; to be said before it runs.

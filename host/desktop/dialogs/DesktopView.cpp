@@ -6,15 +6,12 @@
 
 #include <QFileDialog>
 #include <QScreen>
-#include <QSettings>
 #include <algorithm>
 #include <utility>
 
 namespace desktop {
 
 namespace {
-
-const QString FolderKey = QStringLiteral("folders/addOnFiles");
 
 /// Whether the file that is asked for is one of updates, which the host reads too and makes of tables.
 bool asksForUpdates(const frontend::FileRequest& request) {
@@ -27,14 +24,14 @@ bool asksForUpdates(const frontend::FileRequest& request) {
 /// updates of, last every file: the add-on may be handed any, so the user may pick any.
 QStringList nameFilters(const frontend::FileRequest& request, bool updates) {
     QStringList filters;
-    if (updates) filters += QStringLiteral("Updates and tables (*.txt *.csv *.tsv *.xlsx *.ods)");
+    if (updates) filters += DesktopView::tr("Updates and tables (*.txt *.csv *.tsv *.xlsx *.ods)");
     for (const frontend::FileFilter& filter : request.filters) {
         // A bracket in the description would be read as the begin of the pattern.
         QString description = toQString(filter.description).remove(u'(').remove(u')');
         filters += QStringLiteral("%1 (*.%2)").arg(description, toQString(filter.extension));
     }
-    if (updates) filters += QStringLiteral("Tables (*.csv *.tsv *.xlsx *.ods)");
-    filters += QStringLiteral("All files (*)");
+    if (updates) filters += DesktopView::tr("Tables (*.csv *.tsv *.xlsx *.ods)");
+    filters += DesktopView::tr("All files (*)");
     return filters;
 }
 
@@ -91,10 +88,9 @@ std::optional<QString> DesktopView::askForFile(const frontend::FileRequest& requ
     if (!updates && request.currentFilter < static_cast<std::size_t>(filters.size())) {
         dialog.selectNameFilter(filters[static_cast<qsizetype>(request.currentFilter)]);
     }
-    const QString folder = QSettings().value(FolderKey).toString();
-    if (!folder.isEmpty()) dialog.setDirectory(folder);
+    if (!folder_.isEmpty()) dialog.setDirectory(folder_);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-    QSettings().setValue(FolderKey, dialog.directory().absolutePath());
+    folder_ = dialog.directory().absolutePath();
     return dialog.selectedFiles().constFirst();
 }
 

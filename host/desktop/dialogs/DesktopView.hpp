@@ -36,6 +36,9 @@ public:
     void setUpdatesReader(UpdatesReader reader) { updatesReader_ = std::move(reader); }
     /// The add-on's next request for an update file goes to the reader without the user being asked.
     void answerNextRequest(const QString& path = {}) { nextAnswer_ = path; }
+    void forgetAnswer() { nextAnswer_.reset(); }
+    /// Where the next question for a file begins: with the model, as a rule.
+    void setFolder(const QString& folder) { folder_ = folder; }
 
 Q_SIGNALS:
     void dialogOpened(desktop::AddOnDialog* dialog);
@@ -50,6 +53,7 @@ private:
     frontend::View* previous_;
     UpdatesReader updatesReader_;
     std::optional<QString> nextAnswer_;
+    QString folder_;
 };
 
 }  // namespace desktop

@@ -22,7 +22,7 @@ HintBar::HintBar(QWidget* parent) : QFrame(parent), title_(new QToolButton), tex
     // A click must not take the arrow keys away from the list.
     title_->setFocusPolicy(Qt::TabFocus);
     text_->setObjectName(QStringLiteral("hintText"));
-    text_->setAccessibleName(QStringLiteral("Hints"));
+    text_->setAccessibleName(tr("Hints"));
     text_->setReadOnly(true);
     text_->setTabChangesFocus(true);
     auto* all = new QVBoxLayout(this);
@@ -39,7 +39,10 @@ HintBar::HintBar(QWidget* parent) : QFrame(parent), title_(new QToolButton), tex
 }
 
 void HintBar::setHints(const QString& file, const QStringList& hints) {
-    title_->setText(QStringLiteral("%1 about %2").arg(counted(hints.size(), "hint", "hints"), file));
+    title_->setText(
+        tr("%1 about %2")
+            .arg(counted(hints.size(), QT_TRANSLATE_NOOP("Counts", "hint"), QT_TRANSLATE_NOOP("Counts", "hints")),
+                 file));
     title_->setAccessibleName(title_->text());
     text_->setPlainText(hints.join(u'\n'));
     // Most hints take two lines; more than two of them are scrolled to.

@@ -74,7 +74,7 @@ QVariant RowListModel::data(const QModelIndex& index, int role) const {
         return cellText(index.row(), tickColumn_) == toQString(updatefile::reviewlist::Ticked) ? Qt::Checked
                                                                                                : Qt::Unchecked;
     if (index.column() == tickColumn_ && role == Qt::AccessibleTextRole)
-        return data(index, Qt::CheckStateRole) == Qt::Checked ? QStringLiteral("ticked") : QStringLiteral("not ticked");
+        return data(index, Qt::CheckStateRole) == Qt::Checked ? tr("ticked") : tr("not ticked");
     if (index.column() + 1 == shownColumns_ && role == Qt::DecorationRole) {
         const auto found = signs_.find(note(index.row()).state);
         if (found != signs_.end() && !found->second.isNull()) return found->second;

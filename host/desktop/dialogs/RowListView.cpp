@@ -96,6 +96,14 @@ void RowListView::showRow(int row) {
     scrollTo(index);
 }
 
+void RowListView::showFrom(int row) {
+    const QModelIndex index = shown_->mapFromSource(rows_->index(row, 0));
+    if (!index.isValid()) return;
+    // Rows that have just come are not in the scroll bar's range yet.
+    updateGeometries();
+    scrollTo(index, PositionAtTop);
+}
+
 int RowListView::listRow(const QModelIndex& index) const {
     return index.isValid() ? shown_->mapToSource(index).row() : -1;
 }

@@ -23,6 +23,8 @@ public:
     void refresh();
     /// Rows are the list's, from 0.
     void showRow(int row);
+    /// Scrolls until this row is the first one in sight, as far as there are rows below it.
+    void showFrom(int row);
     int currentRow() const { return listRow(currentIndex()); }
     /// The row of the list that an index of the view shows; -1 where it shows none.
     int listRow(const QModelIndex& index) const;

@@ -21,7 +21,7 @@ constexpr int ColumnCharacters[ElementColumnCount] = {15, 13, 0, 38, 22};
 
 void setUpTable(QTableView* view) {
     view->setObjectName(QStringLiteral("elements"));
-    view->setAccessibleName(QStringLiteral("Elements of the model"));
+    view->setAccessibleName(ElementPanel::tr("Elements of the model"));
     view->setSelectionBehavior(QAbstractItemView::SelectRows);
     view->setSelectionMode(QAbstractItemView::SingleSelection);
     view->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -39,7 +39,7 @@ void setUpTable(QTableView* view) {
     view->horizontalHeader()->setMinimumSectionSize(view->fontMetrics().averageCharWidth() * 8);
     view->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     view->horizontalHeader()->setSortIndicatorClearable(true);
-    view->horizontalHeader()->setAccessibleName(QStringLiteral("Columns of the elements"));
+    view->horizontalHeader()->setAccessibleName(ElementPanel::tr("Columns of the elements"));
 }
 
 }  // namespace
@@ -51,12 +51,12 @@ ElementPanel::ElementPanel(QWidget* parent)
       view_(new QTableView(this)),
       count_(new QLabel(this)) {
     filter_->setObjectName(QStringLiteral("filter"));
-    filter_->setAccessibleName(QStringLiteral("Filter of the elements"));
-    filter_->setPlaceholderText(QStringLiteral("Filter: words from any column, or a GUID"));
+    filter_->setAccessibleName(tr("Filter of the elements"));
+    filter_->setPlaceholderText(tr("Filter: words from any column, or a GUID"));
     filter_->setClearButtonEnabled(true);
     filter_->installEventFilter(this);
     count_->setObjectName(QStringLiteral("elementCount"));
-    count_->setAccessibleName(QStringLiteral("Number of elements shown"));
+    count_->setAccessibleName(tr("Number of elements shown"));
 
     setUpTable(view_);
     view_->setModel(model_);
@@ -84,6 +84,9 @@ ElementPanel::ElementPanel(QWidget* parent)
         current_ = model_->element(rows.first().top());
         Q_EMIT currentChanged();
     });
+    connect(view_, &QTableView::clicked, this, [this](const QModelIndex& index) {
+        if (const auto element = model_->element(index.row())) Q_EMIT elementClicked(*element);
+    });
     // Sorting resets the rows; the same element stays the current one and in sight.
     connect(model_, &QAbstractItemModel::modelAboutToBeReset, this, [this] { changing_ = true; });
     connect(model_, &QAbstractItemModel::modelReset, this, [this] {
@@ -110,6 +113,15 @@ void ElementPanel::setSource(const model::Model* model, const ElementIndex* inde
 void ElementPanel::refresh() {
     model_->refresh();
     Q_EMIT currentChanged();
+}
+
+QString ElementPanel::cellText(const QModelIndex& index) const {
+    const auto element = model_->element(index.row());
+    return element ? model_->text(*element, static_cast<ElementColumn>(index.column())) : QString();
+}
+
+const std::vector<model::Element>& ElementPanel::shown() const {
+    return model_->shown();
 }
 
 std::optional<model::Element> ElementPanel::current() const {
@@ -147,8 +159,9 @@ void ElementPanel::restoreCurrent(std::optional<model::Element> element) {
 
 void ElementPanel::showCount() {
     const int shown = model_->rowCount();
-    const QString all = counted(model_->total(), "element", "elements");
-    count_->setText(shown == model_->total() ? all : QStringLiteral("%1 of %2").arg(number(shown), all));
+    const QString all =
+        counted(model_->total(), QT_TRANSLATE_NOOP("Counts", "element"), QT_TRANSLATE_NOOP("Counts", "elements"));
+    count_->setText(shown == model_->total() ? all : tr("%1 of %2").arg(number(shown), all));
 }
 
 void ElementPanel::copyRow() {
@@ -169,6 +182,11 @@ bool ElementPanel::eventFilter(QObject* watched, QEvent* event) {
         }
         if (watched == filter_ && key->key() == Qt::Key_Escape && !filter_->text().isEmpty()) {
             filter_->clear();
+            return true;
+        }
+        const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+        if (watched == view_ && enter && current_) {
+            Q_EMIT elementClicked(*current_);
             return true;
         }
         const bool down = key->key() == Qt::Key_Down || key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;

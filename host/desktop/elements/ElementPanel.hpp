@@ -28,8 +28,20 @@ public:
     QTableView* table() const { return view_; }
     QLineEdit* filterField() const { return filter_; }
 
+    /// Of a row of the table, and the text of one of its cells as the model has it.
+    std::optional<model::Element> elementAt(int row) const { return model_->element(row); }
+    QString cellText(const QModelIndex& index) const;
+    /// -1 where the filter hides it.
+    int rowOf(model::Element element) const { return model_->rowOf(element); }
+    /// The items of the model that the table shows besides.
+    std::vector<std::string> itemColumns() const { return {}; }
+    /// Those that the filter leaves, in their order.
+    const std::vector<model::Element>& shown() const;
+
 Q_SIGNALS:
     void currentChanged();
+    /// By the user, by mouse or with Return; not where somebody else has chosen it.
+    void elementClicked(model::Element element);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

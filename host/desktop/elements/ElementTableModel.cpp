@@ -99,9 +99,7 @@ QVariant ElementTableModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant ElementTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    static const QString titles[ElementColumnCount] = {QStringLiteral("Storey"), QStringLiteral("Type"),
-                                                       QStringLiteral("Name"), QStringLiteral("GUID"),
-                                                       QStringLiteral("Class")};
+    const QString titles[ElementColumnCount] = {tr("Storey"), tr("Type"), tr("Name"), tr("GUID"), tr("Class")};
     if (orientation != Qt::Horizontal || section < 0 || section >= ElementColumnCount) return {};
     if (role == Qt::DisplayRole) return titles[section];
     if (role == Qt::TextAlignmentRole) return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);

@@ -20,6 +20,7 @@ public:
     void refresh();
 
     std::optional<model::Element> element(int row) const;
+    const std::vector<model::Element>& shown() const { return shown_; }
     /// -1 where the filter hides it.
     int rowOf(model::Element element) const;
     QString text(model::Element element, ElementColumn column) const;

@@ -7,8 +7,11 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QLocale>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
+#include <QTimer>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -18,6 +21,44 @@ namespace {
 
 /// The role of a cell's text as the model has it, for copying.
 constexpr int StoredText = Qt::UserRole;
+
+/// The role of the name under which an update changes the row's value; rows without it cannot be changed.
+constexpr int ItemName = Qt::UserRole + 1;
+
+/// Lets the second cell of rows that an update can change be written over. What is written is only told.
+class ValueDelegate : public QStyledItemDelegate {
+public:
+    using Tell = std::function<void(const QModelIndex& index, const QString& value)>;
+    ValueDelegate(QObject* parent, Tell tell) : QStyledItemDelegate(parent), tell_(std::move(tell)) {}
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const override {
+        if (index.column() != 1 || !index.siblingAtColumn(0).data(ItemName).isValid()) return nullptr;
+        auto* editor = new QLineEdit(parent);
+        editor->setObjectName(QStringLiteral("valueEditor"));
+        editor->setAccessibleName(
+            InspectorPanel::tr("New value of %1").arg(index.siblingAtColumn(0).data().toString()));
+        editor->setFrame(false);
+        return editor;
+    }
+    void setEditorData(QWidget* editor, const QModelIndex& index) const override {
+        static_cast<QLineEdit*>(editor)->setText(index.data(StoredText).toString());
+        static_cast<QLineEdit*>(editor)->selectAll();
+    }
+    void setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const override {
+        tell_(index, static_cast<QLineEdit*>(editor)->text());
+    }
+
+private:
+    Tell tell_;
+};
+
+/// An update names a property with its set, without the prefix that every set of the standard has.
+std::string itemOf(const model::Property& property) {
+    const QString set = toQString(property.set), prefix = QStringLiteral("Pset_");
+    QString item = toQString(property.name);
+    if (set.startsWith(prefix)) item += u'[' + set.mid(prefix.size()) + u']';
+    return item.toStdString();
+}
 
 QTreeWidgetItem* addRow(QTreeWidgetItem* group, const QString& name, const QString& value) {
     auto* row = new QTreeWidgetItem(group, {visible(name), visible(value)});
@@ -54,15 +95,15 @@ QString valueText(const model::Property& property) {
         case model::PropertyKind::Single:
             return primitiveText(property.value);
         case model::PropertyKind::List:
-            return QStringLiteral("(list of values)");
+            return InspectorPanel::tr("(list of values)");
         case model::PropertyKind::Bounded:
-            return QStringLiteral("(bounded value)");
+            return InspectorPanel::tr("(bounded value)");
         case model::PropertyKind::Enumerated:
-            return QStringLiteral("(enumerated value)");
+            return InspectorPanel::tr("(enumerated value)");
         case model::PropertyKind::Table:
-            return QStringLiteral("(table of values)");
+            return InspectorPanel::tr("(table of values)");
         case model::PropertyKind::Reference:
-            return QStringLiteral("(reference)");
+            return InspectorPanel::tr("(reference)");
     }
     return {};
 }
@@ -74,13 +115,25 @@ InspectorPanel::InspectorPanel(QWidget* parent)
     heading_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     heading_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     view_->setObjectName(QStringLiteral("inspector"));
-    view_->setAccessibleName(QStringLiteral("Data of the selected element"));
-    view_->setHeaderLabels({QStringLiteral("Name"), QStringLiteral("Value")});
+    view_->setAccessibleName(tr("Data of the selected element"));
+    view_->setHeaderLabels({tr("Name"), tr("Value")});
     view_->header()->setDefaultSectionSize(fontMetrics().averageCharWidth() * 22);
     view_->setUniformRowHeights(true);
+    // Room for a review below it on a small screen.
+    view_->setMinimumHeight(4 * fontMetrics().height());
     view_->setAlternatingRowColors(true);
     view_->setIndentation(14);
     view_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    view_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
+    view_->setItemDelegate(new ValueDelegate(view_, [this](const QModelIndex& index, const QString& value) {
+        const QModelIndex name = index.siblingAtColumn(0);
+        const std::string item = name.data(ItemName).toString().toStdString();
+        const QString old = index.data(StoredText).toString();
+        // The rows are made anew by what comes of this: not while the editor is still open in one of them.
+        if (element_)
+            QTimer::singleShot(0, this,
+                               [=, this, element = *element_] { Q_EMIT valueProposed(element, item, old, value); });
+    }));
     view_->installEventFilter(this);
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(6, 6, 6, 6);
@@ -97,6 +150,7 @@ void InspectorPanel::show(const model::Model* model, std::optional<model::Elemen
     const int scrolled = view_->verticalScrollBar()->value();
     view_->setUpdatesEnabled(false);
     view_->clear();
+    element_ = model ? element : std::nullopt;
     if (model && element) {
         const QString name = toQString(model->name(*element));
         const QString type = toQString(model->info(*element).typeName);
@@ -106,7 +160,7 @@ void InspectorPanel::show(const model::Model* model, std::optional<model::Elemen
         addProperties(*model, *element);
         addClassifications(*model, *element);
     } else {
-        heading_->setText(model ? QStringLiteral("No element selected") : QString());
+        heading_->setText(model ? tr("No element selected") : QString());
     }
     view_->verticalScrollBar()->setValue(scrolled);
     view_->setUpdatesEnabled(true);
@@ -122,47 +176,74 @@ QTreeWidgetItem* InspectorPanel::group(const QString& title) {
     return item;
 }
 
+QString InspectorPanel::storedValue(const QTreeWidgetItem& row) const {
+    return row.data(1, StoredText).toString();
+}
+
+void InspectorPanel::editValue(const QTreeWidgetItem& row) {
+    view_->edit(view_->indexFromItem(&row, 1));
+}
+
+void InspectorPanel::setFooter(QWidget* footer) {
+    layout()->addWidget(footer);
+}
+
+void InspectorPanel::makeEditable(QTreeWidgetItem* row, const std::string& item) {
+    row->setFlags(row->flags() | Qt::ItemIsEditable);
+    row->setData(0, ItemName, toQString(item));
+    const auto proposed = proposals_ && element_ ? proposals_(*element_, item) : std::nullopt;
+    if (!proposed) return;
+    row->setText(1, QStringLiteral("%1 → %2").arg(row->text(1), visible(*proposed)));
+    QFont font = view_->font();
+    font.setBold(true);
+    row->setFont(1, font);
+    row->setToolTip(1, asPlainToolTip(tr("Proposed by hand: %1").arg(*proposed)));
+}
+
 void InspectorPanel::addIdentity(const model::Model& model, model::Element element) {
     const model::ElementInfo info = model.info(element);
-    QTreeWidgetItem* identity = group(QStringLiteral("Element"));
-    addRow(identity, QStringLiteral("GUID"), guidText(info.guid));
-    addRow(identity, QStringLiteral("Class"), toQString(info.ifcClass));
-    addRow(identity, QStringLiteral("Storey"), toQString(model.storey(element)));
-    addRow(identity, QStringLiteral("Instance"), QStringLiteral("#%1").arg(info.instanceId));
+    QTreeWidgetItem* identity = group(tr("Element"));
+    addRow(identity, tr("GUID"), guidText(info.guid));
+    addRow(identity, tr("Class"), toQString(info.ifcClass));
+    addRow(identity, tr("Storey"), toQString(model.storey(element)));
+    addRow(identity, tr("Instance"), QStringLiteral("#%1").arg(info.instanceId));
     // Only the first of them is read and changed; see Model::remarks.
     if (model.hasDuplicates(element)) {
-        addRow(identity, QStringLiteral("Note"), QStringLiteral("Others in the file bear the same GlobalId"));
+        addRow(identity, tr("Note"), tr("Others in the file bear the same GlobalId"));
     }
 }
 
 void InspectorPanel::addAttributes(const model::Model& model, model::Element element) {
-    QTreeWidgetItem* attributes = group(QStringLiteral("Attributes"));
+    QTreeWidgetItem* attributes = group(tr("Attributes"));
     const auto read = model.attributes(element);
     if (!read) {
-        addRow(attributes, QStringLiteral("Not readable"), toQString(read.error().message));
+        addRow(attributes, tr("Not readable"), toQString(read.error().message));
         return;
     }
     for (const model::Attribute& attribute : *read) {
-        addRow(attributes, toQString(attribute.name), toQString(attribute.value));
+        QTreeWidgetItem* row = addRow(attributes, toQString(attribute.name), toQString(attribute.value));
+        makeEditable(row, std::string(attribute.name));
     }
 }
 
 void InspectorPanel::addProperties(const model::Model& model, model::Element element) {
     const auto read = model.properties(element);
     if (!read) {
-        addRow(group(QStringLiteral("Properties")), QStringLiteral("Not readable"), toQString(read.error().message));
+        addRow(group(tr("Properties")), tr("Not readable"), toQString(read.error().message));
         return;
     }
     QHash<QString, QTreeWidgetItem*> sets;
     for (const model::Property& property : *read) {
         QString title = toQString(property.set);
-        if (property.inherited) title += QStringLiteral(" (from the type)");
+        if (property.inherited) title += tr(" (from the type)");
         QTreeWidgetItem*& set = sets[title];
         if (!set) set = group(title);
         QTreeWidgetItem* row = addRow(set, toQString(property.name), valueText(property));
         // Grey: an update cannot change it.
         if (property.kind != model::PropertyKind::Single) {
             row->setForeground(1, palette().brush(QPalette::Disabled, QPalette::Text));
+        } else {
+            makeEditable(row, itemOf(property));
         }
     }
 }
@@ -170,9 +251,9 @@ void InspectorPanel::addProperties(const model::Model& model, model::Element ele
 void InspectorPanel::addClassifications(const model::Model& model, model::Element element) {
     const auto read = model.classifications(element);
     if (read && read->empty()) return;
-    QTreeWidgetItem* references = group(QStringLiteral("Classification references"));
+    QTreeWidgetItem* references = group(tr("Classification references"));
     if (!read) {
-        addRow(references, QStringLiteral("Not readable"), toQString(read.error().message));
+        addRow(references, tr("Not readable"), toQString(read.error().message));
         return;
     }
     for (const model::ClassificationReference& reference : *read) {

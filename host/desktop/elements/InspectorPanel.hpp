@@ -4,6 +4,9 @@
 
 #include <QSet>
 #include <QWidget>
+#include <functional>
+#include <optional>
+#include <string>
 
 class QLabel;
 class QTreeWidget;
@@ -22,6 +25,19 @@ public:
     void show(const model::Model* model, std::optional<model::Element> element);
 
     QTreeWidget* tree() const { return view_; }
+    /// As the model has it.
+    QString storedValue(const QTreeWidgetItem& row) const;
+    /// Lets the user write over the value of a row.
+    void editValue(const QTreeWidgetItem& row);
+    /// Stands below the data.
+    void setFooter(QWidget* footer);
+    /// What has been proposed for an item, shown beside what the model holds.
+    using Proposals = std::function<std::optional<QString>(model::Element element, const std::string& item)>;
+    void setProposals(Proposals proposals) { proposals_ = std::move(proposals); }
+
+Q_SIGNALS:
+    /// The user has written another value over one. @param item  as an update file names it.
+    void valueProposed(model::Element element, const std::string& item, const QString& old, const QString& value);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -33,10 +49,13 @@ private:
     void addProperties(const model::Model& model, model::Element element);
     void addClassifications(const model::Model& model, model::Element element);
     void copySelection();
+    void makeEditable(QTreeWidgetItem* row, const std::string& item);
 
     QLabel* heading_;
     QTreeWidget* view_;
     QSet<QString> closedGroups_;
+    Proposals proposals_;
+    std::optional<model::Element> element_;
 };
 
 /// A property's value as a person reads it.

@@ -2,6 +2,7 @@
 
 #include "desktop/QtText.hpp"
 
+#include <QCoreApplication>
 #include <QPainter>
 #include <algorithm>
 
@@ -67,15 +68,15 @@ QString markText(Mark mark) {
         case Mark::None:
             break;
         case Mark::Unchanged:
-            return QStringLiteral("nothing to do");
+            return QCoreApplication::translate("desktop::PlanView", "nothing to do");
         case Mark::Done:
-            return QStringLiteral("done");
+            return QCoreApplication::translate("desktop::PlanView", "done");
         case Mark::Open:
-            return QStringLiteral("not ticked");
+            return QCoreApplication::translate("desktop::PlanView", "not ticked");
         case Mark::Ticked:
-            return QStringLiteral("ticked");
+            return QCoreApplication::translate("desktop::PlanView", "ticked");
         case Mark::Error:
-            return QStringLiteral("failed");
+            return QCoreApplication::translate("desktop::PlanView", "failed");
     }
     return {};
 }

@@ -35,13 +35,13 @@ PlanPanel::PlanPanel(QWidget* parent)
       view_(new PlanView(geometry_, this)),
       choice_(new QComboBox(this)) {
     choice_->setObjectName(QStringLiteral("storeys"));
-    choice_->setAccessibleName(QStringLiteral("Storey shown in the plan"));
+    choice_->setAccessibleName(tr("Storey shown in the plan"));
     // As wide as there is room, not as the longest entry is: the entries change while a review is open.
     choice_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     choice_->setMinimumContentsLength(12);
-    auto* closer = makeButton(QStringLiteral("+"), QStringLiteral("Zoom in"), this);
-    auto* farther = makeButton(QStringLiteral("−"), QStringLiteral("Zoom out"), this);
-    auto* whole = makeButton(QStringLiteral("Fit"), QStringLiteral("Show the whole storey"), this);
+    auto* closer = makeButton(QStringLiteral("+"), tr("Zoom in"), this);
+    auto* farther = makeButton(QStringLiteral("−"), tr("Zoom out"), this);
+    auto* whole = makeButton(tr("Fit"), tr("Show the whole storey"), this);
 
     auto* top = new QHBoxLayout;
     top->addWidget(choice_, 1);
@@ -98,11 +98,10 @@ void PlanPanel::labelChoice() {
         const int storey = choice_->itemData(entry).toInt();
         const auto position = static_cast<std::size_t>(std::max(storey, 0));
         const std::size_t here = storey == AllStoreys ? all : marked[position];
-        QString text = storey == AllStoreys ? QStringLiteral("All storeys") : elements_->storeys()[position].name;
-        if (text.isEmpty()) text = QStringLiteral("(in no storey)");
+        QString text = storey == AllStoreys ? tr("All storeys") : elements_->storeys()[position].name;
+        if (text.isEmpty()) text = tr("(in no storey)");
         if (here) {
-            text += QStringLiteral(" – %1 of %2 marked")
-                        .arg(number(static_cast<qint64>(here)), number(static_cast<qint64>(all)));
+            text += tr(" – %1 of %2 marked").arg(number(static_cast<qint64>(here)), number(static_cast<qint64>(all)));
         }
         if (choice_->itemText(entry) != text) choice_->setItemText(entry, text);
     }
@@ -163,8 +162,8 @@ double PlanPanel::heightOfPlan() const {
 std::optional<host::PickedPoint> PlanPanel::pickPoint(const QString& prompt) {
     if (picking_ || !elements_) return std::nullopt;
     picking_ = true;
-    const QString text = prompt.isEmpty() ? QStringLiteral("Click a point") : prompt;
-    view_->setPrompt(QStringLiteral("%1   (Esc cancels)").arg(text));
+    const QString text = prompt.isEmpty() ? tr("Click a point") : prompt;
+    view_->setPrompt(tr("%1   (Esc cancels)").arg(text));
     view_->setFocus(Qt::OtherFocusReason);
     qApp->installEventFilter(this);
 

@@ -48,7 +48,7 @@ bool touches(const Footprint& footprint, const QPointF& point, double tolerance)
 PlanView::PlanView(PlanGeometry* geometry, QWidget* parent)
     : QWidget(parent), geometry_(geometry), prompt_(new QLabel(this)) {
     setObjectName(QStringLiteral("plan"));
-    setAccessibleName(QStringLiteral("Plan of the model"));
+    setAccessibleName(tr("Plan of the model"));
     setFocusPolicy(Qt::StrongFocus);
     setBackgroundRole(QPalette::Base);
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -241,8 +241,7 @@ void PlanView::paintEvent(QPaintEvent*) {
     if (marks_) plan.drawLegend(*marks_);
     if (!storeys_.empty() && !geometry_->complete(storeys_)) {
         painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
-        painter.drawText(rect().adjusted(8, 8, -8, -8), Qt::AlignLeft | Qt::AlignBottom,
-                         QStringLiteral("Reading the geometry…"));
+        painter.drawText(rect().adjusted(8, 8, -8, -8), Qt::AlignLeft | Qt::AlignBottom, tr("Reading the geometry…"));
     }
 }
 

@@ -36,7 +36,7 @@ public:
     bool complete() const { return !storeys_.empty() && geometry_->complete(storeys_); }
 
     QSize sizeHint() const override { return {480, 360}; }
-    QSize minimumSizeHint() const override { return {160, 120}; }
+    QSize minimumSizeHint() const override { return {120, 72}; }
 
 Q_SIGNALS:
     void elementClicked(model::Element element);

@@ -17,7 +17,7 @@ constexpr int KeptLines = 20000;
 
 DebugPanel::DebugPanel(QWidget* parent) : QWidget(parent), view_(new QPlainTextEdit(this)) {
     view_->setObjectName(QStringLiteral("debug"));
-    view_->setAccessibleName(QStringLiteral("Debug output"));
+    view_->setAccessibleName(tr("Debug output"));
     view_->setReadOnly(true);
     view_->setUndoRedoEnabled(false);
     view_->setMaximumBlockCount(KeptLines);

@@ -13,7 +13,7 @@ namespace desktop {
 
 ReportPanel::ReportPanel(QWidget* parent) : QWidget(parent), list_(new QListWidget(this)) {
     list_->setObjectName(QStringLiteral("report"));
-    list_->setAccessibleName(QStringLiteral("Report"));
+    list_->setAccessibleName(tr("Report"));
     list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     // One height for all, or a report of thousands of refusals would be measured line by line.
     list_->setUniformItemSizes(true);

@@ -6,6 +6,7 @@
 #include "desktop/report/ReportPanel.hpp"
 #include "desktop/window/AddOnMenu.hpp"
 
+#include <QAction>
 #include <QFileInfo>
 #include <QMainWindow>
 #include <QMessageBox>
@@ -21,6 +22,13 @@ Imports::Imports(QMainWindow* window, Document& document, DesktopView& view, Add
     view_.setUpdatesReader([this](const QString& path) { return take(path); });
     connect(&menu_, &AddOnMenu::commandEnded, this, &Imports::commandEnded);
     connect(&document_, &Document::closing, this, [this] { picked_.reset(); });
+}
+
+void Imports::begin(const QString& path) {
+    QAction* import = menu_.importAction();
+    if (!import || !import->isEnabled()) return;
+    view_.answerNextRequest(path);
+    import->trigger();
 }
 
 /// @return what the add-on is to open in the file's place; nothing where there is nothing in it for the add-on.
@@ -40,7 +48,7 @@ std::optional<std::string> Imports::take(const QString& path) {
         window_->statusBar()->showMessage(how);
     }
     if (read->empty()) {
-        refuse(path, QStringLiteral("It asks for nothing that the model does not hold already.\n%1").arg(how));
+        refuse(path, tr("It asks for nothing that the model does not hold already.\n%1").arg(how));
         return std::nullopt;
     }
     picked_.emplace(std::move(*read));
@@ -49,9 +57,8 @@ std::optional<std::string> Imports::take(const QString& path) {
 
 void Imports::refuse(const QString& path, const QString& why) {
     const WaitCursor::Pause usable;
-    QMessageBox box(QMessageBox::Warning, QStringLiteral("Import"),
-                    QStringLiteral("Nothing to import from %1.").arg(QFileInfo(path).fileName()), QMessageBox::Ok,
-                    window_);
+    QMessageBox box(QMessageBox::Warning, tr("Import"),
+                    tr("Nothing to import from %1.").arg(QFileInfo(path).fileName()), QMessageBox::Ok, window_);
     box.setObjectName(QStringLiteral("importMessage"));
     box.setTextFormat(Qt::PlainText);
     box.setInformativeText(visible(why).toHtmlEscaped());
@@ -59,6 +66,8 @@ void Imports::refuse(const QString& path, const QString& why) {
 }
 
 void Imports::commandEnded() {
+    // A command that asked for no file must not leave its answer to the next one.
+    view_.forgetAnswer();
     if (!picked_) return;
     if (!picked_->goOn() || !mayGoOn()) {
         picked_.reset();
@@ -72,16 +81,16 @@ void Imports::commandEnded() {
 
 bool Imports::mayGoOn() {
     QMessageBox box(
-        QMessageBox::Question, QStringLiteral("Import"),
-        QStringLiteral("Go on with list %1 of %2?")
+        QMessageBox::Question, tr("Import"),
+        tr("Go on with list %1 of %2?")
             .arg(number(static_cast<qint64>(picked_->list())), number(static_cast<qint64>(picked_->listCount()))),
         QMessageBox::Yes | QMessageBox::No, window_);
     box.setObjectName(QStringLiteral("nextListQuestion"));
-    box.setInformativeText(QStringLiteral("A list holds at most %1 rows, so %2 is reviewed in several.")
+    box.setInformativeText(tr("A list holds at most %1 rows, so %2 is reviewed in several.")
                                .arg(number(DG_LIST_MAX_ROWS), picked_->fileName())
                                .toHtmlEscaped());
-    box.button(QMessageBox::Yes)->setText(QStringLiteral("&Go On"));
-    box.button(QMessageBox::No)->setText(QStringLiteral("&Stop Here"));
+    box.button(QMessageBox::Yes)->setText(tr("&Go On"));
+    box.button(QMessageBox::No)->setText(tr("&Stop Here"));
     box.setDefaultButton(QMessageBox::Yes);
     return box.exec() == QMessageBox::Yes;
 }

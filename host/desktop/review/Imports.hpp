@@ -22,6 +22,9 @@ class Imports : public QObject {
 public:
     Imports(QMainWindow* window, Document& document, DesktopView& view, AddOnMenu& menu, ReportPanel& report);
 
+    /// Runs the add-on's import with a file that is known already.
+    void begin(const QString& path);
+
     /// The file whose list the add-on is showing, or about to show; null where it runs for something else.
     PickedUpdates* current() { return picked_ ? &*picked_ : nullptr; }
 

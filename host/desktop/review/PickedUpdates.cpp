@@ -3,6 +3,7 @@
 #include "desktop/QtText.hpp"
 #include "updatefile/Hints.hpp"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 namespace desktop {
@@ -21,27 +22,29 @@ QStringList leftOut(const tables::ReadReport& table) {
     QStringList hints;
     for (const tables::LeftOut& left : table.leftOut) {
         if (static_cast<std::size_t>(hints.size()) == MostLeftOutShown) {
-            hints += QStringLiteral("%1 more cells or lines were left out; mend these first")
+            hints += QCoreApplication::translate("desktop::PickedUpdates",
+                                                 "%1 more cells or lines were left out; mend these first")
                          .arg(number(static_cast<qint64>(table.leftOut.size() - MostLeftOutShown)));
             break;
         }
         const QString column =
             left.column.empty() ? QString() : QStringLiteral(", %1").arg(visible(toQString(left.column)));
-        hints += QStringLiteral("Left out: line %1%2: %3").arg(QString::number(left.line), column, toQString(left.why));
+        hints += QCoreApplication::translate("desktop::PickedUpdates", "Left out: line %1%2: %3")
+                     .arg(QString::number(left.line), column, toQString(left.why));
     }
     return hints;
 }
 
 }  // namespace
 
-PickedUpdates::PickedUpdates(QString fileName, std::unique_ptr<importing::UpdateSource> source)
-    : fileName_(std::move(fileName)), source_(std::move(source)) {}
+PickedUpdates::PickedUpdates(QString path, std::unique_ptr<importing::UpdateSource> source)
+    : path_(std::move(path)), fileName_(QFileInfo(path_).fileName()), source_(std::move(source)) {}
 
 model::Result<PickedUpdates> PickedUpdates::read(const QString& path, const model::Model& model) {
     auto source = importing::UpdateSource::open(toPath(path), {});
     if (!source) return source.error();
     if (const model::Status read = (*source)->read(model); !read) return read.error();
-    return PickedUpdates(QFileInfo(path).fileName(), std::move(*source));
+    return PickedUpdates(path, std::move(*source));
 }
 
 bool PickedUpdates::goOn() {
@@ -52,6 +55,23 @@ bool PickedUpdates::goOn() {
 
 QString PickedUpdates::howRead() const {
     return source_->notes().empty() ? QString() : toQString(source_->notes().front());
+}
+
+void PickedUpdates::describe(importing::ReviewedUpdates& reviewed, const frontend::List& list) const {
+    reviewed.updatesPath = path_.toStdString();
+    reviewed.linesWithoutRow = source_->findings().withoutRow.count;
+    if (source_->table()) {
+        reviewed.leftOut = source_->table()->leftOut;
+        reviewed.linesWithoutRow += reviewed.leftOut.size();
+    }
+    const updatefile::ReviewCounts counts{static_cast<std::uint64_t>(list.rowCount()), list.rowsLost()};
+    const auto ofLines = updatefile::hintsFor(source_->findings(), counts, "the table of elements shows");
+    std::vector<std::string> hints;
+    hints.reserve(source_->notes().size() + ofLines.size() + reviewed.hints.size());
+    if (!source_->notes().empty()) hints.assign(source_->notes().begin() + 1, source_->notes().end());
+    hints.insert(hints.end(), ofLines.begin(), ofLines.end());
+    hints.insert(hints.end(), reviewed.hints.begin(), reviewed.hints.end());
+    reviewed.hints = std::move(hints);
 }
 
 QStringList PickedUpdates::hints(const frontend::List& list) const {

@@ -2,6 +2,7 @@
 // The file of updates that the user has picked for the add-on, read by the host before the add-on reads it.
 
 #include "frameworks/FrontEnd.hpp"
+#include "importing/ReviewPage.hpp"
 #include "importing/UpdateSource.hpp"
 
 #include <QString>
@@ -27,15 +28,20 @@ public:
     /// @return false where this was the last list.
     bool goOn();
 
+    /// As the user has named it.
+    const QString& path() const { return path_; }
+    /// What a report says of the file.
+    void describe(importing::ReviewedUpdates& reviewed, const frontend::List& list) const;
+
     /// "Read doors.csv: comma, …"; empty for an update file.
     QString howRead() const;
     /// What the user should know of the file, in sentences.
     QStringList hints(const frontend::List& list) const;
 
 private:
-    PickedUpdates(QString fileName, std::unique_ptr<importing::UpdateSource> source);
+    PickedUpdates(QString path, std::unique_ptr<importing::UpdateSource> source);
 
-    QString fileName_;
+    QString path_, fileName_;
     std::unique_ptr<importing::UpdateSource> source_;
     std::size_t list_ = 0;
 };

@@ -103,13 +103,15 @@ Review::Review(const Parts& parts)
       updates_(parts.updates) {
     for (const frontend::Item& item : dialog_.content().items()) {
         if (!listItem_ && item.kind == frontend::ItemKind::List) listItem_ = item.number;
+        if (!fieldItem_ && item.kind == frontend::ItemKind::EditText) fieldItem_ = item.number;
     }
     if (!listItem_ || !document_.isOpen()) return;
     rows_ = std::make_unique<ReviewRows>(*document_.model());
     if (dialog_.content().list(listItem_)->tabFields().size() == updatefile::reviewlist::ColumnCount) showUpdates();
     connect(&dialog_, &AddOnDialog::contentChanged, this, &Review::takeRows);
     connect(&dialog_, &AddOnDialog::currentRowChanged, this, &Review::selectRow);
-    connect(&plan_, &PlanPanel::elementClicked, this, &Review::showRowOf);
+    connect(&plan_, &PlanPanel::elementClicked, this, &Review::takeClick);
+    connect(&elements_, &ElementPanel::elementClicked, this, &Review::takeClick);
 }
 
 Review::~Review() {
@@ -164,9 +166,8 @@ void Review::showNotes() {
     dialog_.list(listItem_)->setNotes(notes_->rows());
     bar_->setTotals(totals, notes_->storable());
     bar_->setShown(dialog_.list(listItem_)->shownRows());
-    dialog_.setButtonNote(
-        DG_OK, totals.ticked > 0 ? number(totals.ticked) : QString(),
-        totals.ticked > 0 ? QString() : QStringLiteral("No row is ticked: tick those to write, or all of them"));
+    dialog_.setButtonNote(DG_OK, totals.ticked > 0 ? number(totals.ticked) : QString(),
+                          totals.ticked > 0 ? QString() : tr("No row is ticked: tick those to write, or all of them"));
     showHints();
 }
 
@@ -178,8 +179,24 @@ void Review::storeAsAsked() {
     showNotes();
 }
 
-/// A list of no updates answers a question about an element; the one asked for last is the one to show.
+std::optional<importing::ReviewedUpdates> Review::reviewed() const {
+    auto reviewed = notes_ ? notes_->reviewed() : std::nullopt;
+    if (reviewed && updates_) updates_->describe(*reviewed, *dialog_.content().list(listItem_));
+    return reviewed;
+}
+
+void Review::lookUp(model::Element element) {
+    dialog_.type(fieldItem_, guidText(document_.index()->guid(element)));
+    dialog_.press(DG_OK);
+}
+
+/// A list of no updates answers a question about an element; the one asked for last is the one to show, in the list
+/// from its first row on.
 void Review::showNewest() {
+    RowListView* list = dialog_.list(listItem_);
+    const int rows = list->rows().rowCount();
+    if (rows > rowsSeen_) list->showFrom(rowsSeen_);
+    rowsSeen_ = rows;
     const auto last = rows_->lastElement();
     if (last && last != newest_) elements_.select(*last);
     newest_ = last;
@@ -188,6 +205,14 @@ void Review::showNewest() {
 void Review::selectRow(Int16 item, int row) {
     if (item != listItem_) return;
     if (const auto element = rows_->element(row)) elements_.select(*element);
+}
+
+void Review::takeClick(model::Element element) {
+    if (looksUp()) {
+        lookUp(element);
+    } else {
+        showRowOf(element);
+    }
 }
 
 /// Clicking on goes through the rows of an element that has several.

@@ -72,6 +72,13 @@ public:
     /// Null where the dialog shows no updates.
     ReviewBar* bar() const { return bar_; }
 
+    /// What a report tells of it; nothing where the dialog shows no file's updates.
+    std::optional<importing::ReviewedUpdates> reviewed() const;
+    /// Whether the dialog looks elements up: it has a field for a GUID and a list that is no review.
+    bool looksUp() const { return fieldItem_ != 0 && bar_ == nullptr; }
+    /// Types the element's GUID there and presses the dialog's first button, as a user would.
+    void lookUp(model::Element element);
+
 Q_SIGNALS:
     void failed(const QString& what);
     /// What the user wants next; the dialog is open until somebody closes it.
@@ -87,6 +94,7 @@ private:
     void takeRows();
     void showNewest();
     void selectRow(Int16 item, int row);
+    void takeClick(model::Element element);
     void showRowOf(model::Element element);
 
     Document& document_;
@@ -95,7 +103,9 @@ private:
     ElementPanel& elements_;
     AddOnDialog& dialog_;
     const PickedUpdates* updates_;
-    Int16 listItem_ = 0;  ///< The dialog's first list; 0 where it has none.
+    Int16 listItem_ = 0;   ///< The dialog's first list; 0 where it has none.
+    Int16 fieldItem_ = 0;  ///< Its first text field.
+    int rowsSeen_ = 0;
     std::unique_ptr<ReviewRows> rows_;
     std::unique_ptr<ReviewNotes> notes_;
     ReviewBar* bar_ = nullptr;

@@ -12,18 +12,21 @@ namespace desktop {
 
 namespace {
 
+QString rowsText(qsizetype rows) {
+    return counted(rows, QT_TRANSLATE_NOOP("Counts", "row"), QT_TRANSLATE_NOOP("Counts", "rows"));
+}
+
 QString sentence(const ReviewTotals& totals, int shown) {
-    QStringList parts{shown == totals.rows
-                          ? counted(totals.rows, "row", "rows")
-                          : QStringLiteral("%1 of %2 shown").arg(number(shown), counted(totals.rows, "row", "rows")),
-                      QStringLiteral("%1 of %2 ticked").arg(number(totals.ticked), number(totals.tickable))};
+    QStringList parts{shown == totals.rows ? rowsText(totals.rows)
+                                           : ReviewBar::tr("%1 of %2 shown").arg(number(shown), rowsText(totals.rows)),
+                      ReviewBar::tr("%1 of %2 ticked").arg(number(totals.ticked), number(totals.tickable))};
     const auto add = [&parts](qsizetype count, const char* one, const char* many) {
         if (count > 0) parts += counted(count, one, many);
     };
-    add(totals.done, "done", "done");
-    add(totals.errors, "error", "errors");
-    add(totals.otherwise, "not as asked", "not as asked");
-    add(totals.conflicts, "conflict", "conflicts");
+    add(totals.done, QT_TRANSLATE_NOOP("Counts", "done"), QT_TRANSLATE_NOOP("Counts", "done"));
+    add(totals.errors, QT_TRANSLATE_NOOP("Counts", "error"), QT_TRANSLATE_NOOP("Counts", "errors"));
+    add(totals.otherwise, QT_TRANSLATE_NOOP("Counts", "not as asked"), QT_TRANSLATE_NOOP("Counts", "not as asked"));
+    add(totals.conflicts, QT_TRANSLATE_NOOP("Counts", "conflict"), QT_TRANSLATE_NOOP("Counts", "conflicts"));
     return parts.join(QStringLiteral(" · "));
 }
 
@@ -31,10 +34,13 @@ struct Choice {
     RowChoice choice;
     const char* text;
 };
-constexpr Choice Choices[] = {{RowChoice::All, "All rows"},           {RowChoice::Ticked, "Ticked"},
-                              {RowChoice::Errors, "Errors"},          {RowChoice::Otherwise, "Not as asked"},
-                              {RowChoice::Conflicts, "Conflicts"},    {RowChoice::Done, "Done"},
-                              {RowChoice::Unchanged, "Nothing to do"}};
+constexpr Choice Choices[] = {{RowChoice::All, QT_TRANSLATE_NOOP("desktop::ReviewBar", "All rows")},
+                              {RowChoice::Ticked, QT_TRANSLATE_NOOP("desktop::ReviewBar", "Ticked")},
+                              {RowChoice::Errors, QT_TRANSLATE_NOOP("desktop::ReviewBar", "Errors")},
+                              {RowChoice::Otherwise, QT_TRANSLATE_NOOP("desktop::ReviewBar", "Not as asked")},
+                              {RowChoice::Conflicts, QT_TRANSLATE_NOOP("desktop::ReviewBar", "Conflicts")},
+                              {RowChoice::Done, QT_TRANSLATE_NOOP("desktop::ReviewBar", "Done")},
+                              {RowChoice::Unchanged, QT_TRANSLATE_NOOP("desktop::ReviewBar", "Nothing to do")}};
 
 }  // namespace
 
@@ -43,24 +49,24 @@ ReviewBar::ReviewBar(QWidget* parent)
       choice_(new QComboBox),
       filter_(new QLineEdit),
       totalsLabel_(new QLabel),
-      store_(new QPushButton(QStringLiteral("Store as Asked"))),
-      report_(new QPushButton(QStringLiteral("Report"))),
-      undo_(new QPushButton(QStringLiteral("Undo"))),
-      save_(new QPushButton(QStringLiteral("Save"))) {
+      store_(new QPushButton(tr("Store as Asked"))),
+      report_(new QPushButton(tr("Report…"))),
+      undo_(new QPushButton(tr("Undo"))),
+      save_(new QPushButton(tr("Save"))) {
     setObjectName(QStringLiteral("reviewBar"));
     totalsLabel_->setObjectName(QStringLiteral("reviewTotals"));
-    totalsLabel_->setAccessibleName(QStringLiteral("Totals"));
+    totalsLabel_->setAccessibleName(tr("Totals"));
     choice_->setObjectName(QStringLiteral("rowChoice"));
-    choice_->setAccessibleName(QStringLiteral("Rows to show"));
-    for (const Choice& choice : Choices) choice_->addItem(QString::fromLatin1(choice.text));
+    choice_->setAccessibleName(tr("Rows to show"));
+    for (const Choice& choice : Choices) choice_->addItem(tr(choice.text));
     filter_->setObjectName(QStringLiteral("rowFilter"));
-    filter_->setAccessibleName(QStringLiteral("Show rows with this text"));
-    filter_->setPlaceholderText(QStringLiteral("Filter"));
+    filter_->setAccessibleName(tr("Show rows with this text"));
+    filter_->setPlaceholderText(tr("Filter"));
     filter_->setClearButtonEnabled(true);
     filter_->setMaximumWidth(200);
-    report_->setToolTip(QStringLiteral("Show what the host has reported"));
-    undo_->setToolTip(QStringLiteral("Close the review and take its last step back"));
-    save_->setToolTip(QStringLiteral("Close the review and save the model"));
+    report_->setToolTip(tr("Write what came of this review: as a page, a workbook or JSON"));
+    undo_->setToolTip(tr("Close the review and take its last step back"));
+    save_->setToolTip(tr("Close the review and save the model"));
 
     auto* all = new QHBoxLayout(this);
     all->setContentsMargins(10, 0, 10, 8);
@@ -89,12 +95,11 @@ void ReviewBar::setTotals(const ReviewTotals& totals, std::size_t storable) {
     totals_ = totals;
     showTotals();
     store_->setEnabled(storable > 0);
-    store_->setText(storable > 0 ? QStringLiteral("Store %1 as Asked").arg(number(static_cast<qint64>(storable)))
-                                 : QStringLiteral("Store as Asked"));
-    store_->setToolTip(storable > 0
-                           ? QStringLiteral("Writes what the file asks for where the model holds something else, as an "
-                                            "undoable step of its own")
-                           : QStringLiteral("No applied row holds something else than the file asks for"));
+    store_->setText(storable > 0 ? tr("Store %1 as Asked").arg(number(static_cast<qint64>(storable)))
+                                 : tr("Store as Asked"));
+    store_->setToolTip(storable > 0 ? tr("Writes what the file asks for where the model holds something else, as an "
+                                         "undoable step of its own")
+                                    : tr("No applied row holds something else than the file asks for"));
     store_->setAccessibleName(store_->text());
     // What comes next is there once something has been applied.
     report_->setVisible(totals.done + totals.errors > 0);

@@ -2,6 +2,7 @@
 
 #include "desktop/QtText.hpp"
 #include "importing/ReviewRows.hpp"
+#include "text/Unicode.hpp"
 #include "updatefile/ReviewList.hpp"
 
 #include <algorithm>
@@ -71,7 +72,7 @@ RowState stateOf(Mark mark) {
 
 ReviewNotes::ReviewNotes(model::Model& model, const host::Host& host, const importing::UpdatePart* part,
                          const frontend::List& list)
-    : model_(model), host_(host), reportSeen_(host.report().size()) {
+    : model_(model), host_(host), reportBegin_(host.report().size()), reportSeen_(reportBegin_) {
     if (!part) return;
     review_ = importing::RowReader().readFrom(list);
     facts_.emplace(model_, *part, review_);
@@ -81,6 +82,7 @@ void ReviewNotes::read(const frontend::List& list, const std::vector<Mark>& mark
     const bool applied = host_.report().size() > reportSeen_ ||
                          !std::equal(marks.begin(), marks.end(), marks_.begin(), marks_.end(),
                                      [](Mark a, Mark b) { return a == b || (!isSettled(a) && !isSettled(b)); });
+    if (applied) noteWanted(marks);
     marks_ = marks;
     countTicks(list);
     if (applied && facts_ && std::any_of(marks.begin(), marks.end(), isSettled)) {
@@ -88,6 +90,14 @@ void ReviewNotes::read(const frontend::List& list, const std::vector<Mark>& mark
         collectReasons(marks);
     }
     makeNotes(marks);
+}
+
+/// What is done, or refused, has lost its tick or may have got it in the moment before.
+void ReviewNotes::noteWanted(const std::vector<Mark>& marks) {
+    wanted_.resize(marks.size());
+    for (std::size_t row = 0; row < marks.size(); ++row) {
+        if (isSettled(marks[row]) || (row < marks_.size() && marks_[row] == Mark::Ticked)) wanted_[row] = true;
+    }
 }
 
 void ReviewNotes::countTicks(const frontend::List& list) {
@@ -165,6 +175,24 @@ QStringList ReviewNotes::hintsOnNames() const {
     if (!facts_) return hints;
     for (const std::string& hint : importing::hintsOnNames(model_, review_, result_)) hints += toQString(hint);
     return hints;
+}
+
+std::optional<importing::ReviewedUpdates> ReviewNotes::reviewed() const {
+    if (!facts_) return std::nullopt;
+    importing::ReviewedUpdates reviewed;
+    reviewed.review = review_;
+    reviewed.result = result_;
+    for (std::size_t row = 0; row < review_.size() && row < marks_.size(); ++row) {
+        const bool wanted = result_ ? row < wanted_.size() && wanted_[row] : marks_[row] == Mark::Ticked;
+        if (wanted)
+            reviewed.review[row].columns[updatefile::reviewlist::TickColumn] =
+                std::string(updatefile::reviewlist::Ticked);
+    }
+    reviewed.facts = facts_->rows();
+    reviewed.hints = importing::hintsOnNames(model_, review_, result_);
+    for (std::size_t i = reportBegin_; i < host_.report().size(); ++i)
+        reviewed.report.push_back(text::wellFormed(host_.report()[i].text));
+    return reviewed;
 }
 
 model::Result<std::size_t> ReviewNotes::storeAsAsked() {

@@ -5,6 +5,7 @@
 #include "desktop/plan/PlanMarks.hpp"
 #include "frameworks/FrontEnd.hpp"
 #include "importing/ReviewFacts.hpp"
+#include "importing/ReviewPage.hpp"
 #include "services/Host.hpp"
 
 #include <QStringList>
@@ -39,12 +40,16 @@ public:
     /// What the names of the rows probably mean.
     QStringList hintsOnNames() const;
 
+    /// The review as it stands, as far as the rows tell; nothing where it is not known what the list was made of.
+    std::optional<importing::ReviewedUpdates> reviewed() const;
+
     /// How many rows hold something else than was asked, and perhaps could hold that.
     std::size_t storable() const { return storable_; }
     /// Stores it, as one undoable step. @return how many rows were written.
     model::Result<std::size_t> storeAsAsked();
 
 private:
+    void noteWanted(const std::vector<Mark>& marks);
     void countTicks(const frontend::List& list);
     void readBack(const frontend::List& list);
     void collectReasons(const std::vector<Mark>& marks);
@@ -57,11 +62,13 @@ private:
     std::optional<std::vector<importing::ListRow>> result_;  ///< After the last one.
     std::optional<importing::ReviewFacts> facts_;
     std::vector<Mark> marks_;
+    std::vector<bool> wanted_;      ///< Rows that were ticked when Apply was pressed.
     std::vector<QString> reasons_;  ///< Of refused rows.
     std::vector<RowNote> notes_;
     qsizetype ticked_ = 0, tickable_ = 0;
     std::size_t storable_ = 0;
-    std::size_t reportSeen_ = 0;  ///< Lines of the report that are older than the last Apply.
+    std::size_t reportBegin_ = 0;  ///< Lines of the report that are older than this review.
+    std::size_t reportSeen_ = 0;   ///< Lines of the report that are older than the last Apply.
 };
 
 }  // namespace desktop

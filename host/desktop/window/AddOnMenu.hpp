@@ -23,12 +23,17 @@ public:
     void rebuild();
     /// The action of an item, from 1; null where there is none.
     QAction* action(Int16 menuStrResID, Int32 itemIndex) const;
+    /// The first two items of all menus, as on the command line: what imports updates and what looks an element up.
+    /// Null where the add-on has none.
+    QAction* importAction() const { return itemAt(0); }
+    QAction* lookUpAction() const { return itemAt(1); }
     /// Runs the command that ran last once more.
     void pickAgain();
 
 Q_SIGNALS:
     /// A command ended; `error` is its error code.
     void commandEnded(GSErrCode error);
+    void rebuilt();
 
 private:
     struct Entry {
@@ -36,6 +41,7 @@ private:
         Int32 item;
         QAction* action;
     };
+    QAction* itemAt(std::size_t place) const { return place < entries_.size() ? entries_[place].action : nullptr; }
     void update();
     void pick(Int16 menu, Int32 item);
 

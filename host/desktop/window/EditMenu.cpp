@@ -16,32 +16,34 @@ namespace desktop {
 
 namespace {
 
-/// "Undo" with the step's name, in which an ampersand is a letter.
-/// A menu item for the step named, if there is one.
+/// A menu item for the step named, if there is one, in whose name an ampersand is a letter.
 void offer(QAction& action, const QString& verb, const std::optional<std::string>& step) {
     action.setEnabled(step.has_value());
     const bool named = step && !step->empty();
-    action.setText(named ? verb + u' ' + toQString(*step).replace(u'&', QStringLiteral("&&")) : verb);
+    // A tool bar whose buttons change their widths with each step is hard to hit.
+    action.setIconText(QString(verb).remove(u'&'));
+    action.setText(named ? EditMenu::tr("%1 %2").arg(verb, toQString(*step).replace(u'&', QStringLiteral("&&")))
+                         : verb);
 }
 
 }  // namespace
 
 EditMenu::EditMenu(QMainWindow* window, Document& document, ElementPanel& elements, Busy& busy)
     : QObject(window), window_(window), document_(document), elements_(elements), busy_(busy) {
-    QMenu* menu = window_->menuBar()->addMenu(QStringLiteral("&Edit"));
+    QMenu* menu = window_->menuBar()->addMenu(tr("&Edit"));
     const auto add = [&](const QString& text, const QKeySequence& key, const QString& prompt) {
         auto* action = menu->addAction(text);
         action->setShortcut(key);
         action->setStatusTip(prompt);
         return action;
     };
-    undo_ = add(QStringLiteral("&Undo"), QKeySequence::Undo, QStringLiteral("Take the last step back"));
-    redo_ = add(QStringLiteral("&Redo"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
-                QStringLiteral("Do the step again that was taken back"));
+    undo_ = add(tr("&Undo"), QKeySequence::Undo, tr("Take the last step back"));
+    redo_ =
+        add(tr("&Redo"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), tr("Do the step again that was taken back"));
     menu->addSeparator();
-    copyGuid_ = add(QStringLiteral("Copy &GUID"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C),
-                    QStringLiteral("Copy the GUID of the selected element"));
-    find_ = add(QStringLiteral("&Find Elements"), QKeySequence::Find, QStringLiteral("Go to the filter"));
+    copyGuid_ = add(tr("Copy &GUID"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C),
+                    tr("Copy the GUID of the selected element"));
+    find_ = add(tr("&Find Elements"), QKeySequence::Find, tr("Go to the filter"));
 
     connect(undo_, &QAction::triggered, this, [this] {
         const WaitCursor wait;
@@ -63,8 +65,8 @@ EditMenu::EditMenu(QMainWindow* window, Document& document, ElementPanel& elemen
 void EditMenu::update() {
     const bool free = document_.isOpen() && !busy_.active();
     const auto steps = free ? document_.model()->undoSteps() : model::UndoSteps();
-    offer(*undo_, QStringLiteral("&Undo"), steps.undo);
-    offer(*redo_, QStringLiteral("&Redo"), steps.redo);
+    offer(*undo_, tr("&Undo"), steps.undo);
+    offer(*redo_, tr("&Redo"), steps.redo);
     copyGuid_->setEnabled(document_.isOpen() && elements_.current().has_value());
     find_->setEnabled(document_.isOpen());
 }
@@ -74,7 +76,7 @@ void EditMenu::copyGuid() {
     if (!element || !document_.isOpen()) return;
     const QString guid = guidText(document_.index()->guid(*element));
     QApplication::clipboard()->setText(guid);
-    window_->statusBar()->showMessage(QStringLiteral("Copied %1").arg(guid), 5000);
+    window_->statusBar()->showMessage(tr("Copied %1").arg(guid), 5000);
 }
 
 }  // namespace desktop

@@ -19,6 +19,9 @@ class EditMenu : public QObject {
 public:
     EditMenu(QMainWindow* window, Document& document, ElementPanel& elements, Busy& busy);
 
+    QAction* undoAction() const { return undo_; }
+    QAction* redoAction() const { return redo_; }
+
 private:
     void update();
     void copyGuid();

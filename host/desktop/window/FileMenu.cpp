@@ -1,10 +1,11 @@
 #include "desktop/window/FileMenu.hpp"
 
 #include "desktop/QtText.hpp"
+#include "desktop/window/FileKind.hpp"
 #include "desktop/window/FileTasks.hpp"
+#include "desktop/window/RecentFiles.hpp"
 
 #include <QAction>
-#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMainWindow>
@@ -20,16 +21,9 @@ namespace desktop {
 namespace {
 
 const QString FolderKey = QStringLiteral("folders/models");
-const QString RecentFilesKey = QStringLiteral("recentFiles");
-const QString ModelFilter = QStringLiteral("IFC models (*.ifc *.ifczip *.ifcZIP *.IFC);;All files (*)");
-
-/// Whether the file's first line begins as an update does: people drop the one file for the other.
-bool looksLikeUpdates(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return false;
-    constexpr qint64 GuidAndTab = 37;
-    const QByteArray start = file.read(GuidAndTab);
-    return start.endsWith('\t') && guidFromText(QString::fromLatin1(start.chopped(1)));
+/// What the file dialogs offer. IFC models first.
+QStringList modelFilters() {
+    return {FileMenu::tr("IFC models (*.ifc *.ifczip *.ifcZIP *.IFC)"), FileMenu::tr("All files (*)")};
 }
 
 void showError(QWidget* window, const QString& title, const model::Error& error) {
@@ -42,44 +36,19 @@ void showError(QWidget* window, const QString& title, const model::Error& error)
 
 }  // namespace
 
-QStringList RecentFiles::list() {
-    return QSettings().value(RecentFilesKey).toStringList();
-}
-
-void RecentFiles::add(const QString& path) {
-    const QString whole = QFileInfo(path).absoluteFilePath();
-    QStringList files = list();
-    files.removeAll(whole);
-    files.prepend(whole);
-    QSettings().setValue(RecentFilesKey, files.mid(0, Most));
-}
-
-void RecentFiles::remove(const QString& path) {
-    QStringList files = list();
-    files.removeAll(QFileInfo(path).absoluteFilePath());
-    QSettings().setValue(RecentFilesKey, files);
-}
-
-void RecentFiles::clear() {
-    QSettings().remove(RecentFilesKey);
-}
-
 FileMenu::FileMenu(QMainWindow* window, Document& document, Busy& busy)
     : QObject(window), window_(window), document_(document), busy_(busy) {
-    menu_ = window_->menuBar()->addMenu(QStringLiteral("&File"));
-    open_ = add(QStringLiteral("&Open…"), QKeySequence::Open, QStringLiteral("Open a model"), &FileMenu::openByDialog);
+    menu_ = window_->menuBar()->addMenu(tr("&File"));
+    open_ = add(tr("&Open…"), QKeySequence::Open, tr("Open a model"), &FileMenu::openByDialog);
     menu_->setToolTipsVisible(true);
-    recentMenu_ = menu_->addMenu(QStringLiteral("Open &Recent"));
+    recentMenu_ = menu_->addMenu(tr("Open &Recent"));
     menu_->addSeparator();
-    save_ = add(QStringLiteral("&Save"), QKeySequence::Save, QStringLiteral("Save the model to its file"),
-                &FileMenu::saveAction);
-    saveAs_ = add(QStringLiteral("Save &As…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
-                  QStringLiteral("Save the model to another file"), &FileMenu::saveAsAction);
-    menu_->addSeparator();
-    close_ = add(QStringLiteral("&Close"), QKeySequence(Qt::CTRL | Qt::Key_W), QStringLiteral("Close the model"),
-                 &FileMenu::closeAction);
-    quit_ = add(QStringLiteral("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), QStringLiteral("Leave the program"),
-                &FileMenu::quit);
+    save_ = add(tr("&Save"), QKeySequence::Save, tr("Save the model to its file"), &FileMenu::saveAction);
+    saveAs_ = add(tr("Save &As…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), tr("Save the model to another file"),
+                  &FileMenu::saveAsAction);
+    beforeClose_ = menu_->addSeparator();
+    close_ = add(tr("&Close"), QKeySequence(Qt::CTRL | Qt::Key_W), tr("Close the model"), &FileMenu::closeAction);
+    quit_ = add(tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), tr("Leave the program"), &FileMenu::quit);
     connect(recentMenu_, &QMenu::aboutToShow, this, &FileMenu::fillRecent);
     connect(&document_, &Document::fileChanged, this, &FileMenu::update);
     connect(&busy_, &Busy::changed, this, &FileMenu::update);
@@ -100,10 +69,9 @@ void FileMenu::update() {
     recentMenu_->setEnabled(free && !RecentFiles::list().isEmpty());
     const QString holder = document_.lockHolder();
     save_->setEnabled(free && document_.modified());
-    save_->setText(holder.isEmpty() ? QStringLiteral("&Save") : QStringLiteral("&Save Under Another Name…"));
-    const QString prompt = holder.isEmpty()
-                               ? QStringLiteral("Save the model to its file")
-                               : QStringLiteral("The file is open in %1; save under another name").arg(holder);
+    save_->setText(holder.isEmpty() ? tr("&Save") : tr("&Save Under Another Name…"));
+    const QString prompt = holder.isEmpty() ? tr("Save the model to its file")
+                                            : tr("The file is open in %1; save under another name").arg(holder);
     save_->setStatusTip(prompt);
     save_->setToolTip(asPlainToolTip(prompt));
     saveAs_->setEnabled(free && document_.isOpen());
@@ -122,7 +90,7 @@ void FileMenu::fillRecent() {
         connect(action, &QAction::triggered, this, [this, path] { open(path); });
     }
     recentMenu_->addSeparator();
-    connect(recentMenu_->addAction(QStringLiteral("&Clear List")), &QAction::triggered, this, [this] {
+    connect(recentMenu_->addAction(tr("&Clear List")), &QAction::triggered, this, [this] {
         RecentFiles::clear();
         update();
     });
@@ -130,34 +98,34 @@ void FileMenu::fillRecent() {
 
 void FileMenu::openByDialog() {
     // Unsaved changes are asked about once a file is chosen: who cancels here has not been asked for nothing.
-    QFileDialog dialog(window_, QStringLiteral("Open Model"));
+    QFileDialog dialog(window_, tr("Open Model"));
     dialog.setObjectName(QStringLiteral("openDialog"));
     dialog.setFileMode(QFileDialog::ExistingFile);
-    dialog.setNameFilters(ModelFilter.split(QStringLiteral(";;")));
-    dialog.setDirectory(QSettings().value(FolderKey, QDir::homePath()).toString());
+    dialog.setNameFilters(modelFilters());
+    dialog.setDirectory(document_.isOpen() ? QFileInfo(document_.path()).absolutePath()
+                                           : QSettings().value(FolderKey, QDir::homePath()).toString());
     if (dialog.exec() == QDialog::Accepted) open(dialog.selectedFiles().constFirst());
 }
 
 bool FileMenu::open(const QString& path) {
-    if (busy_.active() || !mayLoseModel()) return false;
+    if (busy_.active()) return false;
+    if (holdsUpdates(path)) {
+        Q_EMIT updatesOffered(path);
+        return false;
+    }
+    if (!mayLoseModel()) return false;
     std::optional<model::Result<Document::Opened>> opened;
     {
         const Busy::Guard guard(busy_);
         opened = openWithProgress(window_, path);
     }
     if (!opened) {
-        window_->statusBar()->showMessage(QStringLiteral("Opening cancelled"), 5000);
+        window_->statusBar()->showMessage(tr("Opening cancelled"), 5000);
         return false;
     }
     if (!*opened) {
         if (!QFileInfo::exists(path)) RecentFiles::remove(path);
-        model::Error error = opened->error();
-        if (looksLikeUpdates(path)) {
-            error.message = path.toStdString() +
-                            ": it looks like an update file, not like a model; open the model, then import this "
-                            "file from the add-on's menu";
-        }
-        showError(window_, QStringLiteral("%1 could not be opened").arg(QFileInfo(path).fileName()), error);
+        showError(window_, tr("%1 could not be opened").arg(QFileInfo(path).fileName()), opened->error());
         return false;
     }
     const QFileInfo file(path);
@@ -174,11 +142,11 @@ bool FileMenu::save() {
 
 bool FileMenu::saveAs() {
     if (!document_.isOpen()) return false;
-    QFileDialog dialog(window_, QStringLiteral("Save Model As"));
+    QFileDialog dialog(window_, tr("Save Model As"));
     dialog.setObjectName(QStringLiteral("saveDialog"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setNameFilters(ModelFilter.split(QStringLiteral(";;")));
+    dialog.setNameFilters(modelFilters());
     dialog.setDefaultSuffix(QFileInfo(document_.path()).suffix());
     dialog.setDirectory(QFileInfo(document_.path()).absolutePath());
     dialog.selectFile(QFileInfo(document_.path()).fileName());
@@ -193,17 +161,17 @@ bool FileMenu::saveTo(const QString& path, bool force) {
         status = saveWithProgress(window_, document_, path, force);
     }
     if (!status) {
-        window_->statusBar()->showMessage(QStringLiteral("Saving cancelled; the file is as it was"), 5000);
+        window_->statusBar()->showMessage(tr("Saving cancelled; the file is as it was"), 5000);
         return false;
     }
     if (!*status && status->error().kind == model::ErrorKind::ChangedSince)
         return askAboutChangedFile(path, status->error());
     if (!*status) {
-        showError(window_, QStringLiteral("%1 could not be saved").arg(QFileInfo(path).fileName()), status->error());
+        showError(window_, tr("%1 could not be saved").arg(QFileInfo(path).fileName()), status->error());
         return false;
     }
     RecentFiles::add(path);
-    window_->statusBar()->showMessage(QStringLiteral("Saved %1").arg(path), 5000);
+    window_->statusBar()->showMessage(tr("Saved %1").arg(path), 5000);
     return true;
 }
 
@@ -213,8 +181,8 @@ bool FileMenu::mayReplace(const QString& path) {
     QStringList warnings;
     for (const std::string& warning : model::Model::targetWarnings(toPath(path))) warnings += toQString(warning);
     if (warnings.isEmpty()) return true;
-    QMessageBox box(QMessageBox::Warning, QStringLiteral("Save"),
-                    QStringLiteral("Saving %1 changes more than its content.").arg(QFileInfo(path).fileName()),
+    QMessageBox box(QMessageBox::Warning, tr("Save"),
+                    tr("Saving %1 changes more than its content.").arg(QFileInfo(path).fileName()),
                     QMessageBox::Save | QMessageBox::Cancel, window_);
     box.setObjectName(QStringLiteral("targetQuestion"));
     box.setTextFormat(Qt::PlainText);
@@ -225,16 +193,15 @@ bool FileMenu::mayReplace(const QString& path) {
 
 /// @return whether the model is saved after all.
 bool FileMenu::askAboutChangedFile(const QString& path, const model::Error& error) {
-    QMessageBox box(
-        QMessageBox::Warning, QStringLiteral("File Changed"),
-        QStringLiteral("Another program has changed %1 since it was opened.").arg(QFileInfo(path).fileName()),
-        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, window_);
+    QMessageBox box(QMessageBox::Warning, tr("File Changed"),
+                    tr("Another program has changed %1 since it was opened.").arg(QFileInfo(path).fileName()),
+                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, window_);
     box.setObjectName(QStringLiteral("changedQuestion"));
     box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(QStringLiteral("Overwriting it loses what the other program has written."));
+    box.setInformativeText(tr("Overwriting it loses what the other program has written."));
     box.setDetailedText(toQString(error.message));
-    box.button(QMessageBox::Save)->setText(QStringLiteral("Save Under Another &Name…"));
-    box.button(QMessageBox::Discard)->setText(QStringLiteral("&Overwrite"));
+    box.button(QMessageBox::Save)->setText(tr("Save Under Another &Name…"));
+    box.button(QMessageBox::Discard)->setText(tr("&Overwrite"));
     box.setDefaultButton(QMessageBox::Save);
     box.setEscapeButton(QMessageBox::Cancel);
     switch (box.exec()) {
@@ -247,15 +214,26 @@ bool FileMenu::askAboutChangedFile(const QString& path, const model::Error& erro
     }
 }
 
+bool FileMenu::mayLoseProposals() {
+    if (!document_.isOpen() || proposals_() == 0) return true;
+    QMessageBox box(QMessageBox::Question, tr("Changes by Hand"),
+                    tr("Discard the changes that you have proposed by hand?"),
+                    QMessageBox::Discard | QMessageBox::Cancel, window_);
+    box.setObjectName(QStringLiteral("proposalsQuestion"));
+    box.setInformativeText(tr("They have not been reviewed and applied."));
+    box.setDefaultButton(QMessageBox::Cancel);
+    return box.exec() == QMessageBox::Discard;
+}
+
 bool FileMenu::mayLoseModel() {
-    if (busy_.active()) return false;
+    if (busy_.active() || !mayLoseProposals()) return false;
     if (!document_.modified()) return true;
-    QMessageBox box(QMessageBox::Question, QStringLiteral("Unsaved Changes"),
-                    QStringLiteral("Save the changes to %1?").arg(QFileInfo(document_.path()).fileName()),
+    QMessageBox box(QMessageBox::Question, tr("Unsaved Changes"),
+                    tr("Save the changes to %1?").arg(QFileInfo(document_.path()).fileName()),
                     QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, window_);
     box.setObjectName(QStringLiteral("unsavedQuestion"));
     box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(QStringLiteral("Changes that are not saved are lost."));
+    box.setInformativeText(tr("Changes that are not saved are lost."));
     box.setDefaultButton(QMessageBox::Save);
     switch (box.exec()) {
         case QMessageBox::Save:
@@ -271,6 +249,10 @@ bool FileMenu::close() {
     if (!mayLoseModel()) return false;
     document_.close();
     return true;
+}
+
+void FileMenu::insert(QAction* action) {
+    menu_->insertAction(beforeClose_, action);
 }
 
 void FileMenu::quit() {

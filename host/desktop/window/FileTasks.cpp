@@ -2,6 +2,7 @@
 
 #include "desktop/QtText.hpp"
 
+#include <QCoreApplication>
 #include <QEventLoop>
 #include <QFileInfo>
 #include <QProgressDialog>
@@ -65,7 +66,8 @@ std::optional<model::Result<Document::Opened>> openWithProgress(QWidget* window,
     }));
 
     QProgressDialog dialog(window);
-    setUp(dialog, QStringLiteral("Opening %1").arg(QFileInfo(path).fileName()), QStringLiteral("openProgress"));
+    setUp(dialog, QCoreApplication::translate("desktop::FileTasks", "Opening %1").arg(QFileInfo(path).fileName()),
+          QStringLiteral("openProgress"));
     QEventLoop loop;
     QTimer poll;
     QObject::connect(&poll, &QTimer::timeout, &dialog, [&] {
@@ -84,7 +86,8 @@ std::optional<model::Result<Document::Opened>> openWithProgress(QWidget* window,
 
 std::optional<model::Status> saveWithProgress(QWidget* window, Document& document, const QString& path, bool force) {
     QProgressDialog dialog(window);
-    setUp(dialog, QStringLiteral("Saving %1").arg(QFileInfo(path).fileName()), QStringLiteral("saveProgress"));
+    setUp(dialog, QCoreApplication::translate("desktop::FileTasks", "Saving %1").arg(QFileInfo(path).fileName()),
+          QStringLiteral("saveProgress"));
     dialog.setValue(0);
     bool cancelled = false;
     const model::Status status = document.save(path, force, [&](std::uint64_t done, std::uint64_t total) {

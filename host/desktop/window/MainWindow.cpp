@@ -2,6 +2,8 @@
 
 #include "desktop/QtText.hpp"
 #include "desktop/WaitCursor.hpp"
+#include "desktop/byhand/HandBar.hpp"
+#include "desktop/byhand/HandChanges.hpp"
 #include "desktop/dialogs/AddOnDialog.hpp"
 #include "desktop/dialogs/DesktopView.hpp"
 #include "desktop/dialogs/HintBar.hpp"
@@ -12,12 +14,19 @@
 #include "desktop/report/ReportPanel.hpp"
 #include "desktop/review/Imports.hpp"
 #include "desktop/review/Review.hpp"
+#include "desktop/review/ReviewReports.hpp"
 #include "desktop/window/AddOnMenu.hpp"
 #include "desktop/window/EditMenu.hpp"
+#include "desktop/window/ElementMenu.hpp"
 #include "desktop/window/FileMenu.hpp"
 #include "desktop/window/HelpMenu.hpp"
+#include "desktop/window/MainToolBar.hpp"
 #include "desktop/window/ReadOnlyBar.hpp"
+#include "desktop/window/StartPage.hpp"
+#include "desktop/window/ViewMenu.hpp"
 #include "frameworks/FrontEnd.hpp"
+#include "importing/ReviewRows.hpp"
+#include "updatefile/ReviewList.hpp"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -35,7 +44,6 @@
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTimer>
-#include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
 
@@ -45,8 +53,9 @@ namespace {
 
 const QString GeometryKey = QStringLiteral("window/geometry");
 const QString StateKey = QStringLiteral("window/state");
+const QString ReviewHeightKey = QStringLiteral("review/height");
 /// Raised when the docks change, so that an older arrangement is not laid over them.
-constexpr int StateVersion = 2;
+constexpr int StateVersion = 3;
 
 /// The first file of a drop; empty where there is none.
 QString droppedFile(const QMimeData* data) {
@@ -54,6 +63,17 @@ QString droppedFile(const QMimeData* data) {
         if (url.isLocalFile()) return url.toLocalFile();
     }
     return {};
+}
+
+/// What a review has written, by what is unique in it.
+std::vector<HandChanges::Through> writtenRows(const std::optional<importing::ReviewedUpdates>& reviewed) {
+    std::vector<HandChanges::Through> written;
+    for (const importing::ListRow& row : reviewed ? reviewed->rows() : std::vector<importing::ListRow>()) {
+        if (importing::done(row))
+            written.push_back(
+                {row.columns[updatefile::reviewlist::GuidColumn], row.columns[updatefile::reviewlist::PropertyColumn]});
+    }
+    return written;
 }
 
 }  // namespace
@@ -66,6 +86,10 @@ MainWindow::MainWindow()
       report_(new ReportPanel),
       debug_(new DebugPanel),
       middle_(new QStackedWidget),
+      startPage_(new StartPage),
+      hand_(new HandChanges(*document_, this)),
+      handBar_(new HandBar),
+      toolBar_(new MainToolBar),
       reviewPlace_(new QScrollArea),
       summary_(new QLabel),
       readOnlyBar_(new ReadOnlyBar) {
@@ -94,25 +118,28 @@ QSize MainWindow::sizeHint() const {
 }
 
 void MainWindow::makePanels() {
+    addToolBar(Qt::TopToolBarArea, toolBar_);
+    addToolBarBreak(Qt::TopToolBarArea);
     addToolBar(Qt::TopToolBarArea, readOnlyBar_);
-    middle_->addWidget(makeWelcome());
+    middle_->addWidget(startPage_);
     middle_->addWidget(elements_);
     setCentralWidget(middle_);
     // The report belongs under the table; the plan and the element's data keep the window's whole height.
     setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
-    planDock_ = addDock(QStringLiteral("Plan"), QStringLiteral("planDock"), plan_, Qt::RightDockWidgetArea);
-    elementDock_ =
-        addDock(QStringLiteral("Element"), QStringLiteral("elementDock"), inspector_, Qt::RightDockWidgetArea);
-    reportDock_ = addDock(QStringLiteral("Report"), QStringLiteral("reportDock"), report_, Qt::BottomDockWidgetArea);
-    debugDock_ = addDock(QStringLiteral("Debug Output"), QStringLiteral("debugDock"), debug_, Qt::BottomDockWidgetArea);
+    inspector_->setProposals(
+        [this](model::Element element, const std::string& item) { return hand_->proposed(element, item); });
+    inspector_->setFooter(handBar_);
+    planDock_ = addDock(tr("Plan"), QStringLiteral("planDock"), plan_, Qt::RightDockWidgetArea);
+    elementDock_ = addDock(tr("Element"), QStringLiteral("elementDock"), inspector_, Qt::RightDockWidgetArea);
+    reportDock_ = addDock(tr("Messages"), QStringLiteral("reportDock"), report_, Qt::BottomDockWidgetArea);
+    debugDock_ = addDock(tr("Debug Output"), QStringLiteral("debugDock"), debug_, Qt::BottomDockWidgetArea);
     tabifyDockWidget(reportDock_, debugDock_);
     debugDock_->hide();
     // A review that is larger than its place, or than the screen, is scrolled.
     reviewPlace_->setWidgetResizable(true);
     reviewPlace_->setFrameShape(QFrame::NoFrame);
     reviewPlace_->setFocusPolicy(Qt::NoFocus);
-    reviewDock_ =
-        addDock(QStringLiteral("Review"), QStringLiteral("reviewDock"), reviewPlace_, Qt::BottomDockWidgetArea);
+    reviewDock_ = addDock(tr("Review"), QStringLiteral("reviewDock"), reviewPlace_, Qt::BottomDockWidgetArea);
     // It comes and goes with the add-on's dialog, which has a button to close it.
     reviewDock_->setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable);
     reviewDock_->toggleViewAction()->setVisible(false);
@@ -123,7 +150,7 @@ void MainWindow::makePanels() {
     resizeDocks({planDock_}, {size.width() * 2 / 5}, Qt::Horizontal);
     resizeDocks({reportDock_}, {size.height() / 7}, Qt::Vertical);
     summary_->setObjectName(QStringLiteral("summary"));
-    summary_->setAccessibleName(QStringLiteral("Model"));
+    summary_->setAccessibleName(tr("Model"));
     statusBar()->addPermanentWidget(summary_);
 }
 
@@ -136,32 +163,33 @@ QDockWidget* MainWindow::addDock(const QString& title, const QString& name, QWid
     return dock;
 }
 
-QWidget* MainWindow::makeWelcome() {
-    auto* page = new QWidget;
-    auto* text = new QLabel(QStringLiteral("Open an IFC model, or drop one here."));
-    text->setAccessibleName(text->text());
-    text->setAlignment(Qt::AlignCenter);
-    auto* button = new QPushButton(QStringLiteral("Open Model…"));
-    button->setObjectName(QStringLiteral("welcomeOpen"));
-    button->setAccessibleName(QStringLiteral("Open a model"));
-    connect(button, &QPushButton::clicked, this, [this] { fileMenu_->openByDialog(); });
-    auto* all = new QVBoxLayout(page);
-    all->addStretch();
-    all->addWidget(text);
-    all->addSpacing(12);
-    all->addWidget(button, 0, Qt::AlignCenter);
-    all->addStretch();
-    return page;
-}
-
 void MainWindow::makeMenus() {
     fileMenu_ = new FileMenu(this, *document_, busy_);
-    new EditMenu(this, *document_, *elements_, busy_);
-    QMenu* shown = menuBar()->addMenu(QStringLiteral("&View"));
-    for (QDockWidget* dock : {planDock_, elementDock_, reportDock_, debugDock_})
-        shown->addAction(dock->toggleViewAction());
+    editMenu_ = new EditMenu(this, *document_, *elements_, busy_);
+    viewMenu_ = new ViewMenu(this, toolBar_,
+                             {{planDock_, QT_TRANSLATE_NOOP("desktop::ViewMenu", "&Plan"), true},
+                              {elementDock_, QT_TRANSLATE_NOOP("desktop::ViewMenu", "&Element"), true},
+                              {reportDock_, QT_TRANSLATE_NOOP("desktop::ViewMenu", "&Messages"), false},
+                              {debugDock_, QT_TRANSLATE_NOOP("desktop::ViewMenu", "&Debug Output"), false}});
     addOnMenu_ = new AddOnMenu(this, host_, *document_, busy_);
     helpMenu_ = new HelpMenu(this, host_);
+    connect(addOnMenu_, &AddOnMenu::rebuilt, this, &MainWindow::fillToolBar);
+    reports_ = new ReviewReports(this, *document_);
+    auto* elementMenu = new ElementMenu({this, *document_, *elements_, *inspector_, *plan_, *addOnMenu_});
+    connect(elementMenu, &ElementMenu::lookUpWanted, this, &MainWindow::lookUp);
+    connect(elementMenu, &ElementMenu::showInPlanWanted, this, &MainWindow::showInPlan);
+    fileMenu_->insert(reports_->action());
+    fillToolBar();
+}
+
+void MainWindow::fillToolBar() {
+    toolBar_->setButtons({{Picture::Open, fileMenu_->openAction(), tr("Open")},
+                          {Picture::Save, fileMenu_->saveFileAction(), tr("Save")},
+                          {Picture::Undo, editMenu_->undoAction(), {}, true},
+                          {Picture::Redo, editMenu_->redoAction()},
+                          {Picture::Import, addOnMenu_->importAction(), tr("Import Updates"), true},
+                          {Picture::LookUp, addOnMenu_->lookUpAction(), tr("Look Up")},
+                          {Picture::Report, reports_->action(), tr("Report"), true}});
 }
 
 void MainWindow::connectPanels() {
@@ -171,6 +199,10 @@ void MainWindow::connectPanels() {
         plan_->setSource(nullptr, nullptr);
     });
     connect(document_, &Document::replaced, this, &MainWindow::showDocument);
+    connect(startPage_, &StartPage::openWanted, fileMenu_, &FileMenu::openByDialog);
+    connect(startPage_, &StartPage::fileWanted, this, &MainWindow::openFile);
+    connect(fileMenu_, &FileMenu::updatesOffered, this, &MainWindow::takeUpdates);
+    fileMenu_->setProposalCount([this] { return hand_->count(); });
     connect(document_, &Document::fileChanged, this, &MainWindow::showTitle);
     connect(document_, &Document::fileChanged, this, [this] { readOnlyBar_->show(document_->lockHolder()); });
     connect(readOnlyBar_, &ReadOnlyBar::saveAsWanted, this, [this] { fileMenu_->saveAs(); });
@@ -180,14 +212,21 @@ void MainWindow::connectPanels() {
     });
     connect(&busy_, &Busy::changed, this, [this] { readOnlyBar_->setEnabled(!busy_.active()); });
     connect(document_, &Document::edited, elements_, &ElementPanel::refresh);
+    connect(inspector_, &InspectorPanel::valueProposed, this, &MainWindow::propose);
+    connect(hand_, &HandChanges::changed, this, [this] {
+        handBar_->setCount(hand_->count());
+        if (document_->isOpen()) showElement();
+    });
+    connect(handBar_, &HandBar::reviewWanted, this, &MainWindow::reviewHandChanges);
+    connect(handBar_, &HandBar::discardWanted, hand_, &HandChanges::clear);
+    connect(&busy_, &Busy::changed, this, [this] { handBar_->setFree(!busy_.active()); });
     connect(elements_, &ElementPanel::currentChanged, this, [this] {
-        inspector_->show(document_->model(), elements_->current());
+        showElement();
         plan_->showElement(elements_->current());
     });
     connect(plan_, &PlanPanel::elementClicked, elements_, &ElementPanel::select);
     connect(report_, &ReportPanel::countChanged, this, [this](int count) {
-        reportDock_->setWindowTitle(count ? QStringLiteral("Report (%1)").arg(number(count))
-                                          : QStringLiteral("Report"));
+        reportDock_->setWindowTitle(count ? tr("Messages (%1)").arg(number(count)) : tr("Messages"));
     });
     connect(addOnMenu_, &AddOnMenu::commandEnded, this, [this](GSErrCode error) {
         const auto next = std::exchange(afterCommand_, {});
@@ -198,7 +237,7 @@ void MainWindow::connectPanels() {
             });
         }
         if (error == NoError) return;
-        report_->append(QStringLiteral("The add-on's command ended with the error 0x%1")
+        report_->append(tr("The add-on's command ended with the error 0x%1")
                             .arg(static_cast<quint32>(error), 8, 16, QLatin1Char('0')),
                         false);
     });
@@ -208,10 +247,7 @@ void MainWindow::connectHost() {
     view_ = std::make_unique<DesktopView>(this, planDock_);
     imports_ = new Imports(this, *document_, *view_, *addOnMenu_, *report_);
     connect(view_.get(), &DesktopView::dialogOpened, this, &MainWindow::showDialog);
-    connect(view_.get(), &DesktopView::dialogClosed, this, [this] {
-        undockReview();
-        review_.reset();
-    });
+    connect(view_.get(), &DesktopView::dialogClosed, this, [this] { closeReview(); });
     frontend::setDebugSink([this](const char* text) { debug_->append(text); });
     frontend::setBeepSink([] { QApplication::beep(); });
     host_.setReportSink([this](const host::ReportLine& line) { showReportLine(line); });
@@ -224,6 +260,7 @@ void MainWindow::restorePlaces() {
     restoreGeometry(settings.value(GeometryKey).toByteArray());
     restoreState(settings.value(StateKey).toByteArray(), StateVersion);
     reviewDock_->hide();
+    reviewHeight_ = settings.value(ReviewHeightKey).toInt();
 }
 
 bool MainWindow::loadAddOn(const std::filesystem::path& bundle) {
@@ -236,8 +273,8 @@ bool MainWindow::loadAddOn(const std::filesystem::path& bundle) {
     const QString reason = toQString(status.error().message);
     report_->append(reason, true);
     QTimer::singleShot(0, this, [this, reason] {
-        QMessageBox box(QMessageBox::Warning, QStringLiteral("Add-On"),
-                        QStringLiteral("The add-on could not be loaded."), QMessageBox::Ok, this);
+        QMessageBox box(QMessageBox::Warning, tr("Add-On"), tr("The add-on could not be loaded."), QMessageBox::Ok,
+                        this);
         box.setObjectName(QStringLiteral("addOnMessage"));
         box.setInformativeText(reason.toHtmlEscaped());
         box.exec();
@@ -249,16 +286,53 @@ bool MainWindow::openFile(const QString& path) {
     return fileMenu_->open(path);
 }
 
+/// The panels about a model come with one and go with it, each as the user left it.
+void MainWindow::showPanels(bool modelOpen) {
+    middle_->setCurrentIndex(modelOpen ? 1 : 0);
+    viewMenu_->setModelOpen(modelOpen);
+    if (modelOpen == panelsShown_) return;
+    panelsShown_ = modelOpen;
+    const bool debugShown = !debugDock_->isHidden();
+    if (modelOpen) {
+        restoreState(stateWithModel_, StateVersion);
+        reviewDock_->hide();
+        debugDock_->setVisible(debugShown || !debugDock_->isHidden());
+    } else {
+        stateWithModel_ = saveState(StateVersion);
+        startPage_->refresh();
+        for (QDockWidget* dock : {planDock_, elementDock_, reportDock_}) dock->hide();
+    }
+}
+
+/// Updates come before a model only by mistake; the model that they are for is asked for then.
+void MainWindow::takeUpdates(const QString& path) {
+    if (!document_->isOpen()) {
+        QMessageBox box(QMessageBox::Question, tr("Import Updates"),
+                        tr("%1 holds changes to a model, and no model is open.").arg(QFileInfo(path).fileName()),
+                        QMessageBox::Open | QMessageBox::Cancel, this);
+        box.setObjectName(QStringLiteral("modelQuestion"));
+        box.setTextFormat(Qt::PlainText);
+        box.setInformativeText(tr("Open the model that they are for; the review begins then."));
+        box.button(QMessageBox::Open)->setText(tr("&Open Model…"));
+        if (box.exec() != QMessageBox::Open) return;
+        fileMenu_->openByDialog();
+    }
+    if (document_->isOpen()) imports_->begin(path);
+}
+
 void MainWindow::showDocument() {
     const bool open = document_->isOpen();
-    middle_->setCurrentIndex(open ? 1 : 0);
+    showPanels(open);
     report_->clear();
     elements_->setSource(document_->model(), document_->index());
     plan_->setSource(document_->model(), document_->index());
     summary_->clear();
     if (open) {
-        summary_->setText(QStringLiteral("%1 · %2").arg(toQString(document_->model()->schemaName()),
-                                                        counted(document_->index()->size(), "element", "elements")));
+        view_->setFolder(QFileInfo(document_->path()).absolutePath());
+        summary_->setText(
+            QStringLiteral("%1 · %2").arg(toQString(document_->model()->schemaName()),
+                                          counted(document_->index()->size(), QT_TRANSLATE_NOOP("Counts", "element"),
+                                                  QT_TRANSLATE_NOOP("Counts", "elements"))));
         for (const std::string& remark : document_->model()->remarks()) {
             report_->append(toQString(remark), false);
         }
@@ -266,9 +340,22 @@ void MainWindow::showDocument() {
     showTitle();
 }
 
+void MainWindow::showElement() {
+    inspector_->show(document_->model(), elements_->current());
+}
+
+void MainWindow::propose(model::Element element, const std::string& item, const QString& old, const QString& value) {
+    const QString obstacle = hand_->propose(element, item, old, value);
+    if (obstacle.isEmpty()) return;
+    QMessageBox box(QMessageBox::Warning, tr("Change by Hand"), tr("This cannot be proposed."), QMessageBox::Ok, this);
+    box.setObjectName(QStringLiteral("handMessage"));
+    box.setInformativeText(visible(obstacle).toHtmlEscaped());
+    box.exec();
+}
+
 void MainWindow::showTitle() {
     const QString program = QStringLiteral("Model Host");
-    const QString state = document_->lockHolder().isEmpty() ? QString() : QStringLiteral(" (read-only)");
+    const QString state = document_->lockHolder().isEmpty() ? QString() : tr(" (read-only)");
     setWindowTitle(document_->isOpen()
                        ? QStringLiteral("%1[*]%2 – %3").arg(QFileInfo(document_->path()).fileName(), state, program)
                        : program);
@@ -281,7 +368,7 @@ void MainWindow::showReportLine(const host::ReportLine& line) {
     report_->append(text, line.alert);
     if (!line.alert) return;
     const WaitCursor::Pause usable;
-    QMessageBox box(QMessageBox::Warning, QStringLiteral("Report"), text, QMessageBox::Ok, this);
+    QMessageBox box(QMessageBox::Warning, tr("Report"), text, QMessageBox::Ok, this);
     box.setObjectName(QStringLiteral("alertMessage"));
     box.setTextFormat(Qt::PlainText);
     box.exec();
@@ -291,11 +378,12 @@ void MainWindow::showDialog(AddOnDialog* dialog) {
     const PickedUpdates* updates = imports_->current();
     review_ = std::make_unique<Review>(Review::Parts{*document_, host_, *plan_, *elements_, *dialog, updates});
     connect(review_.get(), &Review::failed, this, [this](const QString& what) { report_->append(what, true); });
+    if (lookUpNext_ && review_->looksUp())
+        QTimer::singleShot(0, review_.get(), [this, element = *lookUpNext_] { review_->lookUp(element); });
+    lookUpNext_.reset();
     if (review_->bar()) {
-        connect(review_.get(), &Review::reportWanted, this, [this] {
-            reportDock_->show();
-            reportDock_->raise();
-        });
+        reports_->setReview(review_.get());
+        connect(review_.get(), &Review::reportWanted, reports_, &ReviewReports::writeByDialog);
         connect(review_.get(), &Review::saveWanted, this,
                 [this, dialog] { closeReviewFor(*dialog, [this] { fileMenu_->save(); }); });
         connect(review_.get(), &Review::undoWanted, this,
@@ -308,11 +396,48 @@ void MainWindow::showDialog(AddOnDialog* dialog) {
         report_->append(QStringLiteral("%1: %2").arg(updates->fileName(), hint), false);
 }
 
+void MainWindow::closeReview() {
+    undockReview();
+    const PickedUpdates* updates = imports_->current();
+    if (updates && hand_->isOwnFile(updates->path())) hand_->forget(writtenRows(review_->reviewed()));
+    reports_->setReview(nullptr);
+    review_.reset();
+}
+
+/// In the look-up that is open, or in a new one.
+void MainWindow::lookUp(model::Element element) {
+    if (review_ && review_->looksUp()) {
+        review_->lookUp(element);
+    } else if (QAction* action = addOnMenu_->lookUpAction(); action && action->isEnabled()) {
+        lookUpNext_ = element;
+        action->trigger();
+        lookUpNext_.reset();
+    }
+}
+
+void MainWindow::showInPlan(model::Element element) {
+    planDock_->show();
+    planDock_->raise();
+    elements_->select(element);
+    plan_->showElement(element);
+    plan_->view()->setFocus(Qt::OtherFocusReason);
+}
+
+void MainWindow::reviewHandChanges() {
+    const QString path = hand_->writeFile();
+    if (!path.isEmpty()) {
+        imports_->begin(path);
+    } else {
+        report_->append(tr("The changes by hand cannot be written to the folder for temporary files"), true);
+    }
+}
+
 /// The review lies below everything, as wide as the window: its rows are wide, and the plan stays in sight.
 void MainWindow::dockReview(AddOnDialog& dialog, const QString& fileName) {
     dialog.embed();
     focusBefore_ = focusWidget();
     reportHeight_ = reportDock_->height();
+    heightGiven_ = 0;
     setCorner(Qt::BottomRightCorner, Qt::BottomDockWidgetArea);
     const QString title =
         fileName.isEmpty() ? dialog.windowTitle() : QStringLiteral("%1: %2").arg(dialog.windowTitle(), fileName);
@@ -324,13 +449,30 @@ void MainWindow::dockReview(AddOnDialog& dialog, const QString& fileName) {
     // With room for the dock's title and its tabs.
     const int usual =
         std::clamp(dialog.minimumHeight() + 5 * fontMetrics().height(), height() * 9 / 20, height() * 12 / 20);
+    const int wanted = reviewHeight_ > 0 ? std::min(reviewHeight_, height() * 15 / 20) : usual;
     // Once the docks have found their places.
-    QTimer::singleShot(0, reviewDock_, [this, usual] { resizeDocks({reviewDock_}, {usual}, Qt::Vertical); });
+    QTimer::singleShot(0, reviewDock_, [this, wanted] { setReviewHeight(wanted); });
+}
+
+/// Docks that lie behind each other share their place with their tabs, which takes a second try.
+void MainWindow::setReviewHeight(int wanted, bool again) {
+    const int missing = wanted - reviewDock_->height();
+    resizeDocks({reviewDock_}, {again ? wanted + missing : wanted}, Qt::Vertical);
+    constexpr int LaidOutMs = 30;
+    QTimer::singleShot(LaidOutMs, reviewDock_, [this, wanted, again] {
+        heightGiven_ = reviewDock_->height();
+        if (!again && heightGiven_ != wanted) setReviewHeight(wanted, true);
+    });
 }
 
 void MainWindow::undockReview() {
     if (!reviewPlace_->widget()) return;
     reviewPlace_->takeWidget();
+    // Only what the user has made of it: what has no room this time may have it the next.
+    if (!reviewDock_->isFloating() && heightGiven_ > 0 && reviewDock_->height() != heightGiven_) {
+        reviewHeight_ = reviewDock_->height();
+        QSettings().setValue(ReviewHeightKey, reviewHeight_);
+    }
     reviewDock_->hide();
     // Else the next line edit would get it, and with it the keys of undo and redo.
     if (focusBefore_) {
@@ -383,7 +525,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     }
     QSettings settings;
     settings.setValue(GeometryKey, saveGeometry());
-    settings.setValue(StateKey, saveState(StateVersion));
+    settings.setValue(StateKey, panelsShown_ ? saveState(StateVersion) : stateWithModel_);
     event->accept();
 }
 

@@ -19,15 +19,22 @@ class AddOnDialog;
 class AddOnMenu;
 class DebugPanel;
 class DesktopView;
+class EditMenu;
 class ElementPanel;
 class FileMenu;
+class HandBar;
+class HandChanges;
 class HelpMenu;
 class Imports;
 class InspectorPanel;
+class MainToolBar;
 class PlanPanel;
 class ReadOnlyBar;
 class ReportPanel;
 class Review;
+class ReviewReports;
+class StartPage;
+class ViewMenu;
 
 /// The program's window: one model, one add-on, and everything that shows them.
 class MainWindow : public QMainWindow {
@@ -63,18 +70,27 @@ protected:
 private:
     void makePanels();
     void makeMenus();
-    QWidget* makeWelcome();
+    void fillToolBar();
     QDockWidget* addDock(const QString& title, const QString& name, QWidget* content, Qt::DockWidgetArea area);
     void connectPanels();
     void connectHost();
     void restorePlaces();
 
+    void showPanels(bool modelOpen);
+    void takeUpdates(const QString& path);
     void showDocument();
+    void showElement();
+    void propose(model::Element element, const std::string& item, const QString& old, const QString& value);
     void showTitle();
     void showReportLine(const host::ReportLine& line);
     void showDialog(AddOnDialog* dialog);
     void dockReview(AddOnDialog& dialog, const QString& fileName);
+    void setReviewHeight(int wanted, bool again = false);
     void undockReview();
+    void closeReview();
+    void lookUp(model::Element element);
+    void showInPlan(model::Element element);
+    void reviewHandChanges();
     void closeReviewFor(AddOnDialog& dialog, std::function<void()> next);
     std::optional<host::PickedPoint> pickPoint(const QString& prompt);
 
@@ -87,19 +103,31 @@ private:
     ReportPanel* report_;
     DebugPanel* debug_;
     QStackedWidget* middle_;
+    StartPage* startPage_;
+    HandChanges* hand_;
+    HandBar* handBar_;
+    MainToolBar* toolBar_;
     QDockWidget *planDock_, *elementDock_, *reportDock_, *debugDock_, *reviewDock_;
     QScrollArea* reviewPlace_;
     QLabel* summary_;
     ReadOnlyBar* readOnlyBar_;
     FileMenu* fileMenu_ = nullptr;
+    EditMenu* editMenu_ = nullptr;
+    ViewMenu* viewMenu_ = nullptr;
     AddOnMenu* addOnMenu_ = nullptr;
     HelpMenu* helpMenu_ = nullptr;
     Imports* imports_ = nullptr;
+    ReviewReports* reports_ = nullptr;
     std::unique_ptr<DesktopView> view_;
     std::unique_ptr<Review> review_;
-    std::function<void()> afterCommand_;  ///< What the user wants once the add-on's command has ended.
-    QPointer<QWidget> focusBefore_;       ///< The review had it.
-    int reportHeight_ = 0;                ///< While a review has the report's place.
+    std::optional<model::Element> lookUpNext_;  ///< Once the look-up's dialog is there.
+    std::function<void()> afterCommand_;        ///< What the user wants once the add-on's command has ended.
+    QPointer<QWidget> focusBefore_;             ///< The review had it.
+    int reportHeight_ = 0;                      ///< While a review has the report's place.
+    int heightGiven_ = 0;                       ///< The review's, by the program; 0: not yet.
+    int reviewHeight_ = 0;                      ///< As the user left it; 0: not yet.
+    bool panelsShown_ = true;                   ///< Those about a model.
+    QByteArray stateWithModel_;                 ///< The docks, while those are not shown.
 };
 
 }  // namespace desktop

@@ -7,7 +7,7 @@
 
 namespace desktop {
 
-ReadOnlyBar::ReadOnlyBar(QWidget* parent) : QToolBar(QStringLiteral("Read-only"), parent), label_(new QLabel) {
+ReadOnlyBar::ReadOnlyBar(QWidget* parent) : QToolBar(tr("Read-only"), parent), label_(new QLabel) {
     setObjectName(QStringLiteral("readOnlyBar"));
     setMovable(false);
     // It comes and goes with the reason for it; the user cannot ask for it.
@@ -27,16 +27,15 @@ ReadOnlyBar::ReadOnlyBar(QWidget* parent) : QToolBar(QStringLiteral("Read-only")
     label_->setWordWrap(true);
     label_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     addWidget(label_);
-    connect(addAction(QStringLiteral("Open Again")), &QAction::triggered, this, &ReadOnlyBar::reopeningWanted);
-    connect(addAction(QStringLiteral("Save As…")), &QAction::triggered, this, &ReadOnlyBar::saveAsWanted);
+    connect(addAction(tr("Open Again")), &QAction::triggered, this, &ReadOnlyBar::reopeningWanted);
+    connect(addAction(tr("Save As…")), &QAction::triggered, this, &ReadOnlyBar::saveAsWanted);
     hide();
 }
 
 void ReadOnlyBar::show(const QString& holder) {
     if (!holder.isEmpty()) {
         label_->setText(
-            QStringLiteral("The file is open in %1 and was opened here for reading: save changes under another name.")
-                .arg(holder));
+            tr("The file is open in %1 and was opened here for reading: save changes under another name.").arg(holder));
         label_->setAccessibleName(label_->text());
     }
     setVisible(!holder.isEmpty());

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "desktop/window/Document.hpp"
+#include "tables/Asking.hpp"
+
+#include <QObject>
+#include <QTemporaryDir>
+#include <memory>
+#include <vector>
+
+namespace desktop {
+
+/// What the user proposes by hand, value by value. It is an update list like any other: reviewed and applied through
+/// the add-on, from a file of its own in the folder for temporary files.
+class HandChanges : public QObject {
+    Q_OBJECT
+
+public:
+    HandChanges(Document& document, QObject* parent);
+
+    /// @param item  as an update file's second field names it. A value that was proposed for it before is replaced; the
+    /// value that the model holds takes the proposal back.
+    /// @return why no update can ask for that; empty where it is proposed now.
+    QString propose(model::Element element, const std::string& item, const QString& old, const QString& value);
+    /// What is proposed for an item; nothing where nothing is.
+    std::optional<QString> proposed(model::Element element, const std::string& item) const;
+    int count() const { return static_cast<int>(changes_.size()); }
+    void clear();
+
+    /// Writes the list. @return its path; empty where no file can be written.
+    QString writeFile();
+    /// Whether a file is this list.
+    bool isOwnFile(const QString& path) const { return !path.isEmpty() && path == path_; }
+    /// What has been written is proposed no more.
+    struct Through {
+        std::string guid, item;
+    };
+    void forget(const std::vector<Through>& through);
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    std::vector<tables::AskedUpdate>::const_iterator find(model::Element element, const std::string& item) const;
+
+    Document& document_;
+    std::vector<tables::AskedUpdate> changes_;
+    std::unique_ptr<QTemporaryDir> folder_;
+    QString path_;
+};
+
+}  // namespace desktop

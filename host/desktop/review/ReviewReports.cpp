@@ -1,0 +1,118 @@
+#include "desktop/review/ReviewReports.hpp"
+
+#include "desktop/QtText.hpp"
+#include "desktop/WaitCursor.hpp"
+#include "desktop/review/Review.hpp"
+#include "report/Forms.hpp"
+
+#include <QAction>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMainWindow>
+#include <QMessageBox>
+#include <QSaveFile>
+#include <QStatusBar>
+
+namespace desktop {
+
+namespace {
+
+/// What a file dialog offers, and the ending that each gives a name without one.
+struct Form {
+    QString filter, ending;
+};
+
+QList<Form> forms() {
+    return {{ReviewReports::tr("Page (*.html)"), QStringLiteral("html")},
+            {ReviewReports::tr("Workbook (*.xlsx)"), QStringLiteral("xlsx")},
+            {ReviewReports::tr("JSON (*.json)"), QStringLiteral("json")}};
+}
+
+}  // namespace
+
+ReviewReports::ReviewReports(QMainWindow* window, Document& document)
+    : QObject(window), window_(window), document_(document), action_(new QAction(tr("Re&port…"), this)) {
+    action_->setShortcut(Qt::CTRL | Qt::Key_R);
+    action_->setStatusTip(tr("Write what came of the last review: as a page, a workbook or JSON"));
+    connect(action_, &QAction::triggered, this, &ReviewReports::writeByDialog);
+    connect(&document_, &Document::closing, this, [this] {
+        last_.reset();
+        update();
+    });
+    update();
+}
+
+void ReviewReports::setReview(const Review* review) {
+    if (open_ && !review) {
+        last_ = open_->reviewed();
+        if (document_.isOpen()) revision_ = document_.model()->revision();
+    }
+    open_ = review;
+    update();
+}
+
+void ReviewReports::update() {
+    action_->setEnabled(open_ || last_);
+}
+
+std::optional<importing::ReviewedUpdates> ReviewReports::reviewed() const {
+    auto reviewed = open_ ? open_->reviewed() : last_;
+    if (!reviewed || !document_.isOpen()) return std::nullopt;
+    reviewed->program = "modelhost-desktop " DESKTOP_VERSION;
+    reviewed->modelPath = toPath(document_.path());
+    if (reviewed->result && !document_.modified()) reviewed->saved = document_.path().toStdString();
+    if (!open_ && document_.model()->revision() != revision_)
+        reviewed->hints.push_back("The model was changed, or a step taken back, after this review");
+    return reviewed;
+}
+
+void ReviewReports::writeByDialog() {
+    if (!action_->isEnabled()) return;
+    const WaitCursor::Pause usable;
+    const QFileInfo model(document_.path());
+    QFileDialog dialog(window_, tr("Write Report"));
+    dialog.setObjectName(QStringLiteral("reportDialog"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    QStringList filters;
+    for (const Form& form : forms()) filters += form.filter;
+    dialog.setNameFilters(filters);
+    dialog.setDefaultSuffix(forms().constFirst().ending);
+    connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
+        for (const Form& form : forms())
+            if (form.filter == filter) dialog.setDefaultSuffix(form.ending);
+    });
+    dialog.setDirectory(model.absolutePath());
+    dialog.selectFile(tr("%1-report").arg(model.completeBaseName()));
+    if (dialog.exec() == QDialog::Accepted) write(dialog.selectedFiles().constFirst());
+}
+
+bool ReviewReports::write(const QString& path) {
+    const auto refuse = [&](const QString& why) {
+        QMessageBox box(QMessageBox::Warning, tr("Report"),
+                        tr("%1 could not be written.").arg(QFileInfo(path).fileName()), QMessageBox::Ok, window_);
+        box.setObjectName(QStringLiteral("reportMessage"));
+        box.setTextFormat(Qt::PlainText);
+        box.setInformativeText(visible(why).toHtmlEscaped());
+        box.exec();
+        return false;
+    };
+    if (!report::hasForm(toPath(path))) return refuse(tr("A report's name ends in .html, .xlsx or .json."));
+    const auto what = reviewed();
+    if (!what) return false;
+    std::optional<model::Result<std::string>> bytes;
+    {
+        const WaitCursor wait;
+        bytes = report::inFormOf(toPath(path), importing::pageOf(*what, *document_.model()));
+    }
+    if (!*bytes) return refuse(toQString(bytes->error().message));
+    QSaveFile file(path);
+    const auto& text = **bytes;
+    if (!file.open(QIODevice::WriteOnly) || file.write(text.data(), static_cast<qint64>(text.size())) < 0 ||
+        !file.commit())
+        return refuse(file.errorString());
+    window_->statusBar()->showMessage(tr("Report written to %1").arg(path), 10000);
+    return true;
+}
+
+}  // namespace desktop

@@ -1,0 +1,188 @@
+// The window in another language: every text that people see goes through the translation, and German has its keys.
+
+#include "Desk.hpp"
+#include "desktop/QtText.hpp"
+#include "desktop/elements/ElementPanel.hpp"
+#include "desktop/elements/InspectorPanel.hpp"
+#include "desktop/plan/PlanPanel.hpp"
+#include "desktop/review/ReviewBar.hpp"
+#include "support/Places.hpp"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QComboBox>
+#include <QDockWidget>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSet>
+#include <QTableView>
+#include <QToolButton>
+#include <QTranslator>
+#include <QTreeWidget>
+
+namespace desktop_tests {
+
+namespace {
+
+using desktop::AddOnDialog;
+
+const std::string Wall = "4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9";
+
+/// A language in which each text of the program stands in marks, so that one that was never asked for has none.
+class Marking : public QTranslator {
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char* context, const char* text, const char*, int) const override {
+        const bool ours = QByteArray(context).startsWith("desktop::") || QByteArray(context) == "Counts";
+        return ours ? QStringLiteral("«%1»").arg(QString::fromUtf8(text)) : QString();
+    }
+};
+
+/// Texts of Qt's, of the add-on, of files and of the model are not the program's own.
+bool isForeign(const QString& text) {
+    static const QStringList names{QStringLiteral("Model Host"), QStringLiteral("+"), QStringLiteral("−"),
+                                   QStringLiteral("&Quillmarsh")};
+    const bool hasLetters = std::any_of(text.begin(), text.end(), [](QChar c) { return c.isLetter(); });
+    return !hasLetters || names.contains(text) || text.startsWith(QStringLiteral("IFC4"));
+}
+
+void expectMarked(const QString& text, const char* what) {
+    if (isForeign(text)) return;
+    EXPECT_TRUE(text.contains(u'«')) << what << ": " << text.toStdString();
+}
+
+/// The names of what can be read, clicked or filled in, in one window.
+void expectAllMarked(const QWidget& window) {
+    for (const QWidget* widget : window.findChildren<QWidget*>()) {
+        const QString name = widget->objectName();
+        // Qt's own parts, and the add-on's items.
+        const bool foreign = name.startsWith(QStringLiteral("qt_")) || name.startsWith(QStringLiteral("item"));
+        if (foreign || !widget->isVisible()) continue;
+        if (const auto* label = qobject_cast<const QLabel*>(widget); label && name != QStringLiteral("elementHeading"))
+            expectMarked(label->text(), "label");
+        if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) {
+            const auto* tool = qobject_cast<const QToolButton*>(widget);
+            if (!tool || !tool->defaultAction() || tool->defaultAction()->objectName().isEmpty())
+                expectMarked(button->text(), "button");
+        }
+        if (const auto* edit = qobject_cast<const QLineEdit*>(widget))
+            expectMarked(edit->placeholderText(), "placeholder");
+        if (const auto* dock = qobject_cast<const QDockWidget*>(widget); dock && name != QStringLiteral("reviewDock"))
+            expectMarked(dock->windowTitle(), "dock");
+    }
+}
+
+}  // namespace
+
+class Languages : public Desk {
+protected:
+    /// Until the test ends.
+    void speak(QTranslator& language) {
+        QCoreApplication::installTranslator(&language);
+        spoken_ = &language;
+        start();
+    }
+    void TearDown() override {
+        Desk::TearDown();
+        if (spoken_) QCoreApplication::removeTranslator(spoken_);
+    }
+    QList<QMenu*> menus() {
+        QList<QMenu*> found;
+        for (QAction* title : window().menuBar()->actions()) {
+            Q_EMIT title->menu()->aboutToShow();
+            found += title->menu();
+        }
+        return found;
+    }
+
+private:
+    QTranslator* spoken_ = nullptr;
+};
+
+TEST_F(Languages, EveryTextOfTheWindowGoesThroughTheTranslation) {
+    Marking marking;
+    speak(marking);
+    expectAllMarked(window());
+    openSample();
+    window().elements().select(*window().document().model()->find(*desktop::guidFromText(desktop::toQString(Wall))));
+    expectAllMarked(window());
+    for (const QAction* title : window().menuBar()->actions()) expectMarked(title->text(), "menu");
+    for (const QMenu* menu : menus()) {
+        if (menu->title() == QStringLiteral("&Quillmarsh")) continue;
+        for (const QAction* action : menu->actions()) {
+            expectMarked(action->text(), "item");
+            expectMarked(action->statusTip(), "prompt");
+        }
+    }
+    const auto* header = window().elements().table()->model();
+    for (int column = 0; column < header->columnCount(); ++column)
+        expectMarked(header->headerData(column, Qt::Horizontal).toString(), "column");
+    const QTreeWidget& data = *window().inspector().tree();
+    expectMarked(data.headerItem()->text(0), "column");
+    expectMarked(data.topLevelItem(0)->text(0), "group");
+}
+
+TEST_F(Languages, EveryTextAroundAReviewGoesThroughTheTranslation) {
+    Marking marking;
+    speak(marking);
+    openSample();
+    const auto file = folder_.write("updates.txt", Wall + "\tName\t\tNorth wall\n");
+    whenShown<AddOnDialog>(QStringLiteral("dialog32501"), [this](AddOnDialog& dialog) {
+        clickItem(dialog, SelectAllItem);
+        clickItem(dialog, ApplyItem);
+        expectAllMarked(window());
+        auto& bar = *dialog.findChild<desktop::ReviewBar*>(QStringLiteral("reviewBar"));
+        for (int i = 0; i < bar.choice()->count(); ++i) expectMarked(bar.choice()->itemText(i), "choice");
+        press(dialog, Qt::Key_Escape);
+    });
+    window().openFile(desktop::pathText(file));
+}
+
+TEST_F(Languages, GermanIsBuiltInAndItsMenusHaveKeysOfTheirOwn) {
+    QTranslator german;
+    ASSERT_TRUE(german.load(QStringLiteral(":/languages/modelhost_de.qm")));
+    speak(german);
+    openSample();
+    EXPECT_EQ(window().menuBar()->actions().first()->text(), QStringLiteral("&Datei"));
+    const auto key = [](const QAction* action) {
+        return action->text().mid(action->text().indexOf(u'&') + 1, 1).toLower();
+    };
+    const auto check = [&](const QList<QAction*>& actions) {
+        QSet<QString> keys;
+        for (const QAction* action : actions) {
+            if (action->isSeparator() || !action->isVisible()) continue;
+            EXPECT_TRUE(action->text().contains(u'&')) << action->text().toStdString();
+            EXPECT_FALSE(keys.contains(key(action))) << action->text().toStdString();
+            keys += key(action);
+        }
+    };
+    check(window().menuBar()->actions());
+    for (const QMenu* menu : menus()) check(menu->actions());
+    EXPECT_EQ(window().findChild<QLabel*>(QStringLiteral("elementCount"))->text().section(u' ', -1),
+              QStringLiteral("Elemente"));
+}
+
+TEST_F(Languages, NumbersInFilesKeepTheirPoint) {
+    QTranslator german;
+    ASSERT_TRUE(german.load(QStringLiteral(":/languages/modelhost_de.qm")));
+    speak(german);
+    openSample();
+    whenShown<AddOnDialog>(QStringLiteral("dialog32501"), [](AddOnDialog& dialog) {
+        clickCell(dialog, 1, 1);
+        clickItem(dialog, SelectAllItem);
+        clickItem(dialog, ApplyItem);
+        press(dialog, Qt::Key_Escape);
+    });
+    const std::string lamp = "91D2D0BC";
+    const std::string all = bytesOf(testing_support::projectFile("samples/updates.txt"));
+    const std::size_t begin = all.find(lamp);
+    ASSERT_NE(begin, std::string::npos);
+    window().openFile(
+        desktop::pathText(folder_.write("lamp.txt", all.substr(begin, all.find('\n', begin) + 1 - begin))));
+    EXPECT_SOON(window().document().modified());
+    EXPECT_THAT(window().document().model()->bytes(), testing::HasSubstr("(9.5)"));
+}
+
+}  // namespace desktop_tests
