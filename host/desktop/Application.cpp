@@ -1,5 +1,6 @@
 #include "desktop/Application.hpp"
 
+#include "desktop/dialogs/RowLook.hpp"
 #include "desktop/look/Icons.hpp"
 
 #include <QLibraryInfo>
@@ -47,6 +48,7 @@ Application::Application(int& argc, char** argv) : QApplication(quietStart(argc)
     setApplicationVersion(QStringLiteral(DESKTOP_VERSION));
     keepResources();
     translate();
+    makePlaceholdersReadable();
     setWindowIcon(programIcon());
     setDesktopFileName(applicationName());
 }
@@ -59,6 +61,22 @@ void Application::translate() {
         auto* translator = new QTranslator(this);
         if (translator->load(QLocale::system(), name, QStringLiteral("_"), folder)) installTranslator(translator);
     }
+}
+
+/// Themes of dark desktops may leave the default, which is black.
+void Application::makePlaceholdersReadable() {
+    QPalette colours = palette();
+    constexpr double LeastContrast = 3;
+    const QColor base = colours.color(QPalette::Base), text = colours.color(QPalette::Text);
+    const auto blended = [&base](QColor over) {
+        const auto mix = [&](int a, int b) { return (a * over.alpha() + b * (255 - over.alpha())) / 255; };
+        return QColor(mix(over.red(), base.red()), mix(over.green(), base.green()), mix(over.blue(), base.blue()));
+    };
+    if (contrast(blended(colours.color(QPalette::PlaceholderText)), base) >= LeastContrast) return;
+    QColor readable = text;
+    readable.setAlpha(160);
+    colours.setColor(QPalette::PlaceholderText, readable);
+    setPalette(colours);
 }
 
 }  // namespace desktop

@@ -14,6 +14,7 @@ public:
 
 private:
     void translate();
+    void makePlaceholdersReadable();
 };
 
 }  // namespace desktop

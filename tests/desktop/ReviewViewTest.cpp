@@ -126,6 +126,41 @@ TEST_F(ReviewView, ColumnsAreAsWideAsTheirContentAndThenAsTheUserMakesThem) {
     review(everyKind(), [](AddOnDialog& dialog) { EXPECT_EQ(listOf(dialog).columnWidth(1), 171); });
 }
 
+TEST_F(ReviewView, RemarksHaveRoomInANarrowWindowToo) {
+    window().resize(1100, 800);
+    review(everyKind(), [this](AddOnDialog& dialog) {
+        RowListView& list = listOf(dialog);
+        EXPECT_SOON(list.columnWidth(7) >= 200);
+        EXPECT_LT(list.columnWidth(3), list.fontMetrics().horizontalAdvance(cell(dialog, 1, 4)));
+        EXPECT_LT(list.columnWidth(0), 80);
+        window().resize(1500, 900);
+        EXPECT_SOON(list.columnWidth(3) >= list.fontMetrics().horizontalAdvance(cell(dialog, 1, 4)));
+        press(dialog, Qt::Key_Escape);
+    });
+}
+
+TEST_F(ReviewView, CheckBoxesCanBeSeenOnLightAndDark) {
+    review(everyKind(), [](AddOnDialog& dialog) {
+        RowListView& list = listOf(dialog);
+        QPalette dark = list.palette();
+        dark.setColor(QPalette::Base, QColor(30, 31, 33));
+        dark.setColor(QPalette::Window, QColor(48, 50, 54));
+        dark.setColor(QPalette::Text, QColor(230, 230, 230));
+        for (const QPalette& palette : {list.palette(), dark}) {
+            list.setPalette(palette);
+            QCoreApplication::processEvents();
+            const QRect place = list.visualRect(list.model()->index(2, 0));
+            const QImage picture = list.viewport()->grab(place).toImage();
+            double best = 1;
+            for (int x = 0; x < picture.width(); ++x) {
+                const QColor pixel = picture.pixelColor(x, picture.height() / 2);
+                best = std::max(best, desktop::contrast(pixel, palette.color(QPalette::Base)));
+            }
+            EXPECT_GE(best, 3.0);
+        }
+    });
+}
+
 TEST_F(ReviewView, ClickIsToldAsInTheAddOnsOwnColumnsWhateverTheirWidths) {
     review(everyKind(), [](AddOnDialog& dialog) {
         RowListView& list = listOf(dialog);

@@ -14,6 +14,7 @@
 #include <QStyledItemDelegate>
 #include <QToolTip>
 #include <algorithm>
+#include <numeric>
 
 namespace desktop {
 
@@ -24,6 +25,10 @@ constexpr qint64 SearchPauseMs = 1200;
 
 constexpr int WidestColumn = 320;
 constexpr int RoomBesideText = 18;
+/// What the last column, with the remarks, is to have before others get all that they need.
+constexpr int LeastRemark = 240;
+/// A column that gives way stays at least as wide as this: a text that is cut has a tool tip.
+constexpr int LeastCutColumn = 110;
 
 /// A tick column's texts are drawn as check boxes.
 class RowDelegate : public QStyledItemDelegate {
@@ -36,6 +41,25 @@ protected:
         if (index.column() != view_->rows().tickColumn()) return;
         option->text.clear();
         if (!view_->rows().isEnabled(view_->listRow(index))) option->state &= ~QStyle::State_Enabled;
+    }
+
+public:
+    /// The style's own frame is nearly as dark as a dark base.
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        QStyledItemDelegate::paint(painter, option, index);
+        if (index.column() != view_->rows().tickColumn()) return;
+        QStyleOptionViewItem full = option;
+        initStyleOption(&full, index);
+        const QStyle& style = *view_->style();
+        const QRect box = style.subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &full, view_);
+        const bool selected = full.state.testFlag(QStyle::State_Selected);
+        QColor frame = view_->palette().color(selected ? QPalette::HighlightedText : QPalette::Text);
+        frame.setAlphaF(full.state.testFlag(QStyle::State_Enabled) ? 0.8F : 0.5F);
+        painter->save();
+        painter->setPen(frame);
+        painter->setBrush(Qt::NoBrush);
+        painter->drawRect(box.adjusted(0, 0, -1, -1));
+        painter->restore();
     }
 
 private:
@@ -122,12 +146,36 @@ void RowListView::useColumnsOfTheUser(const QString& settingsKey) {
     setSortingEnabled(true);
     for (int i = 0; i + 1 < rows_->columnCount(); ++i) {
         const int wanted = std::max(sizeHintForColumn(i), header->sectionSizeHint(i)) + RoomBesideText;
-        setColumnWidth(i, std::min(wanted, WidestColumn));
+        wantedWidths_.push_back(std::min(wanted, WidestColumn));
     }
+    fitColumns();
     const QList<QVariant> kept = QSettings().value(columnsKey_).toList();
     for (int i = 0; i < kept.size() && i + 1 < rows_->columnCount(); ++i)
         if (kept[i].toInt() > 0) setColumnWidth(i, kept[i].toInt());
-    connect(header, &QHeaderView::sectionResized, this, [this] { widthsChosen_ = true; });
+    widthsChosen_ = !kept.isEmpty();
+    // The last one has what the others leave; that is no choice of the user's.
+    connect(header, &QHeaderView::sectionResized, this, [this](int column) {
+        if (!fitting_ && column + 1 < rows_->columnCount()) widthsChosen_ = true;
+    });
+}
+
+/// As wide as their content; where the remarks would have no room, the widest of them give way.
+void RowListView::fitColumns() {
+    if (widthsChosen_ || wantedWidths_.empty()) return;
+    std::vector<int> widths = wantedWidths_;
+    int missing = std::accumulate(widths.begin(), widths.end(), LeastRemark) - viewport()->width();
+    while (missing > 0) {
+        const auto widest = std::max_element(widths.begin(), widths.end());
+        const int least = std::max(LeastCutColumn, *widest - missing);
+        if (*widest <= LeastCutColumn) break;
+        // Step by step, so that columns of one width give way together.
+        const int by = std::min({missing, *widest - least, fontMetrics().averageCharWidth()});
+        *widest -= std::max(by, 1);
+        missing -= std::max(by, 1);
+    }
+    fitting_ = true;
+    for (int i = 0; i < static_cast<int>(widths.size()); ++i) setColumnWidth(i, widths[static_cast<std::size_t>(i)]);
+    fitting_ = false;
 }
 
 void RowListView::keepColumns() const {
@@ -163,6 +211,7 @@ void RowListView::placeColumns() {
 
 void RowListView::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
+    fitColumns();
     placeColumns();
 }
 

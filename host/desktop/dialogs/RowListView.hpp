@@ -57,6 +57,7 @@ protected:
 
 private:
     void placeColumns();
+    void fitColumns();
     int placeInList(int viewportX) const;
     void takePalette();
     void clickCurrentRows();
@@ -67,8 +68,10 @@ private:
     RowListModel* rows_;
     RowFilterModel* shown_;
     std::unique_ptr<QStyledItemDelegate> delegate_;
-    QString columnsKey_;  ///< Empty: the columns lie at the tab fields.
-    bool widthsChosen_ = false;
+    QString columnsKey_;             ///< Empty: the columns lie at the tab fields.
+    std::vector<int> wantedWidths_;  ///< Of all columns but the last, by their content.
+    bool widthsChosen_ = false;      ///< By the user.
+    bool fitting_ = false;
     QPoint pressedAt_;
     bool pressed_ = false;
     QString searched_;
