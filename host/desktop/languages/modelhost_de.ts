@@ -98,7 +98,7 @@
     <name>desktop::DesktopView</name>
     <message>
         <source>Updates and tables (*.txt *.csv *.tsv *.xlsx *.ods)</source>
-        <translation>Änderungslisten und Tabellen (*.txt *.csv *.tsv *.xlsx *.ods)</translation>
+        <translation>Aktualisierungen und Tabellen (*.txt *.csv *.tsv *.xlsx *.ods)</translation>
     </message>
     <message>
         <source>Tables (*.csv *.tsv *.xlsx *.ods)</source>
@@ -705,7 +705,7 @@ Add-on: %1
     </message>
     <message>
         <source>Import Updates</source>
-        <translation>Änderungen importieren</translation>
+        <translation>Aktualisierungen importieren</translation>
     </message>
     <message>
         <source>Look Up</source>
@@ -1059,7 +1059,7 @@ Add-on: %1
     </message>
     <message>
         <source>Import updates: a list of proposed changes, or a spreadsheet.</source>
-        <translation>Änderungen importieren: eine Liste von Vorschlägen oder eine Tabelle.</translation>
+        <translation>Aktualisierungen importieren: eine Liste von Vorschlägen oder eine Tabelle.</translation>
     </message>
     <message>
         <source>Tick what is to be written, apply it, and save.</source>
