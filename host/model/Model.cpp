@@ -31,6 +31,7 @@ struct Model::Content {
     // The indexes in it are made when they are first needed, by reading as well.
     mutable ifc::Workspace work;
     ifc::Storeys storeys{work};
+    ifc::Openings openings{work};
     std::vector<std::string> remarks;
     std::vector<std::string> notes;
     std::unordered_set<Element> noted;  ///< Elements whose duplicates have been told of.
@@ -251,6 +252,10 @@ std::optional<Point> Model::placement(Element element) const {
 
 std::vector<Point> Model::footprint(Element element) const {
     return ifc::footprintOf(content_->work, content_->work.elements.slot(element));
+}
+
+PlanOutline Model::outline(Element element) const {
+    return ifc::outlineOf(content_->work, content_->openings, content_->work.elements.slot(element));
 }
 
 // --- IFC data ---

@@ -85,6 +85,11 @@ public:
     /// z the lowest of all. Empty where it has no geometry that can be read.
     std::vector<Point> footprint(Element element) const;
 
+    /// The same as it is drawn: with corners and holes, and without what doors and windows take away from a wall where
+    /// a plan is cut; the hull where the geometry is of a kind that is not known, or too intricate. No ring where there
+    /// is no geometry that can be read.
+    PlanOutline outline(Element element) const;
+
     // --- IFC data ---
     // In the host's order, which no edit changes: what is listed before an edit is listed after it in the same order,
     // now and when the file is reopened. An instance that is not well formed is ErrorKind::Refused.

@@ -17,6 +17,12 @@ constexpr double LongerSide = 1000;
 constexpr double Margin = 12;
 constexpr double DotRadius = 6;
 
+template <class Visit>
+void forEachCorner(const Outline& outline, Visit visit) {
+    for (const std::vector<Corner>& ring : outline.rings)
+        for (const Corner& corner : ring) visit(corner);
+}
+
 /// From the model's coordinates to those of the drawing, in which y points down.
 class Mapping {
 public:
@@ -25,13 +31,13 @@ public:
         minX_ = minY;
         maxY_ = maxX;
         for (const Outline& outline : plan.outlines) {
-            for (const Corner& corner : outline.corners) {
-                if (!usable(corner)) continue;
+            forEachCorner(outline, [&](const Corner& corner) {
+                if (!usable(corner)) return;
                 minX_ = std::min(minX_, corner.x);
                 maxX = std::max(maxX, corner.x);
                 minY = std::min(minY, corner.y);
                 maxY_ = std::max(maxY_, corner.y);
-            }
+            });
         }
         const double width = maxX - minX_, height = maxY_ - minY;
         const double longer = std::max(width, height);
@@ -57,17 +63,21 @@ private:
 
 void appendShape(const Outline& outline, const Mapping& mapping, std::string& html) {
     const char* kind = outline.area ? "area" : "thing";
-    if (outline.corners.size() == 1) {
-        const Corner at = mapping.of(outline.corners.front());
+    if (outline.rings.size() == 1 && outline.rings.front().size() == 1) {
+        const Corner at = mapping.of(outline.rings.front().front());
         html += fmt::format("<circle class=\"{}\" cx=\"{:.1f}\" cy=\"{:.1f}\" r=\"{}\"/>", kind, at.x, at.y, DotRadius);
         return;
     }
-    html += fmt::format("<polygon class=\"{}\" points=\"", kind);
-    for (const Corner& corner : outline.corners) {
-        const Corner at = mapping.of(corner);
-        html += fmt::format("{:.1f},{:.1f} ", at.x, at.y);
+    html += fmt::format("<path class=\"{}\" fill-rule=\"evenodd\" d=\"", kind);
+    for (const std::vector<Corner>& ring : outline.rings) {
+        char command = 'M';
+        for (const Corner& corner : ring) {
+            const Corner at = mapping.of(corner);
+            html += fmt::format("{}{:.1f} {:.1f}", command, at.x, at.y);
+            command = 'L';
+        }
+        html += 'Z';
     }
-    if (html.back() == ' ') html.pop_back();
     html += "\"/>";
 }
 
@@ -97,7 +107,9 @@ void appendPlan(const Plan& plan, const Report& report, std::string& html) {
     html += fmt::format("<figure>\n<svg viewBox=\"0 0 {:.0f} {:.0f}\" role=\"group\" aria-label=\"Plan\">\n",
                         mapping.width(), mapping.height());
     const auto drawable = [](const Outline& outline) {
-        return std::all_of(outline.corners.begin(), outline.corners.end(), Mapping::usable);
+        bool usable = true;
+        forEachCorner(outline, [&](const Corner& corner) { usable = usable && Mapping::usable(corner); });
+        return usable;
     };
     // What is marked lies above all else, so that nothing hides it.
     for (const Outline& outline : plan.outlines) {

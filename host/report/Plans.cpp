@@ -60,12 +60,14 @@ std::optional<Outline> outlineOf(const Candidate& candidate) {
     Outline outline;
     outline.area = isArea(candidate.layer);
     outline.subject = candidate.subject;
-    for (const model::Point& point : candidate.model->footprint(candidate.element))
-        outline.corners.push_back({point.x, point.y});
-    if (outline.corners.empty()) {
+    for (const auto& corners : candidate.model->outline(candidate.element).rings) {
+        auto& ring = outline.rings.emplace_back();
+        for (const model::Point& corner : corners) ring.push_back({corner.x, corner.y});
+    }
+    if (outline.rings.empty()) {
         const auto origin = candidate.model->placement(candidate.element);
         if (!origin || !candidate.subject) return std::nullopt;
-        outline.corners.push_back({origin->x, origin->y});
+        outline.rings.push_back({{origin->x, origin->y}});
     }
     return outline;
 }

@@ -42,9 +42,9 @@ struct Corner {
     double x = 0, y = 0;
 };
 
-/// An element's outline seen from above; a single corner where only its place is known.
+/// An element's outline seen from above, with its holes; a single corner where only its place is known.
 struct Outline {
-    std::vector<Corner> corners;
+    std::vector<std::vector<Corner>> rings;
     bool area = false;                   ///< A floor or a room, drawn under what stands on it.
     std::optional<std::size_t> subject;  ///< Of those that the report is about: its index.
 };

@@ -38,9 +38,9 @@ nav ul { display: flex; flex-wrap: wrap; gap: .2rem 1.2rem; list-style: none; ma
 figure { margin: .5rem 0 1rem; }
 svg { display: block; width: 100%; height: auto; max-height: 34rem; background: var(--paper);
   border: 1px solid var(--line); border-radius: .4rem; }
-svg polygon, svg circle { stroke: var(--quiet); stroke-width: 1; vector-effect: non-scaling-stroke; }
+svg path, svg circle { stroke: var(--quiet); stroke-width: 1; vector-effect: non-scaling-stroke; }
 svg .area { fill: var(--area); } svg .thing { fill: var(--thing); }
-svg a polygon, svg a circle { fill-opacity: .55; stroke-width: 2; }
+svg a path, svg a circle { fill-opacity: .55; stroke-width: 2; }
 svg a .area { fill-opacity: .2; }
 svg .good * { fill: var(--good); stroke: var(--good); }
 svg .note * { fill: var(--note); stroke: var(--note); }

@@ -62,6 +62,7 @@ void lookAround(const Model& model) {
         (void)model.hasDuplicates(element);
         (void)model.placement(element);
         (void)model.footprint(element);
+        (void)model.outline(element);
         std::size_t visited = 0;
         model.visitProperties(element, [&](const PropertyView&) { ++visited; });
         require(visited == model.properties(element)->size(), "a visit meets other properties than the list has");

@@ -22,7 +22,7 @@ std::unique_ptr<model::Model> openHouse() {
 std::size_t readAll(const model::Model& model) {
     std::size_t count = 0;
     for (model::Element element = 0; element < model.elementCount(); ++element) {
-        count += model.name(element).size() + model.storey(element).size() + model.footprint(element).size();
+        count += model.name(element).size() + model.storey(element).size() + model.outline(element).rings.size();
         count += model.attributes(element)->size() + model.properties(element)->size();
         count += model.classifications(element)->size() + (model.placement(element) ? 1 : 0);
     }

@@ -6,7 +6,7 @@ from html.parser import HTMLParser
 VOID = {"meta", "link", "br", "img", "hr", "input"}
 # Who may be whose parent; what is not listed may stand anywhere below the body.
 PARENTS = {"li": {"ul"}, "dt": {"dl"}, "dd": {"dl"}, "thead": {"table"}, "tbody": {"table"}, "tr": {"thead", "tbody"},
-           "td": {"tr"}, "th": {"tr"}, "figcaption": {"figure"}, "polygon": {"svg", "a"}, "circle": {"svg", "a"},
+           "td": {"tr"}, "th": {"tr"}, "figcaption": {"figure"}, "path": {"svg", "a"}, "circle": {"svg", "a"},
            "title": {"head", "a"}, "style": {"head"}, "meta": {"head"}, "head": {"html"}, "body": {"html"}}
 KNOWN = set(PARENTS) | {"html", "main", "h1", "h2", "h3", "dl", "ul", "nav", "section", "a", "b", "em", "span", "p",
                         "figure", "svg", "table"}

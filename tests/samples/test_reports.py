@@ -71,7 +71,7 @@ class Reports(unittest.TestCase):
         self.assertEqual(html.count("<svg "), 2)
         wall = html.index("<tbody id=\"e1\">")
         self.assertIn("Außenwand Süd", html[wall:wall + 200])
-        self.assertIn("href=\"#e1\"><title>Außenwand Süd</title><polygon", html)
+        self.assertIn("href=\"#e1\"><title>Außenwand Süd</title><path", html)
 
     def test_texts_of_models_are_never_markup(self):
         guids = [element["guid"] for element in elements(HOUSE) if element["name"]]

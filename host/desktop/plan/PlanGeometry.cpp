@@ -13,13 +13,23 @@ namespace {
 /// How long reading may hold up other events: short enough for a smooth scroll.
 constexpr qint64 SliceMs = 8;
 
-double areaOf(const QPolygonF& outline) {
+/// Holes go the other way round, and count as less.
+double areaOf(const QList<QPolygonF>& rings) {
     double twice = 0;
-    for (qsizetype i = 0; i < outline.size(); ++i) {
-        const QPointF a = outline[i], b = outline[(i + 1) % outline.size()];
-        twice += a.x() * b.y() - b.x() * a.y();
+    for (const QPolygonF& ring : rings) {
+        for (qsizetype i = 0; i < ring.size(); ++i) {
+            const QPointF a = ring[i], b = ring[(i + 1) % ring.size()];
+            twice += a.x() * b.y() - b.x() * a.y();
+        }
     }
     return std::abs(twice) / 2;
+}
+
+/// Not by uniting boxes: Qt takes that of a line for none.
+QRectF boxOf(const QList<QPolygonF>& rings) {
+    QPolygonF all;
+    for (const QPolygonF& ring : rings) all << ring;
+    return all.boundingRect();
 }
 
 }  // namespace
@@ -105,16 +115,20 @@ void PlanGeometry::readNext(Storey& storey) {
     Footprint footprint;
     footprint.element = storey.elements[storey.done++];
     footprint.layer = planLayer(index_->typeId(footprint.element));
-    for (const model::Point& point : model_->footprint(footprint.element))
-        footprint.outline << QPointF(point.x, point.y);
-    if (footprint.outline.isEmpty()) {
+    for (const auto& corners : model_->outline(footprint.element).rings) {
+        QPolygonF ring;
+        ring.reserve(static_cast<qsizetype>(corners.size()));
+        for (const model::Point& corner : corners) ring << QPointF(corner.x, corner.y);
+        footprint.rings << ring;
+    }
+    if (footprint.rings.isEmpty()) {
         // A building or storey has an origin, which is no place in it.
         const auto origin = model_->placement(footprint.element);
         if (!origin || footprint.layer == PlanLayer::Ground) return;
-        footprint.outline << QPointF(origin->x, origin->y);
+        footprint.rings << QPolygonF({QPointF(origin->x, origin->y)});
     }
-    footprint.box = footprint.outline.boundingRect();
-    footprint.area = areaOf(footprint.outline);
+    footprint.box = boxOf(footprint.rings);
+    footprint.area = areaOf(footprint.rings);
     // A deque: drawings under way hold pointers to footprints while more of them come in.
     storey.footprints.push_back(std::move(footprint));
     byElement_[storey.footprints.back().element] = &storey.footprints.back();

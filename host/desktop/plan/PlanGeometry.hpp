@@ -17,7 +17,7 @@ enum class PlanLayer : std::uint8_t { Ground, Zone, Floor, Object, Structure, Fi
 struct Footprint {
     model::Element element = 0;
     PlanLayer layer = PlanLayer::Object;
-    QPolygonF outline;  ///< One point for an element of which only the place is known.
+    QList<QPolygonF> rings;  ///< The outline with its holes; one point where only the place is known.
     QRectF box;
     double area = 0;
 };

@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QPainter>
+#include <QPainterPath>
 #include <algorithm>
 
 namespace desktop {
@@ -88,11 +89,25 @@ bool inSight(const Footprint& footprint, const PlanViewport& viewport) {
            box.bottom() >= visible.top();
 }
 
-QPolygonF PlanPainter::onScreen(const Footprint& footprint) const {
-    QPolygonF points;
-    points.reserve(footprint.outline.size());
-    for (const QPointF& point : footprint.outline) points << viewport_.toScreen(point);
-    return points;
+void PlanPainter::drawRings(const Footprint& footprint) {
+    const auto onScreen = [this](const QPolygonF& ring) {
+        QPolygonF points;
+        points.reserve(ring.size());
+        for (const QPointF& point : ring) points << viewport_.toScreen(point);
+        return points;
+    };
+    // Most have one ring, and a polygon is drawn faster than a path.
+    if (footprint.rings.size() == 1) {
+        painter_.drawPolygon(onScreen(footprint.rings.front()));
+        return;
+    }
+    QPainterPath path;
+    path.setFillRule(Qt::OddEvenFill);
+    for (const QPolygonF& ring : footprint.rings) {
+        path.addPolygon(onScreen(ring));
+        path.closeSubpath();
+    }
+    painter_.drawPath(path);
 }
 
 void PlanPainter::setStyle(const Footprint& footprint, Mark mark) {
@@ -117,8 +132,8 @@ void PlanPainter::draw(const Footprint& footprint, Mark mark) {
     setStyle(footprint, mark);
     const QRectF size = viewport_.toScreen(footprint.box);
     const double least = mark == Mark::None ? 1 : LeastMark;
-    if (footprint.outline.size() > 1 && (size.width() >= least || size.height() >= least)) {
-        painter_.drawPolygon(onScreen(footprint));
+    if (footprint.rings.front().size() > 1 && (size.width() >= least || size.height() >= least)) {
+        drawRings(footprint);
     } else if (mark == Mark::None) {
         painter_.drawPoint(size.center());
     } else {
@@ -138,7 +153,7 @@ void PlanPainter::drawSelection(const Footprint& footprint) {
         if (small) {
             painter_.drawEllipse(size.center(), LeastMark, LeastMark);
         } else {
-            painter_.drawPolygon(onScreen(footprint));
+            drawRings(footprint);
         }
     }
 }

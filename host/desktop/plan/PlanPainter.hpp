@@ -36,7 +36,7 @@ public:
 
 private:
     void setStyle(const Footprint& footprint, Mark mark);
-    QPolygonF onScreen(const Footprint& footprint) const;
+    void drawRings(const Footprint& footprint);
 
     QPainter& painter_;
     const PlanViewport& viewport_;

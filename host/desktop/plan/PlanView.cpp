@@ -35,12 +35,14 @@ double distanceToLine(const QPointF& p, const QPointF& a, const QPointF& b) {
 
 bool touches(const Footprint& footprint, const QPointF& point, double tolerance) {
     if (!footprint.box.adjusted(-tolerance, -tolerance, tolerance, tolerance).contains(point)) return false;
-    const QPolygonF& outline = footprint.outline;
-    if (outline.size() > 2 && outline.containsPoint(point, Qt::OddEvenFill)) return true;
-    for (qsizetype i = 0; i < outline.size(); ++i) {
-        if (distanceToLine(point, outline[i], outline[(i + 1) % outline.size()]) <= tolerance) return true;
+    bool inside = false;
+    for (const QPolygonF& ring : footprint.rings) {
+        if (ring.size() > 2 && ring.containsPoint(point, Qt::OddEvenFill)) inside = !inside;
+        for (qsizetype i = 0; i < ring.size(); ++i) {
+            if (distanceToLine(point, ring[i], ring[(i + 1) % ring.size()]) <= tolerance) return true;
+        }
     }
-    return false;
+    return inside;
 }
 
 }  // namespace
@@ -118,7 +120,7 @@ QRectF PlanView::extent() const {
             // United with another box, one without extent would be passed over.
             const QRectF box = footprint.box.adjusted(0, 0, 1e-6, 1e-6);
             add(all, box);
-            if (footprint.layer != PlanLayer::Ground && footprint.outline.size() > 1) add(inner, box);
+            if (footprint.layer != PlanLayer::Ground && footprint.rings.front().size() > 1) add(inner, box);
         }
     }
     return inner.isNull() ? all : inner;

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace model {
 
@@ -94,6 +95,14 @@ struct ClassificationReference {
 /// In the model's length unit, whichever the file declares.
 struct Point {
     double x = 0, y = 0, z = 0;
+};
+
+/// What an element covers, seen from above.
+struct PlanOutline {
+    /// Outer rings counter-clockwise, holes clockwise, each closed from its last point to its first. A hull of less
+    /// than three points covers nothing.
+    std::vector<std::vector<Point>> rings;
+    bool hull = false;  ///< Only the convex hull is known.
 };
 
 }  // namespace model

@@ -1,12 +1,15 @@
 #include "model/ifc/geometry/Footprint.hpp"
 
 #include "model/ifc/geometry/ConvexHull.hpp"
+#include "model/ifc/geometry/Curves.hpp"
+#include "model/ifc/geometry/PlanShape.hpp"
 #include "model/ifc/geometry/Profiles.hpp"
 #include "model/ifc/values/InstanceScan.hpp"
 #include "model/step/syntax/Numbers.hpp"
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <numbers>
 #include <unordered_set>
 
@@ -44,7 +47,6 @@ private:
     void collectBox(const step::Instance& box, const Frame& frame);
     void collectDerived(const step::Instance& profile, const Frame& frame);
     bool isPassedOver(Slot slot) const;
-    double number(const step::Instance& instance, std::size_t attributeIndex) const;
 
     /// A vertex of a solid is shared by its faces. The same instance in another mapped copy lies elsewhere.
     bool isNew(Slot slot) { return visited_.insert(std::uint64_t{scope_} << 32U | slot).second; }
@@ -62,11 +64,6 @@ private:
     int depth_ = 0;
     std::size_t budget_ = 50'000;  // instances: a plan of a whole model asks for this of every element
 };
-
-double PointCollector::number(const step::Instance& instance, std::size_t attributeIndex) const {
-    return attributeIndex < instance.arguments.size() ? step::realValue(instance.arguments[attributeIndex]).value_or(0)
-                                                      : 0;
-}
 
 /// @return whether the instance is of a kind that is not simply its parts.
 bool PointCollector::collectSpecial(Slot slot, const Frame& frame) {
@@ -140,7 +137,7 @@ void PointCollector::collectMapped(const step::Instance& item, const Frame& fram
 void PointCollector::collectExtruded(const step::Instance& solid, const Frame& frame) {
     const Frame position = readAxisPlacement(work_, targetOf(work_, solid, 1)).value_or(Frame{});
     const Point direction = readDirection(work_, targetOf(work_, solid, 2)).value_or(Point{0, 0, 1});
-    const double height = number(solid, 3);
+    const double height = numberIn(solid, 3);
     Frame top;
     top.origin = {direction.x * height, direction.y * height, direction.z * height};
     const Frame base = frame.toOuter(position);
@@ -184,7 +181,7 @@ void PointCollector::collectConic(Slot conic, const Frame& frame, double from, d
     if (!work_.file.read(conic, instance)) return;
     const Frame placed = frame.toOuter(readAxisPlacement(work_, targetOf(work_, instance, 0)).value_or(Frame{}));
     const bool circle = isOfClass(work_, conic, "IfcCircle");
-    for (const Point& point : ellipsePoints(number(instance, 1), number(instance, circle ? 1 : 2), from, to)) {
+    for (const Point& point : ellipsePoints(numberIn(instance, 1), numberIn(instance, circle ? 1 : 2), from, to)) {
         points.push_back(placed.toOuter(point));
     }
 }
@@ -206,9 +203,9 @@ void PointCollector::collectBox(const step::Instance& box, const Frame& frame) {
     const auto corner = readPoint(work_, targetOf(work_, box, 0));
     if (!corner) return;
     for (unsigned i = 0; i < 8; ++i) {
-        points.push_back(frame.toOuter(Point{corner->x + ((i & 1U) != 0 ? number(box, 1) : 0),
-                                             corner->y + ((i & 2U) != 0 ? number(box, 2) : 0),
-                                             corner->z + ((i & 4U) != 0 ? number(box, 3) : 0)}));
+        points.push_back(frame.toOuter(Point{corner->x + ((i & 1U) != 0 ? numberIn(box, 1) : 0),
+                                             corner->y + ((i & 2U) != 0 ? numberIn(box, 2) : 0),
+                                             corner->z + ((i & 4U) != 0 ? numberIn(box, 3) : 0)}));
     }
 }
 
@@ -217,17 +214,17 @@ void PointCollector::collectDerived(const step::Instance& profile, const Frame& 
     inNewScope([&] { collect(targetOf(work_, profile, 2), frame.toOuter(operation)); });
 }
 
-/// Of several representations the body says most; axes and boxes stand for it where there is none.
-std::vector<Slot> chosenRepresentations(Workspace& work, Slot shape) {
-    std::vector<Slot> all, bodies;
-    forEachReference(work.file.text(shape), AllArguments, [&](unsigned, std::string_view token) {
-        const Slot slot = work.file.find(tokenId(token));
-        if (!isOfClass(work, slot, "IfcRepresentation")) return true;
-        all.push_back(slot);
-        if (leadingString(work.file.text(slot), 1) == "'Body'") bodies.push_back(slot);
-        return true;
-    });
-    return bodies.empty() ? all : bodies;
+/// What is cut away from an element at the height where a plan is cut: as high as people look, in a storey's wall. Of a
+/// door or window there is a part at that height, of the recess for a pipe along the floor none.
+std::vector<Region> openingsAt(Workspace& work, const std::vector<Slot>& openings, double height) {
+    constexpr std::size_t MostOpenings = 1000;
+    std::vector<Region> regions;
+    for (std::size_t i = 0; i < std::min(openings.size(), MostOpenings); ++i) {
+        auto shape = planShapeOf(work, openings[i]);
+        if (!shape || shape->bottom > height || shape->top < height) continue;
+        std::move(shape->regions.begin(), shape->regions.end(), std::back_inserter(regions));
+    }
+    return regions;
 }
 
 }  // namespace
@@ -238,14 +235,26 @@ std::vector<Point> footprintOf(Workspace& work, Slot element) {
     const Class& cls = work.classes.of(element);
     const bool placed = argument(instance, cls, Field::ObjectPlacement).kind != step::ValueKind::Unset;
     const auto frame = placed ? placementOf(work, element) : std::optional(Frame{});
-    const Slot shape = work.file.find(step::referenceId(argument(instance, cls, Field::Representation)));
-    if (!frame || shape == step::NoSlot) return {};
+    if (!frame) return {};
     PointCollector collector(work);
-    for (const Slot representation : chosenRepresentations(work, shape)) collector.collect(representation, *frame);
+    for (const Slot representation : chosenRepresentations(work, element)) collector.collect(representation, *frame);
     std::erase_if(collector.points, [](const Point& point) {
         return !std::isfinite(point.x) || !std::isfinite(point.y) || !std::isfinite(point.z);
     });
     return convexHull(std::move(collector.points));
+}
+
+PlanOutline outlineOf(Workspace& work, Openings& openings, Slot element) {
+    // Of a wall as high as a storey, somewhat below the middle: above the sills, below the lintels.
+    constexpr double CutAt = 0.42;
+    if (const auto shape = planShapeOf(work, element)) {
+        const double height = shape->bottom + CutAt * (shape->top - shape->bottom);
+        auto rings = planUnion(shape->regions, openingsAt(work, openings.of(element), height));
+        if (rings && !rings->empty()) return {std::move(*rings), false};
+    }
+    std::vector<Point> hull = footprintOf(work, element);
+    if (hull.empty()) return {};
+    return {{std::move(hull)}, true};
 }
 
 }  // namespace model::ifc

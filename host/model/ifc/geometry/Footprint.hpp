@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/ifc/index/Workspace.hpp"
+#include "model/ifc/geometry/Spatial.hpp"
 
 namespace model::ifc {
 
@@ -8,5 +8,8 @@ namespace model::ifc {
 /// extruded profiles, of mapped items. Curved outlines count by points on them. Bounded work: of a very large geometry
 /// the part read first counts. Empty where there is none, or no placement that can be followed.
 std::vector<Point> footprintOf(Workspace& work, step::Slot element);
+
+/// The element's outline in plan: see Model::outline.
+PlanOutline outlineOf(Workspace& work, Openings& openings, step::Slot element);
 
 }  // namespace model::ifc

@@ -1,8 +1,8 @@
 #include "model/ifc/geometry/Profiles.hpp"
 
-#include "model/step/syntax/Numbers.hpp"
+#include "model/ifc/geometry/Curves.hpp"
 
-#include <cmath>
+#include <iterator>
 #include <numbers>
 
 namespace model::ifc {
@@ -34,11 +34,7 @@ constexpr std::array Sizes = {
 };
 
 std::optional<std::vector<Point>> unplacedPoints(Workspace& work, Slot profile, const step::Instance& instance) {
-    const auto number = [&](std::size_t attributeIndex) {
-        return attributeIndex < instance.arguments.size()
-                   ? step::realValue(instance.arguments[attributeIndex]).value_or(0)
-                   : 0.0;
-    };
+    const auto number = [&](std::size_t attributeIndex) { return numberIn(instance, attributeIndex); };
     if (isOfClass(work, profile, "IfcCircleProfileDef")) return ellipsePoints(number(3), number(3), 0, FullTurn);
     if (isOfClass(work, profile, "IfcEllipseProfileDef")) return ellipsePoints(number(3), number(4), 0, FullTurn);
     for (const SizeRow& row : Sizes) {
@@ -47,17 +43,137 @@ std::optional<std::vector<Point>> unplacedPoints(Workspace& work, Slot profile, 
     return std::nullopt;
 }
 
-}  // namespace
-
-std::vector<Point> ellipsePoints(double semiX, double semiY, double from, double to) {
-    constexpr int Steps = 24;  // The hull stays within 1 % of the radius.
-    std::vector<Point> points;
-    for (int i = 0; i <= Steps; ++i) {
-        const double angle = from + (to - from) * i / Steps;
-        points.push_back({semiX * std::cos(angle), semiY * std::sin(angle), 0});
+/// The outline of a steel section around the middle of its bounding box; empty for other profiles.
+Ring sectionOutline(Workspace& work, Slot profile, const step::Instance& instance) {
+    const auto is = [&](std::string_view name) { return isOfClass(work, profile, name); };
+    const auto number = [&](std::size_t attributeIndex) { return numberIn(instance, attributeIndex); };
+    const double thick = number(6);  // Of a flange; an L has one thickness, one place before.
+    if (is("IfcIShapeProfileDef")) {
+        const double x = number(3) / 2, y = number(4) / 2, web = number(5) / 2;
+        return {
+            {-x, -y, 0},           {x, -y, 0},         {x, -y + thick, 0}, {web, -y + thick, 0}, {web, y - thick, 0},
+            {x, y - thick, 0},     {x, y, 0},          {-x, y, 0},         {-x, y - thick, 0},   {-web, y - thick, 0},
+            {-web, -y + thick, 0}, {-x, -y + thick, 0}};
     }
-    return points;
+    // The others give the depth first; that of an L of equal legs is its width, too.
+    const double y = number(3) / 2;
+    const double x = (is("IfcLShapeProfileDef") && !(number(4) > 0) ? number(3) : number(4)) / 2;
+    if (is("IfcLShapeProfileDef")) {
+        const double leg = number(5);
+        return {{-x, -y, 0}, {x, -y, 0}, {x, -y + leg, 0}, {-x + leg, -y + leg, 0}, {-x + leg, y, 0}, {-x, y, 0}};
+    }
+    if (is("IfcTShapeProfileDef")) {
+        const double web = number(5) / 2;
+        return {{-web, -y, 0}, {web, -y, 0}, {web, y - thick, 0}, {x, y - thick, 0},
+                {x, y, 0},     {-x, y, 0},   {-x, y - thick, 0},  {-web, y - thick, 0}};
+    }
+    if (is("IfcUShapeProfileDef")) {
+        const double web = number(5);
+        return {{-x, -y, 0},       {x, -y, 0}, {x, -y + thick, 0}, {-x + web, -y + thick, 0}, {-x + web, y - thick, 0},
+                {x, y - thick, 0}, {x, y, 0},  {-x, y, 0}};
+    }
+    return {};
 }
+
+/// What a hollow profile has not got in its middle.
+Ring hollowOf(Workspace& work, Slot profile, const step::Instance& instance) {
+    if (isOfClass(work, profile, "IfcCircleHollowProfileDef")) {
+        const double inner = numberIn(instance, 3) - numberIn(instance, 4);
+        if (inner > 0) return ellipsePoints(inner, inner, 0, FullTurn);
+    } else if (isOfClass(work, profile, "IfcRectangleHollowProfileDef")) {
+        const double walls = 2 * numberIn(instance, 5);
+        const double x = numberIn(instance, 3) - walls, y = numberIn(instance, 4) - walls;
+        if (x > 0 && y > 0) return rectangle(x, y);
+    }
+    return {};
+}
+
+void move(Region& region, const Frame& frame) {
+    for (Ring& ring : region)
+        for (Point& point : ring) point = frame.toOuter(point);
+}
+
+class ProfileReader {
+public:
+    explicit ProfileReader(Workspace& workspace) : work_(workspace) {}
+
+    std::optional<std::vector<Region>> read(Slot profile) {
+        constexpr int Deepest = 8;
+        constexpr int MostProfiles = 1000;  // Composites may be of composites.
+        step::Instance instance;
+        if (depth_ == Deepest || ++count_ > MostProfiles || profile == step::NoSlot ||
+            !work_.file.read(profile, instance)) {
+            return std::nullopt;
+        }
+        ++depth_;
+        auto regions = readKind(profile, instance);
+        --depth_;
+        return regions;
+    }
+
+private:
+    std::optional<std::vector<Region>> readKind(Slot profile, const step::Instance& instance) {
+        const auto is = [&](std::string_view name) { return isOfClass(work_, profile, name); };
+        if (is("IfcParameterizedProfileDef")) return parameterized(profile, instance);
+        if (is("IfcArbitraryClosedProfileDef")) return closed(profile, instance);
+        if (is("IfcDerivedProfileDef")) return derived(profile, instance);
+        if (!is("IfcCompositeProfileDef")) return std::nullopt;
+        std::vector<Region> all;
+        for (const Slot part : targetsOf(work_, instance, 2)) {
+            auto regions = read(part);
+            if (!regions) return std::nullopt;
+            std::move(regions->begin(), regions->end(), std::back_inserter(all));
+        }
+        return all;
+    }
+
+    std::optional<std::vector<Region>> parameterized(Slot profile, const step::Instance& instance) const {
+        Region region;
+        if (Ring section = sectionOutline(work_, profile, instance); !section.empty()) {
+            region.push_back(std::move(section));
+        } else if (auto points = unplacedPoints(work_, profile, instance)) {
+            region.push_back(std::move(*points));
+        } else {
+            return std::nullopt;
+        }
+        if (Ring middle = hollowOf(work_, profile, instance); !middle.empty()) region.push_back(std::move(middle));
+        if (const auto position = readAxisPlacement(work_, targetOf(work_, instance, 2))) move(region, *position);
+        return std::vector<Region>(1, region);
+    }
+
+    std::optional<std::vector<Region>> closed(Slot profile, const step::Instance& instance) const {
+        auto outer = curvePoints(work_, targetOf(work_, instance, 2));
+        if (!outer) return std::nullopt;
+        Region region{std::move(*outer)};
+        if (isOfClass(work_, profile, "IfcArbitraryProfileDefWithVoids")) {
+            for (const Slot slot : targetsOf(work_, instance, 3)) {
+                auto inner = curvePoints(work_, slot);
+                if (!inner) return std::nullopt;
+                region.push_back(std::move(*inner));
+            }
+        }
+        return std::vector<Region>(1, region);
+    }
+
+    std::optional<std::vector<Region>> derived(Slot profile, const step::Instance& instance) {
+        auto regions = read(targetOf(work_, instance, 2));
+        if (!regions) return std::nullopt;
+        Frame operation;
+        operation.x = {-1, 0, 0};  // That of an IfcMirroredProfileDef is derived: it stands for the y axis.
+        if (!isOfClass(work_, profile, "IfcMirroredProfileDef")) {
+            const auto given = readTransformation(work_, targetOf(work_, instance, 3));
+            if (!given) return std::nullopt;
+            operation = *given;
+        }
+        for (Region& region : *regions) move(region, operation);
+        return regions;
+    }
+
+    Workspace& work_;
+    int depth_ = 0, count_ = 0;
+};
+
+}  // namespace
 
 std::optional<std::vector<Point>> profilePoints(Workspace& work, Slot profile) {
     step::Instance instance;
@@ -69,6 +185,10 @@ std::optional<std::vector<Point>> profilePoints(Workspace& work, Slot profile) {
     if (!points || !position) return points;
     for (Point& point : *points) point = position->toOuter(point);
     return points;
+}
+
+std::optional<std::vector<Region>> profileRegions(Workspace& work, Slot profile) {
+    return ProfileReader(work).read(profile);
 }
 
 }  // namespace model::ifc

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/ifc/geometry/Placement.hpp"
+#include "model/ifc/geometry/Regions.hpp"
 
 namespace model::ifc {
 
@@ -8,7 +9,8 @@ namespace model::ifc {
 /// corners around a steel section. Nothing for a profile of another kind, which is given by its curves.
 std::optional<std::vector<Point>> profilePoints(Workspace& work, step::Slot profile);
 
-/// Points on an ellipse around the origin, from one angle to another (radians).
-std::vector<Point> ellipsePoints(double semiX, double semiY, double from, double to);
+/// The area of a profile in its own plane (IfcProfileDef), several of a composite one. Rounded corners are square.
+/// Nothing for a profile of another kind, and for one that cannot be read.
+std::optional<std::vector<Region>> profileRegions(Workspace& work, step::Slot profile);
 
 }  // namespace model::ifc

@@ -1,5 +1,7 @@
 #include "model/ifc/geometry/Spatial.hpp"
 
+#include <algorithm>
+
 #include <utility>
 #include <vector>
 
@@ -50,6 +52,28 @@ Slot Storeys::of(Slot element) {
     }
     for (const Slot below : passed) above_[below] = storey;
     return storey;
+}
+
+std::vector<Slot> Openings::of(Slot element) {
+    if (!known_) {
+        const auto count = static_cast<Slot>(work_.file.slotCount());
+        for (Slot slot = 0; slot < count; ++slot) {
+            step::Instance relation;
+            const Class& cls = work_.classes.of(slot);
+            if (cls.role != Role::Voids || !work_.file.read(slot, relation)) continue;
+            const auto target = [&](Field field) {
+                return work_.file.find(step::referenceId(argument(relation, cls, field)));
+            };
+            all_.emplace_back(target(Field::Relating), target(Field::Related));
+        }
+        std::stable_sort(all_.begin(), all_.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+        known_ = true;
+    }
+    std::vector<Slot> openings;
+    const auto first = std::lower_bound(all_.begin(), all_.end(), element,
+                                        [](const auto& known, Slot wanted) { return known.first < wanted; });
+    for (auto at = first; at != all_.end() && at->first == element; ++at) openings.push_back(at->second);
+    return openings;
 }
 
 }  // namespace model::ifc

@@ -4,6 +4,8 @@
 
 #include <cstdint>
 #include <unordered_map>
+#include <utility>
+#include <vector>
 
 namespace model::ifc {
 
@@ -21,6 +23,20 @@ private:
     Workspace& work_;
     std::uint64_t revision_ = 0;
     std::unordered_map<step::Slot, step::Slot> above_;  // by object, a storey itself included
+};
+
+/// The openings in elements. Looked up in the file once: no edit makes or moves one.
+class Openings {
+public:
+    explicit Openings(Workspace& work) : work_(work) {}
+
+    /// The IfcOpeningElements (and other features that are taken away) of the element, in file order.
+    std::vector<step::Slot> of(step::Slot element);
+
+private:
+    Workspace& work_;
+    bool known_ = false;
+    std::vector<std::pair<step::Slot, step::Slot>> all_;  ///< Element and opening, sorted.
 };
 
 }  // namespace model::ifc

@@ -1,0 +1,394 @@
+#include "model/ifc/geometry/PlanShape.hpp"
+
+#include "model/ifc/geometry/Curves.hpp"
+#include "model/ifc/geometry/Profiles.hpp"
+#include "model/ifc/values/InstanceScan.hpp"
+#include "model/step/syntax/Numbers.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numbers>
+
+namespace model::ifc {
+
+namespace {
+
+using step::Slot;
+
+class ShapeReader {
+public:
+    explicit ShapeReader(Workspace& workspace) : work_(workspace) {}
+
+    /// @return whether all of the item is of a known kind.
+    bool read(Slot slot, const Frame& frame) {
+        constexpr int Deepest = 32;
+        step::Instance instance;
+        if (depth_ == Deepest || budget_ == 0 || slot == step::NoSlot || !work_.file.read(slot, instance)) return false;
+        --budget_;
+        ++depth_;
+        const bool known = readKind(slot, instance, frame);
+        --depth_;
+        return known;
+    }
+
+    std::vector<Region> regions;
+    double bottom = std::numeric_limits<double>::max(), top = std::numeric_limits<double>::lowest();
+
+private:
+    bool readKind(Slot slot, const step::Instance& instance, const Frame& frame);
+    bool readAll(const std::vector<Slot>& slots, const Frame& frame) {
+        return std::all_of(slots.begin(), slots.end(), [&](Slot slot) { return read(slot, frame); });
+    }
+    bool mapped(const step::Instance& item, const Frame& frame);
+    bool boolean(const step::Instance& result, const Frame& frame);
+    bool extruded(const step::Instance& solid, const Frame& frame);
+    bool revolved(const step::Instance& solid, const Frame& frame);
+    bool sweptDisk(const step::Instance& solid, const Frame& frame);
+    bool block(const step::Instance& solid, const Frame& frame);
+    bool cylinder(const step::Instance& solid, const Frame& frame);
+    bool face(const step::Instance& face, const Frame& frame);
+    bool triangulated(const step::Instance& faces, const Frame& frame);
+    bool polygonal(const step::Instance& faces, const Frame& frame);
+    std::optional<Ring> loop(Slot bound, const Frame& frame);
+    std::optional<Ring> edgeLoop(const step::Instance& loop, const Frame& frame);
+    std::optional<Ring> indexed(const step::Value& numbers, const std::vector<Point>& points) const;
+
+    bool sweep(const std::vector<Region>& profile, const std::vector<Frame>& stations);
+    bool add(Region region);
+
+    Workspace& work_;
+    int depth_ = 0;
+    std::size_t budget_ = 50'000;       ///< Instances: a plan of a whole model asks for this of every element.
+    std::size_t cornersLeft_ = 60'000;  ///< Of all regions.
+};
+
+bool ShapeReader::readKind(Slot slot, const step::Instance& instance, const Frame& frame) {
+    const auto is = [&](std::string_view name) { return isOfClass(work_, slot, name); };
+    if (is("IfcMappedItem")) return mapped(instance, frame);
+    if (is("IfcBooleanResult")) return boolean(instance, frame);
+    if (is("IfcExtrudedAreaSolid")) return extruded(instance, frame);
+    if (is("IfcRevolvedAreaSolid")) return revolved(instance, frame);
+    if (is("IfcSweptDiskSolid")) return sweptDisk(instance, frame);
+    if (is("IfcBlock")) return block(instance, frame);
+    if (is("IfcRightCircularCylinder")) return cylinder(instance, frame);
+    if (is("IfcFace")) return face(instance, frame);
+    if (is("IfcTriangulatedFaceSet")) return triangulated(instance, frame);
+    if (is("IfcPolygonalFaceSet")) return polygonal(instance, frame);
+    if (is("IfcCsgSolid") || is("IfcManifoldSolidBrep")) return read(targetOf(work_, instance, 0), frame);
+    if (is("IfcFaceBasedSurfaceModel") || is("IfcShellBasedSurfaceModel") || is("IfcConnectedFaceSet")) {
+        return readAll(targetsOf(work_, instance, 0), frame);
+    }
+    if (is("IfcRepresentation")) return readAll(targetsOf(work_, instance, 3), frame);
+    // A set of geometry may hold surfaces beside curves and points, which cover nothing.
+    return is("IfcStyledItem") || is("IfcCurve") || is("IfcPoint") || is("IfcTextLiteral") ||
+           is("IfcAnnotationFillArea");
+}
+
+/// @return whether there is room for it, and its coordinates are numbers.
+bool ShapeReader::add(Region region) {
+    for (Ring& ring : region) {
+        if (ring.size() > cornersLeft_) return false;
+        cornersLeft_ -= ring.size();
+        for (const Point& point : ring) {
+            if (!std::isfinite(point.x) || !std::isfinite(point.y) || !std::isfinite(point.z)) return false;
+            bottom = std::min(bottom, point.z);
+            top = std::max(top, point.z);
+        }
+    }
+    regions.push_back(std::move(region));
+    return true;
+}
+
+bool ShapeReader::mapped(const step::Instance& item, const Frame& frame) {
+    step::Instance map;
+    const Slot source = targetOf(work_, item, 0);
+    if (!isOfClass(work_, source, "IfcRepresentationMap") || !work_.file.read(source, map)) return false;
+    const Frame origin = readAxisPlacement(work_, targetOf(work_, map, 0)).value_or(Frame{});
+    const Frame target = readTransformation(work_, targetOf(work_, item, 1)).value_or(Frame{});
+    return read(targetOf(work_, map, 1), frame.toOuter(target.toOuter(inverseOf(origin))));
+}
+
+bool ShapeReader::boolean(const step::Instance& result, const Frame& frame) {
+    if (!read(targetOf(work_, result, 1), frame)) return false;
+    const bool both = !result.arguments.empty() && step::enumerationItem(result.arguments[0]) == "UNION";
+    return !both || read(targetOf(work_, result, 2), frame);
+}
+
+/// A profile that is moved from station to station: where it is at each of them, and what its edges pass over between
+/// two of them.
+bool ShapeReader::sweep(const std::vector<Region>& profile, const std::vector<Frame>& stations) {
+    const auto placed = [](const Frame& station, const Region& region) {
+        Region moved = region;
+        for (Ring& ring : moved)
+            for (Point& point : ring) point = station.toOuter(point);
+        return moved;
+    };
+    for (const Region& region : profile) {
+        std::optional<Region> before;
+        for (const Frame& station : stations) {
+            Region now = placed(station, region);
+            for (std::size_t i = 0; before && i < now.size(); ++i) {
+                const Ring &from = (*before)[i], &to = now[i];
+                for (std::size_t j = 0; j < to.size(); ++j) {
+                    const std::size_t next = (j + 1) % to.size();
+                    if (!add({{from[j], from[next], to[next], to[j]}})) return false;
+                }
+            }
+            if (!add(now)) return false;
+            before = std::move(now);
+        }
+    }
+    return true;
+}
+
+bool ShapeReader::extruded(const step::Instance& solid, const Frame& frame) {
+    const auto profile = profileRegions(work_, targetOf(work_, solid, 0));
+    if (!profile) return false;
+    const Frame base = frame.toOuter(readAxisPlacement(work_, targetOf(work_, solid, 1)).value_or(Frame{}));
+    const Point direction = readDirection(work_, targetOf(work_, solid, 2)).value_or(Point{0, 0, 1});
+    const double height = numberIn(solid, 3);
+    Frame lift;
+    lift.origin = {direction.x * height, direction.y * height, direction.z * height};
+    const Frame end = base.toOuter(lift);
+    const double across = std::hypot(end.origin.x - base.origin.x, end.origin.y - base.origin.y);
+    if (across > 1e-6 * std::abs(end.origin.z - base.origin.z)) return sweep(*profile, {base, end});
+    // Straight up, as nearly all: seen from above, the profile itself.
+    if (!sweep(*profile, {base})) return false;
+    const double rise = end.origin.z - base.origin.z;
+    bottom = std::min(bottom, bottom + rise);
+    top = std::max(top, top + rise);
+    return true;
+}
+
+bool ShapeReader::revolved(const step::Instance& solid, const Frame& frame) {
+    step::Instance axis;
+    const auto profile = profileRegions(work_, targetOf(work_, solid, 0));
+    const Slot axisSlot = targetOf(work_, solid, 2);
+    if (!profile || !isOfClass(work_, axisSlot, "IfcAxis1Placement") || !work_.file.read(axisSlot, axis)) return false;
+    const auto origin = readPoint(work_, targetOf(work_, axis, 0));
+    const Point along = readDirection(work_, targetOf(work_, axis, 1)).value_or(Point{0, 0, 1});
+    if (!origin) return false;
+    double angle = numberIn(solid, 3);
+    if (std::abs(angle) > 2 * std::numbers::pi + 1e-6) angle *= std::numbers::pi / 180;  // Given in degrees.
+    if (!(std::abs(angle) < 100)) return false;
+    const Frame base = frame.toOuter(readAxisPlacement(work_, targetOf(work_, solid, 1)).value_or(Frame{}));
+    const int steps = std::clamp(static_cast<int>(std::ceil(std::abs(angle) * 8)), 1, 48);
+    std::vector<Frame> stations;
+    for (int i = 0; i <= steps; ++i) {
+        const double turn = angle * i / steps, c = std::cos(turn), s = std::sin(turn);
+        const auto row = [&](double x, double y, double z) {  // Rodrigues: a vector turned about `along`.
+            const double dot = along.x * x + along.y * y + along.z * z;
+            return Point{x * c + (along.y * z - along.z * y) * s + along.x * dot * (1 - c),
+                         y * c + (along.z * x - along.x * z) * s + along.y * dot * (1 - c),
+                         z * c + (along.x * y - along.y * x) * s + along.z * dot * (1 - c)};
+        };
+        Frame turned{row(1, 0, 0), row(0, 1, 0), row(0, 0, 1), {}};
+        const Point moved = turned.toOuter(*origin);
+        turned.origin = {origin->x - moved.x, origin->y - moved.y, origin->z - moved.z};
+        stations.push_back(base.toOuter(turned));
+    }
+    return sweep(*profile, stations);
+}
+
+/// A pipe or a bar: around each piece of its line a rectangle, around each bend a circle.
+bool ShapeReader::sweptDisk(const step::Instance& solid, const Frame& frame) {
+    const auto line = curvePoints(work_, targetOf(work_, solid, 0));
+    const double radius = numberIn(solid, 1);
+    if (!line || !(radius > 0)) return false;
+    for (std::size_t i = 0; i < line->size(); ++i) {
+        const Point at = frame.toOuter((*line)[i]);
+        Ring bend;
+        for (const Point& point : ellipsePoints(radius, radius, 0, 2 * std::numbers::pi)) {
+            bend.push_back({at.x + point.x, at.y + point.y, at.z});
+        }
+        if (i != 0) {
+            const Point from = frame.toOuter((*line)[i - 1]);
+            const double length = std::hypot(at.x - from.x, at.y - from.y);
+            const double x = length > 0 ? -(at.y - from.y) / length * radius : 0;
+            const double y = length > 0 ? (at.x - from.x) / length * radius : 0;
+            if (!add({{{from.x - x, from.y - y, from.z},
+                       {at.x - x, at.y - y, at.z},
+                       {at.x + x, at.y + y, at.z},
+                       {from.x + x, from.y + y, from.z}}})) {
+                return false;
+            }
+        }
+        if (i != 0 && i + 1 != line->size() && !add({std::move(bend)})) return false;
+    }
+    return true;
+}
+
+bool ShapeReader::block(const step::Instance& solid, const Frame& frame) {
+    const Frame base = frame.toOuter(readAxisPlacement(work_, targetOf(work_, solid, 0)).value_or(Frame{}));
+    const double x = numberIn(solid, 1), y = numberIn(solid, 2);
+    Frame lift;
+    lift.origin.z = numberIn(solid, 3);
+    return sweep({{{{0, 0, 0}, {x, 0, 0}, {x, y, 0}, {0, y, 0}}}}, {base, base.toOuter(lift)});
+}
+
+bool ShapeReader::cylinder(const step::Instance& solid, const Frame& frame) {
+    const Frame base = frame.toOuter(readAxisPlacement(work_, targetOf(work_, solid, 0)).value_or(Frame{}));
+    const double radius = numberIn(solid, 2);
+    Frame lift;
+    lift.origin.z = numberIn(solid, 1);
+    return sweep({{ellipsePoints(radius, radius, 0, 2 * std::numbers::pi)}}, {base, base.toOuter(lift)});
+}
+
+bool ShapeReader::face(const step::Instance& face, const Frame& frame) {
+    Region region;
+    for (const Slot bound : targetsOf(work_, face, 0)) {
+        auto ring = loop(bound, frame);
+        if (!ring) return false;
+        region.push_back(std::move(*ring));
+    }
+    return add(std::move(region));
+}
+
+std::optional<Ring> ShapeReader::loop(Slot bound, const Frame& frame) {
+    step::Instance instance, loop;
+    if (!isOfClass(work_, bound, "IfcFaceBound") || !work_.file.read(bound, instance)) return std::nullopt;
+    const Slot slot = targetOf(work_, instance, 0);
+    if (slot == step::NoSlot || !work_.file.read(slot, loop)) return std::nullopt;
+    if (isOfClass(work_, slot, "IfcEdgeLoop")) return edgeLoop(loop, frame);
+    if (!isOfClass(work_, slot, "IfcPolyLoop")) return std::nullopt;
+    Ring ring;
+    for (const Slot corner : targetsOf(work_, loop, 0)) {
+        const auto point = readPoint(work_, corner);
+        if (!point || budget_ == 0) return std::nullopt;
+        --budget_;
+        ring.push_back(frame.toOuter(*point));
+    }
+    return ring;
+}
+
+/// Its edges one after the other, each along its curve. A face that is not plane has its outline elsewhere; but the
+/// edges of a round column or wall, seen from above, are its outline.
+std::optional<Ring> ShapeReader::edgeLoop(const step::Instance& loop, const Frame& frame) {
+    Ring ring;
+    for (const Slot slot : targetsOf(work_, loop, 0)) {
+        step::Instance oriented, edge, vertex;
+        if (budget_ == 0 || !isOfClass(work_, slot, "IfcOrientedEdge") || !work_.file.read(slot, oriented)) {
+            return std::nullopt;
+        }
+        --budget_;
+        const Slot element = targetOf(work_, oriented, 2);
+        if (!isOfClass(work_, element, "IfcEdgeCurve") || !work_.file.read(element, edge)) return std::nullopt;
+        std::array<Point, 2> ends;
+        for (const std::size_t i : {std::size_t{0}, std::size_t{1}}) {
+            const Slot at = targetOf(work_, edge, i);
+            if (!isOfClass(work_, at, "IfcVertexPoint") || !work_.file.read(at, vertex)) return std::nullopt;
+            const auto point = readPoint(work_, targetOf(work_, vertex, 0));
+            if (!point) return std::nullopt;
+            ends[i] = *point;
+        }
+        const bool sameSense = edge.arguments.size() > 3 && step::enumerationItem(edge.arguments[3]) != "F";
+        const Slot curve = targetOf(work_, edge, 2);
+        auto points = curvePart(work_, curve, ends[0], ends[1], sameSense);
+        if (!points) points = curvePoints(work_, curve);
+        if (!points) return std::nullopt;
+        if (oriented.arguments.size() > 3 && step::enumerationItem(oriented.arguments[3]) == "F") {
+            std::reverse(points->begin(), points->end());
+        }
+        for (const Point& point : *points) ring.push_back(frame.toOuter(point));
+    }
+    return ring;
+}
+
+/// @param numbers  Places in the list, counted from 1.
+std::optional<Ring> ShapeReader::indexed(const step::Value& numbers, const std::vector<Point>& points) const {
+    std::vector<step::Value> list;
+    if (!step::splitAggregate(numbers, list)) return std::nullopt;
+    Ring ring;
+    for (const step::Value& number : list) {
+        const double place = step::realValue(number).value_or(0);
+        if (!(place >= 1 && place <= static_cast<double>(points.size()))) return std::nullopt;
+        ring.push_back(points[static_cast<std::size_t>(place) - 1]);
+    }
+    return ring;
+}
+
+bool ShapeReader::triangulated(const step::Instance& faces, const Frame& frame) {
+    std::vector<Point> points = readPointList(work_, targetOf(work_, faces, 0));
+    for (Point& point : points) point = frame.toOuter(point);
+    std::vector<step::Value> triangles, places;
+    if (faces.arguments.size() < 4 || !step::splitAggregate(faces.arguments[3], triangles)) return false;
+    const bool indirect = faces.arguments.size() > 4 && step::splitAggregate(faces.arguments[4], places);
+    if (indirect) {
+        std::vector<Point> picked;
+        for (const step::Value& place : places) {
+            const double number = step::realValue(place).value_or(0);
+            if (!(number >= 1 && number <= static_cast<double>(points.size()))) return false;
+            picked.push_back(points[static_cast<std::size_t>(number) - 1]);
+        }
+        points = std::move(picked);
+    }
+    return std::all_of(triangles.begin(), triangles.end(), [&](const step::Value& triangle) {
+        auto ring = indexed(triangle, points);
+        return ring && add({std::move(*ring)});
+    });
+}
+
+bool ShapeReader::polygonal(const step::Instance& faces, const Frame& frame) {
+    std::vector<Point> points = readPointList(work_, targetOf(work_, faces, 0));
+    for (Point& point : points) point = frame.toOuter(point);
+    std::vector<step::Value> places;
+    if (faces.arguments.size() > 3 && step::splitAggregate(faces.arguments[3], places) && !places.empty()) return false;
+    for (const Slot slot : targetsOf(work_, faces, 2)) {
+        step::Instance polygon;
+        if (budget_ == 0 || !isOfClass(work_, slot, "IfcIndexedPolygonalFace") || !work_.file.read(slot, polygon) ||
+            polygon.arguments.empty()) {
+            return false;
+        }
+        --budget_;
+        auto outer = indexed(polygon.arguments[0], points);
+        if (!outer) return false;
+        Region region{std::move(*outer)};
+        std::vector<step::Value> holes;
+        if (polygon.arguments.size() > 1 && step::splitAggregate(polygon.arguments[1], holes)) {
+            for (const step::Value& hole : holes) {
+                auto inner = indexed(hole, points);
+                if (!inner) return false;
+                region.push_back(std::move(*inner));
+            }
+        }
+        if (!add(std::move(region))) return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+std::vector<Slot> chosenRepresentations(Workspace& work, Slot element) {
+    step::Instance instance;
+    if (!work.file.read(element, instance)) return {};
+    const Class& cls = work.classes.of(element);
+    const Slot shape = work.file.find(step::referenceId(argument(instance, cls, Field::Representation)));
+    if (shape == step::NoSlot) return {};
+    std::vector<Slot> all, bodies;
+    forEachReference(work.file.text(shape), AllArguments, [&](unsigned, std::string_view token) {
+        const Slot slot = work.file.find(tokenId(token));
+        if (!isOfClass(work, slot, "IfcRepresentation")) return true;
+        all.push_back(slot);
+        if (leadingString(work.file.text(slot), 1) == "'Body'") bodies.push_back(slot);
+        return true;
+    });
+    return bodies.empty() ? all : bodies;
+}
+
+std::optional<PlanShape> planShapeOf(Workspace& work, Slot element) {
+    step::Instance instance;
+    if (!work.file.read(element, instance)) return std::nullopt;
+    const bool placed =
+        argument(instance, work.classes.of(element), Field::ObjectPlacement).kind != step::ValueKind::Unset;
+    const auto frame = placed ? placementOf(work, element) : std::optional(Frame{});
+    if (!frame) return std::nullopt;
+    ShapeReader reader(work);
+    for (const Slot representation : chosenRepresentations(work, element)) {
+        if (!reader.read(representation, *frame)) return std::nullopt;
+    }
+    if (reader.regions.empty()) return std::nullopt;
+    return PlanShape{std::move(reader.regions), reader.bottom, reader.top};
+}
+
+}  // namespace model::ifc
