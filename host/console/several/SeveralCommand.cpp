@@ -151,7 +151,11 @@ public:
             Table table(header_);
             table.blankRepeats({0});
             arrange(table);
-            for (const auto& row : rows_) table.add(Table::Row(row.begin(), row.end()));
+            for (const auto& row : rows_) {
+                Table::Row cells;
+                for (const std::string& text : row) cells.push_back({text});
+                table.add(std::move(cells));
+            }
             print(leftOutNote(table.layOut(Terminal::standardOutput(), print)));
             print("\n");
             summary_.layOut(Terminal::standardOutput(), print);
