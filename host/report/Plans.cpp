@@ -103,7 +103,8 @@ std::vector<Plan> plansOf(const Report& report, const Model& model, const Model*
     const auto collect = [&](const Model& from, bool goneOnly) {
         for (Element element = 0; element < from.elementCount(); ++element) {
             const model::ElementInfo info = from.info(element);
-            const int layer = layerOf(info.typeId);
+            // Of an annotation, a line of dimensions for one, no more than the area around it is known.
+            const int layer = info.ifcClass == "IfcAnnotation" ? -1 : layerOf(info.typeId);
             if (layer < 0 || (goneOnly && model.find(info.guid))) continue;
             const auto found = subjects.find(text::guidText(info.guid));
             const auto storey = byStorey.find(from.storey(element));

@@ -5,6 +5,7 @@
 #include "desktop/elements/ElementPanel.hpp"
 #include "desktop/plan/PlanPainter.hpp"
 #include "desktop/plan/PlanPanel.hpp"
+#include "support/Places.hpp"
 
 #include <QComboBox>
 #include <QWheelEvent>
@@ -33,6 +34,16 @@ protected:
     model::Element element(const QString& guid) {
         return *window().document().model()->find(*desktop::guidFromText(guid));
     }
+    /// The sample with one text in place of another.
+    void openChanged(const std::vector<std::pair<std::string, std::string>>& changes) {
+        std::string text = testing_support::bytesOf(testing_support::projectFile("samples/house.ifc"));
+        for (const auto& [from, to] : changes) {
+            ASSERT_NE(text.find(from), std::string::npos) << from;
+            text.replace(text.find(from), from.size(), to);
+        }
+        openFile(folder_.write("changed.ifc", text));
+        EXPECT_SOON(geometryRead());
+    }
     /// A place in the view where a click hits the element.
     QPoint placeOf(model::Element wanted) {
         for (int y = 0; y < view().height(); y += 2) {
@@ -57,6 +68,32 @@ TEST_F(Plan, ClickOnAnElementSelectsItInTheTable) {
     EXPECT_SOON(geometryRead());
     clickAt(view(), placeOf(element(Wall)));
     EXPECT_EQ(window().elements().current(), element(Wall));
+}
+
+TEST_F(Plan, BeginsWithTheStoreyThatIsEntered) {
+    EXPECT_EQ(choice().currentText(), QStringLiteral("Erdgeschoss"));
+    openChanged({{"#308=IFCCARTESIANPOINT((0.,0.,0.))", "#308=IFCCARTESIANPOINT((0.,0.,-2.9))"},
+                 {"#312=IFCCARTESIANPOINT((0.,0.,2.9))", "#312=IFCCARTESIANPOINT((0.,0.,-0.1))"}});
+    EXPECT_EQ(choice().currentText(), QStringLiteral("Obergeschoss")) << "the other one is below the ground";
+    openChanged({{"#308=IFCCARTESIANPOINT((0.,0.,0.))", "#308=IFCCARTESIANPOINT((0.,0.,-5.8))"},
+                 {"#312=IFCCARTESIANPOINT((0.,0.,2.9))", "#312=IFCCARTESIANPOINT((0.,0.,-2.9))"}});
+    EXPECT_EQ(choice().currentText(), QStringLiteral("Erdgeschoss")) << "none is above, and it has most elements";
+}
+
+TEST_F(Plan, DrawsNoAnnotations) {
+    const auto drawn = [this] {
+        const model::Element wanted = element(Wall);
+        bool found = false;
+        for (int y = 0; y < view().height(); y += 2)
+            for (int x = 0; x < view().width(); x += 2)
+                found = found || view().hit(view().viewport().toModel(QPointF(x, y)), false) == wanted;
+        return found;
+    };
+    EXPECT_TRUE(drawn());
+    const std::string wall = "=IFCWALL('1BT$3tXgf7hux8BKYFEwZP',#5,'Au\\X2\\00DF\\X0\\enwand S\\X2\\00FC\\X0\\d',$,$,";
+    openChanged({{wall, "=IFCANNOTATION('1BT$3tXgf7hux8BKYFEwZP',#5,'Dimensions',$,$,"},
+                 {"#415,#423,'AW-01',.SOLIDWALL.)", "#415,#423)"}});
+    EXPECT_FALSE(drawn());
 }
 
 TEST_F(Plan, SelectingAnElementShowsItsStoreyAndOneWithoutLeavesThePlan) {

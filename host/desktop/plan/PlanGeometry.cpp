@@ -32,6 +32,13 @@ QRectF boxOf(const QList<QPolygonF>& rings) {
     return all.boundingRect();
 }
 
+/// An opening has the outline of its window or door, and would only hide it. Of an annotation, a line of dimensions for
+/// one, no more than the area around it is known.
+bool isDrawn(const ElementIndex& index, model::Element element) {
+    return index.typeId(element) != model::ElementTypeIds::Opening &&
+           index.ifcClass(element) != QStringLiteral("IfcAnnotation");
+}
+
 }  // namespace
 
 PlanLayer planLayer(std::int32_t typeId) {
@@ -76,9 +83,7 @@ void PlanGeometry::setSource(const model::Model* model, const ElementIndex* inde
     byElement_.resize(index_->size());
     storeys_.resize(index_->storeys().size());
     for (model::Element element = 0; element < index_->size(); ++element) {
-        // An opening has the outline of its window or door, and would only hide it.
-        if (index_->typeId(element) != model::ElementTypeIds::Opening)
-            storeys_[index_->storey(element)].elements.push_back(element);
+        if (isDrawn(*index_, element)) storeys_[index_->storey(element)].elements.push_back(element);
     }
     for (Storey& storey : storeys_) {
         std::stable_sort(storey.elements.begin(), storey.elements.end(), [&](model::Element a, model::Element b) {

@@ -1,6 +1,7 @@
 #include "desktop/plan/PlanPanel.hpp"
 
 #include "desktop/QtText.hpp"
+#include "model/base/ElementTypeIds.hpp"
 
 #include <QApplication>
 #include <QComboBox>
@@ -78,16 +79,40 @@ void PlanPanel::fillChoice() {
     choice_->setEnabled(elements_ != nullptr);
     if (!elements_) return;
     const auto& storeys = elements_->storeys();
-    std::uint32_t most = 0;
-    for (std::uint32_t i = 0; i < storeys.size(); ++i) {
-        if (!storeys[i].name.isEmpty() && storeys[i].elementCount > storeys[most].elementCount) most = i;
-    }
     // The highest on top, as storeys lie in a building.
     for (auto i = static_cast<int>(storeys.size()); i-- > 0;) choice_->addItem({}, i);
     choice_->addItem({}, AllStoreys);
     labelChoice();
-    choice_->setCurrentIndex(storeys.empty() ? 0 : choice_->findData(static_cast<int>(most)));
+    choice_->setCurrentIndex(storeys.empty() ? 0 : choice_->findData(static_cast<int>(firstStorey())));
     showChosen();
+}
+
+/// Where people enter: the lowest storey with walls or rooms that is not below the ground, which lies at height 0. Where
+/// there is none, or heights are not known, the one with most elements.
+std::uint32_t PlanPanel::firstStorey() const {
+    const auto& storeys = elements_->storeys();
+    std::vector<bool> enclosed(storeys.size());
+    for (model::Element element = 0; element < elements_->size(); ++element) {
+        const std::int32_t type = elements_->typeId(element);
+        if (type == model::ElementTypeIds::Wall || type == model::ElementTypeIds::Zone) {
+            enclosed[elements_->storey(element)] = true;
+        }
+    }
+    double lowest = 0, highest = 0;
+    for (const StoreyInfo& storey : storeys) {
+        lowest = std::min(lowest, storey.elevation.value_or(0));
+        highest = std::max(highest, storey.elevation.value_or(0));
+    }
+    // A ground floor may lie somewhat below 0; in which unit, the heights of all tell.
+    const double ground = -(highest - lowest) / 20;
+    for (std::uint32_t i = 0; i < storeys.size(); ++i) {
+        if (enclosed[i] && storeys[i].elevation && *storeys[i].elevation >= ground) return i;
+    }
+    std::uint32_t most = 0;
+    for (std::uint32_t i = 0; i < storeys.size(); ++i) {
+        if (!storeys[i].name.isEmpty() && storeys[i].elementCount > storeys[most].elementCount) most = i;
+    }
+    return most;
 }
 
 /// Says beside each storey how many of the marked elements it has, so that none is missed on another one.

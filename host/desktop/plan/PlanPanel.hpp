@@ -41,6 +41,7 @@ protected:
 
 private:
     void fillChoice();
+    std::uint32_t firstStorey() const;
     void labelChoice();
     void showChosen();
     void chooseStorey(std::uint32_t storey);
