@@ -87,8 +87,8 @@ void PlanPanel::fillChoice() {
     showChosen();
 }
 
-/// Where people enter: the lowest storey with walls or rooms that is not below the ground, which lies at height 0. Where
-/// there is none, or heights are not known, the one with most elements.
+/// Where people enter: the lowest storey with walls or rooms that is not below the ground, which lies at height 0.
+/// Where there is none, or heights are not known, the one with most elements.
 std::uint32_t PlanPanel::firstStorey() const {
     const auto& storeys = elements_->storeys();
     std::vector<bool> enclosed(storeys.size());
