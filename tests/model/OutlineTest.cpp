@@ -19,8 +19,9 @@ double areaOf(const PlanOutline& outline) {
     double area = 0;
     for (const auto& ring : outline.rings) {
         for (std::size_t i = 0; i < ring.size(); ++i) {
-            const Point &a = ring[i], &b = ring[(i + 1) % ring.size()];
-            area += (a.x * b.y - a.y * b.x) / 2;
+            // From one corner on: far from the origin the products would lose what the area is about.
+            const Point &o = ring[0], &a = ring[i], &b = ring[(i + 1) % ring.size()];
+            area += ((a.x - o.x) * (b.y - o.y) - (a.y - o.y) * (b.x - o.x)) / 2;
         }
     }
     return area;
@@ -198,6 +199,21 @@ TEST(Outline, OfAFacetedBrepFollowsItsFaces) {
     const Id shell = one.ifc.add("IfcClosedShell", {{"CfsFaces", refs(faces)}});
     one.item(one.ifc.add("IfcFacetedBrep", {{"Outer", ref(shell)}}));
     EXPECT_NEAR(areaOf(one.outline()), 4 + 3, 1e-6);
+}
+
+/// A face that crosses itself goes round one of its halves the wrong way.
+TEST(Outline, OfATwistedFaceTakesNothingAway) {
+    Shaped one;
+    const Id points = one.ifc.add("IfcCartesianPointList3D",
+                                  {{"CoordList", "((0.,0.,0.),(4.,0.,0.),(4.,4.,0.),(0.,4.,0.),(0.,3.,0.))"}});
+    const auto face = [&](const std::string& corners) {
+        return one.ifc.add("IfcIndexedPolygonalFace", {{"CoordIndex", corners}});
+    };
+    one.item(one.ifc.add("IfcPolygonalFaceSet",
+                         {{"Coordinates", ref(points)}, {"Faces", refs({face("(1,2,3,4)"), face("(1,3,2,5)")})}}));
+    const PlanOutline outline = one.outline();
+    EXPECT_NEAR(areaOf(outline), 16, 1e-6);
+    EXPECT_EQ(outline.rings.size(), 1U);
 }
 
 TEST(Outline, OfAPipeIsAsWideAsThePipe) {

@@ -18,7 +18,7 @@ using ClipperLib::Paths;
 constexpr std::size_t PartSize = 128;
 constexpr std::size_t MostCorners = 9'000;
 
-/// To whole numbers, in which areas are put together exactly: of such a step that the largest stays below 2^29, where
+/// To whole numbers, in which areas are put together exactly: of such a step that the largest stays below 2^30, where
 /// products fit 64 bits. Far from the origin nothing is lost, since counting begins at the shapes' corner.
 class Grid {
 public:
@@ -41,11 +41,11 @@ public:
 
     bool usable() const { return std::isfinite(size_) && size_ > 0 && std::isfinite(1 / step_); }
 
-    /// Points outside the shapes' box, of what is taken away, come to its edge: nothing of a shape is there.
+    /// Of what is taken away, points many times the shapes' size away come nearer.
     ClipperLib::IntPoint toWhole(const Point& point) const {
         const auto place = [this](double at) {
             const double steps = std::round(at / step_);
-            return static_cast<ClipperLib::cInt>(std::clamp(steps, -Steps / 4, Steps * 1.25));
+            return static_cast<ClipperLib::cInt>(std::clamp(steps, -12 * Steps, 12 * Steps));
         };
         return {place(point.x - minX_), place(point.y - minY_)};
     }
@@ -54,9 +54,23 @@ public:
     }
 
 private:
-    static constexpr double Steps = 536'870'912;
+    static constexpr double Steps = 67'108'864;  // 2^26: a hundred metres in steps of 1.5 micrometres.
     double minX_, minY_, size_ = 0, step_ = 0;
 };
+
+/// Whether it turns one way at all corners. A ring that crosses itself covers areas both ways round, of which one would
+/// take from what else is there instead of adding to it.
+bool isConvex(const ClipperLib::Path& ring) {
+    bool left = false, right = false;
+    for (std::size_t i = 0; i < ring.size(); ++i) {
+        const auto &a = ring[i], &b = ring[(i + 1) % ring.size()], &c = ring[(i + 2) % ring.size()];
+        const double turn = static_cast<double>(b.X - a.X) * static_cast<double>(c.Y - b.Y) -
+                            static_cast<double>(b.Y - a.Y) * static_cast<double>(c.X - b.X);
+        left = left || turn > 0;
+        right = right || turn < 0;
+    }
+    return !left || !right;
+}
 
 /// One shape's outline; nothing of one without an area, such as a wall's side seen from above.
 Paths outlineOf(const Region& shape, const Grid& grid) {
@@ -70,7 +84,7 @@ Paths outlineOf(const Region& shape, const Grid& grid) {
         rings.push_back(std::move(path));
     }
     if (area == 0) return {};
-    if (rings.size() == 1 && rings[0].size() <= 4) {
+    if (rings.size() == 1 && rings[0].size() <= 4 && isConvex(rings[0])) {
         if (!ClipperLib::Orientation(rings[0])) ClipperLib::ReversePath(rings[0]);
         return rings;
     }
