@@ -4,6 +4,7 @@
 #include "model/ifc/data/PropertyData.hpp"
 #include "text/Unicode.hpp"
 #include "updatefile/CurrentText.hpp"
+#include "updatefile/Designation.hpp"
 
 #include <algorithm>
 #include <array>
@@ -130,11 +131,7 @@ model::Result<std::vector<Value>> valuesOf(const Model& model, Element element) 
 }
 
 std::string itemOf(const Value& value) {
-    constexpr std::u16string_view Prefix = u"Pset_";
-    std::string item = toUtf8(value.name);
-    if (value.kind == ChangeKind::Property && value.set.starts_with(Prefix))
-        item.append("[").append(toUtf8(value.set.substr(Prefix.size()))).append("]");
-    return item;
+    return value.kind == ChangeKind::Property ? updatefile::designationOf(value.set, value.name) : toUtf8(value.name);
 }
 
 }  // namespace comparing

@@ -3,8 +3,7 @@
 #include "console/Failure.hpp"
 #include "console/output/HostText.hpp"
 #include "updatefile/CurrentText.hpp"
-
-#include <fmt/format.h>
+#include "updatefile/Designation.hpp"
 
 #include <algorithm>
 #include <utility>
@@ -16,7 +15,6 @@ using model::PropertyKind;
 using model::ifc::StandardSet;
 
 constexpr std::size_t ExamplesShown = 3;
-constexpr std::string_view Prefix = "Pset_";
 
 /// The kinds that hold more than one value, in the words of the standard.
 std::string_view kindName(PropertyKind kind) {
@@ -37,11 +35,6 @@ std::string_view kindName(PropertyKind kind) {
     return {};
 }
 
-/// The set is written without the "Pset_" that the add-on puts before it; one of another name cannot be written.
-std::string designation(const std::string& set, const std::string& name) {
-    return set.starts_with(Prefix) ? fmt::format("{}[{}]", name, set.substr(Prefix.size())) : name;
-}
-
 std::string typeOf(PropertyKind kind, std::string_view valueType) {
     return std::string(kind == PropertyKind::Single ? valueType : kindName(kind));
 }
@@ -59,7 +52,7 @@ ItemCensus::Counted& ItemCensus::entryFor(ItemKind kind, std::u16string_view set
     ItemRecord& record = entries_.emplace_back().record;
     record.kind = kind;
     record.set = toUtf8(set);
-    record.item = kind == ItemKind::Property ? designation(record.set, toUtf8(name)) : toUtf8(name);
+    record.item = kind == ItemKind::Property ? updatefile::designationOf(set, name) : toUtf8(name);
     return entries_.back();
 }
 

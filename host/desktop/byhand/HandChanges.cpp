@@ -1,11 +1,11 @@
 #include "desktop/byhand/HandChanges.hpp"
 
 #include "desktop/QtText.hpp"
+#include "desktop/WholeFile.hpp"
 #include "tables/UpdateFiles.hpp"
 #include "text/Guid.hpp"
 #include "text/Unicode.hpp"
 
-#include <QSaveFile>
 #include <algorithm>
 
 namespace desktop {
@@ -60,12 +60,9 @@ void HandChanges::clear() {
 QString HandChanges::writeFile() {
     if (!folder_) folder_ = std::make_unique<QTemporaryDir>();
     path_ = folder_->filePath(tr("By hand") + QStringLiteral(".txt"));
-    QSaveFile file(path_);
     std::string text;
     for (const tables::UpdateFile& part : tables::writeUpdateFiles(changes_)) text += part.text;
-    const auto size = static_cast<qint64>(text.size());
-    const bool written = file.open(QIODevice::WriteOnly) && file.write(text.data(), size) == size && file.commit();
-    if (!written) path_.clear();
+    if (!writeWhole(path_, text).isEmpty()) path_.clear();
     return path_;
 }
 

@@ -5,14 +5,11 @@
 #include "tables/Writing.hpp"
 
 #include <QString>
-#include <string>
 #include <vector>
 
 namespace desktop {
 
-/// @param items  as an update file names them; a column each.
-tables::Grid gridOf(const model::Model& model, const std::vector<model::Element>& elements,
-                    const std::vector<std::string>& items);
+tables::Grid gridOf(const model::Model& model, const std::vector<model::Element>& elements);
 
 /// Writes it in the form that the name's ending asks for: .xlsx, .csv, .tsv.
 /// @return why it could not be written; empty where it was.

@@ -33,8 +33,6 @@ public:
     QString cellText(const QModelIndex& index) const;
     /// -1 where the filter hides it.
     int rowOf(model::Element element) const { return model_->rowOf(element); }
-    /// The items of the model that the table shows besides.
-    std::vector<std::string> itemColumns() const { return {}; }
     /// Those that the filter leaves, in their order.
     const std::vector<model::Element>& shown() const;
 

@@ -1,6 +1,7 @@
 #include "desktop/elements/InspectorPanel.hpp"
 
 #include "desktop/QtText.hpp"
+#include "updatefile/Designation.hpp"
 
 #include <QApplication>
 #include <QClipboard>
@@ -51,14 +52,6 @@ public:
 private:
     Tell tell_;
 };
-
-/// An update names a property with its set, without the prefix that every set of the standard has.
-std::string itemOf(const model::Property& property) {
-    const QString set = toQString(property.set), prefix = QStringLiteral("Pset_");
-    QString item = toQString(property.name);
-    if (set.startsWith(prefix)) item += u'[' + set.mid(prefix.size()) + u']';
-    return item.toStdString();
-}
 
 QTreeWidgetItem* addRow(QTreeWidgetItem* group, const QString& name, const QString& value) {
     auto* row = new QTreeWidgetItem(group, {visible(name), visible(value)});
@@ -243,7 +236,7 @@ void InspectorPanel::addProperties(const model::Model& model, model::Element ele
         if (property.kind != model::PropertyKind::Single) {
             row->setForeground(1, palette().brush(QPalette::Disabled, QPalette::Text));
         } else {
-            makeEditable(row, itemOf(property));
+            makeEditable(row, updatefile::designationOf(property.set, property.name));
         }
     }
 }

@@ -2,6 +2,7 @@
 
 #include "desktop/QtText.hpp"
 #include "desktop/WaitCursor.hpp"
+#include "desktop/WholeFile.hpp"
 #include "desktop/review/Review.hpp"
 #include "report/Forms.hpp"
 
@@ -10,7 +11,6 @@
 #include <QFileInfo>
 #include <QMainWindow>
 #include <QMessageBox>
-#include <QSaveFile>
 #include <QStatusBar>
 
 namespace desktop {
@@ -106,11 +106,7 @@ bool ReviewReports::write(const QString& path) {
         bytes = report::inFormOf(toPath(path), importing::pageOf(*what, *document_.model()));
     }
     if (!*bytes) return refuse(toQString(bytes->error().message));
-    QSaveFile file(path);
-    const auto& text = **bytes;
-    if (!file.open(QIODevice::WriteOnly) || file.write(text.data(), static_cast<qint64>(text.size())) < 0 ||
-        !file.commit())
-        return refuse(file.errorString());
+    if (const QString error = writeWhole(path, **bytes); !error.isEmpty()) return refuse(error);
     window_->statusBar()->showMessage(tr("Report written to %1").arg(path), 10000);
     return true;
 }

@@ -111,7 +111,7 @@ bool ElementMenu::exportTo(const QString& path) {
     QString error;
     {
         const WaitCursor wait;
-        error = writeGrid(gridOf(*parts_.document.model(), shown, parts_.elements.itemColumns()), path);
+        error = writeGrid(gridOf(*parts_.document.model(), shown), path);
     }
     if (error.isEmpty()) {
         parts_.window->statusBar()->showMessage(
@@ -125,6 +125,7 @@ bool ElementMenu::exportTo(const QString& path) {
     QMessageBox box(QMessageBox::Warning, tr("Export"), tr("%1 could not be written.").arg(QFileInfo(path).fileName()),
                     QMessageBox::Ok, parts_.window);
     box.setObjectName(QStringLiteral("exportMessage"));
+    box.setTextFormat(Qt::PlainText);
     box.setInformativeText(visible(error).toHtmlEscaped());
     box.exec();
     return false;

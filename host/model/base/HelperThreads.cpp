@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <csignal>
-#include <system_error>
+#include <exception>
 
 namespace model {
 
@@ -38,8 +38,9 @@ void HelperThreads::start(unsigned count, const std::function<void()>& work) {
     threads_.reserve(count);
     try {
         for (unsigned i = 0; i < count; ++i) threads_.emplace_back(work);
-    } catch (const std::system_error&) {
-        // Whoever asked for help does the work without it.
+    } catch (const std::exception&) {
+        // No more threads, or no memory for one. Who asked for help does the rest of the work, and has to get to where
+        // those that were started are told to end.
     }
 }
 

@@ -137,8 +137,7 @@ private:
         return points;
     }
 
-    /// By points where they are given, and by angles otherwise: in degrees or radians, as the project's units say; an
-    /// angle above a full turn in radians is in degrees.
+    /// By points where they are given, and by angles otherwise.
     std::optional<Points> trimmed(const step::Instance& instance) {
         std::array<std::optional<double>, 2> parameters;
         std::array<std::optional<Point>, 2> ends;
@@ -157,10 +156,7 @@ private:
         if (ends[0] && ends[1]) return curvePart(work_, basis, *ends[0], *ends[1], forwards);
         const auto conic = Conic::read(work_, basis);
         if (!conic || !parameters[0] || !parameters[1]) return line(basis, parameters);
-        const bool degrees = std::max(std::abs(*parameters[0]), std::abs(*parameters[1])) > FullTurn + 1e-6;
-        double from = *parameters[0] * (degrees ? FullTurn / 360 : 1);
-        double to = *parameters[1] * (degrees ? FullTurn / 360 : 1);
-        if (!forwards) std::swap(from, to);
+        const auto [from, to] = trimmedAngles(*parameters[0], *parameters[1], forwards);
         if (!std::isfinite(from) || !std::isfinite(to) || std::abs(from) > 100 || std::abs(to) > 100) {
             return std::nullopt;
         }
@@ -211,6 +207,14 @@ private:
 };
 
 }  // namespace
+
+Angles trimmedAngles(double first, double second, bool forwards) {
+    const bool degrees = std::max(std::abs(first), std::abs(second)) > FullTurn + 1e-6;
+    const double unit = degrees ? FullTurn / 360 : 1;
+    Angles angles{(forwards ? first : second) * unit, (forwards ? second : first) * unit};
+    if (angles.to < angles.from) angles.to += FullTurn;
+    return angles;
+}
 
 std::vector<Point> ellipsePoints(double semiX, double semiY, double from, double to) {
     constexpr double Step = FullTurn / 48;  // The area between chord and arc is a third of a hundredth of the circle's.

@@ -14,6 +14,13 @@ std::optional<std::vector<Point>> curvePoints(Workspace& work, step::Slot curve)
 std::optional<std::vector<Point>> curvePart(Workspace& work, step::Slot curve, const Point& from, const Point& to,
                                             bool forwards);
 
+/// The angles (radians) between which an arc of a conic runs counter-clockwise, from the parameters that trim it: in
+/// degrees or radians, as the project's units say; an angle above a full turn in radians is in degrees.
+struct Angles {
+    double from, to;
+};
+Angles trimmedAngles(double first, double second, bool forwards);
+
 /// Points on an ellipse around the origin, from one angle to another (radians).
 std::vector<Point> ellipsePoints(double semiX, double semiY, double from, double to);
 

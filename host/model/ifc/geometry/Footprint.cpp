@@ -167,12 +167,8 @@ void PointCollector::collectTrimmed(const step::Instance& curve, const Frame& fr
         }
     }
     if (!isOfClass(work_, basis, "IfcConic") || !parameters[0] || !parameters[1]) return;
-    // In degrees or radians, as the project's units say; an angle above a full turn in radians is in degrees.
-    constexpr double FullTurn = 2 * std::numbers::pi;
-    const bool degrees = std::max(std::abs(*parameters[0]), std::abs(*parameters[1])) > FullTurn + 1e-6;
-    double from = *parameters[0] * (degrees ? FullTurn / 360 : 1), to = *parameters[1] * (degrees ? FullTurn / 360 : 1);
-    if (step::enumerationItem(curve.arguments[3]) == "F") std::swap(from, to);
-    if (to < from) to += FullTurn;
+    const bool forwards = step::enumerationItem(curve.arguments[3]) != "F";
+    const auto [from, to] = trimmedAngles(*parameters[0], *parameters[1], forwards);
     collectConic(basis, frame, from, to);
 }
 

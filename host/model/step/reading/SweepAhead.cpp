@@ -47,7 +47,6 @@ const SweptStretch* SweepAhead::next(const char* at) {
         if (stretch.begin != nullptr && stretch.begin >= at) return &stretch;
         {
             const std::lock_guard held(mutex_);
-            place(first_).state = State::Free;
             ++first_;
         }
         changed_.notify_all();
@@ -58,7 +57,7 @@ const SweptStretch* SweepAhead::next(const char* at) {
 /// The reader does not wait idly: it takes stretches as the others do until the one that it is at is ready.
 const SweptStretch& SweepAhead::wait(std::size_t number) {
     std::unique_lock held(mutex_);
-    while (number >= nextFree_ || place(number).state != State::Ready) {
+    while (number >= nextFree_ || !place(number).ready) {
         if (!takeOne(held)) changed_.wait(held);
     }
     return place(number).stretch;
@@ -76,11 +75,11 @@ bool SweepAhead::takeOne(std::unique_lock<std::mutex>& held) {
     if (nextFree_ >= count_ || nextFree_ - first_ >= places_.size()) return false;
     const std::size_t number = nextFree_++;
     Place& mine = place(number);
-    mine.state = State::Taken;
+    mine.ready = false;
     held.unlock();
     sweepOne(number, mine.stretch);
     held.lock();
-    mine.state = State::Ready;
+    mine.ready = true;
     changed_.notify_all();
     return true;
 }

@@ -58,10 +58,8 @@ public:
     const SweptStretch* next(const char* at);
 
 private:
-    enum class State : std::uint8_t { Free, Taken, Ready };
-
     struct Place {
-        State state = State::Free;
+        bool ready = false;
         SweptStretch stretch;
     };
 
