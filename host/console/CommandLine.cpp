@@ -270,10 +270,10 @@ void addExport(CLI::App& app, Words& words) {
 void addDiff(CLI::App& app, Words& words) {
     DiffOptions& diff = words.diff;
     CLI::App& command = *app.add_subcommand("diff", "Tell what is different between two models, element by element");
-    addPath(command, "A", diff.a, "IFC file (.ifc or .ifczip) as it was, or a folder of such")
+    addPath(command, "A", diff.a, "IFC file (.ifc or .ifczip) as it was, or a folder or a quoted wildcard")
         ->required()
         ->type_name("");
-    addPath(command, "B", diff.b, "IFC file as it is now, or a folder whose models have the same file names")
+    addPath(command, "B", diff.b, "IFC file as it is now, or a folder or a wildcard of models with the same file names")
         ->required()
         ->type_name("");
     addChoice<DiffFormat>(command, "--format", diff.format,
@@ -437,19 +437,21 @@ Command finishDiff(Words& words) {
     if (toFile && options.format != DiffFormat::Updates && options.format != DiffFormat::Html)
         throw Failure(fmt::format("-o {}: only --format updates and html are written to a file", words.output));
     if (toFile) options.output = words.output;
-    std::error_code ignored;
-    if (!std::filesystem::is_directory(options.a, ignored) || !std::filesystem::is_directory(options.b, ignored)) {
+    if (!namesSeveral(options.a.string()) || !namesSeveral(options.b.string())) {
         completeByName(options.a, options.b);
         completeByName(options.b, options.a);
         return std::move(options);
     }
     if (options.format == DiffFormat::Html)
         throw Failure(
-            "--format html is a page on two files; for folders write --report FILE.html, a page on each pair");
-    ModelPairs pairs = findPairs(options.a, options.b);
+            "--format html is a page on two files; for several write --report FILE.html, a page on each pair");
+    ModelPairs pairs = findPairs(options.a.string(), options.b.string());
     options.onlyA = std::move(pairs.onlyA);
     options.onlyB = std::move(pairs.onlyB);
-    return SeveralOptions{options.common, options, std::move(pairs.both), words.jobs, {}, {}};
+    std::vector<std::filesystem::path> models;
+    for (const auto& [model, namesake] : pairs.both) models.push_back(model);
+    options.namesakes = std::move(pairs.both);
+    return SeveralOptions{options.common, options, std::move(models), words.jobs, {}, {}};
 }
 
 /// What is said for one file cannot be said for several.

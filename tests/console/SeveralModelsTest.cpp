@@ -318,6 +318,17 @@ TEST_F(DiffOfFolders, ComparesModelsByFileNameWithALineForEachInTheSummary) {
     EXPECT_EQ(diff({"-j", "2"}).out, outcome.out);
 }
 
+TEST_F(DiffOfFolders, TakesWildcardsToo) {
+    const Outcome outcome = run({"diff", "models/[ac].ifc", "newer/*"});
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_THAT(outcome.out, testing::ContainsRegex("\na.ifc +0 +0 +1 +2 +different\n"));
+    EXPECT_THAT(outcome.out, testing::ContainsRegex("\nb.ifc +only in B\n$"));
+    EXPECT_EQ(run({"diff", "models", "newer/*.ifc"}).out, diff().out);
+    expectError(run({"diff", "models/*.ifczip", "newer"}), {"no file is called models/*.ifczip"});
+    expectError(run({"diff", "models", "[mn]*/a.ifc"}),
+                {"models/a.ifc and newer/a.ifc have the same file name", "name one of them"});
+}
+
 TEST_F(DiffOfFolders, IsAnArrayInJson) {
     write("models/broken.ifc", "no model\n");
     write("newer/broken.ifc", "no model\n");

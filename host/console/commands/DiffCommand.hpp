@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,7 +17,8 @@ enum class DiffFormat : std::uint8_t { Table, Tsv, Json, Html, Updates };
 
 struct DiffOptions {
     CommonOptions common;
-    std::filesystem::path a, b;                       ///< Files.
+    std::filesystem::path a, b;                                        ///< Files.
+    std::map<std::filesystem::path, std::filesystem::path> namesakes;  ///< Of folders, to each model of A that of B.
     std::vector<std::filesystem::path> onlyA, onlyB;  ///< Of folders, the models without a namesake in the other one.
     DiffFormat format = DiffFormat::Table;
     std::optional<std::filesystem::path> output;  ///< Of Html and Updates; nothing: standard output.

@@ -51,6 +51,22 @@ bool isWildcard(const std::string& name) {
     return name.find_first_of("*?[") != std::string::npos && !fs::exists(name, ignored);
 }
 
+Paths namedBy(const std::string& name) {
+    std::error_code ignored;
+    return fs::is_directory(name, ignored) ? inFolder(name) : isWildcard(name) ? matching(name) : Paths{name};
+}
+
+std::map<fs::path, fs::path> byFileName(const std::string& name) {
+    std::map<fs::path, fs::path> models;
+    for (const fs::path& path : namedBy(name)) {
+        const auto [other, added] = models.emplace(path.filename(), path);
+        if (!added)
+            throw Failure(fmt::format("{} and {} have the same file name; name one of them", other->second.string(),
+                                      path.string()));
+    }
+    return models;
+}
+
 /// What leads to one file is one model: saved twice at once, it would be spoilt.
 fs::path identity(const fs::path& path) {
     std::error_code failed;
@@ -64,28 +80,35 @@ ModelNames findModels(const std::vector<std::string>& names) {
     ModelNames result;
     std::set<fs::path> known;
     for (const std::string& name : names) {
-        std::error_code ignored;
-        const bool folder = fs::is_directory(name, ignored);
         if (name == "-" && names.size() > 1)
             throw Failure("standard input is one model; name files where there are several");
-        result.several = result.several || folder || isWildcard(name) || names.size() > 1;
-        const Paths found = folder ? inFolder(name) : isWildcard(name) ? matching(name) : Paths{name};
-        for (const fs::path& path : found)
+        result.several = result.several || namesSeveral(name) || names.size() > 1;
+        for (const fs::path& path : namedBy(name))
             if (known.insert(identity(path)).second) result.models.push_back(path);
     }
     return result;
 }
 
-ModelPairs findPairs(const fs::path& a, const fs::path& b) {
+bool namesSeveral(const std::string& name) {
+    std::error_code ignored;
+    return fs::is_directory(name, ignored) || isWildcard(name);
+}
+
+ModelPairs findPairs(const std::string& a, const std::string& b) {
     ModelPairs pairs;
-    std::set<fs::path> names;
-    for (const fs::path& path : inFolder(b)) names.insert(path.filename());
-    for (const fs::path& path : inFolder(a))
-        (names.erase(path.filename()) > 0 ? pairs.both : pairs.onlyA).push_back(path);
-    for (const fs::path& name : names) pairs.onlyB.push_back(b / name);
+    std::map<fs::path, fs::path> inB = byFileName(b);
+    for (const auto& [name, path] : byFileName(a)) {
+        const auto namesake = inB.extract(name);
+        if (namesake) {
+            pairs.both.emplace(path, namesake.mapped());
+        } else {
+            pairs.onlyA.push_back(path);
+        }
+    }
+    for (const auto& [name, path] : inB) pairs.onlyB.push_back(path);
     if (pairs.both.empty())
-        throw Failure(fmt::format("no model in {} has the file name of one in {}, so there is nothing to compare",
-                                  a.string(), b.string()));
+        throw Failure(
+            fmt::format("no model in {} has the file name of one in {}, so there is nothing to compare", a, b));
     return pairs;
 }
 

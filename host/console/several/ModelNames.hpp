@@ -2,6 +2,7 @@
 // Models as people name them: files, folders, wildcards.
 
 #include <filesystem>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -16,13 +17,16 @@ struct ModelNames {
 /// wildcard. Throws Failure where a folder or a wildcard gives no model, and for standard input among others.
 ModelNames findModels(const std::vector<std::string>& names);
 
-/// The models of two folders, by file name.
+/// Whether findModels takes it for more than one model: a folder or a wildcard.
+bool namesSeveral(const std::string& name);
+
+/// The models of two folders or wildcards, by file name.
 struct ModelPairs {
-    std::vector<std::filesystem::path> both;  ///< Those of the first folder whose namesakes are in the second.
+    std::map<std::filesystem::path, std::filesystem::path> both;  ///< To each model of A the one of its name in B.
     std::vector<std::filesystem::path> onlyA, onlyB;
 };
 
-/// Throws Failure where a folder holds no model, and where there is no pair.
-ModelPairs findPairs(const std::filesystem::path& a, const std::filesystem::path& b);
+/// Throws Failure where a folder or a wildcard gives no model or two of one file name, and where there is no pair.
+ModelPairs findPairs(const std::string& a, const std::string& b);
 
 }  // namespace console

@@ -378,7 +378,7 @@ private:
     JsonArray array_;
 };
 
-/// Two folders, each model with its namesake.
+/// Two folders or wildcards, each model with its namesake.
 class Diffs : public Joining {
 public:
     explicit Diffs(DiffOptions options)
@@ -429,7 +429,7 @@ public:
     }
 
 private:
-    fs::path namesakeOf(const fs::path& model) const { return options_.b / model.filename(); }
+    fs::path namesakeOf(const fs::path& model) const { return options_.namesakes.at(model); }
 
     void addUnpaired(const fs::path& model, const char* where) {
         summary_.add({{wellFormed(model.filename().string())}, {""}, {""}, {""}, {""}, {where}});
@@ -461,7 +461,7 @@ struct Joiner {
     }
     std::unique_ptr<Joining> operator()(const DiffOptions& options) const {
         std::vector<fs::path> models = all.models;
-        for (const fs::path& model : all.models) models.push_back(options.b / model.filename());
+        for (const auto& [model, namesake] : options.namesakes) models.push_back(namesake);
         checkDiffTarget(options, models);
         return std::make_unique<Diffs>(options);
     }
