@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <ctime>
 #include <functional>
 
 namespace {
@@ -204,6 +205,28 @@ TEST(EqualClassifications, AreNotJoinedWhereAnElementWouldListThemInAnotherOrder
         EXPECT_EQ(Counts(model).classifications, 3U) << schema;
         EXPECT_EQ(Opened(model->bytes()).snapshot(), model.snapshot());
     }
+}
+
+/// What costs time with their square takes far longer than the limit, what costs it with their number a few seconds.
+TEST(EqualClassifications, OfManyElementsAreJoinedInLinearTime) {
+    constexpr std::size_t Many = 40'000;
+    constexpr double MostSeconds = 20;
+    const std::clock_t begin = std::clock();
+    Walls walls("IFC4", Many);
+    walls.ifc.classify(walls.ids, "Old", walls.ifc.classificationReference("1", "N", walls.ifc.classification("Old")));
+    Opened model(walls.ifc);
+    const auto ran = model->command("in two orders, and away from one relation", [&] {
+        for (model::Element element = 0; element < Many; ++element) {
+            const bool swapped = element % 2 == 1;
+            for (const char* label : {swapped ? "B" : "A", swapped ? "A" : "B", "Old"})
+                EXPECT_TRUE(model->setClassification(element, model.wantedReference(element, label, "2", "N")));
+        }
+        return 0;
+    });
+    ASSERT_TRUE(ran);
+    EXPECT_EQ(Counts(model).classifications, 4U);
+    EXPECT_EQ(model.classification(Many - 1, "A"), "2{N}");
+    EXPECT_LT(static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC, MostSeconds);
 }
 
 TEST(EqualClassifications, AreNotJoinedAcrossDataSections) {
