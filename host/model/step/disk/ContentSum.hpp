@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -11,14 +12,17 @@ namespace model::step {
 class ContentSum {
 public:
     void add(std::string_view bytes);
-    std::uint64_t result() const { return mixed(sum_ ^ word_, length_); }
+    std::uint64_t result() const;
 
 private:
-    static std::uint64_t mixed(std::uint64_t sum, std::uint64_t word);
+    using Lanes = std::array<std::uint64_t, 4>;
+    static constexpr std::size_t BlockSize = sizeof(Lanes);
 
-    std::uint64_t sum_ = 0;
-    std::uint64_t word_ = 0;    ///< The bytes of the word that is not full yet, the first in the lowest bits.
-    std::uint64_t length_ = 0;  ///< In bytes.
+    void addBlock(const char* block);
+
+    Lanes lanes_{1, 2, 3, 4};             ///< Different, so that words which change places are noticed.
+    std::array<char, BlockSize> rest_{};  ///< The beginning of a block that is not full yet.
+    std::uint64_t length_ = 0;            ///< In bytes.
 };
 
 }  // namespace model::step

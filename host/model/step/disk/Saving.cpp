@@ -46,7 +46,7 @@ Error cancelled(const fs::path& target) {
 
 /// Hands the pieces over in stretches, so that there is a moment to report between them.
 Status writePieces(TemporaryFile& file, Replacement& replacement, std::span<const std::string_view> pieces) {
-    constexpr std::size_t Stretch = std::size_t{8} << 20U;
+    constexpr std::size_t Stretch = std::size_t{1} << 20U;  // What was written is still near when it is summed up.
     std::uint64_t total = 0;
     for (const std::string_view piece : pieces) total += piece.size();
     Throttle throttle(replacement.progress);
