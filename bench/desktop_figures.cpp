@@ -98,8 +98,10 @@ void measureTable(desktop::MainWindow& window) {
     measure("filter: two words", [&] { filter.setText(QStringLiteral("wand erd")); });
     measure("filter: a part of a GUID", [&] { filter.setText(QStringLiteral("4b77f0f7")); });
     measure("filter: none again", [&] { filter.clear(); });
-    measure("sort by name", [&] { table.sortByColumn(2, Qt::AscendingOrder); });
-    measure("sort by GUID", [&] { table.sortByColumn(3, Qt::AscendingOrder); });
+    measure("sort by name",
+            [&] { table.sortByColumn(static_cast<int>(desktop::ElementColumn::Name), Qt::AscendingOrder); });
+    measure("sort by GUID",
+            [&] { table.sortByColumn(static_cast<int>(desktop::ElementColumn::Guid), Qt::AscendingOrder); });
     measure("scroll to the end", [&] { table.verticalScrollBar()->setValue(table.verticalScrollBar()->maximum()); });
 }
 

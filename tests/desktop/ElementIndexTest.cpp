@@ -50,8 +50,8 @@ TEST_F(Elements, StoreysAreListedFromTheLowestUp) {
 
 TEST_F(Elements, EachOrderHasEveryElementOnceAndDescendingIsTheReverseOfDistinctKeys) {
     using desktop::ElementColumn;
-    for (const auto column :
-         {ElementColumn::Storey, ElementColumn::Type, ElementColumn::Name, ElementColumn::Guid, ElementColumn::Class}) {
+    for (const auto column : {ElementColumn::Storey, ElementColumn::Type, ElementColumn::Name, ElementColumn::Room,
+                              ElementColumn::Guid, ElementColumn::Class}) {
         auto order = index_->sorted(column, true);
         std::sort(order.begin(), order.end());
         ASSERT_EQ(order.size(), index_->size());

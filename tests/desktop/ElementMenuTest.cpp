@@ -132,7 +132,7 @@ TEST_F(ElementMenus, ExportWritesTheElementsThatTheTableShows) {
     const auto path = folder_.path() / "walls.csv";
     EXPECT_TRUE(menu->exportTo(desktop::pathText(path)));
     const std::string text = bytesOf(path);
-    EXPECT_THAT(text, testing::StartsWith("GUID,#Storey,#Class,#Type,#Name\n" + Wall.toStdString()));
+    EXPECT_THAT(text, testing::StartsWith("GUID,#Storey,#Class,#Type,#Name,#Room\n" + Wall.toStdString()));
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 2);
     EXPECT_TRUE(menu->exportTo(desktop::pathText(folder_.path() / "walls.xlsx")));
     EXPECT_THAT(bytesOf(folder_.path() / "walls.xlsx"), testing::StartsWith("PK"));

@@ -1,8 +1,8 @@
 #include "console/commands/ItemsCommand.hpp"
 
+#include "console/Failure.hpp"
 #include "console/ModelSession.hpp"
 #include "console/commands/ElementFilter.hpp"
-#include "console/commands/ItemCensus.hpp"
 #include "console/commands/Nothing.hpp"
 #include "console/output/HostText.hpp"
 #include "console/output/Json.hpp"
@@ -10,6 +10,7 @@
 #include "console/output/StandardOutput.hpp"
 #include "console/output/Table.hpp"
 #include "console/output/TerminalText.hpp"
+#include "updatefile/ItemCensus.hpp"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
@@ -18,6 +19,12 @@
 #include <string_view>
 
 namespace console {
+
+using updatefile::ItemCensus;
+using updatefile::ItemKind;
+using updatefile::ItemRecord;
+using updatefile::Standing;
+
 namespace {
 
 const std::vector<std::string> Header{"kind",  "item",     "set",      "valueType", "elements",
@@ -113,7 +120,7 @@ std::vector<ItemRecord> recordsOf(const model::Model& model, const ItemsOptions&
     ProgressLine progress("Reading");
     for (std::size_t i = 0; i < elements.size(); ++i) {
         progress.show(i, elements.size());
-        census.add(elements[i]);
+        throwUnlessDone(census.add(elements[i]));
     }
     if (options.standard) census.addStandard();
     return census.records();

@@ -1,10 +1,11 @@
 #include "console/commands/Nothing.hpp"
 
-#include "console/commands/ItemCensus.hpp"
+#include "console/Failure.hpp"
 #include "console/help/Nearest.hpp"
 #include "console/output/Messages.hpp"
 #include "console/several/Share.hpp"
 #include "selection/Selection.hpp"
+#include "updatefile/ItemCensus.hpp"
 
 #include <fmt/format.h>
 
@@ -44,10 +45,10 @@ std::string noneChosen(const std::string& models) {
 }  // namespace
 
 std::vector<std::string> itemsOf(const model::Model& model) {
-    ItemCensus census(model);
-    for (model::Element element = 0; element < model.elementCount(); ++element) census.add(element);
+    updatefile::ItemCensus census(model);
+    for (model::Element element = 0; element < model.elementCount(); ++element) throwUnlessDone(census.add(element));
     std::vector<std::string> items;
-    for (ItemRecord& record : census.records()) items.push_back(std::move(record.item));
+    for (updatefile::ItemRecord& record : census.records()) items.push_back(std::move(record.item));
     return items;
 }
 

@@ -1,12 +1,15 @@
 #include "desktop/elements/ElementIndex.hpp"
 
 #include "desktop/QtText.hpp"
+#include "model/Rooms.hpp"
 #include "model/base/ElementTypeIds.hpp"
+#include "model/ifc/schema/Aids.hpp"
 #include "text/Guid.hpp"
 
 #include <QHash>
 #include <QStringList>
 #include <algorithm>
+#include <map>
 #include <numeric>
 
 namespace desktop {
@@ -62,7 +65,8 @@ struct ElementIndex::Word {
     std::string folded;
     std::string guidPart;  ///< Empty: no part of a GUID.
     std::optional<model::Guid> guid;
-    std::vector<bool> storeys, types, classes;
+    std::vector<bool> storeys, types, classes, rooms;
+    std::function<bool(model::Element)> further;  ///< May be empty.
 };
 
 ElementIndex::ElementIndex(const model::Model& model) {
@@ -75,7 +79,7 @@ ElementIndex::ElementIndex(const model::Model& model) {
         const auto known = numbers.constFind(text);
         if (known != numbers.constEnd()) return *known;
         const auto next = static_cast<std::uint16_t>(texts.size());
-        texts.push_back({text, text.toCaseFolded()});
+        texts.push_back({text, text.toCaseFolded(), false});
         numbers.insert(text, next);
         return next;
     };
@@ -83,12 +87,16 @@ ElementIndex::ElementIndex(const model::Model& model) {
     for (model::Element element = 0; element < count; ++element) {
         const model::ElementInfo info = model.info(element);
         rows_[element].type = shared(typeNumbers, types_, toQString(info.typeName));
+        const std::size_t classesBefore = classes_.size();
         rows_[element].ifcClass = shared(classNumbers, classes_, toQString(info.ifcClass));
+        if (classes_.size() > classesBefore) classes_.back().aid = model::ifc::isAid(model.entity(element));
+        aidCount_ += isAid(element);
         rows_[element].typeId = info.typeId;
         guids_[element] = info.guid;
         storeyOf[element] = toQString(model.storey(element));
     }
     gatherStoreys(model, storeyOf);
+    gatherRooms(model);
     refreshNames(model);
 }
 
@@ -131,12 +139,38 @@ void ElementIndex::gatherStoreys(const model::Model& model, std::vector<QString>
     for (Row& row : rows_) row.storey = place[row.storey];
 }
 
+/// Rooms and sets of rooms are few; each row keeps the number of its own.
+void ElementIndex::gatherRooms(const model::Model& model) {
+    roomSets_ = {{}};
+    std::map<std::vector<model::Element>, std::uint32_t> numbers;
+    const std::vector<model::InRoom> found = model::rooms(model);
+    for (auto it = found.begin(); it != found.end();) {
+        const model::Element element = it->element;
+        std::vector<model::Element> rooms;
+        for (; it != found.end() && it->element == element; ++it) rooms.push_back(it->room);
+        const auto [known, isNew] = numbers.try_emplace(rooms, static_cast<std::uint32_t>(roomSets_.size()));
+        if (isNew) roomSets_.push_back(std::move(rooms));
+        rows_[element].room = known->second;
+    }
+}
+
+void ElementIndex::nameRooms(const model::Model& model) {
+    rooms_.clear();
+    for (const std::vector<model::Element>& rooms : roomSets_) {
+        QStringList names;
+        for (const model::Element room : rooms) names += shownName(model, room);
+        const QString text = names.join(QStringLiteral(", "));
+        rooms_.push_back({text, text.toCaseFolded(), false});
+    }
+}
+
 void ElementIndex::refreshNames(const model::Model& model) {
+    nameRooms(model);
     nameKeys_.clear();
     nameEnds_.clear();
     nameEnds_.reserve(rows_.size());
     for (model::Element element = 0; element < size(); ++element) {
-        nameKeys_ += toQString(model.name(element)).toCaseFolded().toStdString();
+        nameKeys_ += shownName(model, element).toCaseFolded().toStdString();
         nameEnds_.push_back(nameKeys_.size());
     }
     nameKeys_.shrink_to_fit();
@@ -147,17 +181,57 @@ std::string_view ElementIndex::nameKey(model::Element element) const {
     return std::string_view(nameKeys_).substr(begin, nameEnds_[element] - begin);
 }
 
+std::vector<std::uint32_t> naturalRanks(const std::vector<QString>& texts) {
+    std::vector<std::string> keys;
+    keys.reserve(texts.size());
+    for (const QString& text : texts) keys.push_back(text.toStdString());
+    std::vector<std::uint32_t> order(texts.size()), ranks(texts.size());
+    std::iota(order.begin(), order.end(), 0U);
+    std::sort(order.begin(), order.end(), [&](auto a, auto b) { return naturalLess(keys[a], keys[b]); });
+    for (std::uint32_t i = 0; i < order.size(); ++i) ranks[order[i]] = keys[order[i]].empty() ? NoRank : i;
+    return ranks;
+}
+
+std::vector<model::Element> orderByRank(const std::vector<std::uint32_t>& ranks, bool descending) {
+    std::vector<model::Element> order(ranks.size());
+    std::iota(order.begin(), order.end(), 0U);
+    std::stable_sort(order.begin(), order.end(), [&](model::Element a, model::Element b) {
+        if (ranks[a] == NoRank || ranks[b] == NoRank) return ranks[b] == NoRank && ranks[a] != NoRank;
+        return descending ? ranks[b] < ranks[a] : ranks[a] < ranks[b];
+    });
+    return order;
+}
+
+std::vector<model::Element> ElementIndex::sortedByShared(const std::vector<Shared>& texts,
+                                                         const std::function<std::uint32_t(const Row& row)>& number,
+                                                         bool descending) const {
+    std::vector<QString> folded;
+    for (const Shared& text : texts) folded.push_back(text.folded);
+    const std::vector<std::uint32_t> ranks = naturalRanks(folded);
+    std::vector<std::uint32_t> rankOfRow;
+    rankOfRow.reserve(rows_.size());
+    for (const Row& row : rows_) rankOfRow.push_back(ranks[number(row)]);
+    return orderByRank(rankOfRow, descending);
+}
+
 std::vector<model::Element> ElementIndex::sorted(ElementColumn column, bool descending) const {
+    switch (column) {
+        case ElementColumn::Type:
+            return sortedByShared(
+                types_, [](const Row& row) { return row.type; }, descending);
+        case ElementColumn::Room:
+            return sortedByShared(
+                rooms_, [](const Row& row) { return row.room; }, descending);
+        case ElementColumn::Class:
+            return sortedByShared(
+                classes_, [](const Row& row) { return row.ifcClass; }, descending);
+        case ElementColumn::Storey:
+        case ElementColumn::Name:
+        case ElementColumn::Guid:
+            break;
+    }
     std::vector<model::Element> order(rows_.size());
     std::iota(order.begin(), order.end(), 0U);
-    const auto ranked = [](const std::vector<Shared>& texts) {
-        std::vector<std::size_t> byText(texts.size()), rank(texts.size());
-        std::iota(byText.begin(), byText.end(), std::size_t{0});
-        std::sort(byText.begin(), byText.end(),
-                  [&](std::size_t a, std::size_t b) { return texts[a].folded < texts[b].folded; });
-        for (std::size_t i = 0; i < byText.size(); ++i) rank[byText[i]] = i;
-        return rank;
-    };
     const auto sortBy = [&](const auto& less) {
         if (descending) {
             std::stable_sort(order.begin(), order.end(), [&](auto a, auto b) { return less(b, a); });
@@ -165,25 +239,9 @@ std::vector<model::Element> ElementIndex::sorted(ElementColumn column, bool desc
             std::stable_sort(order.begin(), order.end(), less);
         }
     };
-    switch (column) {
-        case ElementColumn::Storey:
-            sortBy([&](auto a, auto b) { return rows_[a].storey < rows_[b].storey; });
-            break;
-        case ElementColumn::Type:
-            sortBy([&, rank = ranked(types_)](auto a, auto b) { return rank[rows_[a].type] < rank[rows_[b].type]; });
-            break;
-        case ElementColumn::Class:
-            sortBy([&, rank = ranked(classes_)](auto a, auto b) {
-                return rank[rows_[a].ifcClass] < rank[rows_[b].ifcClass];
-            });
-            break;
-        case ElementColumn::Name:
-            sortBy([&](auto a, auto b) { return naturalLess(nameKey(a), nameKey(b)); });
-            break;
-        case ElementColumn::Guid:
-            sortBy([&](auto a, auto b) { return guids_[a] < guids_[b]; });
-            break;
-    }
+    if (column == ElementColumn::Storey) sortBy([&](auto a, auto b) { return rows_[a].storey < rows_[b].storey; });
+    if (column == ElementColumn::Name) sortBy([&](auto a, auto b) { return naturalLess(nameKey(a), nameKey(b)); });
+    if (column == ElementColumn::Guid) sortBy([&](auto a, auto b) { return guids_[a] < guids_[b]; });
     return order;
 }
 
@@ -196,12 +254,15 @@ ElementIndex::Word ElementIndex::prepare(const QString& text) const {
     for (const StoreyInfo& storey : storeys_) word.storeys.push_back(storey.name.toCaseFolded().contains(folded));
     for (const Shared& type : types_) word.types.push_back(type.folded.contains(folded));
     for (const Shared& ifcClass : classes_) word.classes.push_back(ifcClass.folded.contains(folded));
+    for (const Shared& room : rooms_) word.rooms.push_back(room.folded.contains(folded));
     return word;
 }
 
 bool ElementIndex::matches(model::Element element, const Word& word) const {
     const Row& row = rows_[element];
-    if (word.types[row.type] || word.classes[row.ifcClass] || word.storeys[row.storey]) return true;
+    if (word.types[row.type] || word.classes[row.ifcClass] || word.storeys[row.storey] || word.rooms[row.room])
+        return true;
+    if (word.further && word.further(element)) return true;
     if (nameKey(element).find(word.folded) != std::string_view::npos) return true;
     if (word.guid && *word.guid == guids_[element]) return true;
     if (word.guidPart.empty()) return false;
@@ -209,16 +270,33 @@ bool ElementIndex::matches(model::Element element, const Word& word) const {
     return std::string_view(guid.data(), guid.size()).find(word.guidPart) != std::string_view::npos;
 }
 
-std::vector<model::Element> ElementIndex::filtered(const std::vector<model::Element>& order,
-                                                   const QString& text) const {
+std::vector<model::Element> ElementIndex::filtered(const std::vector<model::Element>& order, const QString& text,
+                                                   const Further& further) const {
     std::vector<Word> words;
-    for (const QString& part : text.simplified().split(u' ', Qt::SkipEmptyParts)) words.push_back(prepare(part));
+    for (const QString& part : text.simplified().split(u' ', Qt::SkipEmptyParts)) {
+        words.push_back(prepare(part));
+        if (further) words.back().further = further(part.toCaseFolded());
+    }
     if (words.empty()) return order;
     std::vector<model::Element> kept;
     std::copy_if(order.begin(), order.end(), std::back_inserter(kept), [&](model::Element element) {
         return std::all_of(words.begin(), words.end(), [&](const Word& word) { return matches(element, word); });
     });
     return kept;
+}
+
+QString shownName(const model::Model& model, model::Element element) {
+    const QString name = toQString(model.name(element));
+    if (model.typeId(element) != model::ElementTypeIds::Zone) return name;
+    const auto attributes = model.attributes(element);
+    if (!attributes) return name;
+    for (const model::Attribute& attribute : *attributes) {
+        if (attribute.name != "LongName") continue;
+        const QString use = toQString(attribute.value);
+        if (name.isEmpty() || use.isEmpty() || name == use) return name.isEmpty() ? use : name;
+        return name + u' ' + use;
+    }
+    return name;
 }
 
 }  // namespace desktop

@@ -1,6 +1,7 @@
 #include "desktop/elements/InspectorPanel.hpp"
 
 #include "desktop/QtText.hpp"
+#include "desktop/elements/ValueText.hpp"
 #include "updatefile/Designation.hpp"
 
 #include <QApplication>
@@ -9,7 +10,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QTimer>
@@ -62,44 +62,7 @@ QTreeWidgetItem* addRow(QTreeWidgetItem* group, const QString& name, const QStri
     return row;
 }
 
-QString primitiveText(const model::PropertyValue& value) {
-    switch (value.primitive) {
-        case model::Primitive::Integer:
-            return QString::number(value.integer);
-        case model::Primitive::Real:
-            return QString::number(value.real, 'g', QLocale::FloatingPointShortest);
-        case model::Primitive::Boolean:
-            return value.boolean ? QStringLiteral("true") : QStringLiteral("false");
-        case model::Primitive::Logical:
-            return value.integer == 2   ? QStringLiteral("true")
-                   : value.integer == 1 ? QStringLiteral("unknown")
-                                        : QStringLiteral("false");
-        case model::Primitive::String:
-        case model::Primitive::Other:
-            break;
-    }
-    return toQString(value.string);
-}
-
 }  // namespace
-
-QString valueText(const model::Property& property) {
-    switch (property.kind) {
-        case model::PropertyKind::Single:
-            return primitiveText(property.value);
-        case model::PropertyKind::List:
-            return InspectorPanel::tr("(list of values)");
-        case model::PropertyKind::Bounded:
-            return InspectorPanel::tr("(bounded value)");
-        case model::PropertyKind::Enumerated:
-            return InspectorPanel::tr("(enumerated value)");
-        case model::PropertyKind::Table:
-            return InspectorPanel::tr("(table of values)");
-        case model::PropertyKind::Reference:
-            return InspectorPanel::tr("(reference)");
-    }
-    return {};
-}
 
 InspectorPanel::InspectorPanel(QWidget* parent)
     : QWidget(parent), heading_(new QLabel(this)), view_(new QTreeWidget(this)) {
@@ -250,9 +213,7 @@ void InspectorPanel::addClassifications(const model::Model& model, model::Elemen
         return;
     }
     for (const model::ClassificationReference& reference : *read) {
-        const QString code = toQString(reference.itemReference.value_or(u""));
-        const QString name = toQString(reference.name.value_or(u""));
-        addRow(references, toQString(reference.system), QString(code + u' ' + name).trimmed());
+        addRow(references, toQString(reference.system), valueText(reference));
     }
 }
 

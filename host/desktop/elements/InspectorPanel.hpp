@@ -58,7 +58,4 @@ private:
     std::optional<model::Element> element_;
 };
 
-/// A property's value as a person reads it.
-QString valueText(const model::Property& property);
-
 }  // namespace desktop

@@ -157,6 +157,25 @@
     </message>
 </context>
 <context>
+    <name>desktop::ElementColumns</name>
+    <message>
+        <source>&amp;Columns</source>
+        <translation>&amp;Spalten</translation>
+    </message>
+    <message>
+        <source>&amp;Add Column…</source>
+        <translation>Spalte &amp;hinzufügen…</translation>
+    </message>
+    <message>
+        <source>&amp;Whole GUIDs</source>
+        <translation>&amp;Ganze GUIDs</translation>
+    </message>
+    <message>
+        <source>Columns as at &amp;First</source>
+        <translation>Spalten wie am &amp;Anfang</translation>
+    </message>
+</context>
+<context>
     <name>desktop::ElementExport</name>
     <message>
         <source>A table&apos;s name ends in .xlsx, .csv or .tsv.</source>
@@ -252,6 +271,26 @@
         <source>%1 of %2</source>
         <translation>%1 von %2</translation>
     </message>
+    <message>
+        <source>Show &amp;openings and aids</source>
+        <translation>Öffnungen und &amp;Hilfselemente zeigen</translation>
+    </message>
+    <message>
+        <source>Openings, annotations, grids, virtual elements, ports and structural analysis</source>
+        <translation>Öffnungen, Anmerkungen, Raster, virtuelle Elemente, Anschlüsse und Statik</translation>
+    </message>
+    <message>
+        <source>The element is one of the openings and aids, which are shown from now on</source>
+        <translation>Das Element gehört zu den Öffnungen und Hilfselementen; sie werden von nun an gezeigt</translation>
+    </message>
+    <message>
+        <source>%1 selected</source>
+        <translation>%1 ausgewählt</translation>
+    </message>
+    <message>
+        <source>%1 openings and aids hidden</source>
+        <translation>%1 Öffnungen und Hilfselemente verborgen</translation>
+    </message>
 </context>
 <context>
     <name>desktop::ElementTableModel</name>
@@ -274,6 +313,10 @@
     <message>
         <source>Class</source>
         <translation>Klasse</translation>
+    </message>
+    <message>
+        <source>Room</source>
+        <translation>Raum</translation>
     </message>
 </context>
 <context>
@@ -574,26 +617,6 @@ Add-on: %1
         <translation>Neuer Wert von %1</translation>
     </message>
     <message>
-        <source>(list of values)</source>
-        <translation>(Liste von Werten)</translation>
-    </message>
-    <message>
-        <source>(bounded value)</source>
-        <translation>(Wertebereich)</translation>
-    </message>
-    <message>
-        <source>(enumerated value)</source>
-        <translation>(Aufzählungswert)</translation>
-    </message>
-    <message>
-        <source>(table of values)</source>
-        <translation>(Wertetabelle)</translation>
-    </message>
-    <message>
-        <source>(reference)</source>
-        <translation>(Verweis)</translation>
-    </message>
-    <message>
         <source>Data of the selected element</source>
         <translation>Daten des gewählten Elements</translation>
     </message>
@@ -660,6 +683,57 @@ Add-on: %1
     <message>
         <source>Classification references</source>
         <translation>Klassifikationen</translation>
+    </message>
+</context>
+<context>
+    <name>desktop::ItemDialog</name>
+    <message>
+        <source>Add Column</source>
+        <translation>Spalte hinzufügen</translation>
+    </message>
+    <message>
+        <source>Filter of the items</source>
+        <translation>Filter der Angaben</translation>
+    </message>
+    <message>
+        <source>Words of the name or the set</source>
+        <translation>Wörter aus dem Namen oder dem Satz</translation>
+    </message>
+    <message>
+        <source>Items of the model</source>
+        <translation>Angaben des Modells</translation>
+    </message>
+    <message>
+        <source>Item</source>
+        <translation>Angabe</translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>Satz</translation>
+    </message>
+    <message>
+        <source>Elements</source>
+        <translation>Elemente</translation>
+    </message>
+    <message>
+        <source>Example</source>
+        <translation>Beispiel</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>&amp;Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Reading the elements: %1 %</source>
+        <translation>Elemente werden gelesen: %1 %</translation>
+    </message>
+    <message>
+        <source>(attribute)</source>
+        <translation>(Attribut)</translation>
+    </message>
+    <message>
+        <source>(classification)</source>
+        <translation>(Klassifikation)</translation>
     </message>
 </context>
 <context>
@@ -1084,6 +1158,29 @@ Add-on: %1
     <message>
         <source>Size</source>
         <translation>Größe</translation>
+    </message>
+</context>
+<context>
+    <name>desktop::ValueText</name>
+    <message>
+        <source>(list of values)</source>
+        <translation>(Liste von Werten)</translation>
+    </message>
+    <message>
+        <source>(bounded value)</source>
+        <translation>(Wertebereich)</translation>
+    </message>
+    <message>
+        <source>(enumerated value)</source>
+        <translation>(Aufzählungswert)</translation>
+    </message>
+    <message>
+        <source>(table of values)</source>
+        <translation>(Wertetabelle)</translation>
+    </message>
+    <message>
+        <source>(reference)</source>
+        <translation>(Verweis)</translation>
     </message>
 </context>
 <context>

@@ -111,7 +111,9 @@ bool ElementMenu::exportTo(const QString& path) {
     QString error;
     {
         const WaitCursor wait;
-        error = writeGrid(gridOf(*parts_.document.model(), shown), path);
+        const FurtherColumns further{parts_.elements.roomsShown() ? parts_.document.index() : nullptr,
+                                     parts_.elements.shownItems()};
+        error = writeGrid(gridOf(*parts_.document.model(), shown, further), path);
     }
     if (error.isEmpty()) {
         parts_.window->statusBar()->showMessage(

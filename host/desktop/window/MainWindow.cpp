@@ -7,6 +7,7 @@
 #include "desktop/dialogs/AddOnDialog.hpp"
 #include "desktop/dialogs/DesktopView.hpp"
 #include "desktop/dialogs/HintBar.hpp"
+#include "desktop/elements/ElementColumns.hpp"
 #include "desktop/elements/ElementPanel.hpp"
 #include "desktop/elements/InspectorPanel.hpp"
 #include "desktop/plan/PlanPanel.hpp"
@@ -170,7 +171,8 @@ void MainWindow::makeMenus() {
                              {{planDock_, QT_TRANSLATE_NOOP("desktop::ViewMenu", "&Plan"), true},
                               {elementDock_, QT_TRANSLATE_NOOP("desktop::ViewMenu", "&Element"), true},
                               {reportDock_, QT_TRANSLATE_NOOP("desktop::ViewMenu", "&Messages"), false},
-                              {debugDock_, QT_TRANSLATE_NOOP("desktop::ViewMenu", "&Debug Output"), false}});
+                              {debugDock_, QT_TRANSLATE_NOOP("desktop::ViewMenu", "&Debug Output"), false}},
+                             elements_->columns().menu());
     addOnMenu_ = new AddOnMenu(this, host_, *document_, busy_);
     helpMenu_ = new HelpMenu(this, host_);
     connect(addOnMenu_, &AddOnMenu::rebuilt, this, &MainWindow::fillToolBar);
@@ -224,6 +226,8 @@ void MainWindow::connectPanels() {
         showElement();
         plan_->showElement(elements_->current());
     });
+    connect(elements_, &ElementPanel::said, this,
+            [this](const QString& what) { statusBar()->showMessage(what, 10000); });
     connect(plan_, &PlanPanel::elementClicked, elements_, &ElementPanel::select);
     connect(report_, &ReportPanel::countChanged, this, [this](int count) {
         reportDock_->setWindowTitle(count ? tr("Messages (%1)").arg(number(count)) : tr("Messages"));

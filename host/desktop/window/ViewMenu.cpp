@@ -10,8 +10,8 @@
 
 namespace desktop {
 
-ViewMenu::ViewMenu(QMainWindow* window, QToolBar* bar, std::vector<Panel> panels)
-    : QObject(window), panels_(std::move(panels)) {
+ViewMenu::ViewMenu(QMainWindow* window, QToolBar* bar, std::vector<Panel> panels, QMenu* columns)
+    : QObject(window), panels_(std::move(panels)), columns_(columns) {
     QMenu* menu = window->menuBar()->addMenu(tr("&View"));
     int key = Qt::Key_1;
     for (const Panel& panel : panels_) {
@@ -28,10 +28,12 @@ ViewMenu::ViewMenu(QMainWindow* window, QToolBar* bar, std::vector<Panel> panels
     bar->toggleViewAction()->setText(tr("&Tool Bar"));
     bar->toggleViewAction()->setStatusTip(tr("Show or hide the tool bar"));
     menu->addAction(bar->toggleViewAction());
+    menu->addMenu(columns_);
 }
 
 void ViewMenu::setModelOpen(bool open) {
     for (const Panel& panel : panels_) panel.dock->toggleViewAction()->setEnabled(open || !panel.needsModel);
+    columns_->menuAction()->setEnabled(open);
 }
 
 }  // namespace desktop

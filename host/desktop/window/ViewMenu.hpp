@@ -20,13 +20,15 @@ public:
         const char* text;  ///< With its mnemonic, marked for translation in this class.
         bool needsModel;
     };
-    ViewMenu(QMainWindow* window, QToolBar* bar, std::vector<Panel> panels);
+    /// @param columns  of the table, a menu of its own.
+    ViewMenu(QMainWindow* window, QToolBar* bar, std::vector<Panel> panels, QMenu* columns);
 
     /// Without a model there is nothing in most of them.
     void setModelOpen(bool open);
 
 private:
     std::vector<Panel> panels_;
+    QMenu* columns_;
 };
 
 }  // namespace desktop

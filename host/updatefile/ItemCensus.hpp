@@ -12,7 +12,7 @@
 #include <unordered_set>
 #include <vector>
 
-namespace console {
+namespace updatefile {
 
 enum class ItemKind : std::uint8_t { Attribute, Property, Classification };
 
@@ -27,6 +27,7 @@ struct ItemRecord {
     ItemKind kind = ItemKind::Attribute;
     std::string item;  ///< As an update file's second field writes it.
     std::string set;   ///< Of a property.
+    std::string name;  ///< Without the set.
     std::string valueType;
     std::uint64_t elements = 0;  ///< That have it, be it without a value.
     std::uint64_t empty = 0;     ///< Of these, without a value.
@@ -42,7 +43,8 @@ class ItemCensus {
 public:
     explicit ItemCensus(const model::Model& model);
 
-    void add(model::Element element);
+    /// @return why the element's data cannot be read; what of it was read until then counts.
+    model::Status add(model::Element element);
     /// What the standard defines for the elements added, and none of them has.
     void addStandard();
 
@@ -66,9 +68,9 @@ private:
     Counted& entryFor(ItemKind kind, std::u16string_view set, std::u16string_view name);
     static void count(Counted& entry, const std::u16string& value);
     static void setType(ItemRecord& record, std::string_view type);
-    void addAttributes(model::Element element, const Entity& ifcClass);
-    void addProperties(model::Element element, const Classes& classes);
-    void addClassifications(model::Element element, const Entity& ifcClass);
+    model::Status addAttributes(model::Element element, const Entity& ifcClass);
+    model::Status addProperties(model::Element element, const Classes& classes);
+    model::Status addClassifications(model::Element element, const Entity& ifcClass);
     void judge(Counted& entry, const std::string& set, const std::string& name, const Classes& classes);
     bool isAttribute(const Entity& ifcClass, const std::string& name);
 
@@ -80,4 +82,4 @@ private:
     std::unordered_map<const Entity*, std::unordered_set<std::string>> attributeNames_;
 };
 
-}  // namespace console
+}  // namespace updatefile

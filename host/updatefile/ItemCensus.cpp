@@ -1,18 +1,18 @@
-#include "console/commands/ItemCensus.hpp"
+#include "updatefile/ItemCensus.hpp"
 
-#include "console/Failure.hpp"
-#include "console/output/HostText.hpp"
+#include "text/Unicode.hpp"
 #include "updatefile/CurrentText.hpp"
 #include "updatefile/Designation.hpp"
 
 #include <algorithm>
 #include <utility>
 
-namespace console {
+namespace updatefile {
 namespace {
 
 using model::PropertyKind;
 using model::ifc::StandardSet;
+using text::toUtf8;
 
 constexpr std::size_t ExamplesShown = 3;
 
@@ -52,7 +52,8 @@ ItemCensus::Counted& ItemCensus::entryFor(ItemKind kind, std::u16string_view set
     ItemRecord& record = entries_.emplace_back().record;
     record.kind = kind;
     record.set = toUtf8(set);
-    record.item = kind == ItemKind::Property ? updatefile::designationOf(set, name) : toUtf8(name);
+    record.name = toUtf8(name);
+    record.item = kind == ItemKind::Property ? designationOf(set, name) : record.name;
     return entries_.back();
 }
 
@@ -78,17 +79,20 @@ bool ItemCensus::isAttribute(const Entity& ifcClass, const std::string& name) {
     return names != attributeNames_.end() && names->second.contains(name);
 }
 
-void ItemCensus::add(model::Element element) {
+model::Status ItemCensus::add(model::Element element) {
     const Classes classes{&model_.entity(element), model_.typeEntity(element)};
-    addAttributes(element, *classes.own);
-    addProperties(element, classes);
-    addClassifications(element, *classes.own);
+    if (model::Status read = addAttributes(element, *classes.own); !read) return read;
+    if (model::Status read = addProperties(element, classes); !read) return read;
+    if (model::Status read = addClassifications(element, *classes.own); !read) return read;
     met_.emplace(classes, model_.predefinedType(element));
+    return {};
 }
 
-void ItemCensus::addAttributes(model::Element element, const Entity& ifcClass) {
+model::Status ItemCensus::addAttributes(model::Element element, const Entity& ifcClass) {
+    const auto read = model_.attributes(element);
+    if (!read) return read.error();
     const auto [names, isNew] = attributeNames_.try_emplace(&ifcClass);
-    for (const model::Attribute& attribute : valueOrThrow(model_.attributes(element))) {
+    for (const model::Attribute& attribute : *read) {
         const std::string name(attribute.name);
         Counted& entry = entryFor(ItemKind::Attribute, {}, std::u16string(name.begin(), name.end()));
         count(entry, attribute.value);
@@ -99,14 +103,17 @@ void ItemCensus::addAttributes(model::Element element, const Entity& ifcClass) {
         const int place = ifcClass.attributeIndex(name);
         setType(entry.record, ifcClass.attributes()[static_cast<std::size_t>(place)].typeName);
     }
+    return {};
 }
 
-void ItemCensus::addProperties(model::Element element, const Classes& classes) {
+model::Status ItemCensus::addProperties(model::Element element, const Classes& classes) {
     std::unordered_set<std::string> namesBefore;
-    for (const model::Property& property : valueOrThrow(model_.properties(element))) {
+    const auto read = model_.properties(element);
+    if (!read) return read.error();
+    for (const model::Property& property : *read) {
         Counted& entry = entryFor(ItemKind::Property, property.set, property.name);
         const std::string name = toUtf8(property.name);
-        count(entry, updatefile::propertyText(property.value));
+        count(entry, propertyText(property.value));
         setType(entry.record, typeOf(property.kind, property.value.type));
         judge(entry, entry.record.set, name, classes);
         // The add-on looks among the attributes first, and takes the first property of the name up to a bracket.
@@ -116,16 +123,20 @@ void ItemCensus::addProperties(model::Element element, const Classes& classes) {
             property.kind == PropertyKind::Single && property.value.primitive != model::Primitive::Other;
         if (!reached || !writable) entry.record.changeable = false;
     }
+    return {};
 }
 
-void ItemCensus::addClassifications(model::Element element, const Entity& ifcClass) {
-    for (const model::ClassificationReference& reference : valueOrThrow(model_.classifications(element))) {
+model::Status ItemCensus::addClassifications(model::Element element, const Entity& ifcClass) {
+    const auto read = model_.classifications(element);
+    if (!read) return read.error();
+    for (const model::ClassificationReference& reference : *read) {
         Counted& entry = entryFor(ItemKind::Classification, {}, reference.system);
         const std::u16string title = reference.name.value_or(u"");
         count(entry, reference.itemReference.value_or(u"") + (title.empty() ? u"" : u"{" + title + u"}"));
         setType(entry.record, "IfcClassificationReference");
         if (isAttribute(ifcClass, toUtf8(reference.system))) entry.record.changeable = false;
     }
+    return {};
 }
 
 void ItemCensus::judge(Counted& entry, const std::string& set, const std::string& name, const Classes& classes) {
@@ -169,4 +180,4 @@ std::vector<ItemRecord> ItemCensus::records() const {
     return records;
 }
 
-}  // namespace console
+}  // namespace updatefile
