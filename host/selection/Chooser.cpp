@@ -8,7 +8,8 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <numeric>
+#include <map>
+#include <set>
 
 namespace selection {
 
@@ -46,6 +47,22 @@ std::optional<model::Guid> guidOf(const std::string& name) {
     return guid ? guid : text::parseGuid(name);
 }
 
+/// Whether something holds of what elements share, found out once for each: it may be long, and have thousands of
+/// elements.
+template <class Shared>
+class Answers {
+public:
+    template <class Find>
+    bool of(const Shared& shared, Find&& find) {
+        const auto [known, isNew] = known_.try_emplace(shared, false);
+        if (isNew) known->second = find();
+        return known->second;
+    }
+
+private:
+    std::map<Shared, bool> known_;
+};
+
 }  // namespace
 
 Chooser::Chooser(const model::Model& model, const Expression& expression)
@@ -53,6 +70,7 @@ Chooser::Chooser(const model::Model& model, const Expression& expression)
       expression_(expression),
       work_(model.workspace()),
       facts_(work_),
+      shared_(work_),
       chosen_(model.elementCount(), false) {}
 
 model::Result<std::vector<Element>> Chooser::run() {
@@ -121,24 +139,19 @@ std::vector<bool> Chooser::ofClass(const Entity& ifcClass) {
 }
 
 void Chooser::keep(const Facet& facet, Elements& elements) {
-    const Comparer comparer(facet.comparison);
-    Places known;
-    const auto keepIf = [&](const auto& holds) {
-        std::erase_if(elements, [&](Element element) { return holds(element) == comparer.negated(); });
-    };
     switch (facet.subject) {
         case Subject::Item:
             return keepByItem(facet, elements);
         case Subject::Property:
             return keepByProperty(facet, elements);
         case Subject::Type:
-            return keepIf([&](Element element) { return isOfType(comparer, element); });
+            return keepByType(facet, elements);
         case Subject::Material:
-            return keepIf([&](Element element) { return isMadeOf(comparer, element); });
+            return keepByMaterial(facet, elements);
         case Subject::Classification:
-            return keepIf([&](Element element) { return isClassified(comparer, element); });
+            return keepByClassification(facet, elements);
         case Subject::Location:
-            return keepIf([&](Element element) { return standsIn(comparer, element, known); });
+            return keepByLocation(facet, elements);
         case Subject::Class:
         case Subject::Instance:
             break;
@@ -164,29 +177,75 @@ void Chooser::keepByProperty(const Facet& facet, Elements& elements) {
     const Comparer comparer(facet.comparison);
     const bool anySet = facet.subject == Subject::Item;
     model::ifc::PropertyFacts property(work_, anySet ? anyName() : testOf(facet.set), testOf(facet.name));
-    std::erase_if(elements, [&](Element element) { return !comparer.holds(property.of(element)); });
-}
-
-bool Chooser::isOfType(const Comparer& comparer, Element element) {
-    const Slot type = facts_.typeObject(element);
-    if (type == NoSlot) return comparer.asksForNothing();
-    return comparer.any(facts_.name(type)) || (!comparer.asksForNothing() && comparer.any(facts_.globalId(type)));
-}
-
-bool Chooser::isMadeOf(const Comparer& comparer, Element element) {
-    const auto& materials = facts_.materials(element);
-    if (comparer.asksForNothing()) return materials.empty();
-    return std::ranges::any_of(materials, [&](Slot material) {
-        return comparer.any(facts_.name(material)) || comparer.any(facts_.attributeOf(material, "Category"));
+    Answers<std::size_t> answers;
+    std::erase_if(elements, [&](Element element) {
+        return !answers.of(shared_.properties(element), [&] { return comparer.holds(property.of(element)); });
     });
 }
 
-bool Chooser::isClassified(const Comparer& comparer, Element element) {
-    const auto classifications = facts_.classifications(element);
-    if (comparer.asksForNothing()) return classifications.empty();
-    return std::ranges::any_of(classifications, [&](const model::ifc::ClassificationFact& fact) {
-        return comparer.any(fact.code) || comparer.any(fact.title);
+void Chooser::keepByType(const Facet& facet, Elements& elements) {
+    const Comparer comparer(facet.comparison);
+    const auto isMeant = [&](Slot type) {
+        if (type == NoSlot) return comparer.asksForNothing();
+        return comparer.any(facts_.name(type)) || (!comparer.asksForNothing() && comparer.any(facts_.globalId(type)));
+    };
+    Answers<Slot> answers;
+    std::erase_if(elements, [&](Element element) {
+        const Slot type = facts_.typeObject(element);
+        return answers.of(type, [&] { return isMeant(type); }) == comparer.negated();
     });
+}
+
+void Chooser::keepByMaterial(const Facet& facet, Elements& elements) {
+    using Materials = std::vector<Slot>;
+    const Comparer comparer(facet.comparison);
+    Answers<Slot> ofOne;
+    const auto isMeant = [&](Slot material) {
+        return ofOne.of(material, [&] {
+            return comparer.any(facts_.name(material)) || comparer.any(facts_.attributeOf(material, "Category"));
+        });
+    };
+    Answers<const Materials*> ofAll;
+    std::erase_if(elements, [&](Element element) {
+        const Materials& materials = facts_.materials(element);
+        const bool holds = ofAll.of(&materials, [&] {
+            return comparer.asksForNothing() ? materials.empty() : std::ranges::any_of(materials, isMeant);
+        });
+        return holds == comparer.negated();
+    });
+}
+
+void Chooser::keepByClassification(const Facet& facet, Elements& elements) {
+    using Fact = model::ifc::ClassificationFact;
+    const Comparer comparer(facet.comparison);
+    Answers<const Fact*> answers;
+    const auto isMeant = [&](const Fact* fact) {
+        return answers.of(fact, [&] { return comparer.any(fact->code) || comparer.any(fact->title); });
+    };
+    std::map<Slot, std::set<Slot>> systemsOfTypes;  // those in which the type has one that is meant
+    const auto holds = [&](Element element) {
+        const auto own = facts_.ownClassifications(element);
+        const Slot type = facts_.typeObject(element);
+        if (comparer.asksForNothing()) return own.empty() && facts_.classificationsOfType(type).empty();
+        if (std::ranges::any_of(own, isMeant)) return true;
+        const auto [inherited, isNew] = systemsOfTypes.try_emplace(type);
+        if (isNew) {
+            for (const Fact* fact : facts_.classificationsOfType(type))
+                if (isMeant(fact)) inherited->second.insert(fact->system);
+        }
+        // The element's own ones stand for all of their system.
+        std::set<Slot> replaced;
+        for (const Fact* fact : own)
+            if (inherited->second.contains(fact->system)) replaced.insert(fact->system);
+        return replaced.size() < inherited->second.size();
+    };
+    std::erase_if(elements, [&](Element element) { return holds(element) == comparer.negated(); });
+}
+
+void Chooser::keepByLocation(const Facet& facet, Elements& elements) {
+    const Comparer comparer(facet.comparison);
+    Places known;
+    std::erase_if(elements, [&](Element element) { return standsIn(comparer, element, known) == comparer.negated(); });
 }
 
 /// What is found out of a place counts for everything that stands in it.

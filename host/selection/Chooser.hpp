@@ -2,6 +2,7 @@
 
 #include "model/Model.hpp"
 #include "model/ifc/data/ElementFacts.hpp"
+#include "model/ifc/data/SharedData.hpp"
 #include "selection/Comparing.hpp"
 
 #include <unordered_map>
@@ -28,9 +29,10 @@ private:
     void keepByItem(const Facet& facet, Elements& elements);
     void keepByProperty(const Facet& facet, Elements& elements);
     bool standsIn(const Comparer& comparer, model::Element element, Places& known);
-    bool isOfType(const Comparer& comparer, model::Element element);
-    bool isMadeOf(const Comparer& comparer, model::Element element);
-    bool isClassified(const Comparer& comparer, model::Element element);
+    void keepByType(const Facet& facet, Elements& elements);
+    void keepByMaterial(const Facet& facet, Elements& elements);
+    void keepByClassification(const Facet& facet, Elements& elements);
+    void keepByLocation(const Facet& facet, Elements& elements);
     bool isAttribute(std::string_view name) const;
     model::Status givenUp() const;
 
@@ -38,6 +40,7 @@ private:
     const Expression& expression_;
     model::ifc::Workspace& work_;
     model::ifc::ElementFacts facts_;
+    model::ifc::SharedData shared_;
     std::vector<bool> chosen_;
 };
 

@@ -175,6 +175,27 @@ TEST_F(Choosing, ByTheClassificationsCodeOrTitle) {
     EXPECT_THAT(chosen("classification!=NULL"), ElementsAre("a", "b"));
 }
 
+TEST_F(Choosing, ByTheTypesClassificationsOfSystemsThatItHasNoneOf) {
+    const auto a = element("IfcWall", "a"), b = element("IfcWall", "b");
+    const auto type = ifc.type(a, "IfcWallType", "Pset_A", {{"P", "$"}});
+    relate("IfcRelDefinesByType", "RelatingType", type, "RelatedObjects", list({b}));
+    const auto system = ifc.add("IfcClassification", {{"Name", "'System'"}});
+    const auto classify = [&](IfcText::Id object, std::string_view code, IfcText::Id source) {
+        const auto entry = ifc.add("IfcClassificationReference",
+                                   {{"Identification", stepText(code)}, {"ReferencedSource", reference(source)}});
+        relate("IfcRelAssociatesClassification", "RelatingClassification", entry, "RelatedObjects", list({object}));
+        return entry;
+    };
+    const auto group = classify(type, "type", system);
+    classify(type, "other", ifc.add("IfcClassification", {{"Name", "'Other'"}}));
+    classify(b, "own", group);
+    EXPECT_THAT(chosen("classification=type"), ElementsAre("a"));
+    EXPECT_THAT(chosen("classification!=type"), ElementsAre("b"));
+    EXPECT_THAT(chosen("classification=other"), ElementsAre("a", "b"));
+    EXPECT_THAT(chosen("classification=own"), ElementsAre("b"));
+    EXPECT_THAT(chosen("classification=NULL"), IsEmpty());
+}
+
 TEST_F(Choosing, ByEveryPlaceThatItStandsIn) {
     const auto building = element("IfcBuilding", "Haus"), storey = element("IfcBuildingStorey", "EG");
     const auto space = element("IfcSpace", "Küche"), table = element("IfcFurniture", "table");

@@ -37,15 +37,22 @@ FactValues ElementFacts::attribute(Element element, std::string_view name) {
 }
 
 FactValues ElementFacts::predefinedType(Element element) {
-    const auto kindOf = [this](Slot object, std::string_view ownWords) {
-        FactValues kind = attributeOf(object, "PredefinedType");
-        return isEmpty(kind) || isText(kind, u"USERDEFINED") ? attributeOf(object, ownWords) : kind;
-    };
     if (const Slot type = typeObject(element); type != step::NoSlot) {
-        FactValues kind = kindOf(type, "ElementType");
+        const FactValues& kind = kindOfType(type);
         if (!isEmpty(kind) && !isText(kind, u"NOTDEFINED")) return kind;
     }
     return kindOf(slot(element), "ObjectType");
+}
+
+FactValues ElementFacts::kindOf(Slot object, std::string_view ownWords) {
+    FactValues kind = attributeOf(object, "PredefinedType");
+    return isEmpty(kind) || isText(kind, u"USERDEFINED") ? attributeOf(object, ownWords) : kind;
+}
+
+const FactValues& ElementFacts::kindOfType(Slot type) {
+    const auto [known, isNew] = typeKinds_.try_emplace(type);
+    if (isNew) known->second = kindOf(type, "ElementType");
+    return known->second;
 }
 
 // --- Places ---
@@ -124,14 +131,19 @@ std::vector<Slot> ElementFacts::references(Slot slot, std::string_view attribute
     return found;
 }
 
-std::vector<Slot> ElementFacts::readMaterials(Slot definition) {
-    const Entity* entity = work_.classes.of(definition).entity;
-    if (entity == nullptr) return {};
-    if (entity->isA("IfcMaterial")) return {definition};
+/// Each element may have a usage of its own of what all share.
+Slot ElementFacts::setOfUsage(Slot definition) {
     for (const std::string_view usage : {"ForLayerSet", "ForProfileSet"}) {
         const auto sets = references(definition, usage);
         if (!sets.empty()) definition = sets.front();
     }
+    return definition;
+}
+
+std::vector<Slot> ElementFacts::readMaterials(Slot definition) {
+    const Entity* entity = work_.classes.of(definition).entity;
+    if (entity == nullptr) return {};
+    if (entity->isA("IfcMaterial")) return {definition};
     std::vector<Slot> materials = references(definition, "Materials");
     for (const std::string_view parts : {"MaterialLayers", "MaterialProfiles", "MaterialConstituents"}) {
         for (const Slot part : references(definition, parts)) {
@@ -145,8 +157,10 @@ std::vector<Slot> ElementFacts::readMaterials(Slot definition) {
 }
 
 const std::vector<Slot>& ElementFacts::materialsIn(Slot definition) {
-    const auto [known, isNew] = materials_.try_emplace(definition);
-    if (isNew && definition != step::NoSlot) known->second = readMaterials(definition);
+    const auto [set, isNewDefinition] = materialSets_.try_emplace(definition, definition);
+    if (isNewDefinition && definition != step::NoSlot) set->second = setOfUsage(definition);
+    const auto [known, isNew] = materials_.try_emplace(set->second);
+    if (isNew && set->second != step::NoSlot) known->second = readMaterials(set->second);
     return known->second;
 }
 
@@ -164,47 +178,54 @@ const std::vector<Slot>& ElementFacts::materials(Element element) {
 
 const ClassificationFact& ElementFacts::classification(Slot reference) {
     if (const auto known = classifications_.find(reference); known != classifications_.end()) return known->second;
-    ClassificationFact fact{step::NoSlot, noValue(), attributeOf(reference, "Name")};
+    ClassificationFact fact{systemOf(reference), noValue(), attributeOf(reference, "Name")};
     for (const std::string_view code : {"Identification", "ItemReference"}) {
         if (fact.code.front().kind == FactValue::Kind::None) fact.code = attributeOf(reference, code);
-    }
-    std::vector<Slot> passed;
-    for (Slot current = reference; current != step::NoSlot;) {
-        if (work_.classes.of(current).role == Role::Classification) fact.system = current;
-        if (std::find(passed.begin(), passed.end(), current) != passed.end()) break;
-        passed.push_back(current);
-        const auto sources = references(current, "ReferencedSource");
-        current = sources.empty() ? step::NoSlot : sources.front();
     }
     return classifications_.emplace(reference, std::move(fact)).first->second;
 }
 
-std::vector<ClassificationFact> ElementFacts::readClassifications(Slot object) {
-    std::vector<ClassificationFact> facts;
+/// Along the referenced sources to the classification at their end. Each link is followed once, since many references
+/// may hang on one long chain; one that runs in a circle leads to none.
+Slot ElementFacts::systemOf(Slot reference) {
+    std::vector<Slot> passed;
+    Slot system = step::NoSlot;
+    for (Slot current = reference; current != step::NoSlot;) {
+        const auto [known, isNew] = systems_.try_emplace(current, step::NoSlot);
+        if (!isNew) {
+            system = known->second;
+            break;
+        }
+        passed.push_back(current);
+        if (work_.classes.of(current).role == Role::Classification) {
+            system = current;
+            break;
+        }
+        const auto sources = references(current, "ReferencedSource");
+        current = sources.empty() ? step::NoSlot : sources.front();
+    }
+    for (const Slot link : passed) systems_[link] = system;
+    return system;
+}
+
+std::vector<const ClassificationFact*> ElementFacts::readClassifications(Slot object) {
+    std::vector<const ClassificationFact*> facts;
     work_.forEachRelation(object, Role::AssociatesClassification, [&](Slot relation) {
         const Slot reference = work_.forwardReferences.first(relation, Field::Relating);
-        if (reference != step::NoSlot) facts.push_back(classification(reference));
+        if (reference != step::NoSlot) facts.push_back(&classification(reference));
         return true;
     });
     return facts;
 }
 
-const std::vector<ClassificationFact>& ElementFacts::classificationsOfType(Slot type) {
+std::vector<const ClassificationFact*> ElementFacts::ownClassifications(Element element) {
+    return readClassifications(slot(element));
+}
+
+const std::vector<const ClassificationFact*>& ElementFacts::classificationsOfType(Slot type) {
     const auto [known, isNew] = typeClassifications_.try_emplace(type);
     if (isNew && type != step::NoSlot) known->second = readClassifications(type);
     return known->second;
-}
-
-std::vector<ClassificationFact> ElementFacts::classifications(Element element) {
-    std::vector<ClassificationFact> facts = readClassifications(slot(element));
-    const auto own = static_cast<std::ptrdiff_t>(facts.size());
-    for (const ClassificationFact& inherited : classificationsOfType(typeObject(element))) {
-        const bool replaced = std::any_of(facts.begin(), facts.begin() + own, [&](const ClassificationFact& fact) {
-            return fact.system == inherited.system;
-        });
-        if (!replaced) facts.push_back(inherited);
-    }
-    return facts;
 }
 
 }  // namespace model::ifc

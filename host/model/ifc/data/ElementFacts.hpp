@@ -42,13 +42,16 @@ public:
     FactValues globalId(step::Slot object) { return attributeOf(object, "GlobalId"); }
 
     /// The IfcMaterials it is made of, those of layers, profiles and constituents; its type's where it has none itself.
+    /// One and the same list for all elements that share it.
     const std::vector<step::Slot>& materials(Element element);
     /// The material, set or usage that says so; NoSlot where there is none.
     step::Slot materialDefinition(Element element);
     FactValues attributeOf(step::Slot instance, std::string_view name);
 
-    /// Its own, then those of its type object of other systems.
-    std::vector<ClassificationFact> classifications(Element element);
+    /// Its own ones; those of one reference are one and the same.
+    std::vector<const ClassificationFact*> ownClassifications(Element element);
+    /// Those of a type object, once for all elements. An element has those of systems that it has none of itself.
+    const std::vector<const ClassificationFact*>& classificationsOfType(step::Slot type);
 
 private:
     step::Slot aggregateOf(step::Slot object);
@@ -56,21 +59,27 @@ private:
     step::Slot containerOf(step::Slot object);
     step::Slot related(step::Slot object, Role role, std::string_view relationClass);
     FactValues predefinedType(Element element);
+    FactValues kindOf(step::Slot object, std::string_view ownWords);
+    const FactValues& kindOfType(step::Slot type);
+    step::Slot setOfUsage(step::Slot definition);
     std::vector<step::Slot> readMaterials(step::Slot definition);
     const std::vector<step::Slot>& materialsIn(step::Slot definition);
     std::vector<step::Slot> references(step::Slot slot, std::string_view attribute);
-    const std::vector<ClassificationFact>& classificationsOfType(step::Slot type);
-    std::vector<ClassificationFact> readClassifications(step::Slot object);
+    std::vector<const ClassificationFact*> readClassifications(step::Slot object);
     const ClassificationFact& classification(step::Slot reference);
+    step::Slot systemOf(step::Slot reference);
 
     Workspace& work_;
     std::optional<RelationIndex> materialOf_;
     std::optional<RelationIndex> adheresTo_;
     std::unordered_map<step::Slot, step::Slot> containers_;
     std::unordered_map<step::Slot, step::Slot> aggregates_;
-    std::unordered_map<step::Slot, std::vector<step::Slot>> materials_;   // by material definition
+    std::unordered_map<step::Slot, FactValues> typeKinds_;
+    std::unordered_map<step::Slot, step::Slot> materialSets_;             // by material definition
+    std::unordered_map<step::Slot, std::vector<step::Slot>> materials_;   // by definition that is no usage
     std::unordered_map<step::Slot, ClassificationFact> classifications_;  // by reference
-    std::unordered_map<step::Slot, std::vector<ClassificationFact>> typeClassifications_;
+    std::unordered_map<step::Slot, step::Slot> systems_;                  // by link of a chain of references
+    std::unordered_map<step::Slot, std::vector<const ClassificationFact*>> typeClassifications_;
 };
 
 }  // namespace model::ifc

@@ -3,8 +3,6 @@
 #include "model/ifc/values/InstanceScan.hpp"
 #include "model/step/syntax/StringDecoder.hpp"
 
-#include <unordered_map>
-
 namespace model::ifc {
 
 namespace {
@@ -82,7 +80,7 @@ std::vector<PropertyFacts::Holder> PropertyFacts::typeHolders(Slot element) {
 /// Those of the type come first, as a list of all that an element has puts them.
 std::vector<PropertyFacts::Sets> PropertyFacts::setsByName(Slot element) {
     std::vector<Sets> sets;
-    std::unordered_map<std::u16string, std::size_t> places;
+    std::map<std::u16string, std::size_t> places;  // no hash: a file can be made so that all its names have one
     const auto placeOf = [&](const std::u16string& name) -> Sets& {
         const auto [place, isNew] = places.try_emplace(name, sets.size());
         if (isNew) sets.emplace_back();

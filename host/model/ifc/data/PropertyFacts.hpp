@@ -22,7 +22,7 @@ struct NameTest {
 };
 
 /// Reads the same property of many elements. The element's own sets count before those of its type. Valid until the
-/// next change of the model.
+/// next change of the model. To be asked once for elements that share all sets, see SharedData.
 class PropertyFacts {
 public:
     PropertyFacts(Workspace& work, NameTest set, NameTest property);
