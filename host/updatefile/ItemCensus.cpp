@@ -42,29 +42,39 @@ std::string typeOf(PropertyKind kind, std::string_view valueType) {
 }  // namespace
 
 ItemCensus::ItemCensus(const model::Model& model)
-    : model_(model), standard_(model::ifc::StandardSets::of(model.schemaVersion())) {}
+    : model_(model),
+      standard_(model::ifc::StandardSets::of(model.schemaVersion())),
+      facts_(model.workspace()),
+      shared_(model.workspace()) {}
 
 ItemCensus::Counted& ItemCensus::entryFor(ItemKind kind, std::u16string_view set, std::u16string_view name) {
-    std::u16string key(1, static_cast<char16_t>(kind));
-    key.append(set).append(1, u'\0').append(name);
-    const auto [place, isNew] = places_.try_emplace(std::move(key), entries_.size());
-    if (!isNew) return entries_[place->second];
-    ItemRecord& record = entries_.emplace_back().record;
+    Places& places = places_[static_cast<std::size_t>(kind)];
+    auto names = places.find(set);
+    if (names == places.end()) names = places.emplace(set, Places::mapped_type()).first;
+    if (const auto place = names->second.find(name); place != names->second.end()) return entries_[place->second];
+    names->second.emplace(name, entries_.size());
+    Counted& entry = entries_.emplace_back();
+    ItemRecord& record = entry.record;
     record.kind = kind;
     record.set = toUtf8(set);
     record.name = toUtf8(name);
     record.item = kind == ItemKind::Property ? designationOf(set, name) : record.name;
-    return entries_.back();
+    entry.name = names_.try_emplace(record.name, names_.size()).first->second;
+    lastMet_.resize(names_.size());
+    return entry;
 }
 
 void ItemCensus::count(Counted& entry, const std::u16string& value) {
     ItemRecord& record = entry.record;
     ++record.elements;
+    if (tallies_ != nullptr) tallies_->push_back({static_cast<std::size_t>(&entry - entries_.data()), value.empty()});
     if (value.empty()) {
         ++record.empty;
         return;
     }
-    if (!entry.values.insert(std::hash<std::u16string>()(value)).second) return;
+    const std::string_view bytes(reinterpret_cast<const char*>(value.data()), value.size() * sizeof(char16_t));
+    const model::ifc::Fingerprint sum = model::ifc::keyedSum(bytes, key_);
+    if (!entry.values.insert(sum.low).second) return;
     ++record.distinct;
     if (record.examples.size() < ExamplesShown) record.examples.push_back(toUtf8(value));
 }
@@ -82,9 +92,26 @@ bool ItemCensus::isAttribute(const Entity& ifcClass, const std::string& name) {
 model::Status ItemCensus::add(model::Element element) {
     const Classes classes{&model_.entity(element), model_.typeEntity(element)};
     if (model::Status read = addAttributes(element, *classes.own); !read) return read;
-    if (model::Status read = addProperties(element, classes); !read) return read;
-    if (model::Status read = addClassifications(element, *classes.own); !read) return read;
-    met_.emplace(classes, model_.predefinedType(element));
+    Alike& properties = alikeProperties_[{shared_.properties(element), classes.own}];
+    model::Status read = addShared(properties, [&] { return addProperties(element, classes); });
+    if (!read) return read;
+    Alike& classifications = alikeClassifications_[{shared_.classifications(element), classes.own}];
+    read = addShared(classifications, [&] { return addClassifications(element, *classes.own); });
+    if (!read) return read;
+    met_.emplace(classes, toUtf8(facts_.attribute(element, "PredefinedType").front().text));
+    return {};
+}
+
+/// The first two are read: most sets are one element's, and need no notes. Of the others records() knows how many there
+/// are.
+model::Status ItemCensus::addShared(Alike& alike, const std::function<model::Status()>& read) {
+    if (alike.met < 2) {
+        tallies_ = alike.met == 1 ? &alike.tallies : nullptr;
+        model::Status done = read();
+        tallies_ = nullptr;
+        if (!done) return done;
+    }
+    ++alike.met;
     return {};
 }
 
@@ -107,18 +134,16 @@ model::Status ItemCensus::addAttributes(model::Element element, const Entity& if
 }
 
 model::Status ItemCensus::addProperties(model::Element element, const Classes& classes) {
-    std::unordered_set<std::string> namesBefore;
+    ++readings_;
     const auto read = model_.properties(element);
     if (!read) return read.error();
     for (const model::Property& property : *read) {
         Counted& entry = entryFor(ItemKind::Property, property.set, property.name);
-        const std::string name = toUtf8(property.name);
         count(entry, propertyText(property.value));
         setType(entry.record, typeOf(property.kind, property.value.type));
-        judge(entry, entry.record.set, name, classes);
-        // The add-on looks among the attributes first, and takes the first property of the name up to a bracket.
-        const bool reached =
-            namesBefore.insert(name).second && !isAttribute(*classes.own, name) && name.find('[') == std::string::npos;
+        // The add-on takes the first property of the name.
+        const bool isFirst = std::exchange(lastMet_[entry.name], readings_) != readings_;
+        const bool reached = judge(entry, classes) && isFirst;
         const bool writable =
             property.kind == PropertyKind::Single && property.value.primitive != model::Primitive::Other;
         if (!reached || !writable) entry.record.changeable = false;
@@ -139,15 +164,20 @@ model::Status ItemCensus::addClassifications(model::Element element, const Entit
     return {};
 }
 
-void ItemCensus::judge(Counted& entry, const std::string& set, const std::string& name, const Classes& classes) {
-    if (!entry.judged.insert(classes).second) return;
-    const bool first = entry.judged.size() == 1;
-    const auto standardSet = standard_.find(set);
-    if (!standardSet || !standardSet->find(name)) return;
+/// Once for all elements of the classes.
+bool ItemCensus::judge(Counted& entry, const Classes& classes) {
+    ItemRecord& record = entry.record;
+    const auto [verdict, isNew] = entry.judged.try_emplace(classes, false);
+    if (!isNew) return verdict->second;
+    // The add-on looks among the attributes first, and for a name up to a bracket.
+    verdict->second = !isAttribute(*classes.own, record.name) && record.name.find('[') == std::string::npos;
+    const auto standardSet = standard_.find(record.set);
+    if (!standardSet || !standardSet->find(record.name)) return verdict->second;
     const bool fits =
         standardSet->isFor(*classes.own) || (classes.type != nullptr && standardSet->isFor(*classes.type));
-    if (!fits) entry.record.standard = Standing::OtherClass;
-    if (fits && first) entry.record.standard = Standing::Yes;
+    if (!fits) record.standard = Standing::OtherClass;
+    if (fits && entry.judged.size() == 1) record.standard = Standing::Yes;
+    return verdict->second;
 }
 
 void ItemCensus::addStandard() {
@@ -175,6 +205,14 @@ void ItemCensus::addStandard() {
 std::vector<ItemRecord> ItemCensus::records() const {
     std::vector<ItemRecord> records;
     for (const Counted& entry : entries_) records.push_back(entry.record);
+    for (const AlikeBySource* all : {&alikeProperties_, &alikeClassifications_}) {
+        for (const auto& [source, alike] : *all) {
+            for (const Tally& tally : alike.tallies) {
+                records[tally.entry].elements += alike.met - 2;
+                if (tally.empty) records[tally.entry].empty += alike.met - 2;
+            }
+        }
+    }
     std::stable_sort(records.begin(), records.end(),
                      [](const ItemRecord& a, const ItemRecord& b) { return a.kind < b.kind; });
     return records;

@@ -2,14 +2,20 @@
 // Which items elements have: what there is to export, and to change.
 
 #include "model/Model.hpp"
+#include "model/ifc/data/ElementFacts.hpp"
+#include "model/ifc/data/SharedData.hpp"
 #include "model/ifc/schema/StandardSets.hpp"
+#include "model/ifc/values/KeyedSum.hpp"
 
+#include <array>
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <set>
 #include <string>
-#include <unordered_map>
+#include <string_view>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace updatefile {
@@ -39,6 +45,8 @@ struct ItemRecord {
     bool changeable = true;
 };
 
+/// Made for one pass over the elements and valid until the next change of the model. What elements share is read for two
+/// of them and counted for the others.
 class ItemCensus {
 public:
     explicit ItemCensus(const model::Model& model);
@@ -61,25 +69,50 @@ private:
     };
     struct Counted {
         ItemRecord record;
-        std::unordered_set<std::size_t> values;  // their hashes: of a million texts two share one once in many millions
-        std::set<Classes> judged;
+        // Sums of them: of a million texts two share one once in many millions. By a key that nobody knows: a file can
+        // be made so that all its texts have one hash.
+        std::unordered_set<std::uint64_t> values;
+        std::map<Classes, bool> judged;  // whether an update's name leads to it on elements of the classes
+        std::size_t name = 0;            // items of one name have one number
     };
+    /// What one element adds to an entry.
+    struct Tally {
+        std::size_t entry;
+        bool empty;
+    };
+    /// Elements of one class whose properties, or classifications, come from the same.
+    struct Alike {
+        std::uint64_t met = 0;
+        std::vector<Tally> tallies;  ///< Of each of them; known from the second on.
+    };
+    using AlikeBySource = std::map<std::pair<std::size_t, const Entity*>, Alike>;
+
+    using Places = std::map<std::u16string, std::map<std::u16string, std::size_t, std::less<>>, std::less<>>;
 
     Counted& entryFor(ItemKind kind, std::u16string_view set, std::u16string_view name);
-    static void count(Counted& entry, const std::u16string& value);
+    void count(Counted& entry, const std::u16string& value);
     static void setType(ItemRecord& record, std::string_view type);
     model::Status addAttributes(model::Element element, const Entity& ifcClass);
+    model::Status addShared(Alike& alike, const std::function<model::Status()>& read);
     model::Status addProperties(model::Element element, const Classes& classes);
     model::Status addClassifications(model::Element element, const Entity& ifcClass);
-    void judge(Counted& entry, const std::string& set, const std::string& name, const Classes& classes);
+    bool judge(Counted& entry, const Classes& classes);
     bool isAttribute(const Entity& ifcClass, const std::string& name);
 
     const model::Model& model_;
     const model::ifc::StandardSets& standard_;
     std::vector<Counted> entries_;
-    std::unordered_map<std::u16string, std::size_t> places_;
+    std::array<Places, 3> places_;  // by kind, set and name; no hash, see Counted
+    std::map<std::string, std::size_t> names_;
+    std::vector<std::uint64_t> lastMet_;  // by name: the number of the last reading that met it
+    std::uint64_t readings_ = 0;
     std::set<std::pair<Classes, std::string>> met_;  // with the predefined type
-    std::unordered_map<const Entity*, std::unordered_set<std::string>> attributeNames_;
+    std::map<const Entity*, std::set<std::string>> attributeNames_;
+    const model::ifc::FingerprintKey key_ = model::ifc::randomKey();
+    model::ifc::ElementFacts facts_;
+    model::ifc::SharedData shared_;
+    AlikeBySource alikeProperties_, alikeClassifications_;
+    std::vector<Tally>* tallies_ = nullptr;  // where what is counted is noted down as well
 };
 
 }  // namespace updatefile
