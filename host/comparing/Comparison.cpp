@@ -24,30 +24,26 @@ bool contains(const std::vector<bool>& chosen, Element element) {
 class Comparer {
 public:
     Comparer(const Model& a, const Model& b)
-        : a_(a),
-          b_(b),
-          key_(model::ifc::randomKey()),
+        : key_(model::ifc::randomKey()),
           fingerprintsA_(a.workspace(), key_),
           fingerprintsB_(b.workspace(), key_),
+          data_(a, b),
           others_({a.workspace(), fingerprintsA_}, {b.workspace(), fingerprintsB_}) {}
 
-    model::Result<std::vector<Change>> changesOf(Element inA, Element inB) {
-        std::vector<Change> changes;
-        if (!(fingerprintsA_.dataOf(inA) == fingerprintsB_.dataOf(inB))) {
-            auto data = dataChanges(a_, inA, b_, inB);
-            if (!data) return data.error();
-            changes = std::move(*data);
+    /// Fills in what is different of it.
+    model::Status compare(ChangedElement& element) {
+        if (!(fingerprintsA_.dataOf(element.a) == fingerprintsB_.dataOf(element.b))) {
+            if (model::Status compared = data_.addTo(element); !compared) return compared;
         }
-        auto others = others_.of(inA, inB);
-        std::move(others.begin(), others.end(), std::back_inserter(changes));
-        return changes;
+        auto others = others_.of(element.a, element.b);
+        std::move(others.begin(), others.end(), std::back_inserter(element.changes));
+        return {};
     }
 
 private:
-    const Model& a_;
-    const Model& b_;
     const model::ifc::FingerprintKey key_;
     Fingerprints fingerprintsA_, fingerprintsB_;
+    DataChanges data_;
     OtherChanges others_;
 };
 
@@ -72,12 +68,12 @@ model::Status compareAll(const Model& a, const Model& b, const Chosen& chosen, C
             continue;
         }
         if (!wanted && !contains(chosen.b, *other)) continue;
-        auto changes = comparer.changesOf(element, *other);
-        if (!changes) return changes.error();
-        if (changes->empty()) {
+        ChangedElement pair{element, *other, {}};
+        if (model::Status compared = comparer.compare(pair); !compared) return compared;
+        if (pair.changes.empty()) {
             ++comparison.same;
         } else {
-            comparison.changed.push_back({element, *other, std::move(*changes)});
+            comparison.changed.push_back(std::move(pair));
         }
     }
     for (Element element = 0; element < b.elementCount(); ++element) {

@@ -48,26 +48,56 @@ void addChange(const Value* old, const Value* now, std::vector<Change>& changes)
     changes.push_back(std::move(change));
 }
 
-}  // namespace
-
-model::Result<std::vector<Change>> dataChanges(const model::Model& a, model::Element inA, const model::Model& b,
-                                               model::Element inB) {
-    const auto before = valuesOf(a, inA);
-    if (!before) return before.error();
-    const auto after = valuesOf(b, inB);
-    if (!after) return after.error();
+/// The items of the first in its order, then those that only the second has.
+std::vector<Change> changesBetween(const std::vector<Value>& before, const std::vector<Value>& after) {
     std::map<Key, const Value*> unmatched;
-    for (const Value& value : *after) unmatched.emplace(value.key(), &value);
+    for (const Value& value : after) unmatched.emplace(value.key(), &value);
     std::vector<Change> changes;
-    for (const Value& old : *before) {
+    for (const Value& old : before) {
         const auto found = unmatched.find(old.key());
         addChange(&old, found == unmatched.end() ? nullptr : found->second, changes);
         if (found != unmatched.end()) unmatched.erase(found);
     }
-    for (const Value& now : *after)
+    for (const Value& now : after)
         if (unmatched.contains(now.key())) addChange(nullptr, &now, changes);
-    std::stable_sort(changes.begin(), changes.end(), [](const Change& x, const Change& y) { return x.kind < y.kind; });
     return changes;
+}
+
+}  // namespace
+
+DataChanges::DataChanges(const model::Model& a, const model::Model& b)
+    : a_(a), b_(b), sharedA_(a.workspace()), sharedB_(b.workspace()) {}
+
+model::Status DataChanges::addTo(ChangedElement& element) {
+    auto attributes = read(element, ChangeKind::Attribute);
+    if (!attributes) return attributes.error();
+    element.changes = std::move(*attributes);
+    const Sources properties{ChangeKind::Property, sharedA_.properties(element.a), sharedB_.properties(element.b)};
+    if (model::Status added = addShared(properties, element); !added) return added;
+    const Sources classifications{ChangeKind::Classification, sharedA_.classifications(element.a),
+                                  sharedB_.classifications(element.b)};
+    if (model::Status added = addShared(classifications, element); !added) return added;
+    element.sources = numbers_.try_emplace({properties, classifications}, numbers_.size()).first->second;
+    return {};
+}
+
+model::Status DataChanges::addShared(const Sources& sources, ChangedElement& element) {
+    auto known = known_.find(sources);
+    if (known == known_.end()) {
+        auto changes = read(element, std::get<ChangeKind>(sources));
+        if (!changes) return changes.error();
+        known = known_.emplace(sources, std::move(*changes)).first;
+    }
+    element.changes.insert(element.changes.end(), known->second.begin(), known->second.end());
+    return {};
+}
+
+model::Result<std::vector<Change>> DataChanges::read(const ChangedElement& element, ChangeKind kind) const {
+    const auto before = valuesOf(a_, element.a, kind);
+    if (!before) return before.error();
+    const auto after = valuesOf(b_, element.b, kind);
+    if (!after) return after.error();
+    return changesBetween(*before, *after);
 }
 
 }  // namespace comparing

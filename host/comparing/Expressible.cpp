@@ -7,8 +7,10 @@
 #include "text/Unicode.hpp"
 #include "updatefile/CurrentText.hpp"
 
+#include <algorithm>
 #include <map>
 #include <set>
+#include <span>
 #include <tuple>
 #include <utility>
 
@@ -59,10 +61,11 @@ bool leadsThere(const Change& change, const Place& place) {
     return false;
 }
 
-/// The changes of one element. Each step is taken for all of them, since there may be thousands.
+/// Changes of one element. Each step is taken for all of them, since there may be thousands. What they are not about is
+/// not read: many elements may share properties that are far more than the changes.
 class ElementTrial {
 public:
-    ElementTrial(Model& model, Element element, std::vector<Change>& changes)
+    ElementTrial(Model& model, Element element, std::span<Change> changes)
         : model_(model), element_(element), guid_(model.workspace().elements.guid(element)) {
         for (Change& change : changes)
             if (change.writable()) attempts_.push_back({change, {}, {}});
@@ -85,7 +88,9 @@ private:
         readback::Stored::Kind held;
     };
 
+    bool anyWritable(ChangeKind kind) const;
     model::Status readCurrent();
+    model::Status readShared();
     void findPlaces();
     std::string obstacleOf(Attempt& attempt);
     std::string obstacleOfLine(const Change& change) const;
@@ -93,6 +98,7 @@ private:
     bool reviewedAsSame(Change& change);
     std::string write(const Attempt& attempt);
     model::Status compareWritten();
+    void compareWith(const std::vector<Value>& values, ChangeKind kind);
 
     Model& model_;
     Element element_;
@@ -104,10 +110,26 @@ private:
     std::set<std::u16string> made_;                   ///< Names of properties that updates before have made.
 };
 
-/// The rules of the review list: of several properties of a name the last is shown.
+bool ElementTrial::anyWritable(ChangeKind kind) const {
+    return std::any_of(attempts_.begin(), attempts_.end(), [kind](const Attempt& attempt) {
+        return attempt.change.kind == kind && attempt.change.writable();
+    });
+}
+
+/// The rules of the review list: attributes hide properties, which hide classifications.
 model::Status ElementTrial::readCurrent() {
     const auto attributes = model_.attributes(element_);
     if (!attributes) return attributes.error();
+    if (anyWritable(ChangeKind::Property) || anyWritable(ChangeKind::Classification)) {
+        if (model::Status read = readShared(); !read) return read;
+    }
+    for (const model::Attribute& attribute : *attributes) shown_[text::fromUtf8(attribute.name)] = attribute.value;
+    named_ = !model_.name(element_).empty();
+    return {};
+}
+
+/// Of several properties of a name the last is shown.
+model::Status ElementTrial::readShared() {
     const auto classifications = model_.classifications(element_);
     if (!classifications) return classifications.error();
     const auto properties = model_.properties(element_);
@@ -119,8 +141,6 @@ model::Status ElementTrial::readCurrent() {
         if (single && property.value.primitive == model::Primitive::Real)
             reals_.insert({text::toUtf8(property.set), text::toUtf8(property.name)});
     }
-    for (const model::Attribute& attribute : *attributes) shown_[text::fromUtf8(attribute.name)] = attribute.value;
-    named_ = !model_.name(element_).empty();
     return {};
 }
 
@@ -194,20 +214,66 @@ std::string ElementTrial::write(const Attempt& attempt) {
 }
 
 model::Status ElementTrial::compareWritten() {
-    const auto values = valuesOf(model_, element_);
-    if (!values) return values.error();
-    std::map<std::tuple<ChangeKind, std::string, std::string>, const Value*> byItem;
-    for (const Value& value : *values) byItem.try_emplace({value.kind, text::toUtf8(value.set), itemOf(value)}, &value);
+    for (const ChangeKind kind : {ChangeKind::Attribute, ChangeKind::Property, ChangeKind::Classification}) {
+        if (!anyWritable(kind)) continue;
+        const auto values = valuesOf(model_, element_, kind);
+        if (!values) return values.error();
+        compareWith(*values, kind);
+    }
+    return {};
+}
+
+void ElementTrial::compareWith(const std::vector<Value>& values, ChangeKind kind) {
+    std::map<Key, const Value*> byItem;
+    for (const Value& value : values) byItem.try_emplace({text::toUtf8(value.set), itemOf(value)}, &value);
     for (Attempt& attempt : attempts_) {
         Change& change = attempt.change;
-        if (!change.writable()) continue;
-        const auto found = byItem.find({change.kind, change.set, change.item});
+        if (change.kind != kind || !change.writable()) continue;
+        const auto found = byItem.find({change.set, change.item});
         const auto held = found == byItem.end() ? std::nullopt : std::optional(found->second->text());
         if (held != change.now)
             change.obstacle = "the import would store \"" + held.value_or("") + "\" there, by the type of the item";
     }
-    return {};
 }
+
+/// The changes of properties and classifications, which stand behind those of attributes.
+std::span<Change> sharedPart(ChangedElement& element) {
+    const auto isBefore = [](const Change& change, ChangeKind kind) { return change.kind < kind; };
+    const auto begin = std::lower_bound(element.changes.begin(), element.changes.end(), ChangeKind::Property, isBefore);
+    return {begin, std::lower_bound(begin, element.changes.end(), ChangeKind::Other, isBefore)};
+}
+
+/// Tries out the changes of many elements. What an update makes of properties and classifications depends on what these
+/// come from, on which attributes there are, and on whether the review takes lines of the element at all: it is tried
+/// on one element of each kind.
+class Trials {
+public:
+    explicit Trials(Model& model) : model_(model) {}
+
+    model::Status run(ChangedElement& element) {
+        const std::span<Change> shared = sharedPart(element);
+        const std::span<Change> all(element.changes);
+        if (shared.empty()) return ElementTrial(model_, element.a, all).run();
+        const auto [first, isNew] = tried_.try_emplace(kindOf(element), shared);
+        if (isNew) return ElementTrial(model_, element.a, all).run();
+        for (std::size_t i = 0; i < shared.size(); ++i) {
+            shared[i].asked = first->second[i].asked;
+            shared[i].obstacle = first->second[i].obstacle;
+        }
+        return ElementTrial(model_, element.a, all.first(static_cast<std::size_t>(shared.data() - all.data()))).run();
+    }
+
+private:
+    using Kind = std::tuple<std::size_t, const model::ifc::Entity*, bool, bool>;
+
+    Kind kindOf(const ChangedElement& element) const {
+        return {element.sources, &model_.entity(element.a), model_.name(element.a).empty(),
+                model_.workspace().elements.guid(element.a) == model::Guid{}};
+    }
+
+    Model& model_;
+    std::map<Kind, std::span<const Change>> tried_;
+};
 
 }  // namespace
 
@@ -215,8 +281,9 @@ model::Status judgeChanges(Model& a, std::vector<ChangedElement>& changed) {
     constexpr std::int32_t TakeBack = 1;
     model::Status status;
     const auto ran = a.command("Try out updates", [&] {
+        Trials trials(a);
         for (ChangedElement& element : changed) {
-            status = ElementTrial(a, element.a, element.changes).run();
+            status = trials.run(element);
             if (!status) break;
         }
         return TakeBack;

@@ -55,10 +55,14 @@ std::optional<std::string> orNothing(Slot slot, std::string name) {
     return slot == NoSlot ? std::nullopt : std::optional(std::move(name));
 }
 
+/// Thousands of elements may share thousands of materials.
 std::string materialsOf(Side& side, Element element) {
+    constexpr std::size_t MostNamed = 20;
+    const std::vector<Slot>& materials = side.facts.materials(element);
     std::string names;
-    for (const Slot material : side.facts.materials(element))
-        names.append(names.empty() ? "" : ", ").append(nameOfObject(side.work, material));
+    for (std::size_t i = 0; i < materials.size() && i < MostNamed; ++i)
+        names.append(names.empty() ? "" : ", ").append(nameOfObject(side.work, materials[i]));
+    if (materials.size() > MostNamed) names += " and " + std::to_string(materials.size() - MostNamed) + " more";
     return names;
 }
 
@@ -101,6 +105,15 @@ bool OtherChanges::samePlacement(Slot inA, Slot inB) {
     return a && b && near(a->origin, b->origin) && near(a->x, b->x) && near(a->y, b->y) && near(a->z, b->z);
 }
 
+bool OtherChanges::sameType(Slot typeA, Slot typeB) {
+    const auto [known, isNew] = sameTypes_.try_emplace({typeA, typeB}, false);
+    if (isNew) {
+        known->second = nameOfObject(a_.work, typeA) == nameOfObject(b_.work, typeB) &&
+                        classOf(a_.work, typeA) == classOf(b_.work, typeB);
+    }
+    return known->second;
+}
+
 std::vector<Change> OtherChanges::of(Element elementA, Element elementB) {
     const Slot inA = a_.facts.slot(elementA), inB = b_.facts.slot(elementB);
     std::vector<Change> changes;
@@ -121,9 +134,9 @@ std::vector<Change> OtherChanges::of(Element elementA, Element elementB) {
             orNothing(storeyB, nameOfObject(b_.work, storeyB)));
 
     const Slot typeA = a_.work.typeObject(inA), typeB = b_.work.typeObject(inB);
-    const std::string typeNameA = nameOfObject(a_.work, typeA), typeNameB = nameOfObject(b_.work, typeB);
-    if (typeNameA != typeNameB || classOf(a_.work, typeA) != classOf(b_.work, typeB))
-        add("type", "an update gives no other type", orNothing(typeA, typeNameA), orNothing(typeB, typeNameB));
+    if (!sameType(typeA, typeB))
+        add("type", "an update gives no other type", orNothing(typeA, nameOfObject(a_.work, typeA)),
+            orNothing(typeB, nameOfObject(b_.work, typeB)));
 
     const Slot materialA = a_.facts.materialDefinition(elementA), materialB = b_.facts.materialDefinition(elementB);
     if (!(a_.fingerprints.of(materialA) == b_.fingerprints.of(materialB)))

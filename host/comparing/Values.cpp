@@ -106,28 +106,52 @@ Value propertyValue(const Model& model, const model::Property& property, Places&
 }
 
 /// Numbers those that are there several times.
-void countOccurrences(std::vector<Value>& values) {
-    std::map<std::tuple<ChangeKind, std::u16string, std::u16string>, unsigned> counts;
-    for (Value& value : values) value.occurrence = counts[{value.kind, value.set, value.name}]++;
+std::vector<Value> counted(std::vector<Value> values) {
+    std::map<std::pair<std::u16string, std::u16string>, unsigned> counts;
+    for (Value& value : values) value.occurrence = counts[{value.set, value.name}]++;
+    return values;
+}
+
+model::Result<std::vector<Value>> attributesOf(const Model& model, Element element) {
+    const auto attributes = model.attributes(element);
+    if (!attributes) return attributes.error();
+    std::vector<Value> values;
+    for (const model::Attribute& attribute : *attributes)
+        if (attribute.name != "GlobalId") values.push_back(attributeValue(attribute));
+    return values;
+}
+
+model::Result<std::vector<Value>> propertiesOf(const Model& model, Element element) {
+    const auto properties = model.properties(element);
+    if (!properties) return properties.error();
+    std::vector<Value> values;
+    Places places(model, element);
+    for (const model::Property& property : *properties) values.push_back(propertyValue(model, property, places));
+    return counted(std::move(values));
+}
+
+model::Result<std::vector<Value>> classificationsOf(const Model& model, Element element) {
+    const auto classifications = model.classifications(element);
+    if (!classifications) return classifications.error();
+    std::vector<Value> values;
+    for (const auto& reference : *classifications) values.push_back(classificationValue(reference));
+    return counted(std::move(values));
 }
 
 }  // namespace
 
-model::Result<std::vector<Value>> valuesOf(const Model& model, Element element) {
-    auto attributes = model.attributes(element);
-    if (!attributes) return attributes.error();
-    auto properties = model.properties(element);
-    if (!properties) return properties.error();
-    auto classifications = model.classifications(element);
-    if (!classifications) return classifications.error();
-    std::vector<Value> values;
-    for (const model::Attribute& attribute : *attributes)
-        if (attribute.name != "GlobalId") values.push_back(attributeValue(attribute));
-    Places places(model, element);
-    for (const model::Property& property : *properties) values.push_back(propertyValue(model, property, places));
-    for (const auto& reference : *classifications) values.push_back(classificationValue(reference));
-    countOccurrences(values);
-    return values;
+model::Result<std::vector<Value>> valuesOf(const Model& model, Element element, ChangeKind kind) {
+    switch (kind) {
+        case ChangeKind::Attribute:
+            return attributesOf(model, element);
+        case ChangeKind::Property:
+            return propertiesOf(model, element);
+        case ChangeKind::Classification:
+            return classificationsOf(model, element);
+        case ChangeKind::Other:
+            break;
+    }
+    return std::vector<Value>();
 }
 
 std::string itemOf(const Value& value) {

@@ -26,8 +26,9 @@ struct Value {
     bool same(const Value& other) const { return text() == other.text() && propertyKind == other.propertyKind; }
 };
 
-/// Attributes in schema order without the GlobalId, properties and classifications in the host's order.
-model::Result<std::vector<Value>> valuesOf(const model::Model& model, model::Element element);
+/// Those of one kind, which is not Other: attributes in schema order without the GlobalId, properties and
+/// classifications in the host's order.
+model::Result<std::vector<Value>> valuesOf(const model::Model& model, model::Element element, ChangeKind kind);
 
 /// "FireRating[WallCommon]": what an update calls it.
 std::string itemOf(const Value& value);

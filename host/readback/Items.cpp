@@ -233,10 +233,9 @@ model::Status storeClassification(Model& model, Element element, const Place& pl
 
 /// The set of the first property of each of the names; a name that the element has not is not there.
 std::map<std::u16string_view, std::u16string> firstSets(const Model& model, Element element,
-                                                        const std::vector<Designation>& wanted) {
-    std::set<std::u16string_view> names;
-    for (const Designation& designation : wanted) names.insert(designation.name);
+                                                        const std::set<std::u16string_view>& names) {
     std::map<std::u16string_view, std::u16string> sets;
+    if (names.empty()) return sets;
     model.visitProperties(element, [&](const model::PropertyView& property) {
         if (const auto name = names.find(property.name); name != names.end()) sets.try_emplace(*name, property.set);
     });
@@ -250,8 +249,13 @@ std::vector<Place> placesOf(const Model& model, Element element, const std::vect
     for (const std::string_view item : items) wanted.push_back(parse(item));
     const auto attributeList = attributesOf(model, element);
     const auto attributes = byName(attributeList, &model::Attribute::name);
-    const auto sets = firstSets(model, element, wanted);
-    const auto references = classificationsOf(model, element);
+    // What attributes hide is not looked for: the properties may be thousands.
+    std::set<std::u16string_view> names;
+    for (const Designation& designation : wanted)
+        if (!attributes.contains(text::toUtf8(designation.name))) names.insert(designation.name);
+    const auto sets = firstSets(model, element, names);
+    const auto references =
+        sets.size() == names.size() ? std::vector<model::ClassificationReference>() : classificationsOf(model, element);
     const auto systems = byName(references, &model::ClassificationReference::system);
     std::vector<Place> places(items.size());
     for (std::size_t i = 0; i < items.size(); ++i) {
