@@ -45,8 +45,8 @@ struct ItemRecord {
     bool changeable = true;
 };
 
-/// Made for one pass over the elements and valid until the next change of the model. What elements share is read for two
-/// of them and counted for the others.
+/// Made for one pass over the elements and valid until the next change of the model. What elements share is read for
+/// two of them and counted for the others.
 class ItemCensus {
 public:
     explicit ItemCensus(const model::Model& model);
