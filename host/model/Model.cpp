@@ -10,6 +10,7 @@
 #include "model/ifc/data/PropertyData.hpp"
 #include "model/ifc/data/PropertyEditor.hpp"
 #include "model/ifc/geometry/Footprint.hpp"
+#include "model/ifc/geometry/Outlines.hpp"
 #include "model/ifc/geometry/Placement.hpp"
 #include "model/ifc/geometry/Spatial.hpp"
 #include "model/ifc/schema/StandardSets.hpp"
@@ -31,7 +32,7 @@ struct Model::Content {
     // The indexes in it are made when they are first needed, by reading as well.
     mutable ifc::Workspace work;
     ifc::Storeys storeys{work};
-    ifc::Openings openings{work};
+    ifc::Outlines outlines{work};
     std::vector<std::string> remarks;
     std::vector<std::string> notes;
     std::unordered_set<Element> noted;  ///< Elements whose duplicates have been told of.
@@ -255,7 +256,7 @@ std::vector<Point> Model::footprint(Element element) const {
 }
 
 PlanOutline Model::outline(Element element) const {
-    return ifc::outlineOf(content_->work, content_->openings, content_->work.elements.slot(element));
+    return content_->outlines.of(content_->work.elements.slot(element));
 }
 
 // --- IFC data ---

@@ -1,6 +1,6 @@
 // What a plan shows of an element, by areas that are known.
 
-#include "Geometry.hpp"
+#include "Shaped.hpp"
 
 #include <gmock/gmock.h>
 
@@ -13,36 +13,6 @@ namespace {
 using model::PlanOutline;
 using model::Point;
 using std::numbers::pi;
-
-/// Of all outer rings less the holes, which go the other way round.
-double areaOf(const PlanOutline& outline) {
-    double area = 0;
-    for (const auto& ring : outline.rings) {
-        for (std::size_t i = 0; i < ring.size(); ++i) {
-            // From one corner on: far from the origin the products would lose what the area is about.
-            const Point &o = ring[0], &a = ring[i], &b = ring[(i + 1) % ring.size()];
-            area += ((a.x - o.x) * (b.y - o.y) - (a.y - o.y) * (b.x - o.x)) / 2;
-        }
-    }
-    return area;
-}
-
-/// A model of one element with this shape.
-class Shaped {
-public:
-    explicit Shaped(const std::string& schema = "IFC4") : ifc(schema), g(ifc) {}
-
-    void item(Id id, const std::string& elementClass = "IfcWall") {
-        ifc.element(elementClass, "One", {{"Representation", g.shape({id})}});
-    }
-    PlanOutline outline() {
-        Opened model(ifc.text());
-        return model->outline(0);
-    }
-
-    TinyModel ifc;
-    Geometry g;
-};
 
 struct Profile {
     const char* name;
@@ -296,20 +266,6 @@ TEST(Outline, IsNoneWithoutGeometryAndEndsInACircle) {
     round.raw("IFCPRODUCTDEFINITIONSHAPE($,$,(#3))");
     round.element("IfcWall", "Round", {{"Representation", "#4"}});
     EXPECT_TRUE(Opened(round.text())->outline(0).rings.empty());
-}
-
-/// A face set of triangles with these corners, three each.
-Id triangles(TinyModel& ifc, const std::vector<Point>& corners) {
-    std::string points, faces;
-    for (std::size_t i = 0; i < corners.size(); ++i) {
-        points += (i == 0 ? "(" : ",(") + std::to_string(corners[i].x) + "," + std::to_string(corners[i].y) + ",0.)";
-        if (i % 3 == 2) {
-            faces += (i == 2 ? "(" : ",(") + std::to_string(i - 1) + "," + std::to_string(i) + "," +
-                     std::to_string(i + 1) + ")";
-        }
-    }
-    const Id list = ifc.add("IfcCartesianPointList3D", {{"CoordList", "(" + points + ")"}});
-    return ifc.add("IfcTriangulatedFaceSet", {{"Coordinates", ref(list)}, {"CoordIndex", "(" + faces + ")"}});
 }
 
 /// So many corners can be put together, and no more.

@@ -25,11 +25,11 @@ double distance(const Point& a, const Point& b) {
 /// An IfcCircle or IfcEllipse.
 class Conic {
 public:
-    static std::optional<Conic> read(Workspace& work, Slot slot) {
+    static std::optional<Conic> read(GeometryReader& reader, Slot slot) {
         step::Instance instance;
-        const bool circle = isOfClass(work, slot, "IfcCircle");
-        if ((!circle && !isOfClass(work, slot, "IfcEllipse")) || !work.file.read(slot, instance)) return std::nullopt;
-        const auto frame = readAxisPlacement(work, targetOf(work, instance, 0));
+        const bool circle = isOfClass(reader, slot, "IfcCircle");
+        if ((!circle && !isOfClass(reader, slot, "IfcEllipse")) || !reader.read(slot, instance)) return std::nullopt;
+        const auto frame = readAxisPlacement(reader, targetOf(reader, instance, 0));
         if (!frame) return std::nullopt;
         Conic conic{*frame, numberIn(instance, 1), numberIn(instance, circle ? 1 : 2)};
         const bool sound = conic.x_ > 0 && conic.y_ > 0 && std::isfinite(conic.x_) && std::isfinite(conic.y_);
@@ -81,34 +81,35 @@ void append(Points& points, const Points& more) {
 
 class CurveReader {
 public:
-    explicit CurveReader(Workspace& workspace) : work_(workspace) {}
+    explicit CurveReader(GeometryReader& reader) : reader_(reader) {}
 
     std::optional<Points> read(Slot curve) {
         constexpr int Deepest = 16;
         step::Instance instance;
-        if (depth_ == Deepest || curve == step::NoSlot || !work_.file.read(curve, instance)) return std::nullopt;
+        if (depth_ == Deepest || curve == step::NoSlot || !reader_.read(curve, instance)) return std::nullopt;
         ++depth_;
         std::optional<Points> points = readKind(curve, instance);
         --depth_;
         if (points && (points->size() < 2 || points->size() > MostPoints)) return std::nullopt;
+        if (points && !reader_.makeCorners(points->size())) return std::nullopt;
         return points;
     }
 
 private:
     std::optional<Points> readKind(Slot curve, const step::Instance& instance) {
-        const auto is = [&](std::string_view name) { return isOfClass(work_, curve, name); };
+        const auto is = [&](std::string_view name) { return isOfClass(reader_, curve, name); };
         if (is("IfcPolyline")) return polyline(instance);
         if (is("IfcIndexedPolyCurve")) return indexed(instance);
         if (is("IfcTrimmedCurve")) return trimmed(instance);
         if (is("IfcCompositeCurve")) return composite(instance);
-        if (const auto conic = Conic::read(work_, curve)) return conic->between(0, FullTurn);
+        if (const auto conic = Conic::read(reader_, curve)) return conic->between(0, FullTurn);
         return std::nullopt;
     }
 
     std::optional<Points> polyline(const step::Instance& instance) {
         Points points;
-        for (const Slot slot : targetsOf(work_, instance, 0)) {
-            const auto point = readPoint(work_, slot);
+        for (const Slot slot : targetsOf(reader_, instance, 0)) {
+            const auto point = readPoint(reader_, slot);
             if (!point) return std::nullopt;
             append(points, {*point});
         }
@@ -116,7 +117,7 @@ private:
     }
 
     std::optional<Points> indexed(const step::Instance& instance) {
-        const Points corners = readPointList(work_, targetOf(work_, instance, 0));
+        const Points corners = readPointList(reader_, targetOf(reader_, instance, 0));
         std::vector<step::Value> segments, numbers;
         if (instance.arguments.size() < 2 || !step::splitAggregate(instance.arguments[1], segments)) return corners;
         Points points;
@@ -148,13 +149,13 @@ private:
                 std::string_view keyword;
                 step::Value inner;
                 if (step::splitTyped(trim, keyword, inner)) parameters[end] = step::realValue(inner);
-                if (const auto point = readPoint(work_, work_.file.find(step::referenceId(trim)))) ends[end] = point;
+                if (const auto point = readPoint(reader_, reader_.find(step::referenceId(trim)))) ends[end] = point;
             }
         }
-        const Slot basis = targetOf(work_, instance, 0);
+        const Slot basis = targetOf(reader_, instance, 0);
         const bool forwards = step::enumerationItem(instance.arguments[3]) != "F";
-        if (ends[0] && ends[1]) return curvePart(work_, basis, *ends[0], *ends[1], forwards);
-        const auto conic = Conic::read(work_, basis);
+        if (ends[0] && ends[1]) return curvePart(reader_, basis, *ends[0], *ends[1], forwards);
+        const auto conic = Conic::read(reader_, basis);
         if (!conic || !parameters[0] || !parameters[1]) return line(basis, parameters);
         const auto [from, to] = trimmedAngles(*parameters[0], *parameters[1], forwards);
         if (!std::isfinite(from) || !std::isfinite(to) || std::abs(from) > 100 || std::abs(to) > 100) {
@@ -168,14 +169,14 @@ private:
     /// An IfcLine between two parameters, which count by the length of its vector.
     std::optional<Points> line(Slot basis, const std::array<std::optional<double>, 2>& parameters) {
         step::Instance instance, vector;
-        if (!isOfClass(work_, basis, "IfcLine") || !parameters[0] || !parameters[1] ||
-            !work_.file.read(basis, instance)) {
+        if (!isOfClass(reader_, basis, "IfcLine") || !parameters[0] || !parameters[1] ||
+            !reader_.read(basis, instance)) {
             return std::nullopt;
         }
-        const auto origin = readPoint(work_, targetOf(work_, instance, 0));
-        const Slot along = targetOf(work_, instance, 1);
-        if (!origin || !isOfClass(work_, along, "IfcVector") || !work_.file.read(along, vector)) return std::nullopt;
-        const auto direction = readDirection(work_, targetOf(work_, vector, 0));
+        const auto origin = readPoint(reader_, targetOf(reader_, instance, 0));
+        const Slot along = targetOf(reader_, instance, 1);
+        if (!origin || !isOfClass(reader_, along, "IfcVector") || !reader_.read(along, vector)) return std::nullopt;
+        const auto direction = readDirection(reader_, targetOf(reader_, vector, 0));
         if (!direction) return std::nullopt;
         Points points;
         for (const auto& parameter : parameters) {
@@ -188,12 +189,12 @@ private:
 
     std::optional<Points> composite(const step::Instance& instance) {
         Points points;
-        for (const Slot slot : targetsOf(work_, instance, 0)) {
+        for (const Slot slot : targetsOf(reader_, instance, 0)) {
             step::Instance segment;
-            if (!isOfClass(work_, slot, "IfcCompositeCurveSegment") || !work_.file.read(slot, segment)) {
+            if (!isOfClass(reader_, slot, "IfcCompositeCurveSegment") || !reader_.read(slot, segment)) {
                 return std::nullopt;
             }
-            auto part = read(targetOf(work_, segment, 2));
+            auto part = read(targetOf(reader_, segment, 2));
             if (!part || segment.arguments.size() < 2) return std::nullopt;
             if (step::enumerationItem(segment.arguments[1]) == "F") std::reverse(part->begin(), part->end());
             append(points, *part);
@@ -202,7 +203,7 @@ private:
         return points;
     }
 
-    Workspace& work_;
+    GeometryReader& reader_;
     int depth_ = 0;
 };
 
@@ -218,7 +219,7 @@ Angles trimmedAngles(double first, double second, bool forwards) {
 
 std::vector<Point> ellipsePoints(double semiX, double semiY, double from, double to) {
     constexpr double Step = FullTurn / 48;  // The area between chord and arc is a third of a hundredth of the circle's.
-    const int steps = std::clamp(static_cast<int>(std::ceil(std::abs(to - from) / Step)), 1, 96);
+    const int steps = static_cast<int>(std::fmin(std::fmax(std::ceil(std::abs(to - from) / Step), 1), 96));
     std::vector<Point> points;
     for (int i = 0; i <= steps; ++i) {
         const double angle = from + (to - from) * i / steps;
@@ -227,14 +228,14 @@ std::vector<Point> ellipsePoints(double semiX, double semiY, double from, double
     return points;
 }
 
-std::optional<std::vector<Point>> curvePoints(Workspace& work, Slot curve) {
-    return CurveReader(work).read(curve);
+std::optional<std::vector<Point>> curvePoints(GeometryReader& reader, Slot curve) {
+    return CurveReader(reader).read(curve);
 }
 
-std::optional<std::vector<Point>> curvePart(Workspace& work, Slot curve, const Point& from, const Point& to,
+std::optional<std::vector<Point>> curvePart(GeometryReader& reader, Slot curve, const Point& from, const Point& to,
                                             bool forwards) {
-    if (isOfClass(work, curve, "IfcLine")) return Points{from, to};
-    const auto conic = Conic::read(work, curve);
+    if (isOfClass(reader, curve, "IfcLine")) return Points{from, to};
+    const auto conic = Conic::read(reader, curve);
     if (!conic) return std::nullopt;
     const double begin = conic->angleOf(forwards ? from : to), end = conic->angleOf(forwards ? to : from);
     Points points = conic->between(begin, end);
@@ -242,11 +243,11 @@ std::optional<std::vector<Point>> curvePart(Workspace& work, Slot curve, const P
     return points;
 }
 
-std::vector<Point> readPointList(Workspace& work, Slot list) {
+std::vector<Point> readPointList(GeometryReader& reader, Slot list) {
     Points points;
     step::Instance instance;
     std::vector<step::Value> rows, numbers;
-    if (!isOfClass(work, list, "IfcCartesianPointList") || !work.file.read(list, instance)) return points;
+    if (!isOfClass(reader, list, "IfcCartesianPointList") || !reader.read(list, instance)) return points;
     if (instance.arguments.empty() || !step::splitAggregate(instance.arguments[0], rows)) return points;
     points.reserve(rows.size());
     for (const step::Value& row : rows) {
@@ -264,7 +265,7 @@ double numberIn(const step::Instance& instance, std::size_t attributeIndex) {
                                                       : 0;
 }
 
-std::vector<Slot> targetsOf(Workspace& work, const step::Instance& instance, std::size_t attributeIndex) {
+std::vector<Slot> targetsOf(GeometryReader& reader, const step::Instance& instance, std::size_t attributeIndex) {
     std::vector<Slot> slots;
     std::vector<step::Value> values;
     if (attributeIndex >= instance.arguments.size() ||
@@ -272,7 +273,7 @@ std::vector<Slot> targetsOf(Workspace& work, const step::Instance& instance, std
         return slots;
     }
     slots.reserve(values.size());
-    for (const step::Value& value : values) slots.push_back(work.file.find(step::referenceId(value)));
+    for (const step::Value& value : values) slots.push_back(reader.find(step::referenceId(value)));
     return slots;
 }
 

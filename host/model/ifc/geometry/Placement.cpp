@@ -38,10 +38,10 @@ Point rejected(const Point& p, const Point& axis) {
 }
 
 /// Two or three numbers of an instance's first argument.
-std::optional<Point> readTriple(Workspace& work, Slot slot) {
+std::optional<Point> readTriple(GeometryReader& reader, Slot slot) {
     step::Instance instance;
     std::vector<step::Value> numbers;
-    if (slot == step::NoSlot || !work.file.read(slot, instance) || instance.arguments.empty()) return std::nullopt;
+    if (slot == step::NoSlot || !reader.read(slot, instance) || instance.arguments.empty()) return std::nullopt;
     if (!step::splitAggregate(instance.arguments[0], numbers) || numbers.empty() || numbers.size() > 3) {
         return std::nullopt;
     }
@@ -56,15 +56,15 @@ std::optional<Point> readTriple(Workspace& work, Slot slot) {
 
 }  // namespace
 
-bool isOfClass(Workspace& work, Slot slot, std::string_view name) {
+bool isOfClass(GeometryReader& reader, Slot slot, std::string_view name) {
     if (slot == step::NoSlot) return false;
-    const Entity* entity = work.classes.of(slot).entity;
+    const Entity* entity = reader.classOf(slot).entity;
     return entity != nullptr && entity->isA(name);
 }
 
-Slot targetOf(Workspace& work, const step::Instance& instance, std::size_t attributeIndex) {
+Slot targetOf(GeometryReader& reader, const step::Instance& instance, std::size_t attributeIndex) {
     if (attributeIndex >= instance.arguments.size()) return step::NoSlot;
-    return work.file.find(step::referenceId(instance.arguments[attributeIndex]));
+    return reader.find(step::referenceId(instance.arguments[attributeIndex]));
 }
 
 Point Frame::turned(const Point& local) const {
@@ -79,31 +79,32 @@ Frame Frame::toOuter(const Frame& inner) const {
     return {turned(inner.x), turned(inner.y), turned(inner.z), toOuter(inner.origin)};
 }
 
-std::optional<Point> readPoint(Workspace& work, Slot slot) {
-    return isOfClass(work, slot, "IfcCartesianPoint") ? readTriple(work, slot) : std::nullopt;
+std::optional<Point> readPoint(GeometryReader& reader, Slot slot) {
+    return isOfClass(reader, slot, "IfcCartesianPoint") ? readTriple(reader, slot) : std::nullopt;
 }
 
-std::optional<Point> readDirection(Workspace& work, Slot slot) {
-    const auto ratios = isOfClass(work, slot, "IfcDirection") ? readTriple(work, slot) : std::nullopt;
+std::optional<Point> readDirection(GeometryReader& reader, Slot slot) {
+    const auto ratios = isOfClass(reader, slot, "IfcDirection") ? readTriple(reader, slot) : std::nullopt;
     return ratios ? unit(*ratios) : std::nullopt;
 }
 
-std::optional<Frame> readAxisPlacement(Workspace& work, Slot slot) {
-    const bool spatial = isOfClass(work, slot, "IfcAxis2Placement3D");
-    if (!spatial && !isOfClass(work, slot, "IfcAxis2Placement2D")) return std::nullopt;
+std::optional<Frame> readAxisPlacement(GeometryReader& reader, Slot slot) {
+    const bool spatial = isOfClass(reader, slot, "IfcAxis2Placement3D");
+    if (!spatial && !isOfClass(reader, slot, "IfcAxis2Placement2D")) return std::nullopt;
     step::Instance instance;
-    if (!work.file.read(slot, instance)) return std::nullopt;
-    const auto location = readPoint(work, targetOf(work, instance, 0));
+    if (!reader.read(slot, instance)) return std::nullopt;
+    const auto location = readPoint(reader, targetOf(reader, instance, 0));
     if (!location) return std::nullopt;
     Frame frame;
     frame.origin = *location;
-    if (spatial) frame.z = readDirection(work, targetOf(work, instance, 1)).value_or(frame.z);
-    const auto reference = readDirection(work, targetOf(work, instance, spatial ? 2 : 1)).value_or(Point{1, 0, 0});
+    if (spatial) frame.z = readDirection(reader, targetOf(reader, instance, 1)).value_or(frame.z);
+    const auto reference = readDirection(reader, targetOf(reader, instance, spatial ? 2 : 1)).value_or(Point{1, 0, 0});
     // Without a usable reference direction the standard takes the x axis, and the z axis where x lies along the axis.
     auto x = unit(rejected(reference, frame.z));
     if (!x) x = unit(rejected({1, 0, 0}, frame.z));
     frame.x = x ? *x : *unit(rejected({0, 0, 1}, frame.z));
     frame.y = cross(frame.z, frame.x);
+    if (reader.spent()) return std::nullopt;  // Directions that were not read would stand for themselves.
     return frame;
 }
 
@@ -116,49 +117,54 @@ Frame inverseOf(const Frame& frame) {
     return inverse;
 }
 
-std::optional<Frame> readTransformation(Workspace& work, Slot slot) {
-    const bool spatial = isOfClass(work, slot, "IfcCartesianTransformationOperator3D");
-    if (!spatial && !isOfClass(work, slot, "IfcCartesianTransformationOperator2D")) return std::nullopt;
+std::optional<Frame> readTransformation(GeometryReader& reader, Slot slot) {
+    const bool spatial = isOfClass(reader, slot, "IfcCartesianTransformationOperator3D");
+    if (!spatial && !isOfClass(reader, slot, "IfcCartesianTransformationOperator2D")) return std::nullopt;
     step::Instance instance;
-    if (!work.file.read(slot, instance)) return std::nullopt;
-    const auto origin = readPoint(work, targetOf(work, instance, 2));
+    if (!reader.read(slot, instance)) return std::nullopt;
+    const auto origin = readPoint(reader, targetOf(reader, instance, 2));
     if (!origin) return std::nullopt;
     const auto scale = [&](std::size_t attributeIndex, double otherwise) {
         if (attributeIndex >= instance.arguments.size()) return otherwise;
         return step::realValue(instance.arguments[attributeIndex]).value_or(otherwise);
     };
     Frame frame;
-    if (spatial) frame.z = readDirection(work, targetOf(work, instance, 4)).value_or(frame.z);
-    const auto axis1 = readDirection(work, targetOf(work, instance, 0)).value_or(Point{1, 0, 0});
+    if (spatial) frame.z = readDirection(reader, targetOf(reader, instance, 4)).value_or(frame.z);
+    const auto axis1 = readDirection(reader, targetOf(reader, instance, 0)).value_or(Point{1, 0, 0});
     frame.x = unit(rejected(axis1, frame.z)).value_or(frame.x);
     frame.y = cross(frame.z, frame.x);
     // The second axis may point the other way: then the copy is mirrored.
-    const auto axis2 = readDirection(work, targetOf(work, instance, 1));
+    const auto axis2 = readDirection(reader, targetOf(reader, instance, 1));
     if (axis2 && dot(*axis2, frame.y) < 0) frame.y = scaled(frame.y, -1);
     const double first = scale(3, 1), second = scale(spatial ? 5 : 4, first), third = spatial ? scale(6, first) : 1;
     return Frame{scaled(frame.x, first), scaled(frame.y, second), scaled(frame.z, third), *origin};
 }
 
-std::optional<Frame> placementOf(Workspace& work, Slot element) {
+std::optional<Frame> placementOf(GeometryReader& reader, Slot element) {
     step::Instance instance;
-    if (!work.file.read(element, instance)) return std::nullopt;
+    if (!reader.read(element, instance)) return std::nullopt;
     Slot placement =
-        work.file.find(step::referenceId(argument(instance, work.classes.of(element), Field::ObjectPlacement)));
+        reader.find(step::referenceId(argument(instance, reader.classOf(element), Field::ObjectPlacement)));
     if (placement == step::NoSlot) return std::nullopt;
     // A chain longer than any building is a circle.
     constexpr int Longest = 256;
     Frame frame;
     for (int i = 0; i < Longest; ++i) {
-        if (!isOfClass(work, placement, "IfcLocalPlacement") || !work.file.read(placement, instance))
+        if (!isOfClass(reader, placement, "IfcLocalPlacement") || !reader.read(placement, instance))
             return std::nullopt;
-        const auto outer = readAxisPlacement(work, targetOf(work, instance, 1));
+        const auto outer = readAxisPlacement(reader, targetOf(reader, instance, 1));
         if (!outer) return std::nullopt;
         frame = outer->toOuter(frame);
         const bool relative = !instance.arguments.empty() && instance.arguments[0].kind != step::ValueKind::Unset;
         if (!relative) return frame;
-        placement = targetOf(work, instance, 0);
+        placement = targetOf(reader, instance, 0);
     }
     return std::nullopt;
+}
+
+std::optional<Frame> placementOf(Workspace& work, Slot element) {
+    GeometryReader reader(work);
+    return placementOf(reader, element);
 }
 
 }  // namespace model::ifc

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/ifc/index/Workspace.hpp"
+#include "model/ifc/geometry/GeometryReader.hpp"
 
 namespace model::ifc {
 
@@ -22,23 +22,24 @@ Frame inverseOf(const Frame& frame);
 
 /// An IfcCartesianTransformationOperator of two or three dimensions, scaled and mirrored as it says. Nothing for
 /// anything else.
-std::optional<Frame> readTransformation(Workspace& work, step::Slot slot);
+std::optional<Frame> readTransformation(GeometryReader& reader, step::Slot slot);
 
 /// An IfcAxis2Placement3D or IfcAxis2Placement2D. Nothing for anything else.
-std::optional<Frame> readAxisPlacement(Workspace& work, step::Slot slot);
+std::optional<Frame> readAxisPlacement(GeometryReader& reader, step::Slot slot);
 
 /// The coordinates of an IfcCartesianPoint; two dimensions lie at z = 0.
-std::optional<Point> readPoint(Workspace& work, step::Slot slot);
+std::optional<Point> readPoint(GeometryReader& reader, step::Slot slot);
 /// The unit vector of an IfcDirection. Nothing where it has no length.
-std::optional<Point> readDirection(Workspace& work, step::Slot slot);
+std::optional<Point> readDirection(GeometryReader& reader, step::Slot slot);
 
 /// Whether the instance is of a class or below; false for NoSlot and unknown classes.
-bool isOfClass(Workspace& work, step::Slot slot, std::string_view name);
+bool isOfClass(GeometryReader& reader, step::Slot slot, std::string_view name);
 /// The instance that an argument refers to; NoSlot where it refers to none.
-step::Slot targetOf(Workspace& work, const step::Instance& instance, std::size_t attributeIndex);
+step::Slot targetOf(GeometryReader& reader, const step::Instance& instance, std::size_t attributeIndex);
 
 /// The element's coordinate system in the model's, up the chain of IfcLocalPlacements. Nothing where the element has
 /// none, or the chain is broken, circular, or holds another kind of placement.
+std::optional<Frame> placementOf(GeometryReader& reader, step::Slot element);
 std::optional<Frame> placementOf(Workspace& work, step::Slot element);
 
 }  // namespace model::ifc

@@ -2,12 +2,12 @@
 
 #include "model/ifc/geometry/Curves.hpp"
 #include "model/ifc/geometry/Profiles.hpp"
-#include "model/ifc/values/InstanceScan.hpp"
 #include "model/step/syntax/Numbers.hpp"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <map>
 #include <numbers>
 
 namespace model::ifc {
@@ -18,13 +18,13 @@ using step::Slot;
 
 class ShapeReader {
 public:
-    explicit ShapeReader(Workspace& workspace) : work_(workspace) {}
+    explicit ShapeReader(GeometryReader& reader) : reader_(reader) {}
 
     /// @return whether all of the item is of a known kind.
     bool read(Slot slot, const Frame& frame) {
         constexpr int Deepest = 32;
         step::Instance instance;
-        if (depth_ == Deepest || budget_ == 0 || slot == step::NoSlot || !work_.file.read(slot, instance)) return false;
+        if (depth_ == Deepest || budget_ == 0 || slot == step::NoSlot || !reader_.read(slot, instance)) return false;
         --budget_;
         ++depth_;
         const bool known = readKind(slot, instance, frame);
@@ -40,7 +40,7 @@ private:
     bool readAll(const std::vector<Slot>& slots, const Frame& frame) {
         return std::all_of(slots.begin(), slots.end(), [&](Slot slot) { return read(slot, frame); });
     }
-    bool mapped(const step::Instance& item, const Frame& frame);
+    bool mapped(Slot item, const Frame& frame);
     bool boolean(const step::Instance& result, const Frame& frame);
     bool extruded(const step::Instance& solid, const Frame& frame);
     bool revolved(const step::Instance& solid, const Frame& frame);
@@ -52,20 +52,22 @@ private:
     bool polygonal(const step::Instance& faces, const Frame& frame);
     std::optional<Ring> loop(Slot bound, const Frame& frame);
     std::optional<Ring> edgeLoop(const step::Instance& loop, const Frame& frame);
-    std::optional<Ring> indexed(const step::Value& numbers, const std::vector<Point>& points) const;
+    std::optional<Ring> indexed(const step::Value& numbers, const std::vector<Point>& points, const Frame& frame);
+    const std::vector<Point>& pointList(Slot list);
 
     bool sweep(const std::vector<Region>& profile, const std::vector<Frame>& stations);
     bool add(Region region);
 
-    Workspace& work_;
+    GeometryReader& reader_;
+    std::map<Slot, std::vector<Point>> lists_;
     int depth_ = 0;
     std::size_t budget_ = 50'000;       ///< Instances: a plan of a whole model asks for this of every element.
     std::size_t cornersLeft_ = 60'000;  ///< Of all regions.
 };
 
 bool ShapeReader::readKind(Slot slot, const step::Instance& instance, const Frame& frame) {
-    const auto is = [&](std::string_view name) { return isOfClass(work_, slot, name); };
-    if (is("IfcMappedItem")) return mapped(instance, frame);
+    const auto is = [&](std::string_view name) { return isOfClass(reader_, slot, name); };
+    if (is("IfcMappedItem")) return mapped(slot, frame);
     if (is("IfcBooleanResult")) return boolean(instance, frame);
     if (is("IfcExtrudedAreaSolid")) return extruded(instance, frame);
     if (is("IfcRevolvedAreaSolid")) return revolved(instance, frame);
@@ -75,11 +77,11 @@ bool ShapeReader::readKind(Slot slot, const step::Instance& instance, const Fram
     if (is("IfcFace")) return face(instance, frame);
     if (is("IfcTriangulatedFaceSet")) return triangulated(instance, frame);
     if (is("IfcPolygonalFaceSet")) return polygonal(instance, frame);
-    if (is("IfcCsgSolid") || is("IfcManifoldSolidBrep")) return read(targetOf(work_, instance, 0), frame);
+    if (is("IfcCsgSolid") || is("IfcManifoldSolidBrep")) return read(targetOf(reader_, instance, 0), frame);
     if (is("IfcFaceBasedSurfaceModel") || is("IfcShellBasedSurfaceModel") || is("IfcConnectedFaceSet")) {
-        return readAll(targetsOf(work_, instance, 0), frame);
+        return readAll(targetsOf(reader_, instance, 0), frame);
     }
-    if (is("IfcRepresentation")) return readAll(targetsOf(work_, instance, 3), frame);
+    if (is("IfcRepresentation")) return readAll(targetsOf(reader_, instance, 3), frame);
     // A set of geometry may hold surfaces beside curves and points, which cover nothing.
     return is("IfcStyledItem") || is("IfcCurve") || is("IfcPoint") || is("IfcTextLiteral") ||
            is("IfcAnnotationFillArea");
@@ -100,19 +102,15 @@ bool ShapeReader::add(Region region) {
     return true;
 }
 
-bool ShapeReader::mapped(const step::Instance& item, const Frame& frame) {
-    step::Instance map;
-    const Slot source = targetOf(work_, item, 0);
-    if (!isOfClass(work_, source, "IfcRepresentationMap") || !work_.file.read(source, map)) return false;
-    const Frame origin = readAxisPlacement(work_, targetOf(work_, map, 0)).value_or(Frame{});
-    const Frame target = readTransformation(work_, targetOf(work_, item, 1)).value_or(Frame{});
-    return read(targetOf(work_, map, 1), frame.toOuter(target.toOuter(inverseOf(origin))));
+bool ShapeReader::mapped(Slot item, const Frame& frame) {
+    const auto mapping = mappingOf(reader_, item);
+    return mapping && read(mapping->representation, frame.toOuter(mapping->frame));
 }
 
 bool ShapeReader::boolean(const step::Instance& result, const Frame& frame) {
-    if (!read(targetOf(work_, result, 1), frame)) return false;
+    if (!read(targetOf(reader_, result, 1), frame)) return false;
     const bool both = !result.arguments.empty() && step::enumerationItem(result.arguments[0]) == "UNION";
-    return !both || read(targetOf(work_, result, 2), frame);
+    return !both || read(targetOf(reader_, result, 2), frame);
 }
 
 /// A profile that is moved from station to station: where it is at each of them, and what its edges pass over between
@@ -143,10 +141,10 @@ bool ShapeReader::sweep(const std::vector<Region>& profile, const std::vector<Fr
 }
 
 bool ShapeReader::extruded(const step::Instance& solid, const Frame& frame) {
-    const auto profile = profileRegions(work_, targetOf(work_, solid, 0));
+    const auto profile = profileRegions(reader_, targetOf(reader_, solid, 0));
     if (!profile) return false;
-    const Frame base = frame.toOuter(readAxisPlacement(work_, targetOf(work_, solid, 1)).value_or(Frame{}));
-    const Point direction = readDirection(work_, targetOf(work_, solid, 2)).value_or(Point{0, 0, 1});
+    const Frame base = frame.toOuter(readAxisPlacement(reader_, targetOf(reader_, solid, 1)).value_or(Frame{}));
+    const Point direction = readDirection(reader_, targetOf(reader_, solid, 2)).value_or(Point{0, 0, 1});
     const double height = numberIn(solid, 3);
     Frame lift;
     lift.origin = {direction.x * height, direction.y * height, direction.z * height};
@@ -163,16 +161,16 @@ bool ShapeReader::extruded(const step::Instance& solid, const Frame& frame) {
 
 bool ShapeReader::revolved(const step::Instance& solid, const Frame& frame) {
     step::Instance axis;
-    const auto profile = profileRegions(work_, targetOf(work_, solid, 0));
-    const Slot axisSlot = targetOf(work_, solid, 2);
-    if (!profile || !isOfClass(work_, axisSlot, "IfcAxis1Placement") || !work_.file.read(axisSlot, axis)) return false;
-    const auto origin = readPoint(work_, targetOf(work_, axis, 0));
-    const Point along = readDirection(work_, targetOf(work_, axis, 1)).value_or(Point{0, 0, 1});
+    const auto profile = profileRegions(reader_, targetOf(reader_, solid, 0));
+    const Slot axisSlot = targetOf(reader_, solid, 2);
+    if (!profile || !isOfClass(reader_, axisSlot, "IfcAxis1Placement") || !reader_.read(axisSlot, axis)) return false;
+    const auto origin = readPoint(reader_, targetOf(reader_, axis, 0));
+    const Point along = readDirection(reader_, targetOf(reader_, axis, 1)).value_or(Point{0, 0, 1});
     if (!origin) return false;
     double angle = numberIn(solid, 3);
     if (std::abs(angle) > 2 * std::numbers::pi + 1e-6) angle *= std::numbers::pi / 180;  // Given in degrees.
     if (!(std::abs(angle) < 100)) return false;
-    const Frame base = frame.toOuter(readAxisPlacement(work_, targetOf(work_, solid, 1)).value_or(Frame{}));
+    const Frame base = frame.toOuter(readAxisPlacement(reader_, targetOf(reader_, solid, 1)).value_or(Frame{}));
     const int steps = std::clamp(static_cast<int>(std::ceil(std::abs(angle) * 8)), 1, 48);
     std::vector<Frame> stations;
     for (int i = 0; i <= steps; ++i) {
@@ -193,7 +191,7 @@ bool ShapeReader::revolved(const step::Instance& solid, const Frame& frame) {
 
 /// A pipe or a bar: around each piece of its line a rectangle, around each bend a circle.
 bool ShapeReader::sweptDisk(const step::Instance& solid, const Frame& frame) {
-    const auto line = curvePoints(work_, targetOf(work_, solid, 0));
+    const auto line = curvePoints(reader_, targetOf(reader_, solid, 0));
     const double radius = numberIn(solid, 1);
     if (!line || !(radius > 0)) return false;
     for (std::size_t i = 0; i < line->size(); ++i) {
@@ -220,7 +218,7 @@ bool ShapeReader::sweptDisk(const step::Instance& solid, const Frame& frame) {
 }
 
 bool ShapeReader::block(const step::Instance& solid, const Frame& frame) {
-    const Frame base = frame.toOuter(readAxisPlacement(work_, targetOf(work_, solid, 0)).value_or(Frame{}));
+    const Frame base = frame.toOuter(readAxisPlacement(reader_, targetOf(reader_, solid, 0)).value_or(Frame{}));
     const double x = numberIn(solid, 1), y = numberIn(solid, 2);
     Frame lift;
     lift.origin.z = numberIn(solid, 3);
@@ -228,7 +226,7 @@ bool ShapeReader::block(const step::Instance& solid, const Frame& frame) {
 }
 
 bool ShapeReader::cylinder(const step::Instance& solid, const Frame& frame) {
-    const Frame base = frame.toOuter(readAxisPlacement(work_, targetOf(work_, solid, 0)).value_or(Frame{}));
+    const Frame base = frame.toOuter(readAxisPlacement(reader_, targetOf(reader_, solid, 0)).value_or(Frame{}));
     const double radius = numberIn(solid, 2);
     Frame lift;
     lift.origin.z = numberIn(solid, 1);
@@ -237,7 +235,7 @@ bool ShapeReader::cylinder(const step::Instance& solid, const Frame& frame) {
 
 bool ShapeReader::face(const step::Instance& face, const Frame& frame) {
     Region region;
-    for (const Slot bound : targetsOf(work_, face, 0)) {
+    for (const Slot bound : targetsOf(reader_, face, 0)) {
         auto ring = loop(bound, frame);
         if (!ring) return false;
         region.push_back(std::move(*ring));
@@ -247,14 +245,14 @@ bool ShapeReader::face(const step::Instance& face, const Frame& frame) {
 
 std::optional<Ring> ShapeReader::loop(Slot bound, const Frame& frame) {
     step::Instance instance, loop;
-    if (!isOfClass(work_, bound, "IfcFaceBound") || !work_.file.read(bound, instance)) return std::nullopt;
-    const Slot slot = targetOf(work_, instance, 0);
-    if (slot == step::NoSlot || !work_.file.read(slot, loop)) return std::nullopt;
-    if (isOfClass(work_, slot, "IfcEdgeLoop")) return edgeLoop(loop, frame);
-    if (!isOfClass(work_, slot, "IfcPolyLoop")) return std::nullopt;
+    if (!isOfClass(reader_, bound, "IfcFaceBound") || !reader_.read(bound, instance)) return std::nullopt;
+    const Slot slot = targetOf(reader_, instance, 0);
+    if (slot == step::NoSlot || !reader_.read(slot, loop)) return std::nullopt;
+    if (isOfClass(reader_, slot, "IfcEdgeLoop")) return edgeLoop(loop, frame);
+    if (!isOfClass(reader_, slot, "IfcPolyLoop")) return std::nullopt;
     Ring ring;
-    for (const Slot corner : targetsOf(work_, loop, 0)) {
-        const auto point = readPoint(work_, corner);
+    for (const Slot corner : targetsOf(reader_, loop, 0)) {
+        const auto point = readPoint(reader_, corner);
         if (!point || budget_ == 0) return std::nullopt;
         --budget_;
         ring.push_back(frame.toOuter(*point));
@@ -266,26 +264,26 @@ std::optional<Ring> ShapeReader::loop(Slot bound, const Frame& frame) {
 /// edges of a round column or wall, seen from above, are its outline.
 std::optional<Ring> ShapeReader::edgeLoop(const step::Instance& loop, const Frame& frame) {
     Ring ring;
-    for (const Slot slot : targetsOf(work_, loop, 0)) {
+    for (const Slot slot : targetsOf(reader_, loop, 0)) {
         step::Instance oriented, edge, vertex;
-        if (budget_ == 0 || !isOfClass(work_, slot, "IfcOrientedEdge") || !work_.file.read(slot, oriented)) {
+        if (budget_ == 0 || !isOfClass(reader_, slot, "IfcOrientedEdge") || !reader_.read(slot, oriented)) {
             return std::nullopt;
         }
         --budget_;
-        const Slot element = targetOf(work_, oriented, 2);
-        if (!isOfClass(work_, element, "IfcEdgeCurve") || !work_.file.read(element, edge)) return std::nullopt;
+        const Slot element = targetOf(reader_, oriented, 2);
+        if (!isOfClass(reader_, element, "IfcEdgeCurve") || !reader_.read(element, edge)) return std::nullopt;
         std::array<Point, 2> ends;
         for (const std::size_t i : {std::size_t{0}, std::size_t{1}}) {
-            const Slot at = targetOf(work_, edge, i);
-            if (!isOfClass(work_, at, "IfcVertexPoint") || !work_.file.read(at, vertex)) return std::nullopt;
-            const auto point = readPoint(work_, targetOf(work_, vertex, 0));
+            const Slot at = targetOf(reader_, edge, i);
+            if (!isOfClass(reader_, at, "IfcVertexPoint") || !reader_.read(at, vertex)) return std::nullopt;
+            const auto point = readPoint(reader_, targetOf(reader_, vertex, 0));
             if (!point) return std::nullopt;
             ends[i] = *point;
         }
         const bool sameSense = edge.arguments.size() > 3 && step::enumerationItem(edge.arguments[3]) != "F";
-        const Slot curve = targetOf(work_, edge, 2);
-        auto points = curvePart(work_, curve, ends[0], ends[1], sameSense);
-        if (!points) points = curvePoints(work_, curve);
+        const Slot curve = targetOf(reader_, edge, 2);
+        auto points = curvePart(reader_, curve, ends[0], ends[1], sameSense);
+        if (!points) points = curvePoints(reader_, curve);
         if (!points) return std::nullopt;
         if (oriented.arguments.size() > 3 && step::enumerationItem(oriented.arguments[3]) == "F") {
             std::reverse(points->begin(), points->end());
@@ -295,59 +293,65 @@ std::optional<Ring> ShapeReader::edgeLoop(const step::Instance& loop, const Fram
     return ring;
 }
 
+/// The parts of a surface may share one list.
+const std::vector<Point>& ShapeReader::pointList(Slot list) {
+    const auto [known, isNew] = lists_.try_emplace(list);
+    if (isNew) known->second = readPointList(reader_, list);
+    return known->second;
+}
+
 /// @param numbers  Places in the list, counted from 1.
-std::optional<Ring> ShapeReader::indexed(const step::Value& numbers, const std::vector<Point>& points) const {
+std::optional<Ring> ShapeReader::indexed(const step::Value& numbers, const std::vector<Point>& points,
+                                         const Frame& frame) {
     std::vector<step::Value> list;
-    if (!step::splitAggregate(numbers, list)) return std::nullopt;
+    if (!step::splitAggregate(numbers, list) || !reader_.makeCorners(list.size() + 1)) return std::nullopt;
     Ring ring;
     for (const step::Value& number : list) {
         const double place = step::realValue(number).value_or(0);
         if (!(place >= 1 && place <= static_cast<double>(points.size()))) return std::nullopt;
-        ring.push_back(points[static_cast<std::size_t>(place) - 1]);
+        ring.push_back(frame.toOuter(points[static_cast<std::size_t>(place) - 1]));
     }
     return ring;
 }
 
 bool ShapeReader::triangulated(const step::Instance& faces, const Frame& frame) {
-    std::vector<Point> points = readPointList(work_, targetOf(work_, faces, 0));
-    for (Point& point : points) point = frame.toOuter(point);
+    const std::vector<Point>* points = &pointList(targetOf(reader_, faces, 0));
     std::vector<step::Value> triangles, places;
     if (faces.arguments.size() < 4 || !step::splitAggregate(faces.arguments[3], triangles)) return false;
     const bool indirect = faces.arguments.size() > 4 && step::splitAggregate(faces.arguments[4], places);
+    std::vector<Point> picked;
     if (indirect) {
-        std::vector<Point> picked;
         for (const step::Value& place : places) {
             const double number = step::realValue(place).value_or(0);
-            if (!(number >= 1 && number <= static_cast<double>(points.size()))) return false;
-            picked.push_back(points[static_cast<std::size_t>(number) - 1]);
+            if (!(number >= 1 && number <= static_cast<double>(points->size()))) return false;
+            picked.push_back((*points)[static_cast<std::size_t>(number) - 1]);
         }
-        points = std::move(picked);
+        points = &picked;
     }
     return std::all_of(triangles.begin(), triangles.end(), [&](const step::Value& triangle) {
-        auto ring = indexed(triangle, points);
+        auto ring = indexed(triangle, *points, frame);
         return ring && add({std::move(*ring)});
     });
 }
 
 bool ShapeReader::polygonal(const step::Instance& faces, const Frame& frame) {
-    std::vector<Point> points = readPointList(work_, targetOf(work_, faces, 0));
-    for (Point& point : points) point = frame.toOuter(point);
+    const std::vector<Point>& points = pointList(targetOf(reader_, faces, 0));
     std::vector<step::Value> places;
     if (faces.arguments.size() > 3 && step::splitAggregate(faces.arguments[3], places) && !places.empty()) return false;
-    for (const Slot slot : targetsOf(work_, faces, 2)) {
+    for (const Slot slot : targetsOf(reader_, faces, 2)) {
         step::Instance polygon;
-        if (budget_ == 0 || !isOfClass(work_, slot, "IfcIndexedPolygonalFace") || !work_.file.read(slot, polygon) ||
+        if (budget_ == 0 || !isOfClass(reader_, slot, "IfcIndexedPolygonalFace") || !reader_.read(slot, polygon) ||
             polygon.arguments.empty()) {
             return false;
         }
         --budget_;
-        auto outer = indexed(polygon.arguments[0], points);
+        auto outer = indexed(polygon.arguments[0], points, frame);
         if (!outer) return false;
         Region region{std::move(*outer)};
         std::vector<step::Value> holes;
         if (polygon.arguments.size() > 1 && step::splitAggregate(polygon.arguments[1], holes)) {
             for (const step::Value& hole : holes) {
-                auto inner = indexed(hole, points);
+                auto inner = indexed(hole, points, frame);
                 if (!inner) return false;
                 region.push_back(std::move(*inner));
             }
@@ -359,36 +363,13 @@ bool ShapeReader::polygonal(const step::Instance& faces, const Frame& frame) {
 
 }  // namespace
 
-std::vector<Slot> chosenRepresentations(Workspace& work, Slot element) {
-    step::Instance instance;
-    if (!work.file.read(element, instance)) return {};
-    const Class& cls = work.classes.of(element);
-    const Slot shape = work.file.find(step::referenceId(argument(instance, cls, Field::Representation)));
-    if (shape == step::NoSlot) return {};
-    std::vector<Slot> all, bodies;
-    forEachReference(work.file.text(shape), AllArguments, [&](unsigned, std::string_view token) {
-        const Slot slot = work.file.find(tokenId(token));
-        if (!isOfClass(work, slot, "IfcRepresentation")) return true;
-        all.push_back(slot);
-        if (leadingString(work.file.text(slot), 1) == "'Body'") bodies.push_back(slot);
-        return true;
-    });
-    return bodies.empty() ? all : bodies;
-}
-
-std::optional<PlanShape> planShapeOf(Workspace& work, Slot element) {
-    step::Instance instance;
-    if (!work.file.read(element, instance)) return std::nullopt;
-    const bool placed =
-        argument(instance, work.classes.of(element), Field::ObjectPlacement).kind != step::ValueKind::Unset;
-    const auto frame = placed ? placementOf(work, element) : std::optional(Frame{});
-    if (!frame) return std::nullopt;
-    ShapeReader reader(work);
-    for (const Slot representation : chosenRepresentations(work, element)) {
-        if (!reader.read(representation, *frame)) return std::nullopt;
+std::optional<PlanShape> planShapeOf(GeometryReader& reader, const ElementGeometry& geometry) {
+    ShapeReader shape(reader);
+    for (const Slot representation : geometry.representations) {
+        if (!shape.read(representation, geometry.frame)) return std::nullopt;
     }
-    if (reader.regions.empty()) return std::nullopt;
-    return PlanShape{std::move(reader.regions), reader.bottom, reader.top};
+    if (shape.regions.empty() || reader.spent()) return std::nullopt;
+    return PlanShape{std::move(shape.regions), shape.bottom, shape.top};
 }
 
 }  // namespace model::ifc

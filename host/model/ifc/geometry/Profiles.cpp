@@ -33,19 +33,19 @@ constexpr std::array Sizes = {
     SizeRow{"IfcZShapeProfileDef", 4, 3},
 };
 
-std::optional<std::vector<Point>> unplacedPoints(Workspace& work, Slot profile, const step::Instance& instance) {
+std::optional<std::vector<Point>> unplacedPoints(GeometryReader& reader, Slot profile, const step::Instance& instance) {
     const auto number = [&](std::size_t attributeIndex) { return numberIn(instance, attributeIndex); };
-    if (isOfClass(work, profile, "IfcCircleProfileDef")) return ellipsePoints(number(3), number(3), 0, FullTurn);
-    if (isOfClass(work, profile, "IfcEllipseProfileDef")) return ellipsePoints(number(3), number(4), 0, FullTurn);
+    if (isOfClass(reader, profile, "IfcCircleProfileDef")) return ellipsePoints(number(3), number(3), 0, FullTurn);
+    if (isOfClass(reader, profile, "IfcEllipseProfileDef")) return ellipsePoints(number(3), number(4), 0, FullTurn);
     for (const SizeRow& row : Sizes) {
-        if (isOfClass(work, profile, row.ifcClass)) return rectangle(number(row.x), number(row.y));
+        if (isOfClass(reader, profile, row.ifcClass)) return rectangle(number(row.x), number(row.y));
     }
     return std::nullopt;
 }
 
 /// The outline of a steel section around the middle of its bounding box; empty for other profiles.
-Ring sectionOutline(Workspace& work, Slot profile, const step::Instance& instance) {
-    const auto is = [&](std::string_view name) { return isOfClass(work, profile, name); };
+Ring sectionOutline(GeometryReader& reader, Slot profile, const step::Instance& instance) {
+    const auto is = [&](std::string_view name) { return isOfClass(reader, profile, name); };
     const auto number = [&](std::size_t attributeIndex) { return numberIn(instance, attributeIndex); };
     const double thick = number(6);  // Of a flange; an L has one thickness, one place before.
     if (is("IfcIShapeProfileDef")) {
@@ -76,11 +76,11 @@ Ring sectionOutline(Workspace& work, Slot profile, const step::Instance& instanc
 }
 
 /// What a hollow profile has not got in its middle.
-Ring hollowOf(Workspace& work, Slot profile, const step::Instance& instance) {
-    if (isOfClass(work, profile, "IfcCircleHollowProfileDef")) {
+Ring hollowOf(GeometryReader& reader, Slot profile, const step::Instance& instance) {
+    if (isOfClass(reader, profile, "IfcCircleHollowProfileDef")) {
         const double inner = numberIn(instance, 3) - numberIn(instance, 4);
         if (inner > 0) return ellipsePoints(inner, inner, 0, FullTurn);
-    } else if (isOfClass(work, profile, "IfcRectangleHollowProfileDef")) {
+    } else if (isOfClass(reader, profile, "IfcRectangleHollowProfileDef")) {
         const double walls = 2 * numberIn(instance, 5);
         const double x = numberIn(instance, 3) - walls, y = numberIn(instance, 4) - walls;
         if (x > 0 && y > 0) return rectangle(x, y);
@@ -93,16 +93,22 @@ void move(Region& region, const Frame& frame) {
         for (Point& point : ring) point = frame.toOuter(point);
 }
 
+std::size_t cornersOf(const Region& region) {
+    std::size_t count = 0;
+    for (const Ring& ring : region) count += ring.size();
+    return count;
+}
+
 class ProfileReader {
 public:
-    explicit ProfileReader(Workspace& workspace) : work_(workspace) {}
+    explicit ProfileReader(GeometryReader& reader) : reader_(reader) {}
 
     std::optional<std::vector<Region>> read(Slot profile) {
         constexpr int Deepest = 8;
         constexpr int MostProfiles = 1000;  // Composites may be of composites.
         step::Instance instance;
         if (depth_ == Deepest || ++count_ > MostProfiles || profile == step::NoSlot ||
-            !work_.file.read(profile, instance)) {
+            !reader_.read(profile, instance)) {
             return std::nullopt;
         }
         ++depth_;
@@ -113,13 +119,13 @@ public:
 
 private:
     std::optional<std::vector<Region>> readKind(Slot profile, const step::Instance& instance) {
-        const auto is = [&](std::string_view name) { return isOfClass(work_, profile, name); };
+        const auto is = [&](std::string_view name) { return isOfClass(reader_, profile, name); };
         if (is("IfcParameterizedProfileDef")) return parameterized(profile, instance);
         if (is("IfcArbitraryClosedProfileDef")) return closed(profile, instance);
         if (is("IfcDerivedProfileDef")) return derived(profile, instance);
         if (!is("IfcCompositeProfileDef")) return std::nullopt;
         std::vector<Region> all;
-        for (const Slot part : targetsOf(work_, instance, 2)) {
+        for (const Slot part : targetsOf(reader_, instance, 2)) {
             auto regions = read(part);
             if (!regions) return std::nullopt;
             std::move(regions->begin(), regions->end(), std::back_inserter(all));
@@ -129,25 +135,26 @@ private:
 
     std::optional<std::vector<Region>> parameterized(Slot profile, const step::Instance& instance) const {
         Region region;
-        if (Ring section = sectionOutline(work_, profile, instance); !section.empty()) {
+        if (Ring section = sectionOutline(reader_, profile, instance); !section.empty()) {
             region.push_back(std::move(section));
-        } else if (auto points = unplacedPoints(work_, profile, instance)) {
+        } else if (auto points = unplacedPoints(reader_, profile, instance)) {
             region.push_back(std::move(*points));
         } else {
             return std::nullopt;
         }
-        if (Ring middle = hollowOf(work_, profile, instance); !middle.empty()) region.push_back(std::move(middle));
-        if (const auto position = readAxisPlacement(work_, targetOf(work_, instance, 2))) move(region, *position);
+        if (Ring middle = hollowOf(reader_, profile, instance); !middle.empty()) region.push_back(std::move(middle));
+        if (!reader_.makeCorners(cornersOf(region))) return std::nullopt;
+        if (const auto position = readAxisPlacement(reader_, targetOf(reader_, instance, 2))) move(region, *position);
         return std::vector<Region>(1, region);
     }
 
     std::optional<std::vector<Region>> closed(Slot profile, const step::Instance& instance) const {
-        auto outer = curvePoints(work_, targetOf(work_, instance, 2));
+        auto outer = curvePoints(reader_, targetOf(reader_, instance, 2));
         if (!outer) return std::nullopt;
         Region region{std::move(*outer)};
-        if (isOfClass(work_, profile, "IfcArbitraryProfileDefWithVoids")) {
-            for (const Slot slot : targetsOf(work_, instance, 3)) {
-                auto inner = curvePoints(work_, slot);
+        if (isOfClass(reader_, profile, "IfcArbitraryProfileDefWithVoids")) {
+            for (const Slot slot : targetsOf(reader_, instance, 3)) {
+                auto inner = curvePoints(reader_, slot);
                 if (!inner) return std::nullopt;
                 region.push_back(std::move(*inner));
             }
@@ -156,39 +163,42 @@ private:
     }
 
     std::optional<std::vector<Region>> derived(Slot profile, const step::Instance& instance) {
-        auto regions = read(targetOf(work_, instance, 2));
+        auto regions = read(targetOf(reader_, instance, 2));
         if (!regions) return std::nullopt;
         Frame operation;
         operation.x = {-1, 0, 0};  // That of an IfcMirroredProfileDef is derived: it stands for the y axis.
-        if (!isOfClass(work_, profile, "IfcMirroredProfileDef")) {
-            const auto given = readTransformation(work_, targetOf(work_, instance, 3));
+        if (!isOfClass(reader_, profile, "IfcMirroredProfileDef")) {
+            const auto given = readTransformation(reader_, targetOf(reader_, instance, 3));
             if (!given) return std::nullopt;
             operation = *given;
         }
-        for (Region& region : *regions) move(region, operation);
+        for (Region& region : *regions) {
+            if (!reader_.makeCorners(cornersOf(region))) return std::nullopt;
+            move(region, operation);
+        }
         return regions;
     }
 
-    Workspace& work_;
+    GeometryReader& reader_;
     int depth_ = 0, count_ = 0;
 };
 
 }  // namespace
 
-std::optional<std::vector<Point>> profilePoints(Workspace& work, Slot profile) {
+std::optional<std::vector<Point>> profilePoints(GeometryReader& reader, Slot profile) {
     step::Instance instance;
-    if (!isOfClass(work, profile, "IfcParameterizedProfileDef") || !work.file.read(profile, instance)) {
+    if (!isOfClass(reader, profile, "IfcParameterizedProfileDef") || !reader.read(profile, instance)) {
         return std::nullopt;
     }
-    auto points = unplacedPoints(work, profile, instance);
-    const auto position = readAxisPlacement(work, targetOf(work, instance, 2));
+    auto points = unplacedPoints(reader, profile, instance);
+    const auto position = readAxisPlacement(reader, targetOf(reader, instance, 2));
     if (!points || !position) return points;
     for (Point& point : *points) point = position->toOuter(point);
     return points;
 }
 
-std::optional<std::vector<Region>> profileRegions(Workspace& work, Slot profile) {
-    return ProfileReader(work).read(profile);
+std::optional<std::vector<Region>> profileRegions(GeometryReader& reader, Slot profile) {
+    return ProfileReader(reader).read(profile);
 }
 
 }  // namespace model::ifc

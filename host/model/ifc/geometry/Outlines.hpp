@@ -1,0 +1,44 @@
+#pragma once
+
+#include "model/ifc/geometry/ElementGeometry.hpp"
+#include "model/ifc/geometry/PlanShape.hpp"
+#include "model/ifc/geometry/Spatial.hpp"
+
+#include <map>
+
+namespace model::ifc {
+
+/// The outlines of elements in plan. Many elements may show one geometry at different places: what it covers is put
+/// together once for each way that it is turned, and kept until the file changes.
+class Outlines {
+public:
+    explicit Outlines(Workspace& work) : work_(work) {}
+
+    /// See Model::outline.
+    PlanOutline of(step::Slot element);
+
+    /// So many corners are kept, however many elements are asked for: some megabytes.
+    static constexpr std::size_t MostKept = 200'000;
+    std::size_t kept() const { return kept_; }
+
+private:
+    /// What a geometry covers around its own origin.
+    struct Covered {
+        std::optional<PlanArea> area;
+        double bottom = 0, top = 0;
+        std::optional<std::vector<Point>> hull;  ///< Once it has been asked for.
+    };
+
+    Covered& covered(const ElementGeometry& geometry);
+    const std::vector<Point>& hull(const ElementGeometry& geometry, Covered& covered);
+    std::vector<Region> openingsAt(step::Slot element, const Point& origin, double height);
+
+    using Axes = std::array<double, 9>;
+    Workspace& work_;
+    Openings openings_{work_};
+    std::uint64_t revision_ = 0;
+    std::map<std::pair<step::Slot, Axes>, Covered> covered_;  ///< By the geometry's source and axes.
+    std::size_t kept_ = 0;                                    ///< Corners in it; each entry counts as some.
+};
+
+}  // namespace model::ifc
