@@ -93,11 +93,19 @@ model::Status DataChanges::addShared(const Sources& sources, ChangedElement& ele
 }
 
 model::Result<std::vector<Change>> DataChanges::read(const ChangedElement& element, ChangeKind kind) const {
-    const auto before = valuesOf(a_, element.a, kind);
+    if (kind == ChangeKind::Property) return readProperties(element);
+    const auto valuesOf = kind == ChangeKind::Attribute ? attributesOf : classificationsOf;
+    const auto before = valuesOf(a_, element.a);
     if (!before) return before.error();
-    const auto after = valuesOf(b_, element.b, kind);
+    const auto after = valuesOf(b_, element.b);
     if (!after) return after.error();
     return changesBetween(*before, *after);
+}
+
+std::vector<Change> DataChanges::readProperties(const ChangedElement& element) const {
+    const Names names = namesThatDiffer(a_, element.a, b_, element.b);
+    if (names.empty()) return {};
+    return changesBetween(propertiesNamed(a_, element.a, names), propertiesNamed(b_, element.b, names));
 }
 
 }  // namespace comparing

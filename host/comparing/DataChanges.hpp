@@ -27,6 +27,7 @@ private:
 
     model::Status addShared(const Sources& sources, ChangedElement& element);
     model::Result<std::vector<Change>> read(const ChangedElement& element, ChangeKind kind) const;
+    std::vector<Change> readProperties(const ChangedElement& element) const;
 
     const model::Model& a_;
     const model::Model& b_;

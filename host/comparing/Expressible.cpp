@@ -89,6 +89,7 @@ private:
     };
 
     bool anyWritable(ChangeKind kind) const;
+    Names namesTried() const;
     model::Status readCurrent();
     model::Status readShared();
     void findPlaces();
@@ -116,6 +117,14 @@ bool ElementTrial::anyWritable(ChangeKind kind) const {
     });
 }
 
+/// Up to their brackets, as the review list looks for them.
+Names ElementTrial::namesTried() const {
+    Names names;
+    for (const Attempt& attempt : attempts_)
+        if (attempt.change.writable()) names.insert(text::fromUtf8(textBefore(attempt.change.item, '[')));
+    return names;
+}
+
 /// The rules of the review list: attributes hide properties, which hide classifications.
 model::Status ElementTrial::readCurrent() {
     const auto attributes = model_.attributes(element_);
@@ -132,15 +141,16 @@ model::Status ElementTrial::readCurrent() {
 model::Status ElementTrial::readShared() {
     const auto classifications = model_.classifications(element_);
     if (!classifications) return classifications.error();
-    const auto properties = model_.properties(element_);
-    if (!properties) return properties.error();
     for (const auto& reference : *classifications) shown_[reference.system] = reference.itemReference.value_or(u"");
-    for (const model::Property& property : *properties) {
+    const Names names = namesTried();
+    model_.visitProperties(element_, [&](const model::PropertyView& property) {
+        if (!names.contains(property.name)) return;
         const bool single = property.kind == model::PropertyKind::Single;
-        shown_[property.name] = single ? updatefile::propertyText(property.value) : u"????";
-        if (single && property.value.primitive == model::Primitive::Real)
+        shown_[std::u16string(property.name)] =
+            single ? updatefile::propertyText(updatefile::valueOf(property)) : u"????";
+        if (single && property.primitive == model::Primitive::Real)
             reals_.insert({text::toUtf8(property.set), text::toUtf8(property.name)});
-    }
+    });
     return {};
 }
 
@@ -214,12 +224,15 @@ std::string ElementTrial::write(const Attempt& attempt) {
 }
 
 model::Status ElementTrial::compareWritten() {
-    for (const ChangeKind kind : {ChangeKind::Attribute, ChangeKind::Property, ChangeKind::Classification}) {
+    for (const ChangeKind kind : {ChangeKind::Attribute, ChangeKind::Classification}) {
         if (!anyWritable(kind)) continue;
-        const auto values = valuesOf(model_, element_, kind);
+        const auto values =
+            kind == ChangeKind::Attribute ? attributesOf(model_, element_) : classificationsOf(model_, element_);
         if (!values) return values.error();
         compareWith(*values, kind);
     }
+    if (anyWritable(ChangeKind::Property))
+        compareWith(propertiesNamed(model_, element_, namesTried()), ChangeKind::Property);
     return {};
 }
 

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <iterator>
 #include <map>
 #include <utility>
 
@@ -90,7 +91,7 @@ void readSingle(const model::PropertyValue& held, Value& value) {
     value.rounded = !readsBack(value.shown, held.real);
 }
 
-Value propertyValue(const Model& model, const model::Property& property, Places& places) {
+Value propertyValue(const Model& model, const model::PropertyView& property, Places& places) {
     Value value;
     value.kind = ChangeKind::Property;
     value.set = property.set;
@@ -101,7 +102,7 @@ Value propertyValue(const Model& model, const model::Property& property, Places&
         value.shown = value.exact = listText(model.workspace(), places.find(property.set, property.name));
         return value;
     }
-    readSingle(property.value, value);
+    readSingle(updatefile::valueOf(property), value);
     return value;
 }
 
@@ -112,6 +113,29 @@ std::vector<Value> counted(std::vector<Value> values) {
     return values;
 }
 
+std::u16string_view upToBracket(std::u16string_view name) {
+    return name.substr(0, name.find(u'['));
+}
+
+bool sameItem(const model::PropertyView& a, const model::PropertyView& b) {
+    return a.name == b.name && a.set == b.set;
+}
+
+bool sameValue(const model::PropertyView& a, const model::PropertyView& b) {
+    // What a list or a table holds is not in here.
+    return a.kind == model::PropertyKind::Single && b.kind == a.kind && a.primitive == b.primitive &&
+           a.integer == b.integer && a.real == b.real && a.boolean == b.boolean && a.string == b.string;
+}
+
+/// Valid until properties of the model are read again.
+std::vector<model::PropertyView> viewsOf(const Model& model, Element element) {
+    std::vector<model::PropertyView> views;
+    model.visitProperties(element, [&](const model::PropertyView& property) { views.push_back(property); });
+    return views;
+}
+
+}  // namespace
+
 model::Result<std::vector<Value>> attributesOf(const Model& model, Element element) {
     const auto attributes = model.attributes(element);
     if (!attributes) return attributes.error();
@@ -119,15 +143,6 @@ model::Result<std::vector<Value>> attributesOf(const Model& model, Element eleme
     for (const model::Attribute& attribute : *attributes)
         if (attribute.name != "GlobalId") values.push_back(attributeValue(attribute));
     return values;
-}
-
-model::Result<std::vector<Value>> propertiesOf(const Model& model, Element element) {
-    const auto properties = model.properties(element);
-    if (!properties) return properties.error();
-    std::vector<Value> values;
-    Places places(model, element);
-    for (const model::Property& property : *properties) values.push_back(propertyValue(model, property, places));
-    return counted(std::move(values));
 }
 
 model::Result<std::vector<Value>> classificationsOf(const Model& model, Element element) {
@@ -138,20 +153,35 @@ model::Result<std::vector<Value>> classificationsOf(const Model& model, Element 
     return counted(std::move(values));
 }
 
-}  // namespace
+std::vector<Value> propertiesNamed(const Model& model, Element element, const Names& names) {
+    std::vector<model::PropertyView> views;
+    model.visitProperties(element, [&](const model::PropertyView& property) {
+        if (names.contains(upToBracket(property.name))) views.push_back(property);
+    });
+    std::vector<Value> values;
+    Places places(model, element);
+    for (const model::PropertyView& property : views) values.push_back(propertyValue(model, property, places));
+    return counted(std::move(values));
+}
 
-model::Result<std::vector<Value>> valuesOf(const Model& model, Element element, ChangeKind kind) {
-    switch (kind) {
-        case ChangeKind::Attribute:
-            return attributesOf(model, element);
-        case ChangeKind::Property:
-            return propertiesOf(model, element);
-        case ChangeKind::Classification:
-            return classificationsOf(model, element);
-        case ChangeKind::Other:
-            break;
-    }
-    return std::vector<Value>();
+Names namesThatDiffer(const Model& a, Element inA, const Model& b, Element inB) {
+    const auto before = viewsOf(a, inA), after = viewsOf(b, inB);
+    Names names;
+    const auto add = [&](const model::PropertyView& property) { names.emplace(upToBracket(property.name)); };
+    // From the front and from the end they go side by side, with other values perhaps, and between is what one of them
+    // has more.
+    const auto [middleA, middleB] = std::mismatch(before.begin(), before.end(), after.begin(), after.end(), sameItem);
+    const auto [endA, endB] = std::mismatch(before.rbegin(), std::make_reverse_iterator(middleA), after.rbegin(),
+                                            std::make_reverse_iterator(middleB), sameItem);
+    std::for_each(middleA, endA.base(), add);
+    std::for_each(middleB, endB.base(), add);
+    const auto addDifferent = [&](auto inBefore, auto end, auto inAfter) {
+        for (; inBefore != end; ++inBefore, ++inAfter)
+            if (!sameValue(*inBefore, *inAfter)) add(*inBefore);
+    };
+    addDifferent(before.begin(), middleA, after.begin());
+    addDifferent(endA.base(), before.end(), endB.base());
+    return names;
 }
 
 std::string itemOf(const Value& value) {

@@ -3,6 +3,8 @@
 
 #include "comparing/Comparison.hpp"
 
+#include <functional>
+#include <set>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -26,9 +28,19 @@ struct Value {
     bool same(const Value& other) const { return text() == other.text() && propertyKind == other.propertyKind; }
 };
 
-/// Those of one kind, which is not Other: attributes in schema order without the GlobalId, properties and
-/// classifications in the host's order.
-model::Result<std::vector<Value>> valuesOf(const model::Model& model, model::Element element, ChangeKind kind);
+/// Attributes in schema order without the GlobalId.
+model::Result<std::vector<Value>> attributesOf(const model::Model& model, model::Element element);
+/// In the host's order, as the properties below.
+model::Result<std::vector<Value>> classificationsOf(const model::Model& model, model::Element element);
+
+using Names = std::set<std::u16string, std::less<>>;
+
+/// The properties whose names, up to a bracket, are wanted.
+std::vector<Value> propertiesNamed(const model::Model& model, model::Element element, const Names& names);
+
+/// The names of properties that may differ, which are few where most are shared: what both elements list alike is
+/// passed over without a copy.
+Names namesThatDiffer(const model::Model& a, model::Element inA, const model::Model& b, model::Element inB);
 
 /// "FireRating[WallCommon]": what an update calls it.
 std::string itemOf(const Value& value);

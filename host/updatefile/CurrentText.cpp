@@ -46,6 +46,11 @@ std::u16string propertyText(const model::PropertyValue& value) {
     return {};
 }
 
+model::PropertyValue valueOf(const model::PropertyView& property) {
+    return {std::string(property.type),     property.primitive, property.integer, property.real, property.boolean,
+            std::u16string(property.string)};
+}
+
 namespace {
 
 void takeProperty(CurrentText& current, const model::Property& property) {

@@ -29,6 +29,8 @@ struct CurrentText {
 
 /// A property's value as the add-on prints it, reals with six decimals. Empty where there is none that it could print.
 std::u16string propertyText(const model::PropertyValue& value);
+/// The value of one that is only visited.
+model::PropertyValue valueOf(const model::PropertyView& property);
 
 /// @param itemName  the designation up to its "[".
 CurrentText currentText(const ElementData& element, std::u16string_view itemName);

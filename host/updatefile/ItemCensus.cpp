@@ -93,7 +93,10 @@ model::Status ItemCensus::add(model::Element element) {
     const Classes classes{&model_.entity(element), model_.typeEntity(element)};
     if (model::Status read = addAttributes(element, *classes.own); !read) return read;
     Alike& properties = alikeProperties_[{shared_.properties(element), classes.own}];
-    model::Status read = addShared(properties, [&] { return addProperties(element, classes); });
+    model::Status read = addShared(properties, [&] {
+        addProperties(element, classes);
+        return model::Status();
+    });
     if (!read) return read;
     Alike& classifications = alikeClassifications_[{shared_.classifications(element), classes.own}];
     read = addShared(classifications, [&] { return addClassifications(element, *classes.own); });
@@ -133,22 +136,18 @@ model::Status ItemCensus::addAttributes(model::Element element, const Entity& if
     return {};
 }
 
-model::Status ItemCensus::addProperties(model::Element element, const Classes& classes) {
+void ItemCensus::addProperties(model::Element element, const Classes& classes) {
     ++readings_;
-    const auto read = model_.properties(element);
-    if (!read) return read.error();
-    for (const model::Property& property : *read) {
+    model_.visitProperties(element, [&](const model::PropertyView& property) {
         Counted& entry = entryFor(ItemKind::Property, property.set, property.name);
-        count(entry, propertyText(property.value));
-        setType(entry.record, typeOf(property.kind, property.value.type));
+        count(entry, propertyText(valueOf(property)));
+        setType(entry.record, typeOf(property.kind, property.type));
         // The add-on takes the first property of the name.
         const bool isFirst = std::exchange(lastMet_[entry.name], readings_) != readings_;
         const bool reached = judge(entry, classes) && isFirst;
-        const bool writable =
-            property.kind == PropertyKind::Single && property.value.primitive != model::Primitive::Other;
+        const bool writable = property.kind == PropertyKind::Single && property.primitive != model::Primitive::Other;
         if (!reached || !writable) entry.record.changeable = false;
-    }
-    return {};
+    });
 }
 
 model::Status ItemCensus::addClassifications(model::Element element, const Entity& ifcClass) {

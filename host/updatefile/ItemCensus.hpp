@@ -94,7 +94,7 @@ private:
     static void setType(ItemRecord& record, std::string_view type);
     model::Status addAttributes(model::Element element, const Entity& ifcClass);
     model::Status addShared(Alike& alike, const std::function<model::Status()>& read);
-    model::Status addProperties(model::Element element, const Classes& classes);
+    void addProperties(model::Element element, const Classes& classes);
     model::Status addClassifications(model::Element element, const Entity& ifcClass);
     bool judge(Counted& entry, const Classes& classes);
     bool isAttribute(const Entity& ifcClass, const std::string& name);

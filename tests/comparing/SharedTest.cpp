@@ -108,6 +108,36 @@ std::vector<std::string> ofMaterials(int count) {
     return texts;
 }
 
+/// A wall with properties of one set, by name and value.
+std::string listing(const std::vector<std::pair<std::string, std::string>>& properties) {
+    IfcText ifc;
+    const auto wall = ifc.element("IfcWall", guidText(1), "Wall");
+    for (const auto& [name, value] : properties) ifc.property(wall, "Pset_S", name, "IFCLABEL('" + value + "')");
+    return ifc.text();
+}
+
+TEST(Lists, AreComparedByNamesWhereverTheseStand) {
+    const std::string gone = " (an update file takes no item away but a classification)";
+    const std::string several =
+        " (the element has several items of that name in one set, of which an update writes the first)";
+    // It shows the last one of a name as current.
+    const std::string same = " (the review list takes the old and the new value for the same)";
+    const std::string before = listing({{"P", "1"}, {"Q", "2"}, {"R", "3"}});
+    EXPECT_THAT(changes(before, listing({{"R", "3"}, {"Q", "2"}, {"P", "1"}})), IsEmpty());
+    EXPECT_THAT(changes(before, listing({{"Q", "2"}, {"R", "3"}})), ElementsAre("property P[S]: 1 -> nothing" + gone));
+    EXPECT_THAT(changes(before, listing({{"P", "1"}, {"R", "3"}})), ElementsAre("property Q[S]: 2 -> nothing" + gone));
+    EXPECT_THAT(changes(before, listing({{"P", "1"}, {"X", "4"}, {"Q", "2"}, {"R", "5"}})),
+                ElementsAre("property R[S]: 3 -> 5", "property X[S]: nothing -> 4"));
+    EXPECT_THAT(changes(before, listing({{"P", "1"}, {"Q", "2"}, {"R", "3"}, {"P", "6"}})),
+                ElementsAre("property P[S]: nothing -> 6" + several));
+    EXPECT_THAT(changes(listing({{"P", "1"}, {"P", "2"}, {"Q", "3"}}), listing({{"P", "2"}, {"Q", "3"}})),
+                ElementsAre("property P[S]: 1 -> 2" + same, "property P[S]: 2 -> nothing" + gone));
+    EXPECT_THAT(changes(listing({{"P", "1"}, {"Q", "2"}, {"P", "3"}}), listing({{"P", "3"}, {"Q", "2"}, {"P", "1"}})),
+                ElementsAre("property P[S]: 1 -> 3" + same, "property P[S]: 3 -> 1" + several));
+    EXPECT_THAT(changes(listing({{"a[b", "1"}, {"a", "2"}}), listing({{"a[b", "1"}, {"a", "3"}})),
+                ElementsAre("property a[S]: 2 -> 3"));
+}
+
 TEST(Materials, AreNamedUpToTwenty) {
     const std::string nineteen = "0a, 1a, 2a, 3a, 4a, 5a, 6a, 7a, 8a, 9a, 10a, 11a, 12a, 13a, 14a, 15a, 16a, 17a, 18a";
     EXPECT_THAT(ofMaterials(19), ElementsAre(nineteen));
