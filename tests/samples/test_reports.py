@@ -30,6 +30,26 @@ def tidy(html):
             if line and "proprietary attribute" not in line and "Warning: <a>" not in line]
 
 
+def storey_of_walls(count):
+    """A model of one storey, in which the walls stand in a row."""
+    def guid(number):
+        return "'" + str(number).rjust(22, "0") + "'"
+    walls = range(100, 100 + 3 * count, 3)
+    lines = [f"#1=IFCPROJECT({guid(1)},$,'P',$,$,$,$,$,$);",
+             f"#2=IFCBUILDINGSTOREY({guid(2)},$,'Ground',$,$,$,$,$,.ELEMENT.,0.);",
+             f"#3=IFCRELAGGREGATES({guid(3)},$,$,$,#1,(#2));",
+             f"#4=IFCRELCONTAINEDINSPATIALSTRUCTURE({guid(4)},$,$,$,({','.join(f'#{wall}' for wall in walls)}),#2);",
+             "#5=IFCBLOCK($,1.,1.,3.);", "#6=IFCSHAPEREPRESENTATION($,'Body','CSG',(#5));",
+             "#7=IFCPRODUCTDEFINITIONSHAPE($,$,(#6));"]
+    for wall in walls:
+        lines += [f"#{wall}=IFCWALL({guid(wall)},$,'Wall',$,$,#{wall + 1},#7,$,$);",
+                  f"#{wall + 1}=IFCLOCALPLACEMENT($,#{wall + 2});",
+                  f"#{wall + 2}=IFCAXIS2PLACEMENT3D(#{10**6 + wall},$,$);",
+                  f"#{10**6 + wall}=IFCCARTESIANPOINT(({2 * wall}.,0.,0.));"]
+    return ("ISO-10303-21;\nHEADER;\nFILE_DESCRIPTION((''),'2;1');\nFILE_NAME('','',(''),(''),'','','');\n"
+            "FILE_SCHEMA(('IFC4'));\nENDSEC;\nDATA;\n" + "\n".join(lines) + "\nENDSEC;\nEND-ISO-10303-21;\n")
+
+
 class Reports(unittest.TestCase):
     def setUp(self):
         folder = tempfile.TemporaryDirectory()
@@ -72,6 +92,21 @@ class Reports(unittest.TestCase):
         wall = html.index("<tbody id=\"e1\">")
         self.assertIn("Außenwand Süd", html[wall:wall + 200])
         self.assertIn("href=\"#e1\"><title>Außenwand Süd</title><path", html)
+
+    def test_a_plan_draws_so_many_outlines_and_the_changed_in_any_case(self):
+        most = 4000
+        for count in (most - 1, most, most + 1):
+            model = self.folder / "many.ifc"
+            model.write_text(storey_of_walls(count))
+            updates = self.folder / "updates.txt"
+            write_updates(updates, [(elements(model)[-1]["guid"], "Name", "Last")])
+            html = self.imported(model, updates)
+            self.check(html)
+            drawing = html[html.index("<svg"):html.index("</svg>")]
+            self.assertEqual(drawing.count("<p"), min(count, most))
+            self.assertIn("1 marked on the plan", html)
+            self.assertEqual("1 elements more are not drawn" in html, count > most)
+            self.assertEqual("more are not drawn" in html, count > most)
 
     def test_texts_of_models_are_never_markup(self):
         guids = [element["guid"] for element in elements(HOUSE) if element["name"]]

@@ -4,6 +4,7 @@
 #include "model/ifc/geometry/PlanShape.hpp"
 #include "model/ifc/geometry/Spatial.hpp"
 
+#include <array>
 #include <map>
 
 namespace model::ifc {
