@@ -14,41 +14,64 @@ HandChanges::HandChanges(Document& document, QObject* parent) : QObject(parent),
     connect(&document_, &Document::closing, this, &HandChanges::clear);
 }
 
-std::vector<tables::AskedUpdate>::const_iterator HandChanges::find(model::Element element,
-                                                                   const std::string& item) const {
-    const std::string guid = text::guidText(document_.index()->guid(element));
-    return std::find_if(changes_.begin(), changes_.end(),
-                        [&](const tables::AskedUpdate& change) { return change.guid == guid && change.item == item; });
+namespace {
+
+/// A GUID has a fixed length, so nothing can be mistaken for another pair.
+std::string keyOf(const std::string& guid, const std::string& item) {
+    return guid + item;
 }
 
-QString HandChanges::propose(model::Element element, const std::string& item, const QString& old,
-                             const QString& value) {
-    const auto known = find(element, item);
-    if (value == old) {
-        if (known != changes_.end()) changes_.erase(known);
-        Q_EMIT changed();
+}  // namespace
+
+std::string HandChanges::keyOf(model::Element element, const std::string& item) const {
+    return desktop::keyOf(text::guidText(document_.index()->guid(element)), item);
+}
+
+HandChanges::Refused HandChanges::propose(const std::vector<Subject>& subjects, const std::string& item,
+                                          const QString& value) {
+    Refused refused;
+    for (const Subject& subject : subjects) {
+        const QString obstacle = proposeOne(subject, item, value);
+        if (obstacle.isEmpty()) continue;
+        if (refused.count++ == 0) refused.reason = obstacle;
+    }
+    if (refused.count < subjects.size()) Q_EMIT changed();
+    return refused;
+}
+
+/// @return why no update can ask for that.
+QString HandChanges::proposeOne(const Subject& subject, const std::string& item, const QString& value) {
+    if (value == subject.old) {
+        changes_.erase(keyOf(subject.element, item));
         return {};
     }
-    if (document_.model()->name(element).empty())
+    if (document_.model()->name(subject.element).empty())
         return tr("The element has no name, and changes of such an element are refused.");
     if (value.contains(u'\t')) return tr("An update cannot hold a TAB.");
     tables::AskedUpdate change;
-    change.guid = text::guidText(document_.index()->guid(element));
+    change.guid = text::guidText(document_.index()->guid(subject.element));
     change.item = item;
-    change.old = old.toStdString();
+    change.old = subject.old.toStdString();
     change.value = value.toStdString();
     if (const auto obstacle = tables::obstacleOf(change)) return toQString(*obstacle);
-    if (known != changes_.end()) changes_.erase(known);
-    changes_.push_back(std::move(change));
-    Q_EMIT changed();
+    changes_.insert_or_assign(keyOf(subject.element, item), Change{turns_++, std::move(change)});
     return {};
 }
 
 std::optional<QString> HandChanges::proposed(model::Element element, const std::string& item) const {
     if (changes_.empty() || !document_.isOpen()) return std::nullopt;
-    const auto known = find(element, item);
+    const auto known = changes_.find(keyOf(element, item));
     if (known == changes_.end()) return std::nullopt;
-    return toQString(known->value);
+    return toQString(known->second.update.value);
+}
+
+std::vector<tables::AskedUpdate> HandChanges::inOrder() const {
+    std::vector<const Change*> changes;
+    for (const auto& [key, change] : changes_) changes.push_back(&change);
+    std::sort(changes.begin(), changes.end(), [](const Change* a, const Change* b) { return a->turn < b->turn; });
+    std::vector<tables::AskedUpdate> updates;
+    for (const Change* change : changes) updates.push_back(change->update);
+    return updates;
 }
 
 void HandChanges::clear() {
@@ -61,17 +84,15 @@ QString HandChanges::writeFile() {
     if (!folder_) folder_ = std::make_unique<QTemporaryDir>();
     path_ = folder_->filePath(tr("By hand") + QStringLiteral(".txt"));
     std::string text;
-    for (const tables::UpdateFile& part : tables::writeUpdateFiles(changes_)) text += part.text;
+    for (const tables::UpdateFile& part : tables::writeUpdateFiles(inOrder())) text += part.text;
     if (!writeWhole(path_, text).isEmpty()) path_.clear();
     return path_;
 }
 
 void HandChanges::forget(const std::vector<Through>& through) {
-    const auto isThrough = [&](const tables::AskedUpdate& change) {
-        return std::any_of(through.begin(), through.end(),
-                           [&](const Through& it) { return it.guid == change.guid && it.item == change.item; });
-    };
-    if (std::erase_if(changes_, isThrough) > 0) Q_EMIT changed();
+    std::size_t forgotten = 0;
+    for (const Through& it : through) forgotten += changes_.erase(desktop::keyOf(it.guid, it.item));
+    if (forgotten > 0) Q_EMIT changed();
 }
 
 }  // namespace desktop

@@ -6,6 +6,8 @@
 #include <QObject>
 #include <QTemporaryDir>
 #include <memory>
+#include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace desktop {
@@ -18,10 +20,18 @@ class HandChanges : public QObject {
 public:
     HandChanges(Document& document, QObject* parent);
 
+    struct Subject {
+        model::Element element;
+        QString old;  ///< What it holds.
+    };
+    /// How many of the subjects no update can ask for, and why not the first of these.
+    struct Refused {
+        std::size_t count = 0;
+        QString reason;
+    };
     /// @param item  as an update file's second field names it. A value that was proposed for it before is replaced; the
     /// value that the model holds takes the proposal back.
-    /// @return why no update can ask for that; empty where it is proposed now.
-    QString propose(model::Element element, const std::string& item, const QString& old, const QString& value);
+    Refused propose(const std::vector<Subject>& subjects, const std::string& item, const QString& value);
     /// What is proposed for an item; nothing where nothing is.
     std::optional<QString> proposed(model::Element element, const std::string& item) const;
     int count() const { return static_cast<int>(changes_.size()); }
@@ -41,10 +51,17 @@ Q_SIGNALS:
     void changed();
 
 private:
-    std::vector<tables::AskedUpdate>::const_iterator find(model::Element element, const std::string& item) const;
+    std::string keyOf(model::Element element, const std::string& item) const;
+    QString proposeOne(const Subject& subject, const std::string& item, const QString& value);
+    std::vector<tables::AskedUpdate> inOrder() const;
 
     Document& document_;
-    std::vector<tables::AskedUpdate> changes_;
+    struct Change {
+        std::uint64_t turn;  ///< They are listed as they came.
+        tables::AskedUpdate update;
+    };
+    std::unordered_map<std::string, Change> changes_;  ///< By GUID and item.
+    std::uint64_t turns_ = 0;
     std::unique_ptr<QTemporaryDir> folder_;
     QString path_;
 };

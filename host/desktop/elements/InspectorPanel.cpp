@@ -2,7 +2,6 @@
 
 #include "desktop/QtText.hpp"
 #include "desktop/elements/ValueText.hpp"
-#include "updatefile/Designation.hpp"
 
 #include <QApplication>
 #include <QClipboard>
@@ -23,8 +22,11 @@ namespace {
 /// The role of a cell's text as the model has it, for copying.
 constexpr int StoredText = Qt::UserRole;
 
-/// The role of the name under which an update changes the row's value; rows without it cannot be changed.
-constexpr int ItemName = Qt::UserRole + 1;
+/// The role of the item's key; rows without it cannot be changed.
+constexpr int ItemKey = Qt::UserRole + 1;
+
+/// The role of whether several elements hold different values: the editor begins empty then.
+constexpr int IsVarious = Qt::UserRole + 2;
 
 /// Lets the second cell of rows that an update can change be written over. What is written is only told.
 class ValueDelegate : public QStyledItemDelegate {
@@ -33,7 +35,7 @@ public:
     ValueDelegate(QObject* parent, Tell tell) : QStyledItemDelegate(parent), tell_(std::move(tell)) {}
 
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const override {
-        if (index.column() != 1 || !index.siblingAtColumn(0).data(ItemName).isValid()) return nullptr;
+        if (index.column() != 1 || !index.siblingAtColumn(0).data(ItemKey).isValid()) return nullptr;
         auto* editor = new QLineEdit(parent);
         editor->setObjectName(QStringLiteral("valueEditor"));
         editor->setAccessibleName(
@@ -46,7 +48,10 @@ public:
         static_cast<QLineEdit*>(editor)->selectAll();
     }
     void setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const override {
-        tell_(index, static_cast<QLineEdit*>(editor)->text());
+        const auto* line = static_cast<QLineEdit*>(editor);
+        // An editor that was only looked at must not empty what differs.
+        if (index.data(IsVarious).toBool() && !line->isModified()) return;
+        tell_(index, line->text());
     }
 
 private:
@@ -82,13 +87,9 @@ InspectorPanel::InspectorPanel(QWidget* parent)
     view_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     view_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
     view_->setItemDelegate(new ValueDelegate(view_, [this](const QModelIndex& index, const QString& value) {
-        const QModelIndex name = index.siblingAtColumn(0);
-        const std::string item = name.data(ItemName).toString().toStdString();
-        const QString old = index.data(StoredText).toString();
+        const auto item = Item::fromKey(index.siblingAtColumn(0).data(ItemKey).toString());
         // The rows are made anew by what comes of this: not while the editor is still open in one of them.
-        if (element_)
-            QTimer::singleShot(0, this,
-                               [=, this, element = *element_] { Q_EMIT valueProposed(element, item, old, value); });
+        if (item) QTimer::singleShot(0, this, [=, this] { Q_EMIT valueProposed(*item, value); });
     }));
     view_->installEventFilter(this);
     auto* all = new QVBoxLayout(this);
@@ -98,23 +99,27 @@ InspectorPanel::InspectorPanel(QWidget* parent)
     connect(view_, &QTreeWidget::itemCollapsed, this,
             [this](QTreeWidgetItem* item) { closedGroups_ += item->text(0); });
     connect(view_, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem* item) { closedGroups_ -= item->text(0); });
-    show(nullptr, std::nullopt);
+    show(nullptr, {});
 }
 
-void InspectorPanel::show(const model::Model* model, std::optional<model::Element> element) {
+void InspectorPanel::show(const model::Model* model, const std::vector<model::Element>& elements) {
     // Elements of one kind have their data in the same places: what was in sight stays in sight from one to the next.
     const int scrolled = view_->verticalScrollBar()->value();
     view_->setUpdatesEnabled(false);
     view_->clear();
-    element_ = model ? element : std::nullopt;
-    if (model && element) {
-        const QString name = toQString(model->name(*element));
-        const QString type = toQString(model->info(*element).typeName);
+    groups_.clear();
+    elements_ = model ? elements : std::vector<model::Element>();
+    if (elements_.size() > 1) {
+        showCommon(*model);
+    } else if (elements_.size() == 1) {
+        const model::Element element = elements_.front();
+        const QString name = shownName(*model, element);
+        const QString type = toQString(model->info(element).typeName);
         heading_->setText(visible(name.isEmpty() ? type : QStringLiteral("%1 – %2").arg(name, type)));
-        addIdentity(*model, *element);
-        addAttributes(*model, *element);
-        addProperties(*model, *element);
-        addClassifications(*model, *element);
+        addIdentity(*model, element);
+        addAttributes(*model, element);
+        addProperties(*model, element);
+        addClassifications(*model, element);
     } else {
         heading_->setText(model ? tr("No element selected") : QString());
     }
@@ -122,8 +127,54 @@ void InspectorPanel::show(const model::Model* model, std::optional<model::Elemen
     view_->setUpdatesEnabled(true);
 }
 
+void InspectorPanel::showCommon(const model::Model& model) {
+    heading_->setText(tr("%1 elements selected").arg(number(static_cast<qint64>(elements_.size()))));
+    if (elements_.size() > MostCompared) {
+        addRow(group(tr("Element")), tr("Note"),
+               tr("The values of more than %1 elements are not compared").arg(number(MostCompared)));
+        return;
+    }
+    const CommonValues common = commonValues(model, elements_);
+    if (common.unreadable) {
+        addRow(group(tr("Element")), tr("Not readable"),
+               tr("%1 of them").arg(number(static_cast<qint64>(common.unreadable))));
+    }
+    for (const CommonValue& value : common.values) addCommon(value);
+}
+
+void InspectorPanel::addCommon(const CommonValue& common) {
+    const QString title = common.item.kind == ItemKind::Attribute  ? tr("Attributes")
+                          : common.item.kind == ItemKind::Property ? common.item.set
+                                                                   : tr("Classification references");
+    QTreeWidgetItem* row = addRow(group(title), common.item.name, commonText(common));
+    row->setData(1, StoredText, common.various ? QString() : common.value);
+    row->setData(1, IsVarious, common.various);
+    const QBrush grey = palette().brush(QPalette::Disabled, QPalette::Text);
+    if (common.various) {
+        QFont font = view_->font();
+        font.setItalic(true);
+        row->setFont(1, font);
+    }
+    if (common.changeable) {
+        makeEditable(row, common.item);
+    } else {
+        row->setForeground(1, grey);
+    }
+}
+
+QString InspectorPanel::commonText(const CommonValue& common) const {
+    const bool all = common.elements == elements_.size();
+    const QString some = number(static_cast<qint64>(common.elements));
+    const QString whole = number(static_cast<qint64>(elements_.size()));
+    if (common.various) return all ? tr("(various)") : tr("(various, in %1 of %2)").arg(some, whole);
+    return all ? common.value : tr("%1   (in %2 of %3)").arg(common.value, some, whole);
+}
+
+/// The one of that title, made where there is none yet.
 QTreeWidgetItem* InspectorPanel::group(const QString& title) {
-    auto* item = new QTreeWidgetItem(view_, {title});
+    QTreeWidgetItem*& item = groups_[title];
+    if (item) return item;
+    item = new QTreeWidgetItem(view_, {title});
     QFont font = view_->font();
     font.setBold(true);
     item->setFont(0, font);
@@ -144,13 +195,24 @@ void InspectorPanel::setFooter(QWidget* footer) {
     layout()->addWidget(footer);
 }
 
-void InspectorPanel::makeEditable(QTreeWidgetItem* row, const std::string& item) {
+void InspectorPanel::makeEditable(QTreeWidgetItem* row, const Item& item) {
     row->setFlags(row->flags() | Qt::ItemIsEditable);
-    row->setData(0, ItemName, toQString(item));
-    const auto proposed = proposals_ && element_ ? proposals_(*element_, item) : std::nullopt;
+    row->setData(0, ItemKey, item.key());
+    if (proposals_) showProposal(row, item);
+}
+
+/// Beside what the model holds. Of several elements each may have another one, or none.
+void InspectorPanel::showProposal(QTreeWidgetItem* row, const Item& item) {
+    const std::string designation = item.designation();
+    std::optional<QString> proposed;
+    for (const model::Element element : elements_) {
+        const auto one = proposals_(element, designation);
+        if (one && proposed && *one != *proposed) proposed = tr("(various)");
+        if (one && !proposed) proposed = one;
+    }
     if (!proposed) return;
     row->setText(1, QStringLiteral("%1 → %2").arg(row->text(1), visible(*proposed)));
-    QFont font = view_->font();
+    QFont font = row->font(1);
     font.setBold(true);
     row->setFont(1, font);
     row->setToolTip(1, asPlainToolTip(tr("Proposed by hand: %1").arg(*proposed)));
@@ -178,7 +240,7 @@ void InspectorPanel::addAttributes(const model::Model& model, model::Element ele
     }
     for (const model::Attribute& attribute : *read) {
         QTreeWidgetItem* row = addRow(attributes, toQString(attribute.name), toQString(attribute.value));
-        makeEditable(row, std::string(attribute.name));
+        makeEditable(row, {ItemKind::Attribute, {}, toQString(attribute.name)});
     }
 }
 
@@ -188,18 +250,15 @@ void InspectorPanel::addProperties(const model::Model& model, model::Element ele
         addRow(group(tr("Properties")), tr("Not readable"), toQString(read.error().message));
         return;
     }
-    QHash<QString, QTreeWidgetItem*> sets;
     for (const model::Property& property : *read) {
         QString title = toQString(property.set);
         if (property.inherited) title += tr(" (from the type)");
-        QTreeWidgetItem*& set = sets[title];
-        if (!set) set = group(title);
-        QTreeWidgetItem* row = addRow(set, toQString(property.name), valueText(property));
+        QTreeWidgetItem* row = addRow(group(title), toQString(property.name), valueText(property));
         // Grey: an update cannot change it.
         if (property.kind != model::PropertyKind::Single) {
             row->setForeground(1, palette().brush(QPalette::Disabled, QPalette::Text));
         } else {
-            makeEditable(row, updatefile::designationOf(property.set, property.name));
+            makeEditable(row, {ItemKind::Property, toQString(property.set), toQString(property.name)});
         }
     }
 }

@@ -1,12 +1,14 @@
 #pragma once
 
-#include "desktop/elements/ElementIndex.hpp"
+#include "desktop/elements/CommonValues.hpp"
 
+#include <QHash>
 #include <QSet>
 #include <QWidget>
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 class QLabel;
 class QTreeWidget;
@@ -21,8 +23,9 @@ class InspectorPanel : public QWidget {
 public:
     explicit InspectorPanel(QWidget* parent = nullptr);
 
-    /// Shows an element, or nothing. Groups that the user has closed stay closed from one element to the next.
-    void show(const model::Model* model, std::optional<model::Element> element);
+    /// Shows an element, nothing, or what several have in common. Groups that the user has closed stay closed from one
+    /// to the next.
+    void show(const model::Model* model, const std::vector<model::Element>& elements);
 
     QTreeWidget* tree() const { return view_; }
     /// As the model has it.
@@ -36,8 +39,8 @@ public:
     void setProposals(Proposals proposals) { proposals_ = std::move(proposals); }
 
 Q_SIGNALS:
-    /// The user has written another value over one. @param item  as an update file names it.
-    void valueProposed(model::Element element, const std::string& item, const QString& old, const QString& value);
+    /// The user has written another value over that of the elements that have the item.
+    void valueProposed(const desktop::Item& item, const QString& value);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -49,13 +52,18 @@ private:
     void addProperties(const model::Model& model, model::Element element);
     void addClassifications(const model::Model& model, model::Element element);
     void copySelection();
-    void makeEditable(QTreeWidgetItem* row, const std::string& item);
+    void showCommon(const model::Model& model);
+    void addCommon(const CommonValue& common);
+    QString commonText(const CommonValue& common) const;
+    void makeEditable(QTreeWidgetItem* row, const Item& item);
+    void showProposal(QTreeWidgetItem* row, const Item& item);
 
     QLabel* heading_;
     QTreeWidget* view_;
     QSet<QString> closedGroups_;
     Proposals proposals_;
-    std::optional<model::Element> element_;
+    QHash<QString, QTreeWidgetItem*> groups_;  ///< By their titles.
+    std::vector<model::Element> elements_;
 };
 
 }  // namespace desktop

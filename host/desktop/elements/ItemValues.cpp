@@ -75,7 +75,8 @@ std::uint32_t ItemValues::numberOf(const model::Model& model, model::Element ele
     if (numbers_.empty()) numbers_.resize(model.elementCount(), NotRead);
     std::uint32_t& number = numbers_[element];
     if (number != NotRead) return number;
-    const QString text = read(model, element);
+    // What cannot be read has no value here; the element's data say why.
+    const QString text = readItem(model, element, item_).value_or(QString());
     const auto known = numberOfText_.constFind(text);
     if (known != numberOfText_.constEnd()) return number = *known;
     number = static_cast<std::uint32_t>(texts_.size());
@@ -91,25 +92,22 @@ void ItemValues::readAll(const model::Model& model) {
     complete_ = true;
 }
 
-/// What cannot be read has no value here; the element's data say why.
-QString ItemValues::read(const model::Model& model, model::Element element) const {
-    QString text;
-    if (item_.kind == ItemKind::Attribute) {
+std::optional<QString> readItem(const model::Model& model, model::Element element, const Item& item) {
+    std::optional<QString> text;
+    if (item.kind == ItemKind::Attribute) {
         const auto attributes = model.attributes(element);
         if (!attributes) return text;
-        const std::string name = item_.name.toStdString();
+        const std::string name = item.name.toStdString();
         for (const model::Attribute& attribute : *attributes)
             if (attribute.name == name) return toQString(attribute.value);
-    } else if (item_.kind == ItemKind::Property) {
-        bool found = false;
+    } else if (item.kind == ItemKind::Property) {
         model.visitProperties(element, [&](const model::PropertyView& property) {
-            if (found || property.name != unitsOf(item_.name) || property.set != unitsOf(item_.set)) return;
+            if (text || property.name != unitsOf(item.name) || property.set != unitsOf(item.set)) return;
             text = valueText(property);
-            found = true;
         });
     } else if (const auto references = model.classifications(element)) {
         for (const model::ClassificationReference& reference : *references)
-            if (reference.system == unitsOf(item_.name)) return valueText(reference);
+            if (reference.system == unitsOf(item.name)) return valueText(reference);
     }
     return text;
 }

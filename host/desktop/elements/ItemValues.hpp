@@ -7,6 +7,7 @@
 #include <QHash>
 #include <QString>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,6 +30,9 @@ struct Item {
     static std::optional<Item> fromKey(const QString& key);
 };
 
+/// What an element holds, as a person reads it. Nothing where it has no such item, or it cannot be read.
+std::optional<QString> readItem(const model::Model& model, model::Element element, const Item& item);
+
 /// The values of an item: each is read when it is first asked for, or all of them for a sort or a filter. Equal texts
 /// are kept once. Reading a model fills its caches, so this belongs to the thread that the model belongs to.
 class ItemValues {
@@ -46,7 +50,6 @@ public:
 private:
     std::uint32_t numberOf(const model::Model& model, model::Element element);
     void readAll(const model::Model& model);
-    QString read(const model::Model& model, model::Element element) const;
 
     Item item_;
     std::vector<std::uint32_t> numbers_;  ///< By element, of a text.

@@ -59,6 +59,14 @@
         <source>conflicts</source>
         <translation>Konflikte</translation>
     </message>
+    <message>
+        <source>GUID</source>
+        <translation>GUID</translation>
+    </message>
+    <message>
+        <source>GUIDs</source>
+        <translation>GUIDs</translation>
+    </message>
 </context>
 <context>
     <name>desktop::AddOnDialog</name>
@@ -684,6 +692,30 @@ Add-on: %1
         <source>Classification references</source>
         <translation>Klassifikationen</translation>
     </message>
+    <message>
+        <source>%1 elements selected</source>
+        <translation>%1 Elemente ausgewählt</translation>
+    </message>
+    <message>
+        <source>The values of more than %1 elements are not compared</source>
+        <translation>Die Werte von mehr als %1 Elementen werden nicht verglichen</translation>
+    </message>
+    <message>
+        <source>%1 of them</source>
+        <translation>%1 davon</translation>
+    </message>
+    <message>
+        <source>(various)</source>
+        <translation>(verschieden)</translation>
+    </message>
+    <message>
+        <source>(various, in %1 of %2)</source>
+        <translation>(verschieden, in %1 von %2)</translation>
+    </message>
+    <message>
+        <source>%1   (in %2 of %3)</source>
+        <translation>%1   (in %2 von %3)</translation>
+    </message>
 </context>
 <context>
     <name>desktop::ItemDialog</name>
@@ -832,6 +864,10 @@ Add-on: %1
     <message>
         <source>The changes by hand cannot be written to the folder for temporary files</source>
         <translation>Die Änderungen von Hand können nicht in den Ordner für temporäre Dateien geschrieben werden</translation>
+    </message>
+    <message>
+        <source>%1 of %2 changes cannot be proposed.</source>
+        <translation>%1 von %2 Änderungen können nicht vorgeschlagen werden.</translation>
     </message>
 </context>
 <context>

@@ -19,6 +19,7 @@
 #include <QStatusBar>
 #include <QTableView>
 #include <QTreeWidget>
+#include <algorithm>
 
 namespace desktop {
 
@@ -75,8 +76,7 @@ void ElementMenu::fill(QMenu& menu, std::optional<model::Element> element, const
         connect(action, &QAction::triggered, this, act);
     };
     if (value) add(tr("Copy &Value"), "copyValue", !value->isEmpty(), [this, value] { copy(*value); });
-    add(tr("Copy &GUID"), "copyGuid", element.has_value(),
-        [this, element] { copy(guidText(parts_.document.index()->guid(*element))); });
+    add(tr("Copy &GUID"), "copyGuid", element.has_value(), [this, element] { copyGuids(*element); });
     menu.addSeparator();
     // Its own command is off while its dialog is open, which takes a GUID all the same.
     add(tr("&Look Up"), "lookUp", element && parts_.addOn.lookUpAction(),
@@ -84,6 +84,20 @@ void ElementMenu::fill(QMenu& menu, std::optional<model::Element> element, const
     add(tr("&Show in Plan"), "showInPlan", element.has_value(), [this, element] { Q_EMIT showInPlanWanted(*element); });
     menu.addSeparator();
     add(tr("&Export These…"), "exportThese", !parts_.elements.shown().empty(), [this] { exportShown(); });
+}
+
+/// Of all that are selected where the element is one of them, a line for each.
+void ElementMenu::copyGuids(model::Element element) {
+    std::vector<model::Element> elements = parts_.elements.selected();
+    if (std::find(elements.begin(), elements.end(), element) == elements.end()) elements = {element};
+    QStringList guids;
+    for (const model::Element each : elements) guids += guidText(parts_.document.index()->guid(each));
+    if (guids.size() == 1) return copy(guids.first());
+    QApplication::clipboard()->setText(guids.join(u'\n'));
+    parts_.window->statusBar()->showMessage(
+        tr("Copied %1")
+            .arg(counted(guids.size(), QT_TRANSLATE_NOOP("Counts", "GUID"), QT_TRANSLATE_NOOP("Counts", "GUIDs"))),
+        5000);
 }
 
 void ElementMenu::copy(const QString& text) {

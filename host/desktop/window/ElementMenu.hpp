@@ -48,6 +48,7 @@ private:
     void showForData(const QPoint& place);
     /// @param value  that was pointed at; nothing where none was.
     void fill(QMenu& menu, std::optional<model::Element> element, const std::optional<QString>& value);
+    void copyGuids(model::Element element);
     void copy(const QString& text);
 
     Parts parts_;

@@ -197,7 +197,7 @@ void MainWindow::fillToolBar() {
 void MainWindow::connectPanels() {
     connect(document_, &Document::closing, this, [this] {
         elements_->setSource(nullptr, nullptr);
-        inspector_->show(nullptr, std::nullopt);
+        inspector_->show(nullptr, {});
         plan_->setSource(nullptr, nullptr);
     });
     connect(document_, &Document::replaced, this, &MainWindow::showDocument);
@@ -345,15 +345,24 @@ void MainWindow::showDocument() {
 }
 
 void MainWindow::showElement() {
-    inspector_->show(document_->model(), elements_->current());
+    inspector_->show(document_->model(), elements_->selected());
 }
 
-void MainWindow::propose(model::Element element, const std::string& item, const QString& old, const QString& value) {
-    const QString obstacle = hand_->propose(element, item, old, value);
-    if (obstacle.isEmpty()) return;
-    QMessageBox box(QMessageBox::Warning, tr("Change by Hand"), tr("This cannot be proposed."), QMessageBox::Ok, this);
+/// For all that are selected and have the item, each with the value that it holds.
+void MainWindow::propose(const Item& item, const QString& value) {
+    std::vector<HandChanges::Subject> subjects;
+    for (const model::Element element : elements_->selected()) {
+        if (auto old = readItem(*document_->model(), element, item)) subjects.push_back({element, std::move(*old)});
+    }
+    const HandChanges::Refused refused = hand_->propose(subjects, item.designation(), value);
+    if (refused.count == 0) return;
+    const QString text = subjects.size() == 1 ? tr("This cannot be proposed.")
+                                              : tr("%1 of %2 changes cannot be proposed.")
+                                                    .arg(number(static_cast<qint64>(refused.count)),
+                                                         number(static_cast<qint64>(subjects.size())));
+    QMessageBox box(QMessageBox::Warning, tr("Change by Hand"), text, QMessageBox::Ok, this);
     box.setObjectName(QStringLiteral("handMessage"));
-    box.setInformativeText(visible(obstacle).toHtmlEscaped());
+    box.setInformativeText(visible(refused.reason).toHtmlEscaped());
     box.exec();
 }
 

@@ -27,6 +27,7 @@ class HandChanges;
 class HelpMenu;
 class Imports;
 class InspectorPanel;
+struct Item;
 class MainToolBar;
 class PlanPanel;
 class ReadOnlyBar;
@@ -80,7 +81,7 @@ private:
     void takeUpdates(const QString& path);
     void showDocument();
     void showElement();
-    void propose(model::Element element, const std::string& item, const QString& old, const QString& value);
+    void propose(const Item& item, const QString& value);
     void showTitle();
     void showReportLine(const host::ReportLine& line);
     void showDialog(AddOnDialog* dialog);
