@@ -2,6 +2,7 @@
 
 #include "desktop/dialogs/RowLook.hpp"
 #include "desktop/look/Icons.hpp"
+#include "desktop/plan/PlanAccessible.hpp"
 
 #include <QLibraryInfo>
 #include <QLocale>
@@ -49,6 +50,9 @@ Application::Application(int& argc, char** argv) : QApplication(quietStart(argc)
     keepResources();
     translate();
     makePlaceholdersReadable();
+    makeSelectionReadable();
+    // Before there is any: what assistive technology once knows of a widget, it keeps.
+    describePlansToAssistiveTechnology();
     setWindowIcon(programIcon());
     setDesktopFileName(applicationName());
 }
@@ -77,6 +81,16 @@ void Application::makePlaceholdersReadable() {
     readable.setAlpha(160);
     colours.setColor(QPalette::PlaceholderText, readable);
     setPalette(colours);
+}
+
+/// The usual blue of a selection is too light for white text to be read by everybody.
+void Application::makeSelectionReadable() {
+    QPalette colours = palette();
+    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+        const QColor text = colours.color(group, QPalette::HighlightedText);
+        colours.setColor(group, QPalette::Highlight, readableOn(text, colours.color(group, QPalette::Highlight)));
+    }
+    if (colours != palette()) setPalette(colours);
 }
 
 }  // namespace desktop

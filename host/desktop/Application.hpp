@@ -15,6 +15,7 @@ public:
 private:
     void translate();
     void makePlaceholdersReadable();
+    void makeSelectionReadable();
 };
 
 }  // namespace desktop

@@ -17,7 +17,9 @@ bool started = false;
 [[noreturn]] void becomeServer(int answer) {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     const std::string descriptor = std::to_string(answer);
-    execlp("Xvfb", "Xvfb", "-displayfd", descriptor.c_str(), "-screen", "0", "1600x1000x24", "-nolisten", "tcp",
+    const char* wanted = std::getenv(Display::SizeVariable);
+    const std::string screen = std::string(wanted ? wanted : "1600x1000") + "x24";
+    execlp("Xvfb", "Xvfb", "-displayfd", descriptor.c_str(), "-screen", "0", screen.c_str(), "-nolisten", "tcp",
            "-noreset", static_cast<char*>(nullptr));
     _exit(127);
 }

@@ -15,6 +15,9 @@ public:
     Display(const Display&) = delete;
     Display& operator=(const Display&) = delete;
 
+    /// Says how large it is to be, "1280x800"; else it has room for everything.
+    static constexpr const char* SizeVariable = "DESKTOP_TESTS_SCREEN";
+
     /// Whether one is there; otherwise Xvfb is not installed, and every test of a window is skipped.
     static bool available();
 

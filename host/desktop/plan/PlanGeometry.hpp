@@ -39,6 +39,7 @@ public:
     /// What has been read so far, in the order to draw. A footprint stays where it is until the source changes.
     const std::deque<Footprint>& storey(std::uint32_t number) const { return storeys_[number].footprints; }
     const Footprint* find(model::Element element) const;
+    const model::Model* model() const { return model_; }
     const ElementIndex* index() const { return index_; }
 
 Q_SIGNALS:

@@ -77,6 +77,7 @@ PlanView::PlanView(PlanGeometry* geometry, QWidget* parent)
     connect(geometry_, &PlanGeometry::clearing, this, [this] {
         building_.clear();
         marked_.clear();
+        Q_EMIT shownChanged();
     });
 }
 
@@ -102,13 +103,27 @@ void PlanView::setMarks(const PlanMarks* marks) {
 
 void PlanView::setSelected(std::optional<model::Element> element) {
     selected_ = element;
-    const Footprint* footprint = element ? geometry_->find(*element) : nullptr;
-    if (footprint && !viewport_.visible().contains(footprint->box.center())) {
-        viewport_.center = footprint->box.center();
-        fitted_ = false;
-        redraw();
-    }
+    if (element) bringIntoSight(*element);
     update();
+}
+
+void PlanView::bringIntoSight(model::Element element) {
+    const Footprint* footprint = geometry_->find(element);
+    if (!footprint || viewport_.visible().contains(footprint->box.center())) return;
+    viewport_.center = footprint->box.center();
+    fitted_ = false;
+    redraw();
+}
+
+std::vector<const Footprint*> PlanView::footprints() const {
+    std::vector<const Footprint*> shown;
+    for (const std::uint32_t number : storeys_)
+        for (const Footprint& footprint : geometry_->storey(number)) shown.push_back(&footprint);
+    return shown;
+}
+
+bool PlanView::prompting() const {
+    return !prompt_->isHidden();
 }
 
 /// What a fitted plan shows: the building, without the ground around it.
@@ -190,6 +205,7 @@ void PlanView::moved() {
 void PlanView::redraw() {
     startBuilding();
     startMarks();
+    Q_EMIT shownChanged();
 }
 
 void PlanView::startBuilding() {

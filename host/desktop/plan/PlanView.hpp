@@ -23,6 +23,9 @@ public:
     void setMarks(const PlanMarks* marks);
     /// The element drawn with the selection's frame; brought into sight where it is not.
     void setSelected(std::optional<model::Element> element);
+    std::optional<model::Element> selected() const { return selected_; }
+    /// Brings the element's footprint into sight where it is not.
+    void bringIntoSight(model::Element element);
     void fit();
     void zoomBy(double factor);
 
@@ -32,6 +35,13 @@ public:
     /// The smallest footprint at a point of the model, marked ones first if `preferMarked`.
     std::optional<model::Element> hit(const QPointF& point, bool preferMarked) const;
     const PlanViewport& viewport() const { return viewport_; }
+    const PlanGeometry& geometry() const { return *geometry_; }
+    /// What there is to see, read so far: in sight or not. Valid until shownChanged.
+    std::vector<const Footprint*> footprints() const;
+    /// How the element's row in an open review stands.
+    Mark mark(model::Element element) const { return marks_ ? marks_->of(element) : Mark::None; }
+    /// Whether a point is asked for.
+    bool prompting() const;
     /// Whether all that it is to show has been read.
     bool complete() const { return !storeys_.empty() && geometry_->complete(storeys_); }
 
@@ -41,6 +51,8 @@ public:
 Q_SIGNALS:
     void elementClicked(model::Element element);
     void pointClicked(QPointF point);
+    /// What there is to see, or where, is no longer what it was.
+    void shownChanged();
 
 protected:
     void paintEvent(QPaintEvent* event) override;

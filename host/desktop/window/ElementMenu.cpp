@@ -5,6 +5,7 @@
 #include "desktop/elements/ElementExport.hpp"
 #include "desktop/elements/ElementPanel.hpp"
 #include "desktop/elements/InspectorPanel.hpp"
+#include "desktop/plan/PlanCursor.hpp"
 #include "desktop/plan/PlanPanel.hpp"
 #include "desktop/window/AddOnMenu.hpp"
 
@@ -44,8 +45,9 @@ void ElementMenu::showForTable(const QPoint& place) {
 void ElementMenu::showForPlan(const QPoint& place) {
     const PlanView& plan = *parts_.plan.view();
     auto element = plan.hit(plan.viewport().toModel(place), true);
-    // The menu key has no place; what is selected is meant then.
+    // The menu key has no place; what the keyboard points at is meant then, or what is selected.
     if (!element && !plan.underMouse()) element = parts_.elements.current();
+    if (const auto pointedAt = parts_.planCursor.element()) element = pointedAt;
     if (!parts_.document.isOpen() || parts_.plan.picking()) return;
     QMenu menu(parts_.window);
     fill(menu, element, std::nullopt);

@@ -15,6 +15,7 @@ namespace desktop {
 class AddOnMenu;
 class ElementPanel;
 class InspectorPanel;
+class PlanCursor;
 class PlanPanel;
 
 /// What can be done with an element, or with the value that is pointed at: the menu of the other mouse button in table,
@@ -29,6 +30,7 @@ public:
         ElementPanel& elements;
         InspectorPanel& inspector;
         PlanPanel& plan;
+        PlanCursor& planCursor;
         AddOnMenu& addOn;
     };
     explicit ElementMenu(const Parts& parts);

@@ -10,6 +10,7 @@
 #include "desktop/elements/ElementColumns.hpp"
 #include "desktop/elements/ElementPanel.hpp"
 #include "desktop/elements/InspectorPanel.hpp"
+#include "desktop/plan/PlanAccessible.hpp"
 #include "desktop/plan/PlanPanel.hpp"
 #include "desktop/report/DebugPanel.hpp"
 #include "desktop/report/ReportPanel.hpp"
@@ -84,6 +85,7 @@ MainWindow::MainWindow()
       elements_(new ElementPanel),
       inspector_(new InspectorPanel),
       plan_(new PlanPanel),
+      planCursor_(new PlanCursor(plan_->view())),
       report_(new ReportPanel),
       debug_(new DebugPanel),
       middle_(new QStackedWidget),
@@ -177,7 +179,7 @@ void MainWindow::makeMenus() {
     helpMenu_ = new HelpMenu(this, host_);
     connect(addOnMenu_, &AddOnMenu::rebuilt, this, &MainWindow::fillToolBar);
     reports_ = new ReviewReports(this, *document_);
-    auto* elementMenu = new ElementMenu({this, *document_, *elements_, *inspector_, *plan_, *addOnMenu_});
+    auto* elementMenu = new ElementMenu({this, *document_, *elements_, *inspector_, *plan_, *planCursor_, *addOnMenu_});
     connect(elementMenu, &ElementMenu::lookUpWanted, this, &MainWindow::lookUp);
     connect(elementMenu, &ElementMenu::showInPlanWanted, this, &MainWindow::showInPlan);
     fileMenu_->insert(reports_->action());
@@ -229,6 +231,10 @@ void MainWindow::connectPanels() {
     connect(elements_, &ElementPanel::said, this,
             [this](const QString& what) { statusBar()->showMessage(what, 10000); });
     connect(plan_, &PlanPanel::elementClicked, elements_, &ElementPanel::select);
+    connect(planCursor_, &PlanCursor::moved, this, [this](model::Element element, const QString& what) {
+        statusBar()->showMessage(what);
+        announce(*plan_->view(), element);
+    });
     connect(report_, &ReportPanel::countChanged, this, [this](int count) {
         reportDock_->setWindowTitle(count ? tr("Messages (%1)").arg(number(count)) : tr("Messages"));
     });

@@ -29,6 +29,7 @@ class Imports;
 class InspectorPanel;
 struct Item;
 class MainToolBar;
+class PlanCursor;
 class PlanPanel;
 class ReadOnlyBar;
 class ReportPanel;
@@ -57,6 +58,7 @@ public:
     ElementPanel& elements() { return *elements_; }
     InspectorPanel& inspector() { return *inspector_; }
     PlanPanel& plan() { return *plan_; }
+    PlanCursor& planCursor() { return *planCursor_; }
     ReportPanel& report() { return *report_; }
     DebugPanel& debug() { return *debug_; }
     DesktopView& view() { return *view_; }
@@ -101,6 +103,7 @@ private:
     ElementPanel* elements_;
     InspectorPanel* inspector_;
     PlanPanel* plan_;
+    PlanCursor* planCursor_;
     ReportPanel* report_;
     DebugPanel* debug_;
     QStackedWidget* middle_;
