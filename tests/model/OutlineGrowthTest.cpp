@@ -9,6 +9,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <ctime>
 #include <functional>
@@ -225,6 +226,64 @@ TEST(OutlinesOfOneGeometry, ArePutTogetherOnce) {
     EXPECT_LT(processorSeconds() - begin, MostSeconds);
 }
 
+/// Whichever way they are turned about the vertical, in mirror image or not.
+TEST(OutlinesOfOneGeometry, ArePutTogetherOnceForAllTurns) {
+    TinyModel ifc;
+    Geometry g(ifc);
+    const Id map = mapOf(g, ifc, {spiral(ifc, 1000)});
+    const Id mirror = ifc.add("IfcCartesianTransformationOperator3D", {{"Axis1", ref(g.direction("(-1.,0.,0.)"))},
+                                                                       {"Axis2", ref(g.direction("(0.,1.,0.)"))},
+                                                                       {"LocalOrigin", ref(g.point(at(0, 0)))},
+                                                                       {"Scale", "1.2345"}});
+    constexpr int Many = 2000;
+    for (int i = 0; i < Many; ++i) {
+        const double angle = 0.7 + 0.003 * (i / 2);
+        const std::string along =
+            "(" + std::to_string(std::cos(angle)) + "," + std::to_string(std::sin(angle)) + ",0.)";
+        ifc.element("IfcWindow", "Window",
+                    {{"ObjectPlacement", ref(g.placement(g.axes(at(i, i), "(0.,0.,1.)", along)))},
+                     {"Representation", g.shape({placedAs(ifc, map, i % 2 == 0 ? 0 : mirror)})}});
+    }
+    Opened model(ifc);
+    model::ifc::Workspace& work = model->workspace();
+    Outlines outlines(work);
+    const double begin = processorSeconds();
+    const auto outline = [&](model::Element element) { return outlines.of(work.elements.slot(element)); };
+    const std::array areas{areaOf(outline(0)), areaOf(outline(1))};
+    EXPECT_NEAR(areas[1], areas[0] * 1.2345 * 1.2345, areas[0] * 1e-4);
+    std::size_t kept = 0;
+    for (model::Element element = 2; element < Many; ++element) {
+        ASSERT_NEAR(areaOf(outline(element)), areas[element % 2], 1e-3);
+        if (element == Outlines::MostAslant + 2) kept = outlines.kept();
+    }
+    EXPECT_EQ(outlines.kept(), kept) << "nothing new was to be put together";
+    EXPECT_LT(processorSeconds() - begin, MostSeconds);
+}
+
+/// Each of them is put together for itself, and then one for all others.
+TEST(OutlinesOfOneGeometry, AreExactForTheFirstTurns) {
+    TinyModel ifc;
+    Geometry g(ifc);
+    const Id map = mapOf(g, ifc, {g.extruded(g.rectangle("4.", "1."), "1.")});
+    constexpr std::size_t Many = Outlines::MostAslant + 4;
+    for (std::size_t i = 1; i <= Many; ++i) {
+        const std::string along = "(" + std::to_string(i) + ".,100.,0.)";
+        ifc.element("IfcWindow", "Window",
+                    {{"ObjectPlacement", ref(g.placement(g.axes(at(0, 0), "(0.,0.,1.)", along)))},
+                     {"Representation", g.shape({placedAs(ifc, map)})}});
+    }
+    Opened model(ifc);
+    model::ifc::Workspace& work = model->workspace();
+    Outlines outlines(work);
+    std::size_t one = 0;
+    for (std::size_t i = 1; i <= Many; ++i) {
+        const auto outline = outlines.of(work.elements.slot(static_cast<model::Element>(i - 1)));
+        EXPECT_NEAR(areaOf(outline), 4, 1e-6);
+        if (i == 1) one = outlines.kept();
+        EXPECT_EQ(outlines.kept(), std::min(i, Outlines::MostAslant + 1) * one) << i;
+    }
+}
+
 /// By points on an L, from which its turns can be told.
 TEST(OutlinesOfOneGeometry, AreTurnedMirroredScaledAndCutAsTheirElements) {
     TinyModel ifc;
@@ -239,6 +298,7 @@ TEST(OutlinesOfOneGeometry, AreTurnedMirroredScaledAndCutAsTheirElements) {
     };
     element("Straight", g.axes(at(10, 20)));
     element("Turned", g.axes(at(10, 20), "(0.,0.,1.)", "(0.,1.,0.)"));
+    element("Aslant", g.axes(at(10, 20), "(0.,0.,1.)", "(3.,4.,0.)"));
     element("Mirrored", g.axes(at(10, 20)),
             ifc.add("IfcCartesianTransformationOperator3D", {{"Axis1", ref(g.direction("(-1.,0.,0.)"))},
                                                              {"Axis2", ref(g.direction("(0.,1.,0.)"))},
@@ -247,6 +307,13 @@ TEST(OutlinesOfOneGeometry, AreTurnedMirroredScaledAndCutAsTheirElements) {
         "Doubled", g.axes(at(10, 20)),
         ifc.add("IfcCartesianTransformationOperator3D", {{"LocalOrigin", ref(g.point(at(0, 0)))}, {"Scale", "2."}}));
     const Id cut = element("Cut", g.axes(at(50, 60)));
+    const auto aslant = [&] { return g.axes(at(10, 20), "(0.,0.,1.)", "(3.,4.,0.)"); };
+    const Id aslantCut = element("AslantCut", aslant());
+    const Id aslantOpening = ifc.element("IfcOpeningElement", "Opening",
+                                         {{"ObjectPlacement", ref(g.placement(aslant()))},
+                                          {"Representation", g.shape({g.extruded(g.rectangle("2.", "2."), "1.")})}});
+    ifc.add("IfcRelVoidsElement",
+            {{"RelatingBuildingElement", ref(aslantCut)}, {"RelatedOpeningElement", ref(aslantOpening)}});
     const Id opening = ifc.element("IfcOpeningElement", "Opening",
                                    {{"ObjectPlacement", ref(g.placement(g.axes(at(50, 60))))},
                                     {"Representation", g.shape({g.extruded(g.rectangle("2.", "2."), "1.")})}});
@@ -272,6 +339,8 @@ TEST(OutlinesOfOneGeometry, AreTurnedMirroredScaledAndCutAsTheirElements) {
     for (int again = 0; again < 2; ++again) {
         EXPECT_THAT(box("Straight"), near(10, 20, 14, 23, 6));
         EXPECT_THAT(box("Turned"), near(7, 20, 10, 24, 6));
+        EXPECT_THAT(box("Aslant"), near(10 - 0.8 * 3, 20, 10 + 0.6 * 4, 20 + 0.8 * 4 + 0.6, 6));
+        EXPECT_THAT(box("AslantCut"), near(10 - 0.8 * 3, 20 + 0.6 * 1, 10 + 0.6 * 4, 20 + 0.8 * 4 + 0.6, 5));
         EXPECT_THAT(box("Mirrored"), near(6, 20, 10, 23, 6));
         EXPECT_THAT(box("Doubled"), near(10, 20, 18, 26, 24));
         EXPECT_THAT(box("Cut"), near(50, 60, 54, 63, 5));

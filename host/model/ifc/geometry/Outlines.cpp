@@ -20,10 +20,11 @@ bool isFinite(const Point& point) {
 }
 
 /// Empty where its coordinates are no numbers.
-PlanOutline placed(std::vector<Ring> rings, const Point& origin, bool hull) {
+PlanOutline placed(std::vector<Ring> rings, const Point& origin, const Turn& turn, bool hull) {
     for (Ring& ring : rings) {
         for (Point& point : ring) {
-            point = {point.x + origin.x, point.y + origin.y, hull ? point.z + origin.z : 0};
+            const Point turned = turn.turned(point);
+            point = {turned.x + origin.x, turned.y + origin.y, hull ? turned.z + origin.z : 0};
             if (!isFinite(point)) return {};
         }
     }
@@ -39,28 +40,44 @@ PlanOutline Outlines::of(Slot element) {
     auto geometry = geometryOf(reader, element);
     if (!geometry) return {};
     const Point origin = std::exchange(geometry->frame.origin, {});
-    const Frame& frame = geometry->frame;
+    Frame& frame = geometry->frame;
     if (!isFinite(frame.x) || !isFinite(frame.y) || !isFinite(frame.z)) return {};
+    forgetWhereDue();
+    const Turn turn = turnFor(*geometry);
+    if (turn.sine != 0) frame = rounded(turn.turnedBack(frame));
     Covered& shown = covered(*geometry);
     if (shown.area) {
         const double height = shown.bottom + CutAt * (shown.top - shown.bottom);
-        auto rings = shown.area->without(openingsAt(element, origin, height));
-        if (rings && !rings->empty()) return placed(std::move(*rings), origin, false);
+        auto rings = shown.area->without(openingsAt(element, origin, turn, height));
+        if (rings && !rings->empty()) return placed(std::move(*rings), origin, turn, false);
     }
     const std::vector<Point>& corners = hull(*geometry, shown);
     if (corners.empty()) return {};
-    return placed({corners}, origin, true);
+    return placed({corners}, origin, turn, true);
+}
+
+void Outlines::forgetWhereDue() {
+    const bool changed = std::exchange(revision_, work_.file.revision()) != work_.file.revision();
+    if (!changed && kept_ <= MostKept) return;
+    covered_.clear();
+    aslant_.clear();
+    kept_ = 0;
+}
+
+Turn Outlines::turnFor(const ElementGeometry& geometry) {
+    const Turn turn = turnOf(geometry.frame);
+    if (turn.sine == 0 || covered_.contains(keyOf(geometry))) return {};
+    return aslant_[geometry.source]++ < MostAslant ? Turn() : turn;
+}
+
+Outlines::Key Outlines::keyOf(const ElementGeometry& geometry) {
+    const Frame& frame = geometry.frame;
+    return {geometry.source,
+            {frame.x.x, frame.x.y, frame.x.z, frame.y.x, frame.y.y, frame.y.z, frame.z.x, frame.z.y, frame.z.z}};
 }
 
 Outlines::Covered& Outlines::covered(const ElementGeometry& geometry) {
-    const bool changed = std::exchange(revision_, work_.file.revision()) != work_.file.revision();
-    if (changed || kept_ > MostKept) {
-        covered_.clear();
-        kept_ = 0;
-    }
-    const Frame& frame = geometry.frame;
-    const Axes axes{frame.x.x, frame.x.y, frame.x.z, frame.y.x, frame.y.y, frame.y.z, frame.z.x, frame.z.y, frame.z.z};
-    const std::pair key(geometry.source, axes);
+    const Key key = keyOf(geometry);
     if (const auto known = covered_.find(key); known != covered_.end()) return known->second;
     Covered made;
     GeometryReader reader(work_);
@@ -84,8 +101,8 @@ const std::vector<Point>& Outlines::hull(const ElementGeometry& geometry, Covere
 
 /// What is cut away from an element at the height where a plan is cut: as high as people look, in a storey's wall. Of a
 /// door or window there is a part at that height, of the recess for a pipe along the floor none.
-/// @param origin  Of the coordinates that the height and the result are in.
-std::vector<Region> Outlines::openingsAt(Slot element, const Point& origin, double height) {
+/// @param origin, turn  Of the coordinates that the height and the result are in.
+std::vector<Region> Outlines::openingsAt(Slot element, const Point& origin, const Turn& turn, double height) {
     constexpr std::size_t MostOpenings = 1000;
     const std::vector<Slot> openings = openings_.of(element);
     GeometryReader reader(work_);
@@ -95,6 +112,7 @@ std::vector<Region> Outlines::openingsAt(Slot element, const Point& origin, doub
         if (!geometry) continue;
         Point& at = geometry->frame.origin;
         at = {at.x - origin.x, at.y - origin.y, at.z - origin.z};
+        geometry->frame = turn.turnedBack(geometry->frame);
         auto shape = planShapeOf(reader, *geometry);
         if (!shape || shape->bottom > height || shape->top < height) continue;
         std::move(shape->regions.begin(), shape->regions.end(), std::back_inserter(regions));

@@ -3,6 +3,7 @@
 #include "model/ifc/geometry/ElementGeometry.hpp"
 #include "model/ifc/geometry/PlanShape.hpp"
 #include "model/ifc/geometry/Spatial.hpp"
+#include "model/ifc/geometry/Turn.hpp"
 
 #include <array>
 #include <map>
@@ -10,7 +11,7 @@
 namespace model::ifc {
 
 /// The outlines of elements in plan. Many elements may show one geometry at different places: what it covers is put
-/// together once for each way that it is turned, and kept until the file changes.
+/// together once for each way that it lies, of which turns about the vertical are few, and kept until the file changes.
 class Outlines {
 public:
     explicit Outlines(Workspace& work) : work_(work) {}
@@ -18,6 +19,9 @@ public:
     /// See Model::outline.
     PlanOutline of(step::Slot element);
 
+    /// So many turns of one geometry to no axis of the model are put together for themselves, as exactly as can be. All
+    /// others are turned from one that lies along the axes.
+    static constexpr std::size_t MostAslant = 16;
     /// So many corners are kept, however many elements are asked for: some megabytes.
     static constexpr std::size_t MostKept = 200'000;
     std::size_t kept() const { return kept_; }
@@ -30,16 +34,22 @@ private:
         std::optional<std::vector<Point>> hull;  ///< Once it has been asked for.
     };
 
+    void forgetWhereDue();
+    Turn turnFor(const ElementGeometry& geometry);
     Covered& covered(const ElementGeometry& geometry);
     const std::vector<Point>& hull(const ElementGeometry& geometry, Covered& covered);
-    std::vector<Region> openingsAt(step::Slot element, const Point& origin, double height);
+    std::vector<Region> openingsAt(step::Slot element, const Point& origin, const Turn& turn, double height);
 
-    using Axes = std::array<double, 9>;
+    /// The geometry's source and axes.
+    using Key = std::pair<step::Slot, std::array<double, 9>>;
+    static Key keyOf(const ElementGeometry& geometry);
+
     Workspace& work_;
     Openings openings_{work_};
     std::uint64_t revision_ = 0;
-    std::map<std::pair<step::Slot, Axes>, Covered> covered_;  ///< By the geometry's source and axes.
-    std::size_t kept_ = 0;                                    ///< Corners in it; each entry counts as some.
+    std::map<Key, Covered> covered_;
+    std::map<step::Slot, std::size_t> aslant_;  ///< How often a source was turned to no axis of the model.
+    std::size_t kept_ = 0;                      ///< Corners in all of it; each entry counts as some.
 };
 
 }  // namespace model::ifc
