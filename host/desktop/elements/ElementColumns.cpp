@@ -21,7 +21,7 @@ const QString GuidsKey = QStringLiteral("elements/wholeGuids");
 constexpr struct {
     const char* key;
     int characters;
-} Usual[ElementColumnCount] = {{"storey", 15}, {"type", 13}, {"name", 0}, {"room", 18}, {"guid", 12}, {"class", 22}};
+} Usual[ElementColumnCount] = {{"storey", 15}, {"type", 13}, {"name", 0}, {"room", 18}, {"guid", 16}, {"class", 22}};
 constexpr int ItemCharacters = 18;
 constexpr int WholeGuidCharacters = 38;
 constexpr int SaveMs = 300;

@@ -9,8 +9,8 @@ namespace desktop {
 
 namespace {
 
-/// The first group of a GUID tells the elements of nearly every model apart.
-constexpr int ShortGuidLength = 8;
+/// Programs that write models give GUIDs at random, or begin them all alike and count at their end: both are shown.
+constexpr int ShownOfFront = 8, ShownOfEnd = 4;
 
 }  // namespace
 
@@ -165,7 +165,7 @@ QVariant ElementTableModel::data(const QModelIndex& index, int role) const {
     const QString whole = text(*which, index.column());
     if (role == Qt::ToolTipRole && !whole.isEmpty()) return asPlainToolTip(whole);
     const bool cut = index.column() == static_cast<int>(ElementColumn::Guid) && !guidsWhole_ && !described;
-    return cut ? whole.left(ShortGuidLength) + u'…' : visible(whole);
+    return cut ? QString(whole.left(ShownOfFront) + u'…' + whole.right(ShownOfEnd)) : visible(whole);
 }
 
 QVariant ElementTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
