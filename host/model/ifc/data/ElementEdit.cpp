@@ -120,6 +120,11 @@ Status ElementEdit::replaceReference(Slot instance, Field field, Slot from, Slot
     return text == held.text ? Status{} : work_.file.replaceValue(instance, held, text);
 }
 
+Status ElementEdit::replaceInList(Slot holder, Field field, Slot from, Slot to) {
+    const std::string list = withReference(argumentText(holder, field), work_.file.id(from), work_.file.id(to));
+    return work_.replaceInList(holder, field, from, to, list);
+}
+
 Status ElementEdit::relink(Slot relation, Field field, Slot from, Slot to, const std::string& purpose) {
     if (isAlone(relation)) return replaceReference(relation, field, from, to);
     InstanceBuilder draft = copyOfRoot(relation, purpose);

@@ -41,6 +41,8 @@ public:
 
     /// Puts another reference in the place of one in an argument, which may be a list.
     Status replaceReference(step::Slot instance, Field field, step::Slot from, step::Slot to);
+    /// The same in a list of references that does not have `to` yet.
+    Status replaceInList(step::Slot holder, Field field, step::Slot from, step::Slot to);
     /// Lets the element see `to` where it saw `from` in an argument of the relation: there, if the relation is the
     /// element's alone; otherwise in a copy of the relation, which the element leaves the old one for.
     Status relink(step::Slot relation, Field field, step::Slot from, step::Slot to, const std::string& purpose);

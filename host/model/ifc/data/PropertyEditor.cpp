@@ -179,7 +179,7 @@ Status PropertyEditor::putCopyInPlaceOf(const PropertyPlace& place) {
     if (place.overriding != step::NoSlot) {
         return edit_.relink(place.overriding, Field::Overriding, place.property, *copy, relationPurpose());
     }
-    if (edit_.isOwn(place.set)) return edit_.replaceReference(place.set, Field::HasProperties, place.property, *copy);
+    if (edit_.isOwn(place.set)) return edit_.replaceInList(place.set, Field::HasProperties, place.property, *copy);
     if (const Slot overriding = relationToOverrideIn(place.set); overriding != step::NoSlot) {
         return addToOverride(overriding, *copy);
     }

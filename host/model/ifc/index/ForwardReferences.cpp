@@ -2,6 +2,8 @@
 
 #include "model/ifc/values/InstanceScan.hpp"
 
+#include <algorithm>
+
 namespace model::ifc {
 
 namespace {
@@ -46,6 +48,11 @@ void ForwardReferences::forget(step::Slot slot) {
 void ForwardReferences::append(step::Slot slot, Field field, step::Slot target) {
     const auto found = known_.find(keyOf(slot, field));
     if (found != known_.end()) found->second.push_back(target);
+}
+
+void ForwardReferences::replace(step::Slot slot, Field field, step::Slot from, step::Slot to) {
+    const auto found = known_.find(keyOf(slot, field));
+    if (found != known_.end()) std::replace(found->second.begin(), found->second.end(), from, to);
 }
 
 }  // namespace model::ifc

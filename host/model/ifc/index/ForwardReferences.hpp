@@ -22,6 +22,8 @@ public:
     void forgetAll() noexcept { known_.clear(); }
     /// Of a reference added to the end of an argument, and no other change.
     void append(step::Slot slot, Field field, step::Slot target);
+    /// Of a reference put in the place of another wherever the argument had that, and no other change.
+    void replace(step::Slot slot, Field field, step::Slot from, step::Slot to);
 
 private:
     std::vector<step::Slot> read(step::Slot slot, Field field) const;

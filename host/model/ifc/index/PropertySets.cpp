@@ -129,6 +129,10 @@ void PropertySets::append(step::Slot set, step::Slot property) {
     knownBytes_ += found->second.bytes();
 }
 
+void PropertySets::replace(step::Slot set, step::Slot from, step::Slot to) {
+    readAgain(set, from, to);
+}
+
 void PropertySets::beforeChange(step::Slot slot) {
     if (known_.empty() && knownOverriding_.empty()) return;
     const Role role = classes_.of(slot).role;
@@ -140,20 +144,20 @@ void PropertySets::afterChange(step::Slot slot, InverseReferences& inverseRefere
     beforeChange(slot);
     if (known_.empty() || classes_.of(slot).role != Role::SimpleProperty) return;
     inverseReferences.forEachUse(slot, [&](const Use& use) {
-        readAgain(use.user, slot);
+        readAgain(use.user, slot, slot);
         return true;
     });
 }
 
-/// One property of a set that is known: an update file changes one after the other of a set of many.
-void PropertySets::readAgain(step::Slot slot, step::Slot property) {
+/// One property of a set that is known, or what stands in its place now: an update file changes one after the other of a
+/// set of many.
+void PropertySets::readAgain(step::Slot slot, step::Slot property, step::Slot now) {
     const auto found = known_.find(slot);
     if (found == known_.end()) return;
     DecodedSet& set = found->second;
     knownBytes_ -= set.bytes();
-    const bool read = std::all_of(set.rows_.begin(), set.rows_.end(), [&](DecodedSet::Row& row) {
-        return row.slot != property || readRow(property, set, row);
-    });
+    const bool read = std::all_of(set.rows_.begin(), set.rows_.end(),
+                                  [&](DecodedSet::Row& row) { return row.slot != property || readRow(now, set, row); });
     knownBytes_ += set.bytes();
     // Texts that grew leave their old places unused.
     if (!read || set.texts_.size() > 2 * set.textsWhenRead_ + 1000) dropSet(slot);

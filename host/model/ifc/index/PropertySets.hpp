@@ -66,7 +66,9 @@ public:
 
     /// Of a property added to the end of a set, and no other change.
     void append(step::Slot set, step::Slot property);
-    /// To be told of every change of the file but append().
+    /// Of a property put in the place of another, and no other change of the set.
+    void replace(step::Slot set, step::Slot from, step::Slot to);
+    /// To be told of every change of the file but append() and replace().
     void beforeChange(step::Slot slot);
     void afterChange(step::Slot slot, InverseReferences& inverseReferences);
 
@@ -76,7 +78,7 @@ private:
     DecodedSet decode(step::Slot set);
     void addRow(step::Slot property, DecodedSet& set);
     bool readRow(step::Slot property, DecodedSet& set, DecodedSet::Row& row);
-    void readAgain(step::Slot set, step::Slot property);
+    void readAgain(step::Slot set, step::Slot property, step::Slot now);
     DecodedSet::Part putText(step::Value string, DecodedSet& set, DecodedSet::Part old);
 
     const step::StepFile& file_;

@@ -56,26 +56,49 @@ bool Workspace::isUsedOnlyBy(step::Slot instance, step::Slot user) {
     return only;
 }
 
-Status Workspace::addToList(step::Slot holder, Field field, step::Slot member) {
-    const Class& cls = classes.of(holder);
-    step::Instance instance;
-    file.read(holder, instance);
-    const std::string added = referenceText(file.id(member));
+template <class Edit, class Follow>
+Status Workspace::editList(Edit edit, Follow follow) {
     {
         const Unobserved unobserved(observing_);
-        Status done = file.addToAggregate(holder, argument(instance, cls, field), added);
+        Status done = edit();
         if (!done) return done;
     }
     try {
-        inverseReferences.remember(member, holder, cls.attributeIndex(field));
-        forwardReferences.append(holder, field, member);
-        longRelations.forget(holder);
-        propertySets.append(holder, member);
+        follow();
     } catch (...) {
         afterManyChanges();
         throw;
     }
     return {};
+}
+
+Status Workspace::addToList(step::Slot holder, Field field, step::Slot member) {
+    const Class& cls = classes.of(holder);
+    step::Instance instance;
+    file.read(holder, instance);
+    const std::string added = referenceText(file.id(member));
+    const auto add = [&] { return file.addToAggregate(holder, argument(instance, cls, field), added); };
+    return editList(add, [&] {
+        inverseReferences.remember(member, holder, cls.attributeIndex(field));
+        forwardReferences.append(holder, field, member);
+        longRelations.forget(holder);
+        propertySets.append(holder, member);
+    });
+}
+
+Status Workspace::replaceInList(step::Slot holder, Field field, step::Slot from, step::Slot to,
+                                const std::string& list) {
+    const Class& cls = classes.of(holder);
+    step::Instance instance;
+    file.read(holder, instance);
+    const auto replace = [&] { return file.replaceValue(holder, argument(instance, cls, field), list); };
+    return editList(replace, [&] {
+        inverseReferences.forget(from, holder, cls.attributeIndex(field));
+        inverseReferences.remember(to, holder, cls.attributeIndex(field));
+        forwardReferences.replace(holder, field, from, to);
+        longRelations.forget(holder);
+        propertySets.replace(holder, from, to);
+    });
 }
 
 // What cannot follow a change, for want of memory, is found anew. A cache may be empty at any time; it may never be

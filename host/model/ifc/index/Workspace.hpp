@@ -38,6 +38,10 @@ public:
     /// Adds a reference to the end of a list. What is kept about the list is added to, not made anew: a set may be
     /// given one property after the other.
     Status addToList(step::Slot holder, Field field, step::Slot member);
+    /// Puts a member that the list does not have yet in the place of another, in the same way: one property of a set
+    /// after the other may get a copy.
+    /// @param list  The text of the list, which stands in that field, with the new member.
+    Status replaceInList(step::Slot holder, Field field, step::Slot from, step::Slot to, const std::string& list);
 
     step::StepFile& file;
     const SchemaVersion version;
@@ -55,6 +59,9 @@ public:
     std::unordered_map<step::Slot, step::Slot> relationCopies;
 
 private:
+    /// Makes the one change of a list that `edit` makes, and has it followed by `follow`.
+    template <class Edit, class Follow>
+    Status editList(Edit edit, Follow follow);
     void beforeChange(step::Slot slot) noexcept override;
     void afterChange(step::Slot slot) noexcept override;
     void afterManyChanges() noexcept override;
