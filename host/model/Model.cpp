@@ -280,7 +280,14 @@ void Model::visitProperties(Element element, const std::function<void(const Prop
 }
 
 Result<std::vector<ClassificationReference>> Model::classifications(Element element) const {
-    return ifc::readClassifications(content_->work, content_->work.elements.slot(element));
+    std::vector<ClassificationReference> references;
+    visitClassifications(element, [&](const ClassificationReference& one) { references.push_back(one); });
+    return references;
+}
+
+void Model::visitClassifications(Element element,
+                                 const std::function<void(const ClassificationReference&)>& visit) const {
+    ifc::forEachClassification(content_->work, content_->work.elements.slot(element), visit);
 }
 
 std::string Model::standardType(std::u16string_view set, std::u16string_view name) const {
@@ -289,10 +296,13 @@ std::string Model::standardType(std::u16string_view set, std::u16string_view nam
     return property && property->kind == PropertyKind::Single ? std::string(property->type) : std::string();
 }
 
-std::vector<std::u16string> Model::chosenItems(Element element, std::u16string_view set,
-                                               std::u16string_view name) const {
+std::vector<std::vector<std::u16string>> Model::chosenItems(Element element,
+                                                            const std::vector<PropertyName>& properties) const {
     ifc::Workspace& work = content_->work;
-    return ifc::chosenItems(work, ifc::findProperty(work, work.elements.slot(element), set, name));
+    std::vector<std::vector<std::u16string>> items;
+    for (const step::Slot property : ifc::findProperties(work, work.elements.slot(element), properties))
+        items.push_back(ifc::chosenItems(work, property));
+    return items;
 }
 
 ifc::SchemaVersion Model::schemaVersion() const {

@@ -102,11 +102,14 @@ public:
     void visitProperties(Element element, const std::function<void(const PropertyView&)>& visit) const;
     /// The element's own in file order, then those of its type object whose label it has not itself.
     Result<std::vector<ClassificationReference>> classifications(Element element) const;
+    /// The same without building a list.
+    void visitClassifications(Element element, const std::function<void(const ClassificationReference&)>& visit) const;
     /// The type that the standard gives the single value of a property, "IfcLabel". Empty where the standard sets of
     /// the file's schema have no such set or property.
     std::string standardType(std::u16string_view set, std::u16string_view name) const;
-    /// The items that an enumerated property has chosen, as texts. Empty where it is none.
-    std::vector<std::u16string> chosenItems(Element element, std::u16string_view set, std::u16string_view name) const;
+    /// The items that each of the properties has chosen, as texts. Empty for one that is not there, or not enumerated.
+    std::vector<std::vector<std::u16string>> chosenItems(Element element,
+                                                         const std::vector<PropertyName>& properties) const;
     /// What the schema says of an element, see model/ifc/schema. Static.
     ifc::SchemaVersion schemaVersion() const;
     const ifc::Entity& entity(Element element) const;

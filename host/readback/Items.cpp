@@ -7,6 +7,7 @@
 #include <array>
 #include <functional>
 #include <map>
+#include <optional>
 #include <set>
 #include <type_traits>
 #include <utility>
@@ -121,10 +122,9 @@ Stored storedProperty(const model::PropertyView& property) {
     return stored;
 }
 
-Stored storedEnumeration(const Model& model, Element element, const Place& place) {
+Stored storedEnumeration(const std::vector<std::u16string>& chosen) {
     Stored stored;
-    for (const std::u16string& item : model.chosenItems(element, place.set, place.property))
-        stored.items.push_back(text::toUtf8(item));
+    for (const std::u16string& item : chosen) stored.items.push_back(text::toUtf8(item));
     stored.kind = stored.items.empty() ? Stored::Kind::Nothing : Stored::Kind::Enumerated;
     return stored;
 }
@@ -150,7 +150,11 @@ void readProperties(const Model& model, Element element, const std::vector<const
         }
         wanted.erase(begin, end);  // of several equal ones the first counts
     });
-    for (const std::size_t i : enumerated) stored[i] = storedEnumeration(model, element, *places[i]);
+    if (enumerated.empty()) return;
+    std::vector<model::PropertyName> names;
+    for (const std::size_t i : enumerated) names.push_back({places[i]->set, places[i]->property});
+    const auto chosen = model.chosenItems(element, names);
+    for (std::size_t i = 0; i < enumerated.size(); ++i) stored[enumerated[i]] = storedEnumeration(chosen[i]);
 }
 
 void readAttributes(const Model& model, Element element, const std::vector<const Place*>& places,
@@ -218,11 +222,11 @@ model::Status storeProperty(Model& model, Element element, const Place& place, S
 }
 
 model::Status storeClassification(Model& model, Element element, const Place& place, std::string_view asked) {
-    auto references = classificationsOf(model, element);
-    const auto reference =
-        std::find_if(references.begin(), references.end(), [&](const auto& one) { return one.system == place.system; });
-    if (reference == references.end())
-        return model::Error{model::ErrorKind::BadName, "the element has no such classification"};
+    std::optional<model::ClassificationReference> reference;
+    model.visitClassifications(element, [&](const model::ClassificationReference& one) {
+        if (!reference && one.system == place.system) reference = one;
+    });
+    if (!reference) return model::Error{model::ErrorKind::BadName, "the element has no such classification"};
     // An empty shell would say that the element is classified, and not as what.
     if (asked.empty()) return model.removeClassification(element, place.system);
     const AskedClassification wanted = askedClassification(asked);

@@ -72,6 +72,12 @@ struct PropertyText {
     std::string type;
 };
 
+/// By which a property is found.
+struct PropertyName {
+    std::u16string_view set;
+    std::u16string_view name;
+};
+
 /// A property without copies of its texts: they are valid during the visit.
 struct PropertyView {
     std::u16string_view set;

@@ -78,7 +78,10 @@ GSErrCode Element_GetIFCProperties(void*, const API_Guid& guid, bool storedOnly,
 GSErrCode Element_GetIFCClassificationReferences(void*, const API_Guid& guid, bool,
                                                  GS::Array<API_IFCClassificationReference>* references) {
     return handOut(guid, references, [](const model::Model& model, model::Element element, auto& records) {
-        return convert(model.classifications(element), records);
+        model.visitClassifications(element, [&](const model::ClassificationReference& reference) {
+            records.PushMade([&] { return toRecord(reference); });
+        });
+        return model::Status{};
     });
 }
 

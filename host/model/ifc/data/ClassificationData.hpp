@@ -2,20 +2,17 @@
 
 #include "model/ifc/index/Workspace.hpp"
 
+#include <functional>
+
 namespace model::ifc {
 
-/// One classification of an element or of its type object.
-struct AssignedClassification {
-    step::Slot relation;
-    step::Slot reference;       ///< An IfcClassificationReference, or an IfcClassification given directly.
-    step::Slot classification;  ///< At the end of the chain of referenced sources; NoSlot where there is none.
-    ClassificationReference data;
-};
-
 /// The classifications of one object in file order. Notations (IFC2X3) are left out.
-std::vector<AssignedClassification> assignedClassifications(Workspace& work, step::Slot object);
+/// @param visit  What it is given is valid until a change of the file.
+void forEachAssigned(Workspace& work, step::Slot object,
+                     const std::function<void(const AssignedClassification&)>& visit);
 
 /// The element's own, then those of its type object whose label the element has not itself.
-std::vector<ClassificationReference> readClassifications(Workspace& work, step::Slot element);
+void forEachClassification(Workspace& work, step::Slot element,
+                           const std::function<void(const ClassificationReference&)>& visit);
 
 }  // namespace model::ifc

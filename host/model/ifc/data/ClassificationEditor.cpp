@@ -80,10 +80,11 @@ private:
 };
 
 std::vector<AssignedClassification> ClassificationEditor::findBy(Slot object) {
-    auto assigned = assignedClassifications(work_, object);
-    std::erase_if(assigned,
-                  [&](const AssignedClassification& candidate) { return candidate.data.system != wanted_.system; });
-    return assigned;
+    std::vector<AssignedClassification> found;
+    forEachAssigned(work_, object, [&](const AssignedClassification& candidate) {
+        if (candidate.data.system == wanted_.system) found.push_back(candidate);
+    });
+    return found;
 }
 
 /// Which of several of one label is meant nobody can tell; the first in the file is taken, and it is said.

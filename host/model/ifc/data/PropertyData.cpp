@@ -212,14 +212,18 @@ void forEachTypeProperty(Workspace& work, Slot element, const PropertyVisit& vis
     }
 }
 
-Slot findProperty(Workspace& work, Slot element, std::u16string_view set, std::u16string_view name) {
-    Slot found = step::NoSlot;
+std::vector<Slot> findProperties(Workspace& work, Slot element, const std::vector<PropertyName>& names) {
+    std::vector<Slot> found(names.size(), step::NoSlot);
+    std::multimap<std::pair<std::u16string_view, std::u16string_view>, std::size_t> wanted;  // by name and set
+    for (std::size_t i = 0; i < names.size(); ++i) wanted.emplace(std::pair(names[i].name, names[i].set), i);
     const PropertyVisit visit = [&](const PropertyView& property, const PropertyPlace& place) {
-        if (property.set == set && property.name == name) found = place.property;
-        return found == step::NoSlot;
+        const auto [begin, end] = wanted.equal_range(std::pair(property.name, property.set));
+        for (auto it = begin; it != end; ++it) found[it->second] = place.property;
+        wanted.erase(begin, end);
+        return !wanted.empty();
     };
     forEachOwnProperty(work, assignedSets(work, element), visit);
-    if (found == step::NoSlot) forEachTypeProperty(work, element, visit);
+    if (!wanted.empty()) forEachTypeProperty(work, element, visit);
     return found;
 }
 

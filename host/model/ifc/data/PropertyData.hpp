@@ -31,9 +31,9 @@ void forEachOwnProperty(Workspace& work, const std::vector<AssignedSet>& assigne
 /// The properties of the element's type object, those that the element has itself included.
 void forEachTypeProperty(Workspace& work, step::Slot element, const PropertyVisit& visit);
 
-/// The property of that set and name: the element's own, or else the one of its type object. NoSlot where there is
+/// The property of each set and name: the element's own, or else the one of its type object. NoSlot where there is
 /// none.
-step::Slot findProperty(Workspace& work, step::Slot element, std::u16string_view set, std::u16string_view name);
+std::vector<step::Slot> findProperties(Workspace& work, step::Slot element, const std::vector<PropertyName>& names);
 
 /// Own properties, then those inherited from the type object.
 void forEachProperty(Workspace& work, step::Slot element, const std::function<void(const PropertyView&)>& visit);

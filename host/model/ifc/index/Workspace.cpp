@@ -27,6 +27,7 @@ Workspace::Workspace(step::StepFile& stepFile, SchemaVersion schemaVersion)
       inverseReferences(file, classes, schema),
       forwardReferences(file, classes),
       longRelations(file, classes),
+      classifications(file, classes, forwardReferences, longRelations),
       propertySets(file, classes, schema),
       elementSets(file, propertySets),
       globalIds(file, classes),
@@ -107,6 +108,7 @@ Status Workspace::replaceInList(step::Slot holder, Field field, step::Slot from,
 void Workspace::beforeChange(step::Slot slot) noexcept try {
     if (!observing_) return;
     propertySets.beforeChange(slot);
+    classifications.beforeChange(slot, inverseReferences);
     forwardReferences.forget(slot);
     longRelations.forget(slot);
     inverseReferences.beforeChange(slot);
@@ -130,6 +132,7 @@ void Workspace::afterManyChanges() noexcept {
     inverseReferences.forgetAll();
     globalIds.forgetAll();
     propertySets.forgetAll();
+    classifications.forgetAll();
     forwardReferences.forgetAll();
     longRelations.forgetAll();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/ifc/index/AssignedClassifications.hpp"
 #include "model/ifc/index/ClassificationIndex.hpp"
 #include "model/ifc/index/ElementSets.hpp"
 #include "model/ifc/index/Elements.hpp"
@@ -51,6 +52,7 @@ public:
     InverseReferences inverseReferences;
     ForwardReferences forwardReferences;
     LongRelations longRelations;
+    AssignedClassifications classifications;
     PropertySets propertySets;
     ElementSets elementSets;
     GlobalIdAllocator globalIds;
