@@ -1,5 +1,6 @@
 #include "importing/ReviewPage.hpp"
 
+#include "importing/Refusals.hpp"
 #include "importing/ReviewRows.hpp"
 #include "report/Forms.hpp"
 #include "report/Plans.hpp"
@@ -11,7 +12,6 @@
 #include <fmt/format.h>
 
 #include <map>
-#include <unordered_map>
 
 namespace importing {
 namespace {
@@ -19,49 +19,6 @@ namespace {
 using report::Row;
 using report::Tone;
 using namespace updatefile::reviewlist;
-
-/// A reason without the add-on interface's name for it, " (APIERR_BADVALUE)", which tells readers nothing.
-std::string withoutCode(std::string reason) {
-    const std::size_t at = reason.rfind(" (APIERR_");
-    if (at != std::string::npos) reason.resize(at);
-    return reason;
-}
-
-/// The host's refusals by the element that they are about: "Wall 12 (GUID), ITEM: REASON".
-class Refusals {
-public:
-    explicit Refusals(const std::vector<std::string>& texts) {
-        for (const std::string& text : texts) {
-            for (std::size_t at = text.find('('); at != std::string::npos; at = text.find('(', at + 1)) {
-                const std::string guid = text.substr(at + 1, text::GuidLength);
-                if (!text::parseGuid(guid) || !text.substr(at + 1 + text::GuidLength).starts_with("), ")) continue;
-                byGuid_[guid].push_back(text.substr(at + text::GuidLength + 4));
-                break;
-            }
-            if (text.find(" (APIERR_") == std::string::npos) others_.push_back(text);
-        }
-    }
-
-    /// What the host said besides.
-    const std::vector<std::string>& others() const { return others_; }
-
-    /// Empty where the host did not refuse: the add-on found nothing of that name.
-    std::string reasonFor(const std::string& guid, const std::string& item) const {
-        const auto found = byGuid_.find(text::toUpperCase(guid));
-        if (found == byGuid_.end()) return {};
-        const std::string name = item.substr(0, item.find('['));
-        for (const std::string& refusal : found->second) {
-            const std::size_t colon = refusal.find(": ", name.size());
-            const bool same = refusal.starts_with(name) && refusal.find_first_of(":[", name.size()) == name.size();
-            if (same && colon != std::string::npos) return withoutCode(refusal.substr(colon + 2));
-        }
-        return {};
-    }
-
-private:
-    std::unordered_map<std::string, std::vector<std::string>> byGuid_;
-    std::vector<std::string> others_;
-};
 
 class ReviewPage {
 public:
@@ -81,8 +38,8 @@ public:
 private:
     void describe();
     void addRow(std::size_t index);
-    std::optional<Row> rowOf(std::size_t index) const;
-    void judgeTicked(std::size_t index, Row& row) const;
+    std::optional<Row> rowOf(std::size_t index);
+    void judgeTicked(std::size_t index, Row& row);
     report::Subject* subjectFor(const std::string& guid);
     void addSums();
     void addNotes();
@@ -110,7 +67,7 @@ void ReviewPage::describe() {
 }
 
 /// What came, or would come, of a row that the user wanted.
-void ReviewPage::judgeTicked(std::size_t index, Row& row) const {
+void ReviewPage::judgeTicked(std::size_t index, Row& row) {
     const RowFacts& facts = import_.facts[index];
     const readback::RowOutcome& outcome = facts.outcome;
     const bool refused = import_.result ? failed(import_.rows()[index]) : outcome.asAsked == false && !outcome.stored;
@@ -132,7 +89,7 @@ void ReviewPage::judgeTicked(std::size_t index, Row& row) const {
 }
 
 /// Nothing for a row that asks for what is there.
-std::optional<Row> ReviewPage::rowOf(std::size_t index) const {
+std::optional<Row> ReviewPage::rowOf(std::size_t index) {
     const ListRow& reviewed = import_.review[index];
     Row row;
     row.item = cell(index, PropertyColumn);

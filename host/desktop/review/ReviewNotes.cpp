@@ -19,24 +19,18 @@ bool isSettled(Mark mark) {
     return mark == Mark::Done || mark == Mark::Error;
 }
 
-/// The designation without its set, as the host names an item in its report.
-std::string_view nameOf(const importing::ListRow& row) {
-    const std::string& item = row.columns[PropertyColumn].get();
-    return std::string_view(item).substr(0, item.find('['));
+/// The GUID of an element and the name of an item, without its set.
+using Subject = std::pair<std::string, std::string>;
+
+std::string nameOf(const std::string& item) {
+    return item.substr(0, item.find('['));
 }
 
-/// A refusal in the report: "NAME (GUID), ITEM: WHY".
-struct Refusal {
-    std::string item, why;
-    bool used = false;
-};
-
-/// The refusals since line `first`, by GUID, in their order.
-std::multimap<std::string, Refusal, std::less<>> refusals(const std::vector<host::ReportLine>& report,
-                                                          std::size_t first) {
+/// The reasons in the report since line `first`, "NAME (GUID), ITEM: WHY", in their order for each subject.
+std::multimap<Subject, std::string> refusals(const std::vector<host::ReportLine>& report, std::size_t first) {
     constexpr std::string_view BehindGuid = "), ";
     constexpr std::size_t GuidLength = 36;
-    std::multimap<std::string, Refusal, std::less<>> found;
+    std::multimap<Subject, std::string> found;
     for (std::size_t i = first; i < report.size(); ++i) {
         const std::string& text = report[i].text;
         const std::size_t end = text.find(BehindGuid);
@@ -44,8 +38,8 @@ std::multimap<std::string, Refusal, std::less<>> refusals(const std::vector<host
         const std::size_t begin = end + BehindGuid.size();
         const std::size_t colon = text.find(": ", begin);
         if (colon == std::string::npos) continue;
-        found.emplace(text.substr(end - GuidLength, GuidLength),
-                      Refusal{text.substr(begin, colon - begin), text.substr(colon + 2)});
+        found.emplace(Subject(text.substr(end - GuidLength, GuidLength), nameOf(text.substr(begin, colon - begin))),
+                      text.substr(colon + 2));
     }
     return found;
 }
@@ -120,13 +114,12 @@ void ReviewNotes::collectReasons(const std::vector<Mark>& marks) {
     auto known = refusals(host_.report(), reportSeen_);
     for (std::size_t row = 0; row < marks.size() && row < review_.size(); ++row) {
         if (marks[row] != Mark::Error) continue;
-        const auto [begin, end] = known.equal_range(review_[row].columns[GuidColumn].get());
-        const auto found = std::find_if(begin, end, [&](const auto& entry) {
-            return !entry.second.used && entry.second.item.find(nameOf(review_[row])) != std::string::npos;
-        });
-        if (found == end) continue;
-        found->second.used = true;
-        reasons_[row] = toQString(found->second.why);
+        const auto& columns = review_[row].columns;
+        const Subject subject(columns[GuidColumn].get(), nameOf(columns[PropertyColumn].get()));
+        const auto found = known.lower_bound(subject);
+        if (found == known.end() || found->first != subject) continue;
+        reasons_[row] = toQString(found->second);
+        known.erase(found);  // that of the next row about it stands behind
     }
     reportSeen_ = host_.report().size();
 }
