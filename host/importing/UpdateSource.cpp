@@ -7,6 +7,9 @@
 #include "updatefile/CurrentText.hpp"
 #include "updatefile/ExportLine.hpp"
 
+#include <map>
+#include <memory>
+
 namespace importing {
 namespace {
 
@@ -16,38 +19,52 @@ std::string fromNarrow(const std::string& bytes) {
     return text::toUtf8(GS::UniString(bytes.data(), static_cast<USize>(bytes.size())).View());
 }
 
-/// What `export` would write for an item now. The cells of one line ask about one element, whose data are read once.
+/// What `export` would write for an item now. An element's data are read once for all lines about it, wherever they
+/// stand, as long as they take no more memory than this.
 class CurrentValues {
 public:
     explicit CurrentValues(const model::Model& model) : model_(model) {}
 
     std::optional<std::string> of(std::string_view guid, std::string_view item) {
-        if (guid != guid_) readElement(guid);
-        if (!known_) return std::nullopt;
-        const updatefile::CurrentText current =
-            updatefile::currentText(data_, text::fromUtf8(item.substr(0, item.find('['))));
-        const updatefile::ExportLine line = updatefile::exportLine({guid_, false, true}, item, current);
+        const auto known = known_.find(guid);
+        const updatefile::CurrentTexts* element = known != known_.end() ? known->second.get() : readElement(guid);
+        if (element == nullptr) return std::nullopt;
+        const updatefile::CurrentText current = element->of(text::fromUtf8(item.substr(0, item.find('['))));
+        const updatefile::ExportLine line = updatefile::exportLine({std::string(guid), false, true}, item, current);
         return line.obstacle == updatefile::Obstacle::None ? std::optional(line.value) : std::nullopt;
     }
 
 private:
-    void readElement(std::string_view guid) {
-        guid_ = guid;
-        known_ = false;
+    static constexpr std::size_t MostBytes = std::size_t{64} << 20U;
+    static constexpr std::size_t MostElements = 100'000;
+
+    /// @return null for an element that is not there.
+    const updatefile::CurrentTexts* readElement(std::string_view guid) {
+        auto element = dataOf(guid);
+        const std::size_t bytes = element ? element->bytes() : 0;
+        if (bytes_ + bytes > MostBytes || known_.size() >= MostElements) {
+            known_.clear();
+            bytes_ = 0;
+        }
+        bytes_ += bytes;
+        return known_.emplace(guid, std::move(element)).first->second.get();
+    }
+
+    std::unique_ptr<updatefile::CurrentTexts> dataOf(std::string_view guid) const {
         const auto parsed = text::parseGuid(guid);
         const auto element = parsed ? model_.find(*parsed) : std::nullopt;
-        if (!element) return;
+        if (!element) return nullptr;
         auto attributes = model_.attributes(*element);
         auto properties = model_.properties(*element);
         auto classifications = model_.classifications(*element);
-        known_ = attributes && properties && classifications;
-        if (known_) data_ = {std::move(*attributes), std::move(*properties), std::move(*classifications)};
+        if (!attributes || !properties || !classifications) return nullptr;
+        return std::make_unique<updatefile::CurrentTexts>(
+            updatefile::ElementData{std::move(*attributes), std::move(*properties), std::move(*classifications)});
     }
 
     const model::Model& model_;
-    std::string guid_;
-    bool known_ = false;
-    updatefile::ElementData data_;
+    std::map<std::string, std::unique_ptr<updatefile::CurrentTexts>, std::less<>> known_;  ///< By GUID.
+    std::size_t bytes_ = 0;
 };
 
 AskedLine askedLine(const updatefile::UpdateLine& line, const model::Guid& guid) {

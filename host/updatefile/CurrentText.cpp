@@ -4,6 +4,9 @@
 
 #include <fmt/format.h>
 
+#include <optional>
+#include <utility>
+
 namespace updatefile {
 namespace {
 
@@ -53,6 +56,11 @@ model::PropertyValue valueOf(const model::PropertyView& property) {
 
 namespace {
 
+void takeAttribute(CurrentText& current, const model::Attribute& attribute) {
+    current.source = Source::Attribute;
+    current.text = attribute.value;
+}
+
 void takeProperty(CurrentText& current, const model::Property& property) {
     current.ambiguous = current.source == Source::Property;
     current.source = Source::Property;
@@ -66,6 +74,16 @@ void takeClassification(CurrentText& current, const model::ClassificationReferen
     current.classificationName = reference.name.value_or(u"");
 }
 
+std::size_t length(const std::optional<std::u16string>& text) {
+    return text ? text->size() : 0;
+}
+
+std::size_t bytesOf(const model::ClassificationReference& reference) {
+    return sizeof(reference) + 2 * (reference.system.size() + length(reference.location) + length(reference.name) +
+                                    length(reference.itemReference) + reference.source.size() +
+                                    reference.edition.size() + reference.classificationName.size());
+}
+
 }  // namespace
 
 CurrentText currentText(const ElementData& element, std::u16string_view itemName) {
@@ -73,17 +91,43 @@ CurrentText currentText(const ElementData& element, std::u16string_view itemName
     // the add-on keeps the last one that it reads.
     CurrentText current;
     const std::string attributeName = text::toUtf8(itemName);
-    for (const model::Attribute& attribute : element.attributes) {
-        if (attribute.name != attributeName) continue;
-        current.source = Source::Attribute;
-        current.text = attribute.value;
-    }
+    for (const model::Attribute& attribute : element.attributes)
+        if (attribute.name == attributeName) takeAttribute(current, attribute);
     if (current.source != Source::None) return current;
     for (const model::Property& property : element.properties)
         if (property.name == itemName) takeProperty(current, property);
     if (current.source != Source::None) return current;
     for (const model::ClassificationReference& reference : element.classifications)
         if (reference.system == itemName) takeClassification(current, reference);
+    return current;
+}
+
+CurrentTexts::CurrentTexts(ElementData element) : element_(std::move(element)) {
+    for (const model::Attribute& attribute : element_.attributes) {
+        attributes_[attribute.name] = &attribute;
+        bytes_ += sizeof(attribute) + 2 * attribute.value.size();
+    }
+    for (const model::Property& property : element_.properties) {
+        NamedProperty& named = properties_[property.name];
+        named = {&property, named.last != nullptr};
+        bytes_ += sizeof(property) + 2 * (property.set.size() + property.name.size() + property.value.string.size());
+    }
+    for (const model::ClassificationReference& reference : element_.classifications) {
+        classifications_[reference.system] = &reference;
+        bytes_ += bytesOf(reference);
+    }
+}
+
+CurrentText CurrentTexts::of(std::u16string_view itemName) const {
+    CurrentText current;
+    if (const auto found = attributes_.find(text::toUtf8(itemName)); found != attributes_.end()) {
+        takeAttribute(current, *found->second);
+    } else if (const auto named = properties_.find(itemName); named != properties_.end()) {
+        takeProperty(current, *named->second.last);
+        current.ambiguous = named->second.several;
+    } else if (const auto reference = classifications_.find(itemName); reference != classifications_.end()) {
+        takeClassification(current, *reference->second);
+    }
     return current;
 }
 

@@ -4,7 +4,9 @@
 
 #include "model/Model.hpp"
 
+#include <cstddef>
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -34,5 +36,30 @@ model::PropertyValue valueOf(const model::PropertyView& property);
 
 /// @param itemName  the designation up to its "[".
 CurrentText currentText(const ElementData& element, std::u16string_view itemName);
+
+/// The same for who asks for many items of one element.
+class CurrentTexts {
+public:
+    explicit CurrentTexts(ElementData element);
+    CurrentTexts(const CurrentTexts&) = delete;
+    CurrentTexts& operator=(const CurrentTexts&) = delete;
+
+    CurrentText of(std::u16string_view itemName) const;
+    /// About how much memory it takes.
+    std::size_t bytes() const { return bytes_; }
+
+private:
+    struct NamedProperty {
+        const model::Property* last = nullptr;
+        bool several = false;
+    };
+
+    ElementData element_;
+    std::size_t bytes_ = 0;
+    // The last of each name. Sorted, not hashed: a file can be made so that all its names have one hash.
+    std::map<std::string_view, const model::Attribute*> attributes_;
+    std::map<std::u16string_view, NamedProperty> properties_;
+    std::map<std::u16string_view, const model::ClassificationReference*> classifications_;
+};
 
 }  // namespace updatefile
