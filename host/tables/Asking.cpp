@@ -69,7 +69,12 @@ public:
         for (const ItemColumn& column : layout.items) {
             collector_.noteBreaks(table_.row(0).cell(column.column));
             if (!isBlank(column.item)) items_.emplace(trimmed(column.item));
-            columns_.push_back({column, columnTitle(read, column.column, true), commasOf(table_, column.column, 1)});
+            columns_.push_back({column, columnTitle(read, column.column, true), {}});
+        }
+        for (std::size_t i = 1; i < table_.rowCount(); ++i) {
+            forEachFilled(table_.row(i), [&](const Cell& cell, Column& column) {
+                if (cell.kind == CellKind::Text) column.commas.add(table_.text(&cell));
+            });
         }
     }
 
@@ -82,7 +87,7 @@ public:
             const std::uint32_t element = collector_.elementNumber(*guid);
             if (element < elements_) again_.push_back(row.line);
             elements_ = std::max(elements_, element + 1);
-            for (const Column& column : columns_) readCell(row, *guid, element, column);
+            readCells(row, *guid, element);
         }
         Asked asked = collector_.finish();
         asked.layout = Layout::Grid;
@@ -102,8 +107,30 @@ private:
         CommaColumn commas;
     };
 
-    void readCell(const Table::Row& row, const std::string& guid, std::uint32_t element, const Column& column) {
-        const Cell* cell = row.cell(column.place.column);
+    /// A small file may have thousands of columns, and thousands of lines that fill none of them.
+    template <class Visit>
+    void forEachFilled(const Table::Row& row, Visit visit) {
+        auto column = columns_.begin();
+        for (const Cell& cell : row.cells) {
+            column = std::lower_bound(column, columns_.end(), cell.column, [](const Column& one, std::uint32_t wanted) {
+                return one.place.column < wanted;
+            });
+            if (column == columns_.end()) return;
+            if (column->place.column == cell.column) visit(cell, *column);
+        }
+    }
+
+    void readCells(const Table::Row& row, const std::string& guid, std::uint32_t element) {
+        if (options_.clearEmpty) {
+            for (const Column& column : columns_) readCell(row, guid, element, column, row.cell(column.place.column));
+        } else {
+            forEachFilled(row,
+                          [&](const Cell& cell, const Column& column) { readCell(row, guid, element, column, &cell); });
+        }
+    }
+
+    void readCell(const Table::Row& row, const std::string& guid, std::uint32_t element, const Column& column,
+                  const Cell* cell) {
         const std::string_view text = table_.text(cell);
         const std::string item = itemOf(guid, column.place.item);
         if (item.empty()) {
