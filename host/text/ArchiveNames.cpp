@@ -1,10 +1,10 @@
-#include "model/step/disk/ArchiveNames.hpp"
+#include "text/ArchiveNames.hpp"
 
 #include <algorithm>
 #include <cstdint>
 #include <vector>
 
-namespace model::step {
+namespace text {
 
 namespace {
 
@@ -81,4 +81,4 @@ bool hasCrowdedNames(std::string_view archive) {
     return *std::max_element(crowds.begin(), crowds.end()) > 200 + entries.size() / 1024;
 }
 
-}  // namespace model::step
+}  // namespace text

@@ -1,5 +1,7 @@
 #include "tables/reading/Package.hpp"
 
+#include "text/ArchiveNames.hpp"
+
 #include <zip.h>
 
 #include <algorithm>
@@ -37,6 +39,10 @@ void Package::Close::operator()(zip* archive) const {
 }
 
 Result<Package> Package::open(std::string_view bytes) {
+    if (text::hasCrowdedNames(bytes)) {
+        return Error{
+            "the workbook holds thousands of parts whose names were chosen to keep programs busy; do not trust it"};
+    }
     zip_error_t error;
     zip_error_init(&error);
     zip_source_t* source = zip_source_buffer_create(bytes.data(), bytes.size(), 0, &error);

@@ -1,7 +1,7 @@
 #include "model/step/disk/Archive.hpp"
 
-#include "model/step/disk/ArchiveNames.hpp"
 #include "model/step/syntax/Characters.hpp"
+#include "text/ArchiveNames.hpp"
 
 #include <zip.h>
 
@@ -192,7 +192,7 @@ bool isArchive(std::string_view bytes) {
 }
 
 Result<Bytes> readArchive(std::string_view archive, ModelEntry& entry, const Progress& progress) {
-    if (hasCrowdedNames(archive)) {
+    if (text::hasCrowdedNames(archive)) {
         return unreadable(
             "the archive holds thousands of entries whose names were chosen to keep programs busy; do not "
             "trust it");
