@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <map>
-#include <unordered_map>
 
 namespace report {
 
@@ -92,7 +91,7 @@ Plan planOf(const std::string& storey, std::vector<Candidate> candidates) {
 }  // namespace
 
 std::vector<Plan> plansOf(const Report& report, const Model& model, const Model* before) {
-    std::unordered_map<std::string, std::size_t> subjects;
+    std::map<std::string, std::size_t> subjects;  // sorted, not hashed: a file can be made so that all have one hash
     std::map<std::string, std::vector<Candidate>> byStorey;
     std::vector<std::string> order;
     for (std::size_t i = 0; i < report.subjects.size(); ++i) {

@@ -4,8 +4,8 @@
 #include "tables/Asking.hpp"
 
 #include <cstdint>
+#include <map>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace tables {
@@ -52,9 +52,10 @@ private:
     const AskOptions& options_;
     Asked asked_;
     std::vector<Pending> pending_;
-    std::unordered_map<std::string, std::uint32_t> elements_;
-    std::unordered_map<std::string, std::uint32_t> items_;
-    std::unordered_map<std::uint64_t, std::size_t> places_;  ///< In `pending_`, by element and item.
+    // Sorted, not hashed: a file can be made so that all its texts have one hash.
+    std::map<std::string, std::uint32_t> elements_;
+    std::map<std::string, std::uint32_t> items_;
+    std::map<std::uint64_t, std::size_t> places_;  ///< In `pending_`, by element and item.
     std::uint64_t cellsWithBreaks_ = 0;
 };
 

@@ -4,10 +4,10 @@
 #include "tables/Table.hpp"
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 namespace tables {
 
@@ -21,8 +21,9 @@ public:
 
 private:
     const Table* table_;
-    std::unordered_map<std::string, std::size_t> rows_;
-    std::unordered_map<std::string, std::uint32_t> columns_;
+    // Sorted, not hashed: a file can be made so that all its texts have one hash.
+    std::map<std::string, std::size_t> rows_;
+    std::map<std::string, std::uint32_t> columns_;
 };
 
 }  // namespace tables
