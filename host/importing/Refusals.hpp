@@ -16,8 +16,8 @@ public:
     /// What the host said besides.
     const std::vector<std::string>& others() const { return others_; }
 
-    /// Without the add-on interface's name for it. Empty where the host did not refuse: the add-on found nothing of that
-    /// name.
+    /// Without the add-on interface's name for it. Empty where the host did not refuse: the add-on found nothing of
+    /// that name.
     std::string reasonFor(const std::string& guid, const std::string& item);
 
 private:

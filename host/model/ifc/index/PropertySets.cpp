@@ -149,8 +149,8 @@ void PropertySets::afterChange(step::Slot slot, InverseReferences& inverseRefere
     });
 }
 
-/// One property of a set that is known, or what stands in its place now: an update file changes one after the other of a
-/// set of many.
+/// One property of a set that is known, or what stands in its place now: an update file changes one after the other of
+/// a set of many.
 void PropertySets::readAgain(step::Slot slot, step::Slot property, step::Slot now) {
     const auto found = known_.find(slot);
     if (found == known_.end()) return;
