@@ -5,7 +5,6 @@
 #include "model/ifc/values/InstanceScan.hpp"
 #include "model/step/syntax/StringDecoder.hpp"
 
-#include <tuple>
 #include <utility>
 
 namespace model::ifc {
@@ -71,7 +70,7 @@ void AssignedClassifications::drop(Slot relation) {
 }
 
 void AssignedClassifications::beforeChange(Slot slot, InverseReferences& inverseReferences) {
-    if (known_.empty()) return;
+    if (known_.empty() && ends_.empty()) return;
     const Role role = classes_.of(slot).role;
     if (role == Role::AssociatesClassification) drop(slot);
     if (role != Role::ClassificationReference && role != Role::Classification) return;
@@ -132,22 +131,19 @@ Slot AssignedClassifications::sourceOf(Slot reference) const {
 /// The classification at the end of a chain of referenced sources; NoSlot where there is none. Each link is followed
 /// once, since many references may hang on one long chain.
 Slot AssignedClassifications::endOf(Slot reference) {
-    std::vector<Slot> passed;
-    Slot current = reference;
-    auto known = ends_.end();
-    while (current != step::NoSlot && classes_.of(current).role == Role::ClassificationReference) {
-        // NoSlot until the end is known: where the chain runs in a circle, there is none.
-        bool isNew = false;
-        std::tie(known, isNew) = ends_.emplace(current, step::NoSlot);
-        if (!isNew) break;
-        passed.push_back(current);
-        current = sourceOf(current);
-        if (current != step::NoSlot) sources_.insert(current);
-        known = ends_.end();
+    std::unordered_set<Slot> passed;
+    Slot end = reference;
+    auto known = ends_.find(end);
+    while (known == ends_.end() && end != step::NoSlot && classes_.of(end).role == Role::ClassificationReference) {
+        // Where the chain runs in a circle, there is none.
+        end = passed.insert(end).second ? sourceOf(end) : step::NoSlot;
+        if (end != step::NoSlot) sources_.insert(end);
+        known = ends_.find(end);
     }
-    Slot end = known != ends_.end() ? known->second : current;
+    if (known != ends_.end()) end = known->second;
     if (end != step::NoSlot && classes_.of(end).role != Role::Classification) end = step::NoSlot;
-    for (const Slot slot : passed) ends_[slot] = end;
+    // Only now: memory may run out on the way, and what is kept has to be right.
+    for (const Slot slot : passed) ends_.emplace(slot, end);
     return end;
 }
 
