@@ -10,9 +10,11 @@
 #include "model/ifc/data/PropertyData.hpp"
 #include "model/ifc/data/PropertyEditor.hpp"
 #include "model/ifc/geometry/Footprint.hpp"
-#include "model/ifc/geometry/Outlines.hpp"
 #include "model/ifc/geometry/Placement.hpp"
 #include "model/ifc/geometry/Spatial.hpp"
+#include "model/ifc/plan/Lines.hpp"
+#include "model/ifc/plan/Outlines.hpp"
+#include "model/ifc/plan/Rooms.hpp"
 #include "model/ifc/schema/StandardSets.hpp"
 #include "model/step/disk/Saving.hpp"
 #include "text/Guid.hpp"
@@ -33,6 +35,7 @@ struct Model::Content {
     mutable ifc::Workspace work;
     ifc::Storeys storeys{work};
     ifc::Outlines outlines{work};
+    ifc::Project project{work};
     std::vector<std::string> remarks;
     std::vector<std::string> notes;
     std::unordered_set<Element> noted;  ///< Elements whose duplicates have been told of.
@@ -257,6 +260,26 @@ std::vector<Point> Model::footprint(Element element) const {
 
 PlanOutline Model::outline(Element element) const {
     return content_->outlines.of(content_->work.elements.slot(element));
+}
+
+PlanKind Model::planKind(Element element) const {
+    return content_->outlines.kindOf(entity(element));
+}
+
+RoomFacts Model::room(Element element) const {
+    return ifc::roomOf(content_->work, content_->project, content_->work.elements.slot(element));
+}
+
+std::vector<GridAxis> Model::gridAxes(Element element) const {
+    return ifc::gridAxesOf(content_->work, content_->work.elements.slot(element));
+}
+
+std::optional<Point> Model::trueNorth() const {
+    return content_->project.trueNorth();
+}
+
+std::optional<double> Model::metresPerUnit() const {
+    return content_->project.metres();
 }
 
 // --- IFC data ---

@@ -86,9 +86,17 @@ public:
     std::vector<Point> footprint(Element element) const;
 
     /// The same as it is drawn: with corners and holes, and without what doors and windows take away from a wall where
-    /// a plan is cut; the hull where the geometry is of a kind that is not known, or too intricate. No ring where there
-    /// is no geometry that can be read.
+    /// a plan is cut, and with the lines that a plan shows beside it; the hull where the geometry is of a kind that is
+    /// not known, or too intricate. No ring where there is no geometry that can be read.
     PlanOutline outline(Element element) const;
+    PlanKind planKind(Element element) const;  ///< By its class alone.
+    RoomFacts room(Element element) const;
+    /// Of an IfcGrid, those that have a curve with ends; empty for anything else.
+    std::vector<GridAxis> gridAxes(Element element) const;
+    /// Towards the geographic north, of length 1 in plan. Nothing where the file does not say.
+    std::optional<Point> trueNorth() const;
+    /// The length unit in metres. Nothing where the file names none that is known.
+    std::optional<double> metresPerUnit() const;
 
     // --- IFC data ---
     // In the host's order, which no edit changes: what is listed before an edit is listed after it in the same order,

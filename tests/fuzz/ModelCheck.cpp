@@ -54,6 +54,8 @@ std::vector<std::u16string> dataOf(const Model& model) {
 }
 
 void lookAround(const Model& model) {
+    (void)model.trueNorth();
+    (void)model.metresPerUnit();
     for (Element element = 0; element < model.elementCount(); ++element) {
         const ElementInfo info = model.info(element);
         require(model.find(info.guid) == element, "a GUID leads to another element");
@@ -63,6 +65,8 @@ void lookAround(const Model& model) {
         (void)model.placement(element);
         (void)model.footprint(element);
         (void)model.outline(element);
+        (void)model.room(element);
+        (void)model.gridAxes(element);
         std::size_t visited = 0;
         model.visitProperties(element, [&](const PropertyView&) { ++visited; });
         require(visited == model.properties(element)->size(), "a visit meets other properties than the list has");

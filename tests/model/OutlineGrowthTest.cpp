@@ -4,7 +4,7 @@
 
 #include "Shaped.hpp"
 
-#include "model/ifc/geometry/Outlines.hpp"
+#include "model/ifc/plan/Outlines.hpp"
 
 #include <gmock/gmock.h>
 

@@ -54,12 +54,12 @@ MAY_INCLUDE = {
 MODEL_FOLDERS = (
     "base",
     "step/syntax", "step/disk", "step/index", "step/reading", "step/editing", "step",
-    "ifc/schema", "ifc/values", "ifc/index", "ifc/data", "ifc/geometry",
+    "ifc/schema", "ifc/values", "ifc/index", "ifc/data", "ifc/geometry", "ifc/plan",
     ".",
 )
 PROGRAMS = ("host/console/", "host/desktop/")
 # Of the model's inside the programs know the schema's facts alone; the rest is what the facade hides.
-HIDDEN_FROM_PROGRAMS = tuple(f"host/model/ifc/{folder}/" for folder in ("values", "index", "data", "geometry"))
+HIDDEN_FROM_PROGRAMS = tuple(f"host/model/ifc/{folder}/" for folder in ("values", "index", "data", "geometry", "plan"))
 WRITTEN_BY_THE_BUILD = (".moc", ".inc")
 
 

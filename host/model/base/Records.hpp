@@ -1,6 +1,8 @@
 #pragma once
 // What the model says of an element, as plain records.
 
+#include "model/base/PlanRecords.hpp"
+
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -96,19 +98,6 @@ struct ClassificationReference {
     std::u16string system;  ///< The label: the relation's Name, or the classification's name where that is empty.
     std::optional<std::u16string> location, name, itemReference;  ///< Of the reference; nothing where unset.
     std::u16string source, edition, classificationName;           ///< Of the classification that it belongs to.
-};
-
-/// In the model's length unit, whichever the file declares.
-struct Point {
-    double x = 0, y = 0, z = 0;
-};
-
-/// What an element covers, seen from above.
-struct PlanOutline {
-    /// Outer rings counter-clockwise, holes clockwise, each closed from its last point to its first. A hull of less
-    /// than three points covers nothing.
-    std::vector<std::vector<Point>> rings;
-    bool hull = false;  ///< Only the convex hull is known.
 };
 
 }  // namespace model

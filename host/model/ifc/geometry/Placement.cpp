@@ -67,6 +67,13 @@ Slot targetOf(GeometryReader& reader, const step::Instance& instance, std::size_
     return reader.find(step::referenceId(instance.arguments[attributeIndex]));
 }
 
+step::Value argumentNamed(GeometryReader& reader, Slot slot, const step::Instance& instance, std::string_view name) {
+    const Entity* entity = slot == step::NoSlot ? nullptr : reader.classOf(slot).entity;
+    const int index = entity == nullptr ? -1 : entity->attributeIndex(name);
+    const bool given = index >= 0 && static_cast<std::size_t>(index) < instance.arguments.size();
+    return given ? instance.arguments[static_cast<std::size_t>(index)] : step::Value{step::ValueKind::Unset, {}};
+}
+
 Point Frame::turned(const Point& local) const {
     return sum(scaled(x, local.x), sum(scaled(y, local.y), scaled(z, local.z)));
 }

@@ -36,6 +36,9 @@ std::optional<Point> readDirection(GeometryReader& reader, step::Slot slot);
 bool isOfClass(GeometryReader& reader, step::Slot slot, std::string_view name);
 /// The instance that an argument refers to; NoSlot where it refers to none.
 step::Slot targetOf(GeometryReader& reader, const step::Instance& instance, std::size_t attributeIndex);
+/// The argument for an attribute of the slot's class; Unset where there is none such.
+step::Value argumentNamed(GeometryReader& reader, step::Slot slot, const step::Instance& instance,
+                          std::string_view name);
 
 /// The element's coordinate system in the model's, up the chain of IfcLocalPlacements. Nothing where the element has
 /// none, or the chain is broken, circular, or holds another kind of placement.

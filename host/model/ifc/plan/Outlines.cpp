@@ -1,6 +1,7 @@
-#include "model/ifc/geometry/Outlines.hpp"
+#include "model/ifc/plan/Outlines.hpp"
 
 #include "model/ifc/geometry/Footprint.hpp"
+#include "model/ifc/plan/Fillings.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -28,12 +29,30 @@ PlanOutline placed(std::vector<Ring> rings, const Point& origin, const Turn& tur
             if (!isFinite(point)) return {};
         }
     }
-    return {std::move(rings), hull};
+    PlanOutline outline;
+    outline.rings = std::move(rings);
+    outline.hull = hull;
+    return outline;
 }
 
 }  // namespace
 
 PlanOutline Outlines::of(Slot element) {
+    const PlanKind kind = kinds_.of(*work_.classes.of(element).entity);
+    PlanOutline outline;
+    if (kind == PlanKind::Grid) {
+        for (GridAxis& axis : gridAxesOf(work_, element)) outline.lines.push_back(std::move(axis.line));
+        return outline;
+    }
+    if (kind == PlanKind::Annotation) outline.lines = curvesOf(work_, element);
+    if (!outline.lines.empty()) return outline;
+    outline = areasOf(element, kind);
+    if (kind == PlanKind::Door) outline.lines = doorLines(work_, element, outline.rings);
+    if (kind == PlanKind::Window) outline.lines = windowLines(work_, element, outline.rings);
+    return outline;
+}
+
+PlanOutline Outlines::areasOf(Slot element, PlanKind kind) {
     // Of a wall as high as a storey, somewhat below the middle: above the sills, below the lintels.
     constexpr double CutAt = 0.42;
     GeometryReader reader(work_);
@@ -49,7 +68,13 @@ PlanOutline Outlines::of(Slot element) {
     if (shown.area) {
         const double height = shown.bottom + CutAt * (shown.top - shown.bottom);
         auto rings = shown.area->without(openingsAt(element, origin, turn, height));
-        if (rings && !rings->empty()) return placed(std::move(*rings), origin, turn, false);
+        if (rings && !rings->empty()) {
+            PlanOutline outline = placed(std::move(*rings), origin, turn, false);
+            if (kind == PlanKind::Stair) outline.lines = placed(steps(*geometry, shown), origin, turn, false).rings;
+            outline.bottom = shown.bottom + origin.z;
+            outline.top = shown.top + origin.z;
+            return outline;
+        }
     }
     const std::vector<Point>& corners = hull(*geometry, shown);
     if (corners.empty()) return {};
@@ -97,6 +122,16 @@ const std::vector<Point>& Outlines::hull(const ElementGeometry& geometry, Covere
         kept_ += covered.hull->size();
     }
     return *covered.hull;
+}
+
+const PlanLines& Outlines::steps(const ElementGeometry& geometry, Covered& covered) {
+    if (!covered.steps) {
+        GeometryReader reader(work_);
+        const auto shape = planShapeOf(reader, geometry);
+        covered.steps = shape ? stepsOf(*shape) : PlanLines();
+        for (const auto& step : *covered.steps) kept_ += step.size();
+    }
+    return *covered.steps;
 }
 
 /// What is cut away from an element at the height where a plan is cut: as high as people look, in a storey's wall. Of a

@@ -4,6 +4,8 @@
 #include "model/ifc/geometry/PlanShape.hpp"
 #include "model/ifc/geometry/Spatial.hpp"
 #include "model/ifc/geometry/Turn.hpp"
+#include "model/ifc/plan/Lines.hpp"
+#include "model/ifc/plan/PlanKinds.hpp"
 
 #include <array>
 #include <map>
@@ -18,6 +20,7 @@ public:
 
     /// See Model::outline.
     PlanOutline of(step::Slot element);
+    PlanKind kindOf(const Entity& entity) { return kinds_.of(entity); }
 
     /// So many turns of one geometry to no axis of the model are put together for themselves, as exactly as can be. All
     /// others are turned from one that lies along the axes.
@@ -32,12 +35,15 @@ private:
         std::optional<PlanArea> area;
         double bottom = 0, top = 0;
         std::optional<std::vector<Point>> hull;  ///< Once it has been asked for.
+        std::optional<PlanLines> steps;          ///< The same.
     };
 
     void forgetWhereDue();
     Turn turnFor(const ElementGeometry& geometry);
     Covered& covered(const ElementGeometry& geometry);
     const std::vector<Point>& hull(const ElementGeometry& geometry, Covered& covered);
+    const PlanLines& steps(const ElementGeometry& geometry, Covered& covered);
+    PlanOutline areasOf(step::Slot element, PlanKind kind);
     std::vector<Region> openingsAt(step::Slot element, const Point& origin, const Turn& turn, double height);
 
     /// The geometry's source and axes.
@@ -46,6 +52,7 @@ private:
 
     Workspace& work_;
     Openings openings_{work_};
+    PlanKinds kinds_;
     std::uint64_t revision_ = 0;
     std::map<Key, Covered> covered_;
     std::map<step::Slot, std::size_t> aslant_;  ///< How often a source was turned to no axis of the model.
