@@ -19,8 +19,9 @@ constexpr double DotRadius = 6;
 
 template <class Visit>
 void forEachCorner(const Outline& outline, Visit visit) {
-    for (const std::vector<Corner>& ring : outline.rings)
-        for (const Corner& corner : ring) visit(corner);
+    for (const auto* parts : {&outline.rings, &outline.lines})
+        for (const std::vector<Corner>& part : *parts)
+            for (const Corner& corner : part) visit(corner);
 }
 
 /// From the model's coordinates to those of the drawing, in which y points down.
@@ -61,23 +62,32 @@ private:
     bool empty_ = true;
 };
 
+void appendPath(const std::vector<std::vector<Corner>>& parts, const char* end, const Mapping& mapping,
+                std::string& html) {
+    for (const std::vector<Corner>& part : parts) {
+        char command = 'M';
+        for (const Corner& corner : part) {
+            const Corner at = mapping.of(corner);
+            html += fmt::format("{}{:.1f} {:.1f}", command, at.x, at.y);
+            command = 'L';
+        }
+        html += end;
+    }
+}
+
 void appendShape(const Outline& outline, const Mapping& mapping, std::string& html) {
-    const char* kind = outline.area ? "area" : "thing";
+    const char* kind = outline.area ? "area" : outline.cut ? "cut" : "thing";
     if (outline.rings.size() == 1 && outline.rings.front().size() == 1) {
         const Corner at = mapping.of(outline.rings.front().front());
         html += fmt::format("<circle class=\"{}\" cx=\"{:.1f}\" cy=\"{:.1f}\" r=\"{}\"/>", kind, at.x, at.y, DotRadius);
         return;
     }
     html += fmt::format("<path class=\"{}\" fill-rule=\"evenodd\" d=\"", kind);
-    for (const std::vector<Corner>& ring : outline.rings) {
-        char command = 'M';
-        for (const Corner& corner : ring) {
-            const Corner at = mapping.of(corner);
-            html += fmt::format("{}{:.1f} {:.1f}", command, at.x, at.y);
-            command = 'L';
-        }
-        html += 'Z';
-    }
+    appendPath(outline.rings, "Z", mapping, html);
+    html += "\"/>";
+    if (outline.lines.empty()) return;
+    html += "<path class=\"line\" d=\"";
+    appendPath(outline.lines, "", mapping, html);
     html += "\"/>";
 }
 

@@ -1,6 +1,5 @@
 #include "report/Plans.hpp"
 
-#include "model/base/ElementTypeIds.hpp"
 #include "text/Guid.hpp"
 
 #include <algorithm>
@@ -12,40 +11,26 @@ namespace {
 
 using model::Element;
 using model::Model;
+using model::PlanKind;
 
 /// A page with more than that is slow to read on, and shows nothing that could be told apart.
 constexpr std::size_t MostOutlines = 4000;
 
-/// What is drawn under what: areas first, then what stands on them. Negative: no part of a plan.
-int layerOf(std::int32_t typeId) {
-    using Type = model::ElementTypeIds;
-    switch (typeId) {
-        case Type::Site:
-        case Type::Building:
-        case Type::Storey:
-        case Type::Mesh:
-        // An opening has the outline of its window or door, and would only hide it.
-        case Type::Opening:
+/// What is drawn under what, as the window does it: areas first, then what stands on them. Negative: no part of a plan.
+int layerOf(PlanKind kind) {
+    switch (kind) {
+        case PlanKind::Terrain:
+        case PlanKind::Opening:
+        case PlanKind::Annotation:
+        case PlanKind::Grid:
             return -1;
-        case Type::Slab:
-        case Type::Roof:
-            return 0;
-        case Type::Zone:
-            return 1;
-        case Type::Wall:
-        case Type::Column:
-        case Type::CurtainWall:
-            return 3;
-        case Type::Window:
-        case Type::Door:
-            return 4;
         default:
-            return 2;
+            return static_cast<int>(kind);
     }
 }
 
 bool isArea(int layer) {
-    return layer <= 1;
+    return layer <= static_cast<int>(PlanKind::Room);
 }
 
 struct Candidate {
@@ -55,14 +40,23 @@ struct Candidate {
     std::optional<std::size_t> subject;
 };
 
+std::vector<std::vector<Corner>> cornersOf(const std::vector<std::vector<model::Point>>& parts) {
+    std::vector<std::vector<Corner>> corners;
+    for (const auto& part : parts) {
+        auto& copy = corners.emplace_back();
+        for (const model::Point& point : part) copy.push_back({point.x, point.y});
+    }
+    return corners;
+}
+
 std::optional<Outline> outlineOf(const Candidate& candidate) {
     Outline outline;
     outline.area = isArea(candidate.layer);
+    outline.cut = candidate.layer == static_cast<int>(PlanKind::Structure);
     outline.subject = candidate.subject;
-    for (const auto& corners : candidate.model->outline(candidate.element).rings) {
-        auto& ring = outline.rings.emplace_back();
-        for (const model::Point& corner : corners) ring.push_back({corner.x, corner.y});
-    }
+    const model::PlanOutline shape = candidate.model->outline(candidate.element);
+    outline.rings = cornersOf(shape.rings);
+    outline.lines = cornersOf(shape.lines);
     if (outline.rings.empty()) {
         const auto origin = candidate.model->placement(candidate.element);
         if (!origin || !candidate.subject) return std::nullopt;
@@ -102,8 +96,7 @@ std::vector<Plan> plansOf(const Report& report, const Model& model, const Model*
     const auto collect = [&](const Model& from, bool goneOnly) {
         for (Element element = 0; element < from.elementCount(); ++element) {
             const model::ElementInfo info = from.info(element);
-            // Of an annotation, a line of dimensions for one, no more than the area around it is known.
-            const int layer = info.ifcClass == "IfcAnnotation" ? -1 : layerOf(info.typeId);
+            const int layer = layerOf(from.planKind(element));
             if (layer < 0 || (goneOnly && model.find(info.guid))) continue;
             const auto found = subjects.find(text::guidText(info.guid));
             const auto storey = byStorey.find(from.storey(element));

@@ -45,8 +45,10 @@ struct Corner {
 /// An element's outline seen from above, with its holes; a single corner where only its place is known.
 struct Outline {
     std::vector<std::vector<Corner>> rings;
-    bool area = false;                   ///< A floor or a room, drawn under what stands on it.
-    std::optional<std::size_t> subject;  ///< Of those that the report is about: its index.
+    std::vector<std::vector<Corner>> lines;  ///< Over it: a door's swing, a stair's steps.
+    bool area = false;                       ///< A floor or a room, drawn under what stands on it.
+    bool cut = false;                        ///< A wall or column: dark.
+    std::optional<std::size_t> subject;      ///< Of those that the report is about: its index.
 };
 
 /// A storey seen from above; y points up. What lies first is drawn first.

@@ -5,13 +5,13 @@ namespace report {
 const char* const StyleSheet = R"css(:root {
   --ink: #1b1f24; --quiet: #5a6470; --paper: #ffffff; --line: #d5dae0; --band: #f3f5f7;
   --good: #0b6b3a; --note: #8a5300; --bad: #b3261e; --link: #0a55b0;
-  --area: #eef1f4; --thing: #c3cad2;
+  --area: #eef1f4; --thing: #dde2e7; --cut: #6b747d;
 }
 @media (prefers-color-scheme: dark) {
   :root {
     --ink: #e6e9ed; --quiet: #a3adb8; --paper: #14171a; --line: #363d45; --band: #1e2328;
     --good: #5fd08f; --note: #f0b35a; --bad: #ff8a80; --link: #86b7ff;
-    --area: #20262c; --thing: #4b555f;
+    --area: #20262c; --thing: #353d45; --cut: #8b95a0;
   }
 }
 * { box-sizing: border-box; }
@@ -39,12 +39,13 @@ figure { margin: .5rem 0 1rem; }
 svg { display: block; width: 100%; height: auto; max-height: 34rem; background: var(--paper);
   border: 1px solid var(--line); border-radius: .4rem; }
 svg path, svg circle { stroke: var(--quiet); stroke-width: 1; vector-effect: non-scaling-stroke; }
-svg .area { fill: var(--area); } svg .thing { fill: var(--thing); }
+svg .area { fill: var(--area); } svg .thing { fill: var(--thing); } svg .cut { fill: var(--cut); }
 svg a path, svg a circle { fill-opacity: .55; stroke-width: 2; }
 svg a .area { fill-opacity: .2; }
 svg .good * { fill: var(--good); stroke: var(--good); }
 svg .note * { fill: var(--note); stroke: var(--note); }
 svg .bad * { fill: var(--bad); stroke: var(--bad); }
+svg .line, svg a .line { fill: none; }
 svg .gone * { fill-opacity: .1; stroke-dasharray: 4 3; }
 svg a:hover *, svg a:focus * { fill-opacity: .9; }
 figcaption { color: var(--quiet); font-size: .875rem; margin-top: .3rem; }
@@ -74,7 +75,8 @@ tbody:target th { outline: 2px solid var(--link); outline-offset: -2px; }
 }
 @media print {
   :root { --ink: #000; --quiet: #444; --paper: #fff; --line: #bbb; --band: #f0f0f0; --good: #06552d; --note: #6f4300;
-    --bad: #9a1b14; --link: #000; --area: #f2f2f2; --thing: #d0d0d0; }
+    --bad: #9a1b14; --link: #000; --area: #f2f2f2; --thing: #e0e0e0;
+    --cut: #707070; }
   @page { margin: 15mm; }
   body { font-size: 10pt; }
   main { max-width: none; padding: 0; }
