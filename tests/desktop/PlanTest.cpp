@@ -1,13 +1,10 @@
 // The plan: what it shows, how it is moved, and how it answers an add-on's request for a point.
 
-#include "Desk.hpp"
-#include "desktop/QtText.hpp"
+#include "PlanDesk.hpp"
 #include "desktop/elements/ElementPanel.hpp"
 #include "desktop/plan/PlanPainter.hpp"
 #include "desktop/plan/PlanPanel.hpp"
-#include "support/Places.hpp"
 
-#include <QComboBox>
 #include <QWheelEvent>
 
 namespace desktop_tests {
@@ -16,52 +13,9 @@ namespace {
 
 using testing::HasSubstr;
 
-const QString Wall = QStringLiteral("4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9");
-
 }  // namespace
 
-class Plan : public Desk {
-protected:
-    void SetUp() override {
-        Desk::SetUp();
-        if (IsSkipped()) return;
-        openSample();
-        EXPECT_SOON(geometryRead());
-    }
-    bool geometryRead() { return window().plan().view()->complete(); }
-    QComboBox& choice() { return *window().plan().storeyChoice(); }
-    desktop::PlanView& view() { return *window().plan().view(); }
-    model::Element element(const QString& guid) {
-        return *window().document().model()->find(*desktop::guidFromText(guid));
-    }
-    /// The sample with one text in place of another.
-    void openChanged(const std::vector<std::pair<std::string, std::string>>& changes) {
-        std::string text = testing_support::bytesOf(testing_support::projectFile("samples/house.ifc"));
-        for (const auto& [from, to] : changes) {
-            ASSERT_NE(text.find(from), std::string::npos) << from;
-            text.replace(text.find(from), from.size(), to);
-        }
-        openFile(folder_.write("changed.ifc", text));
-        EXPECT_SOON(geometryRead());
-    }
-    /// A place in the view where a click hits the element.
-    QPoint placeOf(model::Element wanted) {
-        for (int y = 0; y < view().height(); y += 2) {
-            for (int x = 0; x < view().width(); x += 2) {
-                if (view().hit(view().viewport().toModel(QPointF(x, y)), false) == wanted) return {x, y};
-            }
-        }
-        ADD_FAILURE() << "the element is not in sight";
-        return {};
-    }
-    /// Of a wall: doors and windows cut it into rectangles.
-    QPointF middleOfFirstPart(model::Element wall) {
-        const auto ring = window().document().model()->outline(wall).rings.at(0);
-        QPointF sum;
-        for (const model::Point& corner : ring) sum += QPointF(corner.x, corner.y);
-        return sum / static_cast<double>(ring.size());
-    }
-};
+class Plan : public PlanDesk {};
 
 TEST_F(Plan, ClickOnAnElementSelectsItInTheTable) {
     window().plan().showElement(element(Wall));
@@ -71,29 +25,13 @@ TEST_F(Plan, ClickOnAnElementSelectsItInTheTable) {
 }
 
 TEST_F(Plan, BeginsWithTheStoreyThatIsEntered) {
-    EXPECT_EQ(choice().currentText(), QStringLiteral("Erdgeschoss"));
+    EXPECT_EQ(window().plan().storeyName(), QStringLiteral("Erdgeschoss"));
     openChanged({{"#308=IFCCARTESIANPOINT((0.,0.,0.))", "#308=IFCCARTESIANPOINT((0.,0.,-2.9))"},
                  {"#312=IFCCARTESIANPOINT((0.,0.,2.9))", "#312=IFCCARTESIANPOINT((0.,0.,-0.1))"}});
-    EXPECT_EQ(choice().currentText(), QStringLiteral("Obergeschoss")) << "the other one is below the ground";
+    EXPECT_EQ(window().plan().storeyName(), QStringLiteral("Obergeschoss")) << "the other one is below the ground";
     openChanged({{"#308=IFCCARTESIANPOINT((0.,0.,0.))", "#308=IFCCARTESIANPOINT((0.,0.,-5.8))"},
                  {"#312=IFCCARTESIANPOINT((0.,0.,2.9))", "#312=IFCCARTESIANPOINT((0.,0.,-2.9))"}});
-    EXPECT_EQ(choice().currentText(), QStringLiteral("Erdgeschoss")) << "none is above, and it has most elements";
-}
-
-TEST_F(Plan, DrawsNoAnnotations) {
-    const auto drawn = [this] {
-        const model::Element wanted = element(Wall);
-        bool found = false;
-        for (int y = 0; y < view().height(); y += 2)
-            for (int x = 0; x < view().width(); x += 2)
-                found = found || view().hit(view().viewport().toModel(QPointF(x, y)), false) == wanted;
-        return found;
-    };
-    EXPECT_TRUE(drawn());
-    const std::string wall = "=IFCWALL('1BT$3tXgf7hux8BKYFEwZP',#5,'Au\\X2\\00DF\\X0\\enwand S\\X2\\00FC\\X0\\d',$,$,";
-    openChanged({{wall, "=IFCANNOTATION('1BT$3tXgf7hux8BKYFEwZP',#5,'Dimensions',$,$,"},
-                 {"#415,#423,'AW-01',.SOLIDWALL.)", "#415,#423)"}});
-    EXPECT_FALSE(drawn());
+    EXPECT_EQ(window().plan().storeyName(), QStringLiteral("Erdgeschoss")) << "none is above, and it has most elements";
 }
 
 TEST_F(Plan, SelectingAnElementShowsItsStoreyAndOneWithoutLeavesThePlan) {
@@ -208,7 +146,7 @@ TEST(PlanColors, MarksAreToldFromThePaperInLightAndInDark) {
                 << desktop::markText(mark).toStdString() << " on " << paper.name().toStdString();
         }
         EXPECT_GE(contrast(desktop::markColor(palette, Mark::Open), paper), 2.3) << "amber is never dark";
-        EXPECT_GE(contrast(desktop::planStyle(palette, desktop::PlanLayer::Structure).fill, paper), 2.3);
+        EXPECT_GE(contrast(desktop::planStyle(palette, model::PlanKind::Structure, true).fill, paper), 2.3);
     }
 }
 

@@ -882,6 +882,65 @@ Add-on: %1
     </message>
 </context>
 <context>
+    <name>desktop::PlanOutput</name>
+    <message>
+        <source>Save P&amp;lan As…</source>
+        <translation>P&amp;lan speichern unter…</translation>
+    </message>
+    <message>
+        <source>Pr&amp;int Plan…</source>
+        <translation>Plan &amp;drucken…</translation>
+    </message>
+    <message>
+        <source>Save the plan as it is shown: as a drawing (.svg) or a page (.pdf)</source>
+        <translation>Den Plan speichern, wie er gezeigt wird: als Zeichnung (.svg) oder Seite (.pdf)</translation>
+    </message>
+    <message>
+        <source>Print the plan as it is shown</source>
+        <translation>Den Plan drucken, wie er gezeigt wird</translation>
+    </message>
+    <message>
+        <source>Save Plan As</source>
+        <translation>Plan speichern unter</translation>
+    </message>
+    <message>
+        <source>Page (*.pdf)</source>
+        <translation>Seite (*.pdf)</translation>
+    </message>
+    <message>
+        <source>Drawing (*.svg)</source>
+        <translation>Zeichnung (*.svg)</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation>%1 konnte nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>A plan&apos;s name ends in .svg or .pdf.</source>
+        <translation>Der Name eines Plans endet auf .svg oder .pdf.</translation>
+    </message>
+    <message>
+        <source>Plan written to %1</source>
+        <translation>Plan geschrieben: %1</translation>
+    </message>
+    <message>
+        <source>The plan could not be printed.</source>
+        <translation>Der Plan konnte nicht gedruckt werden.</translation>
+    </message>
+    <message>
+        <source>The printer does not answer.</source>
+        <translation>Der Drucker antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>Plan</source>
+        <translation>Grundriss</translation>
+    </message>
+    <message>
+        <source>Scale 1:%1</source>
+        <translation>Maßstab 1:%1</translation>
+    </message>
+</context>
+<context>
     <name>desktop::PlanPanel</name>
     <message>
         <source>Storey shown in the plan</source>
@@ -923,6 +982,42 @@ Add-on: %1
         <source>%1   (Esc cancels)</source>
         <translation>%1   (Esc bricht ab)</translation>
     </message>
+    <message>
+        <source>&amp;Rooms</source>
+        <translation>&amp;Räume</translation>
+    </message>
+    <message>
+        <source>&amp;Furniture and Equipment</source>
+        <translation>&amp;Möbel und Ausstattung</translation>
+    </message>
+    <message>
+        <source>&amp;Grid</source>
+        <translation>R&amp;aster</translation>
+    </message>
+    <message>
+        <source>&amp;Openings</source>
+        <translation>&amp;Öffnungen</translation>
+    </message>
+    <message>
+        <source>&amp;Terrain</source>
+        <translation>&amp;Gelände</translation>
+    </message>
+    <message>
+        <source>&amp;Annotations</source>
+        <translation>A&amp;nmerkungen</translation>
+    </message>
+    <message>
+        <source>%1 m</source>
+        <translation>%1 m</translation>
+    </message>
+    <message>
+        <source>Layers</source>
+        <translation>Ebenen</translation>
+    </message>
+    <message>
+        <source>Choose what is shown in the plan</source>
+        <translation>Wählen, was der Plan zeigt</translation>
+    </message>
 </context>
 <context>
     <name>desktop::PlanView</name>
@@ -953,6 +1048,19 @@ Add-on: %1
     <message>
         <source>Reading the geometry…</source>
         <translation>Die Geometrie wird gelesen…</translation>
+    </message>
+    <message>
+        <source>%1 m</source>
+        <translation>%1 m</translation>
+    </message>
+    <message>
+        <source>N</source>
+        <comment>north</comment>
+        <translation>N</translation>
+    </message>
+    <message>
+        <source>%1 m²</source>
+        <translation>%1 m²</translation>
     </message>
 </context>
 <context>
@@ -986,6 +1094,10 @@ Add-on: %1
     <message>
         <source>No row is ticked: tick those to write, or all of them</source>
         <translation>Keine Zeile ist angekreuzt: kreuzen Sie die zu schreibenden an, oder alle</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
     </message>
 </context>
 <context>

@@ -2,26 +2,53 @@
 
 #include "desktop/plan/PlanGeometry.hpp"
 #include "desktop/plan/PlanMarks.hpp"
+#include "desktop/plan/PlanSigns.hpp"
 #include "desktop/plan/PlanViewport.hpp"
 
+#include <QFont>
 #include <QImage>
 #include <QPalette>
+#include <variant>
 
 namespace desktop {
 
-/// A picture of footprints that is made piece by piece: a storey with a hundred thousand of them takes longer than a
-/// window may stand still. The last finished picture can be shown until the next one is.
-class PlanDrawing {
-public:
-    struct Item {
+class PlanPainter;
+
+/// One thing to draw. What it points to stays until the geometry is cleared.
+struct PlanItem {
+    struct Shape {
         const Footprint* footprint;
         Mark mark;  ///< None: drawn as part of the building.
     };
+    struct Label {
+        const Footprint* footprint;
+        const PlanLabel* label;
+    };
+    std::variant<Shape, Label, PlanSign> what;
+};
 
-    /// Begins anew. @param paper  what is filled in first; transparent for a layer that goes over another.
-    void start(const PlanViewport& viewport, qreal pixelRatio, const QPalette& palette, const QColor& paper,
-               std::vector<Item> items);
-    bool running() const { return next_ < items_.size() || !pending_.isNull(); }
+/// What is in sight of a plan, in the order to draw: the footprints, then what is written on them.
+std::vector<PlanItem> buildingItems(const PlanGeometry& geometry, const PlanViewport& viewport);
+/// The marked ones: the most urgent on top, small ones on big ones, and the signs on all of them.
+std::vector<PlanItem> markItems(const PlanGeometry& geometry, const PlanMarks* marks, const PlanViewport& viewport);
+
+void drawItem(QPainter& painter, PlanPainter& plan, const PlanViewport& viewport, const QPalette& palette,
+              const PlanItem& item);
+
+/// A picture of a plan that is made piece by piece: a storey with a hundred thousand footprints takes longer than a
+/// window may stand still. The last finished picture can be shown until the next one is.
+class PlanDrawing {
+public:
+    struct Paper {
+        qreal pixelRatio = 1;
+        QPalette palette;
+        QFont font;
+        QColor color;  ///< What is filled in first; transparent for a layer that goes over another.
+    };
+
+    /// Begins anew.
+    void start(const PlanViewport& viewport, const Paper& paper, std::vector<PlanItem> items);
+    bool running() const { return !pending_.isNull(); }
     /// Draws for about this long. @return true once the picture is finished.
     bool draw(qint64 milliseconds);
     /// What is being drawn is not wanted any more, nor what has been.
@@ -32,11 +59,11 @@ public:
     void paint(QPainter& painter, const PlanViewport& now) const;
 
 private:
-    std::vector<Item> items_;
+    std::vector<PlanItem> items_;
     std::size_t next_ = 0;
     QImage pending_, picture_;
     PlanViewport pendingViewport_, pictureViewport_;
-    QPalette palette_;
+    Paper paper_;
 };
 
 }  // namespace desktop

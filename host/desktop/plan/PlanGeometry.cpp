@@ -1,6 +1,6 @@
 #include "desktop/plan/PlanGeometry.hpp"
 
-#include "model/base/ElementTypeIds.hpp"
+#include "desktop/QtText.hpp"
 
 #include <QElapsedTimer>
 #include <algorithm>
@@ -10,15 +10,20 @@ namespace desktop {
 
 namespace {
 
+using model::PlanKind;
+
 /// How long reading may hold up other events: short enough for a smooth scroll.
 constexpr qint64 SliceMs = 8;
+/// How high above its floor a storey is cut, in metres: above sills, below lintels.
+constexpr double CutHeight = 1.2;
 
 /// Holes go the other way round, and count as less.
 double areaOf(const QList<QPolygonF>& rings) {
     double twice = 0;
     for (const QPolygonF& ring : rings) {
         for (qsizetype i = 0; i < ring.size(); ++i) {
-            const QPointF a = ring[i], b = ring[(i + 1) % ring.size()];
+            // From one corner on: far from the origin the products would lose what the area is about.
+            const QPointF a = ring[i] - ring[0], b = ring[(i + 1) % ring.size()] - ring[0];
             twice += a.x() * b.y() - b.x() * a.y();
         }
     }
@@ -26,45 +31,30 @@ double areaOf(const QList<QPolygonF>& rings) {
 }
 
 /// Not by uniting boxes: Qt takes that of a line for none.
-QRectF boxOf(const QList<QPolygonF>& rings) {
+QRectF boxOf(const Footprint& footprint) {
     QPolygonF all;
-    for (const QPolygonF& ring : rings) all << ring;
+    for (const QPolygonF& ring : footprint.rings) all << ring;
+    for (const QPolygonF& line : footprint.lines) all << line;
     return all.boundingRect();
 }
 
-/// An opening has the outline of its window or door, and would only hide it. Of an annotation, a line of dimensions for
-/// one, no more than the area around it is known.
-bool isDrawn(const ElementIndex& index, model::Element element) {
-    return index.typeId(element) != model::ElementTypeIds::Opening &&
-           index.ifcClass(element) != QStringLiteral("IfcAnnotation");
+QList<QPolygonF> polygons(const std::vector<std::vector<model::Point>>& lines) {
+    QList<QPolygonF> all;
+    for (const auto& corners : lines) {
+        QPolygonF polygon;
+        polygon.reserve(static_cast<qsizetype>(corners.size()));
+        for (const model::Point& corner : corners) polygon << QPointF(corner.x, corner.y);
+        all << polygon;
+    }
+    return all;
+}
+
+/// What has no shape has no place in a plan, either: the origin of a storey is no place in it.
+bool isShapeOnly(PlanKind kind) {
+    return kind == PlanKind::Terrain || kind == PlanKind::Annotation || kind == PlanKind::Grid;
 }
 
 }  // namespace
-
-PlanLayer planLayer(std::int32_t typeId) {
-    using Type = model::ElementTypeIds;
-    switch (typeId) {
-        case Type::Mesh:
-        case Type::Site:
-        case Type::Building:
-        case Type::Storey:
-            return PlanLayer::Ground;
-        case Type::Zone:
-            return PlanLayer::Zone;
-        case Type::Slab:
-        case Type::Roof:
-            return PlanLayer::Floor;
-        case Type::Wall:
-        case Type::Column:
-        case Type::CurtainWall:
-            return PlanLayer::Structure;
-        case Type::Window:
-        case Type::Door:
-            return PlanLayer::Filling;
-        default:
-            return PlanLayer::Object;
-    }
-}
 
 PlanGeometry::PlanGeometry(QObject* parent) : QObject(parent) {
     timer_.setInterval(0);
@@ -76,67 +66,145 @@ void PlanGeometry::setSource(const model::Model* model, const ElementIndex* inde
     timer_.stop();
     model_ = model;
     index_ = index;
-    wanted_.clear();
-    storeys_.clear();
+    shown_.clear();
+    partAt_.clear();
+    parts_.clear();
     byElement_.clear();
+    labels_.clear();
+    metresPerUnit_.reset();
+    trueNorth_.reset();
     if (!index_) return;
+    metresPerUnit_ = model_->metresPerUnit();
+    if (const auto north = model_->trueNorth()) trueNorth_ = QPointF(north->x, north->y);
+    sortElements();
+}
+
+void PlanGeometry::sortElements() {
     byElement_.resize(index_->size());
-    storeys_.resize(index_->storeys().size());
+    partAt_.resize(index_->storeys().size() * model::PlanKindCount);
     for (model::Element element = 0; element < index_->size(); ++element) {
-        if (isDrawn(*index_, element)) storeys_[index_->storey(element)].elements.push_back(element);
-    }
-    for (Storey& storey : storeys_) {
-        std::stable_sort(storey.elements.begin(), storey.elements.end(), [&](model::Element a, model::Element b) {
-            return planLayer(index_->typeId(a)) < planLayer(index_->typeId(b));
-        });
+        const PlanKind kind = model_->planKind(element);
+        Part*& at = partAt_[index_->storey(element) * model::PlanKindCount + static_cast<std::size_t>(kind)];
+        if (!at) {
+            at = &parts_.emplace_back();
+            at->storey = index_->storey(element);
+            at->kind = kind;
+        }
+        at->elements.push_back(element);
     }
 }
 
-void PlanGeometry::request(const std::vector<std::uint32_t>& storeys) {
-    wanted_ = storeys;
-    if (!complete(wanted_)) timer_.start();
+PlanGeometry::Part* PlanGeometry::part(std::uint32_t storey, PlanKind kind) {
+    return partAt_[storey * model::PlanKindCount + static_cast<std::size_t>(kind)];
 }
 
-bool PlanGeometry::complete(const std::vector<std::uint32_t>& storeys) const {
-    return std::all_of(storeys.begin(), storeys.end(),
-                       [&](std::uint32_t number) { return storeys_[number].complete(); });
+void PlanGeometry::request(const std::vector<std::uint32_t>& storeys, const PlanLayers& layers) {
+    for (Part* part : shown_) part->shown = false;
+    shown_.clear();
+    severalStoreys_ = storeys.size() > 1;
+    if (!index_) return;
+    const auto show = [&](std::uint32_t storey, PlanKind kind) {
+        Part* wanted = layers.shows(kind) ? part(storey, kind) : nullptr;
+        if (!wanted || wanted->shown) return;
+        wanted->shown = true;
+        shown_.push_back(wanted);
+    };
+    const auto showOfNoStorey = [&](PlanKind kind) {
+        for (std::uint32_t i = 0; i < index_->storeys().size() && !storeys.empty(); ++i) {
+            if (index_->storeys()[i].name.isEmpty()) show(i, kind);
+        }
+    };
+    showOfNoStorey(PlanKind::Terrain);
+    // Kind by kind: of several storeys, the floor of one must not hide what stands on the one below.
+    for (std::size_t kind = 0; kind < model::PlanKindCount; ++kind) {
+        for (const std::uint32_t storey : storeys) show(storey, static_cast<PlanKind>(kind));
+    }
+    showOfNoStorey(PlanKind::Grid);
+    if (!complete()) timer_.start();
+}
+
+bool PlanGeometry::complete() const {
+    return std::all_of(shown_.begin(), shown_.end(), [](const Part* part) { return part->complete(); });
 }
 
 const Footprint* PlanGeometry::find(model::Element element) const {
-    return element < byElement_.size() ? byElement_[element] : nullptr;
+    if (element >= byElement_.size()) return nullptr;
+    const auto& [part, footprint] = byElement_[element];
+    return part && part->shown ? footprint : nullptr;
+}
+
+const PlanLabel* PlanGeometry::label(model::Element element) const {
+    const auto found = labels_.find(element);
+    return found == labels_.end() ? nullptr : &found->second;
 }
 
 void PlanGeometry::readSome() {
     QElapsedTimer clock;
     clock.start();
-    for (const std::uint32_t number : wanted_) {
-        while (!storeys_[number].complete() && clock.elapsed() < SliceMs) readNext(storeys_[number]);
+    for (Part* part : shown_) {
+        while (!part->complete() && clock.elapsed() < SliceMs) readNext(*part);
     }
-    if (complete(wanted_)) timer_.stop();
+    if (complete()) timer_.stop();
     Q_EMIT grown();
 }
 
-void PlanGeometry::readNext(Storey& storey) {
-    Footprint footprint;
-    footprint.element = storey.elements[storey.done++];
-    footprint.layer = planLayer(index_->typeId(footprint.element));
-    for (const auto& corners : model_->outline(footprint.element).rings) {
-        QPolygonF ring;
-        ring.reserve(static_cast<qsizetype>(corners.size()));
-        for (const model::Point& corner : corners) ring << QPointF(corner.x, corner.y);
-        footprint.rings << ring;
+void PlanGeometry::finish() {
+    for (Part* part : shown_) {
+        while (!part->complete()) readNext(*part);
     }
-    if (footprint.rings.isEmpty()) {
-        // A building or storey has an origin, which is no place in it.
-        const auto origin = model_->placement(footprint.element);
-        if (!origin || footprint.layer == PlanLayer::Ground) return;
+}
+
+void PlanGeometry::readNext(Part& part) {
+    Footprint footprint;
+    footprint.element = part.elements[part.done++];
+    footprint.kind = part.kind;
+    const model::PlanOutline outline = model_->outline(footprint.element);
+    footprint.rings = polygons(outline.rings);
+    footprint.lines = polygons(outline.lines);
+    if (footprint.rings.isEmpty() && footprint.lines.isEmpty()) {
+        const auto origin = isShapeOnly(part.kind) ? std::nullopt : model_->placement(footprint.element);
+        if (!origin || !std::isfinite(origin->x) || !std::isfinite(origin->y)) return;
         footprint.rings << QPolygonF({QPointF(origin->x, origin->y)});
     }
-    footprint.box = boxOf(footprint.rings);
+    footprint.cut = isCut(part, outline);
+    footprint.box = boxOf(footprint);
     footprint.area = areaOf(footprint.rings);
-    // A deque: drawings under way hold pointers to footprints while more of them come in.
-    storey.footprints.push_back(std::move(footprint));
-    byElement_[storey.footprints.back().element] = &storey.footprints.back();
+    part.footprints.push_back(std::move(footprint));
+    const Footprint& kept = part.footprints.back();
+    byElement_[kept.element] = {&part, &kept};
+    addLabel(kept);
+}
+
+/// A parapet ends below the height where a plan is cut, and a beam begins above it.
+bool PlanGeometry::isCut(const Part& part, const model::PlanOutline& outline) const {
+    if (part.kind != PlanKind::Structure) return false;
+    const auto floor = index_->storeys()[part.storey].elevation;
+    if (!floor || !metresPerUnit_ || !outline.bottom || !outline.top) return true;
+    const double height = *floor + CutHeight / *metresPerUnit_;
+    return *outline.bottom <= height && height <= *outline.top;
+}
+
+void PlanGeometry::addLabel(const Footprint& footprint) {
+    if (footprint.kind == PlanKind::Room && !footprint.rings.isEmpty() && footprint.rings.front().size() > 2) {
+        placeLabel(labels_[footprint.element], footprint.rings);
+    } else if (footprint.kind == PlanKind::Grid) {
+        for (const model::GridAxis& axis : model_->gridAxes(footprint.element)) {
+            labels_[footprint.element].tags += visible(toQString(axis.tag).left(8));
+        }
+        return;
+    } else {
+        return;
+    }
+    std::optional<double> area;
+    if (metresPerUnit_) area = footprint.area * *metresPerUnit_ * *metresPerUnit_;
+    setRoomTexts(labels_[footprint.element], model_->room(footprint.element), area);
+}
+
+void PlanGeometry::refreshLabels() {
+    for (const Part& part : parts_) {
+        if (part.kind != PlanKind::Room) continue;
+        for (const Footprint& footprint : part.footprints) addLabel(footprint);
+    }
 }
 
 }  // namespace desktop

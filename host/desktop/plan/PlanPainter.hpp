@@ -14,15 +14,17 @@ namespace desktop {
 
 struct PlanStyle {
     QColor fill, line;
+    Qt::PenStyle pen = Qt::SolidLine;
+    QColor detail;  ///< Of the lines drawn over the outline.
 };
 
 /// The model's own colours, mixed from the palette: the plan is dark where the windows are.
-PlanStyle planStyle(const QPalette& palette, PlanLayer layer);
+PlanStyle planStyle(const QPalette& palette, model::PlanKind kind, bool cut);
 QColor markColor(const QPalette& palette, Mark mark);
 /// What the legend says of a mark.
 QString markText(Mark mark);
 
-/// Draws plans. Knows no widget, so that a drawing can go anywhere.
+/// Draws footprints and what is written on them. Knows no widget, so that a drawing can go anywhere.
 class PlanPainter {
 public:
     PlanPainter(QPainter& painter, const PlanViewport& viewport, const QPalette& palette)
@@ -31,20 +33,33 @@ public:
     /// @param mark  None: as part of the building.
     void draw(const Footprint& footprint, Mark mark);
     void drawSelection(const Footprint& footprint);
-    /// In the lower right corner: each mark in use with its colour and number of rows.
-    void drawLegend(const PlanMarks& marks);
+    /// As much of it as has room.
+    void drawLabel(const Footprint& footprint, const PlanLabel& label);
 
 private:
     void setStyle(const Footprint& footprint, Mark mark);
     void drawRings(const Footprint& footprint);
+    void drawLines(const Footprint& footprint);
+    void drawTags(const Footprint& footprint, const QStringList& tags);
+    QPolygonF onScreen(const QPolygonF& points) const;
 
     QPainter& painter_;
     const PlanViewport& viewport_;
     const QPalette& palette_;
-    std::optional<std::pair<PlanLayer, Mark>> style_;  ///< What pen and brush are set for.
+    struct Style {
+        model::PlanKind kind;
+        bool cut;
+        Mark mark;
+        bool operator==(const Style&) const = default;
+    };
+    std::optional<Style> style_;  ///< What pen and brush are set for.
 };
 
 /// Whether any of it is in the view.
 bool inSight(const Footprint& footprint, const PlanViewport& viewport);
+
+/// An element that is smaller than this on the screen is not to be recognized; where it is marked, its sign stands for
+/// it.
+inline constexpr double LeastMark = 9;
 
 }  // namespace desktop

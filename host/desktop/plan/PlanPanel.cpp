@@ -7,9 +7,12 @@
 #include <QComboBox>
 #include <QEventLoop>
 #include <QKeyEvent>
+#include <QLocale>
+#include <QMenu>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 
 namespace desktop {
@@ -28,6 +31,14 @@ QToolButton* makeButton(const QString& text, const QString& name, QWidget* paren
     return button;
 }
 
+/// As drawings have it: "+2.90 m".
+QString heightText(double metres) {
+    if (!(std::abs(metres) < 1e6)) return {};
+    const double rounded = std::round(metres * 100) / 100;
+    const QString sign = rounded > 0 ? QStringLiteral("+") : rounded < 0 ? QStringLiteral("−") : QStringLiteral("±");
+    return PlanPanel::tr("%1 m").arg(sign + QLocale::system().toString(std::abs(rounded), 'f', 2));
+}
+
 }  // namespace
 
 PlanPanel::PlanPanel(QWidget* parent)
@@ -40,12 +51,17 @@ PlanPanel::PlanPanel(QWidget* parent)
     // As wide as there is room, not as the longest entry is: the entries change while a review is open.
     choice_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     choice_->setMinimumContentsLength(12);
+    layers_ = makeButton(tr("Layers"), tr("Choose what is shown in the plan"), this);
+    layers_->setObjectName(QStringLiteral("layers"));
+    layers_->setPopupMode(QToolButton::InstantPopup);
+    fillLayers();
     auto* closer = makeButton(QStringLiteral("+"), tr("Zoom in"), this);
     auto* farther = makeButton(QStringLiteral("−"), tr("Zoom out"), this);
     auto* whole = makeButton(tr("Fit"), tr("Show the whole storey"), this);
 
     auto* top = new QHBoxLayout;
     top->addWidget(choice_, 1);
+    top->addWidget(layers_);
     top->addWidget(closer);
     top->addWidget(farther);
     top->addWidget(whole);
@@ -60,6 +76,28 @@ PlanPanel::PlanPanel(QWidget* parent)
     connect(whole, &QToolButton::clicked, this, [this] { view_->fit(); });
     connect(choice_, &QComboBox::currentIndexChanged, this, &PlanPanel::showChosen);
     connect(view_, &PlanView::elementClicked, this, &PlanPanel::elementClicked);
+}
+
+void PlanPanel::fillLayers() {
+    auto* menu = new QMenu(layers_);
+    const PlanLayers remembered = PlanLayers::remembered();
+    for (const PlanLayer layer : PlanLayerList) {
+        QAction* action = menu->addAction(layerText(layer));
+        action->setCheckable(true);
+        action->setChecked(remembered.has(layer));
+        connect(action, &QAction::toggled, this, [this, layer](bool on) {
+            PlanLayers layers = view_->layers();
+            layers.set(layer, on);
+            layers.remember();
+            view_->setLayers(layers);
+        });
+    }
+    layers_->setMenu(menu);
+    view_->setLayers(remembered);
+}
+
+void PlanPanel::refresh() {
+    if (elements_) view_->refreshLabels();
 }
 
 void PlanPanel::setSource(const model::Model* model, const ElementIndex* index) {
@@ -123,13 +161,26 @@ void PlanPanel::labelChoice() {
         const int storey = choice_->itemData(entry).toInt();
         const auto position = static_cast<std::size_t>(std::max(storey, 0));
         const std::size_t here = storey == AllStoreys ? all : marked[position];
-        QString text = storey == AllStoreys ? tr("All storeys") : elements_->storeys()[position].name;
-        if (text.isEmpty()) text = tr("(in no storey)");
+        QString text = nameOf(storey);
+        const auto elevation = storey == AllStoreys ? std::nullopt : elements_->storeys()[position].elevation;
+        if (elevation && geometry_->metresPerUnit() && !elements_->storeys()[position].name.isEmpty()) {
+            text += u' ' + heightText(*elevation * *geometry_->metresPerUnit());
+        }
         if (here) {
             text += tr(" – %1 of %2 marked").arg(number(static_cast<qint64>(here)), number(static_cast<qint64>(all)));
         }
         if (choice_->itemText(entry) != text) choice_->setItemText(entry, text);
     }
+}
+
+QString PlanPanel::nameOf(int storey) const {
+    if (storey == AllStoreys || !elements_) return tr("All storeys");
+    const QString& name = elements_->storeys()[static_cast<std::size_t>(storey)].name;
+    return name.isEmpty() ? tr("(in no storey)") : name;
+}
+
+QString PlanPanel::storeyName() const {
+    return nameOf(choice_->currentIndex() < 0 ? AllStoreys : choice_->currentData().toInt());
 }
 
 std::vector<std::size_t> PlanPanel::markedPerStorey() const {

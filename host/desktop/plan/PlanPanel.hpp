@@ -6,10 +6,11 @@
 #include <QWidget>
 
 class QComboBox;
+class QToolButton;
 
 namespace desktop {
 
-/// The plan with its choice of storeys and its zoom buttons.
+/// The plan with its choices of storeys and layers and its zoom buttons.
 class PlanPanel : public QWidget {
     Q_OBJECT
 
@@ -20,6 +21,8 @@ public:
     /// The marks are the caller's and stay until the next call; null for none. With `choose` the plan goes to the
     /// storey with most of them if the one in sight has none.
     void setMarks(const PlanMarks* marks, bool choose);
+    /// Texts of the model may have changed.
+    void refresh();
     /// Selects an element; a plan of another storey changes to the element's. Site, building and what else stands in no
     /// storey leave the plan as it is.
     void showElement(std::optional<model::Element> element);
@@ -31,6 +34,9 @@ public:
 
     PlanView* view() const { return view_; }
     QComboBox* storeyChoice() const { return choice_; }
+    QToolButton* layersButton() const { return layers_; }
+    /// The entry chosen, without heights and counts.
+    QString storeyName() const;
 
 Q_SIGNALS:
     void elementClicked(model::Element element);
@@ -40,9 +46,11 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void fillLayers();
     void fillChoice();
     std::uint32_t firstStorey() const;
     void labelChoice();
+    QString nameOf(int storey) const;
     void showChosen();
     void chooseStorey(std::uint32_t storey);
     std::optional<std::uint32_t> chosenStorey() const;
@@ -54,6 +62,7 @@ private:
     PlanGeometry* geometry_;
     PlanView* view_;
     QComboBox* choice_;
+    QToolButton* layers_;
     bool picking_ = false;
 };
 

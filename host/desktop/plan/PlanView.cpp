@@ -1,6 +1,7 @@
 #include "desktop/plan/PlanView.hpp"
 
 #include "desktop/QtText.hpp"
+#include "desktop/plan/PlanFrame.hpp"
 #include "desktop/plan/PlanPainter.hpp"
 
 #include <QApplication>
@@ -21,7 +22,7 @@ constexpr double FitMargin = 16;
 constexpr double ZoomStep = 1.25;
 constexpr double HitPixels = 4;
 /// How long drawing may hold up other events. What is through in one go shows at once, as nearly every plan is.
-constexpr qint64 SliceMs = 12;
+constexpr qint64 SliceMs = 8;
 /// While footprints come in, the plan is drawn anew this often.
 constexpr int GrowMs = 300;
 
@@ -33,9 +34,21 @@ double distanceToLine(const QPointF& p, const QPointF& a, const QPointF& b) {
     return std::hypot(away.x(), away.y());
 }
 
+bool touchesLine(const QPolygonF& line, const QPointF& point, double tolerance) {
+    for (qsizetype i = 0; i + 1 < line.size(); ++i) {
+        if (distanceToLine(point, line[i], line[i + 1]) <= tolerance) return true;
+    }
+    return false;
+}
+
 bool touches(const Footprint& footprint, const QPointF& point, double tolerance) {
     if (!footprint.box.adjusted(-tolerance, -tolerance, tolerance, tolerance).contains(point)) return false;
     bool inside = false;
+    // What a door's leaf passes over is the room's; its own lines count where there is nothing else.
+    if (footprint.rings.isEmpty()) {
+        return std::any_of(footprint.lines.begin(), footprint.lines.end(),
+                           [&](const QPolygonF& line) { return touchesLine(line, point, tolerance); });
+    }
     for (const QPolygonF& ring : footprint.rings) {
         if (ring.size() > 2 && ring.containsPoint(point, Qt::OddEvenFill)) inside = !inside;
         for (qsizetype i = 0; i < ring.size(); ++i) {
@@ -68,7 +81,7 @@ PlanView::PlanView(PlanGeometry* geometry, QWidget* parent)
     grow_.setInterval(GrowMs);
     connect(&grow_, &QTimer::timeout, this, &PlanView::takeGrowth);
     connect(geometry_, &PlanGeometry::grown, this, [this] {
-        if (geometry_->complete(storeys_)) {
+        if (geometry_->complete()) {
             takeGrowth();
         } else if (!grow_.isActive()) {
             grow_.start();
@@ -78,14 +91,24 @@ PlanView::PlanView(PlanGeometry* geometry, QWidget* parent)
         building_.clear();
         marked_.clear();
         Q_EMIT shownChanged();
+        drawer_.stop();
     });
 }
 
 void PlanView::setStoreys(const std::vector<std::uint32_t>& storeys) {
-    if (storeys == storeys_ && fitted_) fit();
     storeys_ = storeys;
-    geometry_->request(storeys_);
-    if (fitted_) fit();
+    geometry_->request(storeys_, layers_);
+    takeGrowth();
+}
+
+void PlanView::setLayers(const PlanLayers& layers) {
+    layers_ = layers;
+    geometry_->request(storeys_, layers_);
+    redraw();
+}
+
+void PlanView::refreshLabels() {
+    geometry_->refreshLabels();
     redraw();
 }
 
@@ -117,8 +140,7 @@ void PlanView::bringIntoSight(model::Element element) {
 
 std::vector<const Footprint*> PlanView::footprints() const {
     std::vector<const Footprint*> shown;
-    for (const std::uint32_t number : storeys_)
-        for (const Footprint& footprint : geometry_->storey(number)) shown.push_back(&footprint);
+    geometry_->forEach([&](const Footprint& footprint) { shown.push_back(&footprint); });
     return shown;
 }
 
@@ -126,19 +148,25 @@ bool PlanView::prompting() const {
     return !prompt_->isHidden();
 }
 
-/// What a fitted plan shows: the building, without the ground around it.
+/// What a fitted plan shows: the building, without the ground around it and the grid's ends.
 QRectF PlanView::extent() const {
     QRectF inner, all;
     const auto add = [](QRectF& sum, const QRectF& box) { sum = sum.isNull() ? box : sum.united(box); };
-    for (const std::uint32_t number : storeys_) {
-        for (const Footprint& footprint : geometry_->storey(number)) {
-            // United with another box, one without extent would be passed over.
-            const QRectF box = footprint.box.adjusted(0, 0, 1e-6, 1e-6);
-            add(all, box);
-            if (footprint.layer != PlanLayer::Ground && footprint.rings.front().size() > 1) add(inner, box);
-        }
-    }
+    geometry_->forEach([&](const Footprint& footprint) {
+        // United with another box, one without extent would be passed over.
+        const QRectF box = footprint.box.adjusted(0, 0, 1e-6, 1e-6);
+        add(all, box);
+        const bool around = footprint.kind == model::PlanKind::Terrain || footprint.kind == model::PlanKind::Grid ||
+                            footprint.kind == model::PlanKind::Annotation;
+        if (!around && !footprint.rings.isEmpty() && footprint.rings.front().size() > 1) add(inner, box);
+    });
     return inner.isNull() ? all : inner;
+}
+
+PlanSheet PlanView::sheet(const QString& storey, const QString& file) const {
+    const QRectF all = extent();
+    const QRectF seen = fitted_ ? all : viewport_.visible().intersected(all);
+    return {geometry_, marks_, seen.isEmpty() ? viewport_.visible() : seen, storey, file};
 }
 
 void PlanView::fit() {
@@ -173,17 +201,20 @@ void PlanView::placePrompt() {
 std::optional<model::Element> PlanView::hit(const QPointF& point, bool preferMarked) const {
     const double tolerance = HitPixels / viewport_.scale;
     const Footprint* best = nullptr;
-    bool bestMarked = false;
-    for (const std::uint32_t number : storeys_) {
-        for (const Footprint& footprint : geometry_->storey(number)) {
-            if (!touches(footprint, point, tolerance)) continue;
-            const bool isMarked = preferMarked && marks_ && marks_->of(footprint.element) != Mark::None;
-            const bool better = !best || (isMarked != bestMarked ? isMarked : footprint.area < best->area);
-            if (!better) continue;
-            best = &footprint;
-            bestMarked = isMarked;
-        }
-    }
+    bool bestMarked = false, bestLine = false;
+    geometry_->forEach([&](const Footprint& footprint) {
+        if (!touches(footprint, point, tolerance)) return;
+        const bool isMarked = preferMarked && marks_ && marks_->of(footprint.element) != Mark::None;
+        // A line has no area, and must not be in the way of what it passes over.
+        const bool isLine = footprint.rings.isEmpty();
+        const bool better = !best || (isMarked != bestMarked ? isMarked
+                                      : isLine != bestLine   ? bestLine
+                                                             : footprint.area < best->area);
+        if (!better) return;
+        best = &footprint;
+        bestMarked = isMarked;
+        bestLine = isLine;
+    });
     if (!best) return std::nullopt;
     return best->element;
 }
@@ -199,46 +230,44 @@ void PlanView::takeGrowth() {
 
 void PlanView::moved() {
     fitted_ = false;
-    redraw();
+    // Begun anew with each move, a picture of a big storey would not be finished before the hand rests.
+    if (building_.running() && building_.hasPicture()) {
+        outOfDate_ = true;
+        update();
+        Q_EMIT shownChanged();
+    } else {
+        redraw();
+    }
+}
+
+PlanDrawing::Paper PlanView::paper(const QColor& color) const {
+    return {devicePixelRatioF(), palette(), font(), color};
 }
 
 void PlanView::redraw() {
-    startBuilding();
-    startMarks();
+    startDrawing();
+    drawSome();
     Q_EMIT shownChanged();
 }
 
-void PlanView::startBuilding() {
-    std::vector<PlanDrawing::Item> items;
-    for (const std::uint32_t number : storeys_) {
-        for (const Footprint& footprint : geometry_->storey(number)) {
-            if (inSight(footprint, viewport_)) items.push_back({&footprint, Mark::None});
-        }
-    }
-    building_.start(viewport_, devicePixelRatioF(), palette(), palette().color(QPalette::Base), std::move(items));
-    drawSome();
+void PlanView::startDrawing() {
+    outOfDate_ = false;
+    building_.start(viewport_, paper(palette().color(QPalette::Base)), buildingItems(*geometry_, viewport_));
+    marked_.start(viewport_, paper(Qt::transparent), markItems(*geometry_, marks_, viewport_));
 }
 
-/// Over the building, and drawn without it when a tick changes: the most urgent on top, small ones on big ones.
+/// Drawn without the building when a tick changes.
 void PlanView::startMarks() {
-    std::vector<PlanDrawing::Item> items;
-    for (const std::uint32_t number : marks_ ? storeys_ : std::vector<std::uint32_t>()) {
-        for (const Footprint& footprint : geometry_->storey(number)) {
-            const Mark mark = marks_->of(footprint.element);
-            if (mark != Mark::None && inSight(footprint, viewport_)) items.push_back({&footprint, mark});
-        }
-    }
-    std::sort(items.begin(), items.end(), [](const PlanDrawing::Item& a, const PlanDrawing::Item& b) {
-        if (a.mark != b.mark) return a.mark < b.mark;
-        if (a.footprint->area != b.footprint->area) return a.footprint->area > b.footprint->area;
-        return a.footprint->element < b.footprint->element;
-    });
-    marked_.start(viewport_, devicePixelRatioF(), palette(), Qt::transparent, std::move(items));
+    marked_.start(viewport_, paper(Qt::transparent), markItems(*geometry_, marks_, viewport_));
     drawSome();
 }
 
 void PlanView::drawSome() {
-    const bool done = building_.draw(SliceMs) && marked_.draw(SliceMs);
+    bool done = building_.draw(SliceMs) && marked_.draw(SliceMs);
+    if (done && outOfDate_) {
+        startDrawing();
+        done = false;
+    }
     if (done) {
         drawer_.stop();
     } else if (!drawer_.isActive()) {
@@ -256,18 +285,23 @@ void PlanView::paintEvent(QPaintEvent*) {
     PlanPainter plan(painter, viewport_, palette());
     const Footprint* footprint = selected_ ? geometry_->find(*selected_) : nullptr;
     if (footprint && inSight(*footprint, viewport_)) plan.drawSelection(*footprint);
-    if (marks_) plan.drawLegend(*marks_);
-    if (!storeys_.empty() && !geometry_->complete(storeys_)) {
-        painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
-        painter.drawText(rect().adjusted(8, 8, -8, -8), Qt::AlignLeft | Qt::AlignBottom, tr("Reading the geometry…"));
-    }
+    drawFrame(painter);
+}
+
+void PlanView::drawFrame(QPainter& painter) const {
+    if (storeys_.empty()) return;
+    if (geometry_->metresPerUnit()) drawScaleBar(painter, rect(), viewport_, palette(), *geometry_->metresPerUnit());
+    if (geometry_->trueNorth()) drawNorthArrow(painter, rect(), palette(), *geometry_->trueNorth());
+    if (marks_) drawLegend(painter, rect(), palette(), *marks_);
+    if (geometry_->complete()) return;
+    painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
+    painter.drawText(rect().adjusted(8, 8, -8, -8), Qt::AlignLeft | Qt::AlignTop, tr("Reading the geometry…"));
 }
 
 void PlanView::resizeEvent(QResizeEvent*) {
     viewport_.size = size();
     placePrompt();
-    if (fitted_) fit();
-    redraw();
+    takeGrowth();
 }
 
 void PlanView::wheelEvent(QWheelEvent* event) {
@@ -350,10 +384,19 @@ QString PlanView::toolTipAt(const QPointF& pixel) const {
     const auto element = hit(viewport_.toModel(pixel), true);
     const ElementIndex* index = geometry_->index();
     if (!element || !index) return {};
-    QString text = index->type(*element) + u'\n' + guidText(index->guid(*element));
+    QStringList lines;
+    const PlanLabel* label = geometry_->label(*element);
+    lines += label && label->tags.isEmpty()
+                 ? QStringList{label->number, label->name, label->area}.join(u' ').simplified()
+                 : toQString(geometry_->model()->name(*element));
+    lines += QStringLiteral("%1 (%2)").arg(index->type(*element), index->ifcClass(*element));
+    lines += guidText(index->guid(*element));
     const Mark mark = marks_ ? marks_->of(*element) : Mark::None;
-    if (mark != Mark::None) text += u'\n' + markText(mark);
-    return text;
+    const QStringList remarks = remarks_ && mark != Mark::None ? remarks_(*element) : QStringList();
+    if (mark != Mark::None && remarks.isEmpty()) lines += markText(mark);
+    lines += remarks;
+    lines.removeAll(QString());
+    return lines.join(u'\n');
 }
 
 bool PlanView::event(QEvent* event) {

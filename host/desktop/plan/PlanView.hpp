@@ -3,9 +3,11 @@
 #include "desktop/plan/PlanDrawing.hpp"
 #include "desktop/plan/PlanGeometry.hpp"
 #include "desktop/plan/PlanMarks.hpp"
+#include "desktop/plan/PlanSheet.hpp"
 #include "desktop/plan/PlanViewport.hpp"
 
 #include <QWidget>
+#include <functional>
 
 class QLabel;
 
@@ -20,7 +22,13 @@ public:
     explicit PlanView(PlanGeometry* geometry, QWidget* parent = nullptr);
 
     void setStoreys(const std::vector<std::uint32_t>& storeys);
+    void setLayers(const PlanLayers& layers);
+    const PlanLayers& layers() const { return layers_; }
     void setMarks(const PlanMarks* marks);
+    /// What is said of an element at the end of its tool tip, a line each.
+    void setRemarks(std::function<QStringList(model::Element)> remarks) { remarks_ = std::move(remarks); }
+    /// Names of rooms may have changed.
+    void refreshLabels();
     /// The element drawn with the selection's frame; brought into sight where it is not.
     void setSelected(std::optional<model::Element> element);
     std::optional<model::Element> selected() const { return selected_; }
@@ -43,7 +51,14 @@ public:
     /// Whether a point is asked for.
     bool prompting() const;
     /// Whether all that it is to show has been read.
-    bool complete() const { return !storeys_.empty() && geometry_->complete(storeys_); }
+    bool complete() const { return !storeys_.empty() && geometry_->complete(); }
+    /// Whether what is in sight has been drawn.
+    bool drawn() const { return !drawer_.isActive(); }
+    QString toolTipAt(const QPointF& pixel) const;
+    /// Reads the rest of what it is to show now.
+    void finish() { geometry_->finish(); }
+    /// What is in sight of it, to be put on paper.
+    PlanSheet sheet(const QString& storey, const QString& file) const;
 
     QSize sizeHint() const override { return {480, 360}; }
     QSize minimumSizeHint() const override { return {120, 72}; }
@@ -72,23 +87,27 @@ private:
     void takeGrowth();
     /// What is drawn has changed.
     void redraw();
-    void startBuilding();
+    void startDrawing();
     void startMarks();
     void drawSome();
+    PlanDrawing::Paper paper(const QColor& color) const;
     QRectF extent() const;
     void placePrompt();
-    QString toolTipAt(const QPointF& pixel) const;
+    void drawFrame(QPainter& painter) const;
 
     PlanGeometry* geometry_;
     std::vector<std::uint32_t> storeys_;
+    PlanLayers layers_;
     const PlanMarks* marks_ = nullptr;
+    std::function<QStringList(model::Element)> remarks_;
     std::optional<model::Element> selected_;
     PlanViewport viewport_;
     bool fitted_ = true;  ///< Nobody has zoomed or panned: the whole storey stays in sight as it grows.
 
     PlanDrawing building_, marked_;
-    QTimer drawer_;  ///< Runs while one of them is being drawn.
-    QTimer grow_;    ///< Runs while more footprints come in.
+    QTimer drawer_;           ///< Runs while one of them is being drawn.
+    bool outOfDate_ = false;  ///< The plan was moved while it was drawn: once that is through, it is drawn again.
+    QTimer grow_;             ///< Runs while more footprints come in.
 
     QPointF pressedAt_, draggedFrom_;
     bool pressed_ = false, dragging_ = false;

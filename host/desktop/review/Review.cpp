@@ -4,6 +4,7 @@
 #include "desktop/WaitCursor.hpp"
 #include "desktop/dialogs/RowListView.hpp"
 #include "desktop/elements/ElementPanel.hpp"
+#include "desktop/plan/PlanPainter.hpp"
 #include "desktop/plan/PlanPanel.hpp"
 #include "desktop/review/ReviewBar.hpp"
 #include "updatefile/ReviewList.hpp"
@@ -108,6 +109,7 @@ Review::Review(const Parts& parts)
     if (!listItem_ || !document_.isOpen()) return;
     rows_ = std::make_unique<ReviewRows>(*document_.model());
     if (dialog_.content().list(listItem_)->tabFields().size() == updatefile::reviewlist::ColumnCount) showUpdates();
+    plan_.view()->setRemarks([this](model::Element element) { return remarksOn(element); });
     connect(&dialog_, &AddOnDialog::contentChanged, this, &Review::takeRows);
     connect(&dialog_, &AddOnDialog::currentRowChanged, this, &Review::selectRow);
     connect(&plan_, &PlanPanel::elementClicked, this, &Review::takeClick);
@@ -115,7 +117,9 @@ Review::Review(const Parts& parts)
 }
 
 Review::~Review() {
-    if (rows_) plan_.setMarks(nullptr, false);
+    if (!rows_) return;
+    plan_.setMarks(nullptr, false);
+    plan_.view()->setRemarks({});
 }
 
 void Review::showUpdates() {
@@ -222,6 +226,29 @@ void Review::showRowOf(model::Element element) {
     if (found.empty() || !view) return;
     const auto next = std::upper_bound(found.begin(), found.end(), view->currentRow());
     view->showRow(next == found.end() ? found.front() : *next);
+}
+
+/// What its rows do to an element, as far as a tool tip has room.
+QStringList Review::remarksOn(model::Element element) const {
+    using namespace updatefile::reviewlist;
+    constexpr std::size_t Most = 8;
+    QStringList lines;
+    const frontend::List* list = bar_ ? dialog_.content().list(listItem_) : nullptr;
+    const std::vector<int> rows = rows_->rowsOf(element);
+    for (std::size_t i = 0; list && i < std::min(rows.size(), Most); ++i) {
+        const GS::UniString text = list->rowText(static_cast<Int16>(rows[i] + 1));
+        const auto cells = cellsOf(text.View());
+        if (cells.size() < ColumnCount) continue;
+        const QString change =
+            toQString(cells[CurrentColumn]).isEmpty()
+                ? toQString(cells[NewColumn])
+                : QStringLiteral("%1 → %2").arg(toQString(cells[CurrentColumn]), toQString(cells[NewColumn]));
+        lines += QStringLiteral("%1: %2 (%3)")
+                     .arg(toQString(cells[PropertyColumn]), change,
+                          markText(rows_->rowMarks()[static_cast<std::size_t>(rows[i])]));
+    }
+    if (rows.size() > Most) lines += tr("and %1 more").arg(number(static_cast<qint64>(rows.size() - Most)));
+    return lines;
 }
 
 }  // namespace desktop

@@ -96,6 +96,7 @@ private:
     void selectRow(Int16 item, int row);
     void takeClick(model::Element element);
     void showRowOf(model::Element element);
+    QStringList remarksOn(model::Element element) const;
 
     Document& document_;
     const host::Host& host_;

@@ -11,6 +11,7 @@
 #include "desktop/elements/ElementPanel.hpp"
 #include "desktop/elements/InspectorPanel.hpp"
 #include "desktop/plan/PlanAccessible.hpp"
+#include "desktop/plan/PlanOutput.hpp"
 #include "desktop/plan/PlanPanel.hpp"
 #include "desktop/report/DebugPanel.hpp"
 #include "desktop/report/ReportPanel.hpp"
@@ -183,6 +184,9 @@ void MainWindow::makeMenus() {
     connect(elementMenu, &ElementMenu::lookUpWanted, this, &MainWindow::lookUp);
     connect(elementMenu, &ElementMenu::showInPlanWanted, this, &MainWindow::showInPlan);
     fileMenu_->insert(reports_->action());
+    planOutput_ = new PlanOutput(this, *document_, *plan_);
+    fileMenu_->insert(planOutput_->saveAction());
+    fileMenu_->insert(planOutput_->printAction());
     fillToolBar();
 }
 
@@ -216,6 +220,7 @@ void MainWindow::connectPanels() {
     });
     connect(&busy_, &Busy::changed, this, [this] { readOnlyBar_->setEnabled(!busy_.active()); });
     connect(document_, &Document::edited, elements_, &ElementPanel::refresh);
+    connect(document_, &Document::edited, plan_, &PlanPanel::refresh);
     connect(inspector_, &InspectorPanel::valueProposed, this, &MainWindow::propose);
     connect(hand_, &HandChanges::changed, this, [this] {
         handBar_->setCount(hand_->count());

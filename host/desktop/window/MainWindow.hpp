@@ -30,6 +30,7 @@ class InspectorPanel;
 struct Item;
 class MainToolBar;
 class PlanCursor;
+class PlanOutput;
 class PlanPanel;
 class ReadOnlyBar;
 class ReportPanel;
@@ -59,6 +60,7 @@ public:
     InspectorPanel& inspector() { return *inspector_; }
     PlanPanel& plan() { return *plan_; }
     PlanCursor& planCursor() { return *planCursor_; }
+    PlanOutput& planOutput() { return *planOutput_; }
     ReportPanel& report() { return *report_; }
     DebugPanel& debug() { return *debug_; }
     DesktopView& view() { return *view_; }
@@ -122,6 +124,7 @@ private:
     HelpMenu* helpMenu_ = nullptr;
     Imports* imports_ = nullptr;
     ReviewReports* reports_ = nullptr;
+    PlanOutput* planOutput_ = nullptr;
     std::unique_ptr<DesktopView> view_;
     std::unique_ptr<Review> review_;
     std::optional<model::Element> lookUpNext_;  ///< Once the look-up's dialog is there.
