@@ -53,7 +53,7 @@ TEST_P(ValueText, IsWhatANewValueIsComparedWith) {
     EXPECT_EQ(review(line("Item", GetParam().text)).at(0).remarks, " Old and new values are the same.");
 }
 
-const std::string largestReal = [] {
+const std::string LargestReal = [] {
     char text[400];
     std::snprintf(text, sizeof text, "%f", DBL_MAX);
     return std::string(text);
@@ -68,7 +68,7 @@ INSTANTIATE_TEST_SUITE_P(
                       single("NegativeReal", realValue(-0.5), "-0.500000"),
                       single("LargeReal", realValue(1e20), "100000000000000000000.000000"),
                       single("SmallReal", realValue(1e-9), "0.000000"),
-                      single("LargestReal", realValue(DBL_MAX), largestReal.c_str()),
+                      single("LargestReal", realValue(DBL_MAX), LargestReal.c_str()),
                       single("True", booleanValue(1), "true"), single("False", booleanValue(0), "false"),
                       single("LowestBitClear", booleanValue(2), "false"),
                       single("LowestBitSet", booleanValue(3), "true"), single("LogicalFalse", logicalValue(0), "false"),

@@ -83,7 +83,7 @@ TEST(Names, OfElementTypes) {
                                                "Change Marker"});
 }
 
-const std::map<int, std::string> errorNames{
+const std::map<int, std::string> ErrorNames{
     {-2130313215, "APIERR_GENERAL"},
     {-2130313214, "APIERR_MEMFULL"},
     {-2130313213, "APIERR_CANCEL"},
@@ -160,11 +160,11 @@ const std::map<int, std::string> errorNames{
 
 TEST(Names, OfErrorCodesAndOfNoOther) {
     RawHelpers addOn;
-    ASSERT_EQ(errorNames.size(), 72U);
+    ASSERT_EQ(ErrorNames.size(), 72U);
     const int base = static_cast<int>(0x81060000U);
     for (int code = base - 16; code < base + 0x800; ++code) {
-        const auto known = errorNames.find(code);
-        EXPECT_EQ(addOn->ErrID_To_Name(code), known == errorNames.end() ? "???" : known->second) << code - base;
+        const auto known = ErrorNames.find(code);
+        EXPECT_EQ(addOn->ErrID_To_Name(code), known == ErrorNames.end() ? "???" : known->second) << code - base;
     }
     for (const int none : {0, 1, -1, 1000, Least, Most}) EXPECT_STREQ(addOn->ErrID_To_Name(none), "???") << none;
 }

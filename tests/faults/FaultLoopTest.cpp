@@ -46,14 +46,14 @@ struct Job {
     const char* target;
 };
 
-const Job jobs[] = {
+const Job Jobs[] = {
     {"ImportInPlace", {"import", "house.ifc", "updates.txt", "--apply", "--in-place"}, "house.ifc"},
     {"Export", {"export", "house.ifc", "--items", "Name,FireRating,Reference", "-o", "values.txt"}, "values.txt"},
     {"Script", {"script", "house.ifc", "steps.jsonl"}, "house.ifc"},
     {"SaveAsArchive", {"import", "house.ifc", "updates.txt", "--apply", "-o", "house.ifczip"}, "house.ifczip"},
 };
 
-const std::vector<std::string> kinds = {"open",  "read", "write",    "sync",  "rename", "link", "unlink",
+const std::vector<std::string> Kinds = {"open",  "read", "write",    "sync",  "rename", "link", "unlink",
                                         "close", "map",  "truncate", "state", "mode",   "lock", "memory"};
 
 std::vector<std::string> waysOf(const std::string& kind) {
@@ -222,7 +222,7 @@ TEST_P(FaultLoop, LeavesTheOldFileOrTheNewOneAndTellsTheTruth) {
         ADD_FAILURE() << times.first << " times: " << what << "; first at " << times.second;
 }
 
-INSTANTIATE_TEST_SUITE_P(Jobs, FaultLoop, ::testing::Combine(::testing::ValuesIn(jobs), ::testing::ValuesIn(kinds)),
+INSTANTIATE_TEST_SUITE_P(Jobs, FaultLoop, ::testing::Combine(::testing::ValuesIn(Jobs), ::testing::ValuesIn(Kinds)),
                          [](const auto& row) {
                              return std::string(std::get<0>(row.param).name) + "_" + std::get<1>(row.param);
                          });

@@ -9,7 +9,7 @@ namespace {
 
 using ::testing::HasSubstr;
 
-const std::string header = "ISO-10303-21;\nHEADER;\nFILE_SCHEMA(('IFC4'));\nENDSEC;\n";
+const std::string Header = "ISO-10303-21;\nHEADER;\nFILE_SCHEMA(('IFC4'));\nENDSEC;\n";
 
 struct Addition {
     const char* name;
@@ -35,40 +35,40 @@ TEST_P(Appending, GoesToTheEndOfTheNeighboursSection) {
 INSTANTIATE_TEST_SUITE_P(
     Places, Appending,
     ::testing::Values(
-        Addition{"LineFeeds", header + "DATA;\n#1=A();\nENDSEC;\nEND-ISO-10303-21;\n",
-                 header + "DATA;\n#1=A();\n#2=B('x');\nENDSEC;\nEND-ISO-10303-21;\n"},
-        Addition{"CarriageReturnLineFeeds", header + "DATA;\r\n#1=A();\r\nENDSEC;\r\nEND-ISO-10303-21;",
-                 header + "DATA;\r\n#1=A();\r\n#2=B('x');\r\nENDSEC;\r\nEND-ISO-10303-21;"},
-        Addition{"CarriageReturns", header + "DATA;\r#1=A();\rENDSEC;\rEND-ISO-10303-21;",
-                 header + "DATA;\r#1=A();\r#2=B('x');\rENDSEC;\rEND-ISO-10303-21;"},
-        Addition{"MixedTakesThatOfTheLineBefore", header + "DATA;\n#1=A();\r\nENDSEC;\nEND-ISO-10303-21;",
-                 header + "DATA;\n#1=A();\r\n#2=B('x');\r\nENDSEC;\nEND-ISO-10303-21;"},
+        Addition{"LineFeeds", Header + "DATA;\n#1=A();\nENDSEC;\nEND-ISO-10303-21;\n",
+                 Header + "DATA;\n#1=A();\n#2=B('x');\nENDSEC;\nEND-ISO-10303-21;\n"},
+        Addition{"CarriageReturnLineFeeds", Header + "DATA;\r\n#1=A();\r\nENDSEC;\r\nEND-ISO-10303-21;",
+                 Header + "DATA;\r\n#1=A();\r\n#2=B('x');\r\nENDSEC;\r\nEND-ISO-10303-21;"},
+        Addition{"CarriageReturns", Header + "DATA;\r#1=A();\rENDSEC;\rEND-ISO-10303-21;",
+                 Header + "DATA;\r#1=A();\r#2=B('x');\rENDSEC;\rEND-ISO-10303-21;"},
+        Addition{"MixedTakesThatOfTheLineBefore", Header + "DATA;\n#1=A();\r\nENDSEC;\nEND-ISO-10303-21;",
+                 Header + "DATA;\n#1=A();\r\n#2=B('x');\r\nENDSEC;\nEND-ISO-10303-21;"},
         Addition{"OneLine", "ISO-10303-21;HEADER;ENDSEC;DATA;#1=A();ENDSEC;END-ISO-10303-21;",
                  "ISO-10303-21;HEADER;ENDSEC;DATA;#1=A();#2=B('x');ENDSEC;END-ISO-10303-21;"},
-        Addition{"EndOfSectionOnTheLastLine", header + "DATA;\n#1=A();ENDSEC;\nEND-ISO-10303-21;\n",
-                 header + "DATA;\n#1=A();\n#2=B('x');\nENDSEC;\nEND-ISO-10303-21;\n"},
-        Addition{"EndOfSectionIndented", header + "DATA;\n  #1=A();\n  ENDSEC;\nEND-ISO-10303-21;\n",
-                 header + "DATA;\n  #1=A();\n#2=B('x');\n  ENDSEC;\nEND-ISO-10303-21;\n"},
-        Addition{"BehindTheLastComment", header + "DATA;\n#1=A();\n/* end */\nENDSEC;\nEND-ISO-10303-21;\n",
-                 header + "DATA;\n#1=A();\n/* end */\n#2=B('x');\nENDSEC;\nEND-ISO-10303-21;\n"},
-        Addition{"NotIntoALateComment", header + "DATA;\n#1=A();\n/* end\n*/ ENDSEC;\nEND-ISO-10303-21;\n",
-                 header + "DATA;\n#1=A();\n/* end\n*/ \n#2=B('x');\nENDSEC;\nEND-ISO-10303-21;\n"},
-        Addition{"EndOfSectionInAString", header + "DATA;\n#1=A('ENDSEC;');\nENDSEC;\nEND-ISO-10303-21;\n",
-                 header + "DATA;\n#1=A('ENDSEC;');\n#2=B('x');\nENDSEC;\nEND-ISO-10303-21;\n"},
+        Addition{"EndOfSectionOnTheLastLine", Header + "DATA;\n#1=A();ENDSEC;\nEND-ISO-10303-21;\n",
+                 Header + "DATA;\n#1=A();\n#2=B('x');\nENDSEC;\nEND-ISO-10303-21;\n"},
+        Addition{"EndOfSectionIndented", Header + "DATA;\n  #1=A();\n  ENDSEC;\nEND-ISO-10303-21;\n",
+                 Header + "DATA;\n  #1=A();\n#2=B('x');\n  ENDSEC;\nEND-ISO-10303-21;\n"},
+        Addition{"BehindTheLastComment", Header + "DATA;\n#1=A();\n/* end */\nENDSEC;\nEND-ISO-10303-21;\n",
+                 Header + "DATA;\n#1=A();\n/* end */\n#2=B('x');\nENDSEC;\nEND-ISO-10303-21;\n"},
+        Addition{"NotIntoALateComment", Header + "DATA;\n#1=A();\n/* end\n*/ ENDSEC;\nEND-ISO-10303-21;\n",
+                 Header + "DATA;\n#1=A();\n/* end\n*/ \n#2=B('x');\nENDSEC;\nEND-ISO-10303-21;\n"},
+        Addition{"EndOfSectionInAString", Header + "DATA;\n#1=A('ENDSEC;');\nENDSEC;\nEND-ISO-10303-21;\n",
+                 Header + "DATA;\n#1=A('ENDSEC;');\n#2=B('x');\nENDSEC;\nEND-ISO-10303-21;\n"},
         Addition{"TheFirstOfTwoSections",
-                 header + "DATA;\n#1=A();\nENDSEC;\nDATA;\n#5=C();\nENDSEC;\nEND-ISO-10303-21;\n",
-                 header + "DATA;\n#1=A();\n#6=B('x');\nENDSEC;\nDATA;\n#5=C();\nENDSEC;\nEND-ISO-10303-21;\n"},
+                 Header + "DATA;\n#1=A();\nENDSEC;\nDATA;\n#5=C();\nENDSEC;\nEND-ISO-10303-21;\n",
+                 Header + "DATA;\n#1=A();\n#6=B('x');\nENDSEC;\nDATA;\n#5=C();\nENDSEC;\nEND-ISO-10303-21;\n"},
         Addition{"TheSecondOfTwoSections",
-                 header + "DATA;\n#5=C();\nENDSEC;\nDATA;\n#1=A();\nENDSEC;\nEND-ISO-10303-21;\n",
-                 header + "DATA;\n#5=C();\nENDSEC;\nDATA;\n#1=A();\n#6=B('x');\nENDSEC;\nEND-ISO-10303-21;\n"},
-        Addition{"EndOfSectionMissing", header + "DATA;\n#1=A();\nEND-ISO-10303-21;\n",
-                 header + "DATA;\n#1=A();\n#2=B('x');\nEND-ISO-10303-21;\n"},
-        Addition{"FileCutBehindALine", header + "DATA;\n#1=A();\n", header + "DATA;\n#1=A();\n#2=B('x');\n"},
-        Addition{"FileCutInALine", header + "DATA;\n#1=A();", header + "DATA;\n#1=A();\n#2=B('x');\n"},
-        Addition{"InFrontOfWhatWasCut", header + "DATA;\n#1=A();\n#2=C('x",
-                 header + "DATA;\n#1=A();\n#3=B('x');\n#2=C('x"},
-        Addition{"InFrontOfMalformedText", header + "DATA;\n#1=A();\n#2=C('x;\nENDSEC;\nEND-ISO-10303-21;\n",
-                 header + "DATA;\n#1=A();\n#3=B('x');\n#2=C('x;\nENDSEC;\nEND-ISO-10303-21;\n"}),
+                 Header + "DATA;\n#5=C();\nENDSEC;\nDATA;\n#1=A();\nENDSEC;\nEND-ISO-10303-21;\n",
+                 Header + "DATA;\n#5=C();\nENDSEC;\nDATA;\n#1=A();\n#6=B('x');\nENDSEC;\nEND-ISO-10303-21;\n"},
+        Addition{"EndOfSectionMissing", Header + "DATA;\n#1=A();\nEND-ISO-10303-21;\n",
+                 Header + "DATA;\n#1=A();\n#2=B('x');\nEND-ISO-10303-21;\n"},
+        Addition{"FileCutBehindALine", Header + "DATA;\n#1=A();\n", Header + "DATA;\n#1=A();\n#2=B('x');\n"},
+        Addition{"FileCutInALine", Header + "DATA;\n#1=A();", Header + "DATA;\n#1=A();\n#2=B('x');\n"},
+        Addition{"InFrontOfWhatWasCut", Header + "DATA;\n#1=A();\n#2=C('x",
+                 Header + "DATA;\n#1=A();\n#3=B('x');\n#2=C('x"},
+        Addition{"InFrontOfMalformedText", Header + "DATA;\n#1=A();\n#2=C('x;\nENDSEC;\nEND-ISO-10303-21;\n",
+                 Header + "DATA;\n#1=A();\n#3=B('x');\n#2=C('x;\nENDSEC;\nEND-ISO-10303-21;\n"}),
     [](const auto& row) { return std::string(row.param.name); });
 
 class Inserting : public ::testing::TestWithParam<Addition> {};
@@ -103,12 +103,12 @@ INSTANTIATE_TEST_SUITE_P(
                  "ISO-10303-21;HEADER;ENDSEC;DATA;#1=A();#3=B('x');#2=C();ENDSEC;END-ISO-10303-21;"},
         Addition{"TheLastOfItsSection", fileOf("#2=C();\n#1=A();\n"), fileOf("#2=C();\n#1=A();\n#3=B('x');\n")},
         Addition{"TheSecondOfTwoSections",
-                 header + "DATA;\n#5=C();\nENDSEC;\nDATA;\n#1=A();\n#2=D();\nENDSEC;\nEND-ISO-10303-21;\n",
-                 header + "DATA;\n#5=C();\nENDSEC;\nDATA;\n#1=A();\n#6=B('x');\n#2=D();\nENDSEC;\nEND-ISO-10303-21;\n"},
-        Addition{"FileCutInALine", header + "DATA;\n#1=A();", header + "DATA;\n#1=A();\n#2=B('x');"},
+                 Header + "DATA;\n#5=C();\nENDSEC;\nDATA;\n#1=A();\n#2=D();\nENDSEC;\nEND-ISO-10303-21;\n",
+                 Header + "DATA;\n#5=C();\nENDSEC;\nDATA;\n#1=A();\n#6=B('x');\n#2=D();\nENDSEC;\nEND-ISO-10303-21;\n"},
+        Addition{"FileCutInALine", Header + "DATA;\n#1=A();", Header + "DATA;\n#1=A();\n#2=B('x');"},
         Addition{"InFrontOfMalformedText", fileOf("#1=A();#2=C('x;\n"), fileOf("#1=A();#3=B('x');#2=C('x;\n")},
-        Addition{"InFrontOfWhatCannotTakeMore", header + "DATA;\n#1=A(); /* a */\n#2=C('x",
-                 header + "DATA;\n#1=A();\n#3=B('x'); /* a */\n#2=C('x"}),
+        Addition{"InFrontOfWhatCannotTakeMore", Header + "DATA;\n#1=A(); /* a */\n#2=C('x",
+                 Header + "DATA;\n#1=A();\n#3=B('x'); /* a */\n#2=C('x"}),
     [](const auto& row) { return std::string(row.param.name); });
 
 TEST(InsertedInstances, StandInTheOrderTheyWereMadeIn) {
@@ -151,7 +151,7 @@ TEST(InsertedInstances, AreComparedAsTheyAreWritten) {
     std::mt19937 random(7);  // NOLINT: the same order in each run
     const std::string two = "DATA;\n#1=A();\n#2=A();\nENDSEC;\nDATA;\n#3=A();\n#4=A();\nENDSEC;\nEND-ISO-10303-21;\n";
     for (int round = 0; round < 50; ++round) {
-        Editing edit(header + two);
+        Editing edit(Header + two);
         for (InstanceId next = 5; next < 25; ++next) {
             const InstanceId other = 1 + random() % (next - 1);
             ASSERT_TRUE(random() % 3 == 0 ? edit.append("B()", other) : edit.insertBehind("B()", other));
@@ -219,7 +219,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& row) { return std::string(row.param.name); });
 
 TEST(NewId, IsAboveThoseOfLinkSections) {
-    Editing edit(header + "REFERENCE;\n#77=<http://x>;\nENDSEC;\nDATA;\n#1=A();\nENDSEC;\nEND-ISO-10303-21;\n");
+    Editing edit(Header + "REFERENCE;\n#77=<http://x>;\nENDSEC;\nDATA;\n#1=A();\nENDSEC;\nEND-ISO-10303-21;\n");
     const auto slot = edit.append("B()", 1);
     ASSERT_TRUE(slot);
     EXPECT_EQ(edit.file->id(*slot), 78U);
@@ -306,16 +306,16 @@ TEST(Append, OutsideACommandIsRefused) {
 }
 
 TEST(Append, WithoutADataSectionIsRefused) {
-    Editing edit(header + "END-ISO-10303-21;\n");
+    Editing edit(Header + "END-ISO-10303-21;\n");
     ASSERT_TRUE(edit.file->begin());
     EXPECT_THAT(edit.file->append("B()", NoSlot).error().message, HasSubstr("no section DATA"));
 }
 
 TEST(Append, WithoutANeighbourGoesToTheLastSection) {
-    Editing edit(header + "DATA;\nENDSEC;\nDATA;\nENDSEC;\nEND-ISO-10303-21;\n");
+    Editing edit(Header + "DATA;\nENDSEC;\nDATA;\nENDSEC;\nEND-ISO-10303-21;\n");
     ASSERT_TRUE(edit.file->begin());
     ASSERT_TRUE(edit.file->append("B()", NoSlot));
-    EXPECT_EQ(edit.file->bytes(), header + "DATA;\nENDSEC;\nDATA;\n#1=B();\nENDSEC;\nEND-ISO-10303-21;\n");
+    EXPECT_EQ(edit.file->bytes(), Header + "DATA;\nENDSEC;\nDATA;\n#1=B();\nENDSEC;\nEND-ISO-10303-21;\n");
 }
 
 }  // namespace

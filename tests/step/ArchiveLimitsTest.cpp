@@ -13,8 +13,8 @@ using ::testing::HasSubstr;
 using testing_support::bytesOf;
 using testing_support::TempFolder;
 
-const std::string before = fileOf("#1=A(1);\n");
-const std::string after = fileOf("#1=A(2);\n");
+const std::string Before = fileOf("#1=A(1);\n");
+const std::string After = fileOf("#1=A(2);\n");
 
 /// An entry as it is packed, and all that the directory says of it.
 struct Packed {
@@ -71,7 +71,7 @@ TEST(EditedArchive, KeepsItsOtherEntriesAsTheyWerePacked) {
         const zip_uint8_t extra[] = {'e', 'x', 't', 'r', 'a'};
         zip_file_extra_field_set(made.zip, notes, 0x7777, 0, extra, 5, ZIP_FL_LOCAL);
         zip_file_set_external_attributes(made.zip, notes, 0, ZIP_OPSYS_UNIX, 0100640U << 16U);
-        made.add("house.ifc", before, ZIP_CM_DEFLATE);
+        made.add("house.ifc", Before, ZIP_CM_DEFLATE);
         made.add("pictures/\xC3\xA4.png", text, ZIP_CM_STORE);
         zip_dir_add(made.zip, "empty", 0);
         zip_set_archive_comment(made.zip, "whole", 5);
@@ -84,7 +84,7 @@ TEST(EditedArchive, KeepsItsOtherEntriesAsTheyWerePacked) {
         EXPECT_EQ(others[0].comment, "of the survey");
     }
     editAndSave(path);
-    EXPECT_EQ(unpacked(path, 1), after);
+    EXPECT_EQ(unpacked(path, 1), After);
     const Zip opened(path, ZIP_RDONLY | ZIP_CHECKCONS);
     ASSERT_EQ(zip_get_num_entries(opened.zip, 0), 4);
     EXPECT_TRUE(packed(opened, 0) == others[0]);
@@ -103,12 +103,12 @@ TEST(EditedArchive, MayHaveADirectoryOfThe64BitForm) {
         {
             Zip made(path, ZIP_CREATE);
             for (std::size_t i = 0; i < others; ++i) made.add(std::to_string(i), text, ZIP_CM_STORE);
-            made.add("house.ifc", before, ZIP_CM_DEFLATE);
+            made.add("house.ifc", Before, ZIP_CM_DEFLATE);
         }
         const bool wide = bytesOf(path).find("PK\x06\x06") != std::string::npos;
         EXPECT_EQ(wide, others >= 65535) << others;
         editAndSave(path);
-        EXPECT_EQ(unpacked(path, others), after);
+        EXPECT_EQ(unpacked(path, others), After);
         EXPECT_EQ(unpacked(path, others - 1), text);
     }
 }
@@ -155,9 +155,9 @@ std::string wideEntry(const std::string& model, std::uint64_t size, std::uint64_
 
 TEST(EditedArchive, MayHaveEntriesOfThe64BitForm) {
     const TempFolder folder;
-    const fs::path path = folder.write("a.ifczip", wideEntry(before, before.size(), before.size()));
+    const fs::path path = folder.write("a.ifczip", wideEntry(Before, Before.size(), Before.size()));
     editAndSave(path);
-    EXPECT_EQ(unpacked(path, 0), after);
+    EXPECT_EQ(unpacked(path, 0), After);
 }
 
 TEST(ArchiveOfTooMuch, IsRefusedByWhatItClaims) {
@@ -188,7 +188,7 @@ TEST(ArchiveOfTooMuch, IsRefusedWhateverSizesItsDirectoryNames) {
           largest / 2, std::uint64_t{1} << 47U, std::uint64_t{80'000'000}}) {
         for (const std::uint64_t packedSize : {largest, largest / 2, std::uint64_t{1} << 60U, std::uint64_t{1000}}) {
             const TempFolder folder;
-            const auto file = StepFile::open(folder.write("a.ifczip", wideEntry(before, size, packedSize)));
+            const auto file = StepFile::open(folder.write("a.ifczip", wideEntry(Before, size, packedSize)));
             ASSERT_FALSE(file) << size << " from " << packedSize;
             EXPECT_THAT(file.error().message, HasSubstr("which no model does")) << size << " from " << packedSize;
         }
@@ -197,7 +197,7 @@ TEST(ArchiveOfTooMuch, IsRefusedWhateverSizesItsDirectoryNames) {
 
 /// What is packed is never more than the archive, so that a directory that names more allows no more.
 TEST(ArchiveOfTooMuch, IsMeasuredByWhatIsReallyThere) {
-    const std::string model = before + std::string(400'000 - before.size(), ' ');
+    const std::string model = Before + std::string(400'000 - before.size(), ' ');
     const std::uint64_t whole = wideEntry(model, 0, 0).size();
     for (const std::uint64_t packedSize : {whole, std::uint64_t{1} << 40U}) {
         for (const bool tooMuch : {false, true}) {

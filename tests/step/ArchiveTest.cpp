@@ -15,8 +15,8 @@ using ::testing::HasSubstr;
 using testing_support::bytesOf;
 using testing_support::TempFolder;
 
-const std::string before = fileOf("#1=A(1);\n");
-const std::string after = fileOf("#1=A(2);\n");
+const std::string Before = fileOf("#1=A(1);\n");
+const std::string After = fileOf("#1=A(2);\n");
 
 struct Entry {
     std::string name;
@@ -69,14 +69,14 @@ protected:
 
 TEST_F(Archives, OpenTheOneModelInThem) {
     for (const char* name : {"house.ifc", "HOUSE.IFC", "a/b/house.ifc", "../../etc/house.ifc"}) {
-        const auto file = open(archive("a.ifczip", {{"readme.txt", "hello"}, {name, before}}));
-        EXPECT_EQ(file->bytes(), before) << name;
-        EXPECT_EQ(file->byteCount(), before.size());
+        const auto file = open(archive("a.ifczip", {{"readme.txt", "hello"}, {name, Before}}));
+        EXPECT_EQ(file->bytes(), Before) << name;
+        EXPECT_EQ(file->byteCount(), Before.size());
     }
 }
 
 TEST_F(Archives, UneditedAreSavedByteForByte) {
-    const fs::path path = archive("a.ifczip", {{"readme.txt", "hello"}, {"house.ifc", before}});
+    const fs::path path = archive("a.ifczip", {{"readme.txt", "hello"}, {"house.ifc", Before}});
     const std::string bytes = bytesOf(path);
     const auto file = open(path);
     ASSERT_TRUE(file->save(folder_.path() / "b.ifczip"));
@@ -91,7 +91,7 @@ TEST_F(Archives, EditedKeepTheirOtherEntries) {
     const std::string picture(5000, 'p');
     for (const int method : {ZIP_CM_STORE, ZIP_CM_DEFLATE}) {
         const fs::path path = archive(
-            "a.ifczip", {{"a.png", picture, ZIP_CM_STORE}, {"x/house.ifc", before, method}, {"z.txt", "hello"}});
+            "a.ifczip", {{"a.png", picture, ZIP_CM_STORE}, {"x/house.ifc", Before, method}, {"z.txt", "hello"}});
         const auto file = open(path);
         edit(*file);
         const Status saved = file->save(path);
@@ -101,14 +101,14 @@ TEST_F(Archives, EditedKeepTheirOtherEntries) {
         EXPECT_EQ(now[0].bytes, picture);
         EXPECT_EQ(now[0].method, ZIP_CM_STORE);
         EXPECT_EQ(now[1].name, "x/house.ifc");
-        EXPECT_EQ(now[1].bytes, after);
+        EXPECT_EQ(now[1].bytes, After);
         EXPECT_EQ(now[1].method, method);
         EXPECT_EQ(now[2].bytes, "hello");
     }
 }
 
 TEST_F(Archives, OfTheSameEditsHaveTheSameBytes) {
-    const fs::path path = archive("a.ifczip", {{"house.ifc", before}});
+    const fs::path path = archive("a.ifczip", {{"house.ifc", Before}});
     for (const char* name : {"b.ifczip", "c.ifczip"}) {
         const auto file = open(path);
         edit(*file);
@@ -118,28 +118,28 @@ TEST_F(Archives, OfTheSameEditsHaveTheSameBytes) {
 }
 
 TEST_F(Archives, AreMadeAndUnpackedByTheTargetsName) {
-    const auto plain = open(folder_.write("house.ifc", before));
+    const auto plain = open(folder_.write("house.ifc", Before));
     edit(*plain);
     ASSERT_TRUE(plain->save(folder_.path() / "villa.IfcZip"));
     const auto made = entries(folder_.path() / "villa.IfcZip");
     ASSERT_EQ(made.size(), 1U);
     EXPECT_EQ(made[0].name, "villa.ifc");
-    EXPECT_EQ(made[0].bytes, after);
+    EXPECT_EQ(made[0].bytes, After);
     const auto packed = open(folder_.path() / "villa.IfcZip");
     ASSERT_TRUE(packed->save(folder_.path() / "back.ifc"));
-    EXPECT_EQ(bytesOf(folder_.path() / "back.ifc"), after);
+    EXPECT_EQ(bytesOf(folder_.path() / "back.ifc"), After);
 }
 
 TEST_F(Archives, StayArchivesWhateverTheyAreNamed) {
-    const fs::path path = archive("misnamed.ifc", {{"house.ifc", before}});
+    const fs::path path = archive("misnamed.ifc", {{"house.ifc", Before}});
     const auto file = open(path);
     edit(*file);
     ASSERT_TRUE(file->save(path));
-    EXPECT_EQ(entries(path).at(0).bytes, after);
+    EXPECT_EQ(entries(path).at(0).bytes, After);
 }
 
 TEST_F(Archives, OverwrittenByOthersAreStillSavedWhole) {
-    const fs::path path = archive("a.ifczip", {{"z.txt", "hello"}, {"house.ifc", before}});
+    const fs::path path = archive("a.ifczip", {{"z.txt", "hello"}, {"house.ifc", Before}});
     const auto file = open(path);
     edit(*file);
     fs::resize_file(path, 0);
@@ -149,13 +149,13 @@ TEST_F(Archives, OverwrittenByOthersAreStillSavedWhole) {
 
 TEST_F(Archives, WithoutExactlyOneModelAreRefused) {
     EXPECT_THAT(openingError(archive("a.ifczip", {{"readme.txt", "hello"}})), HasSubstr("no .ifc file"));
-    EXPECT_THAT(openingError(archive("b.ifczip", {{"a.ifc", before}, {"b.ifc", before}})), HasSubstr("several"));
-    EXPECT_THAT(openingError(archive("c.ifczip", {{".ifc", before}})), HasSubstr("no .ifc file"));
+    EXPECT_THAT(openingError(archive("b.ifczip", {{"a.ifc", Before}, {"b.ifc", Before}})), HasSubstr("several"));
+    EXPECT_THAT(openingError(archive("c.ifczip", {{".ifc", Before}})), HasSubstr("no .ifc file"));
     EXPECT_THAT(openingError(archive("d.ifczip", {{"a.ifc", "hello"}})), HasSubstr("ISO-10303-21"));
 }
 
 TEST_F(Archives, ThatAreDamagedAreRefused) {
-    const fs::path path = archive("a.ifczip", {{"house.ifc", before, ZIP_CM_STORE}});
+    const fs::path path = archive("a.ifczip", {{"house.ifc", Before, ZIP_CM_STORE}});
     std::string bytes = bytesOf(path);
     const std::size_t wall = bytes.find("#1=A(1)");
     std::string flipped = bytes;
@@ -166,13 +166,13 @@ TEST_F(Archives, ThatAreDamagedAreRefused) {
 }
 
 TEST_F(Archives, ThatWouldFillTheMemoryAreRefused) {
-    const fs::path bomb = archive("bomb.ifczip", {{"house.ifc", before + std::string(std::size_t{200} << 20U, ' ')}});
+    const fs::path bomb = archive("bomb.ifczip", {{"house.ifc", Before + std::string(std::size_t{200} << 20U, ' ')}});
     EXPECT_LT(fs::file_size(bomb), 1000000U);
     EXPECT_THAT(openingError(bomb), HasSubstr("no model does"));
 }
 
 TEST_F(Archives, EncryptedAreRefused) {
-    const fs::path path = archive("a.ifczip", {{"house.ifc", before}});
+    const fs::path path = archive("a.ifczip", {{"house.ifc", Before}});
     zip_t* zip = zip_open(path.c_str(), 0, nullptr);
     ASSERT_EQ(zip_file_set_encryption(zip, 0, ZIP_EM_AES_256, "secret"), 0);
     ASSERT_EQ(zip_close(zip), 0);

@@ -11,35 +11,35 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
-const std::string target = "/models/house.ifc";
-const std::string before = fileOf("#1=A(1);\n");
-const std::string after = fileOf("#1=A(2);\n");
+const std::string Target = "/models/house.ifc";
+const std::string Before = fileOf("#1=A(1);\n");
+const std::string After = fileOf("#1=A(2);\n");
 
 /// A model with one edit, to be saved on a disk that has its old version.
 struct Saving {
-    Saving() : edit(before) {
-        disk.put(target, before);
+    Saving() : edit(Before) {
+        disk.put(Target, Before);
         EXPECT_TRUE(edit.replace(1, 0, "2"));
     }
     Status save(bool force = false) {
         SaveOptions options;
         options.disk = &disk;
         options.force = force;
-        return edit.file->save(target, options);
+        return edit.file->save(Target, options);
     }
 
     FaultyDisk disk;
     Editing edit;
 };
 
-const std::vector<std::string> steps = {"resolve", "state", "create",  "write",      "takeOver",
+const std::vector<std::string> Steps = {"resolve", "state", "create",  "write",      "takeOver",
                                         "sync",    "state", "replace", "syncFolder", "state"};
 
 TEST(Save, SyncsTheFileBeforeTheNameAndTheFolderAfterIt) {
     Saving saving;
     ASSERT_TRUE(saving.save());
-    EXPECT_EQ(saving.disk.calls, steps);
-    EXPECT_EQ(saving.disk.files[target], after);
+    EXPECT_EQ(saving.disk.calls, Steps);
+    EXPECT_EQ(saving.disk.files[Target], After);
     EXPECT_FALSE(saving.edit.file->modified());
 }
 
@@ -48,7 +48,7 @@ TEST(Save, OfANewFileTakesNothingOver) {
     saving.disk.files.clear();
     ASSERT_TRUE(saving.save());
     EXPECT_THAT(saving.disk.calls, ::testing::Not(::testing::Contains("takeOver")));
-    EXPECT_EQ(saving.disk.files[target], after);
+    EXPECT_EQ(saving.disk.files[Target], After);
 }
 
 class FailingStep : public ::testing::TestWithParam<std::size_t> {};
@@ -63,8 +63,8 @@ TEST_P(FailingStep, LeavesTheOldFileWholeAndNoOther) {
         ASSERT_FALSE(saved);
         EXPECT_EQ(saved.error().kind, ErrorKind::CannotWrite);
         EXPECT_THAT(saved.error().message, HasSubstr(saving.disk.failure.message()));
-        EXPECT_THAT(saved.error().message, HasSubstr(target));
-        EXPECT_EQ(saving.disk.files[target], before);
+        EXPECT_THAT(saved.error().message, HasSubstr(Target));
+        EXPECT_EQ(saving.disk.files[Target], Before);
         EXPECT_EQ(saving.disk.files.size(), 1U);
         EXPECT_EQ(saving.disk.temporaries, 0);
         EXPECT_TRUE(saving.edit.file->modified());
@@ -78,11 +78,11 @@ TEST_P(FailingStep, CanBeTriedAgain) {
     ASSERT_FALSE(saving.save());
     const Status again = saving.save();
     EXPECT_TRUE(again) << again.error().message;
-    EXPECT_EQ(saving.disk.files[target], after);
+    EXPECT_EQ(saving.disk.files[Target], After);
 }
 
 INSTANTIATE_TEST_SUITE_P(UpToTheRename, FailingStep, ::testing::Range(std::size_t{0}, std::size_t{8}),
-                         [](const auto& row) { return std::to_string(row.param) + steps[row.param]; });
+                         [](const auto& row) { return std::to_string(row.param) + Steps[row.param]; });
 
 TEST(Save, WhoseFolderCannotBeSyncedSaysSoThoughTheFileIsThere) {
     Saving saving;
@@ -91,7 +91,7 @@ TEST(Save, WhoseFolderCannotBeSyncedSaysSoThoughTheFileIsThere) {
     const Status saved = saving.save();
     ASSERT_FALSE(saved);
     EXPECT_THAT(saved.error().message, HasSubstr("the file was written"));
-    EXPECT_EQ(saving.disk.files[target], after);
+    EXPECT_EQ(saving.disk.files[Target], After);
     EXPECT_TRUE(saving.edit.file->modified());
     // The version there now is our own: no reason to refuse the next one.
     EXPECT_TRUE(saving.save());
@@ -105,9 +105,9 @@ TEST_P(MemoryThatRunsOut, IsToldWithTheTruthAboutTheFile) {
     const Status saved = saving.save();
     ASSERT_FALSE(saved);
     EXPECT_EQ(saved.error().kind, ErrorKind::CannotWrite);
-    const bool replaced = saving.disk.files[target] != before;
+    const bool replaced = saving.disk.files[Target] != Before;
     EXPECT_EQ(replaced, GetParam() > 7);
-    EXPECT_EQ(saving.disk.files[target], replaced ? after : before);
+    EXPECT_EQ(saving.disk.files[Target], replaced ? After : Before);
     EXPECT_THAT(saved.error().message, HasSubstr(replaced ? "the file was written" : "the old file is untouched"));
     EXPECT_EQ(saving.disk.temporaries, 0);
     EXPECT_TRUE(saving.edit.file->modified());
@@ -119,12 +119,12 @@ TEST_P(MemoryThatRunsOut, DoesNotMakeTheFileSomebodyElses) {
     ASSERT_FALSE(saving.save());
     const Status again = saving.save();
     EXPECT_TRUE(again) << again.error().message;
-    EXPECT_EQ(saving.disk.files[target], after);
+    EXPECT_EQ(saving.disk.files[Target], After);
     EXPECT_FALSE(saving.edit.file->modified());
 }
 
-INSTANTIATE_TEST_SUITE_P(AtEachStep, MemoryThatRunsOut, ::testing::Range(std::size_t{0}, steps.size()),
-                         [](const auto& row) { return std::to_string(row.param) + steps[row.param]; });
+INSTANTIATE_TEST_SUITE_P(AtEachStep, MemoryThatRunsOut, ::testing::Range(std::size_t{0}, Steps.size()),
+                         [](const auto& row) { return std::to_string(row.param) + Steps[row.param]; });
 
 TEST(Save, OnAFullDiskSaysWhatToDo) {
     Saving saving;
@@ -138,15 +138,15 @@ TEST(Save, OnAFullDiskSaysWhatToDo) {
 TEST(Save, OverAVersionThatSomebodyElseWroteIsRefused) {
     Saving saving;
     ASSERT_TRUE(saving.save());
-    saving.disk.put(target, "written by somebody else");
+    saving.disk.put(Target, "written by somebody else");
     ASSERT_TRUE(saving.edit.replace(1, 0, "3"));
     const Status saved = saving.save();
     ASSERT_FALSE(saved);
     EXPECT_EQ(saved.error().kind, ErrorKind::ChangedSince);
     EXPECT_THAT(saved.error().message, HasSubstr("another program has changed the file"));
-    EXPECT_EQ(saving.disk.files[target], "written by somebody else");
+    EXPECT_EQ(saving.disk.files[Target], "written by somebody else");
     EXPECT_TRUE(saving.save(true));
-    EXPECT_EQ(saving.disk.files[target], fileOf("#1=A(3);\n"));
+    EXPECT_EQ(saving.disk.files[Target], fileOf("#1=A(3);\n"));
 }
 
 TEST(Save, OverAVersionWhoseTimeSomebodyElseSetBackIsRefused) {
@@ -154,22 +154,22 @@ TEST(Save, OverAVersionWhoseTimeSomebodyElseSetBackIsRefused) {
     ASSERT_TRUE(saving.save());
     ASSERT_TRUE(saving.edit.replace(1, 0, "3"));
     const std::string other = fileOf("#1=A(7);\n");
-    ASSERT_EQ(other.size(), after.size());
-    saving.disk.putWithOldTime(target, other);
+    ASSERT_EQ(other.size(), After.size());
+    saving.disk.putWithOldTime(Target, other);
     const Status saved = saving.save();
     ASSERT_FALSE(saved);
     EXPECT_EQ(saved.error().kind, ErrorKind::ChangedSince);
-    EXPECT_EQ(saving.disk.files[target], other);
+    EXPECT_EQ(saving.disk.files[Target], other);
 }
 
 TEST(Save, OverAVersionThatSomebodyElseOnlyTouchedIsDone) {
     Saving saving;
     ASSERT_TRUE(saving.save());
     ASSERT_TRUE(saving.edit.replace(1, 0, "3"));
-    saving.disk.putWithOldTime(target, after);
+    saving.disk.putWithOldTime(Target, After);
     const Status saved = saving.save();
     EXPECT_TRUE(saved) << saved.error().message;
-    EXPECT_EQ(saving.disk.files[target], fileOf("#1=A(3);\n"));
+    EXPECT_EQ(saving.disk.files[Target], fileOf("#1=A(3);\n"));
 }
 
 TEST(Save, OverAVersionThatSomebodyElseWritesMeanwhileIsRefused) {
@@ -178,7 +178,7 @@ TEST(Save, OverAVersionThatSomebodyElseWritesMeanwhileIsRefused) {
     const Status saved = saving.save();
     ASSERT_FALSE(saved);
     EXPECT_THAT(saved.error().message, HasSubstr("another program has changed the file since"));
-    EXPECT_EQ(saving.disk.files[target], "written by somebody else");
+    EXPECT_EQ(saving.disk.files[Target], "written by somebody else");
     EXPECT_EQ(saving.disk.temporaries, 0);
 }
 
@@ -187,7 +187,7 @@ TEST(Save, WhereSomebodyDeletedTheFileWritesItAgain) {
     ASSERT_TRUE(saving.save());
     saving.disk.files.clear();
     EXPECT_TRUE(saving.save());
-    EXPECT_EQ(saving.disk.files[target], after);
+    EXPECT_EQ(saving.disk.files[Target], After);
 }
 
 TEST(Save, CancelledLeavesTheOldFile) {
@@ -200,11 +200,11 @@ TEST(Save, CancelledLeavesTheOldFile) {
         told = {done, total};
         return false;
     };
-    const Status saved = saving.edit.file->save(target, options);
+    const Status saved = saving.edit.file->save(Target, options);
     ASSERT_FALSE(saved);
     EXPECT_THAT(saved.error().message, HasSubstr("cancelled"));
-    EXPECT_THAT(told, ElementsAre(after.size(), after.size()));
-    EXPECT_EQ(saving.disk.files[target], before);
+    EXPECT_THAT(told, ElementsAre(After.size(), After.size()));
+    EXPECT_EQ(saving.disk.files[Target], Before);
     EXPECT_EQ(saving.disk.temporaries, 0);
     EXPECT_TRUE(saving.edit.file->modified());
 }

@@ -22,8 +22,8 @@ using ::testing::UnorderedElementsAre;
 using testing_support::bytesOf;
 using testing_support::TempFolder;
 
-const std::string before = fileOf("#1=A(1);\n");
-const std::string after = fileOf("#1=A(2);\n");
+const std::string Before = fileOf("#1=A(1);\n");
+const std::string After = fileOf("#1=A(2);\n");
 
 std::unique_ptr<StepFile> openFile(const fs::path& path) {
     auto file = StepFile::open(path);
@@ -50,7 +50,7 @@ protected:
     }
 
     TempFolder folder_;
-    fs::path house_ = folder_.write("house.ifc", before);
+    fs::path house_ = folder_.write("house.ifc", Before);
 };
 
 TEST_F(Files, AreSavedInPlace) {
@@ -58,7 +58,7 @@ TEST_F(Files, AreSavedInPlace) {
     edit(*file);
     const Status saved = file->save(house_);
     ASSERT_TRUE(saved) << saved.error().message;
-    EXPECT_EQ(bytesOf(house_), after);
+    EXPECT_EQ(bytesOf(house_), After);
     EXPECT_FALSE(file->modified());
 }
 
@@ -81,7 +81,7 @@ TEST_F(Files, UndoneAfterSavingDifferFromTheFile) {
     EXPECT_FALSE(file->modified());
     ASSERT_TRUE(file->undo());
     ASSERT_TRUE(file->save(house_));
-    EXPECT_EQ(bytesOf(house_), before);
+    EXPECT_EQ(bytesOf(house_), Before);
     EXPECT_FALSE(file->modified());
 }
 
@@ -89,8 +89,8 @@ TEST_F(Files, AreSavedUnderAnotherName) {
     const auto file = openFile(house_);
     edit(*file);
     ASSERT_TRUE(file->save(folder_.path() / "other.ifc"));
-    EXPECT_EQ(bytesOf(house_), before);
-    EXPECT_EQ(bytesOf(folder_.path() / "other.ifc"), after);
+    EXPECT_EQ(bytesOf(house_), Before);
+    EXPECT_EQ(bytesOf(folder_.path() / "other.ifc"), After);
     EXPECT_FALSE(file->modified());
 }
 
@@ -101,7 +101,7 @@ TEST_F(Files, AreSavedInAnotherFileSystem) {
     edit(*file);
     const Status saved = file->save(other);
     EXPECT_TRUE(saved) << saved.error().message;
-    EXPECT_EQ(bytesOf(other), after);
+    EXPECT_EQ(bytesOf(other), After);
     fs::remove(other);
 }
 
@@ -113,7 +113,7 @@ TEST_F(Files, AreSavedByRelativeNames) {
     const Status saved = file->save("house.ifc");
     fs::current_path(where);
     EXPECT_TRUE(saved) << saved.error().message;
-    EXPECT_EQ(bytesOf(house_), after);
+    EXPECT_EQ(bytesOf(house_), After);
 }
 
 TEST_F(Files, KeepTheirModeBits) {
@@ -125,7 +125,7 @@ TEST_F(Files, KeepTheirModeBits) {
         struct stat found {};
         ASSERT_EQ(::stat(house_.c_str(), &found), 0);
         EXPECT_EQ(found.st_mode & 07777U, mode);
-        folder_.write("house.ifc", before);
+        folder_.write("house.ifc", Before);
     }
 }
 
@@ -206,7 +206,7 @@ TEST_F(Files, BehindALinkAreReplacedAndTheLinkStays) {
     ASSERT_TRUE(file->save(house_));
     EXPECT_TRUE(fs::is_symlink(house_));
     EXPECT_TRUE(fs::is_symlink(folder_.path() / "inner.ifc"));
-    EXPECT_EQ(bytesOf(folder_.path() / "store/house.ifc"), after);
+    EXPECT_EQ(bytesOf(folder_.path() / "store/house.ifc"), After);
     EXPECT_THAT(names(folder_.path() / "store"), UnorderedElementsAre("house.ifc"));
 }
 
@@ -215,7 +215,7 @@ TEST_F(Files, BehindALinkThatLeadsNowhereAreMadeThere) {
     const auto file = openFile(house_);
     ASSERT_TRUE(file->save(folder_.path() / "link.ifc"));
     EXPECT_TRUE(fs::is_symlink(folder_.path() / "link.ifc"));
-    EXPECT_EQ(bytesOf(folder_.path() / "missing.ifc"), before);
+    EXPECT_EQ(bytesOf(folder_.path() / "missing.ifc"), Before);
 }
 
 TEST_F(Files, BehindACircleOfLinksAreRefused) {
@@ -246,8 +246,8 @@ TEST_F(Files, OfSeveralNamesChangeUnderTheNameSavedAlone) {
     const auto file = openFile(house_);
     edit(*file);
     ASSERT_TRUE(file->save(house_));
-    EXPECT_EQ(bytesOf(house_), after);
-    EXPECT_EQ(bytesOf(folder_.path() / "other.ifc"), before);
+    EXPECT_EQ(bytesOf(house_), After);
+    EXPECT_EQ(bytesOf(folder_.path() / "other.ifc"), Before);
 }
 
 TEST_F(Files, ChangedByOthersSinceTheyWereOpenedAreNotOverwritten) {
@@ -262,7 +262,7 @@ TEST_F(Files, ChangedByOthersSinceTheyWereOpenedAreNotOverwritten) {
     SaveOptions options;
     options.force = true;
     EXPECT_TRUE(file->save(house_, options));
-    EXPECT_EQ(bytesOf(house_), after);
+    EXPECT_EQ(bytesOf(house_), After);
 }
 
 /// Sets the time of a file to what it was, as a program that unpacks or synchronises does.
@@ -301,7 +301,7 @@ TEST_F(Files, OnlyTouchedByOthersAreSavedAgainAndAgain) {
 TEST_F(Files, ReplacedByOthersAreNotOverwrittenThroughAnyName) {
     fs::create_symlink("house.ifc", folder_.path() / "link.ifc");
     const auto file = openFile(house_);
-    fs::rename(folder_.write("new", before), house_);
+    fs::rename(folder_.write("new", Before), house_);
     EXPECT_FALSE(file->save(folder_.path() / "link.ifc"));
     EXPECT_FALSE(file->save(folder_.path() / "." / "house.ifc"));
 }
@@ -309,7 +309,7 @@ TEST_F(Files, ReplacedByOthersAreNotOverwrittenThroughAnyName) {
 TEST_F(Files, OverwrittenOrCutByOthersLeaveTheOpenedModelAlone) {
     const auto file = openFile(house_);
     fs::resize_file(house_, 0);
-    EXPECT_EQ(file->bytes(), before);
+    EXPECT_EQ(file->bytes(), Before);
     EXPECT_EQ(file->text(0), "#1=A(1);");
 }
 
@@ -322,7 +322,7 @@ TEST_F(Files, ThatAreWriteProtectedAreNotReplaced) {
     const Status saved = file->save(house_);
     ASSERT_FALSE(saved);
     EXPECT_THAT(saved.error().message, HasSubstr("write-protected"));
-    EXPECT_EQ(bytesOf(house_), before);
+    EXPECT_EQ(bytesOf(house_), Before);
 }
 
 TEST_F(Files, InAFolderThatMayNotBeWrittenAreNotReplaced) {
@@ -337,7 +337,7 @@ TEST_F(Files, InAFolderThatMayNotBeWrittenAreNotReplaced) {
     ::chmod(folder_.path().c_str(), 0755);
     ASSERT_FALSE(saved);
     EXPECT_THAT(saved.error().message, HasSubstr("Permission denied; the folder or the file may not be written"));
-    EXPECT_EQ(bytesOf(house_), before);
+    EXPECT_EQ(bytesOf(house_), Before);
 }
 
 TEST_F(Files, ThatAreNoneAreRefused) {
@@ -373,7 +373,7 @@ TEST_F(Files, TooLargeForTheDiskLeaveTheOldOne) {
     std::signal(SIGXFSZ, handler);
     ASSERT_FALSE(saved);
     EXPECT_THAT(saved.error().message, HasSubstr("File too large"));
-    EXPECT_EQ(bytesOf(house_), before);
+    EXPECT_EQ(bytesOf(house_), Before);
     EXPECT_THAT(names(folder_.path()), UnorderedElementsAre("house.ifc"));
     EXPECT_TRUE(file->save(house_));
 }

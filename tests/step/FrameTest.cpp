@@ -9,8 +9,8 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
-const std::string header = "ISO-10303-21;\nHEADER;\nFILE_SCHEMA(('IFC4'));\nENDSEC;\n";
-const std::string end = "END-ISO-10303-21;\n";
+const std::string Header = "ISO-10303-21;\nHEADER;\nFILE_SCHEMA(('IFC4'));\nENDSEC;\n";
+const std::string End = "END-ISO-10303-21;\n";
 
 struct Frame {
     const char* name;
@@ -23,12 +23,12 @@ std::ostream& operator<<(std::ostream& out, const Frame& frame) {
     return out << frame.bytes;
 }
 
-const std::string incomplete = "the file is not complete: ";
-const std::string interrupted = "; writing or copying it was probably interrupted";
-const std::string padded = "; it ends in zero bytes, so writing or copying it was probably interrupted";
+const std::string Incomplete = "the file is not complete: ";
+const std::string Interrupted = "; writing or copying it was probably interrupted";
+const std::string Padded = "; it ends in zero bytes, so writing or copying it was probably interrupted";
 
-const std::vector<Frame> frames = {
-    {"NoFinalLineEnd", header + "DATA;\n#1=A();\nENDSEC;\nEND-ISO-10303-21;", {"#1=A();"}, {}},
+const std::vector<Frame> Frames = {
+    {"NoFinalLineEnd", Header + "DATA;\n#1=A();\nENDSEC;\nEND-ISO-10303-21;", {"#1=A();"}, {}},
     {"AllOnOneLine",
      "ISO-10303-21;HEADER;FILE_SCHEMA(('IFC4'));ENDSEC;DATA;#1=A();ENDSEC;END-ISO-10303-21;",
      {"#1=A();"},
@@ -37,8 +37,8 @@ const std::vector<Frame> frames = {
      "iso-10303-21;\nheader;\nfile_schema(('IFC4'));\nendsec;\ndata;\n#1=a();\nendsec;\nend-iso-10303-21;\n",
      {"#1=a();"},
      {}},
-    {"ByteOrderMark", "\xEF\xBB\xBF" + header + "DATA;\n#1=A();\nENDSEC;\n" + end, {"#1=A();"}, {}},
-    {"BlankLinesInFront", "\r\n  " + header + "DATA;\n#1=A();\nENDSEC;\n" + end, {"#1=A();"}, {}},
+    {"ByteOrderMark", "\xEF\xBB\xBF" + Header + "DATA;\n#1=A();\nENDSEC;\n" + End, {"#1=A();"}, {}},
+    {"BlankLinesInFront", "\r\n  " + Header + "DATA;\n#1=A();\nENDSEC;\n" + End, {"#1=A();"}, {}},
     {"CommentsEverywhere",
      "/* a */ISO-10303-21/* b */;/* ENDSEC; */HEADER;/* DATA; */FILE_SCHEMA/* c */((/* d */'IFC4'));ENDSEC;/* e "
      "*/DATA;#1=A();"
@@ -52,108 +52,108 @@ const std::vector<Frame> frames = {
     {"FewerFieldsInFileName",
      "ISO-10303-21;\nHEADER;\nFILE_NAME('a','b',(),(),'c');\nFILE_SCHEMA(('IFC4'));\nENDSEC;\nDATA;\n#1=A();\nENDSEC;"
      "\n" +
-         end,
+         End,
      {"#1=A();"},
      {}},
     {"EndOfSectionInHeaderString",
      "ISO-10303-21;\nHEADER;\nFILE_NAME('ENDSEC; DATA; "
      "#9=B();');\nFILE_SCHEMA(('IFC4'));\nENDSEC;\nDATA;\n#1=A();\nENDSEC;\n" +
-         end,
+         End,
      {"#1=A();"},
      {}},
     {"SeveralDataSections",
-     header + "DATA('one',('IFC4'));\n#1=A();\nENDSEC;\nDATA ('two',('IFC4')) ;\n#2=B();\nENDSEC;\n" + end,
+     Header + "DATA('one',('IFC4'));\n#1=A();\nENDSEC;\nDATA ('two',('IFC4')) ;\n#2=B();\nENDSEC;\n" + End,
      {"#1=A();", "#2=B();"},
      {}},
     {"AnchorAndReferenceSections",
-     header +
+     Header +
          "ANCHOR;\n<it's;#5=/*>=#1;\nENDSEC;\nREFERENCE;\n#7=<http://x/"
          "*;ENDSEC;'>;\n@3=<a>;\nENDSEC;\nDATA;\n#1=A();\nENDSEC;\n" +
-         end,
+         End,
      {"#1=A();"},
      {}},
     {"SignatureSection",
-     header + "DATA;\n#1=A();\nENDSEC;\n" + end + "SIGNATURE;\nMII/+'=ENDSECx\n(\nENDSEC;\n",
+     Header + "DATA;\n#1=A();\nENDSEC;\n" + End + "SIGNATURE;\nMII/+'=ENDSECx\n(\nENDSEC;\n",
      {"#1=A();"},
      {"0: the file is signed; saved with changes, its signature is no longer valid"}},
     {"SignatureWithoutSemicolon",
-     header + "DATA;\n#1=A();\nENDSEC;\n" + end + "SIGNATURE\nMII\nENDSEC;\n",
+     Header + "DATA;\n#1=A();\nENDSEC;\n" + End + "SIGNATURE\nMII\nENDSEC;\n",
      {"#1=A();"},
      {"0: the file is signed; saved with changes, its signature is no longer valid"}},
-    {"NoInstances", header + "DATA;\nENDSEC;\n" + end, {}, {}},
-    {"NoData", header + end, {}, {}},
+    {"NoInstances", Header + "DATA;\nENDSEC;\n" + End, {}, {}},
+    {"NoData", Header + End, {}, {}},
 
     {"EndMissing",
-     header + "DATA;\n#1=A();\nENDSEC;\n",
+     Header + "DATA;\n#1=A();\nENDSEC;\n",
      {"#1=A();"},
-     {"8: " + incomplete + "END-ISO-10303-21 is missing" + interrupted}},
-    {"EndOfSectionMissing", header + "DATA;\n#1=A();\n" + end, {"#1=A();"}, {"7: ENDSEC is missing"}},
+     {"8: " + Incomplete + "END-ISO-10303-21 is missing" + Interrupted}},
+    {"EndOfSectionMissing", Header + "DATA;\n#1=A();\n" + End, {"#1=A();"}, {"7: ENDSEC is missing"}},
     {"BothEndsMissing",
-     header + "DATA;\n#1=A();\n",
+     Header + "DATA;\n#1=A();\n",
      {"#1=A();"},
-     {"7: " + incomplete + "ENDSEC and END-ISO-10303-21 are missing" + interrupted}},
+     {"7: " + Incomplete + "ENDSEC and END-ISO-10303-21 are missing" + Interrupted}},
     {"CutInTheMiddle",
-     header + "DATA;\n#1=A();\n#2=B('x',#",
+     Header + "DATA;\n#1=A();\n#2=B('x',#",
      {"#1=A();"},
      {"7: the instance #2 is malformed: a parenthesis is not closed; it is kept as it is and not used",
-      "7: " + incomplete + "ENDSEC and END-ISO-10303-21 are missing" + interrupted}},
+      "7: " + Incomplete + "ENDSEC and END-ISO-10303-21 are missing" + Interrupted}},
     {"CutInAString",
-     header + "DATA;\n#1=A();\n#2=B('x",
+     Header + "DATA;\n#1=A();\n#2=B('x",
      {"#1=A();"},
      {"7: the instance #2 is malformed: a string is not closed; it is kept as it is and not used",
-      "7: " + incomplete + "ENDSEC and END-ISO-10303-21 are missing" + interrupted}},
+      "7: " + Incomplete + "ENDSEC and END-ISO-10303-21 are missing" + Interrupted}},
     {"CutAndPaddedWithZeros",
-     header + "DATA;\n#1=A();\n" + std::string(100, '\0'),
+     Header + "DATA;\n#1=A();\n" + std::string(100, '\0'),
      {"#1=A();"},
-     {"7: " + incomplete + "ENDSEC and END-ISO-10303-21 are missing" + padded}},
+     {"7: " + Incomplete + "ENDSEC and END-ISO-10303-21 are missing" + Padded}},
     {"CutInTheHeader",
      "ISO-10303-21;\nHEADER;\nFILE_NAME('",
      {},
-     {"3: a malformed entry of the header", "3: " + incomplete + "END-ISO-10303-21 is missing" + interrupted,
+     {"3: a malformed entry of the header", "3: " + Incomplete + "END-ISO-10303-21 is missing" + Interrupted,
       "0: FILE_SCHEMA is missing or names no schema"}},
     {"CutBehindTheKeywordData",
-     header + "DATA",
+     Header + "DATA",
      {},
      {"5: the beginning of the section DATA is malformed",
-      "5: " + incomplete + "ENDSEC and END-ISO-10303-21 are missing" + interrupted}},
+      "5: " + Incomplete + "ENDSEC and END-ISO-10303-21 are missing" + Interrupted}},
     {"BytesBehindTheEnd",
-     header + "DATA;\n#1=A();\nENDSEC;\n" + end + "#2=B();\n",
+     Header + "DATA;\n#1=A();\nENDSEC;\n" + End + "#2=B();\n",
      {"#1=A();"},
      {"9: 8 bytes behind the end of the file; they are kept as they are"}},
     {"ZerosBehindTheEnd",
-     header + "DATA;\n#1=A();\nENDSEC;\n" + end + std::string(512, '\0'),
+     Header + "DATA;\n#1=A();\nENDSEC;\n" + End + std::string(512, '\0'),
      {"#1=A();"},
      {"9: 512 zero bytes behind the end of the file; they are kept as they are"}},
     {"HeaderNotEnded",
-     "ISO-10303-21;\nHEADER;\nFILE_SCHEMA(('IFC4'));\nDATA;\n#1=A();\nENDSEC;\n" + end,
+     "ISO-10303-21;\nHEADER;\nFILE_SCHEMA(('IFC4'));\nDATA;\n#1=A();\nENDSEC;\n" + End,
      {"#1=A();"},
      {"4: ENDSEC of the header is missing"}},
     {"HeaderEntryMalformed",
-     "ISO-10303-21;\nHEADER;\nFILE_NAME('a',(;\nFILE_SCHEMA(('IFC4'));\nENDSEC;\nDATA;\n#1=A();\nENDSEC;\n" + end,
+     "ISO-10303-21;\nHEADER;\nFILE_NAME('a',(;\nFILE_SCHEMA(('IFC4'));\nENDSEC;\nDATA;\n#1=A();\nENDSEC;\n" + End,
      {"#1=A();"},
      {"3: a malformed entry of the header"}},
     {"NoSchema",
-     "ISO-10303-21;\nHEADER;\nENDSEC;\nDATA;\n#1=A();\nENDSEC;\n" + end,
+     "ISO-10303-21;\nHEADER;\nENDSEC;\nDATA;\n#1=A();\nENDSEC;\n" + End,
      {"#1=A();"},
      {"0: FILE_SCHEMA is missing or names no schema"}},
     {"EmptySchema",
-     "ISO-10303-21;\nHEADER;\nFILE_SCHEMA(());\nENDSEC;\nDATA;\n#1=A();\nENDSEC;\n" + end,
+     "ISO-10303-21;\nHEADER;\nFILE_SCHEMA(());\nENDSEC;\nDATA;\n#1=A();\nENDSEC;\n" + End,
      {"#1=A();"},
      {"0: FILE_SCHEMA is missing or names no schema"}},
     {"TextBetweenSections",
-     header + "hello;\nDATA;\n#1=A();\nENDSEC;\n" + end,
+     Header + "hello;\nDATA;\n#1=A();\nENDSEC;\n" + End,
      {"#1=A();"},
      {"5: unexpected text outside the sections"}},
     {"DataInData",
-     header + "DATA;\n#1=A();\nDATA;\n#2=B();\nENDSEC;\n" + end,
+     Header + "DATA;\n#1=A();\nDATA;\n#2=B();\nENDSEC;\n" + End,
      {"#1=A();", "#2=B();"},
      {"7: ENDSEC is missing"}},
     {"LinkSectionNotEnded",
-     header + "ANCHOR;\n<a>=#1;\n",
+     Header + "ANCHOR;\n<a>=#1;\n",
      {},
-     {"7: " + incomplete + "ENDSEC of the section ANCHOR is missing" + interrupted}},
+     {"7: " + Incomplete + "ENDSEC of the section ANCHOR is missing" + Interrupted}},
     {"CommentNotClosedBetweenSections",
-     header + "/* open\nDATA;\n#1=A();\nENDSEC;\n" + end,
+     Header + "/* open\nDATA;\n#1=A();\nENDSEC;\n" + End,
      {},
      {"5: a comment is not closed; nothing behind it is used"}},
 };
@@ -170,7 +170,7 @@ TEST_P(FileFrame, IsWrittenAsItWas) {
     EXPECT_EQ(opened(GetParam().bytes)->bytes(), GetParam().bytes);
 }
 
-INSTANTIATE_TEST_SUITE_P(Frames, FileFrame, ::testing::ValuesIn(frames),
+INSTANTIATE_TEST_SUITE_P(Frames, FileFrame, ::testing::ValuesIn(Frames),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST(SchemaNames, AreDecoded) {

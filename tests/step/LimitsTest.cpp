@@ -12,12 +12,12 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-constexpr InstanceId largestId = std::numeric_limits<std::int64_t>::max();
+constexpr InstanceId LargestId = std::numeric_limits<std::int64_t>::max();
 
 TEST(NewId, GoesUpToTheLargestSignedNumberOf64Bits) {
     for (const InstanceId room : {0U, 1U, 2U, 3U}) {
-        Editing edit(fileOf("#1=A();\n#" + std::to_string(largestId - room) + "=A();\n"));
-        for (InstanceId id = largestId - room + 1; id <= largestId; ++id) {
+        Editing edit(fileOf("#1=A();\n#" + std::to_string(LargestId - room) + "=A();\n"));
+        for (InstanceId id = LargestId - room + 1; id <= LargestId; ++id) {
             const auto slot = edit.append("B()", 1);
             ASSERT_TRUE(slot) << slot.error().message;
             EXPECT_EQ(edit.file->id(*slot), id);

@@ -13,7 +13,7 @@ using ::testing::HasSubstr;
 using testing_support::bytesOf;
 using testing_support::TempFolder;
 
-const std::string before = fileOf("#1=A(1);\n");
+const std::string Before = fileOf("#1=A(1);\n");
 
 class Locking : public ::testing::Test {
 protected:
@@ -31,7 +31,7 @@ protected:
     }
 
     TempFolder folder_;
-    std::filesystem::path house_ = folder_.write("house.ifc", before);
+    std::filesystem::path house_ = folder_.write("house.ifc", Before);
 };
 
 TEST_F(Locking, TheSecondToOpenAFileIsToldWhoHasIt) {
@@ -72,7 +72,7 @@ TEST_F(Locking, TheSecondSavesUnderAnotherNameOnly) {
     ASSERT_FALSE(saved);
     EXPECT_EQ(saved.error().kind, ErrorKind::CannotWrite);
     EXPECT_THAT(saved.error().message, HasSubstr("the file is open in this program itself"));
-    EXPECT_EQ(bytesOf(house_), before);
+    EXPECT_EQ(bytesOf(house_), Before);
     EXPECT_TRUE(second->save(folder_.path() / "other.ifc"));
 }
 
@@ -85,7 +85,7 @@ TEST_F(Locking, ForceDoesNotOverrideALock) {
 }
 
 TEST_F(Locking, AnyOpenFileIsSafeFromSavingOverIt) {
-    const auto other = open(folder_.write("other.ifc", before));
+    const auto other = open(folder_.write("other.ifc", Before));
     EXPECT_FALSE(open(house_)->save(folder_.path() / "other.ifc"));
 }
 

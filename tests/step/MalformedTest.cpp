@@ -26,11 +26,11 @@ std::string malformed(int line, const std::string& which, const std::string& wha
            "; it is kept as it is and not used";
 }
 
-const std::string openString = "a string is not closed, or holds an apostrophe that is not doubled";
-const std::string openParenthesis = "a parenthesis is not closed";
+const std::string OpenString = "a string is not closed, or holds an apostrophe that is not doubled";
+const std::string OpenParenthesis = "a parenthesis is not closed";
 
 // The data begin in line 8.
-const std::vector<Fault> faults = {
+const std::vector<Fault> Faults = {
     {"SemicolonMissing",
      "#1=A(1)\n#2=B();\n#3=C();\n",
      {"#2=B();", "#3=C();"},
@@ -39,26 +39,26 @@ const std::vector<Fault> faults = {
      "#1=A(1)#2=B();#3=C();\n",
      {"#2=B();", "#3=C();"},
      {malformed(8, "#1", "the semicolon is missing")}},
-    {"ParenthesisMissing", "#1=A((1,2);\n#2=B();\n", {"#2=B();"}, {malformed(8, "#1", openParenthesis)}},
+    {"ParenthesisMissing", "#1=A((1,2);\n#2=B();\n", {"#2=B();"}, {malformed(8, "#1", OpenParenthesis)}},
     {"ParenthesisTooMany", "#1=A(1));\n#2=B();\n", {"#2=B();"}, {malformed(8, "#1", "the semicolon is missing")}},
     {"StringNotClosed",
      "#1=A('abc);\n#2=B('def');\n#3=C();\n",
      {"#2=B('def');", "#3=C();"},
-     {malformed(8, "#1", openString)}},
+     {malformed(8, "#1", OpenString)}},
     {"StringNotClosedOnOneLine",
      "#1=A('abc);#2=B('def');#3=C('x');\n",
      {"#2=B('def');", "#3=C('x');"},
-     {malformed(8, "#1", openString)}},
+     {malformed(8, "#1", OpenString)}},
     {"LastStringNotClosed", "#1=A();\n#2=B('abc);\n", {"#1=A();"}, {malformed(9, "#2", "a string is not closed")}},
     {"StringInListNotClosed",
      "#1=A(('abc),$);\n#2=B(('def'),$);\n",
      {"#2=B(('def'),$);"},
-     {malformed(8, "#1", openString)}},
-    {"ApostropheNotDoubled", "#1=A('Bob's house');\n#2=B('x');\n", {"#2=B('x');"}, {malformed(8, "#1", openString)}},
+     {malformed(8, "#1", OpenString)}},
+    {"ApostropheNotDoubled", "#1=A('Bob's house');\n#2=B('x');\n", {"#2=B('x');"}, {malformed(8, "#1", OpenString)}},
     {"ApostrophesNotDoubled",
      "#1=A('Bob's and Al's house');\n#2=B('x');\n",
      {"#2=B('x');"},
-     {malformed(8, "#1", openString)}},
+     {malformed(8, "#1", OpenString)}},
     {"CommentNotClosed", "#1=A();\n/* open\n#2=B();\n", {"#1=A();", "#2=B();"}, {"9: a comment is not closed"}},
     {"CommentInInstanceNotClosed",
      "#1=A(/*);\n#2=B();\n",
@@ -122,7 +122,7 @@ TEST_P(Malformed, IsNotDisturbedByNewInstances) {
     EXPECT_EQ(again->remarks().size(), remarksBefore.size());
 }
 
-INSTANTIATE_TEST_SUITE_P(Faults, Malformed, ::testing::ValuesIn(faults),
+INSTANTIATE_TEST_SUITE_P(Faults, Malformed, ::testing::ValuesIn(Faults),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST(MalformedFile, TellsTheOffsetOfEachFault) {

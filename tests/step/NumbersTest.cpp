@@ -11,8 +11,8 @@
 namespace step_tests {
 namespace {
 
-constexpr double largest = std::numeric_limits<double>::max();
-constexpr double smallest = std::numeric_limits<double>::denorm_min();
+constexpr double Largest = std::numeric_limits<double>::max();
+constexpr double Smallest = std::numeric_limits<double>::denorm_min();
 
 struct Written {
     double value;
@@ -35,8 +35,8 @@ TEST(Reals, AreWrittenShortAndWithAPoint) {
                                {1e-5, "1.E-05", "1e-05"},
                                {-1.25e-7, "-1.25E-07", "-1.25e-07"},
                                {0.1 + 0.2, "0.30000000000000004", "0.30000000000000004"},
-                               {largest, "1.7976931348623157E+308", "1.7976931348623157e+308"},
-                               {smallest, "5.E-324", "5e-324"}}) {
+                               {Largest, "1.7976931348623157E+308", "1.7976931348623157e+308"},
+                               {Smallest, "5.E-324", "5e-324"}}) {
         EXPECT_EQ(encodeReal(row.value), row.encoded);
         EXPECT_EQ(displayReal(row.value), row.displayed);
     }

@@ -19,7 +19,7 @@ std::ostream& operator<<(std::ostream& out, const Layout& layout) {
     return out << layout.data;
 }
 
-const std::vector<Layout> layouts = {
+const std::vector<Layout> Layouts = {
     {"OneALine", "#1=A();\n#2=B($);\n", {"#1=A();", "#2=B($);"}},
     {"SeveralALine", "#1=A();#2=B(); #3=C();\n", {"#1=A();", "#2=B();", "#3=C();"}},
     {"OverManyLines", "#1=A(\n1.,\n2.\n);\n", {"#1=A(\n1.,\n2.\n);"}},
@@ -92,7 +92,7 @@ TEST_P(Reading, UneditedFileIsWrittenAsItWas) {
     EXPECT_EQ(opened(fileOf(GetParam().data))->bytes(), fileOf(GetParam().data));
 }
 
-INSTANTIATE_TEST_SUITE_P(Layouts, Reading, ::testing::ValuesIn(layouts),
+INSTANTIATE_TEST_SUITE_P(Layouts, Reading, ::testing::ValuesIn(Layouts),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST(Ids, MayExceed32Bits) {

@@ -7,20 +7,20 @@ namespace step_tests {
 
 namespace {
 
-constexpr std::string_view head =
+constexpr std::string_view Head =
     "ISO-10303-21;\nHEADER;\nFILE_DESCRIPTION((''),'2;1');\nFILE_NAME('','',(''),(''),'','','');\n"
     "FILE_SCHEMA(('IFC4'));\nENDSEC;\nDATA;\n";
-constexpr std::string_view tail = "ENDSEC;\nEND-ISO-10303-21;\n";
+constexpr std::string_view Tail = "ENDSEC;\nEND-ISO-10303-21;\n";
 
 }  // namespace
 
 std::string fileOf(std::string_view data) {
-    return std::string(head).append(data).append(tail);
+    return std::string(Head).append(data).append(Tail);
 }
 
 std::string dataOf(const std::string& bytes) {
-    EXPECT_TRUE(bytes.starts_with(head) && bytes.ends_with(tail)) << bytes;
-    return bytes.substr(head.size(), bytes.size() - head.size() - tail.size());
+    EXPECT_TRUE(bytes.starts_with(Head) && bytes.ends_with(Tail)) << bytes;
+    return bytes.substr(Head.size(), bytes.size() - Head.size() - Tail.size());
 }
 
 std::unique_ptr<StepFile> opened(const std::string& bytes) {

@@ -56,7 +56,7 @@ using ::testing::UnorderedElementsAre;
 using testing_support::bytesOf;
 using testing_support::TempFolder;
 
-const std::string before = fileOf("#1=A(1);\n");
+const std::string Before = fileOf("#1=A(1);\n");
 
 class TemporaryFiles : public ::testing::TestWithParam<bool> {
 protected:
@@ -76,7 +76,7 @@ protected:
     }
 
     TempFolder folder_;
-    fs::path house_ = folder_.write("house.ifc", before);
+    fs::path house_ = folder_.write("house.ifc", Before);
 };
 
 TEST_P(TemporaryFiles, OfAFileThatOthersMayNotReadCanBeReadByNobodyElse) {
@@ -110,7 +110,7 @@ TEST_P(TemporaryFiles, HaveNamesAsLongAsNamesMayBe) {
             ASSERT_EQ(name.size(), length);
             const Status saved = saveAs(folder_.path() / name);
             EXPECT_TRUE(saved) << length << ": " << saved.error().message;
-            EXPECT_EQ(bytesOf(folder_.path() / name), before);
+            EXPECT_EQ(bytesOf(folder_.path() / name), Before);
         }
     }
     const Status saved = saveAs(folder_.path() / (std::string(252, 'h') + ".ifc"));
@@ -133,7 +133,7 @@ TEST_P(TemporaryFiles, OfAKilledSaverAreRemovedByTheNextSaveOfTheFile) {
     EXPECT_EQ(names().size(), 3U) << "a saver of another file";
     ASSERT_TRUE(saveAs(house_));
     EXPECT_THAT(names(), UnorderedElementsAre("house.ifc", "other.ifc"));
-    EXPECT_EQ(bytesOf(house_), before);
+    EXPECT_EQ(bytesOf(house_), Before);
 }
 
 TEST_P(TemporaryFiles, ThatAreBeingWrittenStay) {
@@ -156,7 +156,7 @@ TEST_P(TemporaryFiles, AreToldFromWhatOnlyLooksSimilar) {
     fs::create_symlink("house.ifc", folder_.path() / ".house.ifc.00000002.tmp");
     ASSERT_TRUE(saveAs(house_));
     EXPECT_EQ(names().size(), others.size() + 3);
-    EXPECT_EQ(bytesOf(house_), before);
+    EXPECT_EQ(bytesOf(house_), Before);
 }
 
 INSTANTIATE_TEST_SUITE_P(Disks, TemporaryFiles, ::testing::Bool(),

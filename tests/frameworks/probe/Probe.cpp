@@ -4,10 +4,10 @@
 
 namespace {
 
-const char anchor = 0;
+const char Anchor = 0;
 
 }  // namespace
 
 extern "C" HOST_API CFBundleRef probeBundle() {
-    return GSCFXBundleCreateFromMachHeader(kCFAllocatorDefault, &anchor);
+    return GSCFXBundleCreateFromMachHeader(kCFAllocatorDefault, &Anchor);
 }
