@@ -37,8 +37,9 @@ std::string toJson(const Report& report) {
     document["elements"] = Json::array();
     for (const Subject& subject : report.subjects) document["elements"].push_back(asJson(subject));
     document["notes"] = report.notes;
-    // Texts of an add-on's own may hold any bytes.
-    return document.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
+    // Texts of an add-on's own may hold any bytes. All that is not ASCII is escaped, since some of it is obeyed by
+    // terminals or turns the direction of writing: it stays the same JSON.
+    return document.dump(-1, ' ', true, Json::error_handler_t::replace) + "\n";
 }
 
 }  // namespace report

@@ -101,5 +101,21 @@ TEST_F(OnTerminal, JsonAndTsvHoldNothingThatIsNotSeen) {
         EXPECT_THAT(modelhost().runOnTerminal({"list", "house.ifc", "--format", format}, 80).out, HasSubstr(escapes));
 }
 
+TEST_F(OnTerminal, DifferencesAndReportsHoldNothingThatIsNotSeen) {
+    testing_support::IfcText ifc;
+    ifc.element("IfcWall", WallGuid, "placeholder");
+    std::string text = ifc.text();
+    write("before.ifc", text);
+    text.replace(text.find("'placeholder'"), 13, "'a\\X2\\202E009B\\X0\\z'");
+    write("after.ifc", text);
+    const std::string seen =
+        modelhost().runOnTerminal({"diff", "before.ifc", "after.ifc", "--format", "updates"}, 80).out;
+    EXPECT_THAT(seen, HasSubstr(WallGuid + "\tName\t"));
+    EXPECT_THAT(seen, HasSubstr("a\uFFFD\uFFFDz"));
+    EXPECT_THAT(run({"diff", "before.ifc", "after.ifc", "--format", "updates"}).out, HasSubstr("a\u202E\u009Bz"));
+    run({"diff", "before.ifc", "after.ifc", "--report", "changes.json"});
+    EXPECT_THAT(bytes("changes.json"), HasSubstr("a\\u202e\\u009bz"));
+}
+
 }  // namespace
 }  // namespace console_tests

@@ -198,7 +198,7 @@ std::vector<std::string> leftOutOf(const Difference& difference) {
 }
 
 void printWhole(const std::string& text, const std::optional<std::filesystem::path>& output) {
-    if (!output) return print(text);
+    if (!output) return print(Terminal::standardOutput().present ? visibleLines(text) : text);
     OutputFile file(*output);
     file.write(text);
     file.commit();

@@ -35,7 +35,7 @@ std::string updatesOf(const Difference& difference);
 /// What it leaves out, a line for each thing.
 std::vector<std::string> leftOutOf(const Difference& difference);
 
-/// On standard output where no file is named.
+/// On standard output where no file is named; a terminal shows it as visible() does.
 void printWhole(const std::string& text, const std::optional<std::filesystem::path>& output);
 
 }  // namespace console

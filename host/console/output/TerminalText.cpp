@@ -126,6 +126,17 @@ std::string visible(std::string_view utf8) {
     return result;
 }
 
+std::string visibleLines(std::string_view utf8) {
+    std::string text;
+    while (!utf8.empty()) {
+        const std::size_t length = std::min(utf8.find_first_of("\t\n"), utf8.size());
+        appendVisible(text, utf8.substr(0, length));
+        text += utf8.substr(length, 1);
+        utf8.remove_prefix(std::min(length + 1, utf8.size()));
+    }
+    return text;
+}
+
 std::string escaped(std::string_view utf8, const Terminal& terminal) {
     std::string result;
     appendEach(result, utf8, [&result, &terminal](text::Character c) {

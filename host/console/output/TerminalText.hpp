@@ -18,6 +18,8 @@ namespace console {
 /// U+200C and U+200D stay: names in Persian or Hindi are written with them.
 std::string visible(std::string_view utf8);
 void appendVisible(std::string& text, std::string_view utf8);
+/// The same for several lines: TABs and line ends stay.
+std::string visibleLines(std::string_view utf8);
 
 /// For tab-separated output: "\t", "\n", "\r", "\\", and "\uXXXX" for the other control characters; on a terminal also
 /// for every character that is not seen. Undone by reading the escapes back.
