@@ -7,7 +7,6 @@
 #include "console/output/Messages.hpp"
 #include "console/output/OutputFile.hpp"
 #include "console/output/StandardOutput.hpp"
-#include "console/report/DiffPage.hpp"
 #include "console/report/ReportFile.hpp"
 #include "console/several/Share.hpp"
 

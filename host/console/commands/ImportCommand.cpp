@@ -7,7 +7,6 @@
 #include "console/output/HostText.hpp"
 #include "console/output/Messages.hpp"
 #include "console/output/StandardOutput.hpp"
-#include "console/report/ImportPage.hpp"
 #include "console/report/ReportFile.hpp"
 #include "console/several/Share.hpp"
 #include "importing/ReviewFacts.hpp"

@@ -1,8 +1,11 @@
 #include "console/report/ReportFile.hpp"
 
 #include "console/Failure.hpp"
+#include "console/output/HostText.hpp"
 #include "console/output/Messages.hpp"
 #include "console/output/OutputFile.hpp"
+#include "importing/ReviewPage.hpp"
+#include "report/Changes.hpp"
 #include "report/Forms.hpp"
 
 #include <fmt/format.h>
@@ -16,6 +19,33 @@ void checkForm(const std::filesystem::path& file) {
 }
 
 }  // namespace
+
+report::Report pageOf(const Difference& difference) {
+    const auto name = [](const std::filesystem::path& path) { return wellFormed(path.filename().string()); };
+    report::Report page;
+    page.title = fmt::format("Changes from {} to {}", name(difference.a.path), name(difference.b.path));
+    page.facts.push_back(report::modelFact("Before", difference.a.path, difference.a.model));
+    page.facts.push_back(report::modelFact("Now", difference.b.path, difference.b.model));
+    addOrigin(page);
+    report::addChanges(difference.found, difference.a.model, difference.b.model, page);
+    return page;
+}
+
+report::Report pageOf(const ImportReport& import, const model::Model& model) {
+    importing::ReviewedUpdates reviewed;
+    reviewed.modelPath = import.model.path;
+    reviewed.updatesPath = import.updatesPath;
+    reviewed.program = "modelhost " PROJECT_VERSION;
+    reviewed.saved = import.saved;
+    reviewed.review = import.review;
+    reviewed.result = import.result;
+    reviewed.facts = import.facts;
+    if (import.table) reviewed.leftOut = import.table->leftOut;
+    reviewed.hints = import.hints;
+    reviewed.report = import.report;
+    reviewed.linesWithoutRow = import.summary.linesWithoutRow;
+    return importing::pageOf(reviewed, model);
+}
 
 void checkReportFile(const std::optional<std::filesystem::path>& file,
                      const std::vector<std::filesystem::path>& others) {

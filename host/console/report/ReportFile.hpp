@@ -1,13 +1,20 @@
 #pragma once
-// --report FILE: a page, JSON or a workbook, by its ending, of what a command did.
+// The reports to hand on of what a command did, and --report FILE: a page, JSON or a workbook, by its ending.
 
-#include "report/Forms.hpp"
+#include "console/commands/DiffOutput.hpp"
+#include "console/import/ImportReport.hpp"
+#include "report/Report.hpp"
 
 #include <filesystem>
 #include <optional>
 #include <vector>
 
 namespace console {
+
+/// Of two models compared.
+report::Report pageOf(const Difference& difference);
+/// Of an import. @param model  As it is after the import; of a dry run, as it was.
+report::Report pageOf(const ImportReport& import, const model::Model& model);
 
 /// Checked before the work, so that no work is lost: the ending, the folder, and that it is none of the files that the
 /// command reads or writes. Throws Failure.
@@ -19,7 +26,5 @@ void writeReportFile(const report::Report& report, const std::filesystem::path& 
 
 /// When and by which version: facts of every report.
 void addOrigin(report::Report& report);
-
-using report::modelFact;
 
 }  // namespace console
