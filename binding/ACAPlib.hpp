@@ -48,17 +48,15 @@ GSErrCode ACAPI_Register_SubtypeX(UInt32 subtypeId, UInt32 parentId, UInt32 flag
 /// A file type that the add-on reads. @return APIERR_BADPARS for a null extension.
 GSErrCode ACAPI_Register_FileType(Int32 reference, UInt32 macType, UInt32 macCreator, const char* extension);
 /// Offers symbols for library parts of a type. @return APIERR_BADID for one that has none: only windows (2), doors (3),
-/// objects (4),
-///         lamps (5) and skylights (13) have one.
+/// objects (4), lamps (5) and skylights (13) have one.
 GSErrCode ACAPI_Register_ESYM(API_LibTypeID type);
 /// The four-character code of a library-part type's symbol, "WSYM" for a window. @return false for a type without one.
 bool ACAPI_SymbolCode(API_LibTypeID type, UInt32* code);
 
 // --- Environment, user, report -------------------------------------------------------------------------------------
 
-/// @param handler  called for every item of the menu, until the add-on's end. @return APIERR_BADID for a menu that is
-/// not
-///                 registered.
+/// @param handler  called for every item of the menu, until the add-on's end.
+/// @return APIERR_BADID for a menu that is not registered.
 GSErrCode ACAPI_Install_MenuHandler(Int16 menuStrResID, APIMenuCommandProc* handler);
 /// Requests by a four-character code; which parameters it reads and writes stands beside the code in APITypes.hpp.
 GSErrCode ACAPI_Environment(UInt32 code, void* par1 = nullptr, void* par2 = nullptr, void* par3 = nullptr);

@@ -25,6 +25,7 @@ std::optional<Color> List::color(Int16 row) const {
     return found == nullptr ? std::nullopt : found->color;
 }
 
+/// Who has inserted at the bottom goes on with "the bottom row". Where the list was full, that row is another one.
 DialogAccess::Row* DialogAccess::row(List& list, Int16 number) {
     if (number == DG_LIST_BOTTOM && !list.lastInsertionLost_) number = list.rowCount();
     if (number < 1 || number > list.rowCount()) return nullptr;

@@ -15,6 +15,7 @@ class Tokenizer {
 public:
     Tokenizer(std::string_view line, std::string& report) : rest_(line), fault_(report) {}
 
+    /// A '#' begins a comment at the line's beginning only: a word further on may hold one.
     std::vector<Token> run() {
         std::vector<Token> tokens;
         for (skipBlanks(); fault_.empty() && !rest_.empty() && !(tokens.empty() && rest_.front() == '#'); skipBlanks())

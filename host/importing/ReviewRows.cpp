@@ -33,6 +33,7 @@ bool failed(const ListRow& row) {
     return cell(row, RemarksColumn) == Error;
 }
 
+/// A set in brackets and the two systems are made where the element has none; nothing else is.
 bool namesNothing(const ListRow& row) {
     const std::string& item = cell(row, PropertyColumn);
     return cell(row, RemarksColumn).find(NotFound) != std::string::npos && item.find('[') == std::string::npos &&

@@ -84,6 +84,7 @@ struct API_MenuParams {
     API_MenuReference menuItemRef;
 };
 
+/// Called for the item that the user picked. Its result is the command's answer to who picked it.
 using APIMenuCommandProc = GSErrCode(const API_MenuParams* params);
 
 /// Menu-item flags of the requests 'GMIF' and 'SMIF'.
@@ -111,8 +112,8 @@ inline constexpr Int32 API_HelpFolder = 12;
 
 /// Answer of 'APPL'.
 struct API_ReleaseNumber {
-    Int32 version;  ///< APIVersion.
-    Int32 buildNumber;
+    Int32 version;      ///< APIVersion.
+    Int32 buildNumber;  ///< Of the host's release; this host's is 1.
     unsigned char reserved[56];
 };
 
@@ -160,7 +161,7 @@ static_assert(sizeof(API_Neig) == 40 && std::has_unique_object_representations_v
 struct API_PolyArc {
     Int32 begIndex;  ///< The arc's first vertex.
     Int32 endIndex;
-    double arcAngle;
+    double arcAngle;  ///< In radians, counter-clockwise where positive.
 };
 static_assert(sizeof(API_PolyArc) == 16);
 
@@ -268,8 +269,8 @@ struct API_IFCPropertyValue {
     GS::UniString valueType;                  ///< In the schema's spelling, "IfcLabel"; empty where there is no value.
     Int32 primitiveType = API_IFCStringType;  ///< Says which of the fields below counts.
     Int64 integerValue = 0;                   ///< Also the logical's code.
-    double realValue = 0.0;
-    unsigned char booleanValue = 0;  ///< The lowest bit counts.
+    double realValue = 0.0;                   ///< In the unit that the model's file has it in.
+    unsigned char booleanValue = 0;           ///< The lowest bit counts.
     GS::UniString stringValue;
 };
 

@@ -9,7 +9,7 @@ namespace IO {
 class HOST_API Location {
 public:
     static constexpr GSErrCode StatusOK = 0;
-    static constexpr GSErrCode StatusMemoryFull = -108;
+    static constexpr GSErrCode StatusMemoryFull = -108;  ///< No memory for the text.
     /// The location names nothing: it was made from an empty text.
     static constexpr GSErrCode StatusError = -7003;
 

@@ -17,9 +17,8 @@ enum class Truth : std::uint8_t { False = 0, Unknown = 1, True = 2 };
 /// Digits behind an optional sign, within 64 bits.
 std::optional<std::int64_t> wholeInteger(std::string_view text);
 
-/// A decimal number: optional sign, digits with at most one point, optional exponent, within the range of a
-/// double. With DecimalSign::Comma
-/// one comma may stand for the point.
+/// A decimal number: optional sign, digits with at most one point, optional exponent, within the range of a double.
+/// With DecimalSign::Comma one comma may stand for the point.
 std::optional<double> wholeReal(std::string_view text, DecimalSign sign);
 
 /// true .T. yes 1, false .F. no 0, unknown .U., in any case.

@@ -67,6 +67,7 @@ AskedClassification askedClassification(std::string_view asked) {
     return {std::string(asked.substr(0, brace)), std::string(title)};
 }
 
+/// Numbers are compared as numbers and truths as truths: "0.90" and 0.9, "yes" and true are the same to who asked.
 bool isAsAsked(std::string_view asked, const Stored& stored, DecimalSign sign) {
     switch (stored.kind) {
         case Stored::Kind::Nothing:

@@ -1,6 +1,6 @@
 #pragma once
 // What is handed on after the work: which model, what was done to it, what came of it. For people who have never seen
-// the program; as a page, as JSON, as a workbook.
+// the program; as a page, as JSON, as a workbook: Html.cpp, Json.cpp, Workbook.cpp.
 
 #include "model/Model.hpp"
 

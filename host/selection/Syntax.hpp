@@ -1,5 +1,5 @@
 #pragma once
-// A selection as it was written, cut into its parts.
+// A selection as it was written, cut into its parts by Parser.cpp.
 
 #include "selection/Pattern.hpp"
 

@@ -46,6 +46,7 @@ GSErrCode admitClient(HostSlot slot, const void* client) {
     if (addOn.crashed()) return APIERR_REFUSEDCMD;
     if (addOn.initialized() && client == addOn.client()) return NoError;
     if (client != nullptr) return APIERR_BADPARS;
+    // Before it is known as a client, an add-on finds its own files, and says why it cannot start.
     const bool helpsToStart = slot == HostSlot::Environment || slot == HostSlot::WriteReport;
     return helpsToStart ? NoError : APIERR_NOTINIT;
 }

@@ -57,8 +57,9 @@ Result<ReadTable> readWorkbook(std::string_view bytes, Format format, const Read
     return read;
 }
 
+/// The content decides: a name's ending is what somebody typed, and spreadsheets are sent around as ".csv".
 Result<ReadTable> readAs(std::string_view bytes, std::optional<Format> stated, const ReadOptions& options) {
-    const Result<Content> content = tellContent(bytes);
+    const Result<Content> content = detectContent(bytes);
     if (!content) return content.error();
     Format format = stated.value_or(Format::Csv);
     if (*content == Content::Xlsx) format = Format::Xlsx;
@@ -113,6 +114,7 @@ Result<ReadTable> readFile(const std::filesystem::path& path, const ReadOptions&
     if (std::filesystem::is_directory(path, error)) return Error{name + ": it is a folder; name a file"};
     std::ifstream file(path, std::ios::binary);
     if (!file) return Error{name + ": it cannot be opened; check the path and the rights to read it"};
+    // In stretches: a pipe tells no size, and what never ends is to be left at the limit.
     std::string bytes;
     std::array<char, 65536> stretch{};
     while (file.read(stretch.data(), stretch.size()) || file.gcount() > 0) {

@@ -1,5 +1,6 @@
 #pragma once
-// Tables out: what is exported, filled in by people, and read again by Reading.hpp.
+// Tables out: what is exported, filled in by people, and read again by Reading.hpp. Workbooks and delimited text are
+// written by the two sources of the folder writing.
 
 #include "tables/Result.hpp"
 

@@ -1,6 +1,7 @@
 #pragma once
 // A file in clear-text encoding (ISO 10303-21), held as the bytes it came with, an index of its instances, and the
 // changes made since. Saving writes every byte as it was except the instances that changed and the new ones.
+// StepFileOpening.cpp and StepFileSaving.cpp hold what their names say, StepFile.cpp the rest.
 //
 // Words used in this folder:
 //   instance        "#12=IFCWALL(...);", from '#' to ';' (ISO 10303-21: entity instance, in a data section).
@@ -98,7 +99,7 @@ public:
     Result<Slot> insertBehind(std::string_view body, Slot original);
     /// Whether so many instances can be added one after the other: for who would rather refuse than leave half of them.
     Status checkRoom(std::size_t count);
-    /// The instance becomes absent; what refers to it is the caller's to mend. Its id is not used again.
+    /// The instance becomes absent; the caller changes what refers to it. Its id is not used again.
     Status erase(Slot slot);
 
     /// Ends the command. @return true where it changed anything: then it is an undo step, and nothing can be redone.

@@ -1,5 +1,5 @@
 #pragma once
-// What both kinds of workbooks are read to.
+// What both kinds of workbooks are read to: Xlsx.cpp, with XlsxParts and XlsxSheet, and Ods.cpp.
 
 #include "tables/Result.hpp"
 #include "tables/Table.hpp"

@@ -27,6 +27,7 @@ bool isCandidate(const Sheet& sheet, const std::string& wanted) {
     return wanted.empty() ? sheet.name != ExportedSheet : sheet.name == wanted;
 }
 
+/// Sheets without any cell are passed over: a workbook may begin with one that only shows a picture.
 Result<WorkbookContent> findTable(Package& package, const Book& book, const Shared& shared, const std::string& wanted) {
     std::vector<std::string> names;
     for (const Sheet& sheet : book.sheets) {

@@ -17,6 +17,7 @@ std::uint64_t keyOf(step::Slot slot, Field field) {
 ForwardReferences::ForwardReferences(const step::StepFile& stepFile, Classes& knownClasses)
     : file_(stepFile), classes_(knownClasses) {}
 
+/// A short text is read faster than its references are looked up, kept and forgotten again.
 std::vector<step::Slot> ForwardReferences::of(step::Slot slot, Field field) {
     if (const auto found = known_.find(keyOf(slot, field)); found != known_.end()) return found->second;
     if (file_.text(slot).size() <= ShortText) return read(slot, field);

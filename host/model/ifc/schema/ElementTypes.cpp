@@ -37,6 +37,7 @@ constexpr std::array Rows = {
 
 }  // namespace
 
+/// From the class itself upwards, so that the closest class counts: a slab is an IfcElement as well.
 ElementType elementTypeOf(const Entity& product) {
     for (const Entity* entity = &product; entity != nullptr; entity = entity->super()) {
         const auto row = std::find_if(Rows.begin(), Rows.end(),

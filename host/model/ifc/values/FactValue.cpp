@@ -28,11 +28,13 @@ FactValue decoded(Value string) {
     return textFact(std::move(content));
 }
 
+/// The third value of a logical is neither true nor false, so that it can only be compared as a word.
 FactValue truth(std::string_view item) {
     if (item == "T" || item == "F") return {Kind::Truth, item == "T" ? 1 : 0, 0, {}};
     return textFact(u"UNKNOWN");
 }
 
+/// A real without its point ("2") is against ISO 10303-21, and common: what the schema declares counts.
 FactValue number(Value value, bool whole) {
     if (whole) {
         const auto integer = step::integerValue(value);

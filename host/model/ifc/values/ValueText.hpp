@@ -8,9 +8,8 @@
 namespace model::ifc {
 
 /// A value that is not an aggregate, reference or typed value, as text: strings decoded, enumeration items without
-/// their points, `.T.` `.F.` `.U.` of booleans and logicals as true, false, unknown, numbers in the shortest form. `$`
-/// and
-/// `*` give an empty text; what cannot be read is given as it stands in the file.
+/// their points, `.T.` `.F.` `.U.` of booleans and logicals as true, false, unknown, numbers in the shortest form.
+/// `$` and `*` give an empty text; what cannot be read is given as it stands in the file.
 std::u16string valueText(step::Value value, BaseType base);
 
 /// The text in STEP form if it is a value of the declared type.
