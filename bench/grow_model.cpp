@@ -6,6 +6,7 @@
 
 #include "model/Model.hpp"
 #include "model/step/StepFile.hpp"
+#include "text/Guid.hpp"
 
 #include <array>
 #include <cstdio>
@@ -93,7 +94,7 @@ private:
         line.shared = isShared(file.keywordText(file.keyword(slot)));
         line.rooted = !instance.arguments.empty() && instance.arguments[0].kind == ValueKind::String &&
                       instance.arguments[0].text.size() == 24 &&
-                      model::fromGlobalId(instance.arguments[0].text.substr(1, 22)).has_value();
+                      text::fromGlobalId(instance.arguments[0].text.substr(1, 22)).has_value();
         if (line.shared) sharedIds.insert(line.id);
         if (line.id > highestId) highestId = line.id;
         if (instance.arguments.size() >= 2 && instance.arguments[1].kind == ValueKind::Reference && line.rooted)
@@ -114,7 +115,7 @@ private:
             const std::uint64_t bits = mixed(++guidCounter);
             for (std::size_t i = 0; i < 8; ++i) guid[half * 8 + i] = static_cast<std::uint8_t>(bits >> (8 * i));
         }
-        return model::toGlobalId(guid);
+        return text::toGlobalId(guid);
     }
 
     void appendLine(std::string& text, const Line& line, std::uint64_t copy) {

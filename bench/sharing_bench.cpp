@@ -2,6 +2,7 @@
 // number. The models are made here; the number beside a case's name is that of the elements (or properties) concerned.
 
 #include "model/Model.hpp"
+#include "text/Guid.hpp"
 
 #include <benchmark/benchmark.h>
 
@@ -43,7 +44,7 @@ public:
         model::Guid guid{};
         const std::uint64_t number = ++roots;
         for (unsigned i = 0; i < 8; ++i) guid[8 + i] = static_cast<std::uint8_t>(number >> 8U * (7 - i));
-        return model::toGlobalId(guid);
+        return text::toGlobalId(guid);
     }
 
     std::unique_ptr<model::Model> open() const {

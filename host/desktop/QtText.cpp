@@ -55,7 +55,7 @@ QString guidText(const model::Guid& guid) {
 std::optional<model::Guid> guidFromText(QStringView text) {
     if (text.size() > static_cast<qsizetype>(text::GuidLength)) return std::nullopt;
     const std::string utf8 = text.toUtf8().toStdString();
-    return text.size() == 22 ? model::fromGlobalId(utf8) : text::parseGuid(utf8);
+    return text.size() == 22 ? text::fromGlobalId(utf8) : text::parseGuid(utf8);
 }
 
 QString number(qint64 value) {

@@ -1,5 +1,4 @@
 #include "model/Model.hpp"
-#include "model/base/GlobalId.hpp"
 
 #include "model/ifc/data/AttributeData.hpp"
 #include "model/ifc/data/ClassificationData.hpp"
@@ -47,7 +46,7 @@ struct Model::Content {
     /// @param body  No std::function, which may need memory: nothing must fail before it is seen that it did.
     template <class Body>
     Status edit(Element element, const Body& body);
-    void noteChange(Element element, bool changed, std::vector<std::string>& toTell);
+    void noteChange(Element element, bool changed, std::vector<std::string>& found);
     std::string describe(Element element);
 };
 
@@ -129,10 +128,10 @@ Status Model::Content::edit(Element element, const Body& body) {
     // A change that broke off in the middle may be half made: nothing more is changed, and the command only rolled
     // back.
     if (failure) std::rethrow_exception(failure);
-    std::vector<std::string> toTell;
+    std::vector<std::string> found;
     try {
-        Status done = body(toTell);
-        noteChange(element, done && file->revision() != before, toTell);
+        Status done = body(found);
+        noteChange(element, done && file->revision() != before, found);
         return done;
     } catch (...) {
         failure = std::current_exception();
@@ -140,12 +139,12 @@ Status Model::Content::edit(Element element, const Body& body) {
     }
 }
 
-void Model::Content::noteChange(Element element, bool changed, std::vector<std::string>& toTell) {
+void Model::Content::noteChange(Element element, bool changed, std::vector<std::string>& found) {
     if (changed && work.elements.hasDuplicates(element) && noted.insert(element).second) {
-        toTell.push_back("its GlobalId stands in the file more than once; only the first instance, #" +
-                         std::to_string(file->id(work.elements.slot(element))) + ", is changed");
+        found.push_back("its GlobalId stands in the file more than once; only the first instance, #" +
+                        std::to_string(file->id(work.elements.slot(element))) + ", is changed");
     }
-    for (const std::string& note : toTell) notes.push_back(describe(element) + ": " + note);
+    for (const std::string& note : found) notes.push_back(describe(element) + ": " + note);
 }
 
 /// "Wall 12 (A32931C7-...)"
@@ -228,7 +227,8 @@ ElementInfo Model::info(Element element) const {
     const step::Slot slot = work.elements.slot(element);
     const ifc::Class& cls = work.classes.of(slot);
     const Guid& guid = work.elements.guid(element);
-    return {guid, toGlobalId(guid), std::string(cls.entity->name()), cls.type.id, cls.type.name, work.file.id(slot)};
+    return {guid,        text::toGlobalId(guid), std::string(cls.entity->name()),
+            cls.type.id, cls.type.name,          work.file.id(slot)};
 }
 
 std::int32_t Model::typeId(Element element) const {

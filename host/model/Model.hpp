@@ -9,10 +9,10 @@
 // own, which have ended when it returns. Commands and edits run on the user's thread, since the add-on does.
 
 #include "model/base/FileOptions.hpp"
-#include "model/base/GlobalId.hpp"
 #include "model/base/Records.hpp"
 #include "model/base/Result.hpp"
 #include "model/base/UndoSteps.hpp"
+#include "text/Guid.hpp"
 
 #include <cstdint>
 #include <filesystem>

@@ -1,6 +1,7 @@
 #include "readback/AskedText.hpp"
 
 #include "text/Ascii.hpp"
+#include "text/Unicode.hpp"
 
 #include <algorithm>
 #include <array>
@@ -42,12 +43,6 @@ bool isDecimal(std::string_view text) {
     if (!text.starts_with('e') && !text.starts_with('E')) return text.empty();
     text = withoutSign(text.substr(1));
     return !text.empty() && digitCount(text) == text.size();
-}
-
-/// Characters of UTF-8: all bytes but those that continue one.
-std::size_t characterCount(std::string_view text) {
-    return static_cast<std::size_t>(std::count_if(
-        text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
 }
 
 bool isDigitsOnly(std::string_view text) {
@@ -118,7 +113,7 @@ std::string_view typeByText(std::string_view text, DecimalSign sign) {
     if (isPlainInteger(text)) return "IfcInteger";
     if (!isDigitsOnly(text) && wholeReal(text, sign)) return "IfcReal";
     if (isDate(text)) return "IfcDate";
-    return characterCount(text) > LongestLabel ? "IfcText" : "IfcLabel";
+    return text::characterCount(text) > LongestLabel ? "IfcText" : "IfcLabel";
 }
 
 }  // namespace readback

@@ -2,9 +2,10 @@
 
 #include "text/Ascii.hpp"
 #include "text/Unicode.hpp"
+#include "updatefile/Designation.hpp"
+#include "updatefile/ReviewList.hpp"
 
 #include <algorithm>
-#include <array>
 #include <functional>
 #include <map>
 #include <optional>
@@ -19,20 +20,10 @@ namespace {
 using model::Element;
 using model::Model;
 
-/// The labels under which the add-on adds a reference that an element does not have.
-constexpr std::array<std::u16string_view, 2> NewSystems = {u"SpecSection Classification", u"UniFormat Classification"};
-
-struct Designation {
-    std::u16string name, set;
-};
-
-/// "Name[Set]": the last character goes, whatever it is, as in the add-on.
-Designation parse(std::string_view item) {
-    const std::u16string wide = text::fromUtf8(item);
-    const std::size_t bracket = wide.find(u'[');
-    if (bracket == std::u16string::npos) return {wide, {}};
-    const std::u16string inner = wide.substr(bracket + 1);
-    return {wide.substr(0, bracket), u"Pset_" + inner.substr(0, inner.empty() ? 0 : inner.size() - 1)};
+/// Whether the add-on adds a reference of that label where an element has none.
+bool isAdded(std::u16string_view label) {
+    const auto& added = updatefile::reviewlist::AddedSystems;
+    return std::find(added.begin(), added.end(), text::toUtf8(label)) != added.end();
 }
 
 std::vector<model::Attribute> attributesOf(const Model& model, Element element) {
@@ -249,13 +240,13 @@ std::map<std::u16string_view, std::u16string> firstSets(const Model& model, Elem
 }  // namespace
 
 std::vector<Place> placesOf(const Model& model, Element element, const std::vector<std::string_view>& items) {
-    std::vector<Designation> wanted;
-    for (const std::string_view item : items) wanted.push_back(parse(item));
+    std::vector<updatefile::Designation> wanted;
+    for (const std::string_view item : items) wanted.push_back(updatefile::parseDesignation(text::fromUtf8(item)));
     const auto attributeList = attributesOf(model, element);
     const auto attributes = byName(attributeList, &model::Attribute::name);
     // What attributes hide is not looked for: the properties may be thousands.
     std::set<std::u16string_view> names;
-    for (const Designation& designation : wanted)
+    for (const updatefile::Designation& designation : wanted)
         if (!attributes.contains(text::toUtf8(designation.name))) names.insert(designation.name);
     const auto sets = firstSets(model, element, names);
     const auto references =
@@ -269,13 +260,12 @@ std::vector<Place> placesOf(const Model& model, Element element, const std::vect
         if (std::string attribute = text::toUtf8(name); attributes.contains(attribute)) {
             place.kind = Place::Kind::Attribute;
             place.attribute = std::move(attribute);
-        } else if (known != sets.end() || !set.empty()) {
+        } else if (known != sets.end() || set) {
             place.kind = Place::Kind::Property;
-            place.set = known != sets.end() ? known->second : set;
+            place.set = known != sets.end() ? known->second : *set;
             place.property = name;
             place.isNew = known == sets.end();
-        } else if (systems.contains(name) ||
-                   std::find(NewSystems.begin(), NewSystems.end(), name) != NewSystems.end()) {
+        } else if (systems.contains(name) || isAdded(name)) {
             place.kind = Place::Kind::Classification;
             place.system = name;
         }

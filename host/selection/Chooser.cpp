@@ -43,7 +43,7 @@ bool anySchemaHas(std::string_view className) {
 }
 
 std::optional<model::Guid> guidOf(const std::string& name) {
-    const auto guid = model::fromGlobalId(name);
+    const auto guid = text::fromGlobalId(name);
     return guid ? guid : text::parseGuid(name);
 }
 

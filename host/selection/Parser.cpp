@@ -1,6 +1,6 @@
-#include "model/base/GlobalId.hpp"
 #include "selection/Syntax.hpp"
 #include "text/Guid.hpp"
+#include "text/Unicode.hpp"
 
 #include <fmt/format.h>
 
@@ -25,7 +25,7 @@ struct Mistake {
 };
 
 bool namesInstance(std::string_view name) {
-    return model::fromGlobalId(name).has_value() || text::parseGuid(name).has_value();
+    return text::fromGlobalId(name).has_value() || text::parseGuid(name).has_value();
 }
 
 class Parser {
@@ -203,9 +203,7 @@ private:
 
 /// Of UTF-8, from 1.
 std::size_t characterAt(std::string_view text, std::size_t place) {
-    const auto isFirstByte = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; };
-    const std::string_view before = text.substr(0, place);
-    return static_cast<std::size_t>(std::ranges::count_if(before, isFirstByte)) + 1;
+    return text::characterCount(text.substr(0, place)) + 1;
 }
 
 }  // namespace

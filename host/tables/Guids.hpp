@@ -7,9 +7,9 @@
 
 namespace tables {
 
-/// @param text  36 characters in any case, in braces or not, or a GlobalId of 22; blanks around it do not count.
+/// @param written  36 characters in any case, in braces or not, or a GlobalId of 22; blanks around it do not count.
 /// @return the 36 characters, in capitals as 'modelhost list' prints them.
-std::optional<std::string> parseGuid(std::string_view text);
+std::optional<std::string> parseGuid(std::string_view written);
 
 /// Whether a column's header says that it holds GUIDs: "GUID" or "GlobalId" in any case.
 bool namesGuids(std::string_view header);

@@ -3,6 +3,7 @@
 #include <unicode/utf16.h>
 #include <unicode/utf8.h>
 
+#include <algorithm>
 #include <cstdint>
 
 namespace text {
@@ -94,6 +95,11 @@ std::size_t characterCount(std::u16string_view utf16) {
     std::size_t count = 0;
     for (std::size_t at = 0; at < utf16.size(); ++count) nextCharacter(utf16, at);
     return count;
+}
+
+std::size_t characterCount(std::string_view utf8) {
+    const auto begins = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; };
+    return static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), begins));
 }
 
 }  // namespace text

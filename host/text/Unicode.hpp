@@ -38,5 +38,7 @@ std::string wellFormed(std::string_view bytes);
 
 /// How many characters the text has, a surrogate pair being one.
 std::size_t characterCount(std::u16string_view utf16);
+/// The same of well-formed UTF-8.
+std::size_t characterCount(std::string_view utf8);
 
 }  // namespace text

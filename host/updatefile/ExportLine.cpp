@@ -1,6 +1,7 @@
 #include "updatefile/ExportLine.hpp"
 
 #include "text/Unicode.hpp"
+#include "updatefile/Designation.hpp"
 
 #include <fmt/format.h>
 
@@ -50,7 +51,7 @@ std::string fieldText(const CurrentText& current) {
 }  // namespace
 
 model::Status checkItem(std::string_view item) {
-    if (item.substr(0, item.find('[')).empty()) {
+    if (nameIn(item).empty()) {
         return model::Error{model::ErrorKind::BadName,
                             fmt::format("'{}' is no item: write an attribute, a property such as "
                                         "FireRating[WallCommon] or a classification",

@@ -4,14 +4,16 @@
 #include "model/ifc/schema/StandardSets.hpp"
 #include "text/Ascii.hpp"
 #include "text/Unicode.hpp"
+#include "updatefile/Designation.hpp"
+#include "updatefile/ReviewList.hpp"
 #include "updatefile/UpdateFileScan.hpp"
 #include "updatefile/Wording.hpp"
 
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <map>
+#include <optional>
 #include <tuple>
 
 namespace updatefile {
@@ -26,25 +28,9 @@ using model::ifc::StandardSet;
 using model::ifc::StandardSets;
 
 constexpr std::string_view Prefix = "Pset_";
-/// The labels that the add-on can give to a reference that is not there yet.
-constexpr std::array<std::string_view, 2> Labels = {"SpecSection Classification", "UniFormat Classification"};
 /// Nobody reads more; and to seek what a name is near to takes a while.
 constexpr std::size_t MostNames = 200;
 constexpr std::size_t MostHints = 20;
-
-struct Designation {
-    std::string name;
-    bool hasSet = false;
-    std::string set;  ///< Without the prefix that the add-on puts before it.
-};
-
-/// As the add-on cuts it: the last character is taken for the closing bracket.
-Designation cut(const std::string& text) {
-    const std::size_t bracket = text.find('[');
-    if (bracket == std::string::npos) return {text, false, {}};
-    const std::size_t length = text.size() - bracket - 1;
-    return {text.substr(0, bracket), true, text.substr(bracket + 1, length == 0 ? 0 : length - 1)};
-}
 
 std::string_view shortName(std::string_view set) {
     return set.starts_with(Prefix) ? set.substr(Prefix.size()) : set;
@@ -57,12 +43,15 @@ std::string written(std::string_view name, std::string_view set) {
 /// Gives a reason and what to write for one name, or nothing.
 class Advisor {
 public:
-    Advisor(const StandardSets& sets, const UnknownItem& item)
-        : sets_(sets), item_(item), meant_(cut(item.designation)) {}
+    Advisor(const StandardSets& sets, const UnknownItem& item) : sets_(sets), item_(item) {
+        const Designation meant = parseDesignation(text::fromUtf8(item.designation));
+        name_ = text::toUtf8(meant.name);
+        if (meant.set) set_ = text::toUtf8(*meant.set);
+    }
 
     std::string advice() const {
-        if (!meant_.hasSet && meansClassification(item_.designation, item_.value)) return onClassification();
-        return meant_.hasSet ? onSet() : onBareName();
+        if (!set_ && meansClassification(item_.designation, item_.value)) return onClassification();
+        return set_ ? onSet(*set_) : onBareName();
     }
 
 private:
@@ -81,34 +70,33 @@ private:
     }
 
     std::string onClassification() const {
-        NearestName nearest(meant_.name);
-        for (const std::string_view label : Labels) nearest.offer(label);
-        if (std::ranges::find(Labels, meant_.name) != Labels.end()) return {};
+        NearestName nearest(name_);
+        for (const std::string_view label : reviewlist::AddedSystems) nearest.offer(label);
+        if (std::ranges::find(reviewlist::AddedSystems, name_) != reviewlist::AddedSystems.end()) return {};
         if (!nearest.found().empty()) return fmt::format("is nearly a classification: write {}", nearest.found());
         return fmt::format(
             "is no classification of the element, and only {} and {} can be given to an element that has none",
-            Labels[1], Labels[0]);
+            reviewlist::AddedSystems[1], reviewlist::AddedSystems[0]);
     }
 
-    std::string onSet() const {
-        if (meant_.set.starts_with(Prefix)) {
-            return fmt::format("would go into {}{}, since {} is put before every set: write {}", Prefix, meant_.set,
-                               Prefix, written(meant_.name, meant_.set));
+    std::string onSet(const std::string& setName) const {
+        if (const std::string given = setName.substr(Prefix.size()); given.starts_with(Prefix)) {
+            return fmt::format("would go into {}, since {} is put before every set: write {}", setName, Prefix,
+                               written(name_, given));
         }
-        const std::string setName = std::string(Prefix) + meant_.set;
         const auto set = sets_.find(setName);
         if (!set) {
             const std::string_view near = sets_.nearestSet(setName);
             return near.empty()
                        ? std::string()
-                       : fmt::format("is nearly of the standard's set {}: write {}", near, written(meant_.name, near));
+                       : fmt::format("is nearly of the standard's set {}: write {}", near, written(name_, near));
         }
         return isFor(*set) ? onNameIn(*set) : onForeignSet(setName);
     }
 
     std::string onNameIn(const StandardSet& set) const {
-        if (set.find(meant_.name)) return {};
-        NearestName nearest(meant_.name);
+        if (set.find(name_)) return {};
+        NearestName nearest(name_);
         for (std::size_t i = 0; i < set.size(); ++i) nearest.offer(set.property(i).name);
         if (nearest.found().empty()) return {};
         return fmt::format("is nearly the standard's {} of {}: write {}", nearest.found(), set.name(),
@@ -116,16 +104,16 @@ private:
     }
 
     std::string onForeignSet(const std::string& setName) const {
-        const std::string better = setFor(meant_.name);
+        const std::string better = setFor(name_);
         const std::string what = fmt::format("would go into {}, which the standard has for other classes than {}",
                                              setName, item_.ifcClass->name());
-        if (better.empty()) return what + ": write a set of your own, as in " + written(meant_.name, "Custom");
-        return fmt::format("{}: write {}", what, written(meant_.name, better));
+        if (better.empty()) return what + ": write a set of your own, as in " + written(name_, "Custom");
+        return fmt::format("{}: write {}", what, written(name_, better));
     }
 
     /// Of those that an update can set.
     std::string_view nearestAttribute() const {
-        NearestName nearest(meant_.name);
+        NearestName nearest(name_);
         for (const Attribute& attribute : item_.ifcClass->attributes()) {
             const bool holdsText = attribute.base != BaseType::Reference && attribute.base != BaseType::Select &&
                                    attribute.base != BaseType::Aggregate && attribute.base != BaseType::Binary;
@@ -135,7 +123,7 @@ private:
     }
 
     std::string onBareName() const {
-        std::string_view name = meant_.name;
+        std::string_view name = name_;
         std::string set = setFor(name);
         if (!set.empty())
             return fmt::format("is the standard's for {}: write {}", item_.ifcClass->name(), written(name, set));
@@ -150,7 +138,8 @@ private:
 
     const StandardSets& sets_;
     const UnknownItem& item_;
-    Designation meant_;
+    std::string name_;
+    std::optional<std::string> set_;
 };
 
 bool isNotTheName(const UnknownItem& item) {

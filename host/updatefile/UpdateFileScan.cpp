@@ -18,13 +18,6 @@ using namespace std::string_view_literals;
 constexpr std::size_t LongestPiece = 2047;
 constexpr std::size_t FieldsOfALine = 4;
 
-/// The form of a GlobalId in the model's file: 22 digits of base 64, the first of two bits only.
-bool looksLikeGlobalId(std::string_view text) {
-    constexpr std::string_view digits = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz_$";
-    return text.size() == 22 && text.front() >= '0' && text.front() <= '3' &&
-           text.find_first_not_of(digits) == std::string_view::npos;
-}
-
 bool inQuotes(std::string_view field) {
     return field.size() >= 2 && field.front() == '"' && field.back() == '"';
 }
@@ -139,7 +132,7 @@ void UpdateFileScan::examineGuid(std::string_view field) {
     if (firstField_ == FirstField::UnknownGuid) findings_.unknownElement.add(line_);
     if (firstField_ != FirstField::NoGuid) return;
     findings_.noGuid.add(line_);
-    if (looksLikeGlobalId(field)) findings_.globalId.add(line_);
+    if (text::fromGlobalId(field).has_value()) findings_.globalId.add(line_);
 }
 
 UpdateFileFindings UpdateFileScan::finish() {

@@ -7,6 +7,7 @@
 #include "desktop/elements/CommonValues.hpp"
 #include "desktop/elements/ElementPanel.hpp"
 #include "desktop/elements/InspectorPanel.hpp"
+#include "text/Guid.hpp"
 
 #include <QClipboard>
 #include <QItemSelectionModel>
@@ -73,7 +74,7 @@ protected:
             model::Guid guid{};
             guid[14] = static_cast<std::uint8_t>((i + 1) >> 8U);
             guid[15] = static_cast<std::uint8_t>(i + 1);
-            text += "#" + std::to_string(i + 1) + "=IFCBUILDINGELEMENTPROXY('" + model::toGlobalId(guid) +
+            text += "#" + std::to_string(i + 1) + "=IFCBUILDINGELEMENTPROXY('" + text::toGlobalId(guid) +
                     "',$,'Proxy " + std::to_string(i) + "',$,'same',$,$,$,$);\n";
         }
         openFile(folder_.write("proxies.ifc", text + "ENDSEC;\nEND-ISO-10303-21;\n"));

@@ -10,6 +10,7 @@
 #include "desktop/window/HelpMenu.hpp"
 #include "desktop/window/RecentFiles.hpp"
 #include "support/Places.hpp"
+#include "text/Guid.hpp"
 
 #include <QAccessible>
 #include <QCheckBox>
@@ -114,7 +115,7 @@ TEST_F(Window, FilterFindsAnElementByGuidOrGlobalId) {
     ASSERT_EQ(table().model()->rowCount(), 1);
     EXPECT_EQ(wholeGuid(0), Wall);
     press(window(), Qt::Key_A, Qt::ControlModifier);
-    filter(QString::fromStdString(model::toGlobalId(*desktop::guidFromText(Wall))));
+    filter(QString::fromStdString(text::toGlobalId(*desktop::guidFromText(Wall))));
     ASSERT_EQ(table().model()->rowCount(), 1);
     EXPECT_EQ(wholeGuid(0), Wall);
 }

@@ -1,4 +1,5 @@
 #include "TinyModel.hpp"
+#include "text/Guid.hpp"
 
 #include <gmock/gmock.h>
 
@@ -28,7 +29,7 @@ TEST(Elements, AreFoundByTheirGuid) {
     ifc.element("IfcWall", "B");
     Opened model(ifc);
     EXPECT_EQ(model->find(model->info(1).guid), 1U);
-    EXPECT_EQ(model->find(*model::fromGlobalId(TinyModel::globalIdText(77))), std::nullopt);
+    EXPECT_EQ(model->find(*text::fromGlobalId(TinyModel::globalIdText(77))), std::nullopt);
     EXPECT_EQ(model->find(model::Guid{}), std::nullopt);
 }
 

@@ -6,10 +6,10 @@
 
 namespace {
 
-using model::fromGlobalId;
 using model::Guid;
-using model::toGlobalId;
+using text::fromGlobalId;
 using text::guidText;
+using text::toGlobalId;
 
 TEST(GlobalId, ExpandsToTheGuidOfItsBits) {
     const std::pair<std::string_view, std::string_view> table[] = {
@@ -23,10 +23,10 @@ TEST(GlobalId, ExpandsToTheGuidOfItsBits) {
         {"2ZAJ77ix915urgC3ZTJffu", "A32931C7-B3B2-4117-8D6A-3038DD4E9A78"},
     };
     for (const auto& [globalId, guid] : table) {
-        const auto expanded = fromGlobalId(globalId);
+        const auto expanded = text::fromGlobalId(globalId);
         ASSERT_TRUE(expanded) << globalId;
         EXPECT_EQ(guidText(*expanded), guid) << globalId;
-        EXPECT_EQ(toGlobalId(*expanded), globalId);
+        EXPECT_EQ(text::toGlobalId(*expanded), globalId);
     }
 }
 
@@ -34,12 +34,12 @@ TEST(GlobalId, IsRefusedWhereItIsNot22ValidCharacters) {
     for (const std::string_view text :
          {"", "000000000000000000000", "00000000000000000000000", "4000000000000000000000", "$000000000000000000000",
           "000000000000000000000-", "00000000000000000000 0", "00000000000000000000\xC3\xA4"}) {
-        EXPECT_FALSE(fromGlobalId(text)) << text;
+        EXPECT_FALSE(text::fromGlobalId(text)) << text;
     }
 }
 
 RC_GTEST_PROP(GlobalId, AnyGuidSurvivesTheRoundTrip, (const Guid& guid)) {
-    const auto back = fromGlobalId(toGlobalId(guid));
+    const auto back = text::fromGlobalId(text::toGlobalId(guid));
     RC_ASSERT(back.has_value());
     RC_ASSERT(*back == guid);
 }

@@ -1,4 +1,5 @@
 #include "RandomModel.hpp"
+#include "text/Guid.hpp"
 
 #include "model/step/StepFile.hpp"
 
@@ -206,7 +207,7 @@ std::string faultsOf(const std::string& bytes) {
     std::set<std::string> globalIds;
     for (auto at = bytes.find("('"); at != std::string::npos; at = bytes.find("('", at + 1)) {
         const std::string text = bytes.substr(at + 2, 22);
-        if (!model::fromGlobalId(text) || bytes[at + 24] != '\'') continue;
+        if (!text::fromGlobalId(text) || bytes[at + 24] != '\'') continue;
         if (!globalIds.insert(text).second) return "two roots have the GlobalId " + text;
         if (historyIsDue && bytes[at + 26] == '$') return "a root without an owner history: " + text;
     }

@@ -2,6 +2,7 @@
 // with the file, not with its square. At these sizes the square takes minutes.
 
 #include "TinyModel.hpp"
+#include "text/Guid.hpp"
 
 #include <gtest/gtest.h>
 
@@ -209,7 +210,7 @@ TEST(Repeated, HashesOfGlobalIds) {
             guid[byte] = static_cast<std::uint8_t>(high >> (8 * byte));
             guid[8 + byte] = static_cast<std::uint8_t>(low >> (8 * byte));
         }
-        ifc.raw("IFCWALL('" + model::toGlobalId(guid) + "',$,$,$,$,$,$,$,$)");
+        ifc.raw("IFCWALL('" + text::toGlobalId(guid) + "',$,$,$,$,$,$,$,$)");
     }
     expectQuick(ifc.text(), 2, setP);
 }

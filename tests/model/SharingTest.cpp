@@ -2,6 +2,7 @@
 // value, and undoing restores the bytes.
 
 #include "TinyModel.hpp"
+#include "text/Guid.hpp"
 
 #include <gmock/gmock.h>
 
@@ -295,7 +296,7 @@ TEST(Sharing, TheElementLeavesTheOldRelationAndTheCopyHasItsOwnGlobalId) {
     std::vector<std::string> globalIds;
     for (auto quote = bytes.find("('"); quote != std::string::npos; quote = bytes.find("('", quote + 1)) {
         const std::string text = bytes.substr(quote + 2, 22);
-        if (model::fromGlobalId(text)) globalIds.push_back(text);
+        if (text::fromGlobalId(text)) globalIds.push_back(text);
     }
     std::sort(globalIds.begin(), globalIds.end());
     EXPECT_EQ(std::adjacent_find(globalIds.begin(), globalIds.end()), globalIds.end());

@@ -1,4 +1,5 @@
 #include "TinyModel.hpp"
+#include "text/Guid.hpp"
 
 #include "model/ifc/schema/Schema.hpp"
 #include "model/step/syntax/Numbers.hpp"
@@ -78,7 +79,7 @@ std::string TinyModel::globalIdText(unsigned number) {
     model::Guid guid{};
     for (std::size_t i = 0; i < 4; ++i) guid[15 - i] = static_cast<std::uint8_t>(number >> (8 * i));
     guid[0] = 0xC0;
-    return model::toGlobalId(guid);
+    return text::toGlobalId(guid);
 }
 
 Id TinyModel::element(std::string_view ifcClass, const std::string& name, const Values& more) {

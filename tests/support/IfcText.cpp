@@ -1,4 +1,5 @@
 #include "support/IfcText.hpp"
+#include "text/Guid.hpp"
 
 #include "Guid.hpp"
 #include "model/Model.hpp"
@@ -42,7 +43,7 @@ std::string globalId(std::string_view guid) {
     }
     model::Guid bytes;
     std::copy(std::begin(parsed.bytes), std::end(parsed.bytes), bytes.begin());
-    return model::toGlobalId(bytes);
+    return text::toGlobalId(bytes);
 }
 
 std::string stepText(std::string_view text) {

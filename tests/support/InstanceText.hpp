@@ -2,6 +2,7 @@
 // One instance in STEP form, by the schema tables: only the attributes that a test is about have to be named.
 
 #include "model/ifc/schema/Schema.hpp"
+#include "text/Ascii.hpp"
 
 #include <algorithm>
 #include <stdexcept>
@@ -33,9 +34,7 @@ inline std::string instanceText(const model::ifc::Entity& entity, const Attribut
         if (index < 0) throw std::invalid_argument(std::string(entity.name()) + " has no " + std::string(name));
         arguments[static_cast<std::size_t>(index)] = value;
     }
-    std::string text(entity.name());
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
+    std::string text = text::toUpperCase(entity.name());
     for (std::size_t i = 0; i < arguments.size(); ++i) text += (i == 0 ? "(" : ",") + arguments[i];
     return text + (arguments.empty() ? "()" : ")");
 }

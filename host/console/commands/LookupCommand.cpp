@@ -95,7 +95,7 @@ void LookupUser::lookUp(frontend::Dialog& dialog) {
 
 /// The dialog takes the 36 characters only. Windows programs often write a GUID in braces.
 std::string inLongForm(const std::string& guid) {
-    if (const auto fromGlobalId = model::fromGlobalId(guid)) return text::guidText(*fromGlobalId);
+    if (const auto bytes = text::fromGlobalId(guid)) return text::guidText(*bytes);
     const bool inBraces = guid.size() > 2 && guid.front() == '{' && guid.back() == '}';
     return inBraces ? guid.substr(1, guid.size() - 2) : guid;
 }

@@ -5,6 +5,7 @@
 #include "console/output/Messages.hpp"
 #include "console/several/Share.hpp"
 #include "selection/Selection.hpp"
+#include "updatefile/Designation.hpp"
 #include "updatefile/ItemCensus.hpp"
 
 #include <fmt/format.h>
@@ -16,9 +17,8 @@ namespace console {
 namespace {
 
 bool isItem(const std::string& name, const std::vector<std::string>& items) {
-    return std::any_of(items.begin(), items.end(), [&name](const std::string& item) {
-        return std::string_view(item).substr(0, item.find('[')) == name;
-    });
+    return std::any_of(items.begin(), items.end(),
+                       [&name](const std::string& item) { return updatefile::nameIn(item) == name; });
 }
 
 /// Of items that are there, one that no element chosen has is what was asked about.
@@ -33,7 +33,7 @@ std::vector<std::string> unknownItems(const Models& models, const std::string& w
     for (const std::string& name : names) {
         if (isItem(name, items)) continue;
         const std::string meant = nearest(name, items);
-        lines.push_back("--where: " + noSuchItem(name, meant.substr(0, meant.find('['))));
+        lines.push_back("--where: " + noSuchItem(name, std::string(updatefile::nameIn(meant))));
     }
     return lines;
 }

@@ -1,6 +1,7 @@
 #include "console/help/ManPage.hpp"
 
 #include "console/help/HelpText.hpp"
+#include "text/Ascii.hpp"
 
 #include <fmt/format.h>
 
@@ -37,16 +38,10 @@ std::string pageName(const CommandDescription& command) {
     return command.name.empty() ? "modelhost" : "modelhost-" + command.name;
 }
 
-std::string upperCase(std::string text) {
-    for (char& c : text)
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-    return text;
-}
-
 /// man(1) finds a page by its NAME line, which has no capital and no full stop.
 std::string nameLine(const CommandDescription& command) {
     std::string text = command.text;
-    if (!text.empty() && text[0] >= 'A' && text[0] <= 'Z') text[0] = static_cast<char>(text[0] - 'A' + 'a');
+    if (!text.empty()) text[0] = text::lowerCase(text[0]);
     return fmt::format(".SH NAME\n{} \\- {}\n", escaped(pageName(command)), escaped(text));
 }
 
@@ -78,7 +73,7 @@ std::string notes(const CommandDescription& command) {
 
 std::string manPage(const CommandDescription& command, const ProgramDescription& program) {
     std::string page = fmt::format(".TH {} 1 \"\" \"modelhost {}\" \"User Commands\"\n",
-                                   escaped(upperCase(pageName(command))), PROJECT_VERSION);
+                                   escaped(text::toUpperCase(pageName(command))), PROJECT_VERSION);
     // Words that are typed are not cut at the end of a line.
     page += ".nh\n.ad l\n" + nameLine(command);
     page += fmt::format(".SH SYNOPSIS\n{}\n", escaped(usageOf(command)));

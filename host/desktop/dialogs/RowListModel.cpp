@@ -2,6 +2,7 @@
 
 #include "desktop/QtText.hpp"
 #include "desktop/dialogs/RowLook.hpp"
+#include "text/Unicode.hpp"
 #include "updatefile/ReviewList.hpp"
 
 #include <utility>
@@ -99,8 +100,8 @@ void RowListModel::findTickColumn() {
     tickColumn_ = -1;
     const int rows = list_.rowCount();
     const auto isTick = [this](int row, int column) {
-        const GS::UniString text = list_.cell(counted1(row), counted1(column));
-        return text.View() == u"[X]" || text.View() == u"[  ]";
+        const std::string text = text::toUtf8(list_.cell(counted1(row), counted1(column)).View());
+        return text == updatefile::reviewlist::Ticked || text == updatefile::reviewlist::Unticked;
     };
     const auto isTickInAll = [&](int column) {
         for (int row = 0; row < rows; ++row)

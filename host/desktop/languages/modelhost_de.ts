@@ -873,7 +873,7 @@ Add-on: %1
 <context>
     <name>desktop::PickedUpdates</name>
     <message>
-        <source>%1 more cells or lines were left out; mend these first</source>
+        <source>%1 more cells or lines were left out; fix these first</source>
         <translation>%1 weitere Zellen oder Zeilen wurden ausgelassen; bessern Sie zuerst diese aus</translation>
     </message>
     <message>

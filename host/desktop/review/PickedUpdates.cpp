@@ -10,7 +10,7 @@ namespace desktop {
 
 namespace {
 
-/// Nobody reads more, and what they have in common is mended at once.
+/// Nobody reads more, and what they have in common is fixed at once.
 constexpr std::size_t MostLeftOutShown = 20;
 
 QString sentence(const std::string& text) {
@@ -23,7 +23,7 @@ QStringList leftOut(const tables::ReadReport& table) {
     for (const tables::LeftOut& left : table.leftOut) {
         if (static_cast<std::size_t>(hints.size()) == MostLeftOutShown) {
             hints += QCoreApplication::translate("desktop::PickedUpdates",
-                                                 "%1 more cells or lines were left out; mend these first")
+                                                 "%1 more cells or lines were left out; fix these first")
                          .arg(number(static_cast<qint64>(table.leftOut.size() - MostLeftOutShown)));
             break;
         }

@@ -15,6 +15,9 @@ namespace {
 using updatefile::reviewlist::GuidColumn;
 using updatefile::reviewlist::PropertyColumn;
 
+/// The dialog manager counts the fields of a row from 1.
+constexpr Int16 TickField = updatefile::reviewlist::TickColumn + 1;
+
 bool isSettled(Mark mark) {
     return mark == Mark::Done || mark == Mark::Error;
 }
@@ -99,7 +102,7 @@ void ReviewNotes::countTicks(const frontend::List& list) {
     for (int row = 1; row <= list.rowCount(); ++row) {
         if (list.status(static_cast<Int16>(row)) != DG_IS_ENABLE) continue;
         ++tickable_;
-        ticked_ += list.rowText(static_cast<Int16>(row)).View().starts_with(u"[X]");
+        ticked_ += text::toUtf8(list.cell(static_cast<Int16>(row), TickField).View()) == updatefile::reviewlist::Ticked;
     }
 }
 

@@ -33,7 +33,7 @@ Error noTable(const std::string& what) {
     return {"it is " + what + " and no table; " + SaveAsTable};
 }
 
-Result<Content> tellArchive(std::string_view bytes) {
+Result<Content> detectInArchive(std::string_view bytes) {
     Result<Package> package = Package::open(bytes);
     if (!package) return package.error();
     if (package->has("xl/workbook.bin")) return Error{"it is a binary workbook (.xlsb); save it as .xlsx"};
@@ -49,7 +49,7 @@ Result<Content> tellArchive(std::string_view bytes) {
 }
 
 /// Microsoft's older container: the workbooks of before 2007, and the encrypted ones of today.
-Error tellCompound(std::string_view bytes) {
+Error compoundError(std::string_view bytes) {
     if (bytes.find("E\0n\0c\0r\0y\0p\0t\0e\0d\0P\0a\0c\0k\0a\0g\0e\0"sv) != std::string_view::npos)
         return {"the workbook is encrypted; save it without a password"};
     return {"it is in Microsoft's older format (.xls); save it as .xlsx"};
@@ -66,14 +66,14 @@ bool mostlyControls(std::string_view beginning) {
 
 }  // namespace
 
-Result<Content> tellContent(std::string_view bytes) {
-    constexpr std::size_t BytesThatTell = 65536;
+Result<Content> detectContent(std::string_view bytes) {
+    constexpr std::size_t SniffLength = 65536;
     if (bytes.empty()) return Error{"it is empty; save it with the table in it"};
-    if (bytes.starts_with(ZipBeginning)) return tellArchive(bytes);
-    if (bytes.starts_with(CompoundBeginning)) return tellCompound(bytes);
+    if (bytes.starts_with(ZipBeginning)) return detectInArchive(bytes);
+    if (bytes.starts_with(CompoundBeginning)) return compoundError(bytes);
     for (const Signature& signature : NoTables)
         if (bytes.starts_with(signature.bytes)) return noTable(signature.what);
-    if (mostlyControls(bytes.substr(0, BytesThatTell))) return noTable("no text");
+    if (mostlyControls(bytes.substr(0, SniffLength))) return noTable("no text");
     return Content::Text;
 }
 

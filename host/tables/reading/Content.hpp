@@ -11,6 +11,6 @@ namespace tables {
 enum class Content : std::uint8_t { Text, Xlsx, Ods };
 
 /// Fails for what holds no table that could be read, saying what it is and what to do.
-Result<Content> tellContent(std::string_view bytes);
+Result<Content> detectContent(std::string_view bytes);
 
 }  // namespace tables

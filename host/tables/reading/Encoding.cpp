@@ -2,9 +2,9 @@
 
 #include "tables/Text.hpp"
 #include "text/Ascii.hpp"
+#include "text/Unicode.hpp"
 
 #include <unicode/ucnv.h>
-#include <unicode/utf8.h>
 
 #include <algorithm>
 #include <array>
@@ -36,13 +36,9 @@ using Converter = std::unique_ptr<UConverter, CloseConverter>;
 
 /// @return where the first byte stands that is no UTF-8, or the length.
 std::size_t wellFormedLength(std::string_view bytes) {
-    const auto* const units = reinterpret_cast<const std::uint8_t*>(bytes.data());
-    const auto length = static_cast<std::int64_t>(bytes.size());
-    for (std::int64_t at = 0; at < length;) {
-        const std::int64_t start = at;
-        UChar32 character = 0;
-        U8_NEXT(units, at, length, character);
-        if (character < 0) return static_cast<std::size_t>(start);
+    for (std::size_t at = 0; at < bytes.size();) {
+        const std::size_t start = at;
+        if (text::nextCharacter(bytes, at) == text::NoCharacter) return start;
     }
     return bytes.size();
 }

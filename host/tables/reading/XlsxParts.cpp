@@ -1,9 +1,9 @@
 #include "tables/reading/XlsxParts.hpp"
 
 #include "tables/reading/Xml.hpp"
+#include "text/Unicode.hpp"
 
 #include <unicode/utf16.h>
-#include <unicode/utf8.h>
 
 #include <algorithm>
 #include <array>
@@ -162,13 +162,6 @@ std::optional<std::uint16_t> escapeAt(std::string_view text, std::size_t at) {
     return error == std::errc() && end == last ? std::optional(unit) : std::nullopt;
 }
 
-void appendCharacter(std::string& text, std::uint32_t character) {
-    std::array<std::uint8_t, U8_MAX_LENGTH> bytes{};
-    std::size_t length = 0;
-    U8_APPEND_UNSAFE(bytes, length, character);
-    text.append(bytes.begin(), bytes.begin() + length);
-}
-
 }  // namespace
 
 Result<Book> readBook(Package& package) {
@@ -217,7 +210,7 @@ std::string unescape(std::string_view text) {
         if (at == text.size()) break;
         const auto unit = escapeAt(text, at);
         if (unit && !U16_IS_SURROGATE(*unit)) {
-            appendCharacter(plain, *unit);
+            text::appendCharacter(plain, *unit);
             at += 7;
         } else {
             plain += text[at++];

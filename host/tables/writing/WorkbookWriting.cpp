@@ -1,6 +1,7 @@
 #include "tables/Writing.hpp"
 #include "tables/reading/TableBuilder.hpp"
 #include "tables/reading/Workbook.hpp"
+#include "text/Unicode.hpp"
 
 #include <xlsxwriter.h>
 
@@ -84,11 +85,6 @@ std::string escaped(const std::string& text) {
     return result;
 }
 
-std::size_t lettersOf(std::string_view text) {
-    return static_cast<std::size_t>(std::count_if(
-        text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
-}
-
 class Writer {
 public:
     Writer(const Grid& grid, const std::string& path) : grid_(grid) {
@@ -146,9 +142,9 @@ private:
 
     double widthOf(std::size_t column) const {
         constexpr std::size_t FilterButton = 3;
-        std::size_t letters = std::max(NarrowestColumn, lettersOf(grid_.columns[column]) + FilterButton);
+        std::size_t letters = std::max(NarrowestColumn, text::characterCount(grid_.columns[column]) + FilterButton);
         for (std::size_t i = 0; i < std::min(grid_.rows.size(), RowsLookedAtForWidths); ++i)
-            letters = std::max(letters, lettersOf(grid_.rows[i][column]) + 1);
+            letters = std::max(letters, text::characterCount(grid_.rows[i][column]) + 1);
         return static_cast<double>(std::min(letters, WidestColumn));
     }
 
@@ -189,7 +185,7 @@ private:
 bool isTooLong(const std::string& text) {
     // An escape is seven letters for at most one byte.
     constexpr std::size_t LongestEscape = 7;
-    return text.size() > MostLettersOfACell / LongestEscape && lettersOf(escaped(text)) > MostLettersOfACell;
+    return text.size() > MostLettersOfACell / LongestEscape && text::characterCount(escaped(text)) > MostLettersOfACell;
 }
 
 /// What a sheet cannot hold, before anything is written.

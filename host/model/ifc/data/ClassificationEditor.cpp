@@ -30,8 +30,8 @@ std::string stepText(const std::optional<std::u16string>& text) {
 class ClassificationEditor {
 public:
     ClassificationEditor(Workspace& workspace, Element element, const ClassificationReference& target,
-                         std::vector<std::string>& toTell)
-        : work_(workspace), edit_(workspace, element), wanted_(target), notes_(toTell) {}
+                         std::vector<std::string>& notes)
+        : work_(workspace), edit_(workspace, element), wanted_(target), notes_(notes) {}
 
     Status run() {
         if (wanted_.system.empty()) return Error{ErrorKind::BadName, "the classification system has no label"};

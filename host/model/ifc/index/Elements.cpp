@@ -1,5 +1,5 @@
 #include "model/ifc/index/Elements.hpp"
-#include "model/base/GlobalId.hpp"
+#include "text/Guid.hpp"
 
 #include "model/ifc/values/InstanceScan.hpp"
 
@@ -100,7 +100,7 @@ private:
 
 std::optional<Guid> globalIdOf(std::string_view instanceText) {
     const std::string_view text = leadingString(instanceText, 0);
-    return text.size() < 2 ? std::nullopt : fromGlobalId(text.substr(1, text.size() - 2));
+    return text.size() < 2 ? std::nullopt : text::fromGlobalId(text.substr(1, text.size() - 2));
 }
 
 Elements::Elements(const step::StepFile& file, Classes& classes) {

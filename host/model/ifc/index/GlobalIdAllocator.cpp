@@ -1,6 +1,5 @@
 #include "model/ifc/index/GlobalIdAllocator.hpp"
 
-#include "model/base/GlobalId.hpp"
 #include "model/ifc/index/Elements.hpp"
 #include "text/Guid.hpp"
 
@@ -41,7 +40,7 @@ std::string GlobalIdAllocator::globalId(const Guid& element, std::string_view pu
     const std::string name = text::guidText(element) + ' ' + std::string(purpose);
     Guid guid = namedGuid(name);
     for (unsigned number = 2; isTaken(guid); ++number) guid = namedGuid(name + ' ' + std::to_string(number));
-    return '\'' + toGlobalId(guid) + '\'';
+    return '\'' + text::toGlobalId(guid) + '\'';
 }
 
 void GlobalIdAllocator::build() {

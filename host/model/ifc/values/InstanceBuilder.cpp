@@ -1,13 +1,12 @@
 #include "model/ifc/values/InstanceBuilder.hpp"
 
 #include "model/ifc/values/InstanceScan.hpp"
+#include "text/Ascii.hpp"
 
 namespace model::ifc {
 
-InstanceBuilder::InstanceBuilder(const Entity& cls) : entity_(cls), keyword_(cls.name()) {
-    for (char& c : keyword_) {
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-    }
+/// ISO 10303-21 writes an attribute that the class derives as an asterisk, and one without a value as a dollar sign.
+InstanceBuilder::InstanceBuilder(const Entity& cls) : entity_(cls), keyword_(text::toUpperCase(cls.name())) {
     for (const Attribute& attribute : entity_.attributes()) arguments_.emplace_back(attribute.derived ? "*" : "$");
 }
 
