@@ -29,7 +29,19 @@ UPDATES = ("4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9\tFireRating[WallCommon]\t\tF 12
 STEPS = ('{"menu":1}\n{"file":"updates.txt"}\n{"click":3}\n{"click":1}\n{"dump":true}\n{"click":2}\n{"undo":true}\n'
          '{"redo":true}\n{"menu":2}\n{"text":"4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9","item":3}\n'
          '{"click":1}\n{"click":2}\n{"save":"saved.ifc"}\n')
+TABLE = ("GUID,Name,FireRating[WallCommon],UniFormat Classification\n"
+         "4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9,new,\"F 90, as built\",B2010.10{Veneer}\n"
+         "A32931C7-B3B2-4117-8D6A-3038DD4E9A78,,F 30,\n")
+SELECTION = ("IfcWall, Pset_WallCommon.FireRating!=F60 + IfcDoor, classification=/B2.*/ + "
+             "IfcElement, material=/.*/, location=/.*/, type!=x")
 RUNS = (("list", "model.ifc", "--format", "json"),
+        ("list", "model.ifc", "--where", SELECTION),
+        ("items", "model.ifc", "--format", "json"),
+        ("export", "model.ifc", "--items", "Name,FireRating[WallCommon]", "--layout", "grid", "-o", "values.xlsx"),
+        ("import", "model.ifc", "table.csv", "--apply", "--exact", "-o", "saved.ifc", "--report", "page.html"),
+        ("import", "sound.ifc", "model.ifc", "updates.txt", "--apply", "--share-sets", "--out-dir", "out", "-j2"),
+        ("diff", "sound.ifc", "model.ifc", "--format", "json", "--report", "changes.html"),
+        ("diff", "model.ifc", "sound.ifc", "--format", "updates", "-o", "changes.txt"),
         ("lookup", "model.ifc", "4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9"),
         ("export", "model.ifc", "--items", "Name,FireRating,UniFormat Classification", "-o", "values.txt"),
         ("import", "model.ifc", "updates.txt", "--apply", "-o", "saved.ifc"),
@@ -84,8 +96,8 @@ def run(program, folder, arguments):
 
 def attack(program, model, dice, folder):
     """One damaged model through every command. @return (count of runs, complaints)"""
-    for name, content in (("model.ifc", damaged(model, dice)), ("updates.txt", UPDATES.encode()),
-                          ("steps.jsonl", STEPS.encode())):
+    for name, content in (("sound.ifc", model), ("model.ifc", damaged(model, dice)), ("table.csv", TABLE.encode()),
+                          ("updates.txt", UPDATES.encode()), ("steps.jsonl", STEPS.encode())):
         (folder / name).write_bytes(content)
     complaints, count = [], 0
     for arguments in RUNS:

@@ -69,8 +69,9 @@ ModelHostRun& ModelHostRun::withoutPrivileges() {
 
 void ModelHostRun::become(const std::vector<std::string>& arguments) const {
     if (chdir(folder_.c_str()) != 0) _exit(CouldNotStart);
-    // A shell starts what runs in its background with interrupts ignored, and all that is started from there.
-    std::signal(SIGINT, SIG_DFL);
+    // A shell starts what runs in its background with interrupts ignored, nohup with hangups, and all that is started
+    // from there.
+    for (const int ignored : {SIGINT, SIGHUP}) std::signal(ignored, SIG_DFL);
     constexpr uid_t nobody = 65534;
     if (unprivileged_ && (setgid(nobody) != 0 || setuid(nobody) != 0)) _exit(CouldNotStart);
     for (const char* variable : {"COLUMNS", "NO_COLOR"}) unsetenv(variable);
