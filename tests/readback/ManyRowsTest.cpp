@@ -116,7 +116,7 @@ TEST(ManyRows, OfEnumeratedPropertiesAreReadFast) {
 
 /// As the add-on asks: for all classifications of the element with each row.
 TEST(ManyRows, OfClassificationsAreAskedForFast) {
-    constexpr int Many = 3000, Times = 8000;
+    constexpr int Many = 4000, Times = 16000;
     Walls walls;
     for (int i = 0; i < Many; ++i) walls.classification(i);
     const auto model = walls.open();
