@@ -15,7 +15,7 @@ struct Listed {
     HostSlot slot;
     const char* name;
 };
-constexpr Listed Listed[] = {
+constexpr Listed ListedSlots[] = {
 #define ACAPI_SLOT(number, name, result, parameters) {HostSlot::name, #name},
 #include "ACAPISlots.def"
 #undef ACAPI_SLOT
@@ -30,7 +30,7 @@ std::array<HostFunction, HostTableSize> filledTable() {
 
 TEST(TableSlots, ListedSlotIsFilledUnlessItIsEmptyForAReason) {
     const auto table = filledTable();
-    for (const Listed& slot : Listed) {
+    for (const Listed& slot : ListedSlots) {
         const char* const reason = host::reasonForEmptySlot(slot.slot);
         EXPECT_EQ(table[static_cast<std::size_t>(slot.slot)] == nullptr, reason != nullptr) << slot.name;
     }
@@ -73,19 +73,19 @@ TEST(TableSlots, NumbersAreTheOnesThatAddOnsWereBuiltWith) {
         {"Element_SetIFCClassificationReference", 422},
     };
     std::map<std::string, int> found;
-    for (const Listed& slot : Listed) found[slot.name] = static_cast<int>(slot.slot);
+    for (const Listed& slot : ListedSlots) found[slot.name] = static_cast<int>(slot.slot);
     EXPECT_EQ(found, numbers);
 }
 
 TEST(EmptySlots, UnlistedSlotsAreNull) {
     auto table = filledTable();
-    for (const Listed& slot : Listed) table[static_cast<std::size_t>(slot.slot)] = nullptr;
+    for (const Listed& slot : ListedSlots) table[static_cast<std::size_t>(slot.slot)] = nullptr;
     for (std::size_t i = 0; i < table.size(); ++i) EXPECT_EQ(table[i], nullptr) << i;
 }
 
 TEST(EmptySlots, EachHasAReason) {
     int empty = 0;
-    for (const Listed& slot : Listed) {
+    for (const Listed& slot : ListedSlots) {
         const char* const reason = host::reasonForEmptySlot(slot.slot);
         if (reason == nullptr) continue;
         ++empty;
