@@ -37,7 +37,7 @@ MAY_INCLUDE = {
                        ("standard", "system", "ICU", "fmt")),
     "host/selection/": (("host/selection/", "host/model/", "host/text/"), ("standard", "ICU", "fmt")),
     "host/updatefile/": (("host/updatefile/", "host/include/", "host/model/", "host/text/"), ("standard", "fmt")),
-    "host/readback/": (("host/readback/", "host/model/", "host/text/"), ("standard",)),
+    "host/readback/": (("host/readback/", "host/model/", "host/text/", "host/updatefile/"), ("standard",)),
     "host/comparing/": (("host/comparing/", "host/model/", "host/readback/", "host/text/", "host/updatefile/"),
                         ("standard",)),
     "host/report/": (("host/report/", "host/comparing/", "host/model/", "host/tables/", "host/text/"),

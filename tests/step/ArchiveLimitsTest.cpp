@@ -197,7 +197,7 @@ TEST(ArchiveOfTooMuch, IsRefusedWhateverSizesItsDirectoryNames) {
 
 /// What is packed is never more than the archive, so that a directory that names more allows no more.
 TEST(ArchiveOfTooMuch, IsMeasuredByWhatIsReallyThere) {
-    const std::string model = Before + std::string(400'000 - before.size(), ' ');
+    const std::string model = Before + std::string(400'000 - Before.size(), ' ');
     const std::uint64_t whole = wideEntry(model, 0, 0).size();
     for (const std::uint64_t packedSize : {whole, std::uint64_t{1} << 40U}) {
         for (const bool tooMuch : {false, true}) {
@@ -229,7 +229,7 @@ fs::path archiveOf(const TempFolder& folder, std::size_t entries, std::string (*
         locals += "PK\x03\x04" + common + name + bytes;
     };
     for (std::size_t i = 0; i < entries; ++i) add(nameOf(i), "", 0);
-    add("a.ifc", before, sumOf(before));
+    add("a.ifc", Before, sumOf(Before));
     const std::string count = little(entries + 1, 2);
     return folder.write("a.ifczip", locals + directory + "PK\x05\x06" + std::string(4, '\0') + count + count +
                                         little(directory.size(), 4) + little(locals.size(), 4) + little(0, 2));
