@@ -184,7 +184,7 @@ TEST(RoomLabel, StandsInsideOfAnAngle) {
 
 TEST(RoomLabel, OfNonsenseHasNoRoom) {
     const double nan = std::numeric_limits<double>::quiet_NaN(), inf = std::numeric_limits<double>::infinity();
-    for (const QPolygonF& ring : {QPolygonF(), QPolygonF({{1, 1}}), QPolygonF({{0, 0}, {1, 1}}),
+    for (const QPolygonF& ring : {QPolygonF(), QPolygonF({{1, 1}}), QPolygonF(QList<QPointF>{{0, 0}, {1, 1}}),
                                   QPolygonF({{nan, 0}, {1, nan}, {0, 1}}), QPolygonF({{0, 0}, {inf, 0}, {0, inf}})}) {
         desktop::PlanLabel label;
         desktop::placeLabel(label, {ring});

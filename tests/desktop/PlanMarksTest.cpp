@@ -75,7 +75,7 @@ TEST(PlanSigns, StandOnWhatTheyAreAbout) {
     EXPECT_TRUE(place.x() <= 2 || place.y() <= 2) << "not in the notch";
     EXPECT_EQ(desktop::signPlace(square(4, 4, 2)), QPointF(5, 5));
     Footprint line;
-    line.lines << QPolygonF({{0, 0}, {4, 2}});
+    line.lines << QPolygonF(QList<QPointF>{{0, 0}, {4, 2}});
     line.box = line.lines[0].boundingRect();
     EXPECT_EQ(desktop::signPlace(line), QPointF(2, 1));
 }

@@ -75,7 +75,7 @@ TEST_F(PlanOnPaper, OfAPartIsAtALargerScale) {
 }
 
 TEST_F(PlanOnPaper, IsSavedFromTheMenuUnderTheStoreysName) {
-    whenShown<QFileDialog>(QStringLiteral("planDialog"), [this](QFileDialog& dialog) {
+    whenShown<QFileDialog>(QStringLiteral("planDialog"), [](QFileDialog& dialog) {
         auto* name = dialog.findChild<QLineEdit*>();
         ASSERT_NE(name, nullptr);
         EXPECT_EQ(name->text(), QStringLiteral("house-Erdgeschoss"));

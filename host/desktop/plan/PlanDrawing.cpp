@@ -18,6 +18,8 @@ template <class... Visits>
 struct Each : Visits... {
     using Visits::operator()...;
 };
+template <class... Visits>
+Each(Visits...) -> Each<Visits...>;
 
 }  // namespace
 
