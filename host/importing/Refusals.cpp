@@ -2,6 +2,7 @@
 
 #include "text/Ascii.hpp"
 #include "text/Guid.hpp"
+#include "updatefile/Designation.hpp"
 
 namespace importing {
 namespace {
@@ -32,7 +33,7 @@ Refusals::Refusals(const std::vector<std::string>& report) {
 std::string Refusals::reasonFor(const std::string& guid, const std::string& item) {
     const auto found = byGuid_.find(text::toUpperCase(guid));
     if (found == byGuid_.end()) return {};
-    const auto [known, isNew] = known_.try_emplace({found->first, item.substr(0, item.find('['))});
+    const auto [known, isNew] = known_.try_emplace({found->first, std::string(updatefile::nameIn(item))});
     if (isNew) known->second = find(found->second, known->first.second);
     return known->second;
 }

@@ -5,6 +5,7 @@
 #include "text/Guid.hpp"
 #include "text/Unicode.hpp"
 #include "updatefile/CurrentText.hpp"
+#include "updatefile/Designation.hpp"
 #include "updatefile/ExportLine.hpp"
 
 #include <map>
@@ -29,7 +30,7 @@ public:
         const auto known = known_.find(guid);
         const updatefile::CurrentTexts* element = known != known_.end() ? known->second.get() : readElement(guid);
         if (element == nullptr) return std::nullopt;
-        const updatefile::CurrentText current = element->of(text::fromUtf8(item.substr(0, item.find('['))));
+        const updatefile::CurrentText current = element->of(text::fromUtf8(updatefile::nameIn(item)));
         const updatefile::ExportLine line = updatefile::exportLine({std::string(guid), false, true}, item, current);
         return line.obstacle == updatefile::Obstacle::None ? std::optional(line.value) : std::nullopt;
     }

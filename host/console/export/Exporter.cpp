@@ -3,6 +3,7 @@
 #include "console/Failure.hpp"
 #include "console/output/HostText.hpp"
 #include "text/Guid.hpp"
+#include "updatefile/Designation.hpp"
 #include "updatefile/Wording.hpp"
 
 #include <fmt/format.h>
@@ -17,13 +18,6 @@ using updatefile::Obstacle;
 namespace {
 
 constexpr std::size_t ExamplesKept = 3;
-
-/// The name that the add-on looks for: the text before the first bracket.
-std::u16string nameOf(const std::string& designation) {
-    const GS::UniString text = toUniString(designation);
-    const std::u16string_view units = text.View();
-    return std::u16string(units.substr(0, units.find(u'[')));
-}
 
 ElementData read(const model::Model& model, model::Element element) {
     return {valueOrThrow(model.attributes(element)), valueOrThrow(model.properties(element)),
@@ -54,7 +48,7 @@ std::string LeftOut::text(const Group& group) {
 Exporter::Exporter(const model::Model& model, std::vector<std::string> items, Missing missing, Sink sink)
     : model_(model), missing_(missing), sink_(std::move(sink)) {
     for (std::string& text : items) {
-        std::u16string name = nameOf(text);
+        std::u16string name = updatefile::parseDesignation(toUniString(text).View()).name;
         items_.push_back({std::move(text), std::move(name), false});
     }
 }

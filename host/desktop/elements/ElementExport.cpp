@@ -5,6 +5,7 @@
 #include "desktop/elements/ValueText.hpp"
 #include "text/Guid.hpp"
 #include "text/Unicode.hpp"
+#include "updatefile/Designation.hpp"
 #include "updatefile/ExportLine.hpp"
 
 #include <QCoreApplication>
@@ -29,7 +30,7 @@ class ItemColumn {
 public:
     explicit ItemColumn(const Item& item)
         : item_(item), designation_(item.designation()), set_(text::fromUtf8(item.set.toStdString())) {
-        const std::string name = designation_.substr(0, designation_.find('['));
+        const std::string_view name = updatefile::nameIn(designation_);
         name_ = text::fromUtf8(name);
         if (item.kind == ItemKind::Attribute && name == "GlobalId") forReader_ = true;
         if (name != item.name.toStdString()) forReader_ = true;

@@ -1,6 +1,7 @@
 #include "desktop/plan/PlanOutput.hpp"
 
 #include "desktop/QtText.hpp"
+#include "desktop/SaveDialog.hpp"
 #include "desktop/WaitCursor.hpp"
 #include "desktop/WholeFile.hpp"
 #include "desktop/plan/PlanPanel.hpp"
@@ -9,7 +10,7 @@
 
 #include <QAction>
 #include <QBuffer>
-#include <QFileDialog>
+#include <QDir>
 #include <QFileInfo>
 #include <QLocale>
 #include <QMainWindow>
@@ -75,24 +76,16 @@ bool PlanOutput::isWide() {
 void PlanOutput::saveByDialog() {
     const WaitCursor::Pause usable;
     const QFileInfo model(document_.path());
-    QFileDialog dialog(window_, tr("Save Plan As"));
-    dialog.setObjectName(QStringLiteral("planDialog"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    const QStringList filters{tr("Page (*.pdf)"), tr("Drawing (*.svg)")};
-    dialog.setNameFilters(filters);
-    dialog.setDefaultSuffix(Page);
-    connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog, filters](const QString& filter) {
-        dialog.setDefaultSuffix(filter == filters.constFirst() ? Page : Drawing);
-    });
-    dialog.setDirectory(model.absolutePath());
     // A storey's name may hold what no file's name can.
     QString storey = plan_.storeyName();
     for (QChar& c : storey) {
         if (QStringLiteral("/\\:*?\"<>|").contains(c) || c < u' ') c = u'-';
     }
-    dialog.selectFile(QStringLiteral("%1-%2").arg(model.completeBaseName(), storey));
-    if (dialog.exec() == QDialog::Accepted) save(dialog.selectedFiles().constFirst());
+    const QString path =
+        askWhereToSave(window_, QStringLiteral("planDialog"), tr("Save Plan As"),
+                       {{tr("Page (*.pdf)"), Page}, {tr("Drawing (*.svg)"), Drawing}},
+                       model.absoluteDir().filePath(QStringLiteral("%1-%2").arg(model.completeBaseName(), storey)));
+    if (!path.isEmpty()) save(path);
 }
 
 bool PlanOutput::save(const QString& path) {

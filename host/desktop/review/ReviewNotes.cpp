@@ -2,7 +2,9 @@
 
 #include "desktop/QtText.hpp"
 #include "importing/ReviewRows.hpp"
+#include "text/Guid.hpp"
 #include "text/Unicode.hpp"
+#include "updatefile/Designation.hpp"
 #include "updatefile/ReviewList.hpp"
 
 #include <algorithm>
@@ -25,24 +27,19 @@ bool isSettled(Mark mark) {
 /// The GUID of an element and the name of an item, without its set.
 using Subject = std::pair<std::string, std::string>;
 
-std::string nameOf(const std::string& item) {
-    return item.substr(0, item.find('['));
-}
-
 /// The reasons in the report since line `first`, "NAME (GUID), ITEM: WHY", in their order for each subject.
 std::multimap<Subject, std::string> refusals(const std::vector<host::ReportLine>& report, std::size_t first) {
     constexpr std::string_view BehindGuid = "), ";
-    constexpr std::size_t GuidLength = 36;
     std::multimap<Subject, std::string> found;
     for (std::size_t i = first; i < report.size(); ++i) {
-        const std::string& text = report[i].text;
-        const std::size_t end = text.find(BehindGuid);
-        if (end == std::string::npos || end < GuidLength) continue;
-        const std::size_t begin = end + BehindGuid.size();
-        const std::size_t colon = text.find(": ", begin);
-        if (colon == std::string::npos) continue;
-        found.emplace(Subject(text.substr(end - GuidLength, GuidLength), nameOf(text.substr(begin, colon - begin))),
-                      text.substr(colon + 2));
+        const std::string_view line = report[i].text;
+        const std::size_t end = line.find(BehindGuid);
+        if (end == std::string_view::npos || end < text::GuidLength) continue;
+        const std::string_view guid = line.substr(end - text::GuidLength, text::GuidLength);
+        const std::string_view refusal = line.substr(end + BehindGuid.size());
+        const std::size_t colon = refusal.find(": ");
+        if (colon == std::string_view::npos) continue;
+        found.emplace(Subject(guid, updatefile::nameIn(refusal.substr(0, colon))), refusal.substr(colon + 2));
     }
     return found;
 }
@@ -118,7 +115,7 @@ void ReviewNotes::collectReasons(const std::vector<Mark>& marks) {
     for (std::size_t row = 0; row < marks.size() && row < review_.size(); ++row) {
         if (marks[row] != Mark::Error) continue;
         const auto& columns = review_[row].columns;
-        const Subject subject(columns[GuidColumn].get(), nameOf(columns[PropertyColumn].get()));
+        const Subject subject(columns[GuidColumn].get(), updatefile::nameIn(columns[PropertyColumn].get()));
         const auto found = known.lower_bound(subject);
         if (found == known.end() || found->first != subject) continue;
         reasons_[row] = toQString(found->second);

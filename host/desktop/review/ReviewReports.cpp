@@ -1,34 +1,20 @@
 #include "desktop/review/ReviewReports.hpp"
 
 #include "desktop/QtText.hpp"
+#include "desktop/SaveDialog.hpp"
 #include "desktop/WaitCursor.hpp"
 #include "desktop/WholeFile.hpp"
 #include "desktop/review/Review.hpp"
 #include "report/Forms.hpp"
 
 #include <QAction>
-#include <QFileDialog>
+#include <QDir>
 #include <QFileInfo>
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QStatusBar>
 
 namespace desktop {
-
-namespace {
-
-/// What a file dialog offers, and the ending that each gives a name without one.
-struct Form {
-    QString filter, ending;
-};
-
-QList<Form> forms() {
-    return {{ReviewReports::tr("Page (*.html)"), QStringLiteral("html")},
-            {ReviewReports::tr("Workbook (*.xlsx)"), QStringLiteral("xlsx")},
-            {ReviewReports::tr("JSON (*.json)"), QStringLiteral("json")}};
-}
-
-}  // namespace
 
 ReviewReports::ReviewReports(QMainWindow* window, Document& document)
     : QObject(window), window_(window), document_(document), action_(new QAction(tr("Re&port…"), this)) {
@@ -70,21 +56,12 @@ void ReviewReports::writeByDialog() {
     if (!action_->isEnabled()) return;
     const WaitCursor::Pause usable;
     const QFileInfo model(document_.path());
-    QFileDialog dialog(window_, tr("Write Report"));
-    dialog.setObjectName(QStringLiteral("reportDialog"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    QStringList filters;
-    for (const Form& form : forms()) filters += form.filter;
-    dialog.setNameFilters(filters);
-    dialog.setDefaultSuffix(forms().constFirst().ending);
-    connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
-        for (const Form& form : forms())
-            if (form.filter == filter) dialog.setDefaultSuffix(form.ending);
-    });
-    dialog.setDirectory(model.absolutePath());
-    dialog.selectFile(tr("%1-report").arg(model.completeBaseName()));
-    if (dialog.exec() == QDialog::Accepted) write(dialog.selectedFiles().constFirst());
+    const QString path = askWhereToSave(window_, QStringLiteral("reportDialog"), tr("Write Report"),
+                                        {{tr("Page (*.html)"), QStringLiteral("html")},
+                                         {tr("Workbook (*.xlsx)"), QStringLiteral("xlsx")},
+                                         {tr("JSON (*.json)"), QStringLiteral("json")}},
+                                        model.absoluteDir().filePath(tr("%1-report").arg(model.completeBaseName())));
+    if (!path.isEmpty()) write(path);
 }
 
 bool ReviewReports::write(const QString& path) {

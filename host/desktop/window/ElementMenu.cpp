@@ -1,6 +1,7 @@
 #include "desktop/window/ElementMenu.hpp"
 
 #include "desktop/QtText.hpp"
+#include "desktop/SaveDialog.hpp"
 #include "desktop/WaitCursor.hpp"
 #include "desktop/elements/ElementExport.hpp"
 #include "desktop/elements/ElementPanel.hpp"
@@ -12,7 +13,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
-#include <QFileDialog>
+#include <QDir>
 #include <QFileInfo>
 #include <QMainWindow>
 #include <QMenu>
@@ -109,17 +110,12 @@ void ElementMenu::copy(const QString& text) {
 
 void ElementMenu::exportShown() {
     const QFileInfo model(parts_.document.path());
-    QFileDialog dialog(parts_.window, tr("Export the Elements Shown"));
-    dialog.setObjectName(QStringLiteral("exportDialog"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setNameFilters({tr("Workbook (*.xlsx)"), tr("Comma-separated (*.csv)"), tr("TAB-separated (*.tsv)")});
-    dialog.setDefaultSuffix(QStringLiteral("xlsx"));
-    connect(&dialog, &QFileDialog::filterSelected, &dialog,
-            [&dialog](const QString& filter) { dialog.setDefaultSuffix(filter.section(u'.', -1).remove(u')')); });
-    dialog.setDirectory(model.absolutePath());
-    dialog.selectFile(model.completeBaseName() + u'-' + tr("elements"));
-    if (dialog.exec() == QDialog::Accepted) exportTo(dialog.selectedFiles().constFirst());
+    const QString path = askWhereToSave(parts_.window, QStringLiteral("exportDialog"), tr("Export the Elements Shown"),
+                                        {{tr("Workbook (*.xlsx)"), QStringLiteral("xlsx")},
+                                         {tr("Comma-separated (*.csv)"), QStringLiteral("csv")},
+                                         {tr("TAB-separated (*.tsv)"), QStringLiteral("tsv")}},
+                                        model.absoluteDir().filePath(model.completeBaseName() + u'-' + tr("elements")));
+    if (!path.isEmpty()) exportTo(path);
 }
 
 bool ElementMenu::exportTo(const QString& path) {

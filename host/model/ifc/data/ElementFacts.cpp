@@ -178,34 +178,11 @@ const std::vector<Slot>& ElementFacts::materials(Element element) {
 
 const ClassificationFact& ElementFacts::classification(Slot reference) {
     if (const auto known = classifications_.find(reference); known != classifications_.end()) return known->second;
-    ClassificationFact fact{systemOf(reference), noValue(), attributeOf(reference, "Name")};
+    ClassificationFact fact{work_.classifications.endOf(reference), noValue(), attributeOf(reference, "Name")};
     for (const std::string_view code : {"Identification", "ItemReference"}) {
         if (fact.code.front().kind == FactValue::Kind::None) fact.code = attributeOf(reference, code);
     }
     return classifications_.emplace(reference, std::move(fact)).first->second;
-}
-
-/// Along the referenced sources to the classification at their end. Each link is followed once, since many references
-/// may hang on one long chain; one that runs in a circle leads to none.
-Slot ElementFacts::systemOf(Slot reference) {
-    std::vector<Slot> passed;
-    Slot system = step::NoSlot;
-    for (Slot current = reference; current != step::NoSlot;) {
-        const auto [known, isNew] = systems_.try_emplace(current, step::NoSlot);
-        if (!isNew) {
-            system = known->second;
-            break;
-        }
-        passed.push_back(current);
-        if (work_.classes.of(current).role == Role::Classification) {
-            system = current;
-            break;
-        }
-        const auto sources = references(current, "ReferencedSource");
-        current = sources.empty() ? step::NoSlot : sources.front();
-    }
-    for (const Slot link : passed) systems_[link] = system;
-    return system;
 }
 
 std::vector<const ClassificationFact*> ElementFacts::readClassifications(Slot object) {

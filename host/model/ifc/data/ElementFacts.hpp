@@ -67,7 +67,6 @@ private:
     std::vector<step::Slot> references(step::Slot slot, std::string_view attribute);
     std::vector<const ClassificationFact*> readClassifications(step::Slot object);
     const ClassificationFact& classification(step::Slot reference);
-    step::Slot systemOf(step::Slot reference);
 
     Workspace& work_;
     std::optional<RelationIndex> materialOf_;
@@ -78,7 +77,6 @@ private:
     std::unordered_map<step::Slot, step::Slot> materialSets_;             // by material definition
     std::unordered_map<step::Slot, std::vector<step::Slot>> materials_;   // by definition that is no usage
     std::unordered_map<step::Slot, ClassificationFact> classifications_;  // by reference
-    std::unordered_map<step::Slot, step::Slot> systems_;                  // by link of a chain of references
     std::unordered_map<step::Slot, std::vector<const ClassificationFact*>> typeClassifications_;
 };
 

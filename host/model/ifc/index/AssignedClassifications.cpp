@@ -128,8 +128,6 @@ Slot AssignedClassifications::sourceOf(Slot reference) const {
     return file_.find(step::referenceId(source));
 }
 
-/// The classification at the end of a chain of referenced sources; NoSlot where there is none. Each link is followed
-/// once, since many references may hang on one long chain.
 Slot AssignedClassifications::endOf(Slot reference) {
     std::unordered_set<Slot> passed;
     Slot end = reference;

@@ -19,7 +19,7 @@ struct AssignedClassification {
 };
 
 /// What relations say of classifications, decoded once: an element may have thousands, and each line of an update file
-/// that concern it asks for all of them.
+/// that concerns it asks for all of them.
 class AssignedClassifications {
 public:
     AssignedClassifications(const step::StepFile& file, Classes& classes, ForwardReferences& forwardReferences,
@@ -33,6 +33,10 @@ public:
     void trim(step::Slot object);
     void forgetAll() noexcept;
 
+    /// The classification at the end of a chain of referenced sources; NoSlot where there is none. Each link is
+    /// followed once, since many references may hang on one long chain.
+    step::Slot endOf(step::Slot reference);
+
     /// To be told of every change of the file before it is made.
     void beforeChange(step::Slot slot, InverseReferences& inverseReferences);
 
@@ -41,7 +45,6 @@ private:
     void readReference(AssignedClassification& assigned);
     std::u16string labelOf(step::Slot relation) const;
     step::Slot sourceOf(step::Slot reference) const;
-    step::Slot endOf(step::Slot reference);
     void drop(step::Slot relation);
 
     const step::StepFile& file_;

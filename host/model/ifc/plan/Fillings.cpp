@@ -125,59 +125,48 @@ struct Operation {
     Draw draw;
 };
 
-/// What the standard's items look like. Those that are not here show no direction in plan (a rolling shutter), or
-/// exporters do not agree on them (two leaves in opposite directions).
+void drawTwoLeaves(DoorSign& sign, const Extent& at) {
+    sign.leaves(at.left, at.width() / 2, false);
+    sign.leaves(at.right, -at.width() / 2, false);
+}
+
+void drawTwoLeavesBothWays(DoorSign& sign, const Extent& at) {
+    sign.leaves(at.left, at.width() / 2, true);
+    sign.leaves(at.right, -at.width() / 2, true);
+}
+
+void drawTwoPanels(DoorSign& sign, const Extent& at) {
+    sign.panel(at.left, at.width() / 2);
+    sign.panel(at.right, at.width() / 2);
+}
+
+void drawTwoFolded(DoorSign& sign, const Extent& at) {
+    sign.folded(at.left, at.width() / 2);
+    sign.folded(at.right, -at.width() / 2);
+}
+
+/// What the standard's items look like, those of IFC2X3 (DOUBLE_DOOR_) and later ones (DOUBLE_PANEL_). Those that are
+/// not here show no direction in plan (a rolling shutter), or exporters do not agree on them (two leaves in opposite
+/// directions).
 constexpr std::array Operations = {
     Operation{"SINGLE_SWING_LEFT", [](DoorSign& s, const Extent& e) { s.leaf(e.left, e.width(), 1); }},
     Operation{"SINGLE_SWING_RIGHT", [](DoorSign& s, const Extent& e) { s.leaf(e.right, -e.width(), 1); }},
     Operation{"DOUBLE_SWING_LEFT", [](DoorSign& s, const Extent& e) { s.leaves(e.left, e.width(), true); }},
     Operation{"DOUBLE_SWING_RIGHT", [](DoorSign& s, const Extent& e) { s.leaves(e.right, -e.width(), true); }},
-    Operation{"DOUBLE_DOOR_SINGLE_SWING",
-              [](DoorSign& s, const Extent& e) {
-                  s.leaves(e.left, e.width() / 2, false);
-                  s.leaves(e.right, -e.width() / 2, false);
-              }},
-    Operation{"DOUBLE_PANEL_SINGLE_SWING",
-              [](DoorSign& s, const Extent& e) {
-                  s.leaves(e.left, e.width() / 2, false);
-                  s.leaves(e.right, -e.width() / 2, false);
-              }},
-    Operation{"DOUBLE_DOOR_DOUBLE_SWING",
-              [](DoorSign& s, const Extent& e) {
-                  s.leaves(e.left, e.width() / 2, true);
-                  s.leaves(e.right, -e.width() / 2, true);
-              }},
-    Operation{"DOUBLE_PANEL_DOUBLE_SWING",
-              [](DoorSign& s, const Extent& e) {
-                  s.leaves(e.left, e.width() / 2, true);
-                  s.leaves(e.right, -e.width() / 2, true);
-              }},
+    Operation{"DOUBLE_DOOR_SINGLE_SWING", drawTwoLeaves},
+    Operation{"DOUBLE_PANEL_SINGLE_SWING", drawTwoLeaves},
+    Operation{"DOUBLE_DOOR_DOUBLE_SWING", drawTwoLeavesBothWays},
+    Operation{"DOUBLE_PANEL_DOUBLE_SWING", drawTwoLeavesBothWays},
     Operation{"SWING_FIXED_LEFT", [](DoorSign& s, const Extent& e) { s.leaf(e.left, e.width() / 2, 1); }},
     Operation{"SWING_FIXED_RIGHT", [](DoorSign& s, const Extent& e) { s.leaf(e.right, -e.width() / 2, 1); }},
     Operation{"SLIDING_TO_LEFT", [](DoorSign& s, const Extent& e) { s.panel(e.left, e.width()); }},
     Operation{"SLIDING_TO_RIGHT", [](DoorSign& s, const Extent& e) { s.panel(e.right, e.width()); }},
-    Operation{"DOUBLE_DOOR_SLIDING",
-              [](DoorSign& s, const Extent& e) {
-                  s.panel(e.left, e.width() / 2);
-                  s.panel(e.right, e.width() / 2);
-              }},
-    Operation{"DOUBLE_PANEL_SLIDING",
-              [](DoorSign& s, const Extent& e) {
-                  s.panel(e.left, e.width() / 2);
-                  s.panel(e.right, e.width() / 2);
-              }},
+    Operation{"DOUBLE_DOOR_SLIDING", drawTwoPanels},
+    Operation{"DOUBLE_PANEL_SLIDING", drawTwoPanels},
     Operation{"FOLDING_TO_LEFT", [](DoorSign& s, const Extent& e) { s.folded(e.left, e.width()); }},
     Operation{"FOLDING_TO_RIGHT", [](DoorSign& s, const Extent& e) { s.folded(e.right, -e.width()); }},
-    Operation{"DOUBLE_DOOR_FOLDING",
-              [](DoorSign& s, const Extent& e) {
-                  s.folded(e.left, e.width() / 2);
-                  s.folded(e.right, -e.width() / 2);
-              }},
-    Operation{"DOUBLE_PANEL_FOLDING",
-              [](DoorSign& s, const Extent& e) {
-                  s.folded(e.left, e.width() / 2);
-                  s.folded(e.right, -e.width() / 2);
-              }},
+    Operation{"DOUBLE_DOOR_FOLDING", drawTwoFolded},
+    Operation{"DOUBLE_PANEL_FOLDING", drawTwoFolded},
     Operation{"REVOLVING", [](DoorSign& s, const Extent&) { s.revolving(); }},
 };
 
