@@ -145,7 +145,8 @@ GSErrCode DGListInsertItem(Int16 dialogId, Int16 item, Int16 position) {
 }
 
 GSErrCode DGListSetItemText(Int16 dialogId, Int16 item, Int16 row, const GS::UniString& text) {
-    return changePart(dialogId, item, rowNumbered(row), [&text](Row& data) { data.text = text; });
+    // A copy of its own: the add-on puts the text together, and what is shared with it has room to grow.
+    return changePart(dialogId, item, rowNumbered(row), [&text](Row& data) { data.text = GS::UniString(text.View()); });
 }
 
 GSErrCode DGListSetItemStatus(Int16 dialogId, Int16 item, Int16 row, Int16 status) {

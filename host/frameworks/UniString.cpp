@@ -51,7 +51,9 @@ UniString::UniString(const char* narrow, USize byteCount) {
 UniString::UniString(const char16_t* units, USize count) {
     if (count > static_cast<USize>(std::numeric_limits<Int32>::max())) throw std::bad_alloc();
     if (units == nullptr) count = 0;
-    new (storage_) icu::UnicodeString(units, static_cast<Int32>(count));
+    // With room for just that: ICU gives a text that it copies room to grow, too, and lists keep texts by the thousand.
+    new (storage_) icu::UnicodeString(static_cast<Int32>(count), UChar32{0}, 0);
+    text(storage_).append(units, static_cast<Int32>(count));
     requireMemory(text(storage_));
 }
 

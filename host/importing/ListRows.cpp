@@ -15,6 +15,11 @@ bool equal(std::u16string_view a, std::u16string_view b) {
     return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(char16_t)) == 0;
 }
 
+/// Null where there is no such row or column.
+const SharedText* columnOf(const ListRow* row, std::size_t column) {
+    return row != nullptr && column < row->columns.size() ? &row->columns[column] : nullptr;
+}
+
 }  // namespace
 
 std::vector<std::string> readHeader(const frontend::List& list) {
@@ -28,7 +33,7 @@ std::string lastCell(const frontend::List& list, Int16 row) {
     return text::toUtf8(text.View().substr(text.View().rfind(u'\t') + 1));
 }
 
-ListRow RowReader::read(const frontend::List& list, Int16 row) {
+ListRow RowReader::read(const frontend::List& list, Int16 row, const ListRow* above, const ListRow* before) {
     ListRow result;
     const std::size_t fields = list.tabFields().size();
     result.columns.reserve(fields);
@@ -37,7 +42,8 @@ ListRow RowReader::read(const frontend::List& list, Int16 row) {
     std::u16string_view rest = text.View();
     while (result.columns.size() < fields) {
         const std::size_t tab = std::min(rest.find(u'\t'), rest.size());
-        result.columns.push_back(textOf(rest.substr(0, tab)));
+        const std::size_t column = result.columns.size();
+        result.columns.push_back(textOf(rest.substr(0, tab), columnOf(above, column), columnOf(before, column)));
         rest.remove_prefix(std::min(tab + 1, rest.size()));
     }
     result.status = list.status(row);
@@ -45,15 +51,26 @@ ListRow RowReader::read(const frontend::List& list, Int16 row) {
     return result;
 }
 
-std::vector<ListRow> RowReader::readFrom(const frontend::List& list, int first) {
+std::vector<ListRow> RowReader::readFrom(const frontend::List& list, int first, std::span<const ListRow> before) {
     std::vector<ListRow> rows;
+    const int count = list.rowCount();
+    if (first <= count) rows.reserve(static_cast<std::size_t>(count - first) + 1);
     // The counter is an int: in a list of 32,767 rows an Int16 would overflow behind the last one.
-    for (int row = first; row <= list.rowCount(); ++row) rows.push_back(read(list, static_cast<Int16>(row)));
+    for (int row = first; row <= count; ++row) {
+        const ListRow* above = rows.empty() ? nullptr : &rows.back();
+        const auto place = static_cast<std::size_t>(row) - 1;
+        rows.push_back(read(list, static_cast<Int16>(row), above, place < before.size() ? &before[place] : nullptr));
+    }
     return rows;
 }
 
-SharedText RowReader::textOf(std::u16string_view units) {
-    if (units.size() < LongText) return text::toUtf8(units);
+SharedText RowReader::textOf(std::u16string_view units, const SharedText* above, const SharedText* before) {
+    if (units.size() < LongText) {
+        std::string text = text::toUtf8(units);
+        for (const SharedText* known : {before, above})
+            if (known != nullptr && known->get() == text) return *known;
+        return text;
+    }
     if (lastUsed_ == nullptr || !equal(lastUsed_->first, units)) {
         auto known = longTexts_.find(units);
         if (known == longTexts_.end()) known = longTexts_.emplace(units, text::toUtf8(units)).first;

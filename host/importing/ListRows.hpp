@@ -8,6 +8,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -43,15 +44,17 @@ std::vector<std::string> readHeader(const frontend::List& list);
 /// The text of the row's last cell.
 std::string lastCell(const frontend::List& list, Int16 row);
 
-/// Reads rows so that long texts that several of them show are kept once.
+/// Reads rows so that texts that several of them show are kept once: a long one wherever it stands, a short one where
+/// it stands in the row above, or stood there before.
 class RowReader {
 public:
-    ListRow read(const frontend::List& list, Int16 row);
-    /// From row `first` (from 1) to the last.
-    std::vector<ListRow> readFrom(const frontend::List& list, int first = 1);
+    /// From row `first` (from 1) to the last. @param before  The same list from its first row on, as it was; empty
+    /// where they are not known.
+    std::vector<ListRow> readFrom(const frontend::List& list, int first = 1, std::span<const ListRow> before = {});
 
 private:
-    SharedText textOf(std::u16string_view units);
+    ListRow read(const frontend::List& list, Int16 row, const ListRow* above, const ListRow* before);
+    SharedText textOf(std::u16string_view units, const SharedText* above, const SharedText* before);
 
     using LongTexts = std::map<std::u16string, SharedText, std::less<>>;
 

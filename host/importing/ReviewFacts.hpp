@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace importing {
@@ -37,6 +38,8 @@ public:
 
     /// One a row.
     const std::vector<RowFacts>& rows() const { return facts_; }
+    /// The same, for who needs nothing else of it any more.
+    std::vector<RowFacts> takeRows() { return std::move(facts_); }
 
 private:
     void takeOutcomes();

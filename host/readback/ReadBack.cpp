@@ -36,7 +36,7 @@ ReadBack::ReadBack(model::Model& model, std::vector<AskedRow> rows) : model_(mod
         readHeld(element, group);
         for (Row* row : group) {
             const auto& old = row->asked.old;
-            if (old && !agrees(*old, row->held, row->asked.sign)) row->conflict = old;
+            row->conflict = old && !agrees(*old, row->held, row->asked.sign);
         }
     }
 }

@@ -40,7 +40,9 @@ public:
     const AskedRow& row(std::size_t index) const { return rows_[index].asked; }
 
     /// The old value of the table where the model holds another one; nothing where both agree or the table gives none.
-    const std::optional<std::string>& conflict(std::size_t index) const { return rows_[index].conflict; }
+    std::optional<std::string> conflict(std::size_t index) const {
+        return rows_[index].conflict ? rows_[index].asked.old : std::nullopt;
+    }
 
     /// To be called after Apply, with a state for each row.
     void read(const std::vector<RowState>& states);
@@ -59,9 +61,9 @@ private:
         std::optional<model::Element> element;
         Place place;
         Stored held;  // when the model was last looked at
-        std::optional<std::string> conflict;
-        RowState state = RowState::NotTicked;
         RowOutcome outcome;
+        RowState state = RowState::NotTicked;
+        bool conflict = false;
         bool tried = false;  ///< By storeExactly(), since the last read().
     };
 

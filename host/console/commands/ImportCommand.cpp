@@ -105,6 +105,16 @@ void checkApplied(ModelSession& session, const ImportUser& user, const ImportPla
     }
 }
 
+/// A single list is taken over as it is: there may be 32,767 rows in memory.
+template <class Row>
+void append(std::vector<Row>& all, std::vector<Row> rows) {
+    if (all.empty()) {
+        all = std::move(rows);
+        return;
+    }
+    all.insert(all.end(), std::make_move_iterator(rows.begin()), std::make_move_iterator(rows.end()));
+}
+
 /// All lists of one import, worked one after the other.
 class Import {
 public:
@@ -152,8 +162,8 @@ void Import::runPart(const UpdatePart& part) {
     header = user.header();
     rowsLost += user.rowsLost();
     readBack(user);
-    review.insert(review.end(), user.review().begin(), user.review().end());
-    result.insert(result.end(), user.result()->begin(), user.result()->end());
+    append(review, user.takeReview());
+    append(result, user.takeResult());
 }
 
 std::vector<std::size_t> Import::conflictsOf(const std::vector<ListRow>& rows) const {
@@ -166,7 +176,8 @@ std::vector<std::size_t> Import::conflictsOf(const std::vector<ListRow>& rows) c
 void Import::readBack(const ImportUser& user) {
     facts_->read(*user.result());
     if (options_.exact) valueOrThrow(facts_->storeExactly());
-    facts.insert(facts.end(), facts_->rows().begin(), facts_->rows().end());
+    append(facts, facts_->takeRows());
+    facts_.reset();
 }
 
 /// A dry run applies within the loaded model, to tell what would be stored, and takes everything back.

@@ -61,7 +61,7 @@ void ImportUser::untickRows(frontend::Dialog& dialog) {
     if (!plan_.untick) return;
     const std::vector<std::size_t> rows = plan_.untick(review_);
     for (const std::size_t row : rows) clickTick(dialog, static_cast<Int16>(row + 1));
-    if (!rows.empty()) review_ = rowReader_.readFrom(*dialog.list(ReviewList));
+    if (!rows.empty()) review_ = rowReader_.readFrom(*dialog.list(ReviewList), 1, review_);
 }
 
 void ImportUser::clickTick(frontend::Dialog& dialog, Int16 row) {
@@ -73,7 +73,7 @@ void ImportUser::apply(frontend::Dialog& dialog) {
     applying_.emplace(fmt::format("Applying {}", plan_.shownName));
     dialog.clickItem(ApplyButton);
     applying_.reset();
-    result_ = rowReader_.readFrom(*dialog.list(ReviewList));
+    result_ = rowReader_.readFrom(*dialog.list(ReviewList), 1, review_);
 }
 
 void ImportUser::changed(frontend::Dialog& dialog, Int16) {

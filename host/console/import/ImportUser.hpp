@@ -10,6 +10,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace console {
@@ -39,6 +40,9 @@ public:
     const std::vector<std::string>& header() const { return header_; }
     const std::vector<importing::ListRow>& review() const { return review_; }  ///< As ticked, before Apply.
     const std::optional<std::vector<importing::ListRow>>& result() const { return result_; }
+    std::vector<importing::ListRow> takeReview() { return std::move(review_); }
+    /// @pre result() is there.
+    std::vector<importing::ListRow> takeResult() { return std::move(*result_); }
     std::uint64_t rowsLost() const { return rowsLost_; }
 
 private:

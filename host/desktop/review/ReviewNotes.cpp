@@ -104,7 +104,7 @@ void ReviewNotes::countTicks(const frontend::List& list) {
 }
 
 void ReviewNotes::readBack(const frontend::List& list) {
-    result_ = importing::RowReader().readFrom(list);
+    result_ = importing::RowReader().readFrom(list, 1, review_);
     facts_->read(*result_);
     storable_ = facts_->storable();
 }
