@@ -1,6 +1,7 @@
 #include "comparing/DataChanges.hpp"
 
 #include "comparing/Values.hpp"
+#include "text/Message.hpp"
 #include "text/Unicode.hpp"
 
 #include <map>
@@ -15,15 +16,16 @@ using Key = std::tuple<ChangeKind, std::u16string, std::u16string, unsigned>;
 std::string obstacleOf(const Value* old, const Value* now) {
     if (now == nullptr) {
         const bool first = old->kind == ChangeKind::Classification && old->occurrence == 0;
-        return first ? "" : "an update file takes no item away but a classification";
+        return first ? "" : text::message("an update file takes no item away but a classification");
     }
     const Value& held = old == nullptr ? *now : *old;
     if (now->occurrence > 0)
-        return "the element has several items of that name in one set, of which an update writes the first";
+        return text::message(
+            "the element has several items of that name in one set, of which an update writes the first");
     if (!now->plain || !held.plain || now->propertyKind != held.propertyKind)
-        return "a list, range, table or reference is no text that an update could ask for";
+        return text::message("a list, range, table or reference is no text that an update could ask for");
     if (old == nullptr && now->propertyKind != model::PropertyKind::Single)
-        return "an update makes new properties as single values only";
+        return text::message("an update makes new properties as single values only");
     return {};
 }
 

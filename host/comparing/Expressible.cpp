@@ -4,6 +4,7 @@
 #include "model/ifc/index/Workspace.hpp"
 #include "readback/Items.hpp"
 #include "text/Guid.hpp"
+#include "text/Message.hpp"
 #include "text/Unicode.hpp"
 #include "updatefile/CurrentText.hpp"
 
@@ -168,11 +169,13 @@ void ElementTrial::findPlaces() {
 }
 
 std::string ElementTrial::obstacleOfLine(const Change& change) const {
-    if (guid_ == model::Guid{}) return "the element's GUID is null, which names no element";
-    if (!named_) return "the element has no Name, so the review list would refuse the line";
-    if (breaksLines(change.asked)) return "the value holds a TAB, a line end or a zero, which a line cannot hold";
-    if (breaksLines(change.item)) return "the item's name holds a TAB, a line end or a zero, which a line cannot hold";
-    if (lengthOf(change, {}) > LongestLine) return "the line would be longer than 2047 bytes and be cut";
+    if (guid_ == model::Guid{}) return text::message("the element's GUID is null, which names no element");
+    if (!named_) return text::message("the element has no Name, so the review list would refuse the line");
+    if (breaksLines(change.asked))
+        return text::message("the value holds a TAB, a line end or a zero, which a line cannot hold");
+    if (breaksLines(change.item))
+        return text::message("the item's name holds a TAB, a line end or a zero, which a line cannot hold");
+    if (lengthOf(change, {}) > LongestLine) return text::message("the line would be longer than 2047 bytes and be cut");
     return {};
 }
 
@@ -195,9 +198,12 @@ bool ElementTrial::reviewedAsSame(Change& change) {
 
 std::string ElementTrial::obstacleOf(Attempt& attempt) {
     if (std::string obstacle = obstacleOfLine(attempt.change); !obstacle.empty()) return obstacle;
-    if (!leadsThere(attempt.change, attempt.place)) return "the item's name alone leads to another item, or to none";
-    if (reviewedAsSame(attempt.change)) return "the review list takes the old and the new value for the same";
-    return nameIsTaken(attempt.place) ? "another new property of that name would be written instead" : "";
+    if (!leadsThere(attempt.change, attempt.place))
+        return text::message("the item's name alone leads to another item, or to none");
+    if (reviewedAsSame(attempt.change))
+        return text::message("the review list takes the old and the new value for the same");
+    return nameIsTaken(attempt.place) ? text::message("another new property of that name would be written instead")
+                                      : "";
 }
 
 /// What the add-on makes, before the host stores what was asked for. What it is refused stays refused.
@@ -245,7 +251,8 @@ void ElementTrial::compareWith(const std::vector<Value>& values, ChangeKind kind
         const auto found = byItem.find({change.set, change.item});
         const auto held = found == byItem.end() ? std::nullopt : std::optional(found->second->text());
         if (held != change.now)
-            change.obstacle = "the import would store \"" + held.value_or("") + "\" there, by the type of the item";
+            change.obstacle =
+                text::message("the import would store \"{}\" there, by the type of the item", held.value_or(""));
     }
 }
 
@@ -293,7 +300,7 @@ private:
 model::Status judgeChanges(Model& a, std::vector<ChangedElement>& changed) {
     constexpr std::int32_t TakeBack = 1;
     model::Status status;
-    const auto ran = a.command("Try out updates", [&] {
+    const auto ran = a.command("Trial", [&] {
         Trials trials(a);
         for (ChangedElement& element : changed) {
             status = trials.run(element);

@@ -2,6 +2,7 @@
 
 #include "model/ifc/data/AttributeData.hpp"
 #include "model/ifc/geometry/Placement.hpp"
+#include "text/Message.hpp"
 #include "text/Unicode.hpp"
 
 #include <algorithm>
@@ -62,7 +63,7 @@ std::string materialsOf(Side& side, Element element) {
     std::string names;
     for (std::size_t i = 0; i < materials.size() && i < MostNamed; ++i)
         names.append(names.empty() ? "" : ", ").append(nameOfObject(side.work, materials[i]));
-    if (materials.size() > MostNamed) names += " and " + std::to_string(materials.size() - MostNamed) + " more";
+    if (materials.size() > MostNamed) names = text::message("{} and {} more", names, materials.size() - MostNamed);
     return names;
 }
 
@@ -76,10 +77,10 @@ bool near(const Point& a, const Point& b) {
     return near(a.x, b.x) && near(a.y, b.y) && near(a.z, b.z);
 }
 
-Change other(const char* kind, const char* obstacle) {
+Change other(const char* kind, text::Phrase obstacle) {
     Change change;
     change.item = kind;
-    change.obstacle = obstacle;
+    change.obstacle = obstacle.text();
     return change;
 }
 
@@ -117,31 +118,32 @@ bool OtherChanges::sameType(Slot typeA, Slot typeB) {
 std::vector<Change> OtherChanges::of(Element elementA, Element elementB) {
     const Slot inA = a_.facts.slot(elementA), inB = b_.facts.slot(elementB);
     std::vector<Change> changes;
-    const auto add = [&](const char* kind, const char* obstacle, std::optional<std::string> old,
+    const auto add = [&](const char* kind, text::Phrase obstacle, std::optional<std::string> old,
                          std::optional<std::string> now) {
         changes.push_back(other(kind, obstacle));
         changes.back().old = std::move(old);
         changes.back().now = std::move(now);
     };
     if (classOf(a_.work, inA) != classOf(b_.work, inB))
-        add("class", "an update changes no class", classOf(a_.work, inA), classOf(b_.work, inB));
-    if (!samePlacement(inA, inB)) add("placement", "an update moves nothing", {}, {});
-    if (!sameTarget(inA, inB, Field::Representation)) add("geometry", "an update changes no geometry", {}, {});
+        add("class", text::phrase("an update changes no class"), classOf(a_.work, inA), classOf(b_.work, inB));
+    if (!samePlacement(inA, inB)) add("placement", text::phrase("an update moves nothing"), {}, {});
+    if (!sameTarget(inA, inB, Field::Representation))
+        add("geometry", text::phrase("an update changes no geometry"), {}, {});
 
     const Slot storeyA = a_.storeys.of(inA), storeyB = b_.storeys.of(inB);
     if (idOf(a_.work, storeyA) != idOf(b_.work, storeyB))
-        add("storey", "an update moves nothing to another storey", orNothing(storeyA, nameOfObject(a_.work, storeyA)),
-            orNothing(storeyB, nameOfObject(b_.work, storeyB)));
+        add("storey", text::phrase("an update moves nothing to another storey"),
+            orNothing(storeyA, nameOfObject(a_.work, storeyA)), orNothing(storeyB, nameOfObject(b_.work, storeyB)));
 
     const Slot typeA = a_.work.typeObject(inA), typeB = b_.work.typeObject(inB);
     if (!sameType(typeA, typeB))
-        add("type", "an update gives no other type", orNothing(typeA, nameOfObject(a_.work, typeA)),
+        add("type", text::phrase("an update gives no other type"), orNothing(typeA, nameOfObject(a_.work, typeA)),
             orNothing(typeB, nameOfObject(b_.work, typeB)));
 
     const Slot materialA = a_.facts.materialDefinition(elementA), materialB = b_.facts.materialDefinition(elementB);
     if (!(a_.fingerprints.of(materialA) == b_.fingerprints.of(materialB)))
-        add("material", "an update gives no other material", orNothing(materialA, materialsOf(a_, elementA)),
-            orNothing(materialB, materialsOf(b_, elementB)));
+        add("material", text::phrase("an update gives no other material"),
+            orNothing(materialA, materialsOf(a_, elementA)), orNothing(materialB, materialsOf(b_, elementB)));
     return changes;
 }
 

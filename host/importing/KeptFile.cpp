@@ -1,5 +1,7 @@
 #include "importing/KeptFile.hpp"
 
+#include "text/Message.hpp"
+
 #include <fcntl.h>
 #include <fmt/format.h>
 #include <unistd.h>
@@ -14,8 +16,8 @@ namespace {
 
 model::Error cannotKeep() {
     return {model::ErrorKind::CannotWrite,
-            fmt::format("cannot keep a copy of the updates in {}: {}; make room there, or set TMPDIR",
-                        std::filesystem::temp_directory_path().string(), std::strerror(errno))};
+            text::message("cannot keep a copy of the updates in {}: {}; make room there, or set TMPDIR",
+                          std::filesystem::temp_directory_path().string(), std::strerror(errno))};
 }
 
 }  // namespace

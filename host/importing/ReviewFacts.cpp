@@ -1,9 +1,8 @@
 #include "importing/ReviewFacts.hpp"
 
 #include "importing/ReviewRows.hpp"
+#include "text/Message.hpp"
 #include "updatefile/ReviewList.hpp"
-
-#include <fmt/format.h>
 
 namespace importing {
 namespace {
@@ -71,16 +70,17 @@ bool notStored(const RowFacts& row) {
 }
 
 std::string differenceOf(const RowFacts& row) {
-    std::string text;
-    if (row.conflict) text = fmt::format("the file says it was '{}'", *row.conflict);
+    std::string difference;
+    if (row.conflict) difference = text::message("the file says it was '{}'", *row.conflict);
     const readback::RowOutcome& outcome = row.outcome;
-    if (outcome.exact) return text + (text.empty() ? "" : "; ") + "stored as asked";
-    if (outcome.asAsked != false) return text;
-    if (!text.empty()) text += "; ";
-    text += fmt::format("asked '{}'", row.asked.value_or(""));
-    text += outcome.stored ? fmt::format(", stored '{}'", *outcome.stored) : std::string(", would end in an error");
-    if (!outcome.obstacle.empty()) text += fmt::format(" ({})", outcome.obstacle);
-    return text;
+    if (!outcome.exact && outcome.asAsked != false) return difference;
+    if (!difference.empty()) difference += "; ";
+    if (outcome.exact) return difference + text::message("stored as asked");
+    const std::string asked = row.asked.value_or("");
+    difference += outcome.stored ? text::message("asked '{}', stored '{}'", asked, *outcome.stored)
+                                 : text::message("asked '{}', would end in an error", asked);
+    if (!outcome.obstacle.empty()) difference += " (" + outcome.obstacle + ")";
+    return difference;
 }
 
 }  // namespace importing

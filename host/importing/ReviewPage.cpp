@@ -6,10 +6,9 @@
 #include "report/Plans.hpp"
 #include "text/Ascii.hpp"
 #include "text/Guid.hpp"
+#include "text/Message.hpp"
 #include "text/Unicode.hpp"
 #include "updatefile/ReviewList.hpp"
-
-#include <fmt/format.h>
 
 #include <map>
 
@@ -58,11 +57,13 @@ private:
 
 void ReviewPage::describe() {
     const std::string model = text::wellFormed(import_.modelPath.filename().string());
-    page_.title = (import_.result ? "Changes to " : "Proposed changes to ") + model;
-    page_.facts.push_back(report::modelFact("Model", import_.modelPath, model_));
-    page_.facts.push_back({"Updates", import_.updatesPath});
-    if (import_.saved) page_.facts.push_back({"Saved as", *import_.saved});
-    if (!import_.result) page_.facts.push_back({"Saved as", "not saved: this is what an import would do"});
+    page_.title =
+        import_.result ? text::message("Changes to {}", model) : text::message("Proposed changes to {}", model);
+    page_.facts.push_back(report::modelFact(text::phrase("Model"), import_.modelPath, model_));
+    page_.facts.push_back({text::phrase("Updates"), import_.updatesPath});
+    const text::Phrase savedAs = text::phrase("Saved as");
+    if (import_.saved) page_.facts.push_back({savedAs, *import_.saved});
+    if (!import_.result) page_.facts.push_back({savedAs, text::message("not saved: this is what an import would do")});
     report::addOrigin(page_, import_.program);
 }
 
@@ -76,15 +77,18 @@ void ReviewPage::judgeTicked(std::size_t index, Row& row) {
         row.tone = Tone::Bad;
         row.now.reset();
         const std::string reason = refusals_.reasonFor(cell(index, GuidColumn), row.item);
-        row.remark = "Refused: " + (reason.empty() ? "the element has nothing of that name" : reason);
+        row.remark = text::message("Refused: {}",
+                                   reason.empty() ? text::message("the element has nothing of that name") : reason);
         return;
     }
     row.now = outcome.stored ? outcome.stored : row.now;
     row.tone = outcome.asAsked == false ? Tone::Note : Tone::Good;
-    row.remark = import_.result ? "Changed" : "Would be changed";
+    row.remark = import_.result ? text::message("Changed") : text::message("Would be changed");
     if (outcome.asAsked == false) {
-        row.remark = fmt::format("Stored otherwise: \xE2\x80\x9C{}\xE2\x80\x9D", row.now.value_or(""));
-        if (!outcome.obstacle.empty()) row.remark += ", since " + outcome.obstacle;
+        const std::string stored = row.now.value_or("");
+        row.remark = outcome.obstacle.empty() ? text::message("Stored otherwise: \xE2\x80\x9C{}\xE2\x80\x9D", stored)
+                                              : text::message("Stored otherwise: \xE2\x80\x9C{}\xE2\x80\x9D, since {}",
+                                                              stored, outcome.obstacle);
     }
 }
 
@@ -101,18 +105,19 @@ std::optional<Row> ReviewPage::rowOf(std::size_t index) {
         row.tone = Tone::Note;
         row.asked = row.now;
         row.now.reset();
-        row.remark = "Not applied: the element has no name, so it is not recognised";
+        row.remark = text::message("Not applied: the element has no name, so it is not recognised");
     } else if (!ticked(reviewed)) {
         row.tone = Tone::Plain;
         row.asked = row.now;
         row.now.reset();
-        row.remark = "Not applied: not ticked";
+        row.remark = text::message("Not applied: not ticked");
     } else {
         judgeTicked(index, row);
     }
     if (facts.conflict) {
         row.tone = std::max(row.tone, Tone::Note);
-        row.remark += fmt::format("; the updates say that it was \xE2\x80\x9C{}\xE2\x80\x9D", *facts.conflict);
+        row.remark =
+            text::message("{}; the updates say that it was \xE2\x80\x9C{}\xE2\x80\x9D", row.remark, *facts.conflict);
     }
     return row;
 }
@@ -141,19 +146,21 @@ void ReviewPage::addSums() {
     std::map<Tone, std::uint64_t> rows;
     for (const report::Subject& subject : page_.subjects)
         for (const Row& row : subject.rows) ++rows[row.tone];
-    page_.sums = {{"updates in the list", import_.rows().size(), Tone::Plain, "update in the list"},
-                  {"elements concerned", page_.subjects.size(), Tone::Plain, "element concerned"},
-                  {import_.result ? "changed as asked" : "would be changed as asked", rows[Tone::Good], Tone::Good},
-                  {"to be looked at", rows[Tone::Note], Tone::Note},
-                  {"refused", rows[Tone::Bad], Tone::Bad},
-                  {"not ticked", notTicked_, Tone::Plain},
-                  {"the same already", unchanged_, Tone::Plain},
-                  {"lines without a row", import_.linesWithoutRow, Tone::Note, "line without a row"}};
+    page_.sums = {
+        {text::phrase("updates in the list"), import_.rows().size(), Tone::Plain, text::phrase("update in the list")},
+        {text::phrase("elements concerned"), page_.subjects.size(), Tone::Plain, text::phrase("element concerned")},
+        {import_.result ? text::phrase("changed as asked") : text::phrase("would be changed as asked"),
+         rows[Tone::Good], Tone::Good},
+        {text::phrase("to be looked at"), rows[Tone::Note], Tone::Note},
+        {text::phrase("refused"), rows[Tone::Bad], Tone::Bad},
+        {text::phrase("not ticked"), notTicked_, Tone::Plain},
+        {text::phrase("the same already"), unchanged_, Tone::Plain},
+        {text::phrase("lines without a row"), import_.linesWithoutRow, Tone::Note, text::phrase("line without a row")}};
 }
 
 void ReviewPage::addNotes() {
     for (const tables::LeftOut& left : import_.leftOut)
-        page_.notes.push_back(fmt::format("Line {}, {}: {}", left.line, left.column, left.why));
+        page_.notes.push_back(text::message("Line {}, {}: {}", left.line, left.column, left.why));
     page_.notes.insert(page_.notes.end(), import_.hints.begin(), import_.hints.end());
     page_.notes.insert(page_.notes.end(), refusals_.others().begin(), refusals_.others().end());
 }

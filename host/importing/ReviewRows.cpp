@@ -1,10 +1,9 @@
 #include "importing/ReviewRows.hpp"
 
 #include "text/Guid.hpp"
+#include "text/Message.hpp"
 #include "updatefile/ReviewList.hpp"
 #include "updatefile/Wording.hpp"
-
-#include <fmt/format.h>
 
 #include <algorithm>
 #include <array>
@@ -60,10 +59,10 @@ std::optional<std::string> hintForUnknownItems(const std::vector<ListRow>& revie
     }
     if (rows.count == 0) return std::nullopt;
     const std::string& item = cell(review[rows.first.front() - 1], PropertyColumn);
-    return fmt::format(
+    return text::message(
         "Nothing on the element has the name in {}: to create a property, write a set behind it, as in "
         "{}[Custom] for Pset_Custom",
-        updatefile::numbered("row", rows), item);
+        updatefile::numberedRows(rows), item);
 }
 
 std::vector<updatefile::UnknownItem> unknownItems(const model::Model& model, const std::vector<ListRow>& review,

@@ -1,10 +1,10 @@
 #include "importing/UpdateFile.hpp"
 
+#include "text/Message.hpp"
 #include "text/Unicode.hpp"
 #include "updatefile/FileKind.hpp"
 #include "updatefile/Hints.hpp"
 
-#include <fmt/format.h>
 #include <sys/stat.h>
 
 #include <array>
@@ -18,13 +18,13 @@ constexpr std::size_t BlockSize = 1U << 16U;
 constexpr std::size_t LongestTable = 1U << 30U;
 
 model::Error notReadable(const std::filesystem::path& path) {
-    return cannotRead(path, fmt::format("{}; check its name and that you may read it", std::strerror(errno)));
+    return cannotRead(path, text::message("{}; check its name and that you may read it", std::strerror(errno)));
 }
 
 }  // namespace
 
 model::Error cannotRead(const std::filesystem::path& path, std::string_view what) {
-    return {model::ErrorKind::CannotRead, fmt::format("cannot read the update file {}: {}", path.string(), what)};
+    return {model::ErrorKind::CannotRead, text::message("cannot read the update file {}: {}", path.string(), what)};
 }
 
 UpdateFile::UpdateFile(std::filesystem::path path, OpenFile file)
@@ -36,7 +36,8 @@ model::Result<UpdateFile> UpdateFile::open(const std::filesystem::path& path, bo
     if (!file.file_) return notReadable(path);
     struct stat status {};
     if (fstat(fileno(file.file_.get()), &status) != 0) return notReadable(path);
-    if (S_ISDIR(status.st_mode) && !standardInput) return cannotRead(path, "it is a folder; name a file in it");
+    if (S_ISDIR(status.st_mode) && !standardInput)
+        return cannotRead(path, text::message("it is a folder; name a file in it"));
     // The add-on opens the file again by its name, and its names are text. So it gets a copy of what cannot be read
     // twice (a pipe) and of a file whose name is not UTF-8.
     if (standardInput || !S_ISREG(status.st_mode) || !text::isWellFormed(std::string_view(file.addOnPath_))) {
@@ -61,10 +62,10 @@ model::Status UpdateFile::copy(KeptFile& target, bool text) {
     while ((count = std::fread(block.data(), 1, block.size(), file_.get())) > 0) {
         // A device such as /dev/zero has no end, so what it holds is looked at before all of it is copied.
         if (text && copied == 0 && updatefile::detectFileKind({block.data(), count}) == updatefile::FileKind::Binary)
-            return cannotRead(path_, updatefile::NoTextFile);
+            return cannotRead(path_, updatefile::NoTextFile.text());
         if ((copied += count) > LongestCopy)
             return cannotRead(
-                path_, fmt::format("more than {} MiB came out of it; save it as a file first", LongestCopy >> 20U));
+                path_, text::message("more than {} MiB came out of it; save it as a file first", LongestCopy >> 20U));
         if (model::Status written = target.write({block.data(), count}); !written) return written;
     }
     if (std::ferror(file_.get()) != 0) return notReadable(path_);
@@ -88,7 +89,7 @@ model::Result<std::string> UpdateFile::bytes() {
     while ((count = std::fread(block.data(), 1, block.size(), file_.get())) > 0) {
         bytes.append(block.data(), count);
         if (bytes.size() > LongestTable)
-            return cannotRead(path_, fmt::format("it is larger than {} MiB, which no table is", LongestTable >> 20U));
+            return cannotRead(path_, text::message("it is larger than {} MiB, which no table is", LongestTable >> 20U));
     }
     if (std::ferror(file_.get()) != 0) return notReadable(path_);
     return bytes;

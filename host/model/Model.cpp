@@ -17,6 +17,7 @@
 #include "model/ifc/schema/StandardSets.hpp"
 #include "model/step/disk/Saving.hpp"
 #include "text/Guid.hpp"
+#include "text/Message.hpp"
 #include "text/Unicode.hpp"
 
 #include <exception>
@@ -52,10 +53,6 @@ struct Model::Content {
 
 namespace {
 
-std::string counted(std::uint64_t count, const std::string& one, const std::string& many) {
-    return count == 1 ? "1 " + one : std::to_string(count) + " " + many;
-}
-
 /// What FILE_SCHEMA says.
 struct NamedSchema {
     ifc::SchemaVersion version;
@@ -69,22 +66,26 @@ Result<NamedSchema> schemaOf(const step::StepFile& file) {
         if (const auto version = ifc::Schema::versionOf(name)) return NamedSchema{*version, name};
         named += (named.empty() ? "" : ", ") + name;
         if (ifc::Schema::isWithdrawn(name)) {
-            advice = "; " + name + " was withdrawn, so export the model again as IFC4 or IFC4X3";
+            advice = text::message("; {} was withdrawn, so export the model again as IFC4 or IFC4X3", name);
         }
     }
-    const std::string found = named.empty() ? "names no schema in FILE_SCHEMA" : "is of schema " + named;
-    return Error{ErrorKind::CannotRead, "the file " + found + "; IFC2X3, IFC4 and IFC4X3 can be read" + advice};
+    if (named.empty()) {
+        return Error{ErrorKind::CannotRead,
+                     text::message("the file names no schema in FILE_SCHEMA; IFC2X3, IFC4 and IFC4X3 can be read")};
+    }
+    return Error{ErrorKind::CannotRead,
+                 text::message("the file is of schema {}; IFC2X3, IFC4 and IFC4X3 can be read", named) + advice};
 }
 
 /// "IFCA (3), IFCB (1) and 4 more classes"
 std::string listed(const std::vector<UnknownClass>& classes) {
     constexpr std::size_t Most = 10;
     const std::size_t shown = classes.size() <= Most ? classes.size() : Most - 1;
-    std::string text;
+    std::string list;
     for (std::size_t i = 0; i < shown; ++i) {
-        text += (i == 0 ? "" : ", ") + classes[i].name + " (" + std::to_string(classes[i].instances) + ")";
+        list += (i == 0 ? "" : ", ") + classes[i].name + " (" + std::to_string(classes[i].instances) + ")";
     }
-    return shown == classes.size() ? text : text + " and " + std::to_string(classes.size() - shown) + " more classes";
+    return shown == classes.size() ? list : text::message("{} and {} more classes", list, classes.size() - shown);
 }
 
 }  // namespace
@@ -92,22 +93,31 @@ std::string listed(const std::vector<UnknownClass>& classes) {
 void Model::Content::collectRemarks(const std::string& schemaNamed) {
     const std::string schema(ifc::Schema::name(work.version));
     if (ifc::Schema::isReleaseCandidate(schemaNamed)) {
-        remarks.push_back("the file is of " + schemaNamed + ", a release candidate of " + schema + "; it is read as " +
-                          schema + ", so that classes which the final schema has not are not understood");
+        remarks.push_back(
+            text::message("the file is of {0}, a release candidate of {1}; it is read as {1}, so that classes which "
+                          "the final schema has not are not understood",
+                          schemaNamed, schema));
     }
     remarkOnUnknownClasses();
     for (const step::Remark& remark : file->remarks()) {
-        remarks.push_back((remark.line == 0 ? "" : "line " + std::to_string(remark.line) + ": ") + remark.message);
+        remarks.push_back(remark.line == 0 ? remark.message
+                                           : text::message("line {}: {}", remark.line, remark.message));
     }
     if (const auto count = work.elements.duplicates(); count > 0) {
         remarks.push_back(
-            counted(count, "instance has", "instances have") +
-            " the GlobalId of an earlier one; of each GlobalId only the first instance is read and changed");
+            text::counted("{} instance has the GlobalId of an earlier one; of each GlobalId only the first instance is "
+                          "read and changed",
+                          "{} instances have the GlobalId of an earlier one; of each GlobalId only the first instance "
+                          "is read and changed",
+                          count));
     }
     if (const auto count = work.elements.invalid(); count > 0) {
-        remarks.push_back(counted(count, "instance has", "instances have") +
-                          " no valid GlobalId (22 characters of 0-9 A-Z a-z _ $, the first at most 3) and cannot be "
-                          "addressed");
+        remarks.push_back(
+            text::counted("{} instance has no valid GlobalId (22 characters of 0-9 A-Z a-z _ $, the first at most 3) "
+                          "and cannot be addressed",
+                          "{} instances have no valid GlobalId (22 characters of 0-9 A-Z a-z _ $, the first at most 3) "
+                          "and cannot be addressed",
+                          count));
     }
 }
 
@@ -116,14 +126,16 @@ void Model::Content::remarkOnUnknownClasses() {
     if (unknown.empty()) return;
     std::uint64_t instances = 0;
     for (const UnknownClass& each : unknown) instances += each.instances;
-    remarks.push_back(counted(instances, "instance is", "instances are") + " of classes that " +
-                      std::string(ifc::Schema::name(work.version)) +
-                      " does not have, and kept in the file without being read: " + listed(unknown));
+    remarks.push_back(
+        text::counted("{} instance is of classes that {} does not have, and kept in the file without being read: {}",
+                      "{} instances are of classes that {} does not have, and kept in the file without being read: {}",
+                      instances, ifc::Schema::name(work.version), listed(unknown)));
 }
 
 template <class Body>
 Status Model::Content::edit(Element element, const Body& body) {
-    if (!file->open()) return Error{ErrorKind::Refused, "the model can only be changed inside an undoable command"};
+    if (!file->open())
+        return Error{ErrorKind::Refused, text::message("the model can only be changed inside an undoable command")};
     const std::uint64_t before = file->revision();
     // A change that broke off in the middle may be half made: nothing more is changed, and the command only rolled
     // back.
@@ -141,8 +153,9 @@ Status Model::Content::edit(Element element, const Body& body) {
 
 void Model::Content::noteChange(Element element, bool changed, std::vector<std::string>& found) {
     if (changed && work.elements.hasDuplicates(element) && noted.insert(element).second) {
-        found.push_back("its GlobalId stands in the file more than once; only the first instance, #" +
-                        std::to_string(file->id(work.elements.slot(element))) + ", is changed");
+        found.push_back(
+            text::message("its GlobalId stands in the file more than once; only the first instance, #{}, is changed",
+                          file->id(work.elements.slot(element))));
     }
     for (const std::string& note : found) notes.push_back(describe(element) + ": " + note);
 }
@@ -166,8 +179,9 @@ Result<std::unique_ptr<Model>> Model::open(const std::filesystem::path& path, co
     content->collectRemarks(schema->name);
     return std::unique_ptr<Model>(new Model(std::move(content)));
 } catch (const std::bad_alloc&) {
-    return Error{ErrorKind::CannotRead,
-                 path.string() + ": there is not enough memory to open it; close other programs and try again"};
+    return Error{
+        ErrorKind::CannotRead,
+        text::message("{}: there is not enough memory to open it; close other programs and try again", path.string())};
 }
 
 Result<std::unique_ptr<Model>> Model::fromBytes(std::string bytes) try {
@@ -179,7 +193,7 @@ Result<std::unique_ptr<Model>> Model::fromBytes(std::string bytes) try {
     content->collectRemarks(schema->name);
     return std::unique_ptr<Model>(new Model(std::move(content)));
 } catch (const std::bad_alloc&) {
-    return Error{ErrorKind::CannotRead, "there is not enough memory to open the model"};
+    return Error{ErrorKind::CannotRead, text::message("there is not enough memory to open the model")};
 }
 
 // --- The file ---

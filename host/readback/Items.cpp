@@ -1,6 +1,7 @@
 #include "readback/Items.hpp"
 
 #include "text/Ascii.hpp"
+#include "text/Message.hpp"
 #include "text/Unicode.hpp"
 #include "updatefile/Designation.hpp"
 #include "updatefile/ReviewList.hpp"
@@ -217,7 +218,8 @@ model::Status storeClassification(Model& model, Element element, const Place& pl
     model.visitClassifications(element, [&](const model::ClassificationReference& one) {
         if (!reference && one.system == place.system) reference = one;
     });
-    if (!reference) return model::Error{model::ErrorKind::BadName, "the element has no such classification"};
+    if (!reference)
+        return model::Error{model::ErrorKind::BadName, text::message("the element has no such classification")};
     // An empty shell would say that the element is classified, and not as what.
     if (asked.empty()) return model.removeClassification(element, place.system);
     const AskedClassification wanted = askedClassification(asked);
@@ -293,7 +295,7 @@ model::Status storeAsAsked(Model& model, Element element, const Place& place, St
         case Place::Kind::None:
             break;
     }
-    return model::Error{model::ErrorKind::BadName, "nothing on the element has that name"};
+    return model::Error{model::ErrorKind::BadName, text::message("nothing on the element has that name")};
 }
 
 model::Status storeAsAsked(Model& model, Element element, const Place& place, Stored::Kind held, std::string_view asked,

@@ -1,5 +1,7 @@
 #include "readback/ReadBack.hpp"
 
+#include "text/Message.hpp"
+
 #include <algorithm>
 #include <map>
 #include <tuple>
@@ -111,7 +113,7 @@ model::Result<std::size_t> ReadBack::storeExactly() {
     for (Row* row : lastOfEachItem())
         if (differs(*row)) wanted.push_back(row);
     if (wanted.empty()) return std::size_t{0};
-    const auto ran = model_.command("Store as asked", [&] {
+    const auto ran = model_.command(text::message("Store as asked"), [&] {
         for (Row* row : wanted) store(*row);
         return 0;
     });

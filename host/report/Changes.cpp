@@ -1,6 +1,7 @@
 #include "report/Changes.hpp"
 
 #include "report/Plans.hpp"
+#include "text/Message.hpp"
 
 namespace report {
 
@@ -8,12 +9,12 @@ namespace {
 
 /// What a change of another kind is called for people who do not know the model's words.
 std::string kindText(const std::string& kind) {
-    if (kind == "placement") return "Place (moved)";
-    if (kind == "geometry") return "Shape";
-    if (kind == "class") return "IFC class";
-    if (kind == "storey") return "Storey";
-    if (kind == "type") return "Type object";
-    return "Material";
+    if (kind == "placement") return text::message("Place (moved)");
+    if (kind == "geometry") return text::message("Shape");
+    if (kind == "class") return text::message("IFC class");
+    if (kind == "storey") return text::message("Storey");
+    if (kind == "type") return text::message("Type object");
+    return text::message("Material");
 }
 
 Row rowOf(const comparing::Change& change) {
@@ -23,11 +24,11 @@ Row rowOf(const comparing::Change& change) {
     row.old = change.old;
     row.now = change.now;
     if (change.kind == comparing::ChangeKind::Other) {
-        row.remark = "changed";
+        row.remark = text::message("changed");
     } else if (!change.old) {
-        row.remark = "new";
+        row.remark = text::message("new");
     } else {
-        row.remark = change.now ? "changed" : "removed";
+        row.remark = change.now ? text::message("changed") : text::message("removed");
     }
     return row;
 }
@@ -42,16 +43,20 @@ void addChanges(const comparing::Comparison& comparison, const model::Model& a, 
     }
     for (const model::Element element : comparison.added) {
         report.subjects.push_back(subjectOf(b, element));
-        report.subjects.back().remark = "added";
+        report.subjects.back().remark = Added;
     }
     for (const model::Element element : comparison.removed) {
         report.subjects.push_back(subjectOf(a, element));
-        report.subjects.back().remark = "removed";
+        report.subjects.back().remark = Removed;
     }
-    report.sums.push_back({"elements changed", comparison.changed.size(), Tone::Good, "element changed"});
-    report.sums.push_back({"elements added", comparison.added.size(), Tone::Good, "element added"});
-    report.sums.push_back({"elements removed", comparison.removed.size(), Tone::Note, "element removed"});
-    report.sums.push_back({"elements the same", comparison.same, Tone::Plain, "element the same"});
+    report.sums.push_back(
+        {text::phrase("elements changed"), comparison.changed.size(), Tone::Good, text::phrase("element changed")});
+    report.sums.push_back(
+        {text::phrase("elements added"), comparison.added.size(), Tone::Good, text::phrase("element added")});
+    report.sums.push_back(
+        {text::phrase("elements removed"), comparison.removed.size(), Tone::Note, text::phrase("element removed")});
+    report.sums.push_back(
+        {text::phrase("elements the same"), comparison.same, Tone::Plain, text::phrase("element the same")});
     arrange(report.subjects);
     report.plans = plansOf(report, b, &a);
 }

@@ -1,6 +1,7 @@
 #include "report/Forms.hpp"
 
 #include "text/Ascii.hpp"
+#include "text/Message.hpp"
 #include "text/Unicode.hpp"
 
 #include <fmt/chrono.h>
@@ -52,13 +53,13 @@ void addOrigin(Report& report, std::string_view program) {
     const std::time_t now = std::time(nullptr);
     std::tm local{};
     localtime_r(&now, &local);
-    report.facts.push_back({"Made", fmt::format("{:%Y-%m-%d %H:%M} by {}", local, program)});
+    report.facts.push_back(
+        {text::phrase("Made"), text::message("{} by {}", fmt::format("{:%Y-%m-%d %H:%M}", local), program)});
 }
 
-Fact modelFact(std::string label, const std::filesystem::path& path, const model::Model& model) {
-    const std::size_t count = model.elementCount();
-    return {std::move(label), fmt::format("{}, {}, {} {}", text::wellFormed(path.string()), model.schemaName(), count,
-                                          count == 1 ? "element" : "elements")};
+Fact modelFact(text::Phrase label, const std::filesystem::path& path, const model::Model& model) {
+    return {label, text::counted("{1}, {2}, {0} element", "{1}, {2}, {0} elements", model.elementCount(),
+                                 text::wellFormed(path.string()), model.schemaName())};
 }
 
 }  // namespace report

@@ -2,6 +2,7 @@
 // The forms of a report that is handed on, by the ending of its file's name; and what every report says of its origin.
 
 #include "report/Report.hpp"
+#include "text/Message.hpp"
 
 #include <filesystem>
 #include <string>
@@ -20,6 +21,6 @@ model::Result<std::string> inFormOf(const std::filesystem::path& file, const Rep
 void addOrigin(Report& report, std::string_view program);
 
 /// "house.ifc, IFC4, 62 elements"
-Fact modelFact(std::string label, const std::filesystem::path& path, const model::Model& model);
+Fact modelFact(text::Phrase label, const std::filesystem::path& path, const model::Model& model);
 
 }  // namespace report

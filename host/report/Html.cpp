@@ -2,22 +2,25 @@
 #include "report/PlanSvg.hpp"
 #include "report/Report.hpp"
 #include "report/Style.hpp"
+#include "text/Message.hpp"
 
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <map>
 
 namespace report {
 
 namespace {
 
-const std::string& orUnnamed(const std::string& text, const std::string& otherwise) {
-    return text.empty() ? otherwise : text;
+constexpr text::Phrase NoName = text::phrase("(no name)"), NoStorey = text::phrase("On no storey");
+
+std::string orUnnamed(const std::string& text, text::Phrase otherwise) {
+    return text.empty() ? otherwise.text() : text;
 }
 
-const std::string NoName = "(no name)";
-const std::string NoStorey = "On no storey";
+constexpr std::array Titles{text::phrase("Item"), text::phrase("Old"), text::phrase("New"), text::phrase("Remark")};
 
 /// Whether somebody may have to do something about it.
 bool isOpen(const Row& row) {
@@ -80,8 +83,11 @@ private:
 };
 
 void Page::begin() {
+    page_ += "<!DOCTYPE html>\n<html lang=\"";
+    // The language of the texts around the model's own.
+    appendText(text::message("en"), page_);
     page_ +=
-        "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
+        "\">\n<head>\n<meta charset=\"utf-8\">\n"
         "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
         "<meta name=\"color-scheme\" content=\"light dark\">\n";
     element("title", report_.title);
@@ -93,7 +99,7 @@ void Page::facts() {
     if (report_.facts.empty()) return;
     page_ += "<dl class=\"facts\">\n";
     for (const Fact& fact : report_.facts) {
-        element("dt", fact.label);
+        element("dt", fact.label.text());
         element("dd", fact.text);
     }
     page_ += "</dl>\n";
@@ -105,7 +111,7 @@ void Page::sums() {
     for (const Sum& sum : report_.sums) {
         page_ +=
             fmt::format("<li class=\"{}\"><b>{}</b> <span>", sum.count == 0 ? "plain" : nameOf(sum.tone), sum.count);
-        appendText(sum.count == 1 && !sum.one.empty() ? sum.one : sum.label, page_);
+        appendText((sum.count == 1 && sum.one ? sum.one : sum.label).text(), page_);
         page_ += "</span></li>\n";
     }
     page_ += "</ul>\n";
@@ -118,16 +124,19 @@ void Page::notStored() {
         const Subject& subject = report_.subjects[i];
         for (const Row& row : subject.rows) {
             if (!isOpen(row)) continue;
-            if (!any) page_ += "<section id=\"open\">\n<h2>Asked and not stored</h2>\n<ul class=\"open\">\n";
+            if (!any) {
+                page_ += "<section id=\"open\">\n";
+                element("h2", text::message("Asked and not stored"));
+                page_ += "<ul class=\"open\">\n";
+            }
             any = true;
             page_ += fmt::format("<li class=\"{}\"><a href=\"#e{}\">", nameOf(row.tone), i + 1);
             appendText(orUnnamed(subject.name, NoName), page_);
             page_ += "</a>, ";
             appendText(row.item, page_);
-            page_ += ": asked for \xE2\x80\x9C";
-            appendText(row.asked.value_or(row.now.value_or("")), page_);
-            page_ += "\xE2\x80\x9D. ";
-            appendText(row.remark, page_);
+            appendText(text::message(": asked for \xE2\x80\x9C{}\xE2\x80\x9D. {}",
+                                     row.asked.value_or(row.now.value_or("")), row.remark),
+                       page_);
             page_ += "</li>\n";
         }
     }
@@ -136,10 +145,14 @@ void Page::notStored() {
 
 void Page::contents() {
     if (report_.subjects.empty()) {
-        page_ += "<p class=\"nothing\">Nothing is different.</p>\n";
+        page_ += "<p class=\"nothing\">";
+        appendText(text::message("Nothing is different."), page_);
+        page_ += "</p>\n";
         return;
     }
-    page_ += "<nav aria-label=\"Storeys\">\n<ul>\n";
+    page_ += "<nav aria-label=\"";
+    appendText(text::message("Storeys"), page_);
+    page_ += "\">\n<ul>\n";
     std::size_t number = 0;
     const auto storeyOf = [](const Subject& subject) -> const std::string& { return subject.storey; };
     for (std::size_t first = 0; first < report_.subjects.size();) {
@@ -181,9 +194,13 @@ void Page::group(std::size_t first, std::size_t end) {
     page_ += "<h3>";
     appendText(report_.subjects[first].type, page_);
     page_ += fmt::format(" <span>{}</span></h3>\n", end - first);
-    page_ +=
-        "<table>\n<thead><tr><th scope=\"col\">Item</th><th scope=\"col\">Old</th><th scope=\"col\">New</th>"
-        "<th scope=\"col\">Remark</th></tr></thead>\n";
+    page_ += "<table>\n<thead><tr>";
+    for (const text::Phrase title : Titles) {
+        page_ += "<th scope=\"col\">";
+        appendText(title.text(), page_);
+        page_ += "</th>";
+    }
+    page_ += "</tr></thead>\n";
     for (std::size_t i = first; i < end; ++i) subject(i);
     page_ += "</table>\n";
 }
@@ -195,9 +212,9 @@ void Page::subject(std::size_t index) {
     page_ += "</b> <span class=\"id\">";
     appendText(subject.ifcClass + " \xC2\xB7 " + subject.guid, page_);
     page_ += "</span>";
-    if (!subject.remark.empty()) {
+    if (subject.remark) {
         page_ += " <em>";
-        appendText(subject.remark, page_);
+        appendText(subject.remark.text(), page_);
         page_ += "</em>";
     }
     page_ += "</th></tr>\n";
@@ -212,18 +229,18 @@ void Page::row(const Row& row) {
     value(row.old);
     value(row.now);
     page_ += "<td>";
-    if (isOpen(row) && row.asked) {
-        page_ += "Asked for \xE2\x80\x9C";
-        appendText(*row.asked, page_);
-        page_ += "\xE2\x80\x9D. ";
-    }
-    appendText(row.remark, page_);
+    const bool otherwise = isOpen(row) && row.asked;
+    appendText(
+        otherwise ? text::message("Asked for \xE2\x80\x9C{}\xE2\x80\x9D. {}", *row.asked, row.remark) : row.remark,
+        page_);
     page_ += "</td></tr>\n";
 }
 
 void Page::notes() {
     if (report_.notes.empty()) return;
-    page_ += "<section>\n<h2>Notes</h2>\n<ul class=\"notes\">\n";
+    page_ += "<section>\n";
+    element("h2", text::message("Notes"));
+    page_ += "<ul class=\"notes\">\n";
     for (const std::string& note : report_.notes) element("li", note);
     page_ += "</ul>\n</section>\n";
 }

@@ -20,9 +20,14 @@ Json asJson(const Row& row) {
 Json asJson(const Subject& subject) {
     Json rows = Json::array();
     for (const Row& row : subject.rows) rows.push_back(asJson(row));
-    return {{"guid", subject.guid},     {"globalId", subject.globalId}, {"class", subject.ifcClass},
-            {"type", subject.type},     {"name", subject.name},         {"storey", subject.storey},
-            {"remark", subject.remark}, {"rows", std::move(rows)}};
+    return {{"guid", subject.guid},
+            {"globalId", subject.globalId},
+            {"class", subject.ifcClass},
+            {"type", subject.type},
+            {"name", subject.name},
+            {"storey", subject.storey},
+            {"remark", subject.remark ? subject.remark.english() : ""},
+            {"rows", std::move(rows)}};
 }
 
 }  // namespace
@@ -31,9 +36,9 @@ std::string toJson(const Report& report) {
     Json document;
     document["title"] = report.title;
     document["facts"] = Json::object();
-    for (const Fact& fact : report.facts) document["facts"][fact.label] = fact.text;
+    for (const Fact& fact : report.facts) document["facts"][fact.label.english()] = fact.text;
     document["sums"] = Json::object();
-    for (const Sum& sum : report.sums) document["sums"][sum.label] = sum.count;
+    for (const Sum& sum : report.sums) document["sums"][sum.label.english()] = sum.count;
     document["elements"] = Json::array();
     for (const Subject& subject : report.subjects) document["elements"].push_back(asJson(subject));
     document["notes"] = report.notes;

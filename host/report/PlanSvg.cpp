@@ -1,6 +1,7 @@
 #include "report/PlanSvg.hpp"
 
 #include "report/HtmlText.hpp"
+#include "text/Message.hpp"
 
 #include <fmt/format.h>
 
@@ -101,7 +102,7 @@ void appendLinked(const Outline& outline, const Report& report, const Mapping& m
     const Subject& subject = report.subjects[*outline.subject];
     const Tone tone = toneOf(subject);
     const char* mark = tone == Tone::Bad ? "bad" : tone == Tone::Note ? "note" : "good";
-    html += fmt::format("<a class=\"{}{}\" href=\"#e{}\"><title>", mark, subject.remark == "removed" ? " gone" : "",
+    html += fmt::format("<a class=\"{}{}\" href=\"#e{}\"><title>", mark, subject.remark == Removed ? " gone" : "",
                         *outline.subject + 1);
     appendText(subject.name.empty() ? subject.type : subject.name, html);
     html += "</title>";
@@ -114,8 +115,10 @@ void appendLinked(const Outline& outline, const Report& report, const Mapping& m
 void appendPlan(const Plan& plan, const Report& report, std::string& html) {
     const Mapping mapping(plan);
     if (mapping.empty()) return;
-    html += fmt::format("<figure>\n<svg viewBox=\"0 0 {:.0f} {:.0f}\" role=\"group\" aria-label=\"Plan\">\n",
-                        mapping.width(), mapping.height());
+    html += fmt::format("<figure>\n<svg viewBox=\"0 0 {:.0f} {:.0f}\" role=\"group\" aria-label=\"", mapping.width(),
+                        mapping.height());
+    appendText(text::message("Plan"), html);
+    html += "\">\n";
     const auto drawable = [](const Outline& outline) {
         bool usable = true;
         forEachCorner(outline, [&](const Corner& corner) { usable = usable && Mapping::usable(corner); });
@@ -133,8 +136,12 @@ void appendPlan(const Plan& plan, const Report& report, std::string& html) {
         appendLinked(outline, report, mapping, html);
         ++marked;
     }
-    html += fmt::format("</svg>\n<figcaption>{} marked on the plan; each leads to its rows.", marked);
-    if (plan.notDrawn > 0) html += fmt::format(" {} elements more are not drawn.", plan.notDrawn);
+    html += "</svg>\n<figcaption>";
+    appendText(text::message("{} marked on the plan; each leads to its rows.", marked), html);
+    if (plan.notDrawn > 0) {
+        html += ' ';
+        appendText(text::message("{} elements more are not drawn.", plan.notDrawn), html);
+    }
     html += "</figcaption>\n</figure>\n";
 }
 

@@ -3,6 +3,7 @@
 // the program; as a page, as JSON, as a workbook: Html.cpp, Json.cpp, Workbook.cpp.
 
 #include "model/Model.hpp"
+#include "text/Message.hpp"
 
 #include <cstdint>
 #include <optional>
@@ -30,11 +31,13 @@ struct Row {
     std::optional<std::string> asked;  ///< Where something else was asked for than was stored.
 };
 
+inline constexpr text::Phrase Added = text::phrase("added"), Removed = text::phrase("removed");
+
 /// An element and what is to be said of it.
 struct Subject {
     std::string guid, globalId, ifcClass, type, name;
-    std::string storey;  ///< Empty where it stands in none.
-    std::string remark;  ///< "added", "removed"; empty for an element whose rows say it all.
+    std::string storey;   ///< Empty where it stands in none.
+    text::Phrase remark;  ///< Added or Removed; none for an element whose rows say it all.
     std::vector<Row> rows;
 };
 
@@ -59,14 +62,15 @@ struct Plan {
 };
 
 struct Fact {
-    std::string label, text;
+    text::Phrase label;  ///< Unlike the text, in English in the JSON, where it is a key.
+    std::string text;
 };
 
 struct Sum {
-    std::string label;
+    text::Phrase label;  ///< As that of a fact.
     std::uint64_t count = 0;
     Tone tone = Tone::Plain;
-    std::string one = {};  ///< What a page writes behind a count of 1; empty: the label.
+    text::Phrase one = {};  ///< What a page writes behind a count of 1; empty: the label.
 };
 
 struct Report {

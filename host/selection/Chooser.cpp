@@ -3,9 +3,8 @@
 #include "model/ifc/data/PropertyFacts.hpp"
 #include "model/ifc/schema/NearName.hpp"
 #include "text/Guid.hpp"
+#include "text/Message.hpp"
 #include "text/Unicode.hpp"
-
-#include <fmt/format.h>
 
 #include <algorithm>
 #include <map>
@@ -125,9 +124,9 @@ model::Result<std::vector<bool>> Chooser::named(const Facet& facet) {
     if (anySchemaHas(facet.name.text)) return std::vector<bool>(chosen_.size());
     model::ifc::NearestName near(facet.name.text);
     for (const Entity& entity : work_.schema.entities()) near.offer(entity.name());
-    const std::string meant = near.found().empty() ? "" : fmt::format(", but {}", near.found());
+    const std::string meant = near.found().empty() ? "" : text::message(", but {}", near.found());
     return complaint(expression_.text, facet.name.place,
-                     fmt::format("{} has no class {}{}", model_.schemaName(), facet.name.text, meant));
+                     text::message("{} has no class {}{}", model_.schemaName(), facet.name.text, meant));
 }
 
 std::vector<bool> Chooser::ofClass(const Entity& ifcClass) {
@@ -272,8 +271,9 @@ model::Status Chooser::givenUp() const {
         for (const Facet& facet : group) {
             for (const Word* word : {&facet.set, &facet.name, &facet.comparison.value}) {
                 if (!word->pattern || !word->pattern->gaveUp()) continue;
-                return complaint(expression_.text, word->place,
-                                 "the expression tries too many ways on some text; write it with fewer * and +");
+                return complaint(
+                    expression_.text, word->place,
+                    text::message("the expression tries too many ways on some text; write it with fewer * and +"));
             }
         }
     }

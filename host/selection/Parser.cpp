@@ -1,8 +1,7 @@
 #include "selection/Syntax.hpp"
 #include "text/Guid.hpp"
+#include "text/Message.hpp"
 #include "text/Unicode.hpp"
-
-#include <fmt/format.h>
 
 #include <algorithm>
 #include <utility>
@@ -37,7 +36,7 @@ public:
         do {
             groups.push_back(group());
         } while (takeAfterBlanks("+") && !atEnd());
-        if (!atEnd()) throw Mistake{at_, "a comma or + is missing"};
+        if (!atEnd()) throw Mistake{at_, text::message("a comma or + is missing")};
         return groups;
     }
 
@@ -57,16 +56,17 @@ private:
         facet.negated = take("!");
         skipBlanks();
         const bool plain = !atEnd() && text_[at_] != '"' && text_[at_] != '/';
-        facet.name = word(EndsName, "a class, an attribute, a property or another facet");
+        facet.name = word(EndsName, text::phrase("a class, an attribute, a property or another facet"));
         skipBlanks();
         if (plain && !atComparison() && !startsWith(".")) return chosenByItself(std::move(facet));
-        if (facet.negated) throw Mistake{start, "! stands before a class, a GUID or a comparison"};
+        if (facet.negated) throw Mistake{start, text::message("! stands before a class, a GUID or a comparison")};
         if (take(".")) {
-            facet.set = std::exchange(facet.name, word(EndsName, "the name of a property"));
+            facet.set = std::exchange(facet.name, word(EndsName, text::phrase("the name of a property")));
             facet.subject = Subject::Property;
         } else {
             facet.subject = plain ? subjectOf(facet.name) : Subject::Item;
-            if (facet.name.pattern) throw Mistake{facet.name.place, "behind /a set/ a point and a property belong"};
+            if (facet.name.pattern)
+                throw Mistake{facet.name.place, text::message("behind /a set/ a point and a property belong")};
         }
         facet.comparison = comparison();
         return facet;
@@ -80,7 +80,7 @@ private:
         } else if (name.size() > 3 && name.starts_with("Ifc")) {
             facet.subject = Subject::Class;
         } else {
-            throw Mistake{facet.name.place + name.size(), "a comparison such as =NULL is missing"};
+            throw Mistake{facet.name.place + name.size(), text::message("a comparison such as =NULL is missing")};
         }
         return facet;
     }
@@ -95,7 +95,7 @@ private:
         }
         for (const std::string_view unknown : {"group"sv, "parent"sv, "query:"sv}) {
             if (name.text.starts_with(unknown) && (unknown.back() == ':' || name.text == unknown)) {
-                throw Mistake{name.place, fmt::format("{} is a facet that is not known here", unknown)};
+                throw Mistake{name.place, text::message("{} is a facet that is not known here", unknown)};
             }
         }
         return Subject::Item;
@@ -112,14 +112,15 @@ private:
         result.negated = take("!");
         skipBlanks();
         const auto found = std::ranges::find_if(Table, [this](const auto& row) { return take(row.first); });
-        if (found == std::end(Table)) throw Mistake{at_, "a comparison is missing: =, !=, *=, !*=, >, >=, < or <="};
+        if (found == std::end(Table))
+            throw Mistake{at_, text::message("a comparison is missing: =, !=, *=, !*=, >, >=, < or <=")};
         result.what = found->second;
         if (result.negated && result.what != Operator::Equal && result.what != Operator::Contains) {
-            throw Mistake{start, "! stands before = and *= only"};
+            throw Mistake{start, text::message("! stands before = and *= only")};
         }
         skipBlanks();
         const bool plain = !atEnd() && text_[at_] != '"' && text_[at_] != '/';
-        result.value = word(EndsValue, "a value");
+        result.value = word(EndsValue, text::phrase("a value"));
         if (plain) endAtPlus(result.value);
         if (plain) result.special = specialOf(result.value.text);
         return result;
@@ -144,12 +145,12 @@ private:
         return text == "FALSE" ? Special::False : Special::None;
     }
 
-    Word word(std::string_view ends, const char* what) {
+    Word word(std::string_view ends, text::Phrase what) {
         skipBlanks();
         if (startsWith("\"")) return quoted();
         if (startsWith("/")) return expression();
         const std::size_t end = std::min(text_.find_first_of(ends, at_), text_.size());
-        if (end == at_) throw Mistake{at_, fmt::format("{} is missing", what)};
+        if (end == at_) throw Mistake{at_, text::message("{} is missing", what)};
         const std::size_t start = std::exchange(at_, end);
         return {std::string(text_.substr(start, end - start)), {}, start};
     }
@@ -161,7 +162,7 @@ private:
             if (text_.substr(at_).starts_with("\\\"")) ++at_;
             word.text += text_[at_];
         }
-        if (atEnd()) throw Mistake{word.place, "a quote is open"};
+        if (atEnd()) throw Mistake{word.place, text::message("a quote is open")};
         ++at_;
         return word;
     }
@@ -170,7 +171,7 @@ private:
         const std::size_t start = at_++;
         const std::size_t first = at_;
         while (!atEnd() && text_[at_] != '/') at_ += text_[at_] == '\\' && at_ + 1 < text_.size() ? 2U : 1U;
-        if (atEnd()) throw Mistake{start, "a / is open"};
+        if (atEnd()) throw Mistake{start, text::message("a / is open")};
         const std::string_view inner = text_.substr(first, at_ - first);
         ++at_;
         auto pattern = Pattern::compile(inner);
@@ -211,8 +212,8 @@ std::size_t characterAt(std::string_view text, std::size_t place) {
 model::Error complaint(std::string_view text, std::size_t place, const std::string& reason) {
     place = std::min(place, text.size());
     return {model::ErrorKind::BadValue,
-            fmt::format("{}, at character {}: {}<<here>>{}", reason, characterAt(text, place), text.substr(0, place),
-                        text.substr(place))};
+            text::message("{}, at character {}: {}<<here>>{}", reason, characterAt(text, place), text.substr(0, place),
+                          text.substr(place))};
 }
 
 model::Result<Expression> parse(std::string_view text) {

@@ -1,6 +1,7 @@
 #include "selection/Pattern.hpp"
 
-#include <fmt/format.h>
+#include "text/Message.hpp"
+
 #include <unicode/regex.h>
 
 namespace selection {
@@ -25,7 +26,7 @@ model::Result<Pattern> Pattern::compile(std::string_view expression) {
     content->matcher = std::make_unique<icu::RegexMatcher>(text, 0, error);
     if (U_FAILURE(error)) {
         return model::Error{model::ErrorKind::BadValue,
-                            fmt::format("it is no regular expression ({})", u_errorName(error))};
+                            text::message("it is no regular expression ({})", u_errorName(error))};
     }
     content->matcher->setTimeLimit(MostSteps, error);
     content->matcher->setStackLimit(MostStackBytes, error);

@@ -6,6 +6,7 @@
 #include "model/base/Result.hpp"
 #include "services/AddOnImage.hpp"
 #include "services/CallGuard.hpp"
+#include "text/Message.hpp"
 
 #include <cstdint>
 #include <filesystem>
@@ -44,10 +45,10 @@ public:
     /// Whether a call into the add-on is under way.
     bool busy() const { return depth_ > 0; }
 
-    /// Runs `body`, which calls the add-on's code. @param where  "the menu command", for the message.
+    /// Runs `body`, which calls the add-on's code. @param where  "a menu command", for the message.
     /// @return nothing, or a complete message where the code crashed or threw. After a crash nothing is run any more.
     template <class Body>
-    std::optional<std::string> call(std::string_view where, Body body) {
+    std::optional<std::string> call(text::Phrase where, Body body) {
         if (hasCrashed_) return refusal(where);
         std::optional<CallFault> fault;
         {
@@ -85,9 +86,9 @@ private:
     model::Status readRecord();
     model::Status bind(const HostFunction* table);
     model::Status checkEnvironment();
-    model::Status step(std::string_view function, GSErrCode (*body)(AddOn&));
-    std::string refusal(std::string_view where) const;
-    std::string faultMessage(std::string_view where, const CallFault& fault) const;
+    model::Status step(text::Phrase function, GSErrCode (*body)(AddOn&));
+    std::string refusal(text::Phrase where) const;
+    std::string faultMessage(text::Phrase where, const CallFault& fault) const;
     void noteFault(const CallFault& fault) {
         ++faults_;
         hasCrashed_ = hasCrashed_ || fault.crashed;

@@ -1,8 +1,8 @@
 #include "services/AddOnImage.hpp"
 
-#include <dlfcn.h>
-#include <fmt/format.h>
+#include "text/Message.hpp"
 
+#include <dlfcn.h>
 #include <algorithm>
 #include <fstream>
 #include <sstream>
@@ -49,10 +49,11 @@ bool isSilenced(void* image) {
 
 model::Status checkBundle(const fs::path& bundle, const fs::path& image) {
     std::error_code ignored;
-    if (!fs::exists(bundle, ignored)) return cannot("there is no such folder");
-    if (!fs::is_directory(bundle / "Contents", ignored)) return cannot("it is no bundle: it has no folder Contents");
+    if (!fs::exists(bundle, ignored)) return cannot(text::message("there is no such folder"));
+    if (!fs::is_directory(bundle / "Contents", ignored))
+        return cannot(text::message("it is no bundle: it has no folder Contents"));
     if (!fs::is_regular_file(image, ignored)) {
-        return cannot(fmt::format("it has no image {}", image.lexically_relative(bundle).string()));
+        return cannot(text::message("it has no image {}", image.lexically_relative(bundle).string()));
     }
     return {};
 }
@@ -74,11 +75,11 @@ model::Result<std::unique_ptr<AddOnImage>> AddOnImage::load(const fs::path& bund
     // All symbols now: one that is missing is a fault of loading, not a crash in the middle of a command. And local:
     // what one add-on exports must not answer another one's symbols.
     void* const handle = dlopen(fs::absolute(image).c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (handle == nullptr) return cannot(fmt::format("its image cannot be loaded: {}", dlerror()));
-    if (isSilenced(handle)) return cannot("it crashed before; start the program again to use it");
+    if (handle == nullptr) return cannot(text::message("its image cannot be loaded: {}", dlerror()));
+    if (isSilenced(handle)) return cannot(text::message("it crashed before; start the program again to use it"));
     std::unique_ptr<AddOnImage> loaded(new AddOnImage(handle));
     for (const char* name : {GetExportedName, SetImportedName}) {
-        if (dlsym(handle, name) == nullptr) return cannot(fmt::format("its image has no entry point {}", name));
+        if (dlsym(handle, name) == nullptr) return cannot(text::message("its image has no entry point {}", name));
     }
     return loaded;
 }

@@ -1,6 +1,7 @@
 #include "services/CallGuard.hpp"
 
 #include "GSException.hpp"
+#include "text/Message.hpp"
 
 #include <ucontext.h>
 
@@ -26,13 +27,13 @@ thread_local Guard* innermost = nullptr;
 
 struct WatchedSignal {
     int number;
-    const char* name;
+    text::Phrase name;
     struct sigaction before;
 };
-WatchedSignal watchedSignals[] = {{SIGSEGV, "a segmentation fault", {}},
-                                  {SIGBUS, "a bus error", {}},
-                                  {SIGFPE, "an arithmetic fault", {}},
-                                  {SIGILL, "an illegal instruction", {}}};
+WatchedSignal watchedSignals[] = {{SIGSEGV, text::phrase("a segmentation fault"), {}},
+                                  {SIGBUS, text::phrase("a bus error"), {}},
+                                  {SIGFPE, text::phrase("an arithmetic fault"), {}},
+                                  {SIGILL, text::phrase("an illegal instruction"), {}}};
 
 WatchedSignal* watched(int number) {
     for (WatchedSignal& signal : watchedSignals) {
@@ -43,7 +44,7 @@ WatchedSignal* watched(int number) {
 
 std::string nameOf(int number) {
     const WatchedSignal* signal = watched(number);
-    return signal == nullptr ? "signal " + std::to_string(number) : signal->name;
+    return signal == nullptr ? text::message("signal {}", number) : signal->name.text();
 }
 
 /// The address of the instruction that faulted; 0 on processors that are not known here, whose faults end the program.
@@ -99,7 +100,7 @@ std::optional<CallFault> catchingExceptions(void (*call)(void*), void* argument)
     } catch (const std::exception& exception) {
         return CallFault{false, false, exception.what()};
     } catch (...) {
-        return CallFault{false, false, "it is of an unknown kind"};
+        return CallFault{false, false, text::message("it is of an unknown kind")};
     }
 }
 

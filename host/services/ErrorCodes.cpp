@@ -1,5 +1,7 @@
 #include "services/ErrorCodes.hpp"
 
+#include "text/Message.hpp"
+
 namespace host {
 
 std::string errorName(GSErrCode code) {
@@ -10,7 +12,7 @@ std::string errorName(GSErrCode code) {
 #include "APIErrors.def"
 #undef APIERR
         default:
-            return "error " + std::to_string(code);
+            return text::message("error {}", code);
     }
 }
 

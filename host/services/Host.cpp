@@ -4,8 +4,7 @@
 #include "services/ErrorCodes.hpp"
 #include "services/FunctionTable.hpp"
 #include "services/Session.hpp"
-
-#include <fmt/format.h>
+#include "text/Message.hpp"
 
 #include <malloc.h>
 #include <new>
@@ -15,10 +14,6 @@
 namespace host {
 
 namespace {
-
-model::Error busy(const char* what) {
-    return {model::ErrorKind::Refused, fmt::format("cannot {} while a command of the add-on runs", what)};
-}
 
 /// The lists handed to an add-on take megabytes on an element of thousands of properties, and it asks anew for each
 /// update. The C library would give each back to the system and fetch it again, page by page, at the cost of half the
@@ -36,7 +31,7 @@ bool callHandler(void (*call)(void*), void* argument) {
         call(argument);
         return true;
     }
-    const auto fault = current.addOn->call("a dialog handler", [&] { call(argument); });
+    const auto fault = current.addOn->call(text::phrase("a dialog handler"), [&] { call(argument); });
     if (fault) current.report.write(*fault, true);
     return !fault;
 }
@@ -64,7 +59,10 @@ Host::~Host() {
 // --- Model ---
 
 model::Status Host::openModel(const std::filesystem::path& path, const model::OpenOptions& options) {
-    if (content_->session.busy()) return busy("open a model");
+    if (content_->session.busy()) {
+        return model::Error{model::ErrorKind::Refused,
+                            text::message("cannot open a model while a command of the add-on runs")};
+    }
     auto opened = model::Model::open(path, options);
     if (!opened) return opened.error();
     content_->session.replaceModel(std::move(*opened));
@@ -92,9 +90,13 @@ bool Host::redo() {
 }
 
 model::Status Host::save(const std::filesystem::path& path, const model::SaveOptions& options) {
-    if (model() == nullptr) return model::Error{model::ErrorKind::CannotWrite, "there is no open model to save"};
+    if (model() == nullptr)
+        return model::Error{model::ErrorKind::CannotWrite, text::message("there is no open model to save")};
     // Between commands of a busy add-on the model is whole: saving is possible while a dialog is open.
-    if (model()->commandOpen()) return busy("save the model");
+    if (model()->commandOpen()) {
+        return model::Error{model::ErrorKind::Refused,
+                            text::message("cannot save the model while a command of the add-on runs")};
+    }
     return model()->save(path, options);
 }
 
@@ -104,13 +106,13 @@ model::Status Host::loadAddOn(const std::filesystem::path& bundle) {
     Session& session = content_->session;
     const auto failure = [&](const std::string& reason) {
         return model::Error{model::ErrorKind::CannotRead,
-                            fmt::format("cannot load the add-on {}: {}", bundle.string(), reason)};
+                            text::message("cannot load the add-on {}: {}", bundle.string(), reason)};
     };
-    if (session.addOn) return failure("another one is loaded");
+    if (session.addOn) return failure(text::message("another one is loaded"));
     if (bundle.empty()) {
         return model::Error{model::ErrorKind::CannotRead,
-                            "cannot find the add-on: the system does not tell where this program lies (is /proc "
-                            "mounted?); name the add-on's bundle with --addon"};
+                            text::message("cannot find the add-on: the system does not tell where this program lies "
+                                          "(is /proc mounted?); name the add-on's bundle with --addon")};
     }
     auto opened = AddOn::open(bundle);
     if (!opened) return failure(opened.error().message);
@@ -162,7 +164,8 @@ GSErrCode Host::pickMenuItem(Int16 menuStrResID, Int32 itemIndex) {
     session.menuParams = {reference};
     GSErrCode result = NoError;
     const std::uint64_t faultsBefore = session.addOn->faults();
-    const auto fault = session.addOn->call("a menu command", [&] { result = handler(&session.menuParams); });
+    const auto fault =
+        session.addOn->call(text::phrase("a menu command"), [&] { result = handler(&session.menuParams); });
     session.menuParams = {};
     if (fault) session.report.write(*fault, true);
     // A fault further in, of a dialog handler or of an undoable command, does not show in the handler's answer.

@@ -2,6 +2,7 @@
 
 #include "services/ErrorCodes.hpp"
 #include "text/Guid.hpp"
+#include "text/Message.hpp"
 #include "text/Unicode.hpp"
 
 #include <fmt/format.h>
@@ -18,9 +19,9 @@ Session* current = nullptr;
 
 std::string nameOf(const API_Guid& guid) {
     model::Element element{};
-    if (findElement(guid, element) != NoError) return "unknown element";
+    if (findElement(guid, element) != NoError) return text::message("unknown element");
     const std::u16string name = current->model->name(element);
-    return name.empty() ? "element without a name" : text::toUtf8(name);
+    return name.empty() ? text::message("element without a name") : text::toUtf8(name);
 }
 
 }  // namespace

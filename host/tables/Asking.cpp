@@ -5,6 +5,7 @@
 #include "tables/asked/Collector.hpp"
 #include "tables/asked/DecimalComma.hpp"
 #include "tables/asked/Exported.hpp"
+#include "text/Message.hpp"
 
 #include <algorithm>
 #include <set>
@@ -41,9 +42,10 @@ protected:
         const std::string_view text = trimmed(table_.text(cell));
         auto guid = parseGuid(text);
         if (guid) return guid;
-        collector_.leaveOut(row.line, title,
-                            text.empty() ? "the line has no GUID"
-                                         : inQuotes(text) + " is no GUID of 36 characters and no GlobalId of 22");
+        collector_.leaveOut(
+            row.line, title,
+            text.empty() ? text::message("the line has no GUID")
+                         : text::message("{} is no GUID of 36 characters and no GlobalId of 22", inQuotes(text)));
         return std::nullopt;
     }
 
@@ -93,9 +95,9 @@ public:
         asked.layout = Layout::Grid;
         asked.items = items_.size();  // with those that no line asks for
         if (!again_.empty()) {
-            asked.notes.push_back(counted(again_.size(), "line") +
-                                  " with the GUID of a line above, the first is line " +
-                                  std::to_string(again_.front()));
+            asked.notes.push_back(text::counted("{} line with the GUID of a line above, the first is line {}",
+                                                "{} lines with the GUID of a line above, the first is line {}",
+                                                again_.size(), again_.front()));
         }
         return asked;
     }
@@ -134,7 +136,8 @@ private:
         const std::string_view text = table_.text(cell);
         const std::string item = itemOf(guid, column.place.item);
         if (item.empty()) {
-            if (!isBlank(text)) collector_.leaveOut(row.line, column.title, "the column has no name in the first line");
+            if (!isBlank(text))
+                collector_.leaveOut(row.line, column.title, text::message("the column has no name in the first line"));
             return;
         }
         collector_.noteBreaks(cell);
@@ -170,9 +173,8 @@ public:
         Asked asked = collector_.finish();
         asked.layout = Layout::Long;
         if (layout_.hasHeader && !layout_.headerNames) {
-            asked.notes.push_back("Line " + std::to_string(table_.row(0).line) + " begins with " +
-                                  inQuotes(table_.text(table_.row(0).cell(0))) +
-                                  " and no GUID: it was taken for a header");
+            asked.notes.push_back(text::message("Line {} begins with {} and no GUID: it was taken for a header",
+                                                table_.row(0).line, inQuotes(table_.text(table_.row(0).cell(0)))));
         }
         return asked;
     }
@@ -195,7 +197,7 @@ private:
         const std::uint32_t element = collector_.elementNumber(*guid);
         const std::string item = itemOf(*guid, std::string(table_.text(row.cell(layout_.item))));
         if (item.empty()) {
-            collector_.leaveOut(row.line, titles_.item, "the line names no item");
+            collector_.leaveOut(row.line, titles_.item, text::message("the line names no item"));
             return;
         }
         for (const Cell& cell : row.cells) readSurplus(row, cell);
@@ -220,7 +222,7 @@ private:
             return;
         if (!isBlank(table_.text(&cell))) {
             collector_.leaveOut(row.line, columnTitle(read_, column, layout_.headerNames),
-                                "the column has no name in the first line");
+                                text::message("the column has no name in the first line"));
         }
     }
 

@@ -2,22 +2,24 @@
 
 #include "tables/Text.hpp"
 #include "text/Ascii.hpp"
+#include "text/Message.hpp"
 
 namespace tables {
 namespace {
 
-std::string delimiterName(char delimiter) {
+/// "semicolon, UTF-8"
+std::string delimited(char delimiter, const std::string& encoding) {
     switch (delimiter) {
         case ',':
-            return "comma";
+            return text::message("comma, {}", encoding);
         case ';':
-            return "semicolon";
+            return text::message("semicolon, {}", encoding);
         case '\t':
-            return "TAB";
+            return text::message("TAB, {}", encoding);
         case '|':
-            return "bar";
+            return text::message("bar, {}", encoding);
         default:
-            return inQuotes(std::string(1, delimiter));
+            return inQuotes(std::string(1, delimiter)) + ", " + encoding;
     }
 }
 
@@ -40,11 +42,12 @@ ReadReport summarize(const ReadTable& read, const Asked& asked) {
 
 std::string reportLine(const std::string& fileName, const ReadTable& read, const Asked& asked) {
     const std::string source =
-        read.sheet.empty() ? delimiterName(read.delimiter) + ", " + read.encoding : "sheet " + read.sheet;
-    return "Read " + fileName + ": " + source + ", " + std::string(layoutName(asked.layout)) + ", " +
-           counted(asked.elements, "element") + ", " + counted(asked.items, "item") + ": " +
-           counted(asked.updates.size(), "update") + ", " + std::to_string(asked.unchanged) + " unchanged, " +
-           std::to_string(asked.leftOut.size()) + " left out";
+        read.sheet.empty() ? delimited(read.delimiter, read.encoding) : text::message("sheet {}", read.sheet);
+    const text::Phrase layout = asked.layout == Layout::Grid ? text::phrase("grid") : text::phrase("long");
+    return text::message(
+        "Read {}: {}, {}, {}, {}: {}, {} unchanged, {} left out", fileName, source, layout,
+        text::counted("{} element", "{} elements", asked.elements), text::counted("{} item", "{} items", asked.items),
+        text::counted("{} update", "{} updates", asked.updates.size()), asked.unchanged, asked.leftOut.size());
 }
 
 }  // namespace tables

@@ -7,6 +7,7 @@
 #include "tables/reading/TableBuilder.hpp"
 #include "tables/reading/Workbook.hpp"
 #include "text/Ascii.hpp"
+#include "text/Message.hpp"
 
 #include <algorithm>
 #include <array>
@@ -22,9 +23,9 @@ bool isText(Format format) {
     return format == Format::Csv || format == Format::Tsv;
 }
 
-const char* describe(Format format) {
-    if (format == Format::Xlsx) return "an Excel workbook (.xlsx)";
-    return format == Format::Ods ? "an OpenDocument spreadsheet (.ods)" : "delimited text";
+text::Phrase describe(Format format) {
+    if (format == Format::Xlsx) return text::phrase("an Excel workbook (.xlsx)");
+    return format == Format::Ods ? text::phrase("an OpenDocument spreadsheet (.ods)") : text::phrase("delimited text");
 }
 
 Result<ReadTable> readText(std::string_view bytes, const ReadOptions& options) {
@@ -33,7 +34,8 @@ Result<ReadTable> readText(std::string_view bytes, const ReadOptions& options) {
     const auto delimiter = options.delimiter ? options.delimiter : findDelimiter(decoded->text);
     if (!delimiter) {
         return Error{
-            "no comma, semicolon, TAB or bar cuts its lines into columns; name the delimiter, or save the table again"};
+            text::message("no comma, semicolon, TAB or bar cuts its lines into columns; name the delimiter, or save "
+                          "the table again")};
     }
     Result<Table> table = readDelimited(decoded->text, *delimiter);
     if (!table) return table.error();
@@ -70,8 +72,8 @@ Result<ReadTable> readAs(std::string_view bytes, std::optional<Format> stated, c
     if (!read) return read.error();
     read->format = format;
     if (stated && *stated != format) {
-        read->notes.push_back(std::string("By its content it is ") + describe(format) + " and no ." +
-                              std::string(formatName(*stated)) + ", and was read as what it is");
+        read->notes.push_back(text::message("By its content it is {} and no .{}, and was read as what it is",
+                                            describe(format), formatName(*stated)));
     }
     return read;
 }
@@ -79,8 +81,8 @@ Result<ReadTable> readAs(std::string_view bytes, std::optional<Format> stated, c
 void noteMerged(ReadTable& read) {
     const std::uint64_t filled = read.table.filledByMerging();
     if (filled > 0) {
-        read.notes.push_back("Merged cells: each of the cells under them counts as what is shown, " +
-                             std::to_string(filled) + " in all");
+        read.notes.push_back(
+            text::message("Merged cells: each of the cells under them counts as what is shown, {} in all", filled));
     }
 }
 
@@ -99,11 +101,11 @@ std::optional<Format> parseFormat(std::string_view text) {
 
 Result<ReadTable> readBytes(std::string_view bytes, const std::string& name, const ReadOptions& options) {
     if (bytes.size() > options.mostBytes)
-        return Error{name + ": it is larger than " + std::to_string(options.mostBytes) + " bytes; split the table"};
+        return Error{text::message("{}: it is larger than {} bytes; split the table", name, options.mostBytes)};
     const auto stated = options.as ? options.as : parseFormat(std::filesystem::path(name).extension().string());
     Result<ReadTable> read = readAs(bytes, stated, options);
     if (!read) return Error{name + ": " + read.error().message};
-    if (read->table.rowCount() == 0) return Error{name + ": it is empty; save it with the table in it"};
+    if (read->table.rowCount() == 0) return Error{text::message("{}: it is empty; save it with the table in it", name)};
     noteMerged(*read);
     return read;
 }
@@ -111,9 +113,10 @@ Result<ReadTable> readBytes(std::string_view bytes, const std::string& name, con
 Result<ReadTable> readFile(const std::filesystem::path& path, const ReadOptions& options) {
     const std::string name = path.string();
     std::error_code error;
-    if (std::filesystem::is_directory(path, error)) return Error{name + ": it is a folder; name a file"};
+    if (std::filesystem::is_directory(path, error))
+        return Error{text::message("{}: it is a folder; name a file", name)};
     std::ifstream file(path, std::ios::binary);
-    if (!file) return Error{name + ": it cannot be opened; check the path and the rights to read it"};
+    if (!file) return Error{text::message("{}: it cannot be opened; check the path and the rights to read it", name)};
     // In stretches: a pipe tells no size, and what never ends is to be left at the limit.
     std::string bytes;
     std::array<char, 65536> stretch{};
@@ -121,7 +124,7 @@ Result<ReadTable> readFile(const std::filesystem::path& path, const ReadOptions&
         bytes.append(stretch.data(), static_cast<std::size_t>(file.gcount()));
         if (bytes.size() > options.mostBytes) break;
     }
-    if (file.bad()) return Error{name + ": it cannot be read to its end"};
+    if (file.bad()) return Error{text::message("{}: it cannot be read to its end", name)};
     return readBytes(bytes, name, options);
 }
 

@@ -31,8 +31,4 @@ std::string inQuotes(std::string_view text) {
     return "'" + std::string(text.substr(0, length)) + (length < text.size() ? "…'" : "'");
 }
 
-std::string counted(std::uint64_t count, std::string_view noun) {
-    return std::to_string(count) + " " + std::string(noun) + (count == 1 ? "" : "s");
-}
-
 }  // namespace tables

@@ -1,7 +1,6 @@
 #pragma once
 // Small things about the texts of cells.
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -15,8 +14,5 @@ std::string withoutBreaks(std::string text);
 
 /// For messages: in quotes, cut behind 40 bytes or so, never within a character.
 std::string inQuotes(std::string_view text);
-
-/// "1 line", "2 lines"
-std::string counted(std::uint64_t count, std::string_view noun);
 
 }  // namespace tables

@@ -1,5 +1,7 @@
 #include "tables/UpdateFiles.hpp"
 
+#include "text/Message.hpp"
+
 #include <algorithm>
 
 namespace tables {
@@ -28,11 +30,11 @@ void appendLine(std::string& text, const AskedUpdate& update) {
 
 std::optional<std::string> obstacleOf(const AskedUpdate& update) {
     if (lengthWithoutOld(update) > LongestLine) {
-        return "GUID, item and value together are longer than the " + std::to_string(LongestLine) +
-               " bytes of a line; shorten the value";
+        return text::message("GUID, item and value together are longer than the {} bytes of a line; shorten the value",
+                             LongestLine);
     }
     if (breaksLine(update.value) || breaksLine(update.item))
-        return "it holds a zero byte or a line end, which no line can hold; remove it";
+        return text::message("it holds a zero byte or a line end, which no line can hold; remove it");
     return std::nullopt;
 }
 

@@ -1,9 +1,8 @@
 #include "updatefile/ExportLine.hpp"
 
+#include "text/Message.hpp"
 #include "text/Unicode.hpp"
 #include "updatefile/Designation.hpp"
-
-#include <fmt/format.h>
 
 #include <algorithm>
 
@@ -53,12 +52,13 @@ std::string fieldText(const CurrentText& current) {
 model::Status checkItem(std::string_view item) {
     if (nameIn(item).empty()) {
         return model::Error{model::ErrorKind::BadName,
-                            fmt::format("'{}' is no item: write an attribute, a property such as "
-                                        "FireRating[WallCommon] or a classification",
-                                        item)};
+                            text::message("'{}' is no item: write an attribute, a property such as "
+                                          "FireRating[WallCommon] or a classification",
+                                          item)};
     }
     if (item.find_first_of("\t\r\n") != std::string_view::npos)
-        return model::Error{model::ErrorKind::BadName, "an item with a TAB or a line end fits into no update file"};
+        return model::Error{model::ErrorKind::BadName,
+                            text::message("an item with a TAB or a line end fits into no update file")};
     return {};
 }
 
@@ -73,26 +73,26 @@ model::Result<std::vector<std::string>> parseItems(std::string_view text) {
     return items;
 }
 
-const char* explain(Obstacle obstacle) {
+std::string explain(Obstacle obstacle) {
     switch (obstacle) {
         case Obstacle::NoItem:
-            return "the element has no such item";
+            return text::message("the element has no such item");
         case Obstacle::NoName:
-            return "the element has no Name, so the review list would refuse the line";
+            return text::message("the element has no Name, so the review list would refuse the line");
         case Obstacle::NoGuid:
-            return "the element's GUID is null, which names no element";
+            return text::message("the element's GUID is null, which names no element");
         case Obstacle::NoText:
-            return "a list, range, enumeration, table or reference is no text that could be changed";
+            return text::message("a list, range, enumeration, table or reference is no text that could be changed");
         case Obstacle::LineBreaker:
-            return "the value holds a TAB, a line end or a zero, which a line cannot hold";
+            return text::message("the value holds a TAB, a line end or a zero, which a line cannot hold");
         case Obstacle::Brace:
-            return "the value holds a '{', which would end it";
+            return text::message("the value holds a '{', which would end it");
         case Obstacle::BooleanCode:
-            return "the value is the text .T. or .F., which would be read as true or false";
+            return text::message("the value is the text .T. or .F., which would be read as true or false");
         case Obstacle::NoUnicode:
-            return "the value holds half of a character, which UTF-8 cannot hold";
+            return text::message("the value holds half of a character, which UTF-8 cannot hold");
         case Obstacle::TooLong:
-            return "the line would be longer than 2047 bytes and be cut";
+            return text::message("the line would be longer than 2047 bytes and be cut");
         case Obstacle::None:
             break;
     }

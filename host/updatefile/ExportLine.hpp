@@ -38,7 +38,7 @@ enum class Obstacle : std::uint8_t {
 inline constexpr std::size_t ObstacleCount = 10;
 
 /// A complete clause.
-const char* explain(Obstacle obstacle);
+std::string explain(Obstacle obstacle);
 
 struct ExportLine {
     Obstacle obstacle = Obstacle::None;

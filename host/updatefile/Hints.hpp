@@ -1,6 +1,7 @@
 #pragma once
 // The findings as sentences, each with what to do about it.
 
+#include "text/Message.hpp"
 #include "updatefile/UpdateFileScan.hpp"
 
 #include <optional>
@@ -20,7 +21,8 @@ struct ReviewCounts {
 std::vector<std::string> hintsFor(const UpdateFileFindings& findings, const ReviewCounts& counts,
                                   std::string_view shows);
 
-inline constexpr std::string_view NoTextFile = "it is no text file; save the table as tab-delimited text in UTF-8";
+inline constexpr text::Phrase NoTextFile =
+    text::phrase("it is no text file; save the table as tab-delimited text in UTF-8");
 
 /// Why the file cannot be an update file, with what to do; nothing if it can be one.
 std::optional<std::string> uselessBecause(const UpdateFileFindings& findings);

@@ -3,6 +3,7 @@
 #include "model/ifc/schema/NearName.hpp"
 #include "model/ifc/schema/StandardSets.hpp"
 #include "text/Ascii.hpp"
+#include "text/Message.hpp"
 #include "text/Unicode.hpp"
 #include "updatefile/Designation.hpp"
 #include "updatefile/ReviewList.hpp"
@@ -73,23 +74,23 @@ private:
         NearestName nearest(name_);
         for (const std::string_view label : reviewlist::AddedSystems) nearest.offer(label);
         if (std::ranges::find(reviewlist::AddedSystems, name_) != reviewlist::AddedSystems.end()) return {};
-        if (!nearest.found().empty()) return fmt::format("is nearly a classification: write {}", nearest.found());
-        return fmt::format(
+        if (!nearest.found().empty()) return text::message("is nearly a classification: write {}", nearest.found());
+        return text::message(
             "is no classification of the element, and only {} and {} can be given to an element that has none",
             reviewlist::AddedSystems[1], reviewlist::AddedSystems[0]);
     }
 
     std::string onSet(const std::string& setName) const {
         if (const std::string given = setName.substr(Prefix.size()); given.starts_with(Prefix)) {
-            return fmt::format("would go into {}, since {} is put before every set: write {}", setName, Prefix,
-                               written(name_, given));
+            return text::message("would go into {}, since {} is put before every set: write {}", setName, Prefix,
+                                 written(name_, given));
         }
         const auto set = sets_.find(setName);
         if (!set) {
             const std::string_view near = sets_.nearestSet(setName);
             return near.empty()
                        ? std::string()
-                       : fmt::format("is nearly of the standard's set {}: write {}", near, written(name_, near));
+                       : text::message("is nearly of the standard's set {}: write {}", near, written(name_, near));
         }
         return isFor(*set) ? onNameIn(*set) : onForeignSet(setName);
     }
@@ -99,16 +100,20 @@ private:
         NearestName nearest(name_);
         for (std::size_t i = 0; i < set.size(); ++i) nearest.offer(set.property(i).name);
         if (nearest.found().empty()) return {};
-        return fmt::format("is nearly the standard's {} of {}: write {}", nearest.found(), set.name(),
-                           written(nearest.found(), set.name()));
+        return text::message("is nearly the standard's {} of {}: write {}", nearest.found(), set.name(),
+                             written(nearest.found(), set.name()));
     }
 
     std::string onForeignSet(const std::string& setName) const {
         const std::string better = setFor(name_);
-        const std::string what = fmt::format("would go into {}, which the standard has for other classes than {}",
-                                             setName, item_.ifcClass->name());
-        if (better.empty()) return what + ": write a set of your own, as in " + written(name_, "Custom");
-        return fmt::format("{}: write {}", what, written(name_, better));
+        const std::string_view ifcClass = item_.ifcClass->name();
+        if (better.empty()) {
+            return text::message(
+                "would go into {}, which the standard has for other classes than {}: write a set of your own, as in {}",
+                setName, ifcClass, written(name_, "Custom"));
+        }
+        return text::message("would go into {}, which the standard has for other classes than {}: write {}", setName,
+                             ifcClass, written(name_, better));
     }
 
     /// Of those that an update can set.
@@ -126,14 +131,14 @@ private:
         std::string_view name = name_;
         std::string set = setFor(name);
         if (!set.empty())
-            return fmt::format("is the standard's for {}: write {}", item_.ifcClass->name(), written(name, set));
+            return text::message("is the standard's for {}: write {}", item_.ifcClass->name(), written(name, set));
         if (const std::string_view attribute = nearestAttribute(); !attribute.empty())
-            return fmt::format("is nearly the attribute {0}: write {0}", attribute);
+            return text::message("is nearly the attribute {0}: write {0}", attribute);
         name = sets_.nearestProperty(name, *item_.ifcClass);
         if (name.empty()) return {};
         set = setFor(name);
-        return fmt::format("is nearly the standard's {} for {}: write {}", name, item_.ifcClass->name(),
-                           written(name, set));
+        return text::message("is nearly the standard's {} for {}: write {}", name, item_.ifcClass->name(),
+                             written(name, set));
     }
 
     const StandardSets& sets_;
@@ -182,12 +187,11 @@ StandardHints standardHints(const std::vector<UnknownItem>& items, model::ifc::S
     for (const auto& [text, rows] : told) {
         if (hints.texts.size() == MostHints) {
             hints.texts.push_back(
-                fmt::format("{} more names could be better ones; fix these first", told.size() - MostHints));
+                text::message("{} more names could be better ones; fix these first", told.size() - MostHints));
             break;
         }
-        std::string hint = numbered("row", rows);
-        hint.front() = 'R';
-        hints.texts.push_back(fmt::format("{}: {}", hint, text));
+        hints.texts.push_back(rows.count == 1 ? text::message("Row {}: {}", listed(rows), text)
+                                              : text::message("Rows {}: {}", listed(rows), text));
     }
     return hints;
 }

@@ -1,5 +1,6 @@
 #include "updatefile/Wording.hpp"
 
+#include "text/Message.hpp"
 #include "updatefile/UpdateFileScan.hpp"
 
 #include <fmt/format.h>
@@ -10,15 +11,27 @@ std::string counted(std::uint64_t count, std::string_view noun) {
     return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
 }
 
-std::string numbered(std::string_view noun, const LineNotes& notes) {
-    std::string text = fmt::format("{}{} ", noun, notes.count == 1 ? "" : "s");
+std::string listed(const LineNotes& notes) {
+    std::string list;
     for (std::size_t i = 0; i < notes.first.size(); ++i) {
-        const bool last = i + 1 == notes.count;
-        if (i > 0) text += last ? " and " : ", ";
-        text += std::to_string(notes.first[i]);
+        const std::string number = std::to_string(notes.first[i]);
+        const bool last = i > 0 && i + 1 == notes.count;
+        if (last) {
+            list = text::message("{} and {}", list, number);
+        } else {
+            list.append(i == 0 ? "" : ", ").append(number);
+        }
     }
-    if (notes.count > notes.first.size()) text += fmt::format(" and {} more", notes.count - notes.first.size());
-    return text;
+    if (notes.count <= notes.first.size()) return list;
+    return text::message("{} and {} more", list, notes.count - notes.first.size());
+}
+
+std::string numberedLines(const LineNotes& notes) {
+    return notes.count == 1 ? text::message("line {}", listed(notes)) : text::message("lines {}", listed(notes));
+}
+
+std::string numberedRows(const LineNotes& notes) {
+    return notes.count == 1 ? text::message("row {}", listed(notes)) : text::message("rows {}", listed(notes));
 }
 
 }  // namespace updatefile

@@ -1,5 +1,5 @@
 #pragma once
-// Numbers in sentences, as both programs write them.
+// Numbers in sentences.
 
 #include <cstdint>
 #include <string>
@@ -9,10 +9,14 @@ namespace updatefile {
 
 struct LineNotes;
 
-/// "1 line", "2 lines"
+/// "1 line", "2 lines", for the command line: in English, whatever language there is.
 std::string counted(std::uint64_t count, std::string_view noun);
 
-/// "line 4", "lines 4 and 17", "lines 4, 17, 20, 31, 40 and 12 more"
-std::string numbered(std::string_view noun, const LineNotes& notes);
+/// "4", "4 and 17", "4, 17, 20, 31, 40 and 12 more"
+std::string listed(const LineNotes& notes);
+/// "line 4", "lines 4 and 17"
+std::string numberedLines(const LineNotes& notes);
+/// "row 4", "rows 4 and 17"
+std::string numberedRows(const LineNotes& notes);
 
 }  // namespace updatefile

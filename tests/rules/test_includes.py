@@ -35,7 +35,7 @@ MAY_INCLUDE = {
     "host/frameworks/": (("host/frameworks/", "host/include/", "host/text/"), ("standard", "system", "ICU")),
     "host/services/": (("host/services/", "host/frameworks/", "host/include/", "host/model/", "host/text/"),
                        ("standard", "system", "ICU", "fmt")),
-    "host/selection/": (("host/selection/", "host/model/", "host/text/"), ("standard", "ICU", "fmt")),
+    "host/selection/": (("host/selection/", "host/model/", "host/text/"), ("standard", "ICU")),
     "host/updatefile/": (("host/updatefile/", "host/include/", "host/model/", "host/text/"), ("standard", "fmt")),
     "host/readback/": (("host/readback/", "host/model/", "host/text/", "host/updatefile/"), ("standard",)),
     "host/comparing/": (("host/comparing/", "host/model/", "host/readback/", "host/text/", "host/updatefile/"),

@@ -42,7 +42,7 @@ class ExportLineThatIsNone : public testing::TestWithParam<Refused> {};
 TEST_P(ExportLineThatIsNone, HasAReason) {
     const ExportLine line = exportLine(GetParam().subject, "Item", GetParam().current);
     EXPECT_EQ(line.obstacle, GetParam().obstacle) << GetParam().what;
-    EXPECT_STRNE(explain(line.obstacle), "");
+    EXPECT_NE(explain(line.obstacle), "");
 }
 
 std::vector<Refused> refusals() {

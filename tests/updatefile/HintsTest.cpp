@@ -21,10 +21,10 @@ LineNotes notes(std::initializer_list<std::uint64_t> lines) {
 }
 
 TEST(LineNumbers, AreReadAsASentence) {
-    EXPECT_EQ(numbered("line", notes({4})), "line 4");
-    EXPECT_EQ(numbered("line", notes({4, 17})), "lines 4 and 17");
-    EXPECT_EQ(numbered("line", notes({1, 2, 3, 4, 5})), "lines 1, 2, 3, 4 and 5");
-    EXPECT_EQ(numbered("line", notes({1, 2, 3, 4, 5, 6, 7})), "lines 1, 2, 3, 4, 5 and 2 more");
+    EXPECT_EQ(numberedLines(notes({4})), "line 4");
+    EXPECT_EQ(numberedLines(notes({4, 17})), "lines 4 and 17");
+    EXPECT_EQ(numberedLines(notes({1, 2, 3, 4, 5})), "lines 1, 2, 3, 4 and 5");
+    EXPECT_EQ(numberedLines(notes({1, 2, 3, 4, 5, 6, 7})), "lines 1, 2, 3, 4, 5 and 2 more");
 }
 
 TEST(Hints, AreNoneWhereEveryLineGaveARow) {

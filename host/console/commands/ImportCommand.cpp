@@ -101,7 +101,7 @@ void checkApplied(ModelSession& session, const ImportUser& user, const ImportPla
     const updatefile::LineNotes rows = importing::unfinishedRows(user.review(), *user.result());
     if (rows.count > 0) {
         throw Failure(fmt::format("the add-on neither applied nor refused the ticked {}; nothing was saved",
-                                  updatefile::numbered("row", rows)));
+                                  updatefile::numberedRows(rows)));
     }
 }
 

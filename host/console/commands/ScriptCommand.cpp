@@ -8,6 +8,7 @@
 #include "console/script/ScriptUser.hpp"
 #include "report/Changes.hpp"
 #include "report/Forms.hpp"
+#include "text/Message.hpp"
 
 #include <fmt/format.h>
 
@@ -20,7 +21,7 @@ report::Report pageOf(ModelSession& session, model::Model& before) {
     const auto comparison = valueOrThrow(comparing::compare(before, session.model()));
     report::Report page;
     page.title = fmt::format("Changes to {}", wellFormed(session.modelPath().filename().string()));
-    page.facts.push_back(report::modelFact("Model", session.modelPath(), session.model()));
+    page.facts.push_back(report::modelFact(text::Phrase("Model"), session.modelPath(), session.model()));
     addOrigin(page);
     report::addChanges(comparison, before, session.model(), page);
     page.notes = session.reportTexts();

@@ -7,6 +7,7 @@
 #include "importing/ReviewPage.hpp"
 #include "report/Changes.hpp"
 #include "report/Forms.hpp"
+#include "text/Message.hpp"
 
 #include <fmt/format.h>
 
@@ -24,8 +25,8 @@ report::Report pageOf(const Difference& difference) {
     const auto name = [](const std::filesystem::path& path) { return wellFormed(path.filename().string()); };
     report::Report page;
     page.title = fmt::format("Changes from {} to {}", name(difference.a.path), name(difference.b.path));
-    page.facts.push_back(report::modelFact("Before", difference.a.path, difference.a.model));
-    page.facts.push_back(report::modelFact("Now", difference.b.path, difference.b.model));
+    page.facts.push_back(report::modelFact(text::Phrase("Before"), difference.a.path, difference.a.model));
+    page.facts.push_back(report::modelFact(text::Phrase("Now"), difference.b.path, difference.b.model));
     addOrigin(page);
     report::addChanges(difference.found, difference.a.model, difference.b.model, page);
     return page;

@@ -364,7 +364,7 @@ private:
         say(
             fmt::format("no model has the element in {} of {}; check the models and the GUIDs, 'modelhost list' prints "
                         "them",
-                        updatefile::numbered("line", notes), options_.updates.string()));
+                        updatefile::numberedLines(notes), options_.updates.string()));
         return options_.strict ? ExitStatus::RowsFailed : ExitStatus::Done;
     }
 

@@ -1,6 +1,7 @@
 #include "desktop/review/PickedUpdates.hpp"
 
 #include "desktop/QtText.hpp"
+#include "text/Message.hpp"
 #include "updatefile/Hints.hpp"
 
 #include <QCoreApplication>
@@ -65,7 +66,8 @@ void PickedUpdates::describe(importing::ReviewedUpdates& reviewed, const fronten
         reviewed.linesWithoutRow += reviewed.leftOut.size();
     }
     const updatefile::ReviewCounts counts{static_cast<std::uint64_t>(list.rowCount()), list.rowsLost()};
-    const auto ofLines = updatefile::hintsFor(source_->findings(), counts, "the table of elements shows");
+    const auto ofLines =
+        updatefile::hintsFor(source_->findings(), counts, text::message("the table of elements shows"));
     std::vector<std::string> hints;
     hints.reserve(source_->notes().size() + ofLines.size() + reviewed.hints.size());
     if (!source_->notes().empty()) hints.assign(source_->notes().begin() + 1, source_->notes().end());
@@ -79,7 +81,8 @@ QStringList PickedUpdates::hints(const frontend::List& list) const {
     for (std::size_t i = 1; i < source_->notes().size(); ++i) hints += sentence(source_->notes()[i]);
     if (source_->table()) hints += leftOut(*source_->table());
     const updatefile::ReviewCounts counts{static_cast<std::uint64_t>(list.rowCount()), list.rowsLost()};
-    for (const std::string& hint : updatefile::hintsFor(source_->findings(), counts, "the table of elements shows"))
+    for (const std::string& hint :
+         updatefile::hintsFor(source_->findings(), counts, text::message("the table of elements shows")))
         hints += sentence(hint);
     return hints;
 }

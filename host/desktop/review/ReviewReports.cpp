@@ -6,6 +6,7 @@
 #include "desktop/WholeFile.hpp"
 #include "desktop/review/Review.hpp"
 #include "report/Forms.hpp"
+#include "text/Message.hpp"
 
 #include <QAction>
 #include <QDir>
@@ -48,7 +49,7 @@ std::optional<importing::ReviewedUpdates> ReviewReports::reviewed() const {
     reviewed->modelPath = toPath(document_.path());
     if (reviewed->result && !document_.modified()) reviewed->saved = document_.path().toStdString();
     if (!open_ && document_.model()->revision() != revision_)
-        reviewed->hints.push_back("The model was changed, or a step taken back, after this review");
+        reviewed->hints.push_back(text::message("The model was changed, or a step taken back, after this review"));
     return reviewed;
 }
 

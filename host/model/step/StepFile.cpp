@@ -2,21 +2,22 @@
 
 #include "model/step/StepFileContent.hpp"
 #include "model/step/editing/InstanceEdits.hpp"
+#include "text/Message.hpp"
 
 namespace model::step {
 
 namespace {
 
 Error refused(InstanceId id, const std::string& why) {
-    return {ErrorKind::Refused, "the instance #" + std::to_string(id) + " is not edited: " + why};
+    return {ErrorKind::Refused, text::message("the instance #{} is not edited: {}", id, why)};
 }
 
 Error noSuchInstance() {
-    return {ErrorKind::Refused, "there is no such instance"};
+    return {ErrorKind::Refused, text::message("there is no such instance")};
 }
 
 Error noIdLeft() {
-    return {ErrorKind::Refused, "the file has no id left for a new instance"};
+    return {ErrorKind::Refused, text::message("the file has no id left for a new instance")};
 }
 
 }  // namespace
@@ -82,7 +83,7 @@ bool StepFile::read(Slot slot, Instance& out) const {
 
 Status StepFile::begin() {
     if (content_->changes.begin()) return {};
-    return Error{ErrorKind::Nesting, "a command is open already"};
+    return Error{ErrorKind::Nesting, text::message("a command is open already")};
 }
 
 bool StepFile::open() const {
@@ -91,12 +92,12 @@ bool StepFile::open() const {
 
 /// Whether the instance can be edited now. Its id must lead back to it: of a repeated one nobody knows which is meant.
 Status StepFile::Content::checkEditable(Slot slot) const {
-    if (!changes.open()) return Error{ErrorKind::Refused, "a file is edited only inside a command"};
+    if (!changes.open()) return Error{ErrorKind::Refused, text::message("a file is edited only inside a command")};
     if (!changes.known(slot)) return noSuchInstance();
     const InstanceId id = changes.id(slot);
-    if (!changes.present(slot)) return refused(id, "it is no longer there");
-    if (changes.find(id) != slot) return refused(id, "the file has several instances of this id");
-    if (index.places[slot].keyword() == NoKeyword) return refused(id, "it is a complex instance");
+    if (!changes.present(slot)) return refused(id, text::message("it is no longer there"));
+    if (changes.find(id) != slot) return refused(id, text::message("the file has several instances of this id"));
+    if (index.places[slot].keyword() == NoKeyword) return refused(id, text::message("it is a complex instance"));
     return {};
 }
 
@@ -123,15 +124,16 @@ Status StepFile::addToAggregate(Slot slot, Value aggregate, std::string_view ele
 Result<std::size_t> StepFile::removeReferences(Slot slot, std::size_t attributeIndex, InstanceId member) {
     if (Status editable = content_->checkEditable(slot); !editable) return editable.error();
     if (const auto left = content_->changes.removeReferences(slot, attributeIndex, member)) return *left;
-    return refused(content_->changes.id(slot), "its list does not name #" + std::to_string(member));
+    return refused(content_->changes.id(slot), text::message("its list does not name #{}", member));
 }
 
 /// Whether a new instance can be added, and its keyword.
 Result<KeywordCode> StepFile::Content::checkNew(std::string_view body) {
     std::string_view keyword;
-    if (!changes.open()) return Error{ErrorKind::Refused, "a file is edited only inside a command"};
-    if (!isInstanceBody(body, keyword)) return Error{ErrorKind::Refused, "the new instance is malformed"};
-    if (index.sections.empty()) return Error{ErrorKind::Refused, "the file has no section DATA"};
+    if (!changes.open()) return Error{ErrorKind::Refused, text::message("a file is edited only inside a command")};
+    if (!isInstanceBody(body, keyword))
+        return Error{ErrorKind::Refused, text::message("the new instance is malformed")};
+    if (index.sections.empty()) return Error{ErrorKind::Refused, text::message("the file has no section DATA")};
     return index.keywords.intern(keyword);
 }
 

@@ -2,6 +2,7 @@
 #include "model/step/disk/Disk.hpp"
 #include "model/step/disk/FileLock.hpp"
 #include "model/step/reading/Indexer.hpp"
+#include "text/Message.hpp"
 
 #include <cstring>
 #include <new>
@@ -30,7 +31,7 @@ StepFile::~StepFile() = default;
 Result<std::unique_ptr<StepFile>> StepFile::open(const fs::path& path, const OpenOptions& options) try {
     fs::path target;
     if (const std::error_code error = Disk::real().resolve(path, target))
-        return cannotRead(path, error.message() + "; check the name and the rights");
+        return cannotRead(path, text::message("{}; check the name and the rights", error.message()));
     Result<ReadFile> file = readFile(target, options.progress);
     if (!file) return file.error();
     Bytes archive;
@@ -51,7 +52,7 @@ Result<std::unique_ptr<StepFile>> StepFile::open(const fs::path& path, const Ope
     }
     return std::unique_ptr<StepFile>(new StepFile(std::move(content)));
 } catch (const std::bad_alloc&) {
-    return cannotRead(path, "there is not enough memory to open it; close other programs and try again");
+    return cannotRead(path, text::message("there is not enough memory to open it; close other programs and try again"));
 }
 
 void StepFile::takeLock() {
@@ -66,7 +67,7 @@ Result<std::unique_ptr<StepFile>> StepFile::fromBytes(std::string text) try {
     if (const Status indexed = indexFile(content->index, {}); !indexed) return indexed.error();
     return std::unique_ptr<StepFile>(new StepFile(std::move(content)));
 } catch (const std::bad_alloc&) {
-    return Error{ErrorKind::CannotRead, "there is not enough memory to open the model"};
+    return Error{ErrorKind::CannotRead, text::message("there is not enough memory to open the model")};
 }
 
 }  // namespace model::step

@@ -5,6 +5,7 @@
 #include "model/step/disk/Saving.hpp"
 #include "model/step/editing/FileContent.hpp"
 #include "model/step/syntax/Characters.hpp"
+#include "text/Message.hpp"
 
 #include <zip.h>
 
@@ -118,11 +119,10 @@ Status StepFile::save(const fs::path& path, const SaveOptions& options) {
         return content_->save(path, options, replacement);
     } catch (const std::bad_alloc&) {
         if (replacement.done) {
-            return cannotWrite(path,
-                               "the file was written, but then there was not enough memory to go on working on "
-                               "it; close other programs and save again");
+            return cannotWrite(path, text::message("the file was written, but then there was not enough memory to go "
+                                                   "on working on it; close other programs and save again"));
         }
-        return cannotWrite(path, "there is not enough memory to save it; the old file is untouched");
+        return cannotWrite(path, text::message("there is not enough memory to save it; the old file is untouched"));
     }
 }
 

@@ -3,9 +3,8 @@
 #include "services/ErrorCodes.hpp"
 #include "services/Services.hpp"
 #include "services/Session.hpp"
+#include "text/Message.hpp"
 #include "text/Unicode.hpp"
-
-#include <fmt/format.h>
 
 namespace host::services {
 
@@ -13,14 +12,14 @@ namespace {
 
 GSErrCode refuseCommand(const std::string& name, GSErrCode code, const std::string& reason) {
     ++session().failedCommands;
-    session().report.write(fmt::format("Command \"{}\": {} ({})", name, reason, errorName(code)));
+    session().report.write(text::message("Command \"{}\": {} ({})", name, reason, errorName(code)));
     return code;
 }
 
 /// Runs the add-on's function. A crash or an exception of it is a failed command: the model rolls back.
 GSErrCode runCommand(const std::function<GSErrCode()>& command) {
     GSErrCode result = NoError;
-    const auto fault = session().addOn->call("an undoable command", [&] { result = command(); });
+    const auto fault = session().addOn->call(text::phrase("an undoable command"), [&] { result = command(); });
     if (!fault) return result;
     session().report.write(*fault, true);
     return APIERR_COMMANDFAILED;
@@ -35,11 +34,12 @@ void WriteReport(void*, const char* text, unsigned char alert) {
 GSErrCode CallUndoableCommand(void*, const GS::UniString& name, const std::function<GSErrCode()>& command) {
     const std::string title = text::toUtf8(name.View());
     model::Model* const model = session().model.get();
-    if (model == nullptr) return refuseCommand(title, APIERR_REFUSEDCMD, "no model is open");
-    if (!command) return refuseCommand(title, APIERR_BADPARS, "there is no function to run");
+    if (model == nullptr) return refuseCommand(title, APIERR_REFUSEDCMD, text::message("no model is open"));
+    if (!command) return refuseCommand(title, APIERR_BADPARS, text::message("there is no function to run"));
     const auto result = model->command(title, [&] { return runCommand(command); });
     if (!result) return refuseCommand(title, errorCode(result.error().kind), result.error().message);
-    if (*result != NoError) return refuseCommand(title, *result, "failed, all its changes are taken back");
+    if (*result != NoError)
+        return refuseCommand(title, *result, text::message("failed, all its changes are taken back"));
     return NoError;
 }
 

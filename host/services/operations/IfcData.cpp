@@ -4,6 +4,7 @@
 #include "services/IfcRecords.hpp"
 #include "services/Services.hpp"
 #include "services/Session.hpp"
+#include "text/Message.hpp"
 #include "text/Unicode.hpp"
 
 #include <algorithm>
@@ -41,9 +42,9 @@ GSErrCode edit(const API_Guid& guid, const std::string& item, Set set) {
         case NoError:
             break;
         case APIERR_BADPARS:
-            return refuseEdit(guid, item, {model::ErrorKind::BadParameter, "the GUID is the null GUID"});
+            return refuseEdit(guid, item, {model::ErrorKind::BadParameter, text::message("the GUID is the null GUID")});
         default:
-            return refuseEdit(guid, item, {model::ErrorKind::BadId, "the model has no such element"});
+            return refuseEdit(guid, item, {model::ErrorKind::BadId, text::message("the model has no such element")});
     }
     const model::Status done = set(*session().model, element);
     for (const std::string& note : session().model->takeNotes()) session().report.write(note);
@@ -95,7 +96,7 @@ GSErrCode Element_SetIFCAttribute(void*, const API_Guid& guid, const API_IFCAttr
 GSErrCode Element_SetIFCProperty(void*, const API_Guid& guid, const API_IFCProperty& property) {
     return edit(guid, designation(property.head), [&](model::Model& model, model::Element element) -> model::Status {
         if (!isKnown(property))
-            return model::Error{model::ErrorKind::BadParameter, "there is no such kind of property"};
+            return model::Error{model::ErrorKind::BadParameter, text::message("there is no such kind of property")};
         return model.setProperty(element, fromRecord(property));
     });
 }

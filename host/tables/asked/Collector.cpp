@@ -3,6 +3,7 @@
 #include "tables/Text.hpp"
 #include "tables/UpdateFiles.hpp"
 #include "tables/asked/DecimalComma.hpp"
+#include "text/Message.hpp"
 
 #include <algorithm>
 #include <array>
@@ -40,8 +41,8 @@ bool showsFault(const Request& request) {
 }
 
 std::string contestedText(std::uint32_t line, std::uint32_t otherLine) {
-    if (line == otherLine) return "two columns of this name ask for different values; keep one of them";
-    return "line " + std::to_string(otherLine) + " asks for another value of the same item; keep one of the two";
+    if (line == otherLine) return text::message("two columns of this name ask for different values; keep one of them");
+    return text::message("line {} asks for another value of the same item; keep one of the two", otherLine);
 }
 
 }  // namespace
@@ -69,14 +70,14 @@ bool Collector::isUnchanged(const Request& request) const {
 void Collector::take(Request request) {
     if (request.kind == CellKind::Uncomputed) {
         leaveOut(request.line, request.column,
-                 "its formula has no value yet; open the file in a spreadsheet program and save it");
+                 text::message("its formula has no value yet; open the file in a spreadsheet program and save it"));
         return;
     }
     const std::string_view value = valueOf(request);
     if (value.empty() && !options_.clearEmpty) {
         if (request.sayWhenEmpty) {
             leaveOut(request.line, request.column,
-                     "the new value is empty; with --clear-empty that asks for the empty text");
+                     text::message("the new value is empty; with --clear-empty that asks for the empty text"));
         }
         return;
     }
@@ -86,7 +87,7 @@ void Collector::take(Request request) {
     }
     if (showsFault(request)) {
         leaveOut(request.line, request.column,
-                 "it shows the error " + inQuotes(request.text) + "; fix the formula, or empty the cell");
+                 text::message("it shows the error {}; fix the formula, or empty the cell", inQuotes(request.text)));
         return;
     }
     AskedUpdate update{request.guid, request.item,   std::move(request.old), std::string(value),
@@ -108,7 +109,8 @@ void Collector::takeTwice(Pending& earlier, const AskedUpdate& later) {
     if (earlier.update.value == later.value) {
         const bool sameLine = earlier.update.line == later.line;
         leaveOut(later.line, later.column,
-                 (sameLine ? "another column" : "line " + std::to_string(earlier.update.line)) + " asks for the same");
+                 sameLine ? text::message("another column asks for the same")
+                          : text::message("line {} asks for the same", earlier.update.line));
         return;
     }
     earlier.contestedBy = later.line;
@@ -137,7 +139,8 @@ Asked Collector::finish() {
     asked_.elements = elements_.size();
     asked_.items = items_.size();
     if (cellsWithBreaks_ > 0)
-        asked_.notes.push_back(counted(cellsWithBreaks_, "cell") + " with TABs or line ends: each became a blank");
+        asked_.notes.push_back(text::counted("{} cell with TABs or line ends: each became a blank",
+                                             "{} cells with TABs or line ends: each became a blank", cellsWithBreaks_));
     return std::move(asked_);
 }
 

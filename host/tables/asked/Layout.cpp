@@ -4,6 +4,7 @@
 #include "tables/Text.hpp"
 #include "tables/reading/TableBuilder.hpp"
 #include "text/Ascii.hpp"
+#include "text/Message.hpp"
 
 #include <algorithm>
 
@@ -52,14 +53,15 @@ std::uint32_t longWidth(const Table& table) {
 Error neither(const Table& table, const Table::Row& header) {
     const std::string first(trimmed(table.text(header.cell(0))));
     if (parseGuid(first)) {
-        return {"line " + std::to_string(header.line) +
-                ": a list of three or four columns needs no header, but this has " + std::to_string(table.width()) +
-                " columns; write a header line with GUID and the items' names above"};
+        return {
+            text::message("line {}: a list of three or four columns needs no header, but this has {} columns; write a "
+                          "header line with GUID and the items' names above",
+                          header.line, table.width())};
     }
-    return {"line " + std::to_string(header.line) + ": the first cell is " +
-            (first.empty() ? "empty" : inQuotes(first)) +
-            "; write GUID above the elements' GUIDs and an item above each other column, or save a list of GUID, item, "
-            "old value, new value"};
+    return {
+        text::message("line {}: the first cell is {}; write GUID above the elements' GUIDs and an item above each "
+                      "other column, or save a list of GUID, item, old value, new value",
+                      header.line, first.empty() ? text::message("empty") : inQuotes(first))};
 }
 
 }  // namespace
@@ -84,7 +86,7 @@ Result<TableLayout> findLayout(const Table& table) {
 std::string columnTitle(const ReadTable& read, std::uint32_t column, bool hasHeader) {
     std::string title = hasHeader ? headerText(read.table, read.table.row(0), column) : std::string();
     if (!title.empty()) return title;
-    return "column " + (read.sheet.empty() ? std::to_string(column + 1) : columnLetters(column));
+    return text::message("column {}", read.sheet.empty() ? std::to_string(column + 1) : columnLetters(column));
 }
 
 }  // namespace tables

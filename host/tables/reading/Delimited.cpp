@@ -4,6 +4,7 @@
 #include "tables/Text.hpp"
 #include "tables/reading/TableBuilder.hpp"
 #include "text/Ascii.hpp"
+#include "text/Message.hpp"
 
 #include <algorithm>
 #include <array>
@@ -166,8 +167,9 @@ Result<Table> readDelimited(std::string_view text, char delimiter) {
     while (reader.next() && !builder.tooLarge()) {
         if (reader.open()) {
             return Error{
-                "line " + std::to_string(reader.line()) + ", column " + std::to_string(reader.column() + 1) +
-                ": the quote at its beginning is never closed; close it, or write \"\" for a quote that is meant"};
+                text::message("line {}, column {}: the quote at its beginning is never closed; close it, or write \"\" "
+                              "for a quote that is meant",
+                              reader.line(), reader.column() + 1)};
         }
         if (skipFirst && reader.line() == 1) continue;
         if (reader.column() == 0) builder.beginRow(reader.line());

@@ -2,6 +2,7 @@
 
 #include "tables/Text.hpp"
 #include "text/Ascii.hpp"
+#include "text/Message.hpp"
 #include "text/Unicode.hpp"
 
 #include <unicode/ucnv.h>
@@ -51,8 +52,8 @@ std::size_t lineAt(std::string_view text) {
 }
 
 Error notOf(std::string_view encoding, std::string_view textBefore) {
-    return {"line " + std::to_string(lineAt(textBefore)) + ": bytes that are not " + std::string(encoding) +
-            "; name the encoding, or save the file as UTF-8"};
+    return {text::message("line {}: bytes that are not {}; name the encoding, or save the file as UTF-8",
+                          lineAt(textBefore), encoding)};
 }
 
 /// In steps, so that the text between is never whole in memory.
@@ -86,7 +87,7 @@ Result<DecodedText> decodeAs(std::string_view bytes, const char* encoding, std::
     UErrorCode error = U_ZERO_ERROR;
     const Converter converter(ucnv_open(encoding, &error));
     if (U_FAILURE(error))
-        return Error{"no encoding is called '" + std::string(encoding) + "'; try utf-8, utf-16le or windows-1252"};
+        return Error{text::message("no encoding is called '{}'; try utf-8, utf-16le or windows-1252", encoding)};
     ucnv_setToUCallBack(converter.get(), UCNV_TO_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &error);
     Result<std::string> text = convert(bytes, converter.get(), shownAs);
     if (!text) return text.error();

@@ -4,6 +4,7 @@
 #include "tables/reading/Values.hpp"
 #include "tables/reading/Workbook.hpp"
 #include "tables/reading/Xml.hpp"
+#include "text/Message.hpp"
 
 #include <algorithm>
 #include <array>
@@ -172,7 +173,7 @@ void ContentReader::endTable() {
     Result<Table> table = builder_->finish();
     builder_.reset();
     if (!table) {
-        fail("sheet '" + name + "': " + table.error().message);
+        fail(text::message("sheet '{}': {}", name, table.error().message));
     } else if (name == ExportedSheet && name != wanted_) {
         exported_ = std::move(*table);
     } else if (!empty) {
@@ -225,9 +226,9 @@ std::string ContentReader::valueOfCell(CellKind kind) {
     if (kind != CellKind::Number) return paragraphs_.any() ? paragraphs_.text() : cell_.value;
     const auto number = parseNumber(cell_.value);
     if (number) return numberText(*number);
-    fail(cellError(
-             sheets_.back(), row_, cell_.column,
-             inQuotes(cell_.value) + " is no number; the workbook is damaged: open and save it with its own program")
+    fail(cellError(sheets_.back(), row_, cell_.column,
+                   text::message("{} is no number; the workbook is damaged: open and save it with its own program",
+                                 inQuotes(cell_.value)))
              .message);
     return {};
 }
@@ -256,7 +257,7 @@ Result<WorkbookContent> ContentReader::finish() {
 class ManifestReader : public xml::Handler {
 public:
     void begin(std::string_view name, const xml::Attributes&) override {
-        if (name == "encryption-data") fail("the workbook is encrypted; save it without a password");
+        if (name == "encryption-data") fail(text::message("the workbook is encrypted; save it without a password"));
     }
     void end(std::string_view) override {}
     void text(std::string_view) override {}

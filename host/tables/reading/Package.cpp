@@ -1,6 +1,7 @@
 #include "tables/reading/Package.hpp"
 
 #include "text/ArchiveNames.hpp"
+#include "text/Message.hpp"
 
 #include <zip.h>
 
@@ -28,8 +29,8 @@ bool isEncrypted(zip_t* archive, zip_uint64_t index) {
 }
 
 Error damaged(const std::string& part, const std::string& reason) {
-    return {"the workbook is damaged: " + part + " " + reason +
-            "; open and save it with its own program, or fetch it again"};
+    return {text::message("the workbook is damaged: {} {}; open and save it with its own program, or fetch it again",
+                          part, reason)};
 }
 
 }  // namespace
@@ -40,8 +41,8 @@ void Package::Close::operator()(zip* archive) const {
 
 Result<Package> Package::open(std::string_view bytes) {
     if (text::hasCrowdedNames(bytes)) {
-        return Error{
-            "the workbook holds thousands of parts whose names were chosen to keep programs busy; do not trust it"};
+        return Error{text::message(
+            "the workbook holds thousands of parts whose names were chosen to keep programs busy; do not trust it")};
     }
     zip_error_t error;
     zip_error_init(&error);
@@ -51,7 +52,8 @@ Result<Package> Package::open(std::string_view bytes) {
     zip_error_fini(&error);
     if (archive != nullptr) return Package(archive, std::max(HarmlessSize, HonestRatio * bytes.size()));
     zip_source_free(source);
-    return Error{"the workbook is damaged: " + reason + "; fetch it again, or open and save it with its own program"};
+    return Error{
+        text::message("the workbook is damaged: {}; fetch it again, or open and save it with its own program", reason)};
 }
 
 bool Package::has(const std::string& part) const {
@@ -60,20 +62,22 @@ bool Package::has(const std::string& part) const {
 
 Status Package::read(const std::string& part, const Sink& sink) {
     const zip_int64_t found = zip_name_locate(archive_.get(), part.c_str(), 0);
-    if (found < 0) return damaged(part, "is missing");
+    if (found < 0) return damaged(part, text::message("is missing"));
     const auto index = static_cast<zip_uint64_t>(found);
-    if (isEncrypted(archive_.get(), index)) return Error{"the workbook is encrypted; save it without a password"};
+    if (isEncrypted(archive_.get(), index))
+        return Error{text::message("the workbook is encrypted; save it without a password")};
     const EntryHandle entry(zip_fopen_index(archive_.get(), index, 0));
-    if (entry == nullptr) return damaged(part, std::string("cannot be unpacked, ") + zip_strerror(archive_.get()));
+    if (entry == nullptr) return damaged(part, text::message("cannot be unpacked, {}", zip_strerror(archive_.get())));
     std::vector<char> stretch(Stretch);
     for (;;) {
         const zip_int64_t count = zip_fread(entry.get(), stretch.data(), stretch.size());
-        if (count < 0) return damaged(part, "cannot be unpacked");
+        if (count < 0) return damaged(part, text::message("cannot be unpacked"));
         if (count == 0) return {};
         unpacked_ += static_cast<std::uint64_t>(count);
         if (unpacked_ > mostUnpacked_) {
-            return Error{"the workbook unpacks to more than " + std::to_string(mostUnpacked_) +
-                         " bytes, which no honest one of its size does; do not trust it"};
+            return Error{text::message(
+                "the workbook unpacks to more than {} bytes, which no honest one of its size does; do not trust it",
+                mostUnpacked_)};
         }
         if (!sink({stretch.data(), static_cast<std::size_t>(count)})) return {};
     }

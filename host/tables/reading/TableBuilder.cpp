@@ -1,5 +1,7 @@
 #include "tables/reading/TableBuilder.hpp"
 
+#include "text/Message.hpp"
+
 #include <algorithm>
 #include <utility>
 
@@ -112,7 +114,7 @@ void TableBuilder::fill() {
 Result<Table> TableBuilder::finish() {
     sort();
     fill();
-    if (tooLarge_) return Error{"more than " + std::to_string(MostCells) + " cells hold something; split the table"};
+    if (tooLarge_) return Error{text::message("more than {} cells hold something; split the table", MostCells)};
     table_.writtenWidth_ = std::max(table_.writtenWidth_, table_.width_);
     table_.store_ = store_;
     return std::exchange(table_, {});

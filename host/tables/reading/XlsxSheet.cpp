@@ -4,6 +4,7 @@
 #include "tables/reading/TableBuilder.hpp"
 #include "tables/reading/Workbook.hpp"
 #include "tables/reading/Xml.hpp"
+#include "text/Message.hpp"
 
 #include <charconv>
 
@@ -90,8 +91,9 @@ void SheetReader::beginRow(const xml::Attributes& attributes) {
     const std::string_view number = attributes.value("r");
     const auto place = number.empty() ? Place{place_.row + 1, 0} : parsePlace("A" + std::string(number));
     if (!place || place->row > MostRows) {
-        fail("sheet '" + sheet_ + "': there is no row " + inQuotes(number) +
-             "; the workbook is damaged: open and save it with its own program");
+        fail(text::message(
+            "sheet '{}': there is no row {}; the workbook is damaged: open and save it with its own program", sheet_,
+            inQuotes(number)));
         return;
     }
     place_ = *place;
@@ -104,8 +106,9 @@ void SheetReader::beginCell(const xml::Attributes& attributes) {
     const std::string_view where = attributes.value("r");
     const auto place = where.empty() ? Place{place_.row, nextColumn_} : parsePlace(where);
     if (!place || place->row != place_.row || place->column >= MostColumns) {
-        fail("sheet '" + sheet_ + "', row " + std::to_string(place_.row) + ": there is no cell " + inQuotes(where) +
-             "; the workbook is damaged: open and save it with its own program");
+        fail(text::message(
+            "sheet '{}', row {}: there is no cell {}; the workbook is damaged: open and save it with its own program",
+            sheet_, place_.row, inQuotes(where)));
         return;
     }
     place_ = *place;
@@ -152,7 +155,8 @@ void SheetReader::addShared() {
     std::size_t index = 0;
     const auto [end, error] = std::from_chars(value_.data(), value_.data() + value_.size(), index);
     if (error != std::errc() || index >= shared_.strings.size()) {
-        failHere("the cell's text is missing; the workbook is damaged: open and save it with its own program");
+        failHere(text::message(
+            "the cell's text is missing; the workbook is damaged: open and save it with its own program"));
     } else {
         builder_.add(place_.column, CellKind::Text, shared_.strings[index]);
     }
@@ -161,7 +165,8 @@ void SheetReader::addShared() {
 void SheetReader::addNumber() {
     const auto number = parseNumber(value_);
     if (!number) {
-        failHere(inQuotes(value_) + " is no number; the workbook is damaged: open and save it with its own program");
+        failHere(text::message("{} is no number; the workbook is damaged: open and save it with its own program",
+                               inQuotes(value_)));
         return;
     }
     // A date is a number of days; only the format of its cell says that it is one.
@@ -181,7 +186,7 @@ Result<Table> readSheet(Package& package, const Sheet& sheet, const Shared& shar
     SheetReader reader(sheet.name, shared);
     if (Status status = xml::read(package, sheet.part, reader); !status) return status.error();
     Result<Table> table = reader.finish();
-    if (!table) return Error{"sheet '" + sheet.name + "': " + table.error().message};
+    if (!table) return Error{text::message("sheet '{}': {}", sheet.name, table.error().message)};
     return table;
 }
 

@@ -1,5 +1,7 @@
 #include "tables/reading/Xml.hpp"
 
+#include "text/Message.hpp"
+
 #include <expat.h>
 
 #include <exception>
@@ -41,15 +43,16 @@ public:
         fed_ += static_cast<XML_Index>(stretch.size());
         if (handler_.stopped()) return false;
         if (status != XML_STATUS_OK && broken_.empty()) broken_ = XML_ErrorString(XML_GetErrorCode(parser_.get()));
-        if (broken_.empty() && fed_ - XML_GetCurrentByteIndex(parser_.get()) > LongestTag) broken_ = "tag too long";
+        if (broken_.empty() && fed_ - XML_GetCurrentByteIndex(parser_.get()) > LongestTag)
+            broken_ = text::message("tag too long");
         return broken_.empty();
     }
 
     /// What is wrong with the XML, with the place; empty where nothing is.
     std::string complaint() const {
         if (broken_.empty()) return {};
-        return broken_ + " at line " + std::to_string(XML_GetCurrentLineNumber(parser_.get())) + ", column " +
-               std::to_string(XML_GetCurrentColumnNumber(parser_.get()) + 1);
+        return text::message("{} at line {}, column {}", broken_, XML_GetCurrentLineNumber(parser_.get()),
+                             XML_GetCurrentColumnNumber(parser_.get()) + 1);
     }
 
 private:
@@ -77,7 +80,7 @@ private:
     }
     /// No workbook has one; entities that unfold to gigabytes need one.
     static void XMLCALL doctype(void* self, const char*, const char*, const char*, int) {
-        guarded(self, [](Reader& reader) { reader.broken_ = "a document type"; });
+        guarded(self, [](Reader& reader) { reader.broken_ = text::message("a document type"); });
     }
 
     std::unique_ptr<XML_ParserStruct, FreeParser> parser_;
@@ -108,8 +111,9 @@ Status read(Package& package, const std::string& part, Handler& handler) {
     if (going) reader.feed({}, true);
     if (!handler.failure().empty()) return Error{handler.failure()};
     if (const std::string complaint = reader.complaint(); !complaint.empty()) {
-        return Error{"the workbook is damaged: " + part + " is no XML: " + complaint +
-                     "; open and save it with its own program, or fetch it again"};
+        return Error{text::message(
+            "the workbook is damaged: {} is no XML: {}; open and save it with its own program, or fetch it again", part,
+            complaint)};
     }
     return {};
 }

@@ -1,6 +1,7 @@
 #include "tables/Writing.hpp"
 #include "tables/reading/TableBuilder.hpp"
 #include "tables/reading/Workbook.hpp"
+#include "text/Message.hpp"
 #include "text/Unicode.hpp"
 
 #include <xlsxwriter.h>
@@ -125,7 +126,7 @@ public:
         const lxw_error closed = workbook_close(book_);
         if (error_ == LXW_NO_ERROR) error_ = closed;
         if (error_ == LXW_NO_ERROR) return std::nullopt;
-        return Error{std::string("the workbook cannot be written: ") + lxw_strerror(error_)};
+        return Error{text::message("the workbook cannot be written: {}", lxw_strerror(error_))};
     }
 
 private:
@@ -191,19 +192,20 @@ bool isTooLong(const std::string& text) {
 /// What a sheet cannot hold, before anything is written.
 std::optional<Error> tooLarge(const Grid& grid) {
     if (grid.rows.size() + 1 > MostRows) {
-        return Error{"a sheet has " + std::to_string(MostRows) + " rows, the table " +
-                     std::to_string(grid.rows.size() + 1) + "; choose fewer elements, or write a .csv"};
+        return Error{text::message("a sheet has {} rows, the table {}; choose fewer elements, or write a .csv",
+                                   MostRows, grid.rows.size() + 1)};
     }
     if (grid.columns.size() > MostColumns) {
-        return Error{"a sheet has " + std::to_string(MostColumns) + " columns, the table " +
-                     std::to_string(grid.columns.size()) + "; choose fewer items, or write a .csv"};
+        return Error{text::message("a sheet has {} columns, the table {}; choose fewer items, or write a .csv",
+                                   MostColumns, grid.columns.size())};
     }
     for (std::size_t row = 0; row < grid.rows.size(); ++row) {
         for (std::size_t column = 0; column < grid.rows[row].size(); ++column) {
             if (const std::string& text = grid.rows[row][column]; isTooLong(text)) {
                 return Error{
-                    "row " + std::to_string(row + 2) + ", column " + grid.columns[column] +
-                    ": the text is longer than the 32767 letters of a cell; leave the item out, or write a .csv"};
+                    text::message("row {}, column {}: the text is longer than the 32767 letters of a cell; leave the "
+                                  "item out, or write a .csv",
+                                  row + 2, grid.columns[column])};
             }
         }
     }
@@ -215,7 +217,8 @@ std::optional<Error> tooLarge(const Grid& grid) {
 Result<std::string> writeWorkbook(const Grid& grid, bool keepExported) {
     if (auto error = tooLarge(grid)) return std::move(*error);
     const TemporaryFile file;
-    if (!file.good()) return Error{"no temporary file can be made; free some space in the folder for them"};
+    if (!file.good())
+        return Error{text::message("no temporary file can be made; free some space in the folder for them")};
     Writer writer(grid, file.path());
     writer.addUpdates();
     if (keepExported) writer.addExported();

@@ -3,6 +3,7 @@
 #include "model/ifc/values/InQuotes.hpp"
 #include "model/ifc/values/ValueText.hpp"
 #include "model/step/syntax/StringDecoder.hpp"
+#include "text/Message.hpp"
 
 namespace model::ifc {
 
@@ -53,12 +54,12 @@ Error refused(std::string reason) {
 Status checkReplaceable(Value held) {
     switch (held.kind) {
         case ValueKind::Derived:
-            return refused("it is derived from other attributes (the file holds *)");
+            return refused(text::message("it is derived from other attributes (the file holds *)"));
         case ValueKind::String: {
             std::u16string text;
             if (step::decodeString(held.text, text) != step::Decoding::Undecodable) return {};
-            return refused("the file holds a text that cannot be decoded, " + std::string(held.text) +
-                           "; fix it in the program that wrote it");
+            return refused(text::message(
+                "the file holds a text that cannot be decoded, {}; fix it in the program that wrote it", held.text));
         }
         case ValueKind::Unset:
         case ValueKind::Integer:
@@ -66,14 +67,14 @@ Status checkReplaceable(Value held) {
         case ValueKind::Enumeration:
             return {};
         default:
-            return refused("the file holds no value of its type, " + std::string(held.text));
+            return refused(text::message("the file holds no value of its type, {}", held.text));
     }
 }
 
 /// The new value in STEP form.
 Result<std::string> newValue(const Attribute& attribute, std::u16string_view text) {
     if (text.empty() && attribute.optional) return std::string("$");
-    if (text.empty()) return Error{ErrorKind::BadValue, "it must have a value in this schema"};
+    if (text.empty()) return Error{ErrorKind::BadValue, text::message("it must have a value in this schema")};
     Result<std::string> parsed = parseValue(text, attribute.base, attribute.type);
     if (!parsed) return Error{ErrorKind::BadValue, inQuotes(text) + " " + parsed.error().message};
     return parsed;
@@ -84,7 +85,7 @@ Result<std::string> newValue(const Attribute& attribute, std::u16string_view tex
 Result<std::vector<model::Attribute>> readAttributes(Workspace& work, Element element) {
     const step::Slot slot = work.elements.slot(element);
     step::Instance instance;
-    if (!work.file.read(slot, instance)) return refused("the instance is not well formed");
+    if (!work.file.read(slot, instance)) return refused(text::message("the instance is not well formed"));
     const auto declared = work.classes.of(slot).entity->attributes();
     std::vector<model::Attribute> attributes;
     attributes.reserve(declared.size());
@@ -112,14 +113,17 @@ Status setAttribute(Workspace& work, Element element, std::string_view name, std
     const Entity& entity = *work.classes.of(slot).entity;
     const int index = entity.attributeIndex(name);
     if (index < 0 || !isListed(entity.attributes()[static_cast<std::size_t>(index)])) {
-        return Error{ErrorKind::BadName, std::string(entity.name()) + " has no such attribute that is a single value"};
+        return Error{ErrorKind::BadName,
+                     text::message("{} has no such attribute that is a single value", entity.name())};
     }
-    if (name == "GlobalId") return Error{ErrorKind::ReadOnly, "the GlobalId identifies the element and stays"};
+    if (name == "GlobalId")
+        return Error{ErrorKind::ReadOnly, text::message("the GlobalId identifies the element and stays")};
     const Attribute& attribute = entity.attributes()[static_cast<std::size_t>(index)];
     step::Instance instance;
-    if (!work.file.read(slot, instance)) return refused("the instance is not well formed");
+    if (!work.file.read(slot, instance)) return refused(text::message("the instance is not well formed"));
     if (static_cast<std::size_t>(index) >= instance.arguments.size()) {
-        return refused("the file gives this instance fewer attributes than its schema, and not this one");
+        return refused(
+            text::message("the file gives this instance fewer attributes than its schema, and not this one"));
     }
     const Value held = instance.arguments[static_cast<std::size_t>(index)];
     if (Status replaceable = checkReplaceable(held); !replaceable) return replaceable;

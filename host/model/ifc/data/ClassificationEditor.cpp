@@ -5,6 +5,7 @@
 #include "model/ifc/values/ValueText.hpp"
 #include "model/step/syntax/StringDecoder.hpp"
 #include "model/step/syntax/StringEncoder.hpp"
+#include "text/Message.hpp"
 #include "text/Unicode.hpp"
 
 #include <algorithm>
@@ -34,7 +35,8 @@ public:
         : work_(workspace), edit_(workspace, element), wanted_(target), notes_(notes) {}
 
     Status run() {
-        if (wanted_.system.empty()) return Error{ErrorKind::BadName, "the classification system has no label"};
+        if (wanted_.system.empty())
+            return Error{ErrorKind::BadName, text::message("the classification system has no label")};
         const auto own = findBy(edit_.slot());
         if (!own.empty()) return isSettled(own.front().data) ? Status{} : changeFirst(own);
         const Slot type = work_.typeObject(edit_.slot());
@@ -47,7 +49,8 @@ public:
         if (!own.empty()) return removeFirst(own);
         const Slot type = work_.typeObject(edit_.slot());
         if (type == step::NoSlot || findBy(type).empty()) return {};
-        return Error{ErrorKind::Refused, "the element has it from its type, which gives it to others, too"};
+        return Error{ErrorKind::Refused,
+                     text::message("the element has it from its type, which gives it to others, too")};
     }
 
 private:
@@ -91,8 +94,8 @@ std::vector<AssignedClassification> ClassificationEditor::findBy(Slot object) {
 Status ClassificationEditor::changeFirst(const std::vector<AssignedClassification>& held) {
     Status changed = change(held.front());
     if (changed && held.size() > 1) {
-        notes_.push_back("the element has " + std::to_string(held.size()) + " classifications " +
-                         inQuotes(wanted_.system) + "; the first one was changed");
+        notes_.push_back(text::message("the element has {} classifications {}; the first one was changed", held.size(),
+                                       inQuotes(wanted_.system)));
     }
     return changed;
 }
@@ -104,13 +107,13 @@ Status ClassificationEditor::removeFirst(const std::vector<AssignedClassificatio
     }
     if (Status editable = edit_.checkRelation(relation); !editable) return editable;
     if (held.size() > 1) {
-        notes_.push_back("the element has " + std::to_string(held.size()) + " classifications " +
-                         inQuotes(wanted_.system) + "; the first one was removed");
+        notes_.push_back(text::message("the element has {} classifications {}; the first one was removed", held.size(),
+                                       inQuotes(wanted_.system)));
     }
     if (!edit_.isAlone(relation)) return edit_.leave(relation);
     if (!edit_.isUnused(relation)) {
         return Error{ErrorKind::Refused,
-                     "relation " + edit_.reference(relation) + " is referred to, so it has to stay"};
+                     text::message("relation {} is referred to, so it has to stay", edit_.reference(relation))};
     }
     if (Status erased = work_.file.erase(relation); !erased) return erased;
     // The system stays: it is a statement of the whole model.
@@ -223,18 +226,21 @@ Status ClassificationEditor::checkReadable(Slot reference) const {
     for (const Field field : {Field::Location, Field::ItemReference, Field::Name, Field::ReferencedSource}) {
         const step::Value held = argument(instance, cls, field);
         if (held.text.empty()) {
-            return Error{ErrorKind::Refused, "the file gives " + edit_.reference(reference) + " too few attributes"};
+            return Error{ErrorKind::Refused,
+                         text::message("the file gives {} too few attributes", edit_.reference(reference))};
         }
         if (held.kind == step::ValueKind::Derived) {
             return Error{ErrorKind::Refused,
-                         edit_.reference(reference) + " derives a text from others (the file holds *)"};
+                         text::message("{} derives a text from others (the file holds *)", edit_.reference(reference))};
         }
         std::u16string text;
         const bool readable =
             held.kind != step::ValueKind::String || step::decodeString(held.text, text) != step::Decoding::Undecodable;
         if (!readable) {
-            return Error{ErrorKind::Refused, "the file holds a text that cannot be decoded, " + std::string(held.text) +
-                                                 "; fix it in the program that wrote it"};
+            return Error{
+                ErrorKind::Refused,
+                text::message("the file holds a text that cannot be decoded, {}; fix it in the program that wrote it",
+                              held.text)};
         }
     }
     return {};

@@ -1,6 +1,7 @@
 #include "model/ifc/data/ElementEdit.hpp"
 
 #include "model/ifc/values/InstanceScan.hpp"
+#include "text/Message.hpp"
 
 #include <algorithm>
 
@@ -14,9 +15,10 @@ ElementEdit::ElementEdit(Workspace& workspace, Element edited)
 Status ElementEdit::check(Slot slot) const {
     const step::InstanceId id = work_.file.id(slot);
     const std::string name = referenceText(id);
-    if (!isReadable(slot)) return Error{ErrorKind::Refused, "instance " + name + " is not well formed"};
+    if (!isReadable(slot)) return Error{ErrorKind::Refused, text::message("instance {} is not well formed", name)};
     if (work_.file.find(id) != slot) {
-        return Error{ErrorKind::Refused, "the file has several instances " + name + ", so none of them can be changed"};
+        return Error{ErrorKind::Refused,
+                     text::message("the file has several instances {}, so none of them can be changed", name)};
     }
     return {};
 }
@@ -24,7 +26,8 @@ Status ElementEdit::check(Slot slot) const {
 Status ElementEdit::checkRelation(Slot relation) const {
     if (Status editable = check(relation); !editable) return editable;
     if (isAlone(relation) || hasPlainList(relation)) return {};
-    return Error{ErrorKind::Refused, "what relation " + reference(relation) + " names is no well-formed list"};
+    return Error{ErrorKind::Refused,
+                 text::message("what relation {} names is no well-formed list", reference(relation))};
 }
 
 bool ElementEdit::hasPlainList(Slot relation) const {

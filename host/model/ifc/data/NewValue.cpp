@@ -4,6 +4,7 @@
 #include "model/ifc/values/ValueText.hpp"
 #include "model/step/syntax/StringDecoder.hpp"
 #include "text/Ascii.hpp"
+#include "text/Message.hpp"
 #include "text/Unicode.hpp"
 
 namespace model::ifc {
@@ -85,9 +86,9 @@ Result<Replacement> WrittenValue::replacementIn(step::Value held, const step::In
     std::string_view keyword;
     step::Value inner = held;
     if (held.kind == step::ValueKind::Typed && !step::splitTyped(held, keyword, inner))
-        return refused("the file holds no well-formed value, " + std::string(held.text));
+        return refused(text::message("the file holds no well-formed value, {}", held.text));
     const DefinedType* type = keyword.empty() ? nullptr : work_.schema.type(keyword);
-    if (type == nullptr) return refused("the file gives its value no type that this schema knows");
+    if (type == nullptr) return refused(text::message("the file gives its value no type that this schema knows"));
     if (wanted_.text.empty() && type->base != BaseType::String) return Replacement{held, "$"};
     Result<std::string> content = parseValue(wanted_.text, type->base, type);
     if (!content) return Error{ErrorKind::BadValue, inQuotes(wanted_.text) + " " + content.error().message};
@@ -102,7 +103,7 @@ Result<Replacement> WrittenValue::chosenItem(step::Value held, const step::Insta
         given ? work_.file.find(step::referenceId(property.arguments[static_cast<std::size_t>(index)])) : step::NoSlot;
     step::Instance offer;
     if (enumeration == step::NoSlot || !work_.file.read(enumeration, offer))
-        return refused("the file does not say which items the property offers");
+        return refused(text::message("the file does not say which items the property offers"));
     if (wanted_.text.empty() && cls.entity->attributes()[static_cast<std::size_t>(attributeIndex(cls))].optional)
         return Replacement{held, "$"};
     std::string offered;
@@ -111,13 +112,14 @@ Result<Replacement> WrittenValue::chosenItem(step::Value held, const step::Insta
         if (readsAs(content, wanted_.text)) return Replacement{held, "(" + std::string(item.text) + ")"};
         offered.append(offered.empty() ? "" : ", ").append(text::toUtf8(content));
     }
-    return Error{ErrorKind::BadValue, inQuotes(wanted_.text) + " is none of the property's items (" + offered + ")"};
+    return Error{ErrorKind::BadValue,
+                 text::message("{} is none of the property's items ({})", inQuotes(wanted_.text), offered)};
 }
 
 Result<std::string> WrittenValue::ofType(std::string_view name) const {
     const DefinedType* type = work_.schema.type(name);
     if (type == nullptr)
-        return Error{ErrorKind::BadValue, "\"" + std::string(name) + "\" is no type of a value in this schema"};
+        return Error{ErrorKind::BadValue, text::message("\"{}\" is no type of a value in this schema", name)};
     if (wanted_.text.empty() && type->base != BaseType::String) return std::string("$");
     const Result<std::string> content = parseValue(wanted_.text, type->base, type);
     if (!content) return Error{ErrorKind::BadValue, inQuotes(wanted_.text) + " " + content.error().message};

@@ -6,6 +6,7 @@
 #include "model/ifc/values/PropertyValues.hpp"
 #include "model/ifc/values/ValueText.hpp"
 #include "model/step/syntax/StringEncoder.hpp"
+#include "text/Message.hpp"
 #include "text/Unicode.hpp"
 
 #include <algorithm>
@@ -101,8 +102,8 @@ Status PropertyEditor::set() {
 }
 
 Status PropertyEditor::checkNames() const {
-    if (wantedSet_.empty()) return Error{ErrorKind::BadName, "the property set has no name"};
-    if (wantedName_.empty()) return Error{ErrorKind::BadName, "the property has no name"};
+    if (wantedSet_.empty()) return Error{ErrorKind::BadName, text::message("the property set has no name")};
+    if (wantedName_.empty()) return Error{ErrorKind::BadName, text::message("the property has no name")};
     return {};
 }
 
@@ -147,9 +148,9 @@ Status PropertyEditor::changeInPlace(Slot property) {
 /// What changes in the argument that holds the property's value.
 Result<Replacement> PropertyEditor::newValueOf(Slot property, const step::Instance& instance) const {
     const int index = value_.attributeIndex(work_.classes.of(property));
-    if (index < 0) return Error{ErrorKind::Refused, "the property holds no single value"};
+    if (index < 0) return Error{ErrorKind::Refused, text::message("the property holds no single value")};
     if (static_cast<std::size_t>(index) >= instance.arguments.size())
-        return Error{ErrorKind::Refused, "the file gives the property no place for a value"};
+        return Error{ErrorKind::Refused, text::message("the file gives the property no place for a value")};
     return value_.replacementIn(instance.arguments[static_cast<std::size_t>(index)], instance);
 }
 
@@ -288,7 +289,8 @@ Status PropertyEditor::checkSetAndRelations(Slot set) const {
     std::vector<step::Value> members;
     work_.file.read(set, instance);
     if (!step::splitAggregate(argument(instance, work_.classes.of(set), Field::HasProperties), members)) {
-        return Error{ErrorKind::Refused, "the properties of set " + edit_.reference(set) + " are no well-formed list"};
+        return Error{ErrorKind::Refused,
+                     text::message("the properties of set {} are no well-formed list", edit_.reference(set))};
     }
     for (const AssignedSet& assignment : assigned_) {
         if (assignment.set != set) continue;
@@ -296,8 +298,8 @@ Status PropertyEditor::checkSetAndRelations(Slot set) const {
         if (!assignment.overriding || !work_.file.read(assignment.relation, instance)) continue;
         if (!step::splitAggregate(argument(instance, work_.classes.of(assignment.relation), Field::Overriding),
                                   members)) {
-            return Error{ErrorKind::Refused, "the properties of relation " + edit_.reference(assignment.relation) +
-                                                 " are no well-formed list"};
+            return Error{ErrorKind::Refused, text::message("the properties of relation {} are no well-formed list",
+                                                           edit_.reference(assignment.relation))};
         }
     }
     return {};
@@ -311,7 +313,8 @@ Status PropertyEditor::checkNoComplexNamesake(Slot set) const {
         const Class& cls = work_.classes.of(member);
         if (cls.role != Role::ComplexProperty || !seen.add(member) || !work_.file.read(member, instance)) continue;
         if (stringArgument(instance, cls, Field::Name) == wantedName_) {
-            return Error{ErrorKind::Refused, "the set has a complex property of that name, " + edit_.reference(member)};
+            return Error{ErrorKind::Refused,
+                         text::message("the set has a complex property of that name, {}", edit_.reference(member))};
         }
     }
     return {};
@@ -341,8 +344,8 @@ void PropertyEditor::noteNamesakes() {
         return !assignment.repeated && work_.propertySets.of(assignment.set).name() == wantedSet_;
     });
     if (count < 2) return;
-    notes_.push_back("the element has " + std::to_string(count) + " property sets " + inQuotes(wantedSet_) +
-                     "; the first one that fits was changed");
+    notes_.push_back(text::message("the element has {} property sets {}; the first one that fits was changed", count,
+                                   inQuotes(wantedSet_)));
 }
 
 }  // namespace

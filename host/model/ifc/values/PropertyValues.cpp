@@ -7,6 +7,7 @@
 #include "model/step/syntax/Numbers.hpp"
 #include "model/step/syntax/StringDecoder.hpp"
 #include "model/step/syntax/StringEncoder.hpp"
+#include "text/Message.hpp"
 #include "text/Unicode.hpp"
 
 #include <cmath>
@@ -138,14 +139,15 @@ Result<std::string> encodeLogical(std::int64_t code) {
         case True:
             return std::string(".T.");
         default:
-            return badValue(std::to_string(code) + " is no code of a logical (0 false, 1 unknown, 2 true)");
+            return badValue(text::message("{} is no code of a logical (0 false, 1 unknown, 2 true)", code));
     }
 }
 
 /// The value in STEP form without its type, within the limits of `type`.
 Result<std::string> encodeContent(const PropertyValue& value, BaseType base, const DefinedType* type) {
     if (primitiveOf(base) != value.primitive) {
-        return badValue("a value of another kind than " + std::string(type != nullptr ? type->name : "the one there"));
+        return badValue(type != nullptr ? text::message("a value of another kind than {}", type->name)
+                                        : text::message("a value of another kind than the one there"));
     }
     switch (value.primitive) {
         case Primitive::Integer:
@@ -164,7 +166,7 @@ Result<std::string> encodeContent(const PropertyValue& value, BaseType base, con
         case Primitive::Other:
             break;
     }
-    return badValue("a value that is no number, truth value or text");
+    return badValue(text::message("a value that is no number, truth value or text"));
 }
 
 }  // namespace
@@ -214,7 +216,7 @@ Result<std::string> encodeNominalValue(const PropertyValue& value, const Schema&
     }
     const DefinedType* type = schema.type(name);
     if (type == nullptr || primitiveOf(type->base) == Primitive::Other) {
-        return badValue("\"" + std::string(name) + "\" is no type of a property's value in this schema");
+        return badValue(text::message("\"{}\" is no type of a property's value in this schema", name));
     }
     Result<std::string> content = encodeContent(value, type->base, type);
     if (!content) return content;
@@ -230,13 +232,15 @@ Result<Replacement> replaceNominalValue(Value nominal, const PropertyValue& valu
     const auto [keyword, inner] = nominalParts(nominal);
     std::u16string text;
     if (inner.kind == ValueKind::String && step::decodeString(inner.text, text) == step::Decoding::Undecodable) {
-        return Error{ErrorKind::Refused, "the file holds a text that cannot be decoded, " + std::string(inner.text) +
-                                             "; fix it in the program that wrote it"};
+        return Error{
+            ErrorKind::Refused,
+            text::message("the file holds a text that cannot be decoded, {}; fix it in the program that wrote it",
+                          inner.text)};
     }
     const DefinedType* type = keyword.empty() ? nullptr : schema.type(keyword);
     if (!keyword.empty() && type == nullptr) {
         return Error{ErrorKind::Refused,
-                     "the file gives its value a type this schema does not know, " + std::string(keyword)};
+                     text::message("the file gives its value a type this schema does not know, {}", keyword)};
     }
     Result<std::string> content = encodeContent(value, type != nullptr ? type->base : baseOf(inner.kind), type);
     if (!content) return content.error();

@@ -5,6 +5,7 @@
 #include "model/step/syntax/Numbers.hpp"
 #include "model/step/syntax/StringDecoder.hpp"
 #include "model/step/syntax/StringEncoder.hpp"
+#include "text/Message.hpp"
 #include "text/Unicode.hpp"
 
 #include <algorithm>
@@ -72,12 +73,14 @@ Result<std::string> parseReal(std::u16string_view text, const DefinedType* type)
     // Asked first: std::from_chars would take *inf*, *nan*, and the number at the beginning of *9.5 m*.
     if (!looksLikeNumber(ascii)) {
         const bool comma = ascii.find(',') != std::string::npos;
-        return badValue(comma ? "is no number; the decimal sign is a point" : "is no number");
+        return badValue(comma ? text::message("is no number; the decimal sign is a point")
+                              : text::message("is no number"));
     }
     const std::string_view digits = withoutPlus(ascii);
     double number = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-    if (error != std::errc{} || !std::isfinite(number)) return badValue("is outside the range of real numbers");
+    if (error != std::errc{} || !std::isfinite(number))
+        return badValue(text::message("is outside the range of real numbers"));
     if (Status within = checkNumber(number, type); !within) return within.error();
     return step::encodeReal(number);
 }
@@ -87,9 +90,10 @@ Result<std::string> parseInteger(std::u16string_view text, const DefinedType* ty
     const std::string_view digits = withoutPlus(ascii);
     std::int64_t number = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-    if (error == std::errc::result_out_of_range) return badValue("is outside the range of 64-bit integers");
+    if (error == std::errc::result_out_of_range)
+        return badValue(text::message("is outside the range of 64-bit integers"));
     const bool whole = error == std::errc{} && end == digits.data() + digits.size();
-    if (!whole || ascii.starts_with("+-")) return badValue("is no whole number");
+    if (!whole || ascii.starts_with("+-")) return badValue(text::message("is no whole number"));
     if (Status within = checkNumber(static_cast<double>(number), type); !within) return within.error();
     return std::to_string(number);
 }
@@ -99,7 +103,8 @@ Result<std::string> parseTruth(std::u16string_view text, bool unknownAllowed) {
     if (step::equalIgnoringCase(word, "true")) return std::string(".T.");
     if (step::equalIgnoringCase(word, "false")) return std::string(".F.");
     if (unknownAllowed && step::equalIgnoringCase(word, "unknown")) return std::string(".U.");
-    return badValue(unknownAllowed ? "is none of true, false, unknown" : "is neither true nor false");
+    return badValue(unknownAllowed ? text::message("is none of true, false, unknown")
+                                   : text::message("is neither true nor false"));
 }
 
 std::string listed(std::span<const std::string_view> items) {
@@ -114,7 +119,7 @@ Result<std::string> parseItem(std::u16string_view text, const DefinedType& type)
         return step::equalIgnoringCase(candidate, word);
     });
     if (item == type.items.end()) {
-        return badValue("is no item of " + std::string(type.name) + " (" + listed(type.items) + ")");
+        return badValue(text::message("is no item of {} ({})", type.name, listed(type.items)));
     }
     return "." + std::string(*item) + ".";
 }
@@ -167,41 +172,40 @@ Result<std::string> parseValue(std::u16string_view text, BaseType base, const De
         case BaseType::Enumeration:
             return parseItem(text, *type);
         default:
-            return badValue("cannot be set as a text");
+            return badValue(text::message("cannot be set as a text"));
     }
 }
 
 Status checkNumber(double number, const DefinedType* type) {
-    if (!std::isfinite(number)) return badValue("is not finite");
+    if (!std::isfinite(number)) return badValue(text::message("is not finite"));
     if (type == nullptr) return {};
-    const auto limit = [&](const char* relation, double bound) {
-        return badValue("is not " + std::string(relation) + " " + step::displayReal(bound) + ", as " +
-                        std::string(type->name) + " asks");
-    };
     if (type->minimumExcluded ? number <= type->minimum : number < type->minimum) {
-        return limit(type->minimumExcluded ? "above" : "at least", type->minimum);
+        const std::string bound = step::displayReal(type->minimum);
+        return badValue(type->minimumExcluded ? text::message("is not above {}, as {} asks", bound, type->name)
+                                              : text::message("is not at least {}, as {} asks", bound, type->name));
     }
     if (type->maximumExcluded ? number >= type->maximum : number > type->maximum) {
-        return limit(type->maximumExcluded ? "below" : "at most", type->maximum);
+        const std::string bound = step::displayReal(type->maximum);
+        return badValue(type->maximumExcluded ? text::message("is not below {}, as {} asks", bound, type->name)
+                                              : text::message("is not at most {}, as {} asks", bound, type->name));
     }
     return {};
 }
 
 Status checkText(std::u16string_view text, const DefinedType* type) {
-    if (!text::isWellFormed(text)) return badValue("holds half of a character (a lone surrogate)");
+    if (!text::isWellFormed(text)) return badValue(text::message("holds half of a character (a lone surrogate)"));
     if (type == nullptr) return {};
     const std::size_t length = type->maxLength + type->exactLength == 0 ? 0 : text::characterCount(text);
     if (type->maxLength != 0 && length > type->maxLength) {
-        return badValue("is " + std::to_string(length) + " characters long; " + std::string(type->name) +
-                        " holds at most " + std::to_string(type->maxLength));
+        return badValue(
+            text::message("is {} characters long; {} holds at most {}", length, type->name, type->maxLength));
     }
     if (type->exactLength != 0 && length != type->exactLength) {
-        return badValue("is " + std::to_string(length) + " characters long; " + std::string(type->name) + " holds " +
-                        std::to_string(type->exactLength));
+        return badValue(text::message("is {} characters long; {} holds {}", length, type->name, type->exactLength));
     }
     const auto equals = [&](std::string_view item) { return widened(item) == text; };
     if (!type->items.empty() && std::none_of(type->items.begin(), type->items.end(), equals)) {
-        return badValue("is none of the texts of " + std::string(type->name) + " (" + listed(type->items) + ")");
+        return badValue(text::message("is none of the texts of {} ({})", type->name, listed(type->items)));
     }
     return {};
 }

@@ -2,6 +2,7 @@
 
 #include "model/step/syntax/Characters.hpp"
 #include "text/ArchiveNames.hpp"
+#include "text/Message.hpp"
 
 #include <zip.h>
 
@@ -54,7 +55,7 @@ Error unreadable(std::string message) {
     return {ErrorKind::CannotRead, std::move(message)};
 }
 Error unwritable(const std::string& reason) {
-    return {ErrorKind::CannotWrite, "packing the model failed: " + reason};
+    return {ErrorKind::CannotWrite, text::message("packing the model failed: {}", reason)};
 }
 
 /// A source of bytes in memory, to read from. Holds one reference; opening an archive takes another.
@@ -97,13 +98,16 @@ Result<zip_stat_t> findModel(zip_t* archive, std::uint64_t archiveSize) {
         ++count;
     }
     if (count == 0)
-        return unreadable("the archive holds no .ifc file; choose another one, or export the model as .ifc");
-    if (count > 1) return unreadable("the archive holds several .ifc files; unpack it and open one of them");
-    if (found.encryption_method != ZIP_EM_NONE) return unreadable("the archive is encrypted; unpack it first");
+        return unreadable(
+            text::message("the archive holds no .ifc file; choose another one, or export the model as .ifc"));
+    if (count > 1)
+        return unreadable(text::message("the archive holds several .ifc files; unpack it and open one of them"));
+    if (found.encryption_method != ZIP_EM_NONE)
+        return unreadable(text::message("the archive is encrypted; unpack it first"));
     if (found.size > mostUnpacked(found.comp_size, archiveSize)) {
-        return unreadable("the archive claims to unpack to " + std::to_string(found.size) + " bytes from " +
-                          std::to_string(std::min(found.comp_size, archiveSize)) +
-                          ", which no model does; do not trust it");
+        return unreadable(
+            text::message("the archive claims to unpack to {} bytes from {}, which no model does; do not trust it",
+                          found.size, std::min(found.comp_size, archiveSize)));
     }
     return found;
 }
@@ -111,8 +115,8 @@ Result<zip_stat_t> findModel(zip_t* archive, std::uint64_t archiveSize) {
 Result<Bytes> unpack(zip_t* archive, const zip_stat_t& model, const Progress& progress) {
     const EntryHandle entry(zip_fopen_index(archive, model.index, 0));
     if (entry == nullptr) {
-        return unreadable("the model cannot be unpacked: " + std::string(zip_strerror(archive)) +
-                          "; unpack it with another program");
+        return unreadable(
+            text::message("the model cannot be unpacked: {}; unpack it with another program", zip_strerror(archive)));
     }
     constexpr zip_uint64_t Stretch = zip_uint64_t{4} << 20U;
     Bytes bytes(model.size);
@@ -120,14 +124,14 @@ Result<Bytes> unpack(zip_t* archive, const zip_stat_t& model, const Progress& pr
     std::size_t done = 0;
     for (zip_int64_t count = 1; count > 0 && done < bytes.size; done += static_cast<std::size_t>(count)) {
         count = zip_fread(entry.get(), bytes.memory.data() + done, std::min<zip_uint64_t>(Stretch, bytes.size - done));
-        if (count < 0) return unreadable("the archive is damaged; fetch it again");
-        if (!throttle.report(done / 2, bytes.size)) return unreadable("opening was cancelled");
+        if (count < 0) return unreadable(text::message("the archive is damaged; fetch it again"));
+        if (!throttle.report(done / 2, bytes.size)) return unreadable(text::message("opening was cancelled"));
     }
     // An entry that holds more than it claims is damaged too: no more than that was given room. Reading on past the
     // last byte makes the library check the sum.
     char beyond = 0;
     if (done != bytes.size || zip_fread(entry.get(), &beyond, 1) != 0)
-        return unreadable("the archive is damaged; fetch it again");
+        return unreadable(text::message("the archive is damaged; fetch it again"));
     return bytes;
 }
 
@@ -181,7 +185,7 @@ Result<std::string> contents(zip_source_t* source) {
     std::string bytes(stat.size, '\0');
     const zip_int64_t count = zip_source_read(source, bytes.data(), bytes.size());
     zip_source_close(source);
-    if (count < 0 || static_cast<std::size_t>(count) != bytes.size()) return unwritable("out of memory");
+    if (count < 0 || static_cast<std::size_t>(count) != bytes.size()) return unwritable(text::message("out of memory"));
     return bytes;
 }
 
@@ -193,14 +197,13 @@ bool isArchive(std::string_view bytes) {
 
 Result<Bytes> readArchive(std::string_view archive, ModelEntry& entry, const Progress& progress) {
     if (text::hasCrowdedNames(archive)) {
-        return unreadable(
-            "the archive holds thousands of entries whose names were chosen to keep programs busy; do not "
-            "trust it");
+        return unreadable(text::message(
+            "the archive holds thousands of entries whose names were chosen to keep programs busy; do not trust it"));
     }
     ZipError error;
     const SourceHandle source = memorySource(archive, error);
     const ArchiveHandle opened = source ? openArchive(source.get(), ZIP_RDONLY, error) : nullptr;
-    if (opened == nullptr) return unreadable("the archive is damaged: " + error.text() + "; fetch it again");
+    if (opened == nullptr) return unreadable(text::message("the archive is damaged: {}; fetch it again", error.text()));
     const Result<zip_stat_t> model = findModel(opened.get(), archive.size());
     if (!model) return model.error();
     entry = {model->name, model->index, model->comp_method, model->mtime};
@@ -219,7 +222,7 @@ Result<std::string> writeArchive(std::string_view archive, const ModelEntry& ent
     watch(opened.get(), packing);
     if (!putModel(opened.get(), isNew, entry, model)) return unwritable(zip_strerror(opened.get()));
     if (zip_close(opened.get()) != 0) {
-        return packing.cancelled ? Error{ErrorKind::CannotWrite, "saving was cancelled"}
+        return packing.cancelled ? Error{ErrorKind::CannotWrite, text::message("saving was cancelled")}
                                  : unwritable(zip_strerror(opened.get()));
     }
     (void)opened.release();  // zip_close has freed it

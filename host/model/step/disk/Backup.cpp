@@ -2,6 +2,7 @@
 
 #include "model/step/disk/FileHandle.hpp"
 #include "model/step/disk/Saving.hpp"
+#include "text/Message.hpp"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -73,14 +74,14 @@ bool isSuffix(const std::string& suffix) {
 }
 
 Error cannotKeep(const fs::path& target, const std::string& why) {
-    return cannotWrite(target, "it cannot be kept as it was: " + why);
+    return cannotWrite(target, text::message("it cannot be kept as it was: {}", why));
 }
 
 }  // namespace
 
 Result<Backup> Backup::make(const fs::path& name, const std::string& suffix) {
     if (!isSuffix(suffix))
-        return cannotKeep(name, "'" + suffix + "' is no ending of a file's name; write one such as .bak");
+        return cannotKeep(name, text::message("'{}' is no ending of a file's name; write one such as .bak", suffix));
     Backup backup;
     if (const std::error_code error = Disk::real().resolve(name, backup.target_))
         return cannotKeep(name, error.message());
@@ -95,7 +96,8 @@ Result<Backup> Backup::make(const fs::path& name, const std::string& suffix) {
     }
     std::error_code error = underFirstFreeName(target, suffix, backup.path_, reserve);
     if (error)
-        return cannotKeep(target, backup.path_.string() + ": " + error.message() + "; choose another suffix or place");
+        return cannotKeep(
+            target, text::message("{}: {}; choose another suffix or place", backup.path_.string(), error.message()));
     error = copy(target, backup.old_, backup.path_);
     if (!error) return backup;
     ::unlink(backup.path_.c_str());

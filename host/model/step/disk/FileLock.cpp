@@ -1,5 +1,7 @@
 #include "model/step/disk/FileLock.hpp"
 
+#include "text/Message.hpp"
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
@@ -31,11 +33,11 @@ std::string holderOfLock(const FileState& file) {
         if (kind != "FLOCK" || !where.ends_with(inode)) continue;
         std::string name;
         std::ifstream("/proc/" + process + "/comm") >> name;
-        if (process == std::to_string(::getpid())) return "this program itself";
-        const std::string holder = "process " + process;
+        if (process == std::to_string(::getpid())) return text::message("this program itself");
+        const std::string holder = text::message("process {}", process);
         return name.empty() ? holder : name.append(" (").append(holder).append(")");
     }
-    return "another program";
+    return text::message("another program");
 }
 
 FileHandle lockFile(const std::filesystem::path& path, std::string& holder) {
@@ -46,7 +48,8 @@ FileHandle lockFile(const std::filesystem::path& path, std::string& holder) {
     if (result == LockResult::Taken) return file;
     struct stat found {};
     if (result == LockResult::HeldByOther)
-        holder = ::fstat(file.number(), &found) == 0 ? holderOfLock(toFileState(found)) : "another program";
+        holder =
+            ::fstat(file.number(), &found) == 0 ? holderOfLock(toFileState(found)) : text::message("another program");
     return {};
 }
 

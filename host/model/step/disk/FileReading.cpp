@@ -1,6 +1,7 @@
 #include "model/step/disk/FileReading.hpp"
 
 #include "model/base/HelperThreads.hpp"
+#include "text/Message.hpp"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -38,7 +39,7 @@ public:
         }
         helpers.join();
         if (error_ != 0) return Error{ErrorKind::CannotRead, std::generic_category().message(error_)};
-        if (cancelled) return Error{ErrorKind::CannotRead, "opening was cancelled"};
+        if (cancelled) return Error{ErrorKind::CannotRead, text::message("opening was cancelled")};
         return done_.load();
     }
 
@@ -89,14 +90,16 @@ Status stateOf(const FileHandle& handle, FileState& state) {
 Status read(ReadFile& file, const Progress& progress) {
     if (Status known = stateOf(file.handle, file.state); !known) return known;
     if (!file.state.regular)
-        return Error{ErrorKind::CannotRead, "it is a folder or a device, not a file; choose an .ifc file"};
+        return Error{ErrorKind::CannotRead,
+                     text::message("it is a folder or a device, not a file; choose an .ifc file")};
     file.bytes = Bytes(file.state.size);
     const Result<std::size_t> done = Filling(file.handle, file.bytes.memory.data(), file.bytes.size, progress).run();
     if (!done) return done.error();
     FileState after;
     if (Status known = stateOf(file.handle, after); !known) return known;
     if (*done != file.bytes.size || !after.sameVersion(file.state))
-        return Error{ErrorKind::CannotRead, "another program is writing it just now; open it again when that is done"};
+        return Error{ErrorKind::CannotRead,
+                     text::message("another program is writing it just now; open it again when that is done")};
     return {};
 }
 
@@ -116,7 +119,7 @@ Result<ReadFile> readFile(const std::filesystem::path& path, const Progress& pro
     ReadFile file;
     // Without O_NONBLOCK a named pipe would keep us waiting for a writer.
     file.handle = FileHandle(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    if (!file.handle) return cannotRead(path, lastError() + "; check the name and the rights");
+    if (!file.handle) return cannotRead(path, text::message("{}; check the name and the rights", lastError()));
     const Status done = read(file, progress);
     if (!done) return cannotRead(path, done.error().message);
     return file;

@@ -2,6 +2,7 @@
 
 #include "model/step/disk/ContentSum.hpp"
 #include "model/step/disk/FileLock.hpp"
+#include "text/Message.hpp"
 
 #include <fcntl.h>
 #include <grp.h>
@@ -20,13 +21,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const char* advice(const std::error_code& error) {
-    if (error == std::errc::no_space_on_device) return "free some space, or save in another place";
+std::string advice(const std::error_code& error) {
+    if (error == std::errc::no_space_on_device) return text::message("free some space, or save in another place");
     if (error == std::errc::permission_denied || error == std::errc::operation_not_permitted)
-        return "the folder or the file may not be written; save in another place";
-    if (error == std::errc::read_only_file_system) return "save in another place";
-    if (error == std::errc::filename_too_long) return "choose a shorter name";
-    return "save in another place, or try again";
+        return text::message("the folder or the file may not be written; save in another place");
+    if (error == std::errc::read_only_file_system) return text::message("save in another place");
+    if (error == std::errc::filename_too_long) return text::message("choose a shorter name");
+    return text::message("save in another place, or try again");
 }
 
 std::string folderOf(const fs::path& target) {
@@ -36,12 +37,12 @@ std::string folderOf(const fs::path& target) {
 
 Error failed(const Replacement& replacement, const std::error_code& error) {
     Error failure = cannotWrite(replacement.target, error);
-    if (replacement.old.exists) failure.message += "; the old file is untouched";
+    if (replacement.old.exists) failure.message += text::message("; the old file is untouched");
     return failure;
 }
 
 Error cancelled(const fs::path& target) {
-    return cannotWrite(target, "saving was cancelled; the old file is untouched");
+    return cannotWrite(target, text::message("saving was cancelled; the old file is untouched"));
 }
 
 /// Hands the pieces over in stretches, so that there is a moment to report between them.
@@ -113,24 +114,28 @@ Error cannotWrite(const fs::path& path, const std::error_code& error) {
     std::error_code ignored;
     const bool folderMissing = error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
     if (folderMissing && !fs::is_directory(folderOf(path), ignored))
-        return cannotWrite(path, "there is no folder " + folderOf(path) + "; make it first, or save in another place");
+        return cannotWrite(
+            path, text::message("there is no folder {}; make it first, or save in another place", folderOf(path)));
     return cannotWrite(path, error.message() + "; " + advice(error));
 }
 
 Error changedSince(const fs::path& path) {
-    return {ErrorKind::ChangedSince, path.string() +
-                                         ": another program has changed the file since it was opened; save "
-                                         "under another name, or overwrite it on purpose"};
+    return {ErrorKind::ChangedSince, text::message("{}: another program has changed the file since it was opened; save "
+                                                   "under another name, or overwrite it on purpose",
+                                                   path.string())};
 }
 
 Error openElsewhere(const fs::path& path, const std::string& holder) {
-    return cannotWrite(path, "the file is open in " + holder + "; close it there, or save under another name");
+    return cannotWrite(path,
+                       text::message("the file is open in {}; close it there, or save under another name", holder));
 }
 
 Status checkTarget(const fs::path& target, const FileState& state) {
     if (!state.exists) return {};
-    if (!state.regular) return cannotWrite(target, "it is a folder or a device, not a file; choose another name");
-    if (!state.writable) return cannotWrite(target, "the file is write-protected; save under another name");
+    if (!state.regular)
+        return cannotWrite(target, text::message("it is a folder or a device, not a file; choose another name"));
+    if (!state.writable)
+        return cannotWrite(target, text::message("the file is write-protected; save under another name"));
     return {};
 }
 
@@ -157,14 +162,19 @@ std::vector<std::string> targetWarnings(const fs::path& name) {
     std::vector<std::string> warnings;
     const auto add = [&](const std::string& what) { warnings.push_back(target.string() + ": " + what); };
     if (state.links > 1) {
-        add("the file has " + std::to_string(state.links) +
-            " names (hard links); saving changes it under this name alone, the others keep the old version");
+        add(
+            text::message("the file has {} names (hard links); saving changes it under this name alone, the others "
+                          "keep the old version",
+                          state.links));
     }
     if (!mayGiveAway(state))
-        add("the file belongs to " + userName(state.owner) + "; saved, it belongs to " + userName(::geteuid()));
+        add(text::message("the file belongs to {}; saved, it belongs to {}", userName(state.owner),
+                          userName(::geteuid())));
     if (!mayKeepGroup(state, target.parent_path())) {
-        add("the file is of the group " + groupName(state.group) +
-            ", which is not one of yours; saved, it is of a group of yours, with the rights of all others");
+        add(
+            text::message("the file is of the group {}, which is not one of yours; saved, it is of a group of yours, "
+                          "with the rights of all others",
+                          groupName(state.group)));
     }
     return warnings;
 }
@@ -188,8 +198,9 @@ Status replaceFile(Replacement& replacement, std::span<const std::string_view> p
     if (const std::error_code error = file->replace(target)) return failed(replacement, error);
     replacement.done = true;
     if (const std::error_code error = disk.syncFolder(folder)) {
-        return cannotWrite(
-            target, "the file was written, but a power failure might undo that: " + error.message() + "; save again");
+        return cannotWrite(target,
+                           text::message("the file was written, but a power failure might undo that: {}; save again",
+                                         error.message()));
     }
     return {};
 }

@@ -2,6 +2,7 @@
 
 #include "model/step/syntax/Instance.hpp"
 #include "model/step/syntax/Tokens.hpp"
+#include "text/Message.hpp"
 
 #include <algorithm>
 #include <functional>
@@ -55,18 +56,19 @@ std::string_view separatorIn(const std::vector<Value>& elements) {
 }  // namespace
 
 Result<std::string> withValue(std::string_view text, Value value, std::string_view newText) {
-    if (value.text.empty() || !isPart(value.text, text)) return refused("the value is not one of this instance");
-    if (value.kind == ValueKind::Malformed) return refused("the value is malformed in the file");
-    if (value.kind == ValueKind::Derived) return refused("the value is derived from others");
-    if (!isSingleValue(newText)) return refused("the new value is malformed");
+    if (value.text.empty() || !isPart(value.text, text))
+        return refused(text::message("the value is not one of this instance"));
+    if (value.kind == ValueKind::Malformed) return refused(text::message("the value is malformed in the file"));
+    if (value.kind == ValueKind::Derived) return refused(text::message("the value is derived from others"));
+    if (!isSingleValue(newText)) return refused(text::message("the new value is malformed"));
     return replaced(text, value.text, newText);
 }
 
 Result<std::string> withElement(std::string_view text, Value aggregate, std::string_view element) {
     std::vector<Value> elements;
     if (!isPart(aggregate.text, text) || !splitAggregate(aggregate, elements))
-        return refused("the list is malformed in the file");
-    if (!isSingleValue(element)) return refused("the new element is malformed");
+        return refused(text::message("the list is malformed in the file"));
+    if (!isSingleValue(element)) return refused(text::message("the new element is malformed"));
     if (elements.empty()) return replaced(text, between(endOf(aggregate.text) - 1, endOf(aggregate.text) - 1), element);
     const char* end = endOf(elements.back().text);
     return replaced(text, between(end, end), std::string(separatorIn(elements)).append(element));

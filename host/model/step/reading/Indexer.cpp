@@ -1,6 +1,7 @@
 #include "model/step/reading/Indexer.hpp"
 
 #include "model/step/reading/SectionReader.hpp"
+#include "text/Message.hpp"
 
 #include <algorithm>
 
@@ -13,16 +14,17 @@ void remarkDuplicates(Index& index) {
         const std::string_view text = index.original(slot);
         const std::string id(text.substr(0, text.find_first_not_of("0123456789", 1)));
         index.remark(index.places[slot].where(),
-                     "the id " + id + " is used more than once; its instances are not edited");
+                     text::message("the id {} is used more than once; its instances are not edited", id));
     }
 }
 
 /// Remarks on the file as a whole; they have no line. They are added behind the limit of remarks: each comes once.
 void remarkWhole(Index& index) {
     const auto add = [&index](std::string message) { index.remarks.push_back({0, 0, std::move(message)}); };
-    if (index.schemaNames.empty()) add("FILE_SCHEMA is missing or names no schema");
-    if (index.signedFile) add("the file is signed; saved with changes, its signature is no longer valid");
-    if (index.remarksLeftOut != 0) add("and " + std::to_string(index.remarksLeftOut) + " more remarks like these");
+    if (index.schemaNames.empty()) add(text::message("FILE_SCHEMA is missing or names no schema"));
+    if (index.signedFile)
+        add(text::message("the file is signed; saved with changes, its signature is no longer valid"));
+    if (index.remarksLeftOut != 0) add(text::message("and {} more remarks like these", index.remarksLeftOut));
 }
 
 std::uint64_t lineEnds(std::string_view bytes, std::uint64_t from, std::uint64_t to) {

@@ -5,6 +5,7 @@
 #include "model/step/reading/Sweep.hpp"
 #include "model/step/syntax/Instance.hpp"
 #include "model/step/syntax/StringDecoder.hpp"
+#include "text/Message.hpp"
 #include "text/Unicode.hpp"
 
 #include <algorithm>
@@ -42,21 +43,21 @@ Status SectionReader::run() {
     if (!readMagic()) return Error{ErrorKind::CannotRead, describeForeignFile(index_.bytes)};
     while (readPart()) {
     }
-    if (cancelled_) return Error{ErrorKind::CannotRead, "opening was cancelled"};
+    if (cancelled_) return Error{ErrorKind::CannotRead, text::message("opening was cancelled")};
     return {};
 }
 
 bool SectionReader::readMagic() {
     if (index_.bytes.starts_with(ByteOrderMark)) cursor_.at += ByteOrderMark.size();
     if (!skipBlanks(cursor_) || !equalIgnoringCase(word(), Magic)) return false;
-    if (!passSemicolon()) remark(cursor_.at, "the semicolon behind ISO-10303-21 is missing");
+    if (!passSemicolon()) remark(cursor_.at, text::message("the semicolon behind ISO-10303-21 is missing"));
     return true;
 }
 
 bool SectionReader::readPart() {
     if (cancelled_) return false;
     if (!skipBlanks(cursor_)) {
-        remark(cursor_.at, std::string(cursor_.problem) + "; nothing behind it is used");
+        remark(cursor_.at, text::message("{}; nothing behind it is used", cursor_.problem));
         return false;
     }
     const char* at = cursor_.at;
@@ -67,10 +68,10 @@ bool SectionReader::readPart() {
         return false;
     }
     if (name.empty() && onlyZerosLeft()) {
-        endTruncated("END-ISO-10303-21 is missing");
+        endTruncated(text::message("END-ISO-10303-21 is missing"));
         return false;
     }
-    if (!readSection(name)) passToSemicolon(at, "unexpected text outside the sections");
+    if (!readSection(name)) passToSemicolon(at, text::message("unexpected text outside the sections"));
     return true;
 }
 
@@ -84,7 +85,7 @@ bool SectionReader::readSection(std::string_view name) {
     } else if (equalIgnoringCase(name, "SIGNATURE")) {
         readSignature();
     } else if (equalIgnoringCase(name, FileEnd)) {
-        if (!passSemicolon()) remark(cursor_.at, "the semicolon behind END-ISO-10303-21 is missing");
+        if (!passSemicolon()) remark(cursor_.at, text::message("the semicolon behind END-ISO-10303-21 is missing"));
         ended_ = true;
     } else {
         return false;
@@ -93,17 +94,17 @@ bool SectionReader::readSection(std::string_view name) {
 }
 
 void SectionReader::readHeader() {
-    if (!passSemicolon()) remark(cursor_.at, "the semicolon behind HEADER is missing");
+    if (!passSemicolon()) remark(cursor_.at, text::message("the semicolon behind HEADER is missing"));
     while (skipBlanks(cursor_) && !cursor_.atEnd()) {
         const char* at = cursor_.at;
         const std::string_view name = word();
         if (equalIgnoringCase(name, "ENDSEC")) {
-            if (!passSemicolon()) remark(at, "the semicolon behind ENDSEC is missing");
+            if (!passSemicolon()) remark(at, text::message("the semicolon behind ENDSEC is missing"));
             return;
         }
         if (equalIgnoringCase(name, "DATA") || equalIgnoringCase(name, FileEnd)) {
             cursor_.at = at;
-            remark(at, "ENDSEC of the header is missing");
+            remark(at, text::message("ENDSEC of the header is missing"));
             return;
         }
         cursor_.at = at;
@@ -118,7 +119,7 @@ void SectionReader::readHeaderEntry(std::string_view keyword) {
         return skipBlanks(cursor) && scanList(cursor, &arguments) && skipSemicolon(cursor);
     };
     if (keyword.empty() || !scanHere(scan, [this](const char* at) { return behindSemicolon(at); })) {
-        passToSemicolon(begin, "a malformed entry of the header");
+        passToSemicolon(begin, text::message("a malformed entry of the header"));
         return;
     }
     if (!equalIgnoringCase(keyword, "FILE_SCHEMA") || arguments.empty()) return;
@@ -143,7 +144,7 @@ void SectionReader::readLinks(std::string_view keyword) {
         if (name.empty()) skipLinkToken();
     }
     index_.linkSections.push_back({offset(begin), index_.bytes.size()});
-    endTruncated("ENDSEC of the section " + toUpperCase(keyword) + " is missing");
+    endTruncated(text::message("ENDSEC of the section {} is missing", toUpperCase(keyword)));
 }
 
 void SectionReader::skipLinkToken() {
@@ -176,16 +177,17 @@ void SectionReader::readSignature() {
         cursor_.at += 6;
         if (skipSemicolon(cursor_)) return;
     }
-    cursor_.problem = nullptr;
-    remark(begin, "ENDSEC of the section SIGNATURE is missing");
+    cursor_.problem = {};
+    remark(begin, text::message("ENDSEC of the section SIGNATURE is missing"));
 }
 
 void SectionReader::readRestOfFile() {
     const std::string_view left(cursor_.at, static_cast<std::size_t>(cursor_.end - cursor_.at));
     if (left.empty()) return;
     const bool padding = left.find_first_not_of('\0') == std::string_view::npos;
-    remark(cursor_.at, std::to_string(left.size()) + (padding ? " zero bytes" : " bytes") +
-                           " behind the end of the file; they are kept as they are");
+    remark(cursor_.at,
+           padding ? text::message("{} zero bytes behind the end of the file; they are kept as they are", left.size())
+                   : text::message("{} bytes behind the end of the file; they are kept as they are", left.size()));
     cursor_.at = cursor_.end;
 }
 
@@ -204,7 +206,7 @@ void SectionReader::goOnAt(const char* next) {
     if (cursor_.at > next) readInVain_ += static_cast<std::uint64_t>(cursor_.at - next);
     if (readInVain_ > MostReadInVain) byLayout_ = true;
     cursor_.at = next;
-    cursor_.problem = nullptr;
+    cursor_.problem = {};
 }
 
 const char* SectionReader::nextStart(const char* begin) {
@@ -236,9 +238,12 @@ void SectionReader::endTruncated(const std::string& what) {
     ended_ = true;
     cursor_.at = cursor_.end;
     const bool padded = index_.bytes.ends_with('\0');
-    remark(cursor_.end, "the file is not complete: " + what +
-                            (padded ? "; it ends in zero bytes, so writing or copying it was probably interrupted"
-                                    : "; writing or copying it was probably interrupted"));
+    remark(cursor_.end,
+           padded
+               ? text::message("the file is not complete: {}; it ends in zero bytes, so writing or copying it was "
+                               "probably interrupted",
+                               what)
+               : text::message("the file is not complete: {}; writing or copying it was probably interrupted", what));
 }
 
 std::string_view SectionReader::word() {
@@ -274,7 +279,7 @@ void SectionReader::readData() {
         return skipBlanks(cursor) && (!cursor.sees('(') || scanList(cursor, nullptr)) && skipSemicolon(cursor);
     };
     if (!scanHere(scan, [this](const char* at) { return nextStart(at); }))
-        passMalformed(begin, "the beginning of the section DATA is malformed");
+        passMalformed(begin, text::message("the beginning of the section DATA is malformed"));
     noteSound();
     readInstances();
 }
@@ -324,13 +329,13 @@ bool SectionReader::readStatement() {
     const char* begin = cursor_.at;
     if (!skipBlanks(cursor_)) {
         while (isBlank(*begin)) ++begin;
-        passMalformed(begin, cursor_.problem);
+        passMalformed(begin, cursor_.problem.text());
         return true;
     }
     if (onlyZerosLeft()) {
         section_.end = index_.bytes.size();
         index_.sections.push_back(section_);
-        endTruncated("ENDSEC and END-ISO-10303-21 are missing");
+        endTruncated(text::message("ENDSEC and END-ISO-10303-21 are missing"));
         return false;
     }
     if (cursor_.sees('#')) {
@@ -341,7 +346,7 @@ bool SectionReader::readStatement() {
         ++cursor_.at;
         noteSound();
     } else {
-        passMalformed(cursor_.at, "unexpected text between the instances");
+        passMalformed(cursor_.at, text::message("unexpected text between the instances"));
     }
     return true;
 }
@@ -350,15 +355,15 @@ bool SectionReader::readWordInData() {
     const char* at = cursor_.at;
     const std::string_view name = word();
     if (equalIgnoringCase(name, "ENDSEC")) {
-        if (!passSemicolon()) remark(at, "the semicolon behind ENDSEC is missing");
+        if (!passSemicolon()) remark(at, text::message("the semicolon behind ENDSEC is missing"));
         return closeData(at);
     }
     if (equalIgnoringCase(name, "END-ISO-10303-21") || equalIgnoringCase(name, "DATA")) {
-        remark(at, "ENDSEC is missing");
+        remark(at, text::message("ENDSEC is missing"));
         cursor_.at = at;
         return closeData(at);
     }
-    passMalformed(at, "unexpected text between the instances");
+    passMalformed(at, text::message("unexpected text between the instances"));
     return true;
 }
 
@@ -379,12 +384,15 @@ void SectionReader::readInstance() {
     InstanceHead head;
     const auto scan = [&head](Cursor& cursor) { return scanInstance(cursor, head, nullptr); };
     if (!scanHere(scan, [this](const char* at) { return nextStart(at); })) {
-        const std::string name = head.id == 0 ? "an instance" : "the instance #" + std::to_string(head.id);
-        passMalformed(begin, name + " is malformed: " + cursor_.problem + "; it is kept as it is and not used");
+        passMalformed(begin, head.id == 0
+                                 ? text::message("an instance is malformed: {}; it is kept as it is and not used",
+                                                 cursor_.problem)
+                                 : text::message("the instance #{} is malformed: {}; it is kept as it is and not used",
+                                                 head.id, cursor_.problem));
         return;
     }
     if (cursor_.at - begin > std::numeric_limits<std::uint32_t>::max()) {
-        remark(begin, "the instance #" + std::to_string(head.id) + " is longer than 4 GB; it is kept and not used");
+        remark(begin, text::message("the instance #{} is longer than 4 GB; it is kept and not used", head.id));
         return;
     }
     const KeywordCode code = head.complex ? NoKeyword : index_.keywords.intern(head.keyword);

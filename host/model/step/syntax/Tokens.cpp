@@ -1,5 +1,7 @@
 #include "model/step/syntax/Tokens.hpp"
 
+#include "text/Message.hpp"
+
 #include <charconv>
 #include <cstring>
 
@@ -11,7 +13,7 @@ std::string_view rest(const Cursor& cursor) {
     return {cursor.at, static_cast<std::size_t>(cursor.end - cursor.at)};
 }
 
-constexpr const char* CommentNotClosed = "a comment is not closed";
+constexpr text::Phrase CommentNotClosed = text::phrase("a comment is not closed");
 
 /// Looks up the end of the comment that begins here. @return false where it has none.
 bool findCommentEnd(Cursor& cursor) {
@@ -48,7 +50,7 @@ bool seesPrintDirective(std::string_view text) {
 bool skipStringInList(Cursor& cursor) {
     if (!skipString(cursor) || !skipBlanks(cursor)) return false;
     if (cursor.sees(',') || cursor.sees(')')) return true;
-    return cursor.fail("a string is not closed, or holds an apostrophe that is not doubled");
+    return cursor.fail(text::phrase("a string is not closed, or holds an apostrophe that is not doubled"));
 }
 
 /// A comment, or a slash that begins none.
@@ -76,12 +78,12 @@ bool skipToEndOfValue(Cursor& cursor) {
                 break;
             case ';':
             case '=':
-                return cursor.fail("a parenthesis is not closed");
+                return cursor.fail(text::phrase("a parenthesis is not closed"));
             default:
                 ++cursor.at;
         }
     }
-    return cursor.fail("a parenthesis is not closed");
+    return cursor.fail(text::phrase("a parenthesis is not closed"));
 }
 
 ValueKind scanNumber(Cursor& cursor) {
@@ -198,7 +200,7 @@ bool skipString(Cursor& cursor) {
         const void* found = std::memchr(from, '\'', static_cast<std::size_t>(cursor.end - from));
         if (found == nullptr) {
             cursor.at = cursor.end;
-            return cursor.fail("a string is not closed");
+            return cursor.fail(text::phrase("a string is not closed"));
         }
         from = static_cast<const char*>(found) + 1;
         if (from == cursor.end || *from != '\'') break;
@@ -228,32 +230,32 @@ bool skipGroup(Cursor& cursor) {
                 break;
             case ';':
             case '=':
-                return cursor.fail("a parenthesis is not closed");
+                return cursor.fail(text::phrase("a parenthesis is not closed"));
             default:
                 ++cursor.at;
         }
     }
-    return cursor.fail("a parenthesis is not closed");
+    return cursor.fail(text::phrase("a parenthesis is not closed"));
 }
 
 bool scanValue(Cursor& cursor, Value& value) {
     const char* begin = cursor.at;
-    if (cursor.atEnd()) return cursor.fail("a value is missing");
-    cursor.problem = nullptr;
+    if (cursor.atEnd()) return cursor.fail(text::phrase("a value is missing"));
+    cursor.problem = {};
     value.kind = scanToken(cursor);
-    if (cursor.problem != nullptr) return false;
+    if (cursor.problem) return false;
     value.text = {begin, static_cast<std::size_t>(cursor.at - begin)};
     if (!skipBlanks(cursor)) return false;
     if (value.kind != ValueKind::Malformed && (cursor.atEnd() || cursor.sees(',') || cursor.sees(')'))) return true;
     if (value.kind == ValueKind::String)
-        return cursor.fail("a string is not closed, or holds an apostrophe that is not doubled");
+        return cursor.fail(text::phrase("a string is not closed, or holds an apostrophe that is not doubled"));
     if (!skipToEndOfValue(cursor)) return false;
     value = {ValueKind::Malformed, trimmed(begin, cursor.at)};
     return true;
 }
 
 bool scanList(Cursor& cursor, std::vector<Value>* elements) {
-    if (!cursor.sees('(')) return cursor.fail("a parenthesis is missing");
+    if (!cursor.sees('(')) return cursor.fail(text::phrase("a parenthesis is missing"));
     ++cursor.at;
     if (!skipBlanks(cursor)) return false;
     if (cursor.sees(')')) {
@@ -264,7 +266,7 @@ bool scanList(Cursor& cursor, std::vector<Value>* elements) {
         Value value;
         if (!skipBlanks(cursor) || !scanValue(cursor, value)) return false;
         if (elements != nullptr) elements->push_back(value);
-        if (cursor.atEnd()) return cursor.fail("a parenthesis is not closed");
+        if (cursor.atEnd()) return cursor.fail(text::phrase("a parenthesis is not closed"));
         if (*cursor.at++ == ')') return true;
     }
 }
@@ -281,14 +283,14 @@ std::string_view scanKeyword(Cursor& cursor) {
 
 InstanceId scanId(Cursor& cursor) {
     if (!cursor.sees('#')) {
-        cursor.fail("'#' is missing");
+        cursor.fail(text::phrase("'#' is missing"));
         return 0;
     }
     InstanceId id = 0;
     const auto [end, error] = std::from_chars(cursor.at + 1, cursor.end, id);
-    if (error == std::errc::result_out_of_range) cursor.fail("the id is too large");
-    if (error == std::errc::invalid_argument) cursor.fail("the id is missing");
-    if (error == std::errc{} && id == 0) cursor.fail("0 is no id");
+    if (error == std::errc::result_out_of_range) cursor.fail(text::phrase("the id is too large"));
+    if (error == std::errc::invalid_argument) cursor.fail(text::phrase("the id is missing"));
+    if (error == std::errc{} && id == 0) cursor.fail(text::phrase("0 is no id"));
     if (error != std::errc{}) return 0;
     cursor.at = end;
     return id;
@@ -297,15 +299,15 @@ InstanceId scanId(Cursor& cursor) {
 bool scanInstance(Cursor& cursor, InstanceHead& head, std::vector<Value>* arguments) {
     head.id = scanId(cursor);
     if (head.id == 0 || !skipBlanks(cursor)) return false;
-    if (!cursor.sees('=')) return cursor.fail("'=' is missing");
+    if (!cursor.sees('=')) return cursor.fail(text::phrase("'=' is missing"));
     ++cursor.at;
     if (!skipBlanks(cursor)) return false;
     head.keyword = scanKeyword(cursor);
     head.complex = head.keyword.empty() && cursor.sees('(');
-    if (head.keyword.empty() && !head.complex) return cursor.fail("the keyword is missing");
+    if (head.keyword.empty() && !head.complex) return cursor.fail(text::phrase("the keyword is missing"));
     if (!skipBlanks(cursor)) return false;
     if (!(head.complex ? skipGroup(cursor) : scanList(cursor, arguments)) || !skipBlanks(cursor)) return false;
-    if (!cursor.sees(';')) return cursor.fail("the semicolon is missing");
+    if (!cursor.sees(';')) return cursor.fail(text::phrase("the semicolon is missing"));
     ++cursor.at;
     return true;
 }

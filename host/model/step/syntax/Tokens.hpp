@@ -4,6 +4,7 @@
 
 #include "model/step/syntax/Characters.hpp"
 #include "model/step/syntax/Value.hpp"
+#include "text/Message.hpp"
 
 #include <string_view>
 #include <vector>
@@ -15,12 +16,12 @@ namespace model::step {
 struct Cursor {
     const char* at;
     const char* end;
-    const char* problem = nullptr;
+    text::Phrase problem;
 
     explicit Cursor(std::string_view text) : at(text.data()), end(text.data() + text.size()) {}
     bool atEnd() const { return at == end; }
     bool sees(char c) const { return at != end && *at == c; }
-    bool fail(const char* what) {
+    bool fail(text::Phrase what) {
         problem = what;
         return false;
     }
