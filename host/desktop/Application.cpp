@@ -3,6 +3,7 @@
 #include "desktop/dialogs/RowLook.hpp"
 #include "desktop/look/Icons.hpp"
 #include "desktop/plan/PlanAccessible.hpp"
+#include "text/Message.hpp"
 
 #include <QLibraryInfo>
 #include <QLocale>
@@ -36,6 +37,12 @@ int& quietStart(int& argc) {
     return argc;
 }
 
+/// The texts from below the window. Qt looks them up on whatever thread there is something to say: models are opened on
+/// one of their own.
+std::string textFromBelow(const char* english) {
+    return QCoreApplication::translate("Host", english).toStdString();
+}
+
 }  // namespace
 
 Application::Application(int& argc, char** argv) : QApplication(quietStart(argc), argv) {
@@ -65,6 +72,7 @@ void Application::translate() {
         auto* translator = new QTranslator(this);
         if (translator->load(QLocale::system(), name, QStringLiteral("_"), folder)) installTranslator(translator);
     }
+    text::setTranslator(&textFromBelow);
 }
 
 /// Themes of dark desktops may leave the default, which is black.

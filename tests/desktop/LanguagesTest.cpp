@@ -2,9 +2,11 @@
 
 #include "Desk.hpp"
 #include "desktop/QtText.hpp"
+#include "desktop/dialogs/HintBar.hpp"
 #include "desktop/elements/ElementPanel.hpp"
 #include "desktop/elements/InspectorPanel.hpp"
 #include "desktop/plan/PlanPanel.hpp"
+#include "desktop/report/ReportPanel.hpp"
 #include "desktop/review/ReviewBar.hpp"
 #include "support/Places.hpp"
 
@@ -12,10 +14,12 @@
 #include <QAction>
 #include <QComboBox>
 #include <QDockWidget>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QSet>
 #include <QTableView>
 #include <QToolButton>
@@ -27,6 +31,9 @@ namespace desktop_tests {
 namespace {
 
 using desktop::AddOnDialog;
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
 
 const std::string Wall = "4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9";
 
@@ -183,6 +190,104 @@ TEST_F(Languages, NumbersInFilesKeepTheirPoint) {
         desktop::pathText(folder_.write("lamp.txt", all.substr(begin, all.find('\n', begin) + 1 - begin))));
     EXPECT_SOON(window().document().modified());
     EXPECT_THAT(window().document().model()->bytes(), testing::HasSubstr("(9.5)"));
+}
+
+/// What the model, the update file and the add-on's refusals give rise to is said below the window.
+class GermanFromBelow : public Languages {
+protected:
+    void SetUp() override {
+        Languages::SetUp();
+        if (IsSkipped()) return;
+        ASSERT_TRUE(german_.load(QStringLiteral(":/languages/modelhost_de.qm")));
+        speak(german_);
+    }
+    std::string reportLines() { return window().report().lines().join(u'\n').toStdString(); }
+    static std::string hints(AddOnDialog& dialog) { return dialog.hintBar()->hints().join(u'\n').toStdString(); }
+    static void applyAll(AddOnDialog& dialog) {
+        clickItem(dialog, SelectAllItem);
+        clickItem(dialog, ApplyItem);
+    }
+    /// The report of the review that is open, under this name.
+    std::string reportOf(AddOnDialog& dialog, const std::string& name) {
+        const auto path = folder_.path() / name;
+        whenShown<QFileDialog>(QStringLiteral("reportDialog"), [path](QFileDialog& names) {
+            auto* field = names.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+            field->setFocus();
+            field->selectAll();
+            type(names, desktop::pathText(path));
+            press(names, Qt::Key_Return);
+        });
+        click(*dialog.findChild<desktop::ReviewBar*>(QStringLiteral("reviewBar"))->reportButton());
+        return std::filesystem::exists(path) ? bytesOf(path) : std::string();
+    }
+
+    const std::string slab_ = "62A7271B-EF91-58F6-9E04-FE7C35B4479E";
+
+private:
+    QTranslator german_;
+};
+
+TEST_F(GermanFromBelow, FileThatIsNoModelIsRefusedWithAGermanReason) {
+    const auto path = folder_.write("letter.ifc", "Sehr geehrte Damen und Herren\n");
+    const auto text = answer(QStringLiteral("errorMessage"), QMessageBox::Ok);
+    EXPECT_FALSE(window().openFile(desktop::pathText(path)));
+    EXPECT_THAT(text->toStdString(), HasSubstr("ie Datei beginnt nicht mit ISO-10303-21"));
+    EXPECT_THAT(text->toStdString(), Not(HasSubstr("it does not begin")));
+}
+
+TEST_F(GermanFromBelow, DamagedFileIsOpenedWithGermanRemarks) {
+    std::string bytes = bytesOf(testing_support::projectFile("samples/house.ifc"));
+    bytes.resize(bytes.rfind("ENDSEC"));
+    openFile(folder_.write("cut.ifc", bytes));
+    EXPECT_THAT(reportLines(), AllOf(HasSubstr("die Datei ist nicht vollständig: ENDSEC und END-ISO-10303-21 fehlen"),
+                                     Not(HasSubstr("not complete"))));
+}
+
+TEST_F(GermanFromBelow, HintsOnAnUpdateFileAndItsNamesAreGerman) {
+    openSample();
+    review(Wall + "\tFireRatin[WallCommon]\t\tF 30\n00000000-0000-0000-0000-00000000ABCD\tName\t\tx\n",
+           [](AddOnDialog& dialog) {
+               EXPECT_THAT(hints(dialog),
+                           AllOf(HasSubstr("1 Zeile ergab keine Listenzeile; kein Element hat die GUID in Zeile 2"),
+                                 HasSubstr("die Elementtabelle zeigt sie"),
+                                 HasSubstr("Listenzeile 1: FireRatin[WallCommon] ist beinahe FireRating aus "
+                                           "Pset_WallCommon des Standards: schreiben Sie FireRating[WallCommon]")));
+           });
+}
+
+TEST_F(GermanFromBelow, RefusedRowBearsItsGermanReason) {
+    openSample();
+    review(slab_ + "\tPredefinedType\t\tCEILING\n", [](AddOnDialog& dialog) {
+        applyAll(dialog);
+        EXPECT_THAT(cell(dialog, 1, 8).toStdString(),
+                    HasSubstr("error! – \"CEILING\" steht nicht in der Aufzählung IfcSlabTypeEnum (FLOOR, "));
+    });
+    EXPECT_THAT(reportLines(),
+                AllOf(HasSubstr(slab_ + "), PredefinedType: \"CEILING\" steht nicht"), HasSubstr("(APIERR_BADVALUE)")));
+}
+
+TEST_F(GermanFromBelow, RowStoredOtherwiseSaysSoInGermanAndItsStepHasAGermanName) {
+    openSample();
+    review(Wall + "\tIsExternal[WallCommon]\t\tfalse\n", [](AddOnDialog& dialog) {
+        applyAll(dialog);
+        EXPECT_EQ(cell(dialog, 1, 8).toStdString(), "Done – verlangt „false“, gespeichert „true“");
+        click(*dialog.findChild<desktop::ReviewBar*>(QStringLiteral("reviewBar"))->storeButton());
+    });
+    EXPECT_EQ(window().document().model()->undoSteps().undo, "Wie verlangt speichern");
+}
+
+TEST_F(GermanFromBelow, ReportsAreGermanButForTheNamesInJson) {
+    openSample();
+    review(Wall + "\tName\t\tNordwand\n" + slab_ + "\tPredefinedType\t\tCEILING\n", [this](AddOnDialog& dialog) {
+        applyAll(dialog);
+        EXPECT_THAT(reportOf(dialog, "changes.html"),
+                    AllOf(HasSubstr("<html lang=\"de\">"), HasSubstr("<h1>Änderungen an house.ifc</h1>"),
+                          HasSubstr("<b>1</b> <span>wie verlangt geändert</span>"), HasSubstr("<h2>Verlangt und nicht"),
+                          HasSubstr("Abgelehnt: &quot;CEILING&quot; steht nicht in der Aufzählung")));
+        EXPECT_THAT(reportOf(dialog, "changes.json"),
+                    AllOf(HasSubstr("\"facts\":{\"Model\":"), HasSubstr("\"changed as asked\":1"),
+                          HasSubstr("\"remark\":\"Abgelehnt: ")));
+    });
 }
 
 }  // namespace desktop_tests
