@@ -3,6 +3,7 @@
 #include "desktop/dialogs/RowLook.hpp"
 #include "desktop/look/Icons.hpp"
 #include "desktop/plan/PlanAccessible.hpp"
+#include "desktop/window/OnScreen.hpp"
 #include "text/Message.hpp"
 
 #include <QLibraryInfo>
@@ -60,6 +61,7 @@ Application::Application(int& argc, char** argv) : QApplication(quietStart(argc)
     makeSelectionReadable();
     // Before there is any: what assistive technology once knows of a widget, it keeps.
     describePlansToAssistiveTechnology();
+    installEventFilter(new OnScreen(this));
     setWindowIcon(programIcon());
     setDesktopFileName(applicationName());
 }

@@ -2,6 +2,7 @@
 
 #include "Display.hpp"
 #include "desktop/QtText.hpp"
+#include "desktop/window/AddOnMenu.hpp"
 #include "desktop/window/FileMenu.hpp"
 #include "support/Places.hpp"
 
@@ -137,7 +138,7 @@ void Desk::reviewFile(const std::filesystem::path& file, const std::function<voi
             if (review.isVisible()) clickItem(review, CloseItem);
         });
     });
-    pick(QStringLiteral("Quillmarsh"), QStringLiteral("Import Updates"));
+    pick(QStringLiteral("Quillmarsh"), window_->addOnMenu().importAction()->text());
 }
 
 std::string Desk::refusalOf(const std::filesystem::path& file) {
@@ -169,7 +170,7 @@ void Desk::lookUp(const std::function<void(desktop::AddOnDialog&)>& user) {
         user(dialog);
         if (dialog.isVisible()) clickItem(dialog, CloseItem);
     });
-    pick(QStringLiteral("Quillmarsh"), QStringLiteral("Look Up"));
+    pick(QStringLiteral("Quillmarsh"), window_->addOnMenu().lookUpAction()->text());
 }
 
 std::shared_ptr<QString> Desk::answer(const QString& name, QMessageBox::StandardButton button) {

@@ -17,6 +17,8 @@ public:
 
     /// Says how large it is to be, "1280x800"; else it has room for everything.
     static constexpr const char* SizeVariable = "DESKTOP_TESTS_SCREEN";
+    /// Says which language the window speaks, "de_DE.UTF-8"; else English.
+    static constexpr const char* LanguageVariable = "DESKTOP_TESTS_LANGUAGE";
 
     /// Whether one is there; otherwise Xvfb is not installed, and every test of a window is skipped.
     static bool available();

@@ -90,10 +90,13 @@ TEST_F(HintsInTheWindow, AreAMessageForAFileThatCannotBeReadToItsEnd) {
 TEST_F(HintsInTheWindow, TakeTheirRoomFromTheListAndGiveItBackWhenFolded) {
     review(Good + Missing, [this](AddOnDialog& dialog) {
         auto* dock = window().findChild<QDockWidget*>(QStringLiteral("reviewDock"));
-        QCoreApplication::processEvents();
+        QTest::qWait(150);  // until the review has the height that it opens with
         window().resizeDocks({dock}, {560}, Qt::Vertical);
-        EXPECT_SOON(dialog.height() > dialog.minimumHeight());
-        const QSize open = dialog.size();
+        QSize open;
+        do {  // docks slide
+            open = dialog.size();
+            QTest::qWait(250);
+        } while (dialog.size() != open);
         const int list = dialog.itemWidget(ReviewList)->height();
         const int bar = dialog.hintBar()->height();
         EXPECT_EQ(dialog.hintBar()->geometry().bottom(), dialog.height() - 1);

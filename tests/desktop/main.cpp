@@ -15,7 +15,8 @@ int main(int argc, char** argv) {
     // The add-on's texts in English, and a comma for a decimal point where the machine knows such a locale: no number
     // in a file may follow it.
     for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANGUAGE"}) unsetenv(name);
-    setenv("LANG", "C.UTF-8", 1);
+    const char* language = std::getenv(desktop_tests::Display::LanguageVariable);
+    setenv("LANG", language ? language : "C.UTF-8", 1);
     setenv("LC_NUMERIC", "de_DE.UTF-8", 1);
     desktop::Application application(argc, argv);
     return RUN_ALL_TESTS();

@@ -4,6 +4,7 @@
 #include "desktop/WaitCursor.hpp"
 #include "desktop/dialogs/HintBar.hpp"
 #include "desktop/dialogs/RowListView.hpp"
+#include "desktop/dialogs/Squeeze.hpp"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -13,6 +14,7 @@
 #include <QScreen>
 #include <QSettings>
 #include <QTimer>
+#include <QToolButton>
 #include <algorithm>
 
 namespace desktop {
@@ -249,7 +251,18 @@ void AddOnDialog::takeChanges() {
 
 void AddOnDialog::placeItems() {
     canvas_->setGeometry(0, noticeHeight(), width(), height() - frameHeight());
-    for (const frontend::Item& item : dialog_.items()) widgets_[item.number]->setGeometry(toQRect(item.rect));
+    const std::vector<QRect> places = squeezed(squeezable(), {dialog_.width(), dialog_.height()}, canvas_->size());
+    for (std::size_t i = 0; i < places.size(); ++i) widgets_[dialog_.items()[i].number]->setGeometry(places[i]);
+}
+
+/// The items in their order.
+std::vector<SqueezedItem> AddOnDialog::squeezable() const {
+    std::vector<SqueezedItem> items;
+    for (const frontend::Item& item : dialog_.items()) {
+        const bool gives = item.kind == frontend::ItemKind::List || item.kind == frontend::ItemKind::EditText;
+        items.push_back({toQRect(item.rect), gives});
+    }
+    return items;
 }
 
 void AddOnDialog::takeTexts() {
@@ -284,7 +297,9 @@ void AddOnDialog::setSize() {
     const int extra =
         (notice_->isHidden() ? 0 : notice_->heightForWidth(dialog_.minimumWidth())) + footerHeight() + hintBarHeight();
     if (embedded_) {
-        setMinimumSize(dialog_.minimumWidth(), dialog_.minimumHeight() + frameHeight());
+        // In a window that is too small for the add-on's least size its items are shown nearer to one another.
+        const QSize least = leastPlace(squeezable(), {dialog_.width(), dialog_.height()});
+        setMinimumSize(least.width(), least.height() + frameHeight());
         followSize();
     } else if (dialog_.growable()) {
         setMinimumSize(dialog_.minimumWidth(), dialog_.minimumHeight() + extra);
@@ -305,7 +320,12 @@ void AddOnDialog::placeFrame() {
 }
 
 void AddOnDialog::showHints(const QString& file, const QStringList& hints) {
+    const bool first = hintBar_->isHidden();
     hintBar_->setHints(file, hints);
+    // In a low window the rows need the room; the title says that there are hints.
+    constexpr int LowWindow = 40;
+    if (first && parentWidget()->window()->height() < LowWindow * fontMetrics().height())
+        hintBar_->button()->setChecked(false);
     hintBar_->setVisible(!hints.isEmpty());
     setSize();
     placeItems();
@@ -313,12 +333,18 @@ void AddOnDialog::showHints(const QString& file, const QStringList& hints) {
 
 void AddOnDialog::setFooter(QWidget* footer) {
     footer_ = footer;
+    footer_->installEventFilter(this);
     setSize();
     placeItems();
 }
 
 int AddOnDialog::footerHeight() const {
-    return footer_ ? footer_->sizeHint().height() : 0;
+    if (!footer_) return 0;
+    return footer_->hasHeightForWidth() ? footer_->heightForWidth(width()) : footer_->sizeHint().height();
+}
+
+int AddOnDialog::usualHeight() const {
+    return dialog_.minimumHeight() + frameHeight();
 }
 
 int AddOnDialog::hintBarHeight() const {
@@ -333,17 +359,30 @@ QSize AddOnDialog::wantedSize(int extra) const {
         .expandedTo({dialog_.minimumWidth(), dialog_.minimumHeight()});
 }
 
+/// A footer that gets more or fewer parts may need another height.
+bool AddOnDialog::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == footer_ && event->type() == QEvent::LayoutRequest && footer_->height() != footerHeight()) {
+        setSize();
+        placeItems();
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
 void AddOnDialog::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
+    // Below a narrow list the footer may need more height.
+    if (embedded_ && footer_ && footer_->height() != footerHeight()) setSize();
     placeFrame();
     followSize();
+    placeItems();
 }
 
 /// The window's size is the user's wish; the handler answers it by moving the items, which shows in the same frame.
 void AddOnDialog::followSize() {
     if (!ready_) return;
-    const int horizontal = width() - dialog_.width();
-    const int vertical = height() - frameHeight() - dialog_.height();
+    // The add-on's dialog never gets smaller than it can; what is shown of it does.
+    const int horizontal = std::max(width(), dialog_.minimumWidth()) - dialog_.width();
+    const int vertical = std::max(height() - frameHeight(), dialog_.minimumHeight()) - dialog_.height();
     if (horizontal || vertical) deliver([&] { dialog_.resize(horizontal, vertical); });
     placeItems();
 }

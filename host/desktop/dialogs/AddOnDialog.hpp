@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QEventLoop>
 #include <map>
+#include <vector>
 
 class QLabel;
 
@@ -12,6 +13,7 @@ namespace desktop {
 
 class HintBar;
 class RowListView;
+struct SqueezedItem;
 
 /// An add-on's dialog in a window. The dialog manager owns its items, their places and texts; this shows them and
 /// carries the user's actions there, one at a time.
@@ -49,6 +51,8 @@ public:
     /// Shows what the user should know of the file that the dialog is about, in place of what was shown.
     void showHints(const QString& file, const QStringList& hints);
     HintBar* hintBar() const { return hintBar_; }
+    /// That of the add-on's least size, with what the host adds.
+    int usualHeight() const;
 
     /// Escape and the close box.
     void reject() override;
@@ -59,6 +63,7 @@ Q_SIGNALS:
     void currentRowChanged(Int16 item, int row);
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -79,6 +84,7 @@ private:
     int noticeHeight() const;
     int hintBarHeight() const;
     int footerHeight() const;
+    std::vector<SqueezedItem> squeezable() const;
     /// What the window has above and below the add-on's items.
     int frameHeight() const { return noticeHeight() + footerHeight() + hintBarHeight(); }
     void placeFrame();

@@ -26,7 +26,7 @@ HintBar::HintBar(QWidget* parent) : QFrame(parent), title_(new QToolButton), tex
     text_->setReadOnly(true);
     text_->setTabChangesFocus(true);
     auto* all = new QVBoxLayout(this);
-    all->setContentsMargins(6, 4, 6, 6);
+    all->setContentsMargins(6, 2, 6, 2);
     all->setSpacing(2);
     all->addWidget(title_, 0, Qt::AlignLeft);
     all->addWidget(text_);

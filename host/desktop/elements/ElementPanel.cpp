@@ -3,13 +3,13 @@
 #include "desktop/QtText.hpp"
 #include "desktop/elements/ElementColumns.hpp"
 #include "desktop/elements/ItemDialog.hpp"
+#include "desktop/look/ElidedLabel.hpp"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QSettings>
@@ -54,7 +54,7 @@ ElementPanel::ElementPanel(QWidget* parent)
       filter_(new QLineEdit(this)),
       view_(new QTableView(this)),
       aids_(new QCheckBox(tr("Show &openings and aids"), this)),
-      count_(new QLabel(this)) {
+      count_(new ElidedLabel(this)) {
     filter_->setObjectName(QStringLiteral("filter"));
     filter_->setAccessibleName(tr("Filter of the elements"));
     filter_->setPlaceholderText(tr("Filter: words from any column, or a GUID"));

@@ -81,7 +81,7 @@ InspectorPanel::InspectorPanel(QWidget* parent)
     view_->header()->setDefaultSectionSize(fontMetrics().averageCharWidth() * 22);
     view_->setUniformRowHeights(true);
     // Room for a review below it on a small screen.
-    view_->setMinimumHeight(4 * fontMetrics().height());
+    view_->setMinimumHeight(2 * fontMetrics().height());
     view_->setAlternatingRowColors(true);
     view_->setIndentation(14);
     view_->setSelectionMode(QAbstractItemView::ExtendedSelection);

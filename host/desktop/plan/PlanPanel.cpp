@@ -50,7 +50,7 @@ PlanPanel::PlanPanel(QWidget* parent)
     choice_->setAccessibleName(tr("Storey shown in the plan"));
     // As wide as there is room, not as the longest entry is: the entries change while a review is open.
     choice_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    choice_->setMinimumContentsLength(12);
+    choice_->setMinimumContentsLength(8);
     layers_ = makeButton(tr("Layers"), tr("Choose what is shown in the plan"), this);
     layers_->setObjectName(QStringLiteral("layers"));
     layers_->setPopupMode(QToolButton::InstantPopup);

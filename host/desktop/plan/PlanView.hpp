@@ -61,7 +61,7 @@ public:
     PlanSheet sheet(const QString& storey, const QString& file) const;
 
     QSize sizeHint() const override { return {480, 360}; }
-    QSize minimumSizeHint() const override { return {120, 72}; }
+    QSize minimumSizeHint() const override { return {120, 48}; }
 
 Q_SIGNALS:
     void elementClicked(model::Element element);

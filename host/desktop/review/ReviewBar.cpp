@@ -1,12 +1,13 @@
 #include "desktop/review/ReviewBar.hpp"
 
 #include "desktop/QtText.hpp"
+#include "desktop/look/ElidedLabel.hpp"
 
 #include <QComboBox>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <algorithm>
 
 namespace desktop {
 
@@ -46,9 +47,12 @@ constexpr Choice Choices[] = {{RowChoice::All, QT_TRANSLATE_NOOP("desktop::Revie
 
 ReviewBar::ReviewBar(QWidget* parent)
     : QFrame(parent),
+      all_(new QBoxLayout(QBoxLayout::LeftToRight, this)),
+      rows_(new QHBoxLayout),
+      buttons_(new QHBoxLayout),
       choice_(new QComboBox),
       filter_(new QLineEdit),
-      totalsLabel_(new QLabel),
+      totalsLabel_(new ElidedLabel),
       store_(new QPushButton(tr("Store as Asked"))),
       report_(new QPushButton(tr("Report…"))),
       undo_(new QPushButton(tr("Undo"))),
@@ -68,17 +72,19 @@ ReviewBar::ReviewBar(QWidget* parent)
     undo_->setToolTip(tr("Close the review and take its last step back"));
     save_->setToolTip(tr("Close the review and save the model"));
 
-    auto* all = new QHBoxLayout(this);
-    all->setContentsMargins(10, 0, 10, 8);
-    all->addWidget(choice_);
-    all->addWidget(filter_);
-    all->addWidget(totalsLabel_, 1);
+    all_->setContentsMargins(10, 0, 10, 6);
+    all_->addLayout(rows_, 1);
+    all_->addLayout(buttons_);
+    rows_->addWidget(choice_);
+    rows_->addWidget(filter_);
+    rows_->addWidget(totalsLabel_, 1);
+    buttons_->addStretch();
     for (QPushButton* button : {store_, report_, undo_, save_}) {
         button->setAccessibleName(button->text());
         button->setAutoDefault(false);
         // A click must not take the arrow keys away from the list.
         button->setFocusPolicy(Qt::TabFocus);
-        all->addWidget(button);
+        buttons_->addWidget(button);
     }
     const auto choose = [this] {
         Q_EMIT chosen(Choices[static_cast<std::size_t>(choice_->currentIndex())].choice, filter_->text());
@@ -104,6 +110,7 @@ void ReviewBar::setTotals(const ReviewTotals& totals, std::size_t storable) {
     // What comes next is there once something has been applied.
     report_->setVisible(totals.done + totals.errors > 0);
     for (QPushButton* button : {undo_, save_}) button->setVisible(totals.done > 0);
+    fold();
 }
 
 void ReviewBar::setShown(int rows) {
@@ -113,6 +120,29 @@ void ReviewBar::setShown(int rows) {
 
 void ReviewBar::showTotals() {
     totalsLabel_->setText(sentence(totals_, shown_));
+    fold();
+}
+
+bool ReviewBar::fits(int width) const {
+    const QMargins around = all_->contentsMargins();
+    const int needed = rows_->sizeHint().width() + all_->spacing() + buttons_->sizeHint().width();
+    return needed + around.left() + around.right() <= width;
+}
+
+int ReviewBar::heightForWidth(int width) const {
+    const int rows = rows_->sizeHint().height(), buttons = buttons_->sizeHint().height();
+    const QMargins around = all_->contentsMargins();
+    const int lines = fits(width) ? std::max(rows, buttons) : rows + all_->spacing() + buttons;
+    return lines + around.top() + around.bottom();
+}
+
+void ReviewBar::fold() {
+    all_->setDirection(fits(width()) ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+}
+
+void ReviewBar::resizeEvent(QResizeEvent* event) {
+    QFrame::resizeEvent(event);
+    fold();
 }
 
 QString ReviewBar::totals() const {

@@ -5,15 +5,18 @@
 
 #include <QFrame>
 
+class QBoxLayout;
 class QComboBox;
-class QLabel;
 class QLineEdit;
 class QPushButton;
 
 namespace desktop {
 
+class ElidedLabel;
+
 /// The host's line below a review list: which rows to show, how many stand how, what can be done about those that are
-/// not as asked, and what comes after Apply.
+/// not as asked, and what comes after Apply. Where it is too narrow for all of that, the buttons have
+/// a line of their own.
 class ReviewBar : public QFrame {
     Q_OBJECT
 
@@ -33,6 +36,9 @@ public:
     QPushButton* undoButton() const { return undo_; }
     QPushButton* reportButton() const { return report_; }
 
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override;
+
 Q_SIGNALS:
     void chosen(desktop::RowChoice choice, const QString& text);
     void storeAsAskedWanted();
@@ -40,12 +46,18 @@ Q_SIGNALS:
     void undoWanted();
     void reportWanted();
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     void showTotals();
+    bool fits(int width) const;
+    void fold();
 
+    QBoxLayout *all_, *rows_, *buttons_;
     QComboBox* choice_;
     QLineEdit* filter_;
-    QLabel* totalsLabel_;
+    ElidedLabel* totalsLabel_;
     QPushButton *store_, *report_, *undo_, *save_;
     ReviewTotals totals_;
     int shown_ = 0;

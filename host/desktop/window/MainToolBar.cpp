@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QEvent>
+#include <QLayout>
 #include <QToolButton>
 
 namespace desktop {
@@ -29,6 +30,20 @@ void MainToolBar::setButtons(const std::vector<Button>& buttons) {
         buttons_.push_back(button);
     }
     takeIcons();
+    setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    layout()->invalidate();
+    widthWithTexts_ = layout()->sizeHint().width();
+    chooseTexts();
+}
+
+/// In a narrow window the texts would push the last commands out of it.
+void MainToolBar::chooseTexts() {
+    setToolButtonStyle(width() < widthWithTexts_ ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextBesideIcon);
+}
+
+void MainToolBar::resizeEvent(QResizeEvent* event) {
+    QToolBar::resizeEvent(event);
+    chooseTexts();
 }
 
 void MainToolBar::takeIcons() {

@@ -26,11 +26,14 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void takeIcons();
+    void chooseTexts();
 
     std::vector<Button> buttons_;
+    int widthWithTexts_ = 0;
 };
 
 }  // namespace desktop

@@ -60,6 +60,10 @@ const QString ReviewHeightKey = QStringLiteral("review/height");
 /// Raised when the docks change, so that an older arrangement is not laid over them.
 constexpr int StateVersion = 3;
 
+constexpr int LowWindow = 560;
+/// Of each panel, so that all of them and a review have a place in a low window.
+constexpr QSize LeastPanel(140, 40);
+
 /// The first file of a drop; empty where there is none.
 QString droppedFile(const QMimeData* data) {
     for (const QUrl& url : data->urls()) {
@@ -118,7 +122,9 @@ MainWindow::~MainWindow() {
 }
 
 QSize MainWindow::sizeHint() const {
-    return (screen()->availableSize() * 17 / 20).boundedTo({1680, 1050});
+    // A small screen is needed whole, but for what the desktop draws around a window.
+    const QSize room = screen()->availableSize(), frame(8, 40);
+    return (room * 17 / 20).expandedTo(QSize(1000, 680).boundedTo(room - frame)).boundedTo({1680, 1050});
 }
 
 void MainWindow::makePanels() {
@@ -127,6 +133,7 @@ void MainWindow::makePanels() {
     addToolBar(Qt::TopToolBarArea, readOnlyBar_);
     middle_->addWidget(startPage_);
     middle_->addWidget(elements_);
+    middle_->setMinimumSize(LeastPanel);
     setCentralWidget(middle_);
     // The report belongs under the table; the plan and the element's data keep the window's whole height.
     setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
@@ -149,19 +156,30 @@ void MainWindow::makePanels() {
     reviewDock_->toggleViewAction()->setVisible(false);
     tabifyDockWidget(reportDock_, reviewDock_);
     reviewDock_->hide();
-    const QSize size = MainWindow::sizeHint();
-    resizeDocks({planDock_, elementDock_}, {size.height() * 55 / 100, size.height() * 45 / 100}, Qt::Vertical);
-    resizeDocks({planDock_}, {size.width() * 2 / 5}, Qt::Horizontal);
-    resizeDocks({reportDock_}, {size.height() / 7}, Qt::Vertical);
+    arrangeForScreen();
     summary_->setObjectName(QStringLiteral("summary"));
     summary_->setAccessibleName(tr("Model"));
     statusBar()->addPermanentWidget(summary_);
+}
+
+/// Until the user arranges them. On a low screen the plan and the data of an element have one place in turn.
+void MainWindow::arrangeForScreen() {
+    const QSize size = MainWindow::sizeHint();
+    if (size.height() < LowWindow) {
+        tabifyDockWidget(planDock_, elementDock_);
+        planDock_->raise();
+    } else {
+        resizeDocks({planDock_, elementDock_}, {size.height() * 55 / 100, size.height() * 45 / 100}, Qt::Vertical);
+    }
+    resizeDocks({planDock_}, {size.width() * 2 / 5}, Qt::Horizontal);
+    resizeDocks({reportDock_}, {size.height() / 7}, Qt::Vertical);
 }
 
 QDockWidget* MainWindow::addDock(const QString& title, const QString& name, QWidget* content, Qt::DockWidgetArea area) {
     auto* dock = new QDockWidget(title, this);
     dock->setObjectName(name);
     dock->setAccessibleName(title);
+    content->setMinimumSize(LeastPanel);
     dock->setWidget(content);
     addDockWidget(area, dock);
     return dock;
@@ -468,14 +486,28 @@ void MainWindow::dockReview(AddOnDialog& dialog, const QString& fileName) {
     reviewDock_->setWindowTitle(title);
     reviewDock_->setAccessibleName(title);
     reviewPlace_->setWidget(&dialog);
+    makeRoomForReview();
     reviewDock_->show();
     reviewDock_->raise();
     // With room for the dock's title and its tabs.
     const int usual =
-        std::clamp(dialog.minimumHeight() + 5 * fontMetrics().height(), height() * 9 / 20, height() * 12 / 20);
-    const int wanted = reviewHeight_ > 0 ? std::min(reviewHeight_, height() * 15 / 20) : usual;
+        std::clamp(dialog.usualHeight() + 5 * fontMetrics().height(), height() * 9 / 20, height() * 12 / 20);
+    const int most = height() < LowWindow ? height() : height() * 15 / 20;
+    const int wanted = reviewHeight_ > 0 ? std::min(reviewHeight_, most) : height() < LowWindow ? most : usual;
     // Once the docks have found their places.
     QTimer::singleShot(0, reviewDock_, [this, wanted] { setReviewHeight(wanted); });
+}
+
+/// A low window has room for a review and a strip of plan and table. The commands of the tool bar wait for its end
+/// anyway.
+void MainWindow::makeRoomForReview() {
+    if (height() >= LowWindow) return;
+    for (QWidget* part : {static_cast<QWidget*>(toolBar_), static_cast<QWidget*>(elementDock_),
+                          static_cast<QWidget*>(reportDock_), static_cast<QWidget*>(debugDock_)}) {
+        if (part->isHidden()) continue;
+        part->hide();
+        hiddenForReview_.emplace_back(part);
+    }
 }
 
 /// Docks that lie behind each other share their place with their tabs, which takes a second try.
@@ -498,6 +530,8 @@ void MainWindow::undockReview() {
         QSettings().setValue(ReviewHeightKey, reviewHeight_);
     }
     reviewDock_->hide();
+    for (const QPointer<QWidget>& part : std::exchange(hiddenForReview_, {}))
+        if (part) part->show();
     // Else the next line edit would get it, and with it the keys of undo and redo.
     if (focusBefore_) {
         focusBefore_->setFocus();

@@ -79,6 +79,7 @@ private:
     QDockWidget* addDock(const QString& title, const QString& name, QWidget* content, Qt::DockWidgetArea area);
     void connectPanels();
     void connectHost();
+    void arrangeForScreen();
     void restorePlaces();
 
     void showPanels(bool modelOpen);
@@ -92,6 +93,7 @@ private:
     void dockReview(AddOnDialog& dialog, const QString& fileName);
     void setReviewHeight(int wanted, bool again = false);
     void undockReview();
+    void makeRoomForReview();
     void closeReview();
     void lookUp(model::Element element);
     void showInPlan(model::Element element);
@@ -127,14 +129,15 @@ private:
     PlanOutput* planOutput_ = nullptr;
     std::unique_ptr<DesktopView> view_;
     std::unique_ptr<Review> review_;
-    std::optional<model::Element> lookUpNext_;  ///< Once the look-up's dialog is there.
-    std::function<void()> afterCommand_;        ///< What the user wants once the add-on's command has ended.
-    QPointer<QWidget> focusBefore_;             ///< The review had it.
-    int reportHeight_ = 0;                      ///< While a review has the report's place.
-    int heightGiven_ = 0;                       ///< The review's, by the program; 0: not yet.
-    int reviewHeight_ = 0;                      ///< As the user left it; 0: not yet.
-    bool panelsShown_ = true;                   ///< Those about a model.
-    QByteArray stateWithModel_;                 ///< The docks, while those are not shown.
+    std::optional<model::Element> lookUpNext_;        ///< Once the look-up's dialog is there.
+    std::function<void()> afterCommand_;              ///< What the user wants once the add-on's command has ended.
+    QPointer<QWidget> focusBefore_;                   ///< The review had it.
+    std::vector<QPointer<QWidget>> hiddenForReview_;  ///< In a low window.
+    int reportHeight_ = 0;                            ///< While a review has the report's place.
+    int heightGiven_ = 0;                             ///< The review's, by the program; 0: not yet.
+    int reviewHeight_ = 0;                            ///< As the user left it; 0: not yet.
+    bool panelsShown_ = true;                         ///< Those about a model.
+    QByteArray stateWithModel_;                       ///< The docks, while those are not shown.
 };
 
 }  // namespace desktop

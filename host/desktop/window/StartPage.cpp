@@ -58,8 +58,13 @@ QTreeWidgetItem* rowOf(const QString& path) {
 
 }  // namespace
 
-StartPage::StartPage(QWidget* parent) : QWidget(parent), recent_(new QTreeWidget) {
+StartPage::StartPage(QWidget* parent) : QScrollArea(parent), recent_(new QTreeWidget) {
     setObjectName(QStringLiteral("startPage"));
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    // Its parts have it; what they hide is scrolled to when one of them gets it.
+    setFocusPolicy(Qt::NoFocus);
     auto* logo = new QLabel;
     logo->setPixmap(programIcon().pixmap(QSize(LogoSide, LogoSide), devicePixelRatioF()));
     auto* titles = new QVBoxLayout;
@@ -103,11 +108,13 @@ StartPage::StartPage(QWidget* parent) : QWidget(parent), recent_(new QTreeWidget
     across->addStretch(1);
     across->addWidget(page, 8);
     across->addStretch(1);
-    auto* all = new QVBoxLayout(this);
+    auto* whole = new QWidget;
+    auto* all = new QVBoxLayout(whole);
     all->setContentsMargins(24, 24, 24, 24);
     all->addStretch(1);
     all->addLayout(across, 6);
     all->addStretch(1);
+    setWidget(whole);
     refresh();
 }
 

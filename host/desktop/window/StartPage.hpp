@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QWidget>
+#include <QScrollArea>
 
 class QTreeWidget;
 class QTreeWidgetItem;
@@ -8,7 +8,7 @@ class QTreeWidgetItem;
 namespace desktop {
 
 /// What the window shows as long as no model is open: how to begin, the models opened last, and the way from there.
-class StartPage : public QWidget {
+class StartPage : public QScrollArea {
     Q_OBJECT
 
 public:
