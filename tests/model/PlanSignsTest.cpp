@@ -93,16 +93,17 @@ TEST_P(DoorOfAnOperation, HasItsSign) {
 
 INSTANTIATE_TEST_SUITE_P(
     Kinds, DoorOfAnOperation,
-    testing::Values(Swing{"SINGLE_SWING_LEFT", 2, 0, 1, 0.05, 1.05}, Swing{"SINGLE_SWING_RIGHT", 2, 0, 1, 0.05, 1.05},
-                    Swing{"DOUBLE_SWING_LEFT", 4, 0, 1, -0.95, 1.05}, Swing{"DOUBLE_SWING_RIGHT", 4, 0, 1, -0.95, 1.05},
-                    Swing{"DOUBLE_DOOR_SINGLE_SWING", 4, 0, 1, 0.05, 0.55},
-                    Swing{"DOUBLE_DOOR_DOUBLE_SWING", 8, 0, 1, -0.45, 0.55},
-                    Swing{"SWING_FIXED_LEFT", 2, 0, 0.5, 0.05, 0.55}, Swing{"SWING_FIXED_RIGHT", 2, 0.5, 1, 0.05, 0.55},
-                    Swing{"SLIDING_TO_LEFT", 1, -0.5, 0.5, 0.125, 0.125},
-                    Swing{"SLIDING_TO_RIGHT", 1, 0.5, 1.5, 0.125, 0.125},
-                    Swing{"DOUBLE_DOOR_SLIDING", 2, -0.25, 1.25, 0.125, 0.125},
-                    Swing{"FOLDING_TO_LEFT", 1, 0, 0.5, 0.05, 0.3}, Swing{"FOLDING_TO_RIGHT", 1, 0.5, 1, 0.05, 0.3},
-                    Swing{"DOUBLE_DOOR_FOLDING", 2, 0, 1, 0.05, 0.175}, Swing{"REVOLVING", 3, 0, 1, -0.45, 0.55}),
+    testing::Values(
+        Swing{"SINGLE_SWING_LEFT", 2, 0, 1, 0.05, 1.05}, Swing{"SINGLE_SWING_RIGHT", 2, 0, 1, 0.05, 1.05},
+        Swing{"DOUBLE_SWING_LEFT", 4, 0, 1, -0.95, 1.05}, Swing{"DOUBLE_SWING_RIGHT", 4, 0, 1, -0.95, 1.05},
+        Swing{"DOUBLE_DOOR_SINGLE_SWING", 4, 0, 1, 0.05, 0.55}, Swing{"DOUBLE_DOOR_DOUBLE_SWING", 8, 0, 1, -0.45, 0.55},
+        Swing{"DOUBLE_DOOR_SINGLE_SWING_OPPOSITE_LEFT", 4, 0, 1, -0.45, 0.55},
+        Swing{"DOUBLE_DOOR_SINGLE_SWING_OPPOSITE_RIGHT", 4, 0, 1, -0.45, 0.55}, Swing{"ROLLINGUP", 6, 0, 1, 0.05, 0.05},
+        Swing{"SWING_FIXED_LEFT", 2, 0, 0.5, 0.05, 0.55}, Swing{"SWING_FIXED_RIGHT", 2, 0.5, 1, 0.05, 0.55},
+        Swing{"SLIDING_TO_LEFT", 1, -0.5, 0.5, 0.125, 0.125}, Swing{"SLIDING_TO_RIGHT", 1, 0.5, 1.5, 0.125, 0.125},
+        Swing{"DOUBLE_DOOR_SLIDING", 2, -0.25, 1.25, 0.125, 0.125}, Swing{"FOLDING_TO_LEFT", 1, 0, 0.5, 0.05, 0.3},
+        Swing{"FOLDING_TO_RIGHT", 1, 0.5, 1, 0.05, 0.3}, Swing{"DOUBLE_DOOR_FOLDING", 2, 0, 1, 0.05, 0.175},
+        Swing{"REVOLVING", 3, 0, 1, -0.45, 0.55}),
     [](const auto& tested) { return tested.param.operation; });
 
 TEST(DoorSign, HasItsHingeWhereTheOperationSays) {
@@ -110,6 +111,17 @@ TEST(DoorSign, HasItsHingeWhereTheOperationSays) {
         DoorModel model;
         model.door(operation);
         EXPECT_THAT(model.outline().lines.at(0), ElementsAre(at(hinge, 0.05), at(hinge, 1.05))) << operation;
+    }
+}
+
+TEST(DoorSign, OfLeavesInOppositeDirectionsHasTheNamedOneOnTheOtherSide) {
+    for (const auto& [operation, left, right] : {std::tuple(".DOUBLE_DOOR_SINGLE_SWING_OPPOSITE_LEFT.", -0.45, 0.55),
+                                                 {".DOUBLE_DOOR_SINGLE_SWING_OPPOSITE_RIGHT.", 0.55, -0.45}}) {
+        DoorModel model;
+        model.door(operation);
+        const PlanOutline outline = model.outline();
+        EXPECT_THAT(outline.lines.at(0), ElementsAre(at(0, 0.05), at(0, left))) << operation;
+        EXPECT_THAT(outline.lines.at(2), ElementsAre(at(1, 0.05), at(1, right))) << operation;
     }
 }
 
@@ -141,7 +153,7 @@ TEST(DoorSign, LeavesOutTheFrameAroundTheLeaf) {
 }
 
 TEST(DoorSign, IsNoneWhereNothingIsKnownOfItsOperation) {
-    for (const char* operation : {"", ".NOTDEFINED.", ".USERDEFINED.", ".ROLLINGUP.", ".NONSENSE.", "'TEXT'", "$"}) {
+    for (const char* operation : {"", ".NOTDEFINED.", ".USERDEFINED.", ".NONSENSE.", "'TEXT'", "$"}) {
         DoorModel model;
         model.door(operation);
         const PlanOutline outline = model.outline();

@@ -1,7 +1,10 @@
 #include "model/ifc/geometry/Placement.hpp"
 
+#include "model/ifc/geometry/AlongCurve.hpp"
 #include "model/step/syntax/Numbers.hpp"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace model::ifc {
@@ -52,6 +55,35 @@ std::optional<Point> readTriple(GeometryReader& reader, Slot slot) {
         values[i] = *number;
     }
     return Point{values[0], values[1], values[2]};
+}
+
+/// Where an IfcLinearPlacement puts things. Files give the same place in ordinary coordinates, too, for programs that
+/// follow no curves; else it is as far along the curve as its point says. Axes of its own beside those of the curve are
+/// not read.
+std::optional<Frame> linearFrame(GeometryReader& reader, const step::Instance& placement) {
+    if (auto given = readAxisPlacement(reader, targetOf(reader, placement, 2))) return given;
+    step::Instance axes, point;
+    const Slot relative = targetOf(reader, placement, 1);
+    if (!isOfClass(reader, relative, "IfcAxis2PlacementLinear") || !reader.read(relative, axes) ||
+        axes.arguments.empty()) {
+        return std::nullopt;
+    }
+    const Slot location = targetOf(reader, axes, 0);
+    const bool turned = std::any_of(axes.arguments.begin() + 1, axes.arguments.end(),
+                                    [](const step::Value& axis) { return axis.kind != step::ValueKind::Unset; });
+    if (turned || !isOfClass(reader, location, "IfcPointByDistanceExpression") || !reader.read(location, point))
+        return std::nullopt;
+    std::string_view keyword;
+    step::Value inner;
+    if (point.arguments.size() < 5 || !step::splitTyped(point.arguments[0], keyword, inner)) return std::nullopt;
+    const auto distance = step::realValue(inner);
+    // A parameter of the curve is a part of its length, or an angle.
+    if (!distance || keyword == "IFCPARAMETERVALUE") return std::nullopt;
+    auto frame = frameAlong(reader, targetOf(reader, point, 4), *distance);
+    if (!frame) return std::nullopt;
+    const auto offset = [&](std::size_t index) { return step::realValue(point.arguments[index]).value_or(0); };
+    frame->origin = frame->toOuter(Point{offset(3), offset(1), offset(2)});
+    return frame;
 }
 
 }  // namespace
@@ -157,9 +189,11 @@ std::optional<Frame> placementOf(GeometryReader& reader, Slot element) {
     constexpr int Longest = 256;
     Frame frame;
     for (int i = 0; i < Longest; ++i) {
-        if (!isOfClass(reader, placement, "IfcLocalPlacement") || !reader.read(placement, instance))
+        const bool linear = isOfClass(reader, placement, "IfcLinearPlacement");
+        if ((!linear && !isOfClass(reader, placement, "IfcLocalPlacement")) || !reader.read(placement, instance))
             return std::nullopt;
-        const auto outer = readAxisPlacement(reader, targetOf(reader, instance, 1));
+        const auto outer =
+            linear ? linearFrame(reader, instance) : readAxisPlacement(reader, targetOf(reader, instance, 1));
         if (!outer) return std::nullopt;
         frame = outer->toOuter(frame);
         const bool relative = !instance.arguments.empty() && instance.arguments[0].kind != step::ValueKind::Unset;

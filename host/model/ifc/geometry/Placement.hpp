@@ -40,8 +40,9 @@ step::Slot targetOf(GeometryReader& reader, const step::Instance& instance, std:
 step::Value argumentNamed(GeometryReader& reader, step::Slot slot, const step::Instance& instance,
                           std::string_view name);
 
-/// The element's coordinate system in the model's, up the chain of IfcLocalPlacements. Nothing where the element has
-/// none, or the chain is broken, circular, or holds another kind of placement.
+/// The element's coordinate system in the model's, up the chain of its placements: local ones, and linear ones as far
+/// as frameAlong follows their curves. Nothing where the element has none, or the chain is broken, circular, or holds
+/// another kind of placement.
 std::optional<Frame> placementOf(GeometryReader& reader, step::Slot element);
 std::optional<Frame> placementOf(Workspace& work, step::Slot element);
 

@@ -97,6 +97,15 @@ public:
         }
         add(std::move(points));
     }
+    /// A curtain that is rolled up above the opening: dashed, as what lies above the cut is.
+    void overhead() {
+        constexpr int Dashes = 6;
+        const double step = at_.width() / (2 * Dashes - 1);
+        for (int i = 0; i < Dashes; ++i) {
+            const double from = at_.left + 2 * i * step;
+            add({{from, at_.middle(), 0}, {from + step, at_.middle(), 0}});
+        }
+    }
     void revolving() {
         const double radius = at_.width() / 2, x = at_.left + radius, y = at_.middle(), d = radius * std::sqrt(0.5);
         std::vector<Point> round = ellipsePoints(radius, radius, 0, 2 * std::numbers::pi);
@@ -135,6 +144,17 @@ void drawTwoLeavesBothWays(DoorSign& sign, const Extent& at) {
     sign.leaves(at.right, -at.width() / 2, true);
 }
 
+/// The leaf that the item names opens away, the other one as all others do.
+void drawOppositeLeft(DoorSign& sign, const Extent& at) {
+    sign.leaf(at.left, at.width() / 2, -1);
+    sign.leaf(at.right, -at.width() / 2, 1);
+}
+
+void drawOppositeRight(DoorSign& sign, const Extent& at) {
+    sign.leaf(at.left, at.width() / 2, 1);
+    sign.leaf(at.right, -at.width() / 2, -1);
+}
+
 void drawTwoPanels(DoorSign& sign, const Extent& at) {
     sign.panel(at.left, at.width() / 2);
     sign.panel(at.right, at.width() / 2);
@@ -146,8 +166,7 @@ void drawTwoFolded(DoorSign& sign, const Extent& at) {
 }
 
 /// What the standard's items look like, those of IFC2X3 (DOUBLE_DOOR_) and later ones (DOUBLE_PANEL_). Those that are
-/// not here show no direction in plan (a rolling shutter), or exporters do not agree on them (two leaves in opposite
-/// directions).
+/// not here show no direction in plan.
 constexpr std::array Operations = {
     Operation{"SINGLE_SWING_LEFT", [](DoorSign& s, const Extent& e) { s.leaf(e.left, e.width(), 1); }},
     Operation{"SINGLE_SWING_RIGHT", [](DoorSign& s, const Extent& e) { s.leaf(e.right, -e.width(), 1); }},
@@ -167,6 +186,9 @@ constexpr std::array Operations = {
     Operation{"FOLDING_TO_RIGHT", [](DoorSign& s, const Extent& e) { s.folded(e.right, -e.width()); }},
     Operation{"DOUBLE_DOOR_FOLDING", drawTwoFolded},
     Operation{"DOUBLE_PANEL_FOLDING", drawTwoFolded},
+    Operation{"DOUBLE_DOOR_SINGLE_SWING_OPPOSITE_LEFT", drawOppositeLeft},
+    Operation{"DOUBLE_DOOR_SINGLE_SWING_OPPOSITE_RIGHT", drawOppositeRight},
+    Operation{"ROLLINGUP", [](DoorSign& s, const Extent&) { s.overhead(); }},
     Operation{"REVOLVING", [](DoorSign& s, const Extent&) { s.revolving(); }},
 };
 
