@@ -4,6 +4,7 @@
 #include "desktop/plan/PlanFrame.hpp"
 #include "desktop/plan/PlanPainter.hpp"
 
+#include <QLabel>
 #include <QMenu>
 #include <QSettings>
 #include <QToolButton>
@@ -53,6 +54,21 @@ TEST_F(PlanContent, OpeningsAndTerrainAreDrawnOnceAskedFor) {
     EXPECT_EQ(shown(), std::pair(true, true)) << "the site stands in no storey and belongs to each";
     pickLayer(PlanLayer::Openings);
     EXPECT_EQ(shown(), std::pair(false, true));
+}
+
+TEST_F(PlanContent, SaysHowManyElementsHaveNoPlaceInIt) {
+    const auto said = [this] {
+        const auto& label = *window().findChild<QLabel*>(QStringLiteral("unplaced"));
+        return label.isVisible() ? label.text().toStdString() : "";
+    };
+    EXPECT_EQ(said(), "");
+    // The wall stands where two axes of a grid meet, which is not followed; with it its door and its windows.
+    openChanged({{"#415=IFCLOCALPLACEMENT(#310,#414)", "#415=IFCGRIDPLACEMENT(#310,$,$)"}});
+    EXPECT_SOON(said() == "Without a place in the plan: 3 elements");
+    pickLayer(PlanLayer::Openings);
+    EXPECT_SOON(said() == "Without a place in the plan: 5 elements");
+    openSample();
+    EXPECT_SOON(said() == "");
 }
 
 TEST_F(PlanContent, AnnotationsAreDrawnOnceAskedFor) {

@@ -6,7 +6,9 @@
 
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QPrintDialog>
 #include <QPrinter>
+#include <QStatusBar>
 #include <QSvgRenderer>
 #include <QXmlStreamReader>
 
@@ -20,6 +22,18 @@ class PlanOnPaper : public PlanDesk {
 protected:
     std::filesystem::path target(const std::string& name) { return folder_.path() / name; }
     bool save(const std::string& name) { return window().planOutput().save(desktop::pathText(target(name))); }
+    /// Prints from the menu into a file, whose name the user writes into the dialog.
+    void print(
+        const std::filesystem::path& file, const std::function<void()>& thereupon = [] {}) {
+        whenShown<QPrintDialog>(QStringLiteral("printDialog"), [=](QPrintDialog& dialog) {
+            auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("filename"));
+            ASSERT_NE(name, nullptr);
+            name->setText(desktop::pathText(file));
+            QObject::connect(&dialog, &QDialog::accepted, thereupon);
+            press(dialog, Qt::Key_Return);
+        });
+        pick(QStringLiteral("File"), QStringLiteral("Print Plan"));
+    }
     /// The texts of a drawing, one after the other.
     QStringList textsOf(const std::string& name) {
         QXmlStreamReader reader(QByteArray::fromStdString(bytesOf(target(name))));
@@ -100,6 +114,35 @@ TEST_F(PlanOnPaper, IsPrinted) {
     printer.setOutputFileName(desktop::pathText(target("printed.pdf")));
     ASSERT_TRUE(window().planOutput().drawOn(printer));
     EXPECT_THAT(bytesOf(target("printed.pdf")), HasSubstr("/Count 1"));
+}
+
+TEST_F(PlanOnPaper, IsPrintedIntoAFileByTheDialogOfTheMenu) {
+    print(target("printed.pdf"));
+    EXPECT_THAT(bytesOf(target("printed.pdf")), AllOf(StartsWith("%PDF-"), HasSubstr("/Count 1")));
+    EXPECT_THAT(window().statusBar()->currentMessage().toStdString(), HasSubstr("printed.pdf"));
+}
+
+TEST_F(PlanOnPaper, NotPrintedSaysWhy) {
+    const auto gone = folder_.path() / "gone";
+    std::filesystem::create_directory(gone);
+    // The dialog has seen the folder, and then it is no longer there.
+    const auto text = answer(QStringLiteral("planMessage"), QMessageBox::Ok);
+    print(gone / "printed.pdf", [&] { std::filesystem::remove(gone); });
+    EXPECT_EQ(text->toStdString(), "The plan could not be printed.\nprinted.pdf could not be written.");
+}
+
+TEST_F(PlanOnPaper, PrintedOntoAFullDiskSaysSo) {
+    if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "this system has no disk that is always full";
+    const auto text = answer(QStringLiteral("planMessage"), QMessageBox::Ok);
+    const auto file = target("printed.pdf");
+    print(file, [&] { std::filesystem::create_symlink("/dev/full", file); });
+    EXPECT_THAT(text->toStdString(), HasSubstr("printed.pdf could not be written"));
+}
+
+TEST_F(PlanOnPaper, PrintingCanBeCancelled) {
+    whenShown<QPrintDialog>(QStringLiteral("printDialog"), [](QPrintDialog& dialog) { press(dialog, Qt::Key_Escape); });
+    pick(QStringLiteral("File"), QStringLiteral("Print Plan"));
+    EXPECT_TRUE(window().statusBar()->currentMessage().isEmpty());
 }
 
 TEST_F(PlanOnPaper, IsOfferedWhileAModelIsOpen) {

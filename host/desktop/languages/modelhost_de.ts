@@ -939,6 +939,10 @@ Add-on: %1
         <source>Scale 1:%1</source>
         <translation>Maßstab 1:%1</translation>
     </message>
+    <message>
+        <source>Plan sent to the printer</source>
+        <translation>Grundriss an den Drucker gesendet</translation>
+    </message>
 </context>
 <context>
     <name>desktop::PlanPanel</name>
@@ -1017,6 +1021,14 @@ Add-on: %1
     <message>
         <source>Choose what is shown in the plan</source>
         <translation>Wählen, was der Plan zeigt</translation>
+    </message>
+    <message>
+        <source>The file does not say where they stand, or by a curve of a kind that is not followed</source>
+        <translation>Die Datei sagt nicht, wo sie stehen, oder sagt es mit einer Kurve unbekannter Art</translation>
+    </message>
+    <message>
+        <source>Without a place in the plan: %1</source>
+        <translation>Ohne Platz im Grundriss: %1</translation>
     </message>
 </context>
 <context>

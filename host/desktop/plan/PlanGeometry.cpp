@@ -5,6 +5,7 @@
 #include <QElapsedTimer>
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace desktop {
 
@@ -127,6 +128,11 @@ bool PlanGeometry::complete() const {
     return std::all_of(shown_.begin(), shown_.end(), [](const Part* part) { return part->complete(); });
 }
 
+std::size_t PlanGeometry::unplaced() const {
+    return std::accumulate(shown_.begin(), shown_.end(), std::size_t{0},
+                           [](std::size_t sum, const Part* part) { return sum + part->unplaced; });
+}
+
 const Footprint* PlanGeometry::find(model::Element element) const {
     if (element >= byElement_.size()) return nullptr;
     const auto& [part, footprint] = byElement_[element];
@@ -162,8 +168,12 @@ void PlanGeometry::readNext(Part& part) {
     footprint.rings = polygons(outline.rings);
     footprint.lines = polygons(outline.lines);
     if (footprint.rings.isEmpty() && footprint.lines.isEmpty()) {
-        const auto origin = isShapeOnly(part.kind) ? std::nullopt : model_->placement(footprint.element);
-        if (!origin || !std::isfinite(origin->x) || !std::isfinite(origin->y)) return;
+        if (isShapeOnly(part.kind)) return;
+        const auto origin = model_->placement(footprint.element);
+        if (!origin || !std::isfinite(origin->x) || !std::isfinite(origin->y)) {
+            ++part.unplaced;
+            return;
+        }
         footprint.rings << QPolygonF({QPointF(origin->x, origin->y)});
     }
     footprint.cut = isCut(part, outline);

@@ -39,6 +39,8 @@ public:
     void request(const std::vector<std::uint32_t>& storeys, const PlanLayers& layers);
     /// Whether all that is to be shown has been read.
     bool complete() const;
+    /// Of how many elements that are shown so far the file does not say where they stand, or in no way that is followed.
+    std::size_t unplaced() const;
     /// Reads the rest of it now.
     void finish();
 
@@ -76,7 +78,7 @@ private:
         std::vector<model::Element> elements;
         // A deque: drawings under way hold pointers to footprints while more of them come in.
         std::deque<Footprint> footprints;
-        std::size_t done = 0;
+        std::size_t done = 0, unplaced = 0;
         bool shown = false;
         bool complete() const { return done == elements.size(); }
     };

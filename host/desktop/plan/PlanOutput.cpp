@@ -11,6 +11,7 @@
 #include <QAction>
 #include <QBuffer>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QLocale>
 #include <QMainWindow>
@@ -22,6 +23,7 @@
 #include <QPrinter>
 #include <QStatusBar>
 #include <QSvgGenerator>
+#include <algorithm>
 
 namespace desktop {
 
@@ -37,6 +39,18 @@ QPageSize::PageSizeId paperId() {
 
 QPageLayout::Orientation orientation(bool wide) {
     return wide ? QPageLayout::Landscape : QPageLayout::Portrait;
+}
+
+QString written(const QString& path) {
+    return PlanOutput::tr("Plan written to %1").arg(path);
+}
+
+/// Qt says nothing of a disk that is full.
+bool isWholePage(const QString& path) {
+    constexpr qint64 EndLength = 8;
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && !file.isSequential() &&
+           file.seek(std::max<qint64>(file.size() - EndLength, 0)) && file.readAll().contains("%%EOF");
 }
 
 }  // namespace
@@ -101,7 +115,7 @@ bool PlanOutput::save(const QString& path) {
         refuse(title, error);
         return false;
     }
-    window_->statusBar()->showMessage(tr("Plan written to %1").arg(path), 10000);
+    window_->statusBar()->showMessage(written(path), 10000);
     return true;
 }
 
@@ -153,7 +167,15 @@ void PlanOutput::printByDialog() {
     QPrintDialog dialog(&printer, window_);
     dialog.setObjectName(QStringLiteral("printDialog"));
     if (dialog.exec() != QDialog::Accepted) return;
-    if (!drawOn(printer)) refuse(tr("The plan could not be printed."), tr("The printer does not answer."));
+    const QString file = printer.outputFileName();
+    const bool drawn = drawOn(printer);
+    if (file.isEmpty() ? drawn : drawn && isWholePage(file)) {
+        window_->statusBar()->showMessage(file.isEmpty() ? tr("Plan sent to the printer") : written(file), 10000);
+    } else {
+        refuse(tr("The plan could not be printed."),
+               file.isEmpty() ? tr("The printer does not answer.")
+                              : tr("%1 could not be written.").arg(QFileInfo(file).fileName()));
+    }
 }
 
 void PlanOutput::refuse(const QString& title, const QString& why) {

@@ -1,6 +1,7 @@
 #include "desktop/plan/PlanPanel.hpp"
 
 #include "desktop/QtText.hpp"
+#include "desktop/look/ElidedLabel.hpp"
 #include "model/base/ElementTypeIds.hpp"
 
 #include <QApplication>
@@ -45,7 +46,8 @@ PlanPanel::PlanPanel(QWidget* parent)
     : QWidget(parent),
       geometry_(new PlanGeometry(this)),
       view_(new PlanView(geometry_, this)),
-      choice_(new QComboBox(this)) {
+      choice_(new QComboBox(this)),
+      unplaced_(new ElidedLabel(this)) {
     choice_->setObjectName(QStringLiteral("storeys"));
     choice_->setAccessibleName(tr("Storey shown in the plan"));
     // As wide as there is room, not as the longest entry is: the entries change while a review is open.
@@ -69,6 +71,10 @@ PlanPanel::PlanPanel(QWidget* parent)
     all->setContentsMargins(6, 6, 6, 6);
     all->addLayout(top);
     all->addWidget(view_, 1);
+    all->addWidget(unplaced_);
+    unplaced_->setObjectName(QStringLiteral("unplaced"));
+    unplaced_->setToolTip(tr("The file does not say where they stand, or by a curve of a kind that is not followed"));
+    unplaced_->hide();
 
     constexpr double Step = 1.25;
     connect(closer, &QToolButton::clicked, this, [this] { view_->zoomBy(Step); });
@@ -76,6 +82,7 @@ PlanPanel::PlanPanel(QWidget* parent)
     connect(whole, &QToolButton::clicked, this, [this] { view_->fit(); });
     connect(choice_, &QComboBox::currentIndexChanged, this, &PlanPanel::showChosen);
     connect(view_, &PlanView::elementClicked, this, &PlanPanel::elementClicked);
+    connect(geometry_, &PlanGeometry::grown, this, &PlanPanel::showUnplaced);
 }
 
 void PlanPanel::fillLayers() {
@@ -108,6 +115,7 @@ void PlanPanel::setSource(const model::Model* model, const ElementIndex* index) 
     elements_ = index;
     geometry_->setSource(model, index);
     fillChoice();
+    showUnplaced();
     view_->fit();
 }
 
@@ -202,6 +210,15 @@ void PlanPanel::showChosen() {
     std::iota(storeys.begin(), storeys.end(), 0U);
     if (const auto one = chosenStorey()) storeys = {*one};
     view_->setStoreys(storeys);
+    showUnplaced();
+}
+
+void PlanPanel::showUnplaced() {
+    const auto count = static_cast<qint64>(geometry_->unplaced());
+    unplaced_->setVisible(count > 0);
+    unplaced_->setText(
+        tr("Without a place in the plan: %1")
+            .arg(counted(count, QT_TRANSLATE_NOOP("Counts", "element"), QT_TRANSLATE_NOOP("Counts", "elements"))));
 }
 
 void PlanPanel::chooseStorey(std::uint32_t storey) {

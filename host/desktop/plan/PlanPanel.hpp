@@ -10,6 +10,8 @@ class QToolButton;
 
 namespace desktop {
 
+class ElidedLabel;
+
 /// The plan with its choices of storeys and layers and its zoom buttons.
 class PlanPanel : public QWidget {
     Q_OBJECT
@@ -52,6 +54,7 @@ private:
     void labelChoice();
     QString nameOf(int storey) const;
     void showChosen();
+    void showUnplaced();
     void chooseStorey(std::uint32_t storey);
     std::optional<std::uint32_t> chosenStorey() const;
     std::vector<std::size_t> markedPerStorey() const;
@@ -62,6 +65,7 @@ private:
     PlanGeometry* geometry_;
     PlanView* view_;
     QComboBox* choice_;
+    ElidedLabel* unplaced_;
     QToolButton* layers_;
     bool picking_ = false;
 };
