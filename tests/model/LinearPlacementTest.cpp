@@ -8,8 +8,8 @@
 #include <algorithm>
 #include <cmath>
 #include <fstream>
-#include <sstream>
 #include <numbers>
+#include <sstream>
 
 namespace {
 

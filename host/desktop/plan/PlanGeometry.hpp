@@ -39,7 +39,7 @@ public:
     void request(const std::vector<std::uint32_t>& storeys, const PlanLayers& layers);
     /// Whether all that is to be shown has been read.
     bool complete() const;
-    /// Of how many elements that are shown so far the file does not say where they stand, or in no way that is followed.
+    /// How many of the elements read so far stand nowhere that can be followed.
     std::size_t unplaced() const;
     /// Reads the rest of it now.
     void finish();
