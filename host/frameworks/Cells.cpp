@@ -1,5 +1,7 @@
 #include "Cells.hpp"
 
+#include "text/FindUnit.hpp"
+
 #include <algorithm>
 
 namespace frameworks {
@@ -13,11 +15,11 @@ constexpr char16_t Separator = u'\t';
 std::optional<std::u16string_view> cellOf(std::u16string_view row, Int16 field) {
     if (field < 1) return {};
     for (; field > 1; --field) {
-        const std::size_t separator = row.find(Separator);
+        const std::size_t separator = text::findUnit(row, Separator);
         if (separator == row.npos) return {};
         row.remove_prefix(separator + 1);
     }
-    return row.substr(0, row.find(Separator));
+    return row.substr(0, text::findUnit(row, Separator));
 }
 
 void setCell(GS::UniString& row, Int16 field, const GS::UniString& text) {

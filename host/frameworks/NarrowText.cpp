@@ -31,14 +31,8 @@ std::int32_t checkedLength(std::size_t length) {
 
 }  // namespace
 
-icu::UnicodeString decodeNarrow(std::string_view bytes) {
-    icu::UnicodeString result;
-    if (bytes.empty()) return result;
-    const std::int32_t length = checkedLength(bytes.size());
-    // No sequence has more code units than bytes, so the number of bytes is room enough.
-    char16_t* const units = result.getBuffer(length);
-    if (units == nullptr) throw std::bad_alloc();
-    std::int32_t count = 0;
+std::size_t decodeNarrow(std::string_view bytes, char16_t* units) {
+    std::size_t count = 0;
     for (std::size_t at = 0; at < bytes.size();) {
         const auto byte = static_cast<unsigned char>(bytes[at]);
         if (byte < 0x80) {
@@ -56,7 +50,16 @@ icu::UnicodeString decodeNarrow(std::string_view bytes) {
             at = next;
         }
     }
-    result.releaseBuffer(count);
+    return count;
+}
+
+icu::UnicodeString decodeNarrow(std::string_view bytes) {
+    icu::UnicodeString result;
+    if (bytes.empty()) return result;
+    char16_t* const units = result.getBuffer(checkedLength(bytes.size()));
+    if (units == nullptr) throw std::bad_alloc();
+    // No sequence has more code units than bytes, so the number of bytes was room enough.
+    result.releaseBuffer(static_cast<std::int32_t>(decodeNarrow(bytes, units)));
     return result;
 }
 

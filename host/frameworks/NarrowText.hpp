@@ -9,6 +9,8 @@
 namespace frameworks {
 
 /// Reads UTF-8; a byte that is no part of a well-formed sequence is read as Windows-1252.
+/// @param units  with room for as many as there are bytes. @return how many code units it wrote.
+std::size_t decodeNarrow(std::string_view bytes, char16_t* units);
 icu::UnicodeString decodeNarrow(std::string_view bytes);
 
 /// Writes UTF-8 with a terminator; an unpaired surrogate becomes U+FFFD.

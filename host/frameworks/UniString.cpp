@@ -1,31 +1,48 @@
 #include "UniString.hpp"
 
 #include "NarrowText.hpp"
+#include "text/FindUnit.hpp"
 
 #include <algorithm>
+#include <atomic>
+#include <cstring>
+#include <functional>
 #include <limits>
-#include <memory>
 #include <new>
+#include <string>
+#include <utility>
 
 namespace GS {
 
 namespace {
 
-icu::UnicodeString& text(unsigned char (&storage)[64]) {
-    return *std::launder(reinterpret_cast<icu::UnicodeString*>(storage));
+constexpr std::size_t LongestText = std::numeric_limits<Int32>::max();
+
+/// What stands before the code units of a text that copies share.
+struct Shared {
+    std::atomic<UInt32> owners;
+    USize capacity;
+};
+
+Shared& sharedOf(char16_t* units) {
+    return *std::launder(reinterpret_cast<Shared*>(reinterpret_cast<unsigned char*>(units) - sizeof(Shared)));
 }
 
-const icu::UnicodeString& text(const unsigned char (&storage)[64]) {
-    return *std::launder(reinterpret_cast<const icu::UnicodeString*>(storage));
+/// With one owner.
+char16_t* allocate(std::size_t capacity) {
+    if (capacity > LongestText) throw std::bad_alloc();
+    auto* const memory = static_cast<unsigned char*>(::operator new(sizeof(Shared) + capacity * sizeof(char16_t)));
+    new (memory) Shared{{1}, static_cast<USize>(capacity)};
+    return reinterpret_cast<char16_t*>(memory + sizeof(Shared));
+}
+
+/// @return behind what was copied.
+char16_t* copy(std::u16string_view units, char16_t* target) {
+    return std::copy(units.begin(), units.end(), target);
 }
 
 std::string_view narrowView(const char* narrow) {
     return narrow == nullptr ? std::string_view() : std::string_view(narrow);
-}
-
-/// ICU marks a text that it has no memory for as bogus instead of throwing.
-void requireMemory(const icu::UnicodeString& result) {
-    if (result.isBogus()) throw std::bad_alloc();
 }
 
 UIndex toIndex(std::size_t position) {
@@ -34,76 +51,109 @@ UIndex toIndex(std::size_t position) {
 
 }  // namespace
 
-UniString::UniString() {
-    static_assert(sizeof(icu::UnicodeString) <= sizeof storage_ && alignof(icu::UnicodeString) <= 8);
-    new (storage_) icu::UnicodeString();
-}
-
 UniString::UniString(const char* narrow) {
-    new (storage_) icu::UnicodeString(frameworks::decodeNarrow(narrowView(narrow)));
+    decode(narrowView(narrow));
 }
 
 UniString::UniString(const char* narrow, USize byteCount) {
-    new (storage_) icu::UnicodeString(
-        frameworks::decodeNarrow(narrow == nullptr ? std::string_view() : std::string_view(narrow, byteCount)));
+    if (narrow != nullptr) decode({narrow, byteCount});
 }
 
 UniString::UniString(const char16_t* units, USize count) {
-    if (count > static_cast<USize>(std::numeric_limits<Int32>::max())) throw std::bad_alloc();
-    if (units == nullptr) count = 0;
-    // With room for just that: ICU gives a text that it copies room to grow, too, and lists keep texts by the thousand.
-    new (storage_) icu::UnicodeString(static_cast<Int32>(count), UChar32{0}, 0);
-    text(storage_).append(units, static_cast<Int32>(count));
-    requireMemory(text(storage_));
+    if (units == nullptr) return;
+    copy({units, count}, makeRoom(count));
+    length_ = count;
 }
 
-UniString::UniString(const UniString& other) {
-    new (storage_) icu::UnicodeString(text(other.storage_));
-    requireMemory(text(storage_));
+/// Of a text without a unit. @return where the units go; the length is still to be set.
+char16_t* UniString::makeRoom(USize count) {
+    if (count <= MostOwn) return text_.own;
+    return text_.shared = allocate(count);
 }
 
-UniString::UniString(UniString&& other) noexcept {
-    new (storage_) icu::UnicodeString(std::move(text(other.storage_)));
-    text(other.storage_).remove();  // A text that was moved from is bogus to ICU; here it is an empty one.
+/// Of a text without a unit.
+void UniString::decode(std::string_view narrow) {
+    if (narrow.size() <= MostOwn) {
+        length_ = static_cast<USize>(frameworks::decodeNarrow(narrow, text_.own));
+        return;
+    }
+    // No sequence has more code units than bytes.
+    char16_t* const units = allocate(narrow.size());
+    setShared(units, static_cast<USize>(frameworks::decodeNarrow(narrow, units)));
 }
 
-UniString::~UniString() {
-    std::destroy_at(&text(storage_));
+/// Takes over units that nobody else has, where there are too many of them to stand in the object.
+void UniString::setShared(char16_t* units, USize length) noexcept {
+    if (length > MostOwn) {
+        text_.shared = units;
+    } else {
+        copy({units, length}, text_.own);
+        ::operator delete(&sharedOf(units));
+    }
+    length_ = length;
 }
 
-UniString& UniString::operator=(const UniString& other) {
-    if (this == &other) return *this;
-    text(storage_) = text(other.storage_);
-    requireMemory(text(storage_));
-    return *this;
+void UniString::addOwner() const noexcept {
+    sharedOf(text_.shared).owners.fetch_add(1, std::memory_order_relaxed);
+}
+
+void UniString::removeOwner() noexcept {
+    Shared& shared = sharedOf(text_.shared);
+    if (shared.owners.fetch_sub(1, std::memory_order_acq_rel) == 1) ::operator delete(&shared);
+}
+
+UniString& UniString::operator=(const UniString& other) noexcept {
+    return *this = UniString(other);
 }
 
 UniString& UniString::operator=(UniString&& other) noexcept {
     if (this == &other) return *this;
-    text(storage_) = std::move(text(other.storage_));
-    text(other.storage_).remove();
+    if (isShared()) removeOwner();
+    text_ = other.text_;
+    length_ = std::exchange(other.length_, 0);
     return *this;
 }
 
 UniString& UniString::operator=(const char* narrow) {
-    text(storage_) = frameworks::decodeNarrow(narrowView(narrow));
-    return *this;
-}
-
-USize UniString::GetLength() const {
-    return static_cast<USize>(text(storage_).length());
-}
-
-const char16_t* UniString::GetUnits() const {
-    return text(storage_).getBuffer();
+    return *this = UniString(narrow);
 }
 
 char16_t UniString::operator[](UIndex at) const {
-    return at < GetLength() ? text(storage_).charAt(static_cast<Int32>(at)) : char16_t{0xFFFF};
+    return at < length_ ? GetUnits()[at] : char16_t{0xFFFF};
 }
 
 void UniString::Clear() {
-    text(storage_).remove();
+    *this = UniString();
+}
+
+/// Puts `inserted`, which may be a part of this text, in the place of `count` units from `from` on.
+void UniString::replace(USize from, USize count, std::u16string_view inserted) {
+    const std::u16string_view old = View();
+    const std::u16string_view tail = old.substr(from + count);
+    const std::size_t length = from + inserted.size() + tail.size();
+    const bool fits = length <= MostOwn
+                          ? !isShared()
+                          : isShared() && sharedOf(text_.shared).owners.load(std::memory_order_acquire) == 1 &&
+                                length <= sharedOf(text_.shared).capacity;
+    const std::less<const char16_t*> before;
+    const bool apart =
+        inserted.empty() || before(inserted.data(), old.data()) || !before(inserted.data(), old.data() + old.size());
+    if (fits && apart) {
+        char16_t* const units = isShared() ? text_.shared : text_.own;
+        std::memmove(units + from + inserted.size(), tail.data(), tail.size() * sizeof(char16_t));
+        copy(inserted, units + from);
+        length_ = static_cast<USize>(length);
+        return;
+    }
+    // Room to grow, so that a text that is put together of many does not move with each of them; not much, since lists
+    // keep texts by the thousand.
+    UniString replaced;
+    char16_t* units = replaced.text_.own;
+    if (length > MostOwn) units = allocate(std::max(length, std::min(length + length / 8 + 32, LongestText)));
+    copy(tail, copy(inserted, copy(old.substr(0, from), units)));
+    if (length > MostOwn) replaced.text_.shared = units;
+    replaced.length_ = static_cast<USize>(length);
+    *this = std::move(replaced);
 }
 
 UniString& UniString::Append(const UniString& tail) {
@@ -111,17 +161,13 @@ UniString& UniString::Append(const UniString& tail) {
 }
 
 UniString& UniString::Insert(UIndex at, const UniString& inserted) {
-    const Int32 position = static_cast<Int32>(std::min(at, GetLength()));
-    text(storage_).insert(position, text(inserted.storage_));
-    requireMemory(text(storage_));
+    replace(std::min(at, length_), 0, inserted.View());
     return *this;
 }
 
 UniString& UniString::Delete(UIndex from, Int64 count) {
-    const USize length = GetLength();
-    if (from >= length || count <= 0) return *this;
-    const Int64 clipped = std::min<Int64>(count, length - from);
-    text(storage_).remove(static_cast<Int32>(from), static_cast<Int32>(clipped));
+    if (from >= length_ || count <= 0) return *this;
+    replace(from, static_cast<USize>(std::min<Int64>(count, length_ - from)), {});
     return *this;
 }
 
@@ -134,26 +180,20 @@ UniString& UniString::ReplaceAll(const UniString& pattern, const UniString& repl
     const std::u16string_view searched = pattern.View();
     std::size_t found = searched.empty() ? source.npos : source.find(searched);
     if (found == source.npos) return *this;
-    icu::UnicodeString result;
-    const auto append = [&result](std::u16string_view part) {
-        result.append(part.data(), static_cast<Int32>(part.size()));
-    };
+    std::u16string result;
     std::size_t done = 0;
     for (; found != source.npos; found = source.find(searched, done)) {
-        append(source.substr(done, found - done));
-        append(replacement.View());
+        result.append(source.substr(done, found - done)).append(replacement.View());
         done = found + searched.size();
     }
-    append(source.substr(done));
-    requireMemory(result);
-    text(storage_) = std::move(result);
+    *this = UniString(result.append(source.substr(done)));
     return *this;
 }
 
-// The searches go through the view: ICU's own never find half a surrogate pair, but positions here count code units.
-
 UIndex UniString::FindFirst(char16_t unit, UIndex from) const {
-    return toIndex(View().find(unit, from));
+    if (from >= length_) return MaxUIndex;
+    const std::size_t found = text::findUnit(View().substr(from), unit);
+    return found == std::u16string_view::npos ? MaxUIndex : static_cast<UIndex>(from + found);
 }
 
 UIndex UniString::FindFirst(const UniString& pattern, UIndex from) const {

@@ -1,5 +1,6 @@
 #include "importing/ListRows.hpp"
 
+#include "text/FindUnit.hpp"
 #include "text/Unicode.hpp"
 
 #include <algorithm>
@@ -41,7 +42,7 @@ ListRow RowReader::read(const frontend::List& list, Int16 row, const ListRow* ab
     const GS::UniString text = list.rowText(row);
     std::u16string_view rest = text.View();
     while (result.columns.size() < fields) {
-        const std::size_t tab = std::min(rest.find(u'\t'), rest.size());
+        const std::size_t tab = std::min(text::findUnit(rest, u'\t'), rest.size());
         const std::size_t column = result.columns.size();
         result.columns.push_back(textOf(rest.substr(0, tab), columnOf(above, column), columnOf(before, column)));
         rest.remove_prefix(std::min(tab + 1, rest.size()));

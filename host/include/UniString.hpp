@@ -32,25 +32,29 @@ public:
         char* text_;
     };
 
-    UniString();
+    UniString() = default;
     /// Implicit as the host's is: a C string is a text. Null gives an empty text.
     UniString(const char* narrow);
     /// @param narrow  bytes that need no terminator; zero bytes are characters.
     UniString(const char* narrow, USize byteCount);
     UniString(const char16_t* units, USize count);
     explicit UniString(std::u16string_view units) : UniString(units.data(), static_cast<USize>(units.size())) {}
-    UniString(const UniString& other);
-    UniString(UniString&& other) noexcept;
-    ~UniString();
+    UniString(const UniString& other) noexcept : text_(other.text_), length_(other.length_) {
+        if (isShared()) addOwner();
+    }
+    UniString(UniString&& other) noexcept : text_(other.text_), length_(other.length_) { other.length_ = 0; }
+    ~UniString() {
+        if (isShared()) removeOwner();
+    }
 
-    UniString& operator=(const UniString& other);
+    UniString& operator=(const UniString& other) noexcept;
     UniString& operator=(UniString&& other) noexcept;
     UniString& operator=(const char* narrow);
 
-    USize GetLength() const;
+    USize GetLength() const { return length_; }
     bool IsEmpty() const { return GetLength() == 0; }
     /// The code units; not terminated; valid until the text is changed.
-    const char16_t* GetUnits() const;
+    const char16_t* GetUnits() const { return isShared() ? text_.shared : text_.own; }
     std::u16string_view View() const { return {GetUnits(), GetLength()}; }
     char16_t operator[](UIndex at) const;  ///< 0xFFFF past the end.
 
@@ -99,8 +103,24 @@ public:
     int SScanf(const char* format, double* target) const;
 
 private:
-    // Big enough for the framework's text class, which stays out of an add-on's sight. Asserted in UniString.cpp.
-    alignas(8) unsigned char storage_[64];
+    // A list of properties holds hundreds of texts for a moment, nearly all of them short: these stand in the object. A
+    // longer one stands in memory that copies share; whoever changes his copy takes memory of his own.
+    static constexpr USize MostOwn = 20;
+    union Text {
+        char16_t own[MostOwn];
+        char16_t* shared;
+    };
+
+    bool isShared() const { return length_ > MostOwn; }
+    void addOwner() const noexcept;
+    void removeOwner() noexcept;
+    char16_t* makeRoom(USize count);
+    void decode(std::string_view narrow);
+    void setShared(char16_t* units, USize length) noexcept;
+    void replace(USize from, USize count, std::u16string_view inserted);
+
+    Text text_{};
+    USize length_ = 0;
 };
 
 }  // namespace GS

@@ -3,7 +3,12 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
+#include <cstdint>
 #include <limits>
+#include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
 
 using GS::UniString;
 using testing_support::units;
@@ -13,7 +18,7 @@ namespace {
 constexpr Int64 Most = std::numeric_limits<Int64>::max();
 constexpr Int64 Least = std::numeric_limits<Int64>::min();
 
-// Longer than what ICU keeps inside its object, so that buffers are shared and grown.
+// Longer than what stands in the object itself, so that memory is shared and grown.
 const char* const LongText = "a text that is long enough to lie in a buffer of its own";
 
 }  // namespace
@@ -172,4 +177,97 @@ RC_GTEST_PROP(UniString, PiecesPutTogetherAreTheText, (const std::u16string& hea
     RC_ASSERT(inserted == joined);
     inserted.Delete(0, static_cast<Int64>(head.size()));
     RC_ASSERT(inserted.View() == tail);
+}
+
+/// 20 units stand in the object, 21 do not.
+TEST(UniString, TextsAsLongAsTheObjectHoldsAreCopiedChangedAndGrown) {
+    for (const std::size_t length : {19U, 20U, 21U, 22U}) {
+        std::u16string plain;
+        for (std::size_t i = 0; i < length; ++i) plain += static_cast<char16_t>(u'a' + i);
+        const UniString text = units(plain);
+        EXPECT_EQ(text.View(), plain);
+        UniString copy = text;
+        copy.Append(units(u"!"));
+        EXPECT_EQ(copy.View(), plain + u"!");
+        copy.Delete(0, 3);
+        EXPECT_EQ(copy.View(), plain.substr(3) + u"!");
+        copy = text;
+        copy.Insert(10, copy);
+        EXPECT_EQ(copy.View(), plain.substr(0, 10) + plain + plain.substr(10));
+        copy.DeleteFrom(static_cast<UIndex>(length));
+        EXPECT_EQ(copy.GetLength(), length);
+        const UniString moved = std::move(copy);
+        EXPECT_EQ(moved.GetLength(), length);
+        EXPECT_EQ(text.View(), plain);
+        EXPECT_EQ(UniString(text.ToCStr()).View(), plain);
+    }
+}
+
+TEST(UniString, OfManyBytesForOneUnitIsAsLongAsItsUnits) {
+    // Ten euro signs are 30 bytes, which the object would not hold, and 10 units.
+    std::string narrow;
+    for (int i = 0; i < 10; ++i) narrow += "\u20AC";
+    EXPECT_EQ(UniString(narrow.c_str()).View(), std::u16string(10, u'\u20AC'));
+    for (int i = 0; i < 11; ++i) narrow += "\u20AC";
+    EXPECT_EQ(UniString(narrow.c_str()).View(), std::u16string(21, u'\u20AC'));
+}
+
+/// Whatever is done to one of two texts, the other one stays, and both are what plain strings would be.
+RC_GTEST_PROP(UniString, ChangesAreThoseOfPlainStrings,
+              (const std::vector<std::tuple<int, std::uint8_t, std::uint8_t>>& steps)) {
+    UniString texts[2];
+    std::u16string plain[2];
+    for (const auto& [what, a, b] : steps) {
+        const std::size_t one = a % 2, other = 1 - one;
+        UniString& text = texts[one];
+        std::u16string& mirror = plain[one];
+        const std::size_t from = std::min<std::size_t>(b % 32, mirror.size()), count = a / 2 % 16;
+        switch (static_cast<unsigned>(what) % 8) {
+            case 0:
+                text.Append(texts[other]);
+                mirror.append(plain[other]);
+                break;
+            case 1:
+                text = texts[other];
+                mirror = plain[other];
+                break;
+            case 2:
+                text.Insert(static_cast<UIndex>(from), text);
+                mirror.insert(from, std::u16string(mirror));
+                break;
+            case 3:
+                text.Delete(static_cast<UIndex>(from), static_cast<Int64>(count));
+                mirror.erase(from, count);
+                break;
+            case 4:
+                text.Append(UniString(u"xyzzy", static_cast<USize>(count % 6)));
+                mirror.append(std::u16string_view(u"xyzzy").substr(0, count % 6));
+                break;
+            case 5:
+                text = std::move(texts[other]);
+                mirror = std::exchange(plain[other], {});
+                break;
+            case 6:
+                text.ReplaceAll(UniString("zz"), texts[other].GetSubstring(0, 3));
+                if (const auto part = plain[other].substr(0, 3); mirror.find(u"zz") != mirror.npos) {
+                    std::u16string result;
+                    for (std::size_t at = 0; at < mirror.size();) {
+                        const bool here = mirror.compare(at, 2, u"zz") == 0;
+                        result += here ? part : mirror.substr(at, 1);
+                        at += here ? 2 : 1;
+                    }
+                    mirror = result;
+                }
+                break;
+            default:
+                text = UniString(texts[other].ToCStr());
+                mirror = plain[other];
+        }
+        if (mirror.size() > 2000) {
+            text.Clear();
+            mirror.clear();
+        }
+        RC_ASSERT(texts[0].View() == plain[0]);
+        RC_ASSERT(texts[1].View() == plain[1]);
+    }
 }
