@@ -76,15 +76,15 @@ extern "C" void onFault(int number, siginfo_t* info, void* context) {
 /// sanitizer does, and frees it again) is as good.
 void provideSignalStack() {
     static constexpr std::size_t Size = 0x10000;
-    static thread_local std::unique_ptr<char[]> memory;
+    // Not from the heap: to have it freed with its thread, the C library ends the program where memory is used up.
+    static thread_local char memory[Size];
     static thread_local bool provided = false;
     if (provided) return;
     provided = true;
     stack_t stack{};
     if (sigaltstack(nullptr, &stack) == 0 && (stack.ss_flags & SS_DISABLE) == 0) return;
-    memory = std::make_unique<char[]>(Size);
     stack = {};
-    stack.ss_sp = memory.get();
+    stack.ss_sp = memory;
     stack.ss_size = Size;
     sigaltstack(&stack, nullptr);
 }

@@ -25,6 +25,14 @@ class Programs(Rules):
             self.assertTrue(paths, f"{image} has no run path")
             self.expect_none(f"{image}: {path}" for path in paths if not path.startswith("$ORIGIN"))
 
+    def test_nothing_is_to_be_destroyed_at_the_end_of_a_thread(self):
+        # The C library makes a note of it, and ends the program where there is no memory for that.
+        for image in [*self.images(), BINARIES / "libhostframeworks.so"]:
+            wanted = subprocess.run(["nm", "--dynamic", "--undefined-only", str(image)], capture_output=True, text=True,
+                                    check=True).stdout
+            self.assertTrue(" U " in wanted, image)
+            self.assertFalse("thread_atexit" in wanted, image)
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -15,6 +15,7 @@
 #include <cerrno>
 #include <climits>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace model::step {
@@ -60,10 +61,10 @@ public:
         handle_ = FileHandle(::open(target.parent_path().c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, mode));
         if (!handle_) {
             if (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL && errno != ENOENT) return lastError();
-            const std::string path = temporaryName(target);
+            std::string path = temporaryName(target);
             handle_ = FileHandle(::open(path.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, mode));
             if (!handle_) return lastError();
-            name_ = path;
+            name_ = std::move(path);
         }
         (void)tryLock(handle_);  // Whoever finds the name and no lock takes it for one left behind.
         return {};
@@ -101,10 +102,10 @@ public:
 
     std::error_code replace(const fs::path& target) override {
         if (name_.empty()) {
-            const std::string path = temporaryName(target);
+            std::string path = temporaryName(target);
             const std::string mine = "/proc/self/fd/" + std::to_string(handle_.number());
             if (::linkat(AT_FDCWD, mine.c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW) != 0) return lastError();
-            name_ = path;
+            name_ = std::move(path);  // A copy may fail for want of memory, and the file would stay.
         }
         if (::rename(name_.c_str(), target.c_str()) != 0) return lastError();
         name_.clear();
