@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <ctime>
 #include <fstream>
 #include <numbers>
 #include <sstream>
@@ -203,6 +204,38 @@ TEST(LinearPlacement, FollowsCurvesOfManyPiecesButNotOfAnyNumber) {
         track.signAlong(track.g.polyline(points), "1000.5");
         EXPECT_EQ(track.place().has_value(), found) << pieces;
     }
+}
+
+/// Reading the curve for each of them took minutes.
+TEST(LinearPlacement, OfThousandsOfThingsReadsTheirCurveOnce) {
+    constexpr int Things = 40'000, Pieces = 2000;
+    Track track;
+    std::vector<std::string> points;
+    for (int i = 0; i <= Pieces; ++i) points.push_back("(" + std::to_string(i) + ".,0.,0.)");
+    const Id curve = track.g.polyline(points);
+    for (int i = 0; i < Things; ++i) track.signAlong(curve, std::to_string(i % Pieces) + ".5");
+    Opened model(track.ifc.text());
+    const std::clock_t begin = std::clock();
+    int placed = 0;
+    for (model::Element element = 0; element < model->elementCount(); ++element) {
+        const auto place = model->placement(element);
+        placed += place && place->x == static_cast<double>(element % Pieces) + 0.5;
+    }
+    EXPECT_EQ(placed, Things);
+    EXPECT_LT(static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC, 10);
+}
+
+TEST(LinearPlacement, IsTheSameAfterAChange) {
+    Track track;
+    track.signAlong(track.g.polyline({"(0.,0.,0.)", "(4.,0.,0.)"}), "1.5");
+    Opened model(track.ifc.text());
+    const model::Element sign = model.find("Signal");
+    EXPECT_EQ(placeText(model->placement(sign)), "1500 0 0");
+    const auto renamed = model->command("Rename", [&] { return model->setAttribute(sign, "Name", u"S 1") ? 0 : 1; });
+    ASSERT_TRUE(renamed);
+    EXPECT_EQ(placeText(model->placement(sign)), "1500 0 0");
+    EXPECT_TRUE(model->undo());
+    EXPECT_EQ(placeText(model->placement(sign)), "1500 0 0");
 }
 
 TEST(LinearPlacement, OfARealTrackIsWhereItsAuthorComputedIt) {

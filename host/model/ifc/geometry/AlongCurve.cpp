@@ -11,27 +11,34 @@
 
 namespace model::ifc {
 
-namespace {
-
 using step::Slot;
 
-constexpr double FullTurn = 2 * std::numbers::pi;
+/// What is known of a curve: of a gradient curve that of its base, and the heights along it.
+struct Axis {
+    /// A piece whose curvature grows evenly: a line, an arc, a clothoid. Only lines rise.
+    struct Piece {
+        Point start;
+        Point along{1, 0, 0};  ///< The direction at its start; of length 1.
+        double length = 0;
+        double bend = 0;      ///< The curvature at its start, positive to the left.
+        double bendMore = 0;  ///< And what is added to it by each unit of length.
 
-/// A piece of a curve whose curvature grows evenly: a line, an arc, a clothoid. Only lines rise.
-struct Piece {
-    Point start;
-    Point along{1, 0, 0};  ///< The direction at its start; of length 1.
-    double length = 0;
-    double bend = 0;      ///< The curvature at its start, positive to the left.
-    double bendMore = 0;  ///< And what is added to it by each unit of length.
+        bool isStraight() const { return bend == 0 && bendMore == 0; }
+        double headingAt(double distance) const {
+            return std::atan2(along.y, along.x) + distance * (bend + distance * bendMore / 2);
+        }
+    };
 
-    bool isStraight() const { return bend == 0 && bendMore == 0; }
-    double headingAt(double distance) const {
-        return std::atan2(along.y, along.x) + distance * (bend + distance * bendMore / 2);
-    }
-    /// Nothing where it winds up more often than any track does.
-    std::optional<Point> at(double distance) const;
+    std::optional<std::vector<Piece>> pieces;  ///< Nothing where things along it cannot be placed.
+    std::vector<Piece> heights;
+    bool isGradient = false;
 };
+
+namespace {
+
+using Piece = Axis::Piece;
+
+constexpr double FullTurn = 2 * std::numbers::pi;
 
 /// The integral of a function over a short way; Gauss, exact for polynomials of the ninth degree.
 template <class Function>
@@ -45,19 +52,21 @@ double integral(double from, double to, const Function& function) {
     return sum * half;
 }
 
-std::optional<Point> Piece::at(double distance) const {
-    if (isStraight()) {
+/// Nothing where it winds up more often than any track does.
+std::optional<Point> placeOn(const Piece& piece, double distance) {
+    const Point &start = piece.start, &along = piece.along;
+    if (piece.isStraight()) {
         return Point{start.x + along.x * distance, start.y + along.y * distance, start.z + along.z * distance};
     }
     constexpr double MostTurns = 10, Step = 0.2;
-    const double turn = std::abs(distance) * (std::abs(bend) + std::abs(bendMore * distance));
+    const double turn = std::abs(distance) * (std::abs(piece.bend) + std::abs(piece.bendMore * distance));
     if (!(turn < MostTurns * FullTurn)) return std::nullopt;
     const int steps = static_cast<int>(std::ceil(turn / Step)) + 1;
     Point place = start;
     for (int i = 0; i < steps; ++i) {
         const double from = distance * i / steps, to = distance * (i + 1) / steps;
-        place.x += integral(from, to, [&](double s) { return std::cos(headingAt(s)); });
-        place.y += integral(from, to, [&](double s) { return std::sin(headingAt(s)); });
+        place.x += integral(from, to, [&](double s) { return std::cos(piece.headingAt(s)); });
+        place.y += integral(from, to, [&](double s) { return std::sin(piece.headingAt(s)); });
     }
     return place;
 }
@@ -245,7 +254,7 @@ std::optional<Frame> frameOn(const Pieces& pieces, double distance) {
             continue;
         }
         const double into = std::min(left, piece.length);
-        const auto place = piece.at(into);
+        const auto place = placeOn(piece, into);
         if (!place) return std::nullopt;
         if (piece.isStraight()) return frameAt(*place, piece.along);
         const double heading = piece.headingAt(into);
@@ -270,33 +279,62 @@ std::optional<Height> heightOn(const Piece& piece, double distance) {
     return Height{piece.start.y + (piece.along.x - cosine) / piece.bend, sine / cosine};
 }
 
-std::optional<Frame> frameOnGradient(GeometryReader& reader, const step::Instance& curve, double distance) {
-    const auto base = PieceReader(reader).read(targetOf(reader, curve, 2));
-    const auto flat = base ? frameOn(*base, distance) : std::nullopt;
+std::optional<Frame> frameOnGradient(const Axis& axis, double distance) {
+    const auto flat = frameOn(*axis.pieces, distance);
     if (!flat) return std::nullopt;
-    std::optional<Piece> on;
-    std::size_t count = 0;
-    for (const Slot slot : targetsOf(reader, curve, 0)) {
-        const auto piece = PieceReader(reader).segment(slot);
-        if (!piece || ++count > MostPieces) return std::nullopt;
-        if (!on || (piece->start.x <= distance && piece->length > 0)) on = piece;
-    }
-    const auto height = on ? heightOn(*on, distance) : std::nullopt;
+    const Piece* on = nullptr;
+    for (const Piece& piece : axis.heights)
+        if (on == nullptr || (piece.start.x <= distance && piece.length > 0)) on = &piece;
+    const auto height = on != nullptr ? heightOn(*on, distance) : std::nullopt;
     if (!height) return std::nullopt;
     return frameAt({flat->origin.x, flat->origin.y, height->height}, {flat->x.x, flat->x.y, height->rise});
 }
 
+/// Nothing where one of them is of a kind that is not known, or there are too many.
+std::optional<Pieces> readHeights(GeometryReader& reader, const step::Instance& gradient) {
+    Pieces heights;
+    for (const Slot slot : targetsOf(reader, gradient, 0)) {
+        const auto piece = PieceReader(reader).segment(slot);
+        if (!piece || heights.size() == MostPieces) return std::nullopt;
+        heights.push_back(*piece);
+    }
+    return heights;
+}
+
+/// With a budget of its own: what one thing beside the track has used up is nothing to the others.
+Axis readAxis(Workspace& work, Slot curve) {
+    GeometryReader reader(work);
+    step::Instance instance;
+    Axis axis;
+    axis.isGradient = isOfClass(reader, curve, "IfcGradientCurve");
+    if (!axis.isGradient) {
+        axis.pieces = PieceReader(reader).read(curve);
+        return axis;
+    }
+    if (!reader.read(curve, instance)) return axis;
+    auto heights = readHeights(reader, instance);
+    if (!heights || reader.spent()) return axis;
+    axis.heights = std::move(*heights);
+    axis.pieces = PieceReader(reader).read(targetOf(reader, instance, 2));
+    return axis;
+}
+
+std::shared_ptr<const Axis> axisOf(Workspace& work, Slot curve) {
+    if (const auto known = work.axes.byCurve.find(curve); known != work.axes.byCurve.end()) return known->second;
+    auto axis = std::make_shared<const Axis>(readAxis(work, curve));
+    const std::size_t pieces = 1 + axis->heights.size() + (axis->pieces ? axis->pieces->size() : 0);
+    if (work.axes.pieces + pieces > MostKeptPieces) work.axes = {};
+    work.axes.byCurve.emplace(curve, axis);
+    work.axes.pieces += pieces;
+    return axis;
+}
+
 }  // namespace
 
-std::optional<Frame> frameAlong(GeometryReader& reader, Slot curve, double distance) {
-    step::Instance instance;
-    if (!isOfClass(reader, curve, "IfcGradientCurve")) {
-        const auto pieces = PieceReader(reader).read(curve);
-        return pieces ? frameOn(*pieces, distance) : std::nullopt;
-    }
-    if (!reader.read(curve, instance)) return std::nullopt;
-    const auto frame = frameOnGradient(reader, instance, distance);
-    return reader.spent() ? std::nullopt : frame;
+std::optional<Frame> frameAlong(Workspace& work, Slot curve, double distance) {
+    const auto axis = axisOf(work, curve);
+    if (!axis->pieces) return std::nullopt;
+    return axis->isGradient ? frameOnGradient(*axis, distance) : frameOn(*axis->pieces, distance);
 }
 
 }  // namespace model::ifc

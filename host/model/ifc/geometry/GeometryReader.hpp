@@ -19,6 +19,7 @@ public:
     std::string_view text(step::Slot slot);
     step::Slot find(step::InstanceId id) const { return work_.file.find(id); }
     const Class& classOf(step::Slot slot) { return work_.classes.of(slot); }
+    Workspace& work() { return work_; }
 
     /// @return whether so many corners can still be made.
     bool makeCorners(std::size_t count);

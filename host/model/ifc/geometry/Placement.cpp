@@ -79,7 +79,7 @@ std::optional<Frame> linearFrame(GeometryReader& reader, const step::Instance& p
     const auto distance = step::realValue(inner);
     // A parameter of the curve is a part of its length, or an angle.
     if (!distance || keyword == "IFCPARAMETERVALUE") return std::nullopt;
-    auto frame = frameAlong(reader, targetOf(reader, point, 4), *distance);
+    auto frame = frameAlong(reader.work(), targetOf(reader, point, 4), *distance);
     if (!frame) return std::nullopt;
     const auto offset = [&](std::size_t index) { return step::realValue(point.arguments[index]).value_or(0); };
     frame->origin = frame->toOuter(Point{offset(3), offset(1), offset(2)});

@@ -107,6 +107,7 @@ Status Workspace::replaceInList(step::Slot holder, Field field, step::Slot from,
 
 void Workspace::beforeChange(step::Slot slot) noexcept try {
     if (!observing_) return;
+    if (!axes.byCurve.empty()) axes = {};
     propertySets.beforeChange(slot);
     classifications.beforeChange(slot, inverseReferences);
     forwardReferences.forget(slot);
@@ -129,6 +130,7 @@ void Workspace::afterChange(step::Slot slot) noexcept try {
 }
 
 void Workspace::afterManyChanges() noexcept {
+    axes = {};
     inverseReferences.forgetAll();
     globalIds.forgetAll();
     propertySets.forgetAll();

@@ -9,9 +9,19 @@
 #include "model/ifc/index/InverseReferences.hpp"
 #include "model/ifc/index/LongRelations.hpp"
 
+#include <cstddef>
+#include <memory>
 #include <unordered_map>
 
 namespace model::ifc {
+
+struct Axis;
+
+/// The curves that things stand along, each read once for all of them; see geometry/AlongCurve.hpp.
+struct KnownAxes {
+    std::unordered_map<step::Slot, std::shared_ptr<const Axis>> byCurve;
+    std::size_t pieces = 0;  ///< Of all of them.
+};
 
 /// An open file with everything kept about it. Each index is made when first needed and follows every change.
 class Workspace final : private step::ChangeListener {
@@ -57,6 +67,7 @@ public:
     ElementSets elementSets;
     GlobalIdAllocator globalIds;
     ClassificationIndex classificationIndex;
+    KnownAxes axes;
     /// The relations that elements got in the open command for others that they left, and these.
     std::unordered_map<step::Slot, step::Slot> relationCopies;
 
