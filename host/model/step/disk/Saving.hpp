@@ -19,7 +19,8 @@ Error cannotWrite(const std::filesystem::path& path, const std::string& what);
 
 /// The same for what the file system answered, with what to do about it.
 Error cannotWrite(const std::filesystem::path& path, const std::error_code& error);
-/// Another program has written or replaced the file. ErrorKind::ChangedSince.
+/// Another program has written or replaced the file. ErrorKind::ChangedSince. Whether one has since the file was opened
+/// is asked in StepFileSaving.cpp; here, whether one has while the new version was written.
 Error changedSince(const std::filesystem::path& path);
 /// Another host has the file open for editing.
 Error openElsewhere(const std::filesystem::path& path, const std::string& holder);
