@@ -19,9 +19,10 @@ std::string obstacleOf(const Value* old, const Value* now) {
         return first ? "" : text::message("an update file takes no item away but a classification");
     }
     const Value& held = old == nullptr ? *now : *old;
-    if (now->occurrence > 0)
+    if (now->occurrence > 0) {
         return text::message(
             "the element has several items of that name in one set, of which an update writes the first");
+    }
     if (!now->plain || !held.plain || now->propertyKind != held.propertyKind)
         return text::message("a list, range, table or reference is no text that an update could ask for");
     if (old == nullptr && now->propertyKind != model::PropertyKind::Single)

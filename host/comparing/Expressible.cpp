@@ -250,9 +250,10 @@ void ElementTrial::compareWith(const std::vector<Value>& values, ChangeKind kind
         if (change.kind != kind || !change.writable()) continue;
         const auto found = byItem.find({change.set, change.item});
         const auto held = found == byItem.end() ? std::nullopt : std::optional(found->second->text());
-        if (held != change.now)
+        if (held != change.now) {
             change.obstacle =
                 text::message("the import would store \"{}\" there, by the type of the item", held.value_or(""));
+        }
     }
 }
 

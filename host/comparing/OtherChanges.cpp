@@ -131,19 +131,22 @@ std::vector<Change> OtherChanges::of(Element elementA, Element elementB) {
         add("geometry", text::phrase("an update changes no geometry"), {}, {});
 
     const Slot storeyA = a_.storeys.of(inA), storeyB = b_.storeys.of(inB);
-    if (idOf(a_.work, storeyA) != idOf(b_.work, storeyB))
+    if (idOf(a_.work, storeyA) != idOf(b_.work, storeyB)) {
         add("storey", text::phrase("an update moves nothing to another storey"),
             orNothing(storeyA, nameOfObject(a_.work, storeyA)), orNothing(storeyB, nameOfObject(b_.work, storeyB)));
+    }
 
     const Slot typeA = a_.work.typeObject(inA), typeB = b_.work.typeObject(inB);
-    if (!sameType(typeA, typeB))
+    if (!sameType(typeA, typeB)) {
         add("type", text::phrase("an update gives no other type"), orNothing(typeA, nameOfObject(a_.work, typeA)),
             orNothing(typeB, nameOfObject(b_.work, typeB)));
+    }
 
     const Slot materialA = a_.facts.materialDefinition(elementA), materialB = b_.facts.materialDefinition(elementB);
-    if (!(a_.fingerprints.of(materialA) == b_.fingerprints.of(materialB)))
+    if (!(a_.fingerprints.of(materialA) == b_.fingerprints.of(materialB))) {
         add("material", text::phrase("an update gives no other material"),
             orNothing(materialA, materialsOf(a_, elementA)), orNothing(materialB, materialsOf(b_, elementB)));
+    }
     return changes;
 }
 

@@ -392,9 +392,10 @@ ImportOptions finishImport(Words& words) {
     if (!options.common.backup.empty() && !target)
         throw Failure("--backup keeps the file that is saved over; add --apply and --in-place, or leave it out");
     if (options.output && options.inPlace) throw Failure("-o and --in-place exclude each other; give one of them");
-    if (options.apply && !target)
+    if (options.apply && !target) {
         throw Failure(
             "--apply without a place to save to would lose the work; add -o OUT.ifc or --in-place, or --out-dir DIR");
+    }
     if (!options.apply && target) {
         throw Failure(
             "without --apply nothing is changed and nothing saved; add --apply, or leave out -o and "
@@ -442,9 +443,10 @@ Command finishDiff(Words& words) {
         completeByName(options.b, options.a);
         return std::move(options);
     }
-    if (options.format == DiffFormat::Html)
+    if (options.format == DiffFormat::Html) {
         throw Failure(
             "--format html is a page on two files; for several write --report FILE.html, a page on each pair");
+    }
     ModelPairs pairs = findPairs(options.a.string(), options.b.string());
     options.onlyA = std::move(pairs.onlyA);
     options.onlyB = std::move(pairs.onlyB);

@@ -73,9 +73,10 @@ void StandardInput::copy(int file, Holds what) {
     std::size_t count = readBlock(block);
     if (what == Holds::AModel) checkBeginning({block.data(), count});
     for (; count > 0; count = readBlock(block)) {
-        if ((kept += count) > Longest)
+        if ((kept += count) > Longest) {
             throw Failure(
                 fmt::format("more than {} GiB came by standard input; save the model as a file first", Longest >> 30U));
+        }
         writeAll(file, {block.data(), count});
     }
 }

@@ -63,9 +63,10 @@ model::Status UpdateFile::copy(KeptFile& target, bool text) {
         // A device such as /dev/zero has no end, so what it holds is looked at before all of it is copied.
         if (text && copied == 0 && updatefile::detectFileKind({block.data(), count}) == updatefile::FileKind::Binary)
             return cannotRead(path_, updatefile::NoTextFile.text());
-        if ((copied += count) > LongestCopy)
+        if ((copied += count) > LongestCopy) {
             return cannotRead(
                 path_, text::message("more than {} MiB came out of it; save it as a file first", LongestCopy >> 20U));
+        }
         if (model::Status written = target.write({block.data(), count}); !written) return written;
     }
     if (std::ferror(file_.get()) != 0) return notReadable(path_);

@@ -56,9 +56,10 @@ model::Status checkItem(std::string_view item) {
                                           "FireRating[WallCommon] or a classification",
                                           item)};
     }
-    if (item.find_first_of("\t\r\n") != std::string_view::npos)
+    if (item.find_first_of("\t\r\n") != std::string_view::npos) {
         return model::Error{model::ErrorKind::BadName,
                             text::message("an item with a TAB or a line end fits into no update file")};
+    }
     return {};
 }
 

@@ -83,9 +83,10 @@ void OutputFile::close() {
 }
 
 void OutputFile::check(const std::error_code& error) const {
-    if (error)
+    if (error) {
         throw Failure(
             fmt::format("cannot write {}: {}; choose another place with -o", target_.string(), error.message()));
+    }
 }
 
 void OutputFile::stopIfInterrupted() {

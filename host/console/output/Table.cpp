@@ -184,9 +184,10 @@ void Table::layOutFitted(const Terminal& terminal, const std::vector<int>& width
             repeats[column] = true;
         }
         line.clear();
-        for (std::size_t column = 0; column < row.size(); ++column)
+        for (std::size_t column = 0; column < row.size(); ++column) {
             appendCell(line, repeats[column] ? TableCell{} : row[column], widths[column], column + 1 == row.size(),
                        terminal);
+        }
         line.erase(line.find_last_not_of(' ') + 1);
         sink(line += '\n');
         above = &row;

@@ -29,9 +29,10 @@ using File = std::unique_ptr<std::FILE, Close>;
 
 File temporary() {
     File file(std::tmpfile());
-    if (!file)
+    if (!file) {
         throw Failure(fmt::format("cannot keep what is said of each model: {}; make room in {}", std::strerror(errno),
                                   std::filesystem::temp_directory_path().string()));
+    }
     return file;
 }
 

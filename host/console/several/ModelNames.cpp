@@ -60,9 +60,10 @@ std::map<fs::path, fs::path> byFileName(const std::string& name) {
     std::map<fs::path, fs::path> models;
     for (const fs::path& path : namedBy(name)) {
         const auto [other, added] = models.emplace(path.filename(), path);
-        if (!added)
+        if (!added) {
             throw Failure(fmt::format("{} and {} have the same file name; name one of them", other->second.string(),
                                       path.string()));
+        }
     }
     return models;
 }
@@ -106,9 +107,10 @@ ModelPairs findPairs(const std::string& a, const std::string& b) {
         }
     }
     for (const auto& [name, path] : inB) pairs.onlyB.push_back(path);
-    if (pairs.both.empty())
+    if (pairs.both.empty()) {
         throw Failure(
             fmt::format("no model in {} has the file name of one in {}, so there is nothing to compare", a, b));
+    }
     return pairs;
 }
 

@@ -128,9 +128,10 @@ public:
     void take(const fs::path& model, ChildResult result) override {
         if (format_ == Format::Json) return array_.add(model, result);
         const JsonValue document = JsonValue::parse(result.out, nullptr, false);
-        if (!document.is_object())
+        if (!document.is_object()) {
             return summary_.add(
                 {{wellFormed(model.string())}, {""}, {"failed: " + lastMessage(result.err), Style::Red}});
+        }
         std::size_t count = 0;
         for (std::vector<std::string>& row : rowsOf(document)) {
             row.insert(row.begin(), wellFormed(model.string()));
@@ -478,11 +479,12 @@ void checkReports(const SeveralOptions& options) {
     for (const fs::path& model : options.models) {
         const fs::path place = reportOf(*options.common.report, model);
         const auto [other, isNew] = taken.emplace(place, model);
-        if (!isNew)
+        if (!isNew) {
             throw Failure(
                 fmt::format("the reports on {} and {} would both be written to {}; work on them one after the "
                             "other",
                             other->second.string(), model.string(), place.string()));
+        }
     }
 }
 
@@ -494,14 +496,17 @@ void checkPlaces(const SeveralOptions& options, const std::string& ending) {
     for (const fs::path& model : options.models) {
         const fs::path place = placeIn(*options.outDir, model, ending);
         const auto [other, isNew] = taken.emplace(place, model);
-        if (!isNew)
+        if (!isNew) {
             throw Failure(fmt::format("{} and {} would both be written to {}; work on them one after the other",
                                       other->second.string(), model.string(), place.string()));
+        }
         std::error_code ignored;
-        for (const fs::path& each : options.models)
-            if (fs::equivalent(place, each, ignored))
+        for (const fs::path& each : options.models) {
+            if (fs::equivalent(place, each, ignored)) {
                 throw Failure(fmt::format("--out-dir {}: {} would be lost there; name another folder",
                                           options.outDir->string(), each.string()));
+            }
+        }
     }
 }
 
@@ -525,9 +530,10 @@ bool readsStandardInput(const SeveralOptions& options) {
 void makeFolder(const fs::path& folder) {
     std::error_code failed;
     fs::create_directory(folder, failed);
-    if (failed || !fs::is_directory(folder))
+    if (failed || !fs::is_directory(folder)) {
         throw Failure(fmt::format("--out-dir {}: it cannot be made: {}; name a folder in one that is there",
                                   folder.string(), failed ? failed.message() : "it is a file"));
+    }
 }
 
 fs::path placeIn(const fs::path& folder, const fs::path& model, const std::string& ending) {

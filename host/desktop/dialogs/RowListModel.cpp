@@ -71,9 +71,10 @@ QVariant RowListModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || index.row() >= shownRows_) return {};
     if (role == Qt::DisplayRole) return shownText(wholeText(index.row(), index.column()));
     if (role == Qt::ForegroundRole) return foreground(index.row());
-    if (index.column() == tickColumn_ && role == Qt::CheckStateRole)
+    if (index.column() == tickColumn_ && role == Qt::CheckStateRole) {
         return cellText(index.row(), tickColumn_) == toQString(updatefile::reviewlist::Ticked) ? Qt::Checked
                                                                                                : Qt::Unchecked;
+    }
     if (index.column() == tickColumn_ && role == Qt::AccessibleTextRole)
         return data(index, Qt::CheckStateRole) == Qt::Checked ? tr("ticked") : tr("not ticked");
     if (index.column() + 1 == shownColumns_ && role == Qt::DecorationRole) {

@@ -24,9 +24,10 @@ public:
             complete = false;
         }
         if (const auto properties = model_.properties(element)) {
-            for (const model::Property& property : *properties)
+            for (const model::Property& property : *properties) {
                 add({ItemKind::Property, toQString(property.set), toQString(property.name)}, valueText(property),
                     property.kind == model::PropertyKind::Single);
+            }
         } else {
             complete = false;
         }

@@ -177,9 +177,10 @@ std::optional<importing::ReviewedUpdates> ReviewNotes::reviewed() const {
     reviewed.result = result_;
     for (std::size_t row = 0; row < review_.size() && row < marks_.size(); ++row) {
         const bool wanted = result_ ? row < wanted_.size() && wanted_[row] : marks_[row] == Mark::Ticked;
-        if (wanted)
+        if (wanted) {
             reviewed.review[row].columns[updatefile::reviewlist::TickColumn] =
                 std::string(updatefile::reviewlist::Ticked);
+        }
     }
     reviewed.facts = facts_->rows();
     reviewed.hints = importing::hintsOnNames(model_, review_, result_);

@@ -76,9 +76,10 @@ QString droppedFile(const QMimeData* data) {
 std::vector<HandChanges::Through> writtenRows(const std::optional<importing::ReviewedUpdates>& reviewed) {
     std::vector<HandChanges::Through> written;
     for (const importing::ListRow& row : reviewed ? reviewed->rows() : std::vector<importing::ListRow>()) {
-        if (importing::done(row))
+        if (importing::done(row)) {
             written.push_back(
                 {row.columns[updatefile::reviewlist::GuidColumn], row.columns[updatefile::reviewlist::PropertyColumn]});
+        }
     }
     return written;
 }

@@ -138,9 +138,10 @@ Asked Collector::finish() {
                      [](const LeftOut& a, const LeftOut& b) { return a.line < b.line; });
     asked_.elements = elements_.size();
     asked_.items = items_.size();
-    if (cellsWithBreaks_ > 0)
+    if (cellsWithBreaks_ > 0) {
         asked_.notes.push_back(text::counted("{} cell with TABs or line ends: each became a blank",
                                              "{} cells with TABs or line ends: each became a blank", cellsWithBreaks_));
+    }
     return std::move(asked_);
 }
 

@@ -31,7 +31,7 @@ using FactValues = std::vector<FactValue>;
 
 FactValues noValue();
 FactValues otherValue();
-FactValues textValue(std::u16string text);
+FactValues textValue(std::u16string content);
 
 /// An argument by the declared type of its attribute. Aggregates of simple values give several.
 FactValues attributeValues(step::Value argument, BaseType base);

@@ -97,9 +97,10 @@ Result<zip_stat_t> findModel(zip_t* archive, std::uint64_t archiveSize) {
         found = entry;
         ++count;
     }
-    if (count == 0)
+    if (count == 0) {
         return unreadable(
             text::message("the archive holds no .ifc file; choose another one, or export the model as .ifc"));
+    }
     if (count > 1)
         return unreadable(text::message("the archive holds several .ifc files; unpack it and open one of them"));
     if (found.encryption_method != ZIP_EM_NONE)

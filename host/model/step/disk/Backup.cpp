@@ -95,9 +95,10 @@ Result<Backup> Backup::make(const fs::path& name, const std::string& suffix) {
         if (!linked) return backup;
     }
     std::error_code error = underFirstFreeName(target, suffix, backup.path_, reserve);
-    if (error)
+    if (error) {
         return cannotKeep(
             target, text::message("{}: {}; choose another suffix or place", backup.path_.string(), error.message()));
+    }
     error = copy(target, backup.old_, backup.path_);
     if (!error) return backup;
     ::unlink(backup.path_.c_str());

@@ -47,9 +47,10 @@ FileHandle lockFile(const std::filesystem::path& path, std::string& holder) {
     const LockResult result = tryLock(file);
     if (result == LockResult::Taken) return file;
     struct stat found {};
-    if (result == LockResult::HeldByOther)
+    if (result == LockResult::HeldByOther) {
         holder =
             ::fstat(file.number(), &found) == 0 ? holderOfLock(toFileState(found)) : text::message("another program");
+    }
     return {};
 }
 

@@ -89,17 +89,19 @@ Status stateOf(const FileHandle& handle, FileState& state) {
 
 Status read(ReadFile& file, const Progress& progress) {
     if (Status known = stateOf(file.handle, file.state); !known) return known;
-    if (!file.state.regular)
+    if (!file.state.regular) {
         return Error{ErrorKind::CannotRead,
                      text::message("it is a folder or a device, not a file; choose an .ifc file")};
+    }
     file.bytes = Bytes(file.state.size);
     const Result<std::size_t> done = Filling(file.handle, file.bytes.memory.data(), file.bytes.size, progress).run();
     if (!done) return done.error();
     FileState after;
     if (Status known = stateOf(file.handle, after); !known) return known;
-    if (*done != file.bytes.size || !after.sameVersion(file.state))
+    if (*done != file.bytes.size || !after.sameVersion(file.state)) {
         return Error{ErrorKind::CannotRead,
                      text::message("another program is writing it just now; open it again when that is done")};
+    }
     return {};
 }
 

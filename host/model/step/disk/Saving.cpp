@@ -113,9 +113,10 @@ Error cannotWrite(const fs::path& path, const std::string& what) {
 Error cannotWrite(const fs::path& path, const std::error_code& error) {
     std::error_code ignored;
     const bool folderMissing = error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
-    if (folderMissing && !fs::is_directory(folderOf(path), ignored))
+    if (folderMissing && !fs::is_directory(folderOf(path), ignored)) {
         return cannotWrite(
             path, text::message("there is no folder {}; make it first, or save in another place", folderOf(path)));
+    }
     return cannotWrite(path, error.message() + "; " + advice(error));
 }
 
@@ -167,9 +168,10 @@ std::vector<std::string> targetWarnings(const fs::path& name) {
                           "keep the old version",
                           state.links));
     }
-    if (!mayGiveAway(state))
+    if (!mayGiveAway(state)) {
         add(text::message("the file belongs to {}; saved, it belongs to {}", userName(state.owner),
                           userName(::geteuid())));
+    }
     if (!mayKeepGroup(state, target.parent_path())) {
         add(
             text::message("the file is of the group {}, which is not one of yours; saved, it is of a group of yours, "

@@ -42,9 +42,10 @@ std::string describeForeignFile(std::string_view bytes) {
     if (bytes.empty()) return text::message("the file is empty; export the model again");
     for (const Kind& kind : Kinds)
         if (bytes.starts_with(kind.start)) return kind.description.text();
-    if (bytes.find_first_not_of('\0') == std::string_view::npos)
+    if (bytes.find_first_not_of('\0') == std::string_view::npos) {
         return text::message(
             "the file holds nothing but zero bytes; copying it was probably interrupted, so fetch it again");
+    }
     return text::message(
         "it does not begin with ISO-10303-21, so it is no IFC file in clear text; export the model as .ifc");
 }
