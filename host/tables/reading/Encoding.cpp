@@ -78,8 +78,8 @@ Result<std::string> convert(std::string_view bytes, UConverter* converter, std::
         text.append(utf8.data(), to);
     }
     if (U_FAILURE(error) || U_FAILURE(out)) return notOf(encoding, text);
-    constexpr std::string_view mark = "\xEF\xBB\xBF";
-    if (text.starts_with(mark)) text.erase(0, mark.size());
+    constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+    if (text.starts_with(ByteOrderMark)) text.erase(0, ByteOrderMark.size());
     return text;
 }
 

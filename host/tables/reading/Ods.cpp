@@ -112,9 +112,9 @@ private:
 
 /// By local name: the namespaces differ between versions of the format.
 bool isBesideTheText(std::string_view name) {
-    constexpr std::array names{"annotation",   "tracked-changes", "shapes",   "frame",  "g",
+    constexpr std::array Names{"annotation",   "tracked-changes", "shapes",   "frame",  "g",
                                "custom-shape", "ruby-text",       "text-box", "object", "note"};
-    return std::find(names.begin(), names.end(), name) != names.end();
+    return std::find(Names.begin(), Names.end(), name) != Names.end();
 }
 
 void ContentReader::begin(std::string_view name, const xml::Attributes& attributes) {

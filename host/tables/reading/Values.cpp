@@ -93,17 +93,17 @@ std::optional<std::string> dateText(double days, DayCount count, bool timeOnly) 
 std::string dateText(std::string_view isoText) {
     isoText = isoText.substr(0, isoText.find('.'));
     if (isoText.ends_with('Z')) isoText.remove_suffix(1);
-    constexpr std::string_view midnight = "T00:00:00";
-    if (isoText.ends_with(midnight)) isoText.remove_suffix(midnight.size());
+    constexpr std::string_view Midnight = "T00:00:00";
+    if (isoText.ends_with(Midnight)) isoText.remove_suffix(Midnight.size());
     return std::string(isoText);
 }
 
 std::string durationText(std::string_view isoText) {
-    constexpr std::string_view beginning = "PT";
+    constexpr std::string_view Beginning = "PT";
     std::array<std::int64_t, 3> parts{};
     constexpr std::string_view Units = "HMS";
-    if (!isoText.starts_with(beginning)) return std::string(isoText);
-    for (std::size_t at = beginning.size(); at < isoText.size();) {
+    if (!isoText.starts_with(Beginning)) return std::string(isoText);
+    for (std::size_t at = Beginning.size(); at < isoText.size();) {
         std::int64_t number = 0;
         const char* const first = isoText.data() + at;
         const auto [end, error] = std::from_chars(first, isoText.data() + isoText.size(), number);
