@@ -30,6 +30,7 @@ const std::vector<std::string>& StepFile::schemaNames() const {
 const std::vector<Remark>& StepFile::remarks() const {
     return content_->index.remarks;
 }
+/// The bytes stay those that were opened, whatever is edited: of edited files they tell nothing.
 bool StepFile::sameBytes(const StepFile& other) const {
     return revision() == 0 && other.revision() == 0 && content_->bytes.text() == other.content_->bytes.text();
 }
@@ -185,6 +186,7 @@ bool StepFile::undo() {
 bool StepFile::redo() {
     return content_->changes.redo();
 }
+/// By content, not by commands: a value that was changed and changed back leaves nothing to save.
 bool StepFile::modified() const {
     return content_->changes.fingerprint() != content_->savedFingerprint;
 }

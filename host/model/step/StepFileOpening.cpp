@@ -29,6 +29,7 @@ StepFile::StepFile(std::unique_ptr<Content> parts) : content_(std::move(parts)) 
 StepFile::~StepFile() = default;
 
 Result<std::unique_ptr<StepFile>> StepFile::open(const fs::path& path, const OpenOptions& options) try {
+    // Behind all links: a save renames a new file over the name, and would put it in the place of a link.
     fs::path target;
     if (const std::error_code error = Disk::real().resolve(path, target))
         return cannotRead(path, text::message("{}; check the name and the rights", error.message()));
@@ -44,8 +45,10 @@ Result<std::unique_ptr<StepFile>> StepFile::open(const fs::path& path, const Ope
     content->path = content->lockedPath = target;
     content->archive = std::move(archive);
     content->entry = std::move(entry);
+    // As the open descriptor told it: under the name there may be another file by now.
     content->versions[target].state = file->state;
     if (options.lock) {
+        // Not by the name either: the lock is to be on the version that was read.
         const LockResult locked = tryLock(file->handle);
         if (locked == LockResult::Taken) content->lock = std::move(file->handle);
         if (locked == LockResult::HeldByOther) content->lockedBy = holderOfLock(file->state);

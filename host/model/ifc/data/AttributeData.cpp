@@ -126,6 +126,7 @@ Status setAttribute(Workspace& work, Element element, std::string_view name, std
             text::message("the file gives this instance fewer attributes than its schema, and not this one"));
     }
     const Value held = instance.arguments[static_cast<std::size_t>(index)];
+    // Before the values are compared: of a text that cannot be decoded nobody can say that it is the same.
     if (Status replaceable = checkReplaceable(held); !replaceable) return replaceable;
     if (valueText(held, attribute.base) == text) return {};
     Result<std::string> stepText = newValue(attribute, text);

@@ -116,7 +116,8 @@ Status ClassificationEditor::removeFirst(const std::vector<AssignedClassificatio
                      text::message("relation {} is referred to, so it has to stay", edit_.reference(relation))};
     }
     if (Status erased = work_.file.erase(relation); !erased) return erased;
-    // The system stays: it is a statement of the whole model.
+    // The system stays: it is a statement of the whole model. The reference is asked about only now: the relation was a
+    // user of it.
     const bool needed = work_.classes.of(reference).role != Role::ClassificationReference || !edit_.isUnused(reference);
     return needed ? Status{} : work_.file.erase(reference);
 }
@@ -160,6 +161,7 @@ Status ClassificationEditor::changeInPlace(Slot reference, const std::string& ne
                                                    {Field::ItemReference, stepText(wanted_.itemReference)},
                                                    {Field::Name, stepText(wanted_.name)},
                                                    {Field::ReferencedSource, newSource}};
+    // The instance is read for each anew: the change before has moved the text that its values point into.
     for (const auto& [field, text] : texts) {
         step::Instance instance;
         work_.file.read(reference, instance);
@@ -186,6 +188,7 @@ Status ClassificationEditor::create() {
     const Result<Slot> added = edit_.add(reference, edit_.slot());
     if (!added) return added.error();
     InstanceBuilder relation = edit_.newRoot("IfcRelAssociatesClassification", relationPurpose());
+    // The label by which the reference is found again: the classification's own name need not be it.
     relation.set("Name", step::encodeString(wanted_.system))
         .set("RelatedObjects", '(' + referenceText(edit_.id()) + ')')
         .set("RelatingClassification", edit_.reference(*added));
@@ -210,6 +213,7 @@ Status ClassificationEditor::checkTexts() const {
     };
     for (const Status& status :
          {entry("Location", wanted_.location), entry("ItemReference", wanted_.itemReference),
+          // One of these two, which are the same in different schemas, is always unknown and passed over.
           entry("Identification", wanted_.itemReference), entry("Name", wanted_.name),
           fits("IfcClassification", "Source", wanted_.source), fits("IfcClassification", "Edition", wanted_.edition),
           fits("IfcClassification", "Name", wanted_.classificationName)}) {
@@ -270,6 +274,7 @@ Result<std::string> ClassificationEditor::source() {
     InstanceBuilder draft(entity);
     for (const auto& [name, text] : {std::pair{"Source", &wanted_.source}, std::pair{"Edition", &wanted_.edition},
                                      std::pair{"Name", &wanted_.classificationName}}) {
+        // IFC2X3 asks for all three, and gets empty texts for what nobody said.
         const bool optional = entity.attributes()[static_cast<std::size_t>(entity.attributeIndex(name))].optional;
         if (!text->empty() || !optional) draft.set(name, step::encodeString(*text));
     }

@@ -138,6 +138,7 @@ Status ElementEdit::relink(Slot relation, Field field, Slot from, Slot to, const
 Status ElementEdit::moveInto(InstanceBuilder& draft, Slot relation) {
     draft.set(attributeName(relation, Field::Related), '(' + referenceText(ownId_) + ')');
     if (Status left = leave(relation); !left) return left;
+    // What an element has is listed in file order: right behind its original the copy keeps the place in it.
     const Result<Slot> added = work_.file.insertBehind(draft.body(), relation);
     if (!added) return added.error();
     work_.relationCopies.emplace(*added, relation);

@@ -36,6 +36,7 @@ FactValues ElementFacts::attribute(Element element, std::string_view name) {
     return name == "PredefinedType" ? predefinedType(element) : attributeOf(slot(element), name);
 }
 
+/// By the IFC schema the kind that an element's type gives goes before the element's own.
 FactValues ElementFacts::predefinedType(Element element) {
     if (const Slot type = typeObject(element); type != step::NoSlot) {
         const FactValues& kind = kindOfType(type);
@@ -44,6 +45,7 @@ FactValues ElementFacts::predefinedType(Element element) {
     return kindOf(slot(element), "ObjectType");
 }
 
+/// A kind that is USERDEFINED is told in words, by IFC in another attribute.
 FactValues ElementFacts::kindOf(Slot object, std::string_view ownWords) {
     FactValues kind = attributeOf(object, "PredefinedType");
     return isEmpty(kind) || isText(kind, u"USERDEFINED") ? attributeOf(object, ownWords) : kind;
@@ -114,6 +116,7 @@ Slot ElementFacts::outerPlace(Slot place) {
     const Slot outer = aggregateOf(place);
     if (outer == step::NoSlot) return outer;
     const Entity* entity = work_.classes.of(outer).entity;
+    // The project is made up of its sites, but is no place where anything stands.
     return entity != nullptr && entity->isA("IfcProject") ? step::NoSlot : outer;
 }
 
@@ -179,6 +182,7 @@ const std::vector<Slot>& ElementFacts::materials(Element element) {
 const ClassificationFact& ElementFacts::classification(Slot reference) {
     if (const auto known = classifications_.find(reference); known != classifications_.end()) return known->second;
     ClassificationFact fact{work_.classifications.endOf(reference), noValue(), attributeOf(reference, "Name")};
+    // One attribute under two names: IFC2X3 calls it ItemReference.
     for (const std::string_view code : {"Identification", "ItemReference"}) {
         if (fact.code.front().kind == FactValue::Kind::None) fact.code = attributeOf(reference, code);
     }

@@ -89,6 +89,7 @@ Result<Replacement> WrittenValue::replacementIn(step::Value held, const step::In
         return refused(text::message("the file holds no well-formed value, {}", held.text));
     const DefinedType* type = keyword.empty() ? nullptr : work_.schema.type(keyword);
     if (type == nullptr) return refused(text::message("the file gives its value no type that this schema knows"));
+    // An empty text is a value of strings only; for all others it means that there is to be none.
     if (wanted_.text.empty() && type->base != BaseType::String) return Replacement{held, "$"};
     Result<std::string> content = parseValue(wanted_.text, type->base, type);
     if (!content) return Error{ErrorKind::BadValue, inQuotes(wanted_.text) + " " + content.error().message};
@@ -109,6 +110,7 @@ Result<Replacement> WrittenValue::chosenItem(step::Value held, const step::Insta
     std::string offered;
     for (const step::Value& item : elementsOf(offer, work_.classes.of(enumeration), "EnumerationValues")) {
         const std::u16string content = itemText(item, work_.schema);
+        // Copied as the enumeration spells it, type and all: only that is one of its items.
         if (readsAs(content, wanted_.text)) return Replacement{held, "(" + std::string(item.text) + ")"};
         offered.append(offered.empty() ? "" : ", ").append(text::toUtf8(content));
     }

@@ -107,6 +107,7 @@ public:
 
 private:
     std::size_t numberOf(std::u16string_view set) {
+        // By its place in memory: all properties of a set point to one text as their set's name.
         if (set.data() != lastSet_.data() || set.size() != lastSet_.size()) {
             lastNumber_ = sets_.emplace(set, sets_.size()).first->second;
             lastSet_ = set;
@@ -127,6 +128,7 @@ void findHidden(SetsOfElement& sets) {
     std::sort(setNames.begin(), setNames.end());
     PropertyNames own;
     for (const DecodedSet* set : sets.own) {
+        // Only sets of one name can hide each other's properties; the others are not looked into.
         if (!std::binary_search(setNames.begin(), setNames.end(), set->name())) continue;
         for (std::size_t i = 0; i < set->size(); ++i) own.add(set->property(i));
     }
@@ -183,6 +185,7 @@ std::vector<AssignedSet> assignedSets(Workspace& work, Slot element) {
         const Class& cls = work.classes.of(use.user);
         const bool overriding = cls.role == Role::OverridesProperties;
         if (!overriding && cls.role != Role::DefinesByProperties) return true;
+        // Named by another argument of the relation the element is given nothing.
         if (cls.attributeIndex(Field::Related) != use.attributeIndex) return true;
         DistinctSlots ofRelation;
         for (const Slot set : work.forwardReferences.of(use.user, Field::Relating)) {
@@ -197,6 +200,7 @@ std::vector<AssignedSet> assignedSets(Workspace& work, Slot element) {
 void forEachOwnProperty(Workspace& work, const std::vector<AssignedSet>& assigned, const PropertyVisit& visit) {
     const Overrides overrides = overridesOf(work, assigned);
     for (const AssignedSet& assignment : assigned) {
+        // A set that two relations give counts once, but both have to follow when it is copied.
         if (assignment.repeated) continue;
         const auto held = overrides.find(assignment.set);
         const bool goOn = held == overrides.end()

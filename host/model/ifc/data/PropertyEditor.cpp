@@ -45,6 +45,7 @@ public:
         if (Status named = checkNames(); !named) return named;
         const std::uint64_t before = work_.file.revision();
         Status done = set();
+        // Not where nothing had to be changed: the note would tell of a change.
         if (done && work_.file.revision() != before) noteNamesakes();
         return done;
     }
@@ -180,6 +181,7 @@ Status PropertyEditor::putCopyInPlaceOf(const PropertyPlace& place) {
     if (place.overriding != step::NoSlot) {
         return edit_.relink(place.overriding, Field::Overriding, place.property, *copy, relationPurpose());
     }
+    // The lowest level that is the element's own takes the copy; above it nothing is touched.
     if (edit_.isOwn(place.set)) return edit_.replaceInList(place.set, Field::HasProperties, place.property, *copy);
     if (const Slot overriding = relationToOverrideIn(place.set); overriding != step::NoSlot) {
         return addToOverride(overriding, *copy);
@@ -328,6 +330,7 @@ Slot PropertyEditor::relationToOverrideIn(Slot set) {
     const DecodedSet& decoded = work_.propertySets.of(set);
     std::size_t namesakes = 0;
     for (std::size_t i = 0; i < decoded.size(); ++i) namesakes += decoded.property(i).name == wantedName_ ? 1U : 0U;
+    // The caller copies the whole set then.
     return namesakes > 1 ? step::NoSlot : found->relation;
 }
 

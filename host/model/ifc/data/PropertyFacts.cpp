@@ -60,6 +60,7 @@ std::vector<PropertyFacts::Holder> PropertyFacts::ownHolders(Slot element) {
         }
         return true;
     });
+    // In front: what a relation overrides is found before what it hides.
     overriding.insert(overriding.end(), sets.begin(), sets.end());
     return overriding;
 }
@@ -144,6 +145,7 @@ PropertyFacts::Found PropertyFacts::readPredefined(Slot set, const NameTest& pro
     const auto attributes = work_.classes.of(set).entity->attributes();
     step::Instance instance;
     if (!work_.file.read(set, instance)) return {};
+    // GlobalId, OwnerHistory, Name and Description are no properties.
     constexpr std::size_t OfEveryRoot = 4;
     for (std::size_t i = OfEveryRoot; i < attributes.size() && i < instance.arguments.size(); ++i) {
         const std::u16string name(attributes[i].name.begin(), attributes[i].name.end());
@@ -158,6 +160,7 @@ FactValues PropertyFacts::valueOf(Slot property) {
     step::Instance instance;
     if (!work_.file.read(property, instance)) return otherValue();
     if (entity.isA("IfcPhysicalSimpleQuantity")) {
+        // Behind Name, Description and Unit, whatever the kind of quantity calls it.
         constexpr std::size_t QuantityPlace = 3;
         return instance.arguments.size() > QuantityPlace
                    ? attributeValues(instance.arguments[QuantityPlace], BaseType::Real)

@@ -25,6 +25,7 @@ std::size_t SharedData::classifications(Element element) {
 }
 
 std::size_t SharedData::number(std::map<Sources, std::size_t>& numbers, step::Slot object) {
+    // Always the last, NoSlot included: else a relation could be taken for a type.
     sources_.push_back(work_.typeObject(object));
     return numbers.try_emplace(sources_, numbers.size()).first->second;
 }

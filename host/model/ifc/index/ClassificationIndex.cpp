@@ -21,6 +21,7 @@ ClassificationIndex::ClassificationIndex(const step::StepFile& stepFile, Classes
     : file_(stepFile), classes_(knownClasses) {}
 
 step::Slot ClassificationIndex::find(const ClassificationReference& wanted) {
+    // Nothing here is forgotten: no edit changes an IfcClassification, and new ones come at the end of the slots.
     for (; seen_ < file_.slotCount(); ++seen_) {
         if (classes_.of(seen_).role != Role::Classification || file_.find(file_.id(seen_)) != seen_) continue;
         ClassificationReference data;

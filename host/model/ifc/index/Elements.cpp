@@ -107,6 +107,7 @@ Elements::Elements(const step::StepFile& file, Classes& classes) {
     const Survey survey(file, classes);
     unknownClasses_ = survey.unknownClasses();
     const std::vector<Product>& products = survey.products();
+    // At most half full: the search for a GUID that is not there ends at a free one.
     buckets_.assign(std::bit_ceil(2 * products.size() + 1), Free);
     // Texts and buckets lie scattered over memory that no cache holds: waiting for each would take longer than all the
     // rest. So they are asked for some time before they are needed.

@@ -23,6 +23,7 @@ Fingerprints::Fingerprints(Workspace& work, const FingerprintKey& key) : work_(w
 /// The arguments that say something of the instance itself.
 std::uint64_t Fingerprints::followed(const Class& cls) const {
     std::uint64_t arguments = AllArguments;
+    // A copied set has another GlobalId, and programs write another owner history with each save.
     if (cls.rooted) arguments &= ~(argumentBit(0) | argumentBit(cls.attributeIndex(Field::OwnerHistory)));
     // What the context says holds for all of the model, not for one element's shape.
     if (cls.entity != nullptr && cls.entity->isA("IfcRepresentation"))

@@ -41,6 +41,7 @@ std::vector<step::Slot> ForwardReferences::read(step::Slot slot, Field field) co
 }
 
 void ForwardReferences::forget(step::Slot slot) {
+    // The fields that edits can change. Placement and shape are asked for, too, but never edited.
     for (const Field field : {Field::Relating, Field::Overriding, Field::HasPropertySets, Field::HasProperties}) {
         known_.erase(keyOf(slot, field));
     }

@@ -23,6 +23,7 @@ Guid namedGuid(const std::string& name) {
     return guid;
 }
 
+/// Half of the GUID's length does: where two share a fingerprint by chance, a free GUID is passed over.
 std::uint64_t fingerprint(const Guid& guid) {
     std::uint64_t high = 0, low = 0;
     std::memcpy(&high, guid.data(), 8);
@@ -39,6 +40,7 @@ std::string GlobalIdAllocator::globalId(const Guid& element, std::string_view pu
     if (!built_) build();
     const std::string name = text::guidText(element) + ' ' + std::string(purpose);
     Guid guid = namedGuid(name);
+    // Counted and not random, so that the same updates give the same bytes.
     for (unsigned number = 2; isTaken(guid); ++number) guid = namedGuid(name + ' ' + std::to_string(number));
     return '\'' + text::toGlobalId(guid) + '\'';
 }

@@ -144,6 +144,7 @@ InverseReferences::FileUse* InverseReferences::findInFile(const Mention& mention
 
 void InverseReferences::add(const Mention& mention, step::Slot user) {
     if (FileUse* use = findInFile(mention, user)) {
+        // Marked as gone it kept its place: after an undo the uses stand in file order again.
         use->live = true;
     } else {
         added_.insert({mention.target, {user, mention.attributeIndex}});

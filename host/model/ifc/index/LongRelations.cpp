@@ -17,6 +17,7 @@ bool isPlainList(step::Value list) {
 LongRelations::LongRelations(const step::StepFile& stepFile, Classes& knownClasses)
     : file_(stepFile), classes_(knownClasses) {}
 
+/// Short ones are not kept: reading them is faster than to look them up.
 LongRelation* LongRelations::of(step::Slot slot) {
     if (classes_.of(slot).attributeIndex(Field::Related) < 0) return nullptr;
     if (LongRelation* relation = find(slot)) return relation;
@@ -42,6 +43,7 @@ LongRelation LongRelations::read(step::Slot slot) {
         });
     }
     const auto index = static_cast<std::size_t>(cls.attributeIndex(Field::Related));
+    // Each copy made of the frame names one element. With the list in it a copy would be as long as the original.
     if (index < instance.arguments.size()) instance.arguments[index].text = "()";
     relation.frame.emplace(*cls.entity, instance);
     return relation;

@@ -103,6 +103,7 @@ bool PropertySets::readRow(step::Slot property, DecodedSet& set, DecodedSet::Row
     row.integer = value.integer;
     row.real = value.real;
     row.boolean = value.boolean;
+    // A type's name that is not the schema's points into the file's text, which an edit may replace.
     row.type = value.typeKnown ? value.type : *unknownTypes_.emplace(value.type).first;
     row.string = value.primitive == Primitive::String ? putText(value.string, set, row.string) : DecodedSet::Part{};
     return true;

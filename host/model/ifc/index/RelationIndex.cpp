@@ -7,6 +7,7 @@ namespace model::ifc {
 RelationIndex::RelationIndex(Workspace& work, std::string_view relationClass, std::string_view related,
                              std::string_view relating) {
     const Entity* wanted = work.schema.entity(relationClass);
+    // IfcRelAdheresToElement is in IFC4X3 only.
     if (wanted == nullptr) return;
     std::vector<step::Slot> objects;
     const auto count = static_cast<step::Slot>(work.file.slotCount());
@@ -14,6 +15,7 @@ RelationIndex::RelationIndex(Workspace& work, std::string_view relationClass, st
         const Entity* entity = work.classes.of(slot).entity;
         if (entity == nullptr || !entity->isA(*wanted) || !work.file.present(slot)) continue;
         const auto manySide = static_cast<unsigned>(entity->attributeIndex(related));
+        // In one pass over a text that may name thousands. Which side comes first differs between the classes.
         const std::uint64_t both =
             argumentBit(entity->attributeIndex(related)) | argumentBit(entity->attributeIndex(relating));
         step::Slot one = step::NoSlot;
@@ -29,6 +31,7 @@ RelationIndex::RelationIndex(Workspace& work, std::string_view relationClass, st
             return true;
         });
         if (one == step::NoSlot) continue;
+        // The first relation in the file counts.
         for (const step::Slot object : objects) relatingOf_.try_emplace(object, one);
     }
 }

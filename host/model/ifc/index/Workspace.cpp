@@ -57,6 +57,8 @@ bool Workspace::isUsedOnlyBy(step::Slot instance, step::Slot user) {
     return only;
 }
 
+/// An edit whose effect on the indexes is known. The listener would read the list before and after each, and that a
+/// list grows by thousands of edits is common.
 template <class Edit, class Follow>
 Status Workspace::editList(Edit edit, Follow follow) {
     {
@@ -120,6 +122,7 @@ void Workspace::beforeChange(step::Slot slot) noexcept try {
 
 void Workspace::afterChange(step::Slot slot) noexcept try {
     if (!observing_) return;
+    // First, since what follows asks it who uses the instance.
     inverseReferences.afterChange(slot);
     globalIds.afterChange(slot);
     propertySets.afterChange(slot, inverseReferences);

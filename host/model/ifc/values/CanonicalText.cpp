@@ -102,6 +102,7 @@ void Writer::string() {
     at_ = std::min(at_ + 1, text_.size());
     if (!wanted()) return;
     const std::string_view quoted = text_.substr(begin, at_ - begin);
+    // Nearly all strings are: they need neither decoding nor a copy.
     if (quoted.size() >= 2 && isPlain(quoted) && quoted.substr(1, quoted.size() - 2).find('\'') == quoted.npos)
         return append('\'', quoted.substr(1, quoted.size() - 2));
     step::decodeString(quoted, decoded_);
@@ -114,6 +115,7 @@ void Writer::binary() {
     at_ = end + 1;
 }
 
+/// "9", "9." and "9.0" are one value, which each program writes in its way.
 void Writer::number() {
     const std::string_view digits = take(isNumberCharacter);
     if (!wanted()) return;
@@ -131,6 +133,7 @@ void Writer::number() {
     out_.append(bytes, sizeof bytes);
 }
 
+/// Keywords in any case are the same, as everywhere here.
 void Writer::word() {
     const std::string_view letters = take(step::isKeywordCharacter);
     if (wanted()) append('k', text::toUpperCase(letters));

@@ -37,6 +37,7 @@ InstanceBuilder& InstanceBuilder::addReference(std::string_view attribute, step:
     std::string* text = argument(attribute);
     std::vector<step::Value> members;
     if (text == nullptr || !step::splitAggregate({step::ValueKind::Aggregate, *text}, members)) return *this;
+    // Before the closing parenthesis, which ends a well-formed aggregate's text.
     text->insert(text->size() - 1, (members.empty() ? "" : ",") + referenceText(member));
     return *this;
 }

@@ -53,6 +53,7 @@ std::size_t skipArgument(std::string_view text, std::size_t at) {
         if (c == '"') at = behind(text, at, "\"");
         if (c == '(') ++depth;
         if (c == ',' && depth == 0) return at;
+        // The end of the instance: old exporters leave out the last attributes.
         if (c == ')' && depth-- == 0) return text.size();
     }
     return at;

@@ -56,6 +56,7 @@ Fingerprint keyedSum(std::string_view text, const FingerprintKey& key) {
     for (unsigned i = 0; at < text.size(); ++at, ++i)
         last |= std::uint64_t{static_cast<unsigned char>(text[at])} << i * 8;
     state.take(last);
+    // These two constants are what SipHash's authors give for sums of 128 bits, beside the one in the first state.
     state.v2 ^= 0xEEU;
     Fingerprint sum;
     sum.low = state.finish();

@@ -174,6 +174,7 @@ Result<std::string> encodeContent(const PropertyValue& value, BaseType base, con
 NominalValue readNominalValue(Value nominal, const Schema& schema) {
     NominalValue value;
     value.string.kind = ValueKind::Unset;
+    // Nothing there reads as an empty text without a type.
     if (nominal.kind == ValueKind::Unset || nominal.kind == ValueKind::Derived) return value;
     const auto [keyword, inner] = nominalParts(nominal);
     if (keyword.empty()) {

@@ -126,6 +126,7 @@ Result<Bytes> unpack(zip_t* archive, const zip_stat_t& model, const Progress& pr
     for (zip_int64_t count = 1; count > 0 && done < bytes.size; done += static_cast<std::size_t>(count)) {
         count = zip_fread(entry.get(), bytes.memory.data() + done, std::min<zip_uint64_t>(Stretch, bytes.size - done));
         if (count < 0) return unreadable(text::message("the archive is damaged; fetch it again"));
+        // The other half is indexing.
         if (!throttle.report(done / 2, bytes.size)) return unreadable(text::message("opening was cancelled"));
     }
     // An entry that holds more than it claims is damaged too: no more than that was given room. Reading on past the
@@ -192,6 +193,7 @@ Result<std::string> contents(zip_source_t* source) {
 
 }  // namespace
 
+/// The second beginning is that of an archive without entries.
 bool isArchive(std::string_view bytes) {
     return bytes.starts_with("PK\x03\x04") || bytes.starts_with("PK\x05\x06");
 }

@@ -94,6 +94,7 @@ Result<Backup> Backup::make(const fs::path& name, const std::string& suffix) {
             underFirstFreeName(target, suffix, backup.path_, [&](const fs::path& path) { return link(target, path); });
         if (!linked) return backup;
     }
+    // Also where linking failed: FAT and some network file systems have no second names.
     std::error_code error = underFirstFreeName(target, suffix, backup.path_, reserve);
     if (error) {
         return cannotKeep(
@@ -108,6 +109,7 @@ Result<Backup> Backup::make(const fs::path& name, const std::string& suffix) {
 void Backup::removeUnlessReplaced() const {
     FileState now;
     if (path_.empty() || Disk::real().state(target_, now)) return;
+    // Still the old file: what was to be kept has its own name, so the second one is of no use.
     if (now.exists && now.device == old_.device && now.inode == old_.inode) ::unlink(path_.c_str());
 }
 

@@ -57,9 +57,11 @@ public:
     /// Without a name where the file system can do that: then not even a crash leaves a file behind. Network file
     /// systems and FAT cannot.
     std::error_code create(const fs::path& target, const FileState& old) {
+        // Nobody else may read the new bytes before takeOver() has given them the old file's owner and rights.
         const mode_t mode = old.exists ? 0600 : 0666;
         handle_ = FileHandle(::open(target.parent_path().c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, mode));
         if (!handle_) {
+            // The answers of file systems and kernels that know no files without a name.
             if (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL && errno != ENOENT) return lastError();
             std::string path = temporaryName(target);
             handle_ = FileHandle(::open(path.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, mode));
@@ -101,6 +103,7 @@ public:
     std::error_code sync() override { return outcome(::fsync(handle_.number())); }
 
     std::error_code replace(const fs::path& target) override {
+        // A link replaces no file, so a file without a name gets one before the rename.
         if (name_.empty()) {
             std::string path = temporaryName(target);
             const std::string mine = "/proc/self/fd/" + std::to_string(handle_.number());
@@ -148,6 +151,7 @@ public:
     std::error_code state(const fs::path& path, FileState& state) override {
         struct stat found {};
         state = {};
+        // That there is no such file is an answer, not an error: a model is saved under a new name.
         if (::stat(path.c_str(), &found) != 0) return errno == ENOENT ? std::error_code() : lastError();
         state = toFileState(found);
         state.writable = ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;

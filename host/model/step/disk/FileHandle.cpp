@@ -6,6 +6,7 @@ namespace model::step {
 
 namespace {
 
+/// Seconds would not tell two versions apart that were saved within one.
 std::int64_t nanoseconds(const struct timespec& time) {
     return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
 }

@@ -12,6 +12,8 @@
 
 namespace model::step {
 
+/// flock and not fcntl: a lock of fcntl is the whole process's, and gone as soon as any descriptor of the file is
+/// closed. Here the file is opened and closed again to compare its bytes before a save.
 LockResult tryLock(const FileHandle& file) {
     if (::flock(file.number(), LOCK_EX | LOCK_NB) == 0) return LockResult::Taken;
     return errno == EWOULDBLOCK ? LockResult::HeldByOther : LockResult::Unsupported;

@@ -34,6 +34,7 @@ public:
         bool cancelled = false;
         if (wanted_ >= WorthHelping) helpers.start(spareCores(), [this] { readStretches(); });
         while (readStretch()) {
+            // The other half is indexing.
             cancelled = cancelled || !progress_.report(done_ / 2, wanted_);
             if (cancelled) stopped_ = true;
         }

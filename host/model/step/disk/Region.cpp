@@ -19,6 +19,7 @@ void preferLargePages(void* base, std::size_t size) {
 
 Region::Region(std::size_t size) {
     if (size == 0) return;
+    // Fresh pages are zeros and take no memory until they are touched: the table of ids needs no pass to be set up.
     void* memory = ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
     if (memory == MAP_FAILED) throw std::bad_alloc();
     preferLargePages(memory, size);
@@ -35,6 +36,7 @@ void Region::resize(std::size_t size) {
         *this = Region(size);
         return;
     }
+    // Moves pages and not bytes, so that what grows is never in memory twice.
     void* memory = ::mremap(base_, length_, size, MREMAP_MAYMOVE);
     if (memory == MAP_FAILED) throw std::bad_alloc();
     preferLargePages(memory, size);

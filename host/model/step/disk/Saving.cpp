@@ -112,6 +112,7 @@ Error cannotWrite(const fs::path& path, const std::string& what) {
 
 Error cannotWrite(const fs::path& path, const std::error_code& error) {
     std::error_code ignored;
+    // The file itself need not exist, so the error can only mean its folder.
     const bool folderMissing = error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
     if (folderMissing && !fs::is_directory(folderOf(path), ignored)) {
         return cannotWrite(
@@ -135,6 +136,7 @@ Status checkTarget(const fs::path& target, const FileState& state) {
     if (!state.exists) return {};
     if (!state.regular)
         return cannotWrite(target, text::message("it is a folder or a device, not a file; choose another name"));
+    // The rename would replace it all the same, since it asks for rights in the folder only.
     if (!state.writable)
         return cannotWrite(target, text::message("the file is write-protected; save under another name"));
     return {};
@@ -194,10 +196,12 @@ Status replaceFile(Replacement& replacement, std::span<const std::string_view> p
     }
     // Before the name: else a power failure could leave the name with a file whose bytes never reached the disk.
     if (const std::error_code error = file->sync()) return failed(replacement, error);
+    // Asked again right before the rename: writing took its time, and somebody may have saved meanwhile.
     FileState now;
     if (const std::error_code error = disk.state(target, now)) return failed(replacement, error);
     if (!replacement.force && now.exists && !now.sameVersion(replacement.old)) return changedSince(target);
     if (const std::error_code error = file->replace(target)) return failed(replacement, error);
+    // Whatever fails from here on, the new version has the name and the caller has to know it as its own.
     replacement.done = true;
     if (const std::error_code error = disk.syncFolder(folder)) {
         return cannotWrite(target,

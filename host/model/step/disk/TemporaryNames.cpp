@@ -41,9 +41,11 @@ bool isTemporary(std::string_view name, std::string_view beginning) {
 }
 
 void removeUnlessLocked(const fs::path& path) {
+    // What has such a name need not be ours: a link is not followed, a pipe not waited for.
     const FileHandle file(::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
     struct stat found {};
     if (!file || ::fstat(file.number(), &found) != 0 || !S_ISREG(found.st_mode)) return;
+    // A program that still writes its file holds a lock on it.
     if (tryLock(file) == LockResult::Taken) ::unlink(path.c_str());
 }
 

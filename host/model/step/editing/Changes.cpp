@@ -14,6 +14,7 @@ namespace model::step {
 
 namespace {
 
+/// The last step of SplitMix64. Weights are added up, so those of numbers that are alike must not be alike.
 std::uint64_t mixed(std::uint64_t number) {
     number = (number ^ number >> 30U) * 0xBF58476D1CE4E5B9U;
     number = (number ^ number >> 27U) * 0x94D049BB133111EBU;
@@ -218,6 +219,7 @@ constexpr auto LargestId = static_cast<InstanceId>(std::numeric_limits<std::int6
 
 bool Changes::reserveId() {
     if (firstNewId_ == 0) {
+        // Ids that only references or comments name count, too: a new instance must not become what those mean.
         const InstanceId highest = highestId(index_, *this);
         if (highest >= LargestId) return false;
         sectionEnds_.clear();
@@ -295,6 +297,7 @@ std::uint64_t Changes::weight(const ChangedInstance& instance) const {
     return mixed(std::hash<std::string>()(instance.now.text) + mixed(where));
 }
 
+/// A sum, so that the order of the edits does not matter, and each more costs its own weight and not all of them.
 std::uint64_t Changes::fingerprint() {
     takeOutAll();
     for (const std::size_t place : notWeighed_) {
@@ -331,10 +334,12 @@ void Changes::rememberNewId(const ChangedInstance& instance) noexcept {
 // --- Commands ---
 
 bool Changes::commit(std::string name) {
+    // What may lack memory comes first: as long as the command is open it can be rolled back.
     constexpr std::size_t Few = 8;
     if (commands_.capacity() <= done_) commands_.reserve(2 * done_ + Few);
     takeOutAll();
     running_ = false;
+    // What was changed and changed back is no step to undo.
     std::erase_if(current_.entries, [this](const Entry& entry) { return entry.other == changed_[entry.instance].now; });
     if (current_.entries.empty()) {
         nextId_ = current_.otherNextId;
@@ -364,6 +369,7 @@ void Changes::rollback() noexcept {
 }
 
 void Changes::exchangeAll(Command& command) noexcept {
+    // The last first, then turned around: the way back goes through the same states as the way there.
     for (std::size_t i = command.entries.size(); i-- > 0;)
         exchange(changed_[command.entries[i].instance], command.entries[i].other);
     std::reverse(command.entries.begin(), command.entries.end());

@@ -17,6 +17,7 @@ Error refused(std::string message) {
 }
 
 bool isPart(std::string_view part, std::string_view whole) {
+    // The view may point into another text, and then only std::less and its like may compare the pointers.
     const std::less_equal<const char*> notBehind;
     return notBehind(whole.data(), part.data()) && notBehind(part.data() + part.size(), whole.data() + whole.size());
 }
@@ -74,6 +75,8 @@ Result<std::string> withElement(std::string_view text, Value aggregate, std::str
     return replaced(text, between(end, end), std::string(separatorIn(elements)).append(element));
 }
 
+/// An element that goes takes the comma before it along, the first ones the comma behind; all that stands between the
+/// others stays. One pass for all of them, since thousands may go at once.
 std::string withoutMarked(std::string_view text, const std::vector<Value>& elements, const std::vector<bool>& marked) {
     const std::size_t first = static_cast<std::size_t>(std::find(marked.begin(), marked.end(), false) - marked.begin());
     const char* firstKept = first < elements.size() ? elements[first].text.data() : endOf(elements.back().text);

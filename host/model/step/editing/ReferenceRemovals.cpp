@@ -31,6 +31,7 @@ std::optional<ReferenceRemovals> ReferenceRemovals::of(std::string_view instance
     for (const Value& element : elements) {
         if (const InstanceId id = referenceId(element); id != 0) removals.members_.push_back(id);
     }
+    // Files name an element twice in one list; both go at once.
     std::sort(removals.members_.begin(), removals.members_.end());
     removals.members_.erase(std::unique(removals.members_.begin(), removals.members_.end()), removals.members_.end());
     removals.marked_.assign(removals.members_.size(), false);

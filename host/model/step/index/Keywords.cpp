@@ -14,6 +14,7 @@ Keywords::Keywords() : table_(512) {
 KeywordCode Keywords::add(std::string_view spelling) {
     const std::string upper = toUpperCase(spelling);
     const KeywordCode code = codeOf(upper);
+    // Each spelling has its own entry, so that no keyword of a file in lower case is converted twice.
     if (spelling != upper && code != NoKeyword) insert(std::string(spelling), code);
     return code;
 }

@@ -8,6 +8,7 @@ namespace model::step {
 
 namespace {
 
+/// With the equals sign: a reference that begins a line of a long list has none.
 bool beginsInstance(std::string_view text) {
     const std::size_t digits = text.find_first_not_of("0123456789", 1);
     if (digits == 1 || digits == std::string_view::npos) return false;
@@ -30,6 +31,7 @@ const char* nextStatement(const char* malformed, const char* end) {
         const std::string_view text(at, static_cast<std::size_t>(end - at));
         if (first && c == '#' && beginsInstance(text)) return at;
         if (first && upperCase(c) == 'E' && beginsEnd(text)) return at;
+        // A parenthesis too, since the semicolon behind it may be what is missing.
         if (isLineEnd(c) || c == ';' || c == ')') {
             first = true;
         } else if (!isBlank(c)) {

@@ -62,6 +62,7 @@ bool SectionReader::readPart() {
     }
     const char* at = cursor_.at;
     const std::string_view name = word();
+    // By the third edition of ISO 10303-21 signatures stand behind the end mark.
     if (ended_ && !equalIgnoringCase(name, "SIGNATURE")) {
         cursor_.at = at;
         readRestOfFile();
@@ -275,6 +276,7 @@ bool SectionReader::reportProgress() {
 void SectionReader::readData() {
     section_ = {offset(cursor_.at), offset(cursor_.at), offset(cursor_.at)};
     const char* begin = cursor_.at;
+    // Since its second edition ISO 10303-21 gives sections names: DATA('x',('IFC4'));
     const auto scan = [](Cursor& cursor) {
         return skipBlanks(cursor) && (!cursor.sees('(') || scanList(cursor, nullptr)) && skipSemicolon(cursor);
     };

@@ -44,6 +44,7 @@ SweepAhead::~SweepAhead() {
 const SweptStretch* SweepAhead::next(const char* at) {
     while (first_ < count_) {
         const SweptStretch& stretch = wait(first_);
+        // One that begins before `at` began inside something that the reader has passed as a whole.
         if (stretch.begin != nullptr && stretch.begin >= at) return &stretch;
         {
             const std::lock_guard held(mutex_);
@@ -72,6 +73,7 @@ void SweepAhead::work() {
 
 /// @return false where all that there is room for is taken.
 bool SweepAhead::takeOne(std::unique_lock<std::mutex>& held) {
+    // No further ahead than there are places, or a long file would be in memory a second time as what was found in it.
     if (nextFree_ >= count_ || nextFree_ - first_ >= places_.size()) return false;
     const std::size_t number = nextFree_++;
     Place& mine = place(number);
@@ -95,6 +97,7 @@ void SweepAhead::sweepOne(std::size_t number, SweptStretch& stretch) const try {
     const char* likely = likelyBeginning(begin, end);
     stretch.end = sweep(likely, end, stretch);
     if (stretch.end != likely) stretch.begin = likely;
+    // Only the head start is lost: the reader comes to this stretch and sweeps it by itself.
 } catch (const std::bad_alloc&) {
     stretch.begin = nullptr;
 }

@@ -47,6 +47,7 @@ char16_t latinCharacter(int part, unsigned char byte) {
 }
 
 char16_t windowsCharacter(unsigned char byte) {
+    // The five bytes that Windows-1252 leaves free stay what they are, so that each byte shows as something.
     if (byte >= 0x80 && byte < 0xA0) return WindowsUpperControls[byte - 0x80U];
     return byte;
 }

@@ -14,6 +14,7 @@ bool splitInstance(std::string_view text, Instance& out) {
     return true;
 }
 
+/// The outermost elements only: an aggregate inside is one of them.
 bool splitAggregate(Value aggregate, std::vector<Value>& out) {
     out.clear();
     if (aggregate.kind != ValueKind::Aggregate) return false;

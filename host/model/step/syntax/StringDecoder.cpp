@@ -91,6 +91,7 @@ private:
         while (!ahead().starts_with("\\X0\\")) {
             const std::int64_t number = hexNumber(digits);
             if (number < 0 || number > 0x10FFFF) return fail();
+            // Four digits are a unit of UTF-16, half a pair perhaps; eight are a character.
             if (digits == 8 && U_IS_SURROGATE(number)) return fail();
             text::appendCharacter(out_, static_cast<text::Character>(number));
         }
@@ -109,6 +110,7 @@ private:
         if (at_ == text_.size()) return fail();
         const char c = text_[at_];
         if (c < 32 || c > 126) return fail();
+        // \S\'' is one character, the section sign: its apostrophe is doubled like any other.
         if (c == '\'' && !ahead().starts_with("''")) return fail();
         at_ += c == '\'' ? 2 : 1;
         const char16_t character = latinCharacter(page_, static_cast<unsigned char>(c + 128));

@@ -86,6 +86,8 @@ bool skipToEndOfValue(Cursor& cursor) {
     return cursor.fail(text::phrase("a parenthesis is not closed"));
 }
 
+/// More than ISO 10303-21 allows, which wants a digit before the point and a point before the exponent: "1E-05" is
+/// common.
 ValueKind scanNumber(Cursor& cursor) {
     const auto digits = [&cursor] {
         const char* from = cursor.at;
@@ -157,6 +159,7 @@ ValueKind scanToken(Cursor& cursor) {
         case '(':
             return skipGroup(cursor) ? ValueKind::Aggregate : ValueKind::Malformed;
         case '.':
+            // An item of an enumeration never begins with a digit, so ".5" can only be meant as a number.
             if (cursor.at + 1 != cursor.end && isDigit(cursor.at[1])) return scanNumber(cursor);
             return scanEnumeration(cursor);
         default:
@@ -210,6 +213,7 @@ bool skipString(Cursor& cursor) {
     return true;
 }
 
+/// Counts and does not call itself: a file may nest parentheses as deep as it likes.
 bool skipGroup(Cursor& cursor) {
     std::size_t depth = 0;
     while (!cursor.atEnd()) {
@@ -228,6 +232,7 @@ bool skipGroup(Cursor& cursor) {
             case '/':
                 if (!skipSlash(cursor)) return false;
                 break;
+            // Neither stands inside a value: without this, the next instance would become a part of this one.
             case ';':
             case '=':
                 return cursor.fail(text::phrase("a parenthesis is not closed"));
@@ -250,6 +255,7 @@ bool scanValue(Cursor& cursor, Value& value) {
     if (value.kind == ValueKind::String)
         return cursor.fail(text::phrase("a string is not closed, or holds an apostrophe that is not doubled"));
     if (!skipToEndOfValue(cursor)) return false;
+    // Costs this value only. The others of the instance can be read and changed, and references found.
     value = {ValueKind::Malformed, trimmed(begin, cursor.at)};
     return true;
 }
@@ -273,6 +279,7 @@ bool scanList(Cursor& cursor, std::vector<Value>* elements) {
 
 std::string_view scanKeyword(Cursor& cursor) {
     const char* begin = cursor.at;
+    // So begins a user-defined keyword of ISO 10303-21.
     if (cursor.sees('!')) ++cursor.at;
     const char* name = cursor.at;
     if (!cursor.atEnd() && !isDigit(*cursor.at))
