@@ -14,6 +14,7 @@ HandBar::HandBar(QWidget* parent)
       review_(new QPushButton(tr("Review…"))),
       discard_(new QPushButton(tr("Discard"))) {
     setObjectName(QStringLiteral("handBar"));
+    // The inspector that it stands in may be narrower than the line.
     count_->setWordWrap(true);
     review_->setAccessibleName(tr("Review the changes proposed by hand"));
     review_->setToolTip(tr("Review these changes like any other updates, and apply those that you tick"));

@@ -41,6 +41,7 @@ HandChanges::Refused HandChanges::propose(const std::vector<Subject>& subjects, 
 
 /// @return why no update can ask for that.
 QString HandChanges::proposeOne(const Subject& subject, const std::string& item, const QString& value) {
+    // Back to what the model holds: nothing is proposed any more.
     if (value == subject.old) {
         changes_.erase(keyOf(subject.element, item));
         return {};
@@ -66,6 +67,7 @@ std::optional<QString> HandChanges::proposed(model::Element element, const std::
 }
 
 std::vector<tables::AskedUpdate> HandChanges::inOrder() const {
+    // They are kept by element and item; the list is to have them as they were made.
     std::vector<const Change*> changes;
     for (const auto& [key, change] : changes_) changes.push_back(&change);
     std::sort(changes.begin(), changes.end(), [](const Change* a, const Change* b) { return a->turn < b->turn; });

@@ -108,6 +108,7 @@ void AddOnDialog::type(Int16 number, const QString& text) {
     auto* edit = qobject_cast<QLineEdit*>(itemWidget(number));
     if (!edit) return;
     edit->setText(text);
+    // setText() alone tells nobody: textEdited comes of keys.
     deliver([&] { dialog_.typeText(number, toUniString(text)); });
 }
 
@@ -269,6 +270,7 @@ void AddOnDialog::takeTexts() {
     for (const frontend::Item& item : dialog_.items()) {
         const QString text = toQString(item.text);
         QWidget* widget = widgets_[item.number];
+        // Only where it is another one: setting a text moves the cursor of who types.
         if (auto* edit = qobject_cast<QLineEdit*>(widget); edit && edit->text() != text) edit->setText(text);
         if (auto* label = qobject_cast<QLabel*>(widget)) label->setText(text);
         showButton(item.number);

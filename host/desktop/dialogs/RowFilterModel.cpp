@@ -27,6 +27,7 @@ bool isChosen(RowChoice choice, RowState state) {
 }  // namespace
 
 RowFilterModel::RowFilterModel(RowListModel* rows) : QSortFilterProxyModel(rows), rows_(rows) {
+    // With it on, a row would go from under the pointer as soon as its tick or remark changes.
     setDynamicSortFilter(false);
     collator_.setNumericMode(true);
     collator_.setCaseSensitivity(Qt::CaseInsensitive);
@@ -60,6 +61,7 @@ bool RowFilterModel::filterAcceptsRow(int row, const QModelIndex&) const {
 
 bool RowFilterModel::lessThan(const QModelIndex& left, const QModelIndex& right) const {
     const auto a = static_cast<std::size_t>(left.row()), b = static_cast<std::size_t>(right.row());
+    // Rows that came after the sorting have no key yet.
     if (a >= keys_.size() || b >= keys_.size()) return a < b;
     const int order = keys_[a].compare(keys_[b]);
     return order == 0 ? a < b : order < 0;

@@ -8,9 +8,11 @@ namespace desktop {
 
 namespace {
 
+/// What WCAG 2 asks for of texts, level AA.
 constexpr double ReadableContrast = 4.5;
 constexpr int SignSide = 16;
 
+/// This, luminance and contrast are as WCAG 2 defines them for colours of sRGB.
 double linear(double part) {
     return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
 }
@@ -72,6 +74,7 @@ QColor readableOn(const QColor& base, QColor color) {
     constexpr int Steps = 100;
     for (int step = 0; step < Steps && contrast(base, color) < ReadableContrast; ++step) {
         const double lightness = std::clamp(color.lightnessF() + (dark ? 0.01 : -0.01), 0.0, 1.0);
+        // A grey has no hue, and says -1.
         color.setHslF(std::max(color.hslHueF(), 0.0F), color.hslSaturationF(), static_cast<float>(lightness));
     }
     return color;

@@ -57,6 +57,7 @@ private:
             lastSeen_.push_back(number_);
             return;
         }
+        // By a number for each item: a set of the items seen would be emptied for each of many elements.
         if (std::exchange(lastSeen_[*known], number_) == number_) return;
         CommonValue& common = values_[*known];
         ++common.elements;

@@ -117,6 +117,7 @@ void ElementColumns::restore() {
         }
     }
     takeSource();
+    // Only now: that columns were moved so far was no wish of the user's.
     restored_ = true;
 }
 

@@ -45,6 +45,7 @@ bool naturalLess(std::string_view a, std::string_view b) {
         if (digitsA && digitsB) {
             const std::string_view numberA = withoutZeros(a.substr(0, digitsA));
             const std::string_view numberB = withoutZeros(b.substr(0, digitsB));
+            // As digits: a number in a name may be too long for any integer.
             if (numberA.size() != numberB.size()) return numberA.size() < numberB.size();
             if (numberA != numberB) return numberA < numberB;
             a.remove_prefix(digitsA);
@@ -250,6 +251,7 @@ ElementIndex::Word ElementIndex::prepare(const QString& text) const {
     Word word;
     word.folded = folded.toStdString();
     if (looksLikeGuidPart(folded)) word.guidPart = text.toUpper().toStdString();
+    // As typed and not folded: GlobalIds tell upper and lower case apart.
     if (text.size() == 22) word.guid = guidFromText(text);
     for (const StoreyInfo& storey : storeys_) word.storeys.push_back(storey.name.toCaseFolded().contains(folded));
     for (const Shared& type : types_) word.types.push_back(type.folded.contains(folded));

@@ -210,6 +210,7 @@ void ElementPanel::takeSelection() {
 QItemSelection ElementPanel::rowsOf(const std::vector<model::Element>& elements) const {
     std::vector<bool> wanted(static_cast<std::size_t>(model_->total()), false);
     for (const model::Element element : elements) wanted[element] = true;
+    // Made of runs and not of rows: a selection passes over its ranges whenever it is asked about a row.
     QItemSelection rows;
     const std::vector<model::Element>& shown = model_->shown();
     const int last = model_->columnCount() - 1;

@@ -25,6 +25,7 @@ void ElementTableModel::setSource(const model::Model* model, const ElementIndex*
 }
 
 void ElementTableModel::setFilter(const QString& text) {
+    // A reset drops the view's selection, and a whole list is filtered anew.
     if (text == filter_) return;
     beginResetModel();
     filter_ = text;

@@ -29,6 +29,7 @@ std::vector<std::uint32_t> ranksOf(const std::vector<QString>& texts) {
     for (std::uint32_t i = 0; i < texts.size(); ++i) {
         bool isNumber = false;
         const double value = texts[i].toDouble(&isNumber);
+        // "nan" reads as a number, but has no place among them.
         if (isNumber && value == value) numbers.emplace_back(value, i);
     }
     std::sort(numbers.begin(), numbers.end());

@@ -18,6 +18,7 @@ QString singleText(const model::PropertyView& value) {
         case model::Primitive::Integer:
             return QString::number(value.integer);
         case model::Primitive::Real:
+            // The shortest text that reads back, with a point in every language: it may be copied into an update.
             return QString::number(value.real, 'g', QLocale::FloatingPointShortest);
         case model::Primitive::Boolean:
             return value.boolean ? QStringLiteral("true") : QStringLiteral("false");

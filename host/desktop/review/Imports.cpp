@@ -33,6 +33,7 @@ void Imports::begin(const QString& path) {
 
 /// @return what the add-on is to open in the file's place; nothing where there is nothing in it for the add-on.
 std::optional<std::string> Imports::take(const QString& path) {
+    // Asked for by commandEnded(): the next part of what has been read already.
     if (std::exchange(nextList_, false) && picked_) return picked_->part().path;
     picked_.reset();
     if (!document_.isOpen()) return toPath(path).string();

@@ -70,6 +70,7 @@ void PickedUpdates::describe(importing::ReviewedUpdates& reviewed, const fronten
         updatefile::hintsFor(source_->findings(), counts, text::message("the table of elements shows"));
     std::vector<std::string> hints;
     hints.reserve(source_->notes().size() + ofLines.size() + reviewed.hints.size());
+    // The first note is howRead(), which is no hint.
     if (!source_->notes().empty()) hints.assign(source_->notes().begin() + 1, source_->notes().end());
     hints.insert(hints.end(), ofLines.begin(), ofLines.end());
     hints.insert(hints.end(), reviewed.hints.begin(), reviewed.hints.end());

@@ -52,6 +52,7 @@ Mark rowMark(const frontend::List& list, Int16 row) {
 
 void ReviewRows::read(const frontend::List& list) {
     const Int16 count = list.rowCount();
+    // Rows that were there keep their elements: add-ons append, or empty the list to fill it anew.
     if (static_cast<std::size_t>(count) < elements_.size()) elements_.clear();
     for (Int16 row = static_cast<Int16>(elements_.size()); row < count; ++row) {
         elements_.push_back(findElement(list, static_cast<Int16>(row + 1)));
@@ -117,6 +118,7 @@ Review::Review(const Parts& parts)
 }
 
 Review::~Review() {
+    // The plan outlives the review: it must not go on drawing marks, or asking for remarks, that are gone.
     if (!rows_) return;
     plan_.setMarks(nullptr, false);
     plan_.view()->setRemarks({});

@@ -73,6 +73,7 @@ ReviewNotes::ReviewNotes(model::Model& model, const host::Host& host, const impo
 }
 
 void ReviewNotes::read(const frontend::List& list, const std::vector<Mark>& marks) {
+    // A tick changes nothing in the model: only for rows that were applied is it read again.
     const bool applied = host_.report().size() > reportSeen_ ||
                          !std::equal(marks.begin(), marks.end(), marks_.begin(), marks_.end(),
                                      [](Mark a, Mark b) { return a == b || (!isSettled(a) && !isSettled(b)); });
@@ -111,6 +112,7 @@ void ReviewNotes::readBack(const frontend::List& list) {
 
 void ReviewNotes::collectReasons(const std::vector<Mark>& marks) {
     reasons_.resize(marks.size());
+    // Only the lines since the last time: a list may be applied again and again.
     auto known = refusals(host_.report(), reportSeen_);
     for (std::size_t row = 0; row < marks.size() && row < review_.size(); ++row) {
         if (marks[row] != Mark::Error) continue;

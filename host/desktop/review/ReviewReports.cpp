@@ -30,6 +30,7 @@ ReviewReports::ReviewReports(QMainWindow* window, Document& document)
 }
 
 void ReviewReports::setReview(const Review* review) {
+    // Kept as it was at its end, so that the report can still be written while the model is open.
     if (open_ && !review) {
         last_ = open_->reviewed();
         if (document_.isOpen()) revision_ = document_.model()->revision();
@@ -78,6 +79,7 @@ bool ReviewReports::write(const QString& path) {
     if (!report::hasForm(toPath(path))) return refuse(tr("A report's name ends in .html, .xlsx or .json."));
     const auto what = reviewed();
     if (!what) return false;
+    // The wait is over before anything is said of what came of it.
     std::optional<model::Result<std::string>> bytes;
     {
         const WaitCursor wait;
