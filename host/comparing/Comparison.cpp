@@ -24,6 +24,7 @@ bool contains(const std::vector<bool>& chosen, Element element) {
 class Comparer {
 public:
     Comparer(const Model& a, const Model& b)
+        // One key for both models: sums made with different keys are never equal.
         : key_(model::ifc::randomKey()),
           fingerprintsA_(a.workspace(), key_),
           fingerprintsB_(b.workspace(), key_),
@@ -32,6 +33,7 @@ public:
 
     /// Fills in what is different of it.
     model::Status compare(ChangedElement& element) {
+        // Equal sums save reading the values. Different ones need not mean a difference: the values decide.
         if (!(fingerprintsA_.dataOf(element.a) == fingerprintsB_.dataOf(element.b))) {
             if (model::Status compared = data_.addTo(element); !compared) return compared;
         }

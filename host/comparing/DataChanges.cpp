@@ -61,6 +61,7 @@ std::vector<Change> changesBetween(const std::vector<Value>& before, const std::
         addChange(&old, found == unmatched.end() ? nullptr : found->second, changes);
         if (found != unmatched.end()) unmatched.erase(found);
     }
+    // By the list and not by the map, which has another order.
     for (const Value& now : after)
         if (unmatched.contains(now.key())) addChange(nullptr, &now, changes);
     return changes;
@@ -74,12 +75,14 @@ DataChanges::DataChanges(const model::Model& a, const model::Model& b)
 model::Status DataChanges::addTo(ChangedElement& element) {
     auto attributes = read(element, ChangeKind::Attribute);
     if (!attributes) return attributes.error();
+    // Attributes, properties, classifications: what follows finds a kind among the changes by bisection.
     element.changes = std::move(*attributes);
     const Sources properties{ChangeKind::Property, sharedA_.properties(element.a), sharedB_.properties(element.b)};
     if (model::Status added = addShared(properties, element); !added) return added;
     const Sources classifications{ChangeKind::Classification, sharedA_.classifications(element.a),
                                   sharedB_.classifications(element.b)};
     if (model::Status added = addShared(classifications, element); !added) return added;
+    // Elements of one number had the same and have the same now: what is tried out on one of them holds for all.
     element.sources = numbers_.try_emplace({properties, classifications}, numbers_.size()).first->second;
     return {};
 }
@@ -106,6 +109,7 @@ model::Result<std::vector<Change>> DataChanges::read(const ChangedElement& eleme
 }
 
 std::vector<Change> DataChanges::readProperties(const ChangedElement& element) const {
+    // Only these are read as values: of thousands of properties it is often one that changed.
     const Names names = namesThatDiffer(a_, element.a, b_, element.b);
     if (names.empty()) return {};
     return changesBetween(propertiesNamed(a_, element.a, names), propertiesNamed(b_, element.b, names));

@@ -28,6 +28,7 @@ std::string textOf(Value value, int depth) {
     std::u16string decoded;
     switch (value.kind) {
         case ValueKind::Unset:
+        // A unit, for one. Its id says nothing to people, and is another one in another file.
         case ValueKind::Reference:
             return {};
         case ValueKind::String:

@@ -96,6 +96,7 @@ OtherChanges::OtherChanges(Side a, Side b)
 
 bool OtherChanges::sameTarget(Slot inA, Slot inB, Field field) {
     const Slot a = targetOf(a_.work, inA, field), b = targetOf(b_.work, inB, field);
+    // Where all that shapes is the same to the byte, one id is one shape, and nothing has to be summed up.
     if (shapesAlike_ && a_.work.file.id(a) == b_.work.file.id(b)) return true;
     return a_.fingerprints.of(a) == b_.fingerprints.of(b);
 }

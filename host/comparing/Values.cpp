@@ -70,6 +70,7 @@ private:
         read_ = true;
         const auto keep = [this](const model::PropertyView& property, const model::ifc::PropertyPlace& place) {
             if (property.kind != model::PropertyKind::Single)
+                // The first of a name counts, as it does for an update.
                 places_.try_emplace({std::u16string(property.set), std::u16string(property.name)}, place.property);
             return true;
         };
@@ -141,6 +142,7 @@ model::Result<std::vector<Value>> attributesOf(const Model& model, Element eleme
     if (!attributes) return attributes.error();
     std::vector<Value> values;
     for (const model::Attribute& attribute : *attributes)
+        // The elements were paired by it, so it is the same.
         if (attribute.name != "GlobalId") values.push_back(attributeValue(attribute));
     return values;
 }

@@ -27,6 +27,7 @@ model::Result<KeptFile> KeptFile::create() {
     std::string name = (std::filesystem::temp_directory_path() / "modelhost.XXXXXX").string();
     const int descriptor = mkostemp(name.data(), O_CLOEXEC);
     if (descriptor < 0) return cannotKeep();
+    // Without a name it is gone when it is closed, however the program ends.
     unlink(name.c_str());
     OpenFile file(fdopen(descriptor, "w+b"));
     if (!file) return cannotKeep();
@@ -44,6 +45,7 @@ model::Status KeptFile::finish() {
     return {};
 }
 
+/// Leads to the file though it has no name. Opened by it, it is read from its beginning, wherever others are in it.
 std::string KeptFile::path() const {
     return fmt::format("/proc/self/fd/{}", fileno(file_.get()));
 }

@@ -115,6 +115,7 @@ std::optional<Row> ReviewPage::rowOf(std::size_t index) {
         judgeTicked(index, row);
     }
     if (facts.conflict) {
+        // Never better than it is: a refused row stays refused.
         row.tone = std::max(row.tone, Tone::Note);
         row.remark =
             text::message("{}; the updates say that it was \xE2\x80\x9C{}\xE2\x80\x9D", row.remark, *facts.conflict);

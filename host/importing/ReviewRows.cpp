@@ -14,6 +14,7 @@ namespace {
 using namespace updatefile::reviewlist;
 
 const std::string& cell(const ListRow& row, std::size_t column) {
+    // An add-on may fill a list of any shape: a column that is not there is empty.
     static const std::string none;
     return column < row.columns.size() ? row.columns[column].get() : none;
 }

@@ -69,6 +69,7 @@ std::optional<std::int64_t> wholeInteger(std::string_view text) {
 
 std::optional<double> wholeReal(std::string_view text, DecimalSign sign) {
     std::string decimal(text);
+    // Beside a point, or several times, a comma may stand between thousands.
     if (sign == DecimalSign::Comma && decimal.find('.') == std::string::npos &&
         std::count(decimal.begin(), decimal.end(), ',') == 1)
         decimal[decimal.find(',')] = '.';
@@ -100,6 +101,7 @@ bool isDate(std::string_view text) {
     const auto year = wholeInteger(text.substr(0, 4));
     const auto month = wholeInteger(text.substr(5, 2));
     const auto day = wholeInteger(text.substr(8, 2));
+    // The first digits are looked at since wholeInteger() takes signs.
     if (!year || !month || !day || !isDigit(text[0]) || !isDigit(text[5]) || !isDigit(text[8])) return false;
     return std::chrono::year_month_day(std::chrono::year(static_cast<int>(*year)),
                                        std::chrono::month(static_cast<unsigned>(*month)),

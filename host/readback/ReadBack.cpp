@@ -22,6 +22,7 @@ bool agrees(std::string_view old, const Stored& held, DecimalSign sign) {
 }  // namespace
 
 ReadBack::ReadBack(model::Model& model, std::vector<AskedRow> rows) : model_(model) {
+    // To its full length at once: what follows points into it.
     rows_.resize(rows.size());
     for (std::size_t i = 0; i < rows.size(); ++i) {
         rows_[i].asked = std::move(rows[i]);
@@ -73,6 +74,7 @@ void ReadBack::readAll() {
 
 std::vector<ReadBack::Row*> ReadBack::lastOfEachItem() {
     using Key = std::tuple<model::Element, std::string, std::u16string, std::u16string, std::u16string>;
+    // A later row about the same item has written over what the earlier ones did.
     std::map<Key, Row*> last;
     for (Row& row : rows_) {
         if (row.state != RowState::Done || !row.element) continue;
@@ -121,6 +123,7 @@ model::Result<std::size_t> ReadBack::storeExactly() {
     readAll();
     std::size_t count = 0;
     for (Row* row : wanted) {
+        // What was taken counts only if it reads as asked afterwards.
         row->outcome.exact = row->outcome.exact && row->outcome.asAsked == true;
         count += row->outcome.exact ? 1U : 0U;
     }

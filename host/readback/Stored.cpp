@@ -59,6 +59,7 @@ std::string textOf(const Stored& stored) {
     return {};
 }
 
+/// "CODE{Title}" or "CODE", the form that textOf() gives back.
 AskedClassification askedClassification(std::string_view asked) {
     const std::size_t brace = asked.find('{');
     if (brace == std::string_view::npos) return {std::string(asked), {}};

@@ -27,6 +27,7 @@ NameTest testOf(const Word& word) {
     return {{}, [pattern = *word.pattern](std::u16string_view name) { return pattern.matches(name); }};
 }
 
+/// Of a set: whoever names a property alone does not care where it is.
 NameTest anyName() {
     return {{}, [](std::u16string_view) { return true; }};
 }
@@ -121,6 +122,7 @@ model::Result<std::vector<bool>> Chooser::named(const Facet& facet) {
         return meant;
     }
     if (const Entity* ifcClass = work_.schema.entity(facet.name.text)) return ofClass(*ifcClass);
+    // No mistake, just nothing: the same selection may be asked of models of several schemas.
     if (anySchemaHas(facet.name.text)) return std::vector<bool>(chosen_.size());
     model::ifc::NearestName near(facet.name.text);
     for (const Entity& entity : work_.schema.entities()) near.offer(entity.name());

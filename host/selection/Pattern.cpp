@@ -34,8 +34,10 @@ model::Result<Pattern> Pattern::compile(std::string_view expression) {
 }
 
 bool Pattern::matches(std::u16string_view text) const {
+    // One text is enough: the selection will be refused, so that no other needs its second.
     if (content_->gaveUp) return false;
     UErrorCode error = U_ZERO_ERROR;
+    // An alias, no copy. The matcher goes on referring to it, but is asked nothing before the next reset().
     const icu::UnicodeString unicode(false, text.data(), static_cast<std::int32_t>(text.size()));
     content_->matcher->reset(unicode);
     const bool matched = content_->matcher->matches(error);

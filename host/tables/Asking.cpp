@@ -87,6 +87,7 @@ public:
             const auto guid = guidOf(row, 0, guidTitle_);
             if (!guid) continue;
             const std::uint32_t element = collector_.elementNumber(*guid);
+            // Elements get their numbers in turn: a number that was there before is an element that was.
             if (element < elements_) again_.push_back(row.line);
             elements_ = std::max(elements_, element + 1);
             readCells(row, *guid, element);

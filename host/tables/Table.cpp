@@ -7,6 +7,7 @@ namespace tables {
 StoredText TextStore::keep(std::string_view text) {
     StoredText kept{bytes_.size(), static_cast<std::uint32_t>(text.size()), false};
     bytes_ += text;
+    // Either would end a field or a line of the update file that is made of the table.
     for (std::size_t at = kept.start; (at = bytes_.find_first_of("\t\r\n", at)) != std::string::npos; ++at) {
         bytes_[at] = ' ';
         kept.hadBreaks = true;

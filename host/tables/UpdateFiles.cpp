@@ -20,6 +20,7 @@ bool breaksLine(std::string_view text) {
 
 void appendLine(std::string& text, const AskedUpdate& update) {
     text.append(update.guid).append("\t").append(update.item).append("\t");
+    // The old value may be missing from a line; the others are what the line asks for.
     const bool oldFits =
         update.old && !breaksLine(*update.old) && lengthWithoutOld(update) + update.old->size() <= LongestLine;
     if (oldFits) text += *update.old;

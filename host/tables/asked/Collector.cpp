@@ -81,6 +81,7 @@ void Collector::take(Request request) {
         }
         return;
     }
+    // Before errors are looked for: where the model holds "#N/A", a table that says so asks for nothing.
     if (isUnchanged(request)) {
         ++asked_.unchanged;
         return;
@@ -113,6 +114,7 @@ void Collector::takeTwice(Pending& earlier, const AskedUpdate& later) {
                           : text::message("line {} asks for the same", earlier.update.line));
         return;
     }
+    // Neither is taken: which of them was meant nobody can tell.
     earlier.contestedBy = later.line;
     leaveOut(later.line, later.column, contestedText(later.line, earlier.update.line));
 }

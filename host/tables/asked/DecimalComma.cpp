@@ -67,6 +67,7 @@ bool CommaColumn::showsDecimalComma(std::string_view text) const {
     const std::size_t comma = number.find(',');
     if (comma == std::string_view::npos || !isDigits(number.substr(0, comma)) || !isDigits(number.substr(comma + 1)))
         return false;
+    // A text is no witness of its own.
     const std::uint64_t own = commaEvidence(text) == CommaEvidence::Decimal ? 1 : 0;
     return decimal_ > own;
 }

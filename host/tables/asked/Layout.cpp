@@ -72,6 +72,7 @@ std::string_view layoutName(Layout layout) {
 
 Result<TableLayout> findLayout(const Table& table) {
     const Table::Row header = table.row(0);
+    // First: the header of a long list begins with GUID like that of a grid.
     if (const auto named = namedColumns(table, header)) return TableLayout{Layout::Long, {}, *named};
     if (namesGuids(table.text(header.cell(0)))) return gridLayout(table, header);
     const std::uint32_t width = longWidth(table);

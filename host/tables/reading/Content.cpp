@@ -45,6 +45,7 @@ Result<Content> detectInArchive(std::string_view bytes) {
     if (type.starts_with("application/vnd.oasis.opendocument.spreadsheet")) return Content::Ods;
     if (type.starts_with("application/vnd.oasis.opendocument")) return noTable(text::phrase("a text or drawing"));
     if (package->has("content.xml")) return Content::Ods;
+    // The workbook may stand elsewhere in it: its relations tell where.
     if (package->has("[Content_Types].xml")) return Content::Xlsx;
     return noTable(text::phrase("a zip archive"));
 }

@@ -60,6 +60,7 @@ Error notOf(std::string_view encoding, std::string_view textBefore) {
 Result<std::string> convert(std::string_view bytes, UConverter* converter, std::string_view encoding) {
     std::string text;
     constexpr std::size_t Stretch = 8192;
+    // In UTF-8; a pair of units takes four, two for each.
     constexpr std::size_t MostBytesOfAUnit = 3;
     std::array<UChar, Stretch> units{};
     std::array<char, MostBytesOfAUnit * Stretch> utf8{};
@@ -79,6 +80,7 @@ Result<std::string> convert(std::string_view bytes, UConverter* converter, std::
     }
     if (U_FAILURE(error) || U_FAILURE(out)) return notOf(encoding, text);
     constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+    // The mark of an encoding that the user named came through the conversion.
     if (text.starts_with(ByteOrderMark)) text.erase(0, ByteOrderMark.size());
     return text;
 }

@@ -51,6 +51,7 @@ Result<Package> Package::open(std::string_view bytes) {
     const std::string reason = zip_error_strerror(&error);
     zip_error_fini(&error);
     if (archive != nullptr) return Package(archive, std::max(HarmlessSize, HonestRatio * bytes.size()));
+    // An archive that does not open has not taken its source.
     zip_source_free(source);
     return Error{
         text::message("the workbook is damaged: {}; fetch it again, or open and save it with its own program", reason)};
@@ -73,6 +74,7 @@ Status Package::read(const std::string& part, const Sink& sink) {
         const zip_int64_t count = zip_fread(entry.get(), stretch.data(), stretch.size());
         if (count < 0) return damaged(part, text::message("cannot be unpacked"));
         if (count == 0) return {};
+        // Of all parts together: many small ones fill a machine as one large one does.
         unpacked_ += static_cast<std::uint64_t>(count);
         if (unpacked_ > mostUnpacked_) {
             return Error{text::message(

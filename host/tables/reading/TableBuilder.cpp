@@ -20,6 +20,7 @@ void TableBuilder::add(std::uint32_t column, CellKind kind, StoredText text) {
         return;
     }
     auto& rows = table_.rows_;
+    // A row comes with its first cell: of the empty ones a sheet may have a million.
     if (rows.empty() || rows.back().line != line_) rows.push_back({line_, table_.cells_.size(), 0});
     table_.cells_.push_back({column, kind, text});
     ++rows.back().count;
@@ -32,6 +33,7 @@ void TableBuilder::noteWidth(std::uint32_t columns) {
 
 void TableBuilder::repeatRow(std::uint32_t times) {
     if (table_.rows_.empty() || table_.rows_.back().line != line_) return;
+    // A copy, as of each cell below: adding moves what a reference would point to.
     const Table::StoredRow row = table_.rows_.back();
     for (std::uint32_t i = 1; i <= times && !tooLarge_; ++i) {
         beginRow(row.line + i);
@@ -46,6 +48,7 @@ void TableBuilder::sort() {
     auto& rows = table_.rows_;
     const auto byLine = [](const Table::StoredRow& a, const Table::StoredRow& b) { return a.line < b.line; };
     const auto byColumn = [](const Cell& a, const Cell& b) { return a.column < b.column; };
+    // Looked at first, since programs write in order and a stable sort takes as much memory again.
     if (!std::is_sorted(rows.begin(), rows.end(), byLine)) std::stable_sort(rows.begin(), rows.end(), byLine);
     for (const Table::StoredRow& row : rows) {
         const auto first = table_.cells_.begin() + static_cast<std::ptrdiff_t>(row.first);
@@ -65,6 +68,7 @@ void TableBuilder::fillRange(const CellRange& range, std::vector<std::pair<std::
     const std::uint32_t lastColumn = std::min(range.lastColumn, table_.width_ - 1);
     for (std::size_t at = place; at < rows.size() && rows[at].line <= range.lastRow; ++at) {
         for (std::uint32_t column = range.firstColumn; column <= lastColumn; ++column) {
+            // Counted whether it fills something or not: ranges that overlap could take any time.
             if (++visited_ > MostCells) {
                 tooLarge_ = true;
                 return;

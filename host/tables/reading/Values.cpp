@@ -125,6 +125,7 @@ NumberStyle styleOfFormat(std::string_view code) {
     return letters.find('m') != std::string::npos ? NumberStyle::Date : NumberStyle::Number;
 }
 
+/// ECMA-376 numbers these formats and workbooks do not spell them out; some belong to East Asian languages.
 NumberStyle styleOfBuiltIn(unsigned number) {
     const auto between = [number](unsigned first, unsigned last) { return number >= first && number <= last; };
     if (between(14, 17) || number == 22 || between(27, 31) || number == 36 || between(50, 58)) return NumberStyle::Date;

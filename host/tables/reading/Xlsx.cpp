@@ -50,6 +50,7 @@ Result<WorkbookContent> readXlsx(Package& package, const std::string& wantedShee
     Result<WorkbookContent> content = findTable(package, *book, *shared, wantedSheet);
     const auto exported = std::find_if(book->sheets.begin(), book->sheets.end(),
                                        [](const Sheet& sheet) { return sheet.name == ExportedSheet; });
+    // Asked for by its name, the sheet of exported values is the table and has nothing to be compared with.
     if (!content || exported == book->sheets.end() || content->sheet == ExportedSheet) return content;
     Result<Table> table = xlsx::readSheet(package, *exported, *shared);
     if (!table) return table.error();

@@ -33,6 +33,7 @@ public:
 
     void begin(std::string_view name, const xml::Attributes& attributes) override {
         if (name != "Relationship") return;
+        // Its end alone: what stands before it differs between the two forms of ECMA-376, transitional and strict.
         const std::string_view type = attributes.value("Type");
         byId_[std::string(attributes.value("Id"))] = {std::string(type.substr(type.rfind('/') + 1)),
                                                       resolve(attributes.value("Target"))};
@@ -56,6 +57,7 @@ private:
         std::string folder = folder_;
         while (target.starts_with("../") && !folder.empty()) {
             target.remove_prefix(3);
+            // The slash before the one at its end.
             folder.erase(folder.rfind('/', folder.size() - 2) + 1);
         }
         return folder.append(target);
@@ -94,6 +96,7 @@ public:
         if (name == "cellXfs") inCellStyles_ = true;
         if (name == "numFmt")
             formats_[toNumber<unsigned>(attributes.value("numFmtId"))] = styleOfFormat(attributes.value("formatCode"));
+        // Named styles are of elements called xf, too; cells count in this list.
         if (name == "xf" && inCellStyles_) {
             const auto number = toNumber<unsigned>(attributes.value("numFmtId"));
             const auto found = formats_.find(number);
@@ -180,6 +183,7 @@ Result<Book> readBook(Package& package) {
     book.stylesPart = relations->partOf("styles");
     for (BookReader::Listed& listed : reader.sheets) {
         const Relation* relation = relations->find(listed.relation);
+        // A book lists sheets that are a chart, too; these have no cells.
         if (relation != nullptr && relation->kind == "worksheet")
             book.sheets.push_back({std::move(listed.name), relation->part});
     }
@@ -209,6 +213,7 @@ std::string unescape(std::string_view text) {
         at = next;
         if (at == text.size()) break;
         const auto unit = escapeAt(text, at);
+        // Half of a pair is no character, so this can be no escape of one.
         if (unit && !U16_IS_SURROGATE(*unit)) {
             text::appendCharacter(plain, *unit);
             at += 7;

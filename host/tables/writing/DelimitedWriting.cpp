@@ -4,6 +4,7 @@ namespace tables {
 namespace {
 
 bool needsQuotes(std::string_view field, char delimiter) {
+    // Blanks at the ends are quoted since some readers drop them otherwise.
     if (field.empty()) return false;
     const char special[] = {delimiter, '"', '\r', '\n'};
     return field.find_first_of(std::string_view(special, sizeof special)) != std::string_view::npos ||
