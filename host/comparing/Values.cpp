@@ -69,8 +69,8 @@ private:
     void read() {
         read_ = true;
         const auto keep = [this](const model::PropertyView& property, const model::ifc::PropertyPlace& place) {
+            // The first of a name counts, as it does for an update.
             if (property.kind != model::PropertyKind::Single)
-                // The first of a name counts, as it does for an update.
                 places_.try_emplace({std::u16string(property.set), std::u16string(property.name)}, place.property);
             return true;
         };
@@ -141,8 +141,8 @@ model::Result<std::vector<Value>> attributesOf(const Model& model, Element eleme
     const auto attributes = model.attributes(element);
     if (!attributes) return attributes.error();
     std::vector<Value> values;
+    // The elements were paired by it, so it is the same.
     for (const model::Attribute& attribute : *attributes)
-        // The elements were paired by it, so it is the same.
         if (attribute.name != "GlobalId") values.push_back(attributeValue(attribute));
     return values;
 }

@@ -211,9 +211,9 @@ Status ClassificationEditor::checkTexts() const {
     const auto entry = [&](std::string_view attribute, const std::optional<std::u16string>& text) {
         return text ? fits("IfcClassificationReference", attribute, *text) : Status{};
     };
+    // ItemReference and Identification are one attribute: the schema has one of the two names, the other passes.
     for (const Status& status :
          {entry("Location", wanted_.location), entry("ItemReference", wanted_.itemReference),
-          // One of these two, which are the same in different schemas, is always unknown and passed over.
           entry("Identification", wanted_.itemReference), entry("Name", wanted_.name),
           fits("IfcClassification", "Source", wanted_.source), fits("IfcClassification", "Edition", wanted_.edition),
           fits("IfcClassification", "Name", wanted_.classificationName)}) {
