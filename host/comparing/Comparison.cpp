@@ -78,6 +78,7 @@ model::Status compareAll(const Model& a, const Model& b, const Chosen& chosen, C
             comparison.changed.push_back(std::move(pair));
         }
     }
+    // By GUID: an element may have another id in the other file, and another place.
     for (Element element = 0; element < b.elementCount(); ++element) {
         if (contains(chosen.b, element) && !a.find(guidOf(b, element))) comparison.added.push_back(element);
     }

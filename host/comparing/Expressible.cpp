@@ -175,6 +175,7 @@ std::string ElementTrial::obstacleOfLine(const Change& change) const {
         return text::message("the value holds a TAB, a line end or a zero, which a line cannot hold");
     if (breaksLines(change.item))
         return text::message("the item's name holds a TAB, a line end or a zero, which a line cannot hold");
+    // Without the old value, which updateLine() leaves out where the line has no room for it.
     if (lengthOf(change, {}) > LongestLine) return text::message("the line would be longer than 2047 bytes and be cut");
     return {};
 }
@@ -192,6 +193,7 @@ bool ElementTrial::reviewedAsSame(Change& change) {
     const std::string held = text::toUtf8(shown_[text::fromUtf8(name)]);
     const auto same = [&] { return held == textBefore(spokenOut(change.asked), '{'); };
     const bool real = change.kind == ChangeKind::Property && reals_.contains({change.set, name});
+    // Another text for the same number, so that the row can be ticked.
     if (same() && real && change.asked.find('e') == std::string::npos) change.asked += '0';
     return same();
 }
@@ -230,6 +232,7 @@ std::string ElementTrial::write(const Attempt& attempt) {
 }
 
 model::Status ElementTrial::compareWritten() {
+    // Read again after all writes: a later update may have changed what an earlier one wrote.
     for (const ChangeKind kind : {ChangeKind::Attribute, ChangeKind::Classification}) {
         if (!anyWritable(kind)) continue;
         const auto values =

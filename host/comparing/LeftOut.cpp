@@ -7,6 +7,7 @@
 namespace comparing {
 
 std::vector<LeftOut> leftOut(const Comparison& comparison) {
+    // The same obstacle may hold for each of many thousands of elements.
     constexpr std::size_t ExamplesKept = 3;
     std::map<std::pair<std::string, std::string>, LeftOut> groups;
     for (const ChangedElement& element : comparison.changed) {

@@ -45,6 +45,7 @@ ListRow RowReader::read(const frontend::List& list, Int16 row, const ListRow* ab
         const std::size_t tab = std::min(text::findUnit(rest, u'\t'), rest.size());
         const std::size_t column = result.columns.size();
         result.columns.push_back(textOf(rest.substr(0, tab), columnOf(above, column), columnOf(before, column)));
+        // Beyond the last cell there is an empty rest: a row may have fewer cells than the list has columns.
         rest.remove_prefix(std::min(tab + 1, rest.size()));
     }
     result.status = list.status(row);

@@ -89,6 +89,7 @@ model::Result<std::string> UpdateFile::bytes() {
     std::size_t count = 0;
     while ((count = std::fread(block.data(), 1, block.size(), file_.get())) > 0) {
         bytes.append(block.data(), count);
+        // Looked at in each step: what a pipe or a device gives may never end.
         if (bytes.size() > LongestTable)
             return cannotRead(path_, text::message("it is larger than {} MiB, which no table is", LongestTable >> 20U));
     }

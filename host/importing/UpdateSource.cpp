@@ -58,6 +58,7 @@ private:
         auto attributes = model_.attributes(*element);
         auto properties = model_.properties(*element);
         auto classifications = model_.classifications(*element);
+        // An element that is read in part would show items as not there that are.
         if (!attributes || !properties || !classifications) return nullptr;
         return std::make_unique<updatefile::CurrentTexts>(
             updatefile::ElementData{std::move(*attributes), std::move(*properties), std::move(*classifications)});
@@ -168,6 +169,7 @@ model::Status UpdateSource::readTable(const model::Model& model) {
         for (std::size_t i = file.first; i < file.first + file.count; ++i) {
             const tables::AskedUpdate& update = asked->updates[i];
             const auto guid = text::parseGuid(update.guid);
+            // The add-on makes no row for an element that it does not find, so the rows' facts leave the line out, too.
             if (guid && model.find(*guid)) {
                 part.asked.push_back(askedLine(update, *guid));
             } else {

@@ -209,6 +209,7 @@ std::string canonicalForType(std::string_view asked, std::string_view type, Deci
 
 model::Status storeProperty(Model& model, Element element, const Place& place, Stored::Kind held,
                             std::string_view asked, DecimalSign sign, std::string_view newType) {
+    // A property that is there keeps its type, so the text is written as that type wants it.
     const std::string wanted = newType.empty() ? canonical(asked, held, sign) : canonicalForType(asked, newType, sign);
     return model.setPropertyText(element, {place.set, place.property, text::fromUtf8(wanted), std::string(newType)});
 }
@@ -259,6 +260,7 @@ std::vector<Place> placesOf(const Model& model, Element element, const std::vect
         Place& place = places[i];
         const auto& [name, set] = wanted[i];
         const auto known = sets.find(name);
+        // Attributes hide properties and these hide classifications, as in the review list.
         if (std::string attribute = text::toUtf8(name); attributes.contains(attribute)) {
             place.kind = Place::Kind::Attribute;
             place.attribute = std::move(attribute);

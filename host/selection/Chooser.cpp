@@ -24,6 +24,7 @@ using model::step::Slot;
 
 NameTest testOf(const Word& word) {
     if (!word.pattern) return {text::fromUtf8(word.text), {}};
+    // A copy of the pattern shares its state: that one text was too much is seen by givenUp().
     return {{}, [pattern = *word.pattern](std::u16string_view name) { return pattern.matches(name); }};
 }
 
@@ -90,6 +91,7 @@ model::Status Chooser::choose(const Group& group) {
     for (const Facet& facet : group) {
         if (!isChoice(facet)) keep(facet, *elements);
     }
+    // Marked and not listed: an element that several groups choose comes once, and all come in file order.
     for (const Element element : *elements) chosen_[element] = true;
     return givenUp();
 }

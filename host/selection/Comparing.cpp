@@ -16,6 +16,7 @@ using model::ifc::FactValues;
 /// The whole text, a plus sign before it allowed.
 template <class Number>
 std::optional<Number> parseNumber(std::string_view text) {
+    // from_chars takes no plus, and would take the minus of "+-1".
     if (text.starts_with('+') && !text.substr(1).starts_with('-')) text.remove_prefix(1);
     Number number{};
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -53,6 +54,7 @@ bool Comparer::holdsOf(const FactValue& value) const {
     if (comparison_.special != Special::None) {
         return value.kind == Kind::Truth && (value.integer == 1) == (comparison_.special == Special::True);
     }
+    // Whatever is asked, what has no text is not it; the caller turns the answer round for "!=".
     if (value.kind == Kind::None || value.kind == Kind::Other) return false;
     if (comparison_.value.pattern) return comparison_.value.pattern->matches(textOf(value));
     switch (value.kind) {

@@ -65,6 +65,7 @@ private:
             facet.subject = Subject::Property;
         } else {
             facet.subject = plain ? subjectOf(facet.name) : Subject::Item;
+            // An expression in front can only be the name of a set.
             if (facet.name.pattern)
                 throw Mistake{facet.name.place, text::message("behind /a set/ a point and a property belong")};
         }
@@ -159,6 +160,7 @@ private:
         Word word;
         word.place = at_++;
         for (; !atEnd() && text_[at_] != '"'; ++at_) {
+            // The quote behind the backslash is meant, and ends nothing.
             if (text_.substr(at_).starts_with("\\\"")) ++at_;
             word.text += text_[at_];
         }

@@ -122,6 +122,7 @@ Result<ReadTable> readFile(const std::filesystem::path& path, const ReadOptions&
     std::array<char, 65536> stretch{};
     while (file.read(stretch.data(), stretch.size()) || file.gcount() > 0) {
         bytes.append(stretch.data(), static_cast<std::size_t>(file.gcount()));
+        // readBytes() refuses it; what lies behind the limit is not read.
         if (bytes.size() > options.mostBytes) break;
     }
     if (file.bad()) return Error{text::message("{}: it cannot be read to its end", name)};

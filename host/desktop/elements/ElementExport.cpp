@@ -33,6 +33,7 @@ public:
         const std::string_view name = updatefile::nameIn(designation_);
         name_ = text::fromUtf8(name);
         if (item.kind == ItemKind::Attribute && name == "GlobalId") forReader_ = true;
+        // A name with a bracket in it: an update would take the part before that for the name.
         if (name != item.name.toStdString()) forReader_ = true;
     }
 

@@ -167,6 +167,7 @@ void ElementIndex::nameRooms(const model::Model& model) {
 
 void ElementIndex::refreshNames(const model::Model& model) {
     nameRooms(model);
+    // One text for all names, and not a string with room of its own for each of hundreds of thousands.
     nameKeys_.clear();
     nameEnds_.clear();
     nameEnds_.reserve(rows_.size());

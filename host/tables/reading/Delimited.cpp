@@ -90,6 +90,7 @@ void FieldReader::readQuoted() {
     for (std::size_t at = 0; (at = std::string_view(unquoted_).find_first_of("\r\n", at)) != std::string::npos; ++at)
         if (unquoted_[at] == '\n' || at + 1 == unquoted_.size() || unquoted_[at + 1] != '\n') ++line_;
     readPlain();
+    // What stands behind the closing quote up to the delimiter belongs to the field.
     field_ = unquoted_ += field_;
 }
 
@@ -125,12 +126,14 @@ Likeness likenessOf(std::string_view sample, char delimiter) {
         guid = guid || saysGuid(reader.field());
         if (!reader.endsLine()) continue;
         const std::size_t fields = std::size_t{reader.column()} + 1;
+        // An empty line says nothing about the delimiter.
         if (fields == 1 && reader.field().empty()) continue;
         if (lines++ == 0) likeness.fields = fields;
         if (guid && fields > 1) ++likeness.linesWithGuid;
         if (fields == likeness.fields) ++likeness.linesAsFirst;
         guid = false;
     }
+    // A delimiter that cuts nothing is none.
     if (likeness.fields < 2 && likeness.linesWithGuid == 0) return {};
     return likeness;
 }

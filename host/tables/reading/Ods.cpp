@@ -161,6 +161,7 @@ void ContentReader::end(std::string_view name) {
 
 void ContentReader::beginTable(const xml::Attributes& attributes) {
     std::string name(attributes.value("name"));
+    // Sheets before the first that holds something are passed over; the exported values may stand behind it.
     const bool candidate = !found_ && (wanted_.empty() ? name != ExportedSheet : name == wanted_);
     if (candidate || name == ExportedSheet) builder_ = std::make_unique<TableBuilder>(store_);
     sheets_.push_back(std::move(name));
@@ -237,8 +238,10 @@ void ContentReader::endCell() {
     inCell_ = false;
     const CellKind kind = kindOfCell();
     const std::string value = valueOfCell(kind);
+    // The next cell may have no value that would overwrite it.
     cell_.value.clear();
     if (cell_.covered || cell_.column >= MostColumns || (value.empty() && kind != CellKind::Uncomputed)) return;
+    // Kept once, however often the cell is repeated.
     const StoredText text = store_->keep(value);
     const std::uint32_t repeats = std::min(cell_.repeats, MostColumns - cell_.column);
     for (std::uint32_t i = 0; i < repeats && !builder_->tooLarge(); ++i) builder_->add(cell_.column + i, kind, text);

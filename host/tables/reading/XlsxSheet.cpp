@@ -148,6 +148,7 @@ void SheetReader::endCell() {
     } else {
         addNumber();
     }
+    // The rest of the sheet need not be unpacked to say that it is too much.
     if (builder_.tooLarge()) stop();
 }
 

@@ -39,6 +39,7 @@ public:
     bool feed(std::string_view stretch, bool last) {
         const XML_Status status =
             XML_Parse(parser_.get(), stretch.data(), static_cast<int>(stretch.size()), last ? XML_TRUE : XML_FALSE);
+        // Back in our own code, where it may go on.
         if (thrown_) std::rethrow_exception(thrown_);
         fed_ += static_cast<XML_Index>(stretch.size());
         if (handler_.stopped()) return false;

@@ -19,7 +19,7 @@ void forEachClassification(Workspace& work, step::Slot element,
     const step::Slot type = work.typeObject(element);
     std::set<std::u16string_view> ownLabels;
     forEachAssigned(work, element, [&](const AssignedClassification& own) {
-        // Only what a type might give twice is remembered; most elements are asked for without one.
+        // Remembered only where there is a type, which might give the same label again.
         if (type != step::NoSlot) ownLabels.insert(own.data.system);
         visit(own.data);
     });

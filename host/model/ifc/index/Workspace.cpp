@@ -57,8 +57,8 @@ bool Workspace::isUsedOnlyBy(step::Slot instance, step::Slot user) {
     return only;
 }
 
-/// An edit whose effect on the indexes is known. The listener would read the list before and after each, and that a
-/// list grows by thousands of edits is common.
+/// An edit whose effect on the indexes is known. A list may grow by thousands of these, and the listener would read all
+/// of it before and after each.
 template <class Edit, class Follow>
 Status Workspace::editList(Edit edit, Follow follow) {
     {

@@ -102,7 +102,7 @@ void Writer::string() {
     at_ = std::min(at_ + 1, text_.size());
     if (!wanted()) return;
     const std::string_view quoted = text_.substr(begin, at_ - begin);
-    // Nearly all strings are: they need neither decoding nor a copy.
+    // Nearly all strings are, and need no decoding.
     if (quoted.size() >= 2 && isPlain(quoted) && quoted.substr(1, quoted.size() - 2).find('\'') == quoted.npos)
         return append('\'', quoted.substr(1, quoted.size() - 2));
     step::decodeString(quoted, decoded_);

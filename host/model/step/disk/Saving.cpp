@@ -112,7 +112,7 @@ Error cannotWrite(const fs::path& path, const std::string& what) {
 
 Error cannotWrite(const fs::path& path, const std::error_code& error) {
     std::error_code ignored;
-    // The file itself need not exist, so the error can only mean its folder.
+    // The file itself need not exist: what is missing may be its folder.
     const bool folderMissing = error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
     if (folderMissing && !fs::is_directory(folderOf(path), ignored)) {
         return cannotWrite(

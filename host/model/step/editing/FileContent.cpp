@@ -168,6 +168,7 @@ std::vector<std::string_view> fileContent(const Index& index, Changes& changes) 
     std::vector<Edit> edits = insertions(index, changes);
     const std::vector<Edit> inPlace = editsInPlace(index, changes);
     edits.insert(edits.end(), inPlace.begin(), inPlace.end());
+    // Stable, so that edits at one place stay in the order that they were collected in.
     std::stable_sort(edits.begin(), edits.end(), [](const Edit& a, const Edit& b) { return a.begin < b.begin; });
     std::vector<std::string_view> result;
     std::uint64_t written = 0;

@@ -55,6 +55,7 @@ void numberLines(std::string_view bytes, std::vector<Remark>& remarks) {
 Status indexFile(Index& index, const Progress& progress, const Sharing& sharing) {
     SectionReader reader(index, progress, sharing);
     if (Status read = reader.run(); !read) return read;
+    // First: only now are ids beyond the table in order, and those that come again known.
     index.ids.finish();
     remarkDuplicates(index);
     numberLines(index.bytes, index.remarks);

@@ -97,8 +97,8 @@ void SweepAhead::sweepOne(std::size_t number, SweptStretch& stretch) const try {
     const char* likely = likelyBeginning(begin, end);
     stretch.end = sweep(likely, end, stretch);
     if (stretch.end != likely) stretch.begin = likely;
-    // Only the head start is lost: the reader comes to this stretch and sweeps it by itself.
 } catch (const std::bad_alloc&) {
+    // Only the head start is lost: the reader comes to this stretch and sweeps it by itself.
     stretch.begin = nullptr;
 }
 

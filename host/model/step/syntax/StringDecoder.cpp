@@ -110,7 +110,7 @@ private:
         if (at_ == text_.size()) return fail();
         const char c = text_[at_];
         if (c < 32 || c > 126) return fail();
-        // \S\'' is one character, the section sign: its apostrophe is doubled like any other.
+        // \S\'' is one character, the section sign in the first page: its apostrophe is doubled like any other.
         if (c == '\'' && !ahead().starts_with("''")) return fail();
         at_ += c == '\'' ? 2 : 1;
         const char16_t character = latinCharacter(page_, static_cast<unsigned char>(c + 128));
