@@ -35,6 +35,7 @@ readback::RowState stateOf(const ListRow& row) {
 ReviewFacts::ReviewFacts(model::Model& model, const UpdatePart& part, const std::vector<ListRow>& rows)
     : readBack_(model, askedRows(part, rows)), facts_(rows.size()) {
     for (std::size_t i = 0; i < facts_.size(); ++i) {
+        // A row has an item only where askedRows() found its line, so there is one to look at.
         if (readBack_.row(i).item.empty()) continue;
         facts_[i].line = part.asked[i].line;
         facts_[i].asked = readBack_.row(i).asked;

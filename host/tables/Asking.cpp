@@ -74,6 +74,7 @@ public:
             columns_.push_back({column, columnTitle(read, column.column, true), {}});
         }
         for (std::size_t i = 1; i < table_.rowCount(); ++i) {
+            // All of a column before its first cell is read: what a comma means may show in the last.
             forEachFilled(table_.row(i), [&](const Cell& cell, Column& column) {
                 if (cell.kind == CellKind::Text) column.commas.add(table_.text(&cell));
             });
@@ -164,6 +165,7 @@ public:
           firstRow_(layout.hasHeader ? 1 : 0),
           commas_(commasOf(table_, layout.value, firstRow_)) {
         titles_ = {title(layout.guid, "GUID"), title(layout.item, "Item"), title(layout.value, "New")};
+        // A column of old values that is empty throughout says nothing; one empty cell says that there was nothing.
         for (std::size_t i = firstRow_; layout.old && i < table_.rowCount() && !oldIsSaid_; ++i)
             oldIsSaid_ = !isBlank(table_.text(table_.row(i).cell(*layout.old)));
     }

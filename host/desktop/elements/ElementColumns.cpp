@@ -125,6 +125,7 @@ void ElementColumns::save() {
     saver_.stop();
     QSettings settings;
     settings.setValue(GuidsKey, model_->guidsWhole());
+    // The columns of a longer array would stay behind those of a shorter one.
     settings.remove(ColumnsKey);
     settings.beginWriteArray(ColumnsKey);
     const QHeaderView* header = view_->horizontalHeader();
@@ -153,6 +154,7 @@ void ElementColumns::setWanted(ElementColumn column, bool wanted) {
 
 void ElementColumns::addToggle(int column) {
     const QString title = model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+    // An ampersand in a name of the model marks no shortcut key.
     QAction* toggle = menu_->addAction(QString(title).replace(u'&', QStringLiteral("&&")));
     toggle->setObjectName(QStringLiteral("column%1").arg(column));
     toggle->setCheckable(true);

@@ -168,6 +168,7 @@ void ElementPanel::select(model::Element element) {
     if (current_ == element && selected_.size() == 1) return;
     current_ = element;
     selected_ = {element};
+    // Checking resets the rows, and the reset selects the element.
     if (!aids_->isChecked() && model_->index()->isAid(element)) {
         aids_->setChecked(true);
         Q_EMIT said(tr("The element is one of the openings and aids, which are shown from now on"));
@@ -191,6 +192,7 @@ void ElementPanel::applyFilter() {
 
 void ElementPanel::takeSelection() {
     const QItemSelection& selection = view_->selectionModel()->selection();
+    // Nothing selected is no choice of an element: the one that is shown stays.
     if (selection.isEmpty()) return;
     std::vector<std::pair<int, int>> ranges;
     for (const QItemSelectionRange& range : selection) ranges.emplace_back(range.top(), range.bottom());

@@ -18,6 +18,7 @@ namespace desktop {
 
 namespace {
 
+/// Counting goes on in the window's thread, the only one that may ask the model: in slices, so that keys are answered.
 constexpr int SliceMs = 12;
 /// The list is shown for the first time after so many elements, then after twice as many each time: making it anew may
 /// cost as much as counting has.

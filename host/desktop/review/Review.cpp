@@ -42,6 +42,7 @@ bool lastCellIs(std::u16string_view row, std::string_view ascii) {
 Mark rowMark(const frontend::List& list, Int16 row) {
     const GS::UniString text = list.rowText(row);
     const std::u16string_view units = text.View();
+    // Only a row of updates begins with its tick.
     if (!units.starts_with(u"[")) return Mark::None;
     if (lastCellIs(units, updatefile::reviewlist::Error)) return Mark::Error;
     if (lastCellIs(units, updatefile::reviewlist::Done)) return Mark::Done;

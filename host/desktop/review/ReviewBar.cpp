@@ -81,6 +81,7 @@ ReviewBar::ReviewBar(QWidget* parent)
     buttons_->addStretch();
     for (QPushButton* button : {store_, report_, undo_, save_}) {
         button->setAccessibleName(button->text());
+        // Return is the dialog's, wherever the focus is.
         button->setAutoDefault(false);
         // A click must not take the arrow keys away from the list.
         button->setFocusPolicy(Qt::TabFocus);

@@ -40,6 +40,7 @@ void Package::Close::operator()(zip* archive) const {
 }
 
 Result<Package> Package::open(std::string_view bytes) {
+    // Before libzip sees them: it would put the names into a table whose hash anybody can foresee.
     if (text::hasCrowdedNames(bytes)) {
         return Error{text::message(
             "the workbook holds thousands of parts whose names were chosen to keep programs busy; do not trust it")};

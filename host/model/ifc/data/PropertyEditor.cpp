@@ -217,6 +217,7 @@ Status PropertyEditor::addToOverride(Slot overriding, Slot property) {
     return edit_.moveInto(draft, overriding);
 }
 
+/// The type's property is others' as well and stays: a copy in a set of the element's own hides it.
 Status PropertyEditor::overrideInherited(Slot inherited) {
     if (Status editable = edit_.check(inherited); !editable) return editable;
     const Result<InstanceBuilder> draft = copyWithValue(inherited);

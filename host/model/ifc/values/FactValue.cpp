@@ -94,6 +94,7 @@ FactValues listOr(Value argument, const Read& read) {
     if (!step::splitAggregate(argument, elements)) return otherValue();
     FactValues values;
     for (const Value element : elements) values.push_back(read(element));
+    // A list without elements is no value, so that =NULL finds it.
     return values.empty() ? noValue() : values;
 }
 

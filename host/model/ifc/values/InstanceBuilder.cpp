@@ -10,6 +10,7 @@ InstanceBuilder::InstanceBuilder(const Entity& cls) : entity_(cls), keyword_(tex
     for (const Attribute& attribute : entity_.attributes()) arguments_.emplace_back(attribute.derived ? "*" : "$");
 }
 
+/// A copy has the original's spelling of the keyword, and as many attributes, whatever the schema says.
 InstanceBuilder::InstanceBuilder(const Entity& cls, const step::Instance& original)
     : entity_(cls), keyword_(original.keyword) {
     for (const step::Value& value : original.arguments) arguments_.emplace_back(value.text);

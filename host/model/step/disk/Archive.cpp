@@ -199,6 +199,7 @@ bool isArchive(std::string_view bytes) {
 }
 
 Result<Bytes> readArchive(std::string_view archive, ModelEntry& entry, const Progress& progress) {
+    // Before libzip sees them: it would put the names into a table whose hash anybody can foresee.
     if (text::hasCrowdedNames(archive)) {
         return unreadable(text::message(
             "the archive holds thousands of entries whose names were chosen to keep programs busy; do not trust it"));

@@ -282,6 +282,7 @@ Slot Changes::add(std::string_view body, KeywordCode keyword, Position position)
 /// What an instance adds to the fingerprint. An instance as the file has it adds nothing, nor does a new one while it
 /// is absent.
 std::uint64_t Changes::weight(const ChangedInstance& instance) const {
+    // By ids and not by slots: made again after an undo an instance has another slot, and the file is the same.
     const Position& position = instance.position;
     const std::uint64_t where = instance.newId == 0         ? instance.offset
                                 : position.behind == NoSlot ? ~std::uint64_t{position.section}
