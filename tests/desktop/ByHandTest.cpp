@@ -71,6 +71,20 @@ TEST_F(ByHand, DoubleClickProposesAndChangesNothing) {
     EXPECT_FALSE(window().document().modified());
 }
 
+TEST_F(ByHand, ChangedItemStaysTheCurrentOneAndInSight) {
+    propose(QStringLiteral("Description"), QStringLiteral("new"));
+    const auto isCurrent = [this] {
+        const QTreeWidgetItem* current = tree().currentItem();
+        return current && current->text(0) == QStringLiteral("Description");
+    };
+    EXPECT_TRUE(isCurrent());
+    EXPECT_SOON(tree().viewport()->rect().contains(tree().visualItemRect(tree().currentItem())));
+    // And on to the same item of another element.
+    window().elements().select(*window().document().model()->find(
+        *desktop::guidFromText(QStringLiteral("A32931C7-B3B2-4117-8D6A-3038DD4E9A78"))));
+    EXPECT_TRUE(isCurrent());
+}
+
 TEST_F(ByHand, ListIsReviewedAndAppliedThroughTheAddOn) {
     propose(QStringLiteral("FireRating"), QStringLiteral("F 120"));
     propose(QStringLiteral("Name"), QStringLiteral("North wall"));

@@ -2,10 +2,13 @@
 
 #include "PlanDesk.hpp"
 #include "desktop/elements/ElementPanel.hpp"
+#include "desktop/plan/PlanDrawing.hpp"
 #include "desktop/plan/PlanPainter.hpp"
 #include "desktop/plan/PlanPanel.hpp"
 
+#include <QTableView>
 #include <QWheelEvent>
+#include <algorithm>
 
 namespace desktop_tests {
 
@@ -48,6 +51,53 @@ TEST_F(Plan, SelectingAnElementShowsItsStoreyAndOneWithoutLeavesThePlan) {
         EXPECT_EQ(choice().currentData().toInt(), expected) << it;
     }
     EXPECT_GT(changes, 0) << "the sample has more than one storey";
+}
+
+TEST_F(Plan, AllThatAreSelectedAreDrawnSo) {
+    const QColor highlight = view().palette().color(QPalette::Highlight);
+    const auto drawnSelected = [&](const QString& guid) {
+        const QPolygonF& ring = footprint(guid)->rings.front();
+        const QColor color = colorAt((ring[0] + ring[1]) / 2);
+        return std::abs(color.hue() - highlight.hue()) < 15 && color.saturation() > 100;
+    };
+    const QString door = QStringLiteral("A32931C7-B3B2-4117-8D6A-3038DD4E9A78");
+    EXPECT_SOON(drawn());
+    EXPECT_FALSE(drawnSelected(Wall) || drawnSelected(door));
+    QTableView& table = *window().elements().table();
+    const auto& shown = window().elements().shown();
+    for (const QString& guid : {Wall, door}) {
+        const auto row = std::find(shown.begin(), shown.end(), element(guid)) - shown.begin();
+        table.selectionModel()->select(table.model()->index(static_cast<int>(row), 0),
+                                       QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    }
+    EXPECT_TRUE(drawnSelected(Wall) && drawnSelected(door));
+    window().elements().select(element(door));
+    EXPECT_FALSE(drawnSelected(Wall));
+    EXPECT_TRUE(drawnSelected(door));
+}
+
+TEST_F(Plan, FittedStandsAboveTheScaleBar) {
+    double lowest = 0;
+    for (const desktop::Footprint* footprint : view().footprints()) {
+        if (footprint->kind != model::PlanKind::Terrain && footprint->kind != model::PlanKind::Grid)
+            lowest = std::max(lowest, view().viewport().toScreen(footprint->box).bottom());
+    }
+    EXPECT_GT(lowest, view().height() / 2);
+    EXPECT_LE(lowest, view().height() - 16 - 20 + 1);
+}
+
+TEST_F(Plan, OfFewElementsShowsEvenThoseThatAreTooSmall) {
+    const auto dots = [this](double scale) {
+        desktop::PlanViewport viewport = view().viewport();
+        viewport.scale *= scale;
+        const auto items = desktop::buildingItems(view().geometry(), viewport);
+        EXPECT_FALSE(items.empty());
+        return std::count_if(items.begin(), items.end(), [](const desktop::PlanItem& item) {
+            return std::holds_alternative<desktop::PlanItem::Dot>(item.what);
+        });
+    };
+    EXPECT_LE(dots(1), 1) << "what has no shape is no more than a place";
+    EXPECT_GT(dots(0.001), 10);
 }
 
 TEST_F(Plan, WheelZoomsAboutTheCursorAndFitShowsAllAgain) {

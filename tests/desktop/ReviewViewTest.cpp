@@ -13,6 +13,7 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSignalSpy>
 
 namespace desktop_tests {
@@ -106,6 +107,24 @@ TEST_F(ReviewView, NeverMakesTheWindowLarger) {
         }
         press(dialog, Qt::Key_Escape);
     });
+}
+
+TEST_F(ReviewView, OfFewRowsLeavesThePlanInSight) {
+    const auto heightFor = [this](const std::string& updates) {
+        int height = 0;
+        review(updates, [this, &height](AddOnDialog& dialog) {
+            QTest::qWait(200);
+            EXPECT_EQ(listOf(dialog).verticalScrollBar()->maximum() > 0, rowCount(dialog) > 4);
+            height = window().findChild<QDockWidget*>(QStringLiteral("reviewDock"))->height();
+            press(dialog, Qt::Key_Escape);
+        });
+        return height;
+    };
+    std::string many;
+    for (int i = 0; i < 60; ++i) many += line(Wall, "Item" + std::to_string(i) + "[Custom]", "value");
+    const int few = heightFor(everyKind()), all = heightFor(many);
+    EXPECT_LT(few, window().height() * 2 / 5);
+    EXPECT_GE(all, window().height() * 2 / 5);
 }
 
 TEST_F(ReviewView, TicksAreCheckBoxes) {

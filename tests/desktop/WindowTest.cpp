@@ -207,6 +207,18 @@ TEST_F(Window, CancelledOpeningLeavesTheModelThatWasOpen) {
     EXPECT_EQ(window().statusBar()->currentMessage(), QStringLiteral("Opening cancelled"));
 }
 
+TEST_F(Window, MessagesShowNamesAsTheyAre) {
+    const auto file = folder_.write("A & B <1>.ifc", "nothing");
+    whenShown<QMessageBox>(QStringLiteral("errorMessage"), [](QMessageBox& box) {
+        EXPECT_THAT(box.informativeText().toStdString(), HasSubstr("A & B <1>.ifc"));
+        const auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"));
+        ASSERT_NE(label, nullptr);
+        EXPECT_EQ(label->textFormat(), Qt::PlainText);
+        click(*box.button(QMessageBox::Ok));
+    });
+    EXPECT_FALSE(window().openFile(desktop::pathText(file)));
+}
+
 TEST_F(Window, CrashInADialogsHandlerEndsTheDialogAndNotTheProgram) {
     start(testing_support::galleryAddOn("CrashesInDialogHandler.bundle"));
     openSample();

@@ -7,6 +7,7 @@
 #include "desktop/dialogs/Squeeze.hpp"
 
 #include <QCloseEvent>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -359,6 +360,19 @@ QSize AddOnDialog::wantedSize(int extra) const {
     const QSize wanted = kept.isValid() ? kept : QSize(dialog_.width(), dialog_.height());
     return wanted.boundedTo(screen()->availableSize() - QSize(0, extra))
         .expandedTo({dialog_.minimumWidth(), dialog_.minimumHeight()});
+}
+
+int AddOnDialog::heightForRows() const {
+    constexpr int RowsOfLeastHeight = 3;
+    int height = minimumHeight();
+    for (const auto& [number, widget] : widgets_) {
+        const auto* view = qobject_cast<RowListView*>(widget);
+        if (!view) continue;
+        const int rows = std::max(view->model()->rowCount() - RowsOfLeastHeight, 0);
+        const int rowHeight = std::max(view->verticalHeader()->defaultSectionSize(), 1);
+        height += std::min(rows, usualHeight() / rowHeight) * rowHeight;
+    }
+    return height;
 }
 
 /// A footer that gets more or fewer parts may need another height.

@@ -53,6 +53,8 @@ public:
     HintBar* hintBar() const { return hintBar_; }
     /// That of the add-on's least size, with what the host adds.
     int usualHeight() const;
+    /// What the rows of its lists need, as far as they need less than that.
+    int heightForRows() const;
 
     /// Escape and the close box.
     void reject() override;

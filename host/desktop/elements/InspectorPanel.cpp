@@ -105,10 +105,29 @@ InspectorPanel::InspectorPanel(QWidget* parent)
 void InspectorPanel::show(const model::Model* model, const std::vector<model::Element>& elements) {
     // Elements of one kind have their data in the same places: what was in sight stays in sight from one to the next.
     const int scrolled = view_->verticalScrollBar()->value();
+    elements_ = model ? elements : std::vector<model::Element>();
     view_->setUpdatesEnabled(false);
+    keepCurrent([&] { fill(model); });
+    view_->verticalScrollBar()->setValue(scrolled);
+    view_->setUpdatesEnabled(true);
+}
+
+/// The row of the same name in the same group stays the current one: people go through an item of many elements, and
+/// on from an item that they have changed.
+void InspectorPanel::keepCurrent(const std::function<void()>& refill) {
+    const QTreeWidgetItem* before = view_->currentItem();
+    const QString name = before && before->parent() ? before->text(0) : QString();
+    const QString title = name.isEmpty() ? QString() : before->parent()->text(0);
     view_->clear();
     groups_.clear();
-    elements_ = model ? elements : std::vector<model::Element>();
+    refill();
+    const QTreeWidgetItem* group = groups_.value(title);
+    for (int i = 0; group && i < group->childCount(); ++i) {
+        if (group->child(i)->text(0) == name) view_->setCurrentItem(group->child(i));
+    }
+}
+
+void InspectorPanel::fill(const model::Model* model) {
     if (elements_.size() > 1) {
         showCommon(*model);
     } else if (elements_.size() == 1) {
@@ -123,8 +142,6 @@ void InspectorPanel::show(const model::Model* model, const std::vector<model::El
     } else {
         heading_->setText(model ? tr("No element selected") : QString());
     }
-    view_->verticalScrollBar()->setValue(scrolled);
-    view_->setUpdatesEnabled(true);
 }
 
 void InspectorPanel::showCommon(const model::Model& model) {
@@ -286,6 +303,9 @@ void InspectorPanel::copySelection() {
 }
 
 bool InspectorPanel::eventFilter(QObject* watched, QEvent* event) {
+    // What the user has just changed stays in sight when the line below the data comes up.
+    if (watched == view_ && event->type() == QEvent::Resize && view_->currentItem())
+        QTimer::singleShot(0, view_, [this] { view_->scrollTo(view_->currentIndex()); });
     if (watched == view_ && event->type() == QEvent::KeyPress &&
         static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {
         copySelection();

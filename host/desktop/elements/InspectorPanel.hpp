@@ -46,6 +46,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void keepCurrent(const std::function<void()>& refill);
+    void fill(const model::Model* model);
     QTreeWidgetItem* group(const QString& title);
     void addIdentity(const model::Model& model, model::Element element);
     void addAttributes(const model::Model& model, model::Element element);

@@ -14,6 +14,14 @@ namespace {
 /// Items between two looks at the clock.
 constexpr std::size_t Piece = 64;
 
+constexpr std::size_t FewShapes = 100;
+
+bool isTooSmall(const Footprint& footprint, const PlanViewport& viewport) {
+    constexpr double LeastSeen = 4;
+    const QRectF box = viewport.toScreen(footprint.box);
+    return !footprint.rings.isEmpty() && std::max(box.width(), box.height()) < LeastSeen;
+}
+
 template <class... Visits>
 struct Each : Visits... {
     using Visits::operator()...;
@@ -33,6 +41,12 @@ std::vector<PlanItem> buildingItems(const PlanGeometry& geometry, const PlanView
         const PlanLabel* label = written ? geometry.label(footprint.element) : nullptr;
         if (label) labels.push_back({PlanItem::Label{&footprint, label}});
     });
+    if (items.size() <= FewShapes) {
+        for (PlanItem& item : items) {
+            const Footprint* footprint = std::get<PlanItem::Shape>(item.what).footprint;
+            if (isTooSmall(*footprint, viewport)) item.what = PlanItem::Dot{footprint};
+        }
+    }
     items.insert(items.end(), labels.begin(), labels.end());
     return items;
 }
@@ -61,6 +75,7 @@ std::vector<PlanItem> markItems(const PlanGeometry& geometry, const PlanMarks* m
 void drawItem(QPainter& painter, PlanPainter& plan, const PlanViewport& viewport, const QPalette& palette,
               const PlanItem& item) {
     std::visit(Each{[&](const PlanItem::Shape& shape) { plan.draw(*shape.footprint, shape.mark); },
+                    [&](const PlanItem::Dot& dot) { plan.drawDot(*dot.footprint); },
                     [&](const PlanItem::Label& label) { plan.drawLabel(*label.footprint, *label.label); },
                     [&](const PlanSign& sign) { drawSign(painter, viewport, palette, sign); }},
                item.what);

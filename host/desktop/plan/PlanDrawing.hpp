@@ -20,14 +20,19 @@ struct PlanItem {
         const Footprint* footprint;
         Mark mark;  ///< None: drawn as part of the building.
     };
+    /// In place of a shape that is too small to be seen.
+    struct Dot {
+        const Footprint* footprint;
+    };
     struct Label {
         const Footprint* footprint;
         const PlanLabel* label;
     };
-    std::variant<Shape, Label, PlanSign> what;
+    std::variant<Shape, Dot, Label, PlanSign> what;
 };
 
-/// What is in sight of a plan, in the order to draw: the footprints, then what is written on them.
+/// What is in sight of a plan, in the order to draw: the footprints, then what is written on them. Where there are few
+/// of them, none is too small to be seen: the signals of a railway are hundreds of metres apart.
 std::vector<PlanItem> buildingItems(const PlanGeometry& geometry, const PlanViewport& viewport);
 /// The marked ones: the most urgent on top, small ones on big ones, and the signs on all of them.
 std::vector<PlanItem> markItems(const PlanGeometry& geometry, const PlanMarks* marks, const PlanViewport& viewport);

@@ -4,6 +4,7 @@
 #include "desktop/SaveDialog.hpp"
 #include "desktop/WaitCursor.hpp"
 #include "desktop/WholeFile.hpp"
+#include "desktop/look/Message.hpp"
 #include "desktop/plan/PlanPanel.hpp"
 #include "desktop/plan/PlanSheet.hpp"
 #include "desktop/window/Document.hpp"
@@ -182,7 +183,7 @@ void PlanOutput::refuse(const QString& title, const QString& why) {
     QMessageBox box(QMessageBox::Warning, tr("Plan"), title, QMessageBox::Ok, window_);
     box.setObjectName(QStringLiteral("planMessage"));
     box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(visible(why).toHtmlEscaped());
+    setFurtherText(box, why);
     box.exec();
 }
 

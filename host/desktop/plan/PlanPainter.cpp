@@ -172,6 +172,14 @@ void PlanPainter::draw(const Footprint& footprint, Mark mark) {
     style_.reset();
 }
 
+void PlanPainter::drawDot(const Footprint& footprint) {
+    constexpr double Radius = 2.5;
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(planStyle(palette_, footprint.kind, true).line);
+    painter_.drawEllipse(viewport_.toScreen(footprint.box).center(), Radius, Radius);
+    style_.reset();
+}
+
 void PlanPainter::drawSelection(const Footprint& footprint) {
     const QColor color = palette_.color(QPalette::Highlight);
     QColor halo = palette_.color(QPalette::Base);

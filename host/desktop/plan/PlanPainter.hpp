@@ -32,6 +32,7 @@ public:
 
     /// @param mark  None: as part of the building.
     void draw(const Footprint& footprint, Mark mark);
+    void drawDot(const Footprint& footprint);
     void drawSelection(const Footprint& footprint);
     /// As much of it as has room.
     void drawLabel(const Footprint& footprint, const PlanLabel& label);

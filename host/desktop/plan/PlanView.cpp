@@ -19,6 +19,8 @@ namespace desktop {
 namespace {
 
 constexpr double FitMargin = 16;
+/// What it needs beside the margin.
+constexpr double ScaleBarHeight = 20;
 constexpr double ZoomStep = 1.25;
 constexpr double HitPixels = 4;
 /// How long drawing may hold up other events. What is through in one go shows at once, as nearly every plan is.
@@ -130,6 +132,12 @@ void PlanView::setSelected(std::optional<model::Element> element) {
     update();
 }
 
+void PlanView::setSelectedBeside(std::vector<model::Element> elements) {
+    selectedBeside_ = std::move(elements);
+    if (selectedBeside_.size() > MostSelected) selectedBeside_.resize(MostSelected);
+    update();
+}
+
 void PlanView::bringIntoSight(model::Element element) {
     const Footprint* footprint = geometry_->find(element);
     if (!footprint || viewport_.visible().contains(footprint->box.center())) return;
@@ -173,7 +181,14 @@ void PlanView::fit() {
     fitted_ = true;
     viewport_.size = size();
     const QRectF box = extent();
-    if (!box.isNull()) viewport_.fit(box, FitMargin);
+    if (!box.isNull()) {
+        // Above the scale bar, where there is room for both.
+        const double below = geometry_->metresPerUnit() && height() > 8 * ScaleBarHeight ? ScaleBarHeight : 0;
+        viewport_.size -= QSizeF(0, below);
+        viewport_.fit(box, FitMargin);
+        viewport_.size = size();
+        viewport_.center.ry() -= below / 2 / viewport_.scale;
+    }
     redraw();
 }
 
@@ -283,8 +298,12 @@ void PlanView::paintEvent(QPaintEvent*) {
     building_.paint(painter, viewport_);
     marked_.paint(painter, viewport_);
     PlanPainter plan(painter, viewport_, palette());
-    const Footprint* footprint = selected_ ? geometry_->find(*selected_) : nullptr;
-    if (footprint && inSight(*footprint, viewport_)) plan.drawSelection(*footprint);
+    const auto drawSelected = [&](model::Element element) {
+        const Footprint* footprint = geometry_->find(element);
+        if (footprint && inSight(*footprint, viewport_)) plan.drawSelection(*footprint);
+    };
+    for (const model::Element element : selectedBeside_) drawSelected(element);
+    if (selected_) drawSelected(*selected_);
     drawFrame(painter);
 }
 

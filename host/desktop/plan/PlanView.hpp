@@ -32,6 +32,9 @@ public:
     /// The element drawn with the selection's frame; brought into sight where it is not.
     void setSelected(std::optional<model::Element> element);
     std::optional<model::Element> selected() const { return selected_; }
+    /// Others that are selected with it; drawn alike, but for more than MostSelected.
+    void setSelectedBeside(std::vector<model::Element> elements);
+    static constexpr std::size_t MostSelected = 1000;
     /// Brings the element's footprint into sight where it is not.
     void bringIntoSight(model::Element element);
     void fit();
@@ -101,6 +104,7 @@ private:
     const PlanMarks* marks_ = nullptr;
     std::function<QStringList(model::Element)> remarks_;
     std::optional<model::Element> selected_;
+    std::vector<model::Element> selectedBeside_;
     PlanViewport viewport_;
     bool fitted_ = true;  ///< Nobody has zoomed or panned: the whole storey stays in sight as it grows.
 

@@ -3,6 +3,7 @@
 #include "desktop/QtText.hpp"
 #include "desktop/WaitCursor.hpp"
 #include "desktop/dialogs/DesktopView.hpp"
+#include "desktop/look/Message.hpp"
 #include "desktop/report/ReportPanel.hpp"
 #include "desktop/window/AddOnMenu.hpp"
 
@@ -62,7 +63,7 @@ void Imports::refuse(const QString& path, const QString& why) {
                     tr("Nothing to import from %1.").arg(QFileInfo(path).fileName()), QMessageBox::Ok, window_);
     box.setObjectName(QStringLiteral("importMessage"));
     box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(visible(why).toHtmlEscaped());
+    setFurtherText(box, why);
     box.exec();
 }
 
@@ -87,9 +88,8 @@ bool Imports::mayGoOn() {
             .arg(number(static_cast<qint64>(picked_->list())), number(static_cast<qint64>(picked_->listCount()))),
         QMessageBox::Yes | QMessageBox::No, window_);
     box.setObjectName(QStringLiteral("nextListQuestion"));
-    box.setInformativeText(tr("A list holds at most %1 rows, so %2 is reviewed in several.")
-                               .arg(number(DG_LIST_MAX_ROWS), picked_->fileName())
-                               .toHtmlEscaped());
+    setFurtherText(box, tr("A list holds at most %1 rows, so %2 is reviewed in several.")
+                            .arg(number(DG_LIST_MAX_ROWS), picked_->fileName()));
     box.button(QMessageBox::Yes)->setText(tr("&Go On"));
     box.button(QMessageBox::No)->setText(tr("&Stop Here"));
     box.setDefaultButton(QMessageBox::Yes);

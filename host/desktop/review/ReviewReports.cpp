@@ -4,6 +4,7 @@
 #include "desktop/SaveDialog.hpp"
 #include "desktop/WaitCursor.hpp"
 #include "desktop/WholeFile.hpp"
+#include "desktop/look/Message.hpp"
 #include "desktop/review/Review.hpp"
 #include "report/Forms.hpp"
 #include "text/Message.hpp"
@@ -72,7 +73,7 @@ bool ReviewReports::write(const QString& path) {
                         tr("%1 could not be written.").arg(QFileInfo(path).fileName()), QMessageBox::Ok, window_);
         box.setObjectName(QStringLiteral("reportMessage"));
         box.setTextFormat(Qt::PlainText);
-        box.setInformativeText(visible(why).toHtmlEscaped());
+        setFurtherText(box, why);
         box.exec();
         return false;
     };

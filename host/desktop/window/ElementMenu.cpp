@@ -6,6 +6,7 @@
 #include "desktop/elements/ElementExport.hpp"
 #include "desktop/elements/ElementPanel.hpp"
 #include "desktop/elements/InspectorPanel.hpp"
+#include "desktop/look/Message.hpp"
 #include "desktop/plan/PlanCursor.hpp"
 #include "desktop/plan/PlanPanel.hpp"
 #include "desktop/window/AddOnMenu.hpp"
@@ -140,7 +141,7 @@ bool ElementMenu::exportTo(const QString& path) {
                     QMessageBox::Ok, parts_.window);
     box.setObjectName(QStringLiteral("exportMessage"));
     box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(visible(error).toHtmlEscaped());
+    setFurtherText(box, error);
     box.exec();
     return false;
 }

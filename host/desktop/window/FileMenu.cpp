@@ -1,6 +1,7 @@
 #include "desktop/window/FileMenu.hpp"
 
 #include "desktop/QtText.hpp"
+#include "desktop/look/Message.hpp"
 #include "desktop/window/FileKind.hpp"
 #include "desktop/window/FileTasks.hpp"
 #include "desktop/window/RecentFiles.hpp"
@@ -30,7 +31,7 @@ void showError(QWidget* window, const QString& title, const model::Error& error)
     QMessageBox box(QMessageBox::Critical, title, title, QMessageBox::Ok, window);
     box.setObjectName(QStringLiteral("errorMessage"));
     box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(toQString(error.message).toHtmlEscaped() + u'.');
+    setFurtherText(box, toQString(error.message) + u'.');
     box.exec();
 }
 
@@ -186,7 +187,7 @@ bool FileMenu::mayReplace(const QString& path) {
                     QMessageBox::Save | QMessageBox::Cancel, window_);
     box.setObjectName(QStringLiteral("targetQuestion"));
     box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(visible(warnings.join(u'\n')).toHtmlEscaped());
+    setFurtherText(box, warnings.join(u'\n'));
     box.setDefaultButton(QMessageBox::Cancel);
     return box.exec() == QMessageBox::Save;
 }

@@ -10,6 +10,7 @@
 #include "desktop/elements/ElementColumns.hpp"
 #include "desktop/elements/ElementPanel.hpp"
 #include "desktop/elements/InspectorPanel.hpp"
+#include "desktop/look/Message.hpp"
 #include "desktop/plan/PlanAccessible.hpp"
 #include "desktop/plan/PlanOutput.hpp"
 #include "desktop/plan/PlanPanel.hpp"
@@ -250,6 +251,7 @@ void MainWindow::connectPanels() {
     connect(&busy_, &Busy::changed, this, [this] { handBar_->setFree(!busy_.active()); });
     connect(elements_, &ElementPanel::currentChanged, this, [this] {
         showElement();
+        plan_->view()->setSelectedBeside(elements_->selected());
         plan_->showElement(elements_->current());
     });
     connect(elements_, &ElementPanel::said, this,
@@ -310,7 +312,7 @@ bool MainWindow::loadAddOn(const std::filesystem::path& bundle) {
         QMessageBox box(QMessageBox::Warning, tr("Add-On"), tr("The add-on could not be loaded."), QMessageBox::Ok,
                         this);
         box.setObjectName(QStringLiteral("addOnMessage"));
-        box.setInformativeText(reason.toHtmlEscaped());
+        setFurtherText(box, reason);
         box.exec();
     });
     return false;
@@ -392,7 +394,7 @@ void MainWindow::propose(const Item& item, const QString& value) {
                                                          number(static_cast<qint64>(subjects.size())));
     QMessageBox box(QMessageBox::Warning, tr("Change by Hand"), text, QMessageBox::Ok, this);
     box.setObjectName(QStringLiteral("handMessage"));
-    box.setInformativeText(visible(refused.reason).toHtmlEscaped());
+    setFurtherText(box, refused.reason);
     box.exec();
 }
 
@@ -493,8 +495,11 @@ void MainWindow::dockReview(AddOnDialog& dialog, const QString& fileName) {
     // With room for the dock's title and its tabs.
     const int usual =
         std::clamp(dialog.usualHeight() + 5 * fontMetrics().height(), height() * 9 / 20, height() * 12 / 20);
+    const int needed = dialog.heightForRows() + 5 * fontMetrics().height();
     const int most = height() < LowWindow ? height() : height() * 15 / 20;
-    const int wanted = reviewHeight_ > 0 ? std::min(reviewHeight_, most) : height() < LowWindow ? most : usual;
+    const int wanted = reviewHeight_ > 0      ? std::min(reviewHeight_, most)
+                       : height() < LowWindow ? most
+                                              : std::min(usual, needed);
     // Once the docks have found their places.
     QTimer::singleShot(0, reviewDock_, [this, wanted] { setReviewHeight(wanted); });
 }
