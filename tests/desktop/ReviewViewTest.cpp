@@ -127,6 +127,21 @@ TEST_F(ReviewView, OfFewRowsLeavesThePlanInSight) {
     EXPECT_GE(all, window().height() * 2 / 5);
 }
 
+TEST_F(ReviewView, LeavesThePlanRoomInALowWindow) {
+    window().resize(1276, 756);
+    EXPECT_SOON(window().size() == QSize(1276, 756));
+    auto& data = *window().findChild<QDockWidget*>(QStringLiteral("elementDock"));
+    const int before = data.height();
+    std::string many;
+    for (int i = 0; i < 60; ++i) many += line(Wall, "Item" + std::to_string(i) + "[Custom]", "value");
+    review(many, [&](AddOnDialog& dialog) {
+        EXPECT_SOON(window().plan().view()->height() > 100);
+        EXPECT_FALSE(data.isVisible()) << "its place is the plan's";
+        press(dialog, Qt::Key_Escape);
+    });
+    EXPECT_SOON(data.isVisible() && std::abs(data.height() - before) < 20);
+}
+
 TEST_F(ReviewView, TicksAreCheckBoxes) {
     review(everyKind(), [](AddOnDialog& dialog) {
         RowListView& list = listOf(dialog);

@@ -118,6 +118,7 @@ void drawLegend(QPainter& painter, const QRectF& area, const QPalette& palette, 
     const double height = line * static_cast<double>(used.size()) + 2 * padding;
     const double across = width + swatch + gap + 2 * padding;
     const QRectF box(area.right() - across - margin, area.bottom() - height - margin, across, height);
+    if (box.top() < area.top()) return;  // the line below the list counts the rows, too
     QColor background = palette.color(QPalette::Window);
     background.setAlphaF(0.93F);
     QColor frame = palette.color(QPalette::Text);

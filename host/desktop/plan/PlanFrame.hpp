@@ -23,7 +23,7 @@ void drawScaleBar(QPainter& painter, const QRectF& area, const PlanViewport& vie
                   double metresPerUnit);
 /// In the upper right corner. @param north  In the model's coordinates.
 void drawNorthArrow(QPainter& painter, const QRectF& area, const QPalette& palette, const QPointF& north);
-/// In the lower right corner: each mark in use with its sign and number of rows.
+/// In the lower right corner: each mark in use with its sign and number of rows. Nothing where not all have room.
 void drawLegend(QPainter& painter, const QRectF& area, const QPalette& palette, const PlanMarks& marks);
 
 }  // namespace desktop

@@ -109,7 +109,6 @@ void PlanPanel::refresh() {
 
 void PlanPanel::setSource(const model::Model* model, const ElementIndex* index) {
     view_->setSelected(std::nullopt);
-    view_->setSelectedBeside({});
     view_->setMarks(nullptr);
     view_->setStoreys({});
     marks_ = nullptr;

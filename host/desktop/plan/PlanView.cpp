@@ -128,7 +128,11 @@ void PlanView::setMarks(const PlanMarks* marks) {
 
 void PlanView::setSelected(std::optional<model::Element> element) {
     selected_ = element;
-    if (element) bringIntoSight(*element);
+    if (element) {
+        bringIntoSight(*element);
+    } else {
+        selectedBeside_.clear();
+    }
     update();
 }
 

@@ -482,6 +482,9 @@ void MainWindow::dockReview(AddOnDialog& dialog, const QString& fileName) {
     dialog.embed();
     focusBefore_ = focusWidget();
     reportHeight_ = reportDock_->height();
+    const bool both = planDock_->isVisible() && elementDock_->isVisible();
+    planHeight_ = both ? planDock_->height() : 0;
+    elementHeight_ = both ? elementDock_->height() : 0;
     heightGiven_ = 0;
     setCorner(Qt::BottomRightCorner, Qt::BottomDockWidgetArea);
     const QString title =
@@ -523,8 +526,25 @@ void MainWindow::setReviewHeight(int wanted, bool again) {
     constexpr int LaidOutMs = 30;
     QTimer::singleShot(LaidOutMs, reviewDock_, [this, wanted, again] {
         heightGiven_ = reviewDock_->height();
-        if (!again && heightGiven_ != wanted) setReviewHeight(wanted, true);
+        if (!again && heightGiven_ != wanted) {
+            setReviewHeight(wanted, true);
+        } else if (reviewPlace_->widget()) {
+            leavePlanRoom();
+        }
     });
+}
+
+/// The plan shows what the rows are about. Where the review leaves it a strip, the data of an element give way; the
+/// menu of the view brings them back.
+void MainWindow::leavePlanRoom() {
+    constexpr int LeastPlan = 130;
+    const bool inTurn = tabifiedDockWidgets(planDock_).contains(elementDock_);
+    if (planDock_->isHidden() || elementDock_->isHidden() || inTurn || planDock_->isFloating() ||
+        elementDock_->isFloating() || plan_->view()->height() >= LeastPlan) {
+        return;
+    }
+    elementDock_->hide();
+    hiddenForReview_.emplace_back(elementDock_);
 }
 
 void MainWindow::undockReview() {
@@ -538,6 +558,8 @@ void MainWindow::undockReview() {
     reviewDock_->hide();
     for (const QPointer<QWidget>& part : std::exchange(hiddenForReview_, {}))
         if (part) part->show();
+    if (planHeight_ > 0 && elementHeight_ > 0)
+        resizeDocks({planDock_, elementDock_}, {planHeight_, elementHeight_}, Qt::Vertical);
     // Else the next line edit would get it, and with it the keys of undo and redo.
     if (focusBefore_) {
         focusBefore_->setFocus();

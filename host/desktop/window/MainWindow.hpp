@@ -94,6 +94,7 @@ private:
     void setReviewHeight(int wanted, bool again = false);
     void undockReview();
     void makeRoomForReview();
+    void leavePlanRoom();
     void closeReview();
     void lookUp(model::Element element);
     void showInPlan(model::Element element);
@@ -133,6 +134,7 @@ private:
     std::function<void()> afterCommand_;              ///< What the user wants once the add-on's command has ended.
     QPointer<QWidget> focusBefore_;                   ///< The review had it.
     std::vector<QPointer<QWidget>> hiddenForReview_;  ///< In a low window.
+    int planHeight_ = 0, elementHeight_ = 0;          ///< Before there was a review.
     int reportHeight_ = 0;                            ///< While a review has the report's place.
     int heightGiven_ = 0;                             ///< The review's, by the program; 0: not yet.
     int reviewHeight_ = 0;                            ///< As the user left it; 0: not yet.
