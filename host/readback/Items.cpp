@@ -144,6 +144,7 @@ void readProperties(const Model& model, Element element, const std::vector<const
     });
     if (enumerated.empty()) return;
     std::vector<model::PropertyName> names;
+    names.reserve(enumerated.size());
     for (const std::size_t i : enumerated) names.push_back({places[i]->set, places[i]->property});
     const auto chosen = model.chosenItems(element, names);
     for (std::size_t i = 0; i < enumerated.size(); ++i) stored[enumerated[i]] = storedEnumeration(chosen[i]);
@@ -244,6 +245,7 @@ std::map<std::u16string_view, std::u16string> firstSets(const Model& model, Elem
 
 std::vector<Place> placesOf(const Model& model, Element element, const std::vector<std::string_view>& items) {
     std::vector<updatefile::Designation> wanted;
+    wanted.reserve(items.size());
     for (const std::string_view item : items) wanted.push_back(updatefile::parseDesignation(text::fromUtf8(item)));
     const auto attributeList = attributesOf(model, element);
     const auto attributes = byName(attributeList, &model::Attribute::name);
