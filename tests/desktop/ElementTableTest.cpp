@@ -325,4 +325,15 @@ TEST_F(ElementTable, ColumnThatAnUpdateWouldNotReachIsForTheReader) {
     EXPECT_THAT(bytesOf(path), testing::StartsWith("GUID,#Storey,#Class,#Type,#Name,#GlobalId,Tag\n"));
 }
 
+/// A file may name a set or a property anyhow, TABs included.
+TEST(ItemKey, LeadsBackToTheItemWhateverItsNameHolds) {
+    const QString odd = QStringLiteral("a\tb\t7\t%1");
+    for (const Item& item : {FireRating, Item{ItemKind::Property, odd, odd}, Item{ItemKind::Property, odd, {}},
+                             Item{ItemKind::Attribute, {}, odd}, Item{ItemKind::Classification, {}, {}}})
+        EXPECT_EQ(Item::fromKey(item.key()), item) << item.key().toStdString();
+    for (const char* key : {"", "1", "1\t", "1\t0", "3\t0\tName", "-1\t0\tName", "1\t5\tName", "1\t-1\tName",
+                            "1\tPset_WallCommon\tFireRating"})
+        EXPECT_EQ(Item::fromKey(QString::fromLatin1(key)), std::nullopt) << key;
+}
+
 }  // namespace desktop_tests

@@ -50,15 +50,20 @@ QString Item::title() const {
 }
 
 QString Item::key() const {
-    return QStringList{QString::number(static_cast<int>(kind)), set, name}.join(u'\t');
+    // The set's length says where it ends: any character may stand in a name.
+    return QStringLiteral("%1\t%2\t").arg(static_cast<int>(kind)).arg(set.size()) + set + name;
 }
 
 std::optional<Item> Item::fromKey(const QString& key) {
-    const QStringList parts = key.split(u'\t');
-    bool isNumber = false;
-    const int kind = parts.first().toInt(&isNumber);
-    if (parts.size() != 3 || !isNumber || kind < 0 || kind > static_cast<int>(ItemKind::Classification)) return {};
-    return Item{static_cast<ItemKind>(kind), parts[1], parts[2]};
+    const qsizetype first = key.indexOf(u'\t'), second = key.indexOf(u'\t', first + 1);
+    if (first < 0 || second < 0) return {};
+    bool isKind = false, isLength = false;
+    const int kind = QStringView(key).first(first).toInt(&isKind);
+    const qsizetype length = QStringView(key).sliced(first + 1, second - first - 1).toInt(&isLength);
+    const QString both = key.sliced(second + 1);
+    if (!isKind || kind < 0 || kind > static_cast<int>(ItemKind::Classification)) return {};
+    if (!isLength || length < 0 || length > both.size()) return {};
+    return Item{static_cast<ItemKind>(kind), both.first(length), both.sliced(length)};
 }
 
 void ItemValues::forget() {

@@ -10,7 +10,9 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <cerrno>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <optional>
 
@@ -46,13 +48,16 @@ public:
 
     bool good() const { return descriptor_ >= 0; }
     const std::string& path() const { return path_; }
-    std::string bytes() const {
+    Result<std::string> bytes() const {
         std::string bytes;
         std::array<char, 65536> stretch{};
-        ssize_t count = 0;
-        while ((count = pread(descriptor_, stretch.data(), stretch.size(), static_cast<off_t>(bytes.size()))) > 0)
+        for (;;) {
+            const ssize_t count = pread(descriptor_, stretch.data(), stretch.size(), static_cast<off_t>(bytes.size()));
+            if (count == 0) return bytes;
+            if (count < 0 && errno == EINTR) continue;
+            if (count < 0) return Error{text::message("the workbook cannot be written: {}", std::strerror(errno))};
             bytes.append(stretch.data(), static_cast<std::size_t>(count));
-        return bytes;
+        }
     }
 
 private:

@@ -26,7 +26,7 @@ constexpr std::array Kinds = {
     Kind{"\xFE\xFF", Utf16},
     Kind{Utf16Start, Utf16},
     Kind{Utf16BigStart, Utf16},
-    Kind{"<?Xml", Xml},
+    Kind{"<?xml", Xml},
     Kind{"\xEF\xBB\xBF<", Xml},
     Kind{"<", text::phrase("it is XML or HTML, not an IFC file in clear text; export the model as .ifc")},
     Kind{"{", text::phrase("it is JSON, not an IFC file in clear text; export the model as .ifc")},
