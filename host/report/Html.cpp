@@ -181,7 +181,7 @@ void Page::storey(std::size_t first, std::size_t end, std::size_t number) {
     element("h2", orUnnamed(name, NoStorey));
     if (const auto plan = plans_.find(name); plan != plans_.end() && !name.empty())
         appendPlan(*plan->second, report_, page_);
-    const auto typeOf = [](const Subject& subject) -> const std::string& { return subject.type; };
+    const auto typeOf = [](const Subject& subject) { return subject.type; };
     for (std::size_t at = first; at < end;) {
         const std::size_t next = endOf(at, end, typeOf);
         group(at, next);
@@ -192,7 +192,7 @@ void Page::storey(std::size_t first, std::size_t end, std::size_t number) {
 
 void Page::group(std::size_t first, std::size_t end) {
     page_ += "<h3>";
-    appendText(report_.subjects[first].type, page_);
+    appendText(report_.subjects[first].type.text(), page_);
     page_ += fmt::format(" <span>{}</span></h3>\n", end - first);
     page_ += "<table>\n<thead><tr>";
     for (const text::Phrase title : Titles) {

@@ -23,10 +23,10 @@ Json asJson(const Subject& subject) {
     return {{"guid", subject.guid},
             {"globalId", subject.globalId},
             {"class", subject.ifcClass},
-            {"type", subject.type},
+            {"type", subject.type.english()},
             {"name", subject.name},
             {"storey", subject.storey},
-            {"remark", subject.remark ? subject.remark.english() : ""},
+            {"remark", subject.remark.english()},
             {"rows", std::move(rows)}};
 }
 

@@ -104,7 +104,7 @@ void appendLinked(const Outline& outline, const Report& report, const Mapping& m
     const char* mark = tone == Tone::Bad ? "bad" : tone == Tone::Note ? "note" : "good";
     html += fmt::format("<a class=\"{}{}\" href=\"#e{}\"><title>", mark, subject.remark == Removed ? " gone" : "",
                         *outline.subject + 1);
-    appendText(subject.name.empty() ? subject.type : subject.name, html);
+    appendText(subject.name.empty() ? subject.type.text() : subject.name, html);
     html += "</title>";
     appendShape(outline, mapping, html);
     html += "</a>\n";

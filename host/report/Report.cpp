@@ -27,14 +27,15 @@ const char* nameOf(Tone tone) {
 void arrange(std::vector<Subject>& subjects) {
     // In the order in which storeys and types first come: that of the model.
     std::map<std::string, std::size_t> storeys;
-    std::map<std::pair<std::string, std::string>, std::size_t> types;
+    std::map<std::pair<std::string, std::string_view>, std::size_t> types;
     for (const Subject& subject : subjects) {
         storeys.try_emplace(subject.storey, storeys.size());
-        types.try_emplace({subject.storey, subject.type}, types.size());
+        types.try_emplace({subject.storey, subject.type.english()}, types.size());
     }
     const auto rank = [&](const Subject& subject) {
         // What stands nowhere comes last.
-        return std::tuple(subject.storey.empty(), storeys.at(subject.storey), types.at({subject.storey, subject.type}));
+        return std::tuple(subject.storey.empty(), storeys.at(subject.storey),
+                          types.at({subject.storey, subject.type.english()}));
     };
     std::vector<std::pair<std::tuple<bool, std::size_t, std::size_t>, std::size_t>> order;
     for (std::size_t i = 0; i < subjects.size(); ++i) order.emplace_back(rank(subjects[i]), i);
@@ -51,7 +52,7 @@ Subject subjectOf(const model::Model& model, model::Element element) {
     subject.guid = text::guidText(info.guid);
     subject.globalId = info.globalId;
     subject.ifcClass = info.ifcClass;
-    subject.type = std::string(info.typeName);
+    subject.type = info.typeName;
     subject.name = text::toUtf8(model.name(element));
     // A storey's own changes stand with those of what is in it.
     subject.storey = info.ifcClass == "IfcBuildingStorey" ? subject.name : model.storey(element);

@@ -35,7 +35,8 @@ inline constexpr text::Phrase Added = text::phrase("added"), Removed = text::phr
 
 /// An element and what is to be said of it.
 struct Subject {
-    std::string guid, globalId, ifcClass, type, name;
+    std::string guid, globalId, ifcClass, name;
+    text::Phrase type;    ///< As the host calls it, "Wall"; in English in the JSON.
     std::string storey;   ///< Empty where it stands in none.
     text::Phrase remark;  ///< Added or Removed; none for an element whose rows say it all.
     std::vector<Row> rows;

@@ -19,8 +19,8 @@ model::Result<std::string> toWorkbook(const Report& report) {
     tables::Grid grid{{"GUID"}, {}};
     for (const text::Phrase title : Titles) grid.columns.push_back("#" + title.text());
     const auto add = [&grid](const Subject& subject, const Row& row) {
-        grid.rows.push_back({subject.guid, subject.storey, subject.type, subject.ifcClass, subject.name, row.item,
-                             row.old.value_or(""), row.now.value_or(""), row.asked.value_or(""), row.remark});
+        grid.rows.push_back({subject.guid, subject.storey, subject.type.text(), subject.ifcClass, subject.name,
+                             row.item, row.old.value_or(""), row.now.value_or(""), row.asked.value_or(""), row.remark});
     };
     for (const Subject& subject : report.subjects) {
         if (subject.rows.empty()) {

@@ -33,7 +33,7 @@ void setTranslator(Translator translator) {
 }
 
 std::string Phrase::text() const {
-    return english_ == nullptr ? std::string() : translated(english_);
+    return *this ? translated(english_) : std::string();
 }
 
 std::string fill(const char* english, std::initializer_list<std::string_view> arguments) {

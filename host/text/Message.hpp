@@ -32,16 +32,15 @@ public:
 
     /// In the user's language; empty for none.
     std::string text() const;
-    /// As in the source, for files and programs; null for none.
+    /// As in the source, for files and programs.
     constexpr const char* english() const { return english_; }
-    constexpr explicit operator bool() const { return english_ != nullptr; }
+    constexpr explicit operator bool() const { return *english_ != '\0'; }
     friend constexpr bool operator==(const Phrase& a, const Phrase& b) {
-        const std::string_view one = a.english_ == nullptr ? "" : a.english_;
-        return one == (b.english_ == nullptr ? "" : b.english_);
+        return std::string_view(a.english_) == b.english_;
     }
 
 private:
-    const char* english_ = nullptr;
+    const char* english_ = "";
 };
 
 constexpr Phrase phrase(const char* english) {

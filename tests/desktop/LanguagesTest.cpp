@@ -276,17 +276,33 @@ TEST_F(GermanFromBelow, RowStoredOtherwiseSaysSoInGermanAndItsStepHasAGermanName
     EXPECT_EQ(window().document().model()->undoSteps().undo, "Wie verlangt speichern");
 }
 
+TEST_F(GermanFromBelow, TypesHaveTheSameGermanNamesInTheTableTheElementsDataAndTheReview) {
+    openSample();
+    desktop::ElementPanel& elements = window().elements();
+    const QAbstractItemModel& table = *elements.table()->model();
+    elements.filterField()->setText(QStringLiteral("decke bodenplatte"));
+    EXPECT_SOON(table.rowCount() == 1);
+    EXPECT_EQ(table.index(0, 1).data().toString(), QStringLiteral("Decke"));
+    elements.filterField()->clear();
+    elements.select(*window().document().model()->find(*desktop::guidFromText(desktop::toQString(Wall))));
+    EXPECT_EQ(window().inspector().findChild<QLabel*>(QStringLiteral("elementHeading"))->text(),
+              QStringLiteral("Außenwand Süd – Wand"));
+    review(Wall + "\tName\t\tNordwand\n",
+           [](AddOnDialog& dialog) { EXPECT_EQ(cell(dialog, 1, 3), QStringLiteral("Wand")); });
+}
+
 TEST_F(GermanFromBelow, ReportsAreGermanButForTheNamesInJson) {
     openSample();
     review(Wall + "\tName\t\tNordwand\n" + slab_ + "\tPredefinedType\t\tCEILING\n", [this](AddOnDialog& dialog) {
         applyAll(dialog);
         EXPECT_THAT(reportOf(dialog, "changes.html"),
                     AllOf(HasSubstr("<html lang=\"de\">"), HasSubstr("<h1>Änderungen an house.ifc</h1>"),
+                          HasSubstr("<h3>Wand <span>1</span></h3>"),
                           HasSubstr("<b>1</b> <span>wie verlangt geändert</span>"), HasSubstr("<h2>Verlangt und nicht"),
                           HasSubstr("Abgelehnt: &quot;CEILING&quot; steht nicht in der Aufzählung")));
         EXPECT_THAT(reportOf(dialog, "changes.json"),
                     AllOf(HasSubstr("\"facts\":{\"Model\":"), HasSubstr("\"changed as asked\":1"),
-                          HasSubstr("\"remark\":\"Abgelehnt: ")));
+                          HasSubstr("\"type\":\"Wall\""), HasSubstr("\"remark\":\"Abgelehnt: ")));
     });
 }
 

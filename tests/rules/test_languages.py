@@ -32,7 +32,6 @@ NOT_SAID = {
     "classification relation ": "a new GlobalId is made of it",
     "property set ": "a new GlobalId is made of it",
     "property relation ": "a new GlobalId is made of it",
-    "Curtain Wall": "a type's name, which the add-on knows",
     "Property not found.": "the add-on's own, by which its rows are known",
     "Element / Type not found.": "the add-on's own, by which its rows are known",
     "Old and new values are the same.": "the add-on's own, by which its rows are known",

@@ -30,7 +30,7 @@ struct Subject {
 
 Subject subjectOf(const model::Model& model, model::Element element) {
     const model::ElementInfo info = model.info(element);
-    return {text::guidText(info.guid), info.globalId, info.ifcClass, std::string(info.typeName),
+    return {text::guidText(info.guid), info.globalId, info.ifcClass, info.typeName.english(),
             toUtf8(model.name(element))};
 }
 

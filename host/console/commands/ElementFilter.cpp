@@ -66,7 +66,7 @@ ElementFilter::ElementFilter(const model::Model& model, std::string type, const 
 
 bool ElementFilter::takes(model::Element element) const {
     const model::ElementInfo info = model_.info(element);
-    if (!type_.empty() && !equalIgnoringCase(type_, info.typeName)) return false;
+    if (!type_.empty() && !equalIgnoringCase(type_, info.typeName.english())) return false;
     if (ifcClass_ == nullptr) return true;
     // Who asks for IfcWall wants the IfcWallStandardCase, too.
     const model::ifc::Entity* entity = schema_->entity(info.ifcClass);

@@ -20,7 +20,7 @@ const std::vector<std::string> Header{"GUID", "GlobalId", "Class", "Type", "Name
 
 std::vector<std::string> record(const model::Model& model, model::Element element) {
     const model::ElementInfo info = model.info(element);
-    return {text::guidText(info.guid), info.globalId, info.ifcClass, std::string(info.typeName),
+    return {text::guidText(info.guid), info.globalId, info.ifcClass, info.typeName.english(),
             toUtf8(model.name(element))};
 }
 

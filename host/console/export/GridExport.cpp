@@ -24,7 +24,7 @@ GridExport::GridExport(const model::Model& model, const std::vector<std::string>
 void GridExport::add(model::Element element) {
     const model::ElementInfo info = model_.info(element);
     Row& row = rows_.emplace_back();
-    row = {text::guidText(info.guid), model_.storey(element), info.ifcClass, std::string(info.typeName),
+    row = {text::guidText(info.guid), model_.storey(element), info.ifcClass, info.typeName.english(),
            toUtf8(model_.name(element))};
     row.resize(columns_.size());
     anyThere_ = false;

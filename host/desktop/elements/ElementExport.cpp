@@ -84,7 +84,7 @@ tables::Grid gridOf(const model::Model& model, const std::vector<model::Element>
         const model::ElementInfo info = model.info(element);
         const std::string guid = text::guidText(info.guid), name = text::toUtf8(model.name(element));
         auto& row = grid.rows.emplace_back(std::vector<std::string>{
-            guid, model.storey(element), std::string(info.ifcClass), std::string(info.typeName), name});
+            guid, model.storey(element), std::string(info.ifcClass), info.typeName.english(), name});
         if (further.rooms) row.push_back(further.rooms->room(element).toStdString());
         if (items.empty()) continue;
         const ElementData data = dataOf(model, element);

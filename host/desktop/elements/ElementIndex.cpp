@@ -74,22 +74,25 @@ ElementIndex::ElementIndex(const model::Model& model) {
     const auto count = static_cast<model::Element>(model.elementCount());
     rows_.resize(count);
     guids_.resize(count);
-    QHash<QString, std::uint16_t> typeNumbers, classNumbers;
+    QHash<std::int32_t, std::uint16_t> typeNumbers;
+    QHash<QString, std::uint16_t> classNumbers;
     // Some ten types and classes for hundreds of thousands of elements: each row keeps a number of 16 bits.
-    const auto shared = [](QHash<QString, std::uint16_t>& numbers, std::vector<Shared>& texts, const QString& text) {
-        const auto known = numbers.constFind(text);
+    const auto shared = [](auto& numbers, std::vector<Shared>& texts, const auto& key, const auto& textOf) {
+        const auto known = numbers.constFind(key);
         if (known != numbers.constEnd()) return *known;
         const auto next = static_cast<std::uint16_t>(texts.size());
+        const QString text = textOf();
         texts.push_back({text, text.toCaseFolded(), false});
-        numbers.insert(text, next);
+        numbers.insert(key, next);
         return next;
     };
     std::vector<QString> storeyOf(count);
     for (model::Element element = 0; element < count; ++element) {
         const model::ElementInfo info = model.info(element);
-        rows_[element].type = shared(typeNumbers, types_, toQString(info.typeName));
+        rows_[element].type = shared(typeNumbers, types_, info.typeId, [&] { return toQString(info.typeName.text()); });
+        const QString ifcClass = toQString(info.ifcClass);
         const std::size_t classesBefore = classes_.size();
-        rows_[element].ifcClass = shared(classNumbers, classes_, toQString(info.ifcClass));
+        rows_[element].ifcClass = shared(classNumbers, classes_, ifcClass, [&] { return ifcClass; });
         if (classes_.size() > classesBefore) classes_.back().aid = model::ifc::isAid(model.entity(element));
         aidCount_ += isAid(element);
         rows_[element].typeId = info.typeId;

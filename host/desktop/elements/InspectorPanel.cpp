@@ -133,7 +133,7 @@ void InspectorPanel::fill(const model::Model* model) {
     } else if (elements_.size() == 1) {
         const model::Element element = elements_.front();
         const QString name = shownName(*model, element);
-        const QString type = toQString(model->info(element).typeName);
+        const QString type = toQString(model->info(element).typeName.text());
         heading_->setText(visible(name.isEmpty() ? type : QStringLiteral("%1 – %2").arg(name, type)));
         addIdentity(*model, element);
         addAttributes(*model, element);

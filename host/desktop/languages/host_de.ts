@@ -436,6 +436,74 @@
         <translation>das Element hat {} Eigenschaftssätze {}; der erste passende wurde geändert</translation>
     </message>
     <message>
+        <source>Wall</source>
+        <translation>Wand</translation>
+    </message>
+    <message>
+        <source>Column</source>
+        <translation>Stütze</translation>
+    </message>
+    <message>
+        <source>Beam</source>
+        <translation>Träger</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>Fenster</translation>
+    </message>
+    <message>
+        <source>Door</source>
+        <translation>Tür</translation>
+    </message>
+    <message>
+        <source>Object</source>
+        <translation>Objekt</translation>
+    </message>
+    <message>
+        <source>Lamp</source>
+        <translation>Leuchte</translation>
+    </message>
+    <message>
+        <source>Slab</source>
+        <translation>Decke</translation>
+    </message>
+    <message>
+        <source>Roof</source>
+        <translation>Dach</translation>
+    </message>
+    <message>
+        <source>Mesh</source>
+        <translation>Gelände</translation>
+    </message>
+    <message>
+        <source>Zone</source>
+        <translation>Raum</translation>
+    </message>
+    <message>
+        <source>Curtain Wall</source>
+        <translation>Fassade</translation>
+    </message>
+    <message>
+        <source>Site</source>
+        <translation>Grundstück</translation>
+    </message>
+    <message>
+        <source>Building</source>
+        <translation>Gebäude</translation>
+    </message>
+    <message>
+        <source>Storey</source>
+        <translation>Geschoss</translation>
+    </message>
+    <message>
+        <source>Product</source>
+        <translation>Produkt</translation>
+    </message>
+    <message>
+        <source>Opening</source>
+        <translation>Öffnung</translation>
+    </message>
+    <message>
         <source>{} is no code of a logical (0 false, 1 unknown, 2 true)</source>
         <translation>{} ist kein Code eines logischen Werts (0 falsch, 1 unbekannt, 2 wahr)</translation>
     </message>
@@ -982,10 +1050,6 @@
     <message>
         <source>IFC class</source>
         <translation>IFC-Klasse</translation>
-    </message>
-    <message>
-        <source>Storey</source>
-        <translation>Geschoss</translation>
     </message>
     <message>
         <source>Type object</source>

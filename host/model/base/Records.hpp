@@ -2,6 +2,7 @@
 // What the model says of an element, as plain records.
 
 #include "model/base/PlanRecords.hpp"
+#include "text/Message.hpp"
 
 #include <array>
 #include <cstdint>
@@ -19,11 +20,11 @@ using Element = std::uint32_t;
 
 struct ElementInfo {
     Guid guid;
-    std::string globalId;       ///< The same in IFC's form, 22 characters.
-    std::string ifcClass;       ///< In the schema's spelling, "IfcWall".
-    std::int32_t typeId;        ///< Element type of the host interface.
-    std::string_view typeName;  ///< Display name, "Wall"; a constant.
-    std::uint64_t instanceId;   ///< The number behind '#' in the file.
+    std::string globalId;      ///< The same in IFC's form, 22 characters.
+    std::string ifcClass;      ///< In the schema's spelling, "IfcWall".
+    std::int32_t typeId;       ///< Element type of the host interface.
+    text::Phrase typeName;     ///< Display name, "Wall"; for files in English.
+    std::uint64_t instanceId;  ///< The number behind '#' in the file.
 };
 
 /// A class that the file's schema does not have: its instances are kept in the file and not read.

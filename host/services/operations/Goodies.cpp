@@ -16,7 +16,7 @@ namespace {
 GSErrCode typeName(const void* typeAsPointer, GS::UniString* name) {
     const auto type = reinterpret_cast<std::intptr_t>(typeAsPointer);
     if (name == nullptr || type < 0 || type > std::numeric_limits<API_ElemTypeID>::max()) return APIERR_BADPARS;
-    const std::string_view known = model::ifc::elementTypeName(static_cast<API_ElemTypeID>(type));
+    const std::string known = model::ifc::elementTypeName(static_cast<API_ElemTypeID>(type)).text();
     if (known.empty()) return APIERR_BADPARS;
     *name = GS::UniString(known.data(), static_cast<USize>(known.size()));
     return NoError;

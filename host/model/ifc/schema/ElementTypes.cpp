@@ -15,24 +15,24 @@ struct Row {
 };
 
 constexpr std::array Rows = {
-    Row{"IfcWall", {ElementTypeIds::Wall, "Wall"}},
-    Row{"IfcColumn", {ElementTypeIds::Column, "Column"}},
-    Row{"IfcBeam", {ElementTypeIds::Beam, "Beam"}},
-    Row{"IfcMember", {ElementTypeIds::Beam, "Beam"}},
-    Row{"IfcWindow", {ElementTypeIds::Window, "Window"}},
-    Row{"IfcDoor", {ElementTypeIds::Door, "Door"}},
-    Row{"IfcElement", {ElementTypeIds::Object, "Object"}},
-    Row{"IfcLightFixture", {ElementTypeIds::Lamp, "Lamp"}},
-    Row{"IfcSlab", {ElementTypeIds::Slab, "Slab"}},
-    Row{"IfcRoof", {ElementTypeIds::Roof, "Roof"}},
-    Row{"IfcGeographicElement", {ElementTypeIds::Mesh, "Mesh"}},
-    Row{"IfcSpace", {ElementTypeIds::Zone, "Zone"}},
-    Row{"IfcCurtainWall", {ElementTypeIds::CurtainWall, "Curtain Wall"}},
-    Row{"IfcSite", {ElementTypeIds::Site, "Site"}},
-    Row{"IfcBuilding", {ElementTypeIds::Building, "Building"}},
-    Row{"IfcBuildingStorey", {ElementTypeIds::Storey, "Storey"}},
-    Row{"IfcProduct", {ElementTypeIds::Product, "Product"}},
-    Row{"IfcFeatureElement", {ElementTypeIds::Opening, "Opening"}},
+    Row{"IfcWall", {ElementTypeIds::Wall, text::phrase("Wall")}},
+    Row{"IfcColumn", {ElementTypeIds::Column, text::phrase("Column")}},
+    Row{"IfcBeam", {ElementTypeIds::Beam, text::phrase("Beam")}},
+    Row{"IfcMember", {ElementTypeIds::Beam, text::phrase("Beam")}},
+    Row{"IfcWindow", {ElementTypeIds::Window, text::phrase("Window")}},
+    Row{"IfcDoor", {ElementTypeIds::Door, text::phrase("Door")}},
+    Row{"IfcElement", {ElementTypeIds::Object, text::phrase("Object")}},
+    Row{"IfcLightFixture", {ElementTypeIds::Lamp, text::phrase("Lamp")}},
+    Row{"IfcSlab", {ElementTypeIds::Slab, text::phrase("Slab")}},
+    Row{"IfcRoof", {ElementTypeIds::Roof, text::phrase("Roof")}},
+    Row{"IfcGeographicElement", {ElementTypeIds::Mesh, text::phrase("Mesh")}},
+    Row{"IfcSpace", {ElementTypeIds::Zone, text::phrase("Zone")}},
+    Row{"IfcCurtainWall", {ElementTypeIds::CurtainWall, text::phrase("Curtain Wall")}},
+    Row{"IfcSite", {ElementTypeIds::Site, text::phrase("Site")}},
+    Row{"IfcBuilding", {ElementTypeIds::Building, text::phrase("Building")}},
+    Row{"IfcBuildingStorey", {ElementTypeIds::Storey, text::phrase("Storey")}},
+    Row{"IfcProduct", {ElementTypeIds::Product, text::phrase("Product")}},
+    Row{"IfcFeatureElement", {ElementTypeIds::Opening, text::phrase("Opening")}},
 };
 
 }  // namespace
@@ -47,16 +47,18 @@ ElementType elementTypeOf(const Entity& product) {
     return {ElementTypeIds::NoType, {}};
 }
 
-std::string_view elementTypeName(std::int32_t id) {
+text::Phrase elementTypeName(std::int32_t id) {
     const auto row =
         std::find_if(Rows.begin(), Rows.end(), [&](const Row& candidate) { return candidate.type.id == id; });
-    return row == Rows.end() ? std::string_view() : row->type.name;
+    return row == Rows.end() ? text::Phrase() : row->type.name;
 }
 
 std::vector<std::string_view> elementTypeNames() {
     std::vector<std::string_view> names;
-    for (const Row& row : Rows)
-        if (std::find(names.begin(), names.end(), row.type.name) == names.end()) names.push_back(row.type.name);
+    for (const Row& row : Rows) {
+        const std::string_view name = row.type.name.english();
+        if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
+    }
     return names;
 }
 
