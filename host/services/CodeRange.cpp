@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -17,7 +18,7 @@ namespace {
 struct Search {
     std::uintptr_t base;
     const ElfW(Dyn) * dynamicSection;
-    std::vector<CodeRange> found;
+    std::span<const ElfW(Phdr)> headers;  ///< What is found: in the image's own memory.
 };
 
 /// Two images may share a load address of 0 (position-dependent ones), never a dynamic section.
@@ -29,14 +30,11 @@ bool isSearched(const dl_phdr_info& image, const Search& search) {
            });
 }
 
+/// Takes no memory: an exception that came through the C library's walk would end the program where there is none left.
 int visit(dl_phdr_info* image, std::size_t, void* argument) {
     auto& search = *static_cast<Search*>(argument);
     if (!isSearched(*image, search)) return 0;
-    for (const auto* header = image->dlpi_phdr; header != image->dlpi_phdr + image->dlpi_phnum; ++header) {
-        if (header->p_type != PT_LOAD || (header->p_flags & PF_X) == 0) continue;
-        const std::uintptr_t begin = image->dlpi_addr + header->p_vaddr;
-        search.found.push_back({begin, begin + header->p_memsz});
-    }
+    search.headers = {image->dlpi_phdr, image->dlpi_phnum};
     return 1;
 }
 
@@ -46,7 +44,13 @@ std::vector<CodeRange> codeSegments(void* image) {
     if (dlinfo(image, RTLD_DI_LINKMAP, &map) != 0) return {};
     Search search{map->l_addr, map->l_ld, {}};
     dl_iterate_phdr(&visit, &search);
-    return search.found;
+    std::vector<CodeRange> segments;
+    for (const ElfW(Phdr) & header : search.headers) {
+        if (header.p_type != PT_LOAD || (header.p_flags & PF_X) == 0) continue;
+        const std::uintptr_t begin = search.base + header.p_vaddr;
+        segments.push_back({begin, begin + header.p_memsz});
+    }
+    return segments;
 }
 
 /// The processor's return instruction; empty on one that is not known here, where no crash is ever noticed either (see
