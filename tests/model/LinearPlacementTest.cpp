@@ -189,11 +189,13 @@ TEST(LinearPlacement, IsNoneWhereTheCurveIsOfAnotherKind) {
     round.ifc.raw("IFCCOMPOSITECURVESEGMENT(.CONTINUOUS.,.T.,#1)");
     round.signAlong(self, "1.");
     EXPECT_EQ(placeText(round.place()), "none");
-    Track turned;
-    const Id point = turned.ifc.raw("IFCPOINTBYDISTANCEEXPRESSION(IFCPARAMETERVALUE(0.5),$,$,$," +
-                                    ref(turned.g.polyline({"(0.,0.,0.)", "(4.,0.,0.)"})) + ")");
-    turned.sign(turned.linear(turned.ifc.add("IfcAxis2PlacementLinear", {{"Location", ref(point)}})));
-    EXPECT_EQ(placeText(turned.place()), "none") << "a parameter is no length";
+    for (const char* keyword : {"IFCPARAMETERVALUE", "IfcParameterValue"}) {
+        Track turned;
+        const Id point = turned.ifc.raw("IFCPOINTBYDISTANCEEXPRESSION(" + std::string(keyword) + "(0.5),$,$,$," +
+                                        ref(turned.g.polyline({"(0.,0.,0.)", "(4.,0.,0.)"})) + ")");
+        turned.sign(turned.linear(turned.ifc.add("IfcAxis2PlacementLinear", {{"Location", ref(point)}})));
+        EXPECT_EQ(placeText(turned.place()), "none") << "a parameter is no length";
+    }
 }
 
 TEST(LinearPlacement, FollowsCurvesOfManyPiecesButNotOfAnyNumber) {

@@ -73,17 +73,6 @@ std::optional<Point> placeOn(const Piece& piece, double distance) {
 
 using Pieces = std::vector<Piece>;
 
-/// A number that is a length, not a curve's own parameter.
-std::optional<double> lengthIn(const step::Instance& instance, std::size_t attributeIndex) {
-    std::string_view keyword;
-    step::Value inner;
-    if (attributeIndex >= instance.arguments.size()) return std::nullopt;
-    const step::Value& value = instance.arguments[attributeIndex];
-    if (!step::splitTyped(value, keyword, inner)) return step::realValue(value);
-    if (text::equalIgnoringCase(keyword, "IFCPARAMETERVALUE")) return std::nullopt;
-    return step::realValue(inner);
-}
-
 /// An arc through three points of one height.
 std::optional<Piece> arcThrough(const Point& a, const Point& b, const Point& c) {
     // From the first point on: far from the origin the squares would lose what the arc is about.
@@ -330,6 +319,16 @@ std::shared_ptr<const Axis> axisOf(Workspace& work, Slot curve) {
 }
 
 }  // namespace
+
+std::optional<double> lengthIn(const step::Instance& instance, std::size_t attributeIndex) {
+    std::string_view keyword;
+    step::Value inner;
+    if (attributeIndex >= instance.arguments.size()) return std::nullopt;
+    const step::Value& value = instance.arguments[attributeIndex];
+    if (!step::splitTyped(value, keyword, inner)) return step::realValue(value);
+    if (text::equalIgnoringCase(keyword, "IFCPARAMETERVALUE")) return std::nullopt;
+    return step::realValue(inner);
+}
 
 std::optional<Frame> frameAlong(Workspace& work, Slot curve, double distance) {
     const auto axis = axisOf(work, curve);

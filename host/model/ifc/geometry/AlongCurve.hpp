@@ -10,6 +10,9 @@ namespace model::ifc {
 /// curves of other kinds or of more than MostPieces pieces, and beyond their ends.
 std::optional<Frame> frameAlong(Workspace& work, step::Slot curve, double distance);
 
+/// An argument that is a length: nothing for a parameter of the curve's own, which is a part of its length or an angle.
+std::optional<double> lengthIn(const step::Instance& instance, std::size_t attributeIndex);
+
 /// Each thing beside a track is found along all of the track, which is read once for all of them: this bounds what many
 /// of them cost.
 inline constexpr std::size_t MostPieces = 2000;

@@ -73,12 +73,8 @@ std::optional<Frame> linearFrame(GeometryReader& reader, const step::Instance& p
                                     [](const step::Value& axis) { return axis.kind != step::ValueKind::Unset; });
     if (turned || !isOfClass(reader, location, "IfcPointByDistanceExpression") || !reader.read(location, point))
         return std::nullopt;
-    std::string_view keyword;
-    step::Value inner;
-    if (point.arguments.size() < 5 || !step::splitTyped(point.arguments[0], keyword, inner)) return std::nullopt;
-    const auto distance = step::realValue(inner);
-    // A parameter of the curve is a part of its length, or an angle.
-    if (!distance || keyword == "IFCPARAMETERVALUE") return std::nullopt;
+    const auto distance = lengthIn(point, 0);
+    if (!distance || point.arguments.size() < 5) return std::nullopt;
     auto frame = frameAlong(reader.work(), targetOf(reader, point, 4), *distance);
     if (!frame) return std::nullopt;
     const auto offset = [&](std::size_t index) { return step::realValue(point.arguments[index]).value_or(0); };
