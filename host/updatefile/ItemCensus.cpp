@@ -74,7 +74,7 @@ void ItemCensus::count(Counted& entry, const std::u16string& value) {
     }
     const std::string_view bytes(reinterpret_cast<const char*>(value.data()), value.size() * sizeof(char16_t));
     const model::ifc::Fingerprint sum = model::ifc::keyedSum(bytes, key_);
-    if (!entry.values.insert(sum.low).second) return;
+    if (!entry.values.add(sum.low)) return;
     ++record.distinct;
     if (record.examples.size() < ExamplesShown) record.examples.push_back(toUtf8(value));
 }

@@ -6,6 +6,7 @@
 #include "model/ifc/data/SharedData.hpp"
 #include "model/ifc/schema/StandardSets.hpp"
 #include "model/ifc/values/KeyedSum.hpp"
+#include "updatefile/DistinctSums.hpp"
 
 #include <array>
 #include <cstdint>
@@ -14,7 +15,6 @@
 #include <set>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -71,7 +71,7 @@ private:
         ItemRecord record;
         // Sums of them: of a million texts two share one once in many millions. By a key that nobody knows: a file can
         // be made so that all its texts have one hash.
-        std::unordered_set<std::uint64_t> values;
+        DistinctSums values;
         std::map<Classes, bool> judged;  // whether an update's name leads to it on elements of the classes
         std::size_t name = 0;            // items of one name have one number
     };
