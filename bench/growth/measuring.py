@@ -1,8 +1,13 @@
 """Runs works on cases by turns."""
 
 import statistics
+import subprocess
+import sys
 
 import processes
+
+LARGE = 8_000_000  # Bytes of a model that is more than what a processor keeps of it from the run before.
+TOUCH = "import sys; b = bytearray(int(sys.argv[1])); b[::4096] = bytes(len(b[::4096]))"
 
 
 class Times:
@@ -38,8 +43,21 @@ def measure(cases, works, rounds, folder):
         for size, case in cases.items():
             for work in works:
                 if times.is_wanted((work.name, size)):
-                    times.note((work.name, size), run(work.prepare(case), folder / "answer"))
+                    prepared = work.prepare(case)
+                    warm_up(case.model)
+                    times.note((work.name, size), run(prepared, folder / "answer"))
     return times
+
+
+def warm_up(model):
+    """A virtual machine may take back memory that nobody uses, and reading the disk takes its time: the opening of a
+    large model is not to pay for either."""
+    size = model.stat().st_size
+    if size > LARGE:
+        with open(model, "rb") as file:
+            while file.read(1 << 24):
+                pass
+        subprocess.run([sys.executable, "-c", TOUCH, str(3 * size)], check=True)
 
 
 def run(prepared, answer):

@@ -1,6 +1,7 @@
 """bench/compare tells growth by the right exponent, on the models that are meant, of work that is done."""
 
 import os
+import resource
 import subprocess
 import sys
 import tempfile
@@ -113,9 +114,19 @@ class Measuring(Folder):
         found, = exponents.exponents(list(cases), seconds)
         self.assertAlmostEqual(found, 2, delta=0.3)
 
+    def test_memory_is_at_hand_before_a_large_model_is_opened(self):
+        def touched(size):
+            (self.folder / "large.ifc").write_bytes(bytes(size))
+            before = resource.getrusage(resource.RUSAGE_CHILDREN).ru_minflt
+            measuring.warm_up(self.folder / "large.ifc")
+            return (resource.getrusage(resource.RUSAGE_CHILDREN).ru_minflt - before) * resource.getpagesize()
+        self.assertEqual(touched(measuring.LARGE), 0)
+        # Huge pages are one fault each.
+        self.assertGreater(touched(measuring.LARGE + 1), 0)
+
     def test_what_failed_is_named_and_not_tried_again(self):
         fails = self.python(f"open({str(self.folder / 'tries')!r}, 'a').write('x'); raise SystemExit('no, thanks')")
-        times = measuring.measure({1: None}, [fails], 3, self.folder)
+        times = measuring.measure({1: works.Case("", self.folder, self.folder, 1, [])}, [fails], 3, self.folder)
         self.assertEqual(times.reasons, {("python", 1): "failed: no, thanks"})
         self.assertIsNone(times.median(("python", 1)))
         self.assertEqual((self.folder / "tries").read_text(), "x")
