@@ -59,7 +59,7 @@ void edit(StepFile& file) {
         if (!splitAggregate(value, elements))
             (void)file.replaceValue(slot, value, "'edited'");
         else if (elements.empty() || slot % 2 == 0)
-            (void)file.addToAggregate(slot, value, "#1");
+            (void)file.addReference(slot, number, 1);
         else
             (void)file.removeReferences(slot, number, referenceId(elements[0]));
     }

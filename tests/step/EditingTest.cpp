@@ -23,8 +23,8 @@ std::ostream& operator<<(std::ostream& out, const Splice& splice) {
 std::function<Status(Editing&)> replace(InstanceId id, std::size_t number, const char* text) {
     return [=](Editing& edit) { return edit.replace(id, number, text); };
 }
-std::function<Status(Editing&)> add(InstanceId id, std::size_t number, const char* text) {
-    return [=](Editing& edit) { return edit.add(id, number, text); };
+std::function<Status(Editing&)> add(InstanceId id, std::size_t number, InstanceId member) {
+    return [=](Editing& edit) { return edit.add(id, number, member); };
 }
 std::function<Status(Editing&)> erase(InstanceId id) {
     return [=](Editing& edit) { return edit.erase(id); };
@@ -74,13 +74,12 @@ INSTANTIATE_TEST_SUITE_P(
 INSTANTIATE_TEST_SUITE_P(
     Additions, Splicing,
     ::testing::Values(
-        Splice{"ToAnEmptyList", "#1=A(());\n", "#1=A((#2));\n", add(1, 0, "#2")},
-        Splice{"ToAListOfOne", "#1=A((#2),$);\n", "#1=A((#2,#3),$);\n", add(1, 0, "#3")},
-        Splice{"WithTheBlanksOfItsNeighbours", "#1=A((#2, #3 ));\n", "#1=A((#2, #3, #4 ));\n", add(1, 0, "#4")},
-        Splice{"OnALineOfItsOwn", "#1=A((\n  #2,\n  #3\n));\n", "#1=A((\n  #2,\n  #3,\n  #4\n));\n", add(1, 0, "#4")},
-        Splice{"WithoutTheCommentsOfItsNeighbours", "#1=A((#2,/*c*/#3));\n", "#1=A((#2,/*c*/#3,#4));\n",
-               add(1, 0, "#4")},
-        Splice{"ToAnEmptyListWithComment", "#1=A((/*none*/));\n", "#1=A((/*none*/#2));\n", add(1, 0, "#2")}),
+        Splice{"ToAnEmptyList", "#1=A(());\n", "#1=A((#2));\n", add(1, 0, 2)},
+        Splice{"ToAListOfOne", "#1=A((#2),$);\n", "#1=A((#2,#3),$);\n", add(1, 0, 3)},
+        Splice{"WithTheBlanksOfItsNeighbours", "#1=A((#2, #3 ));\n", "#1=A((#2, #3, #4 ));\n", add(1, 0, 4)},
+        Splice{"OnALineOfItsOwn", "#1=A((\n  #2,\n  #3\n));\n", "#1=A((\n  #2,\n  #3,\n  #4\n));\n", add(1, 0, 4)},
+        Splice{"WithoutTheCommentsOfItsNeighbours", "#1=A((#2,/*c*/#3));\n", "#1=A((#2,/*c*/#3,#4));\n", add(1, 0, 4)},
+        Splice{"ToAnEmptyListWithComment", "#1=A((/*none*/));\n", "#1=A((/*none*/#2));\n", add(1, 0, 2)}),
     [](const auto& row) { return std::string(row.param.name); });
 
 INSTANTIATE_TEST_SUITE_P(
@@ -136,8 +135,7 @@ INSTANTIATE_TEST_SUITE_P(
         Refusal{"OfAnOpenString", "#1=A(1);\n", replace(1, 0, "'x"), "new value is malformed"},
         Refusal{"OfAnInstance", "#1=A(1);\n", replace(1, 0, "1);#2=B("), "new value is malformed"},
         Refusal{"OfAnOpenComment", "#1=A(1);\n", replace(1, 0, "1/*"), "new value is malformed"},
-        Refusal{"OfAnElementThatIsNone", "#1=A((1));\n", add(1, 0, ")"), "new element is malformed"},
-        Refusal{"OfAListThatIsNone", "#1=A(1);\n", add(1, 0, "2"), "list is malformed"},
+        Refusal{"OfAListThatIsNone", "#1=A(1);\n", add(1, 0, 2), "list is malformed"},
         Refusal{"OfAComplexInstance", "#1=(A(1)B(2));\n", [](Editing& edit) { return editSlot(edit, 0); }, "complex"},
         Refusal{"OfARepeatedId", "#1=A(1);\n#1=B(2);\n", [](Editing& edit) { return editSlot(edit, 1); }, "several"},
         Refusal{"OfAForeignSlot", "#1=A(1);\n", [](Editing& edit) { return editSlot(edit, 7); }, "no such instance"},

@@ -102,7 +102,7 @@ TEST(RemoveReferences, GoesTogetherWithOtherEdits) {
     ASSERT_TRUE(file->removeReferences(0, 2, 2));
     ASSERT_TRUE(file->replaceValue(0, argument(*file, 1, 0), "7"));
     ASSERT_TRUE(file->removeReferences(0, 2, 4));
-    ASSERT_TRUE(file->addToAggregate(0, argument(*file, 1, 2), "#5"));
+    ASSERT_TRUE(file->addReference(0, 2, 5));
     EXPECT_EQ(file->text(0), "#1=A(7,(#3),(#5));");
     file->rollback();
     EXPECT_EQ(file->text(0), "#1=A(1,(#2,#3),(#2,#4));");
@@ -111,7 +111,7 @@ TEST(RemoveReferences, GoesTogetherWithOtherEdits) {
 TEST(RemoveReferences, OfWhatTheCommandAddedIsNoChange) {
     const auto file = opened(fileOf("#1=A((#2,#3));\n"));
     ASSERT_TRUE(file->begin());
-    ASSERT_TRUE(file->addToAggregate(0, argument(*file, 1, 0), "#4"));
+    ASSERT_TRUE(file->addReference(0, 0, 4));
     ASSERT_TRUE(file->removeReferences(0, 0, 4));
     EXPECT_FALSE(file->commit("Nothing"));
     EXPECT_FALSE(file->modified());

@@ -71,8 +71,8 @@ Status Editing::replace(InstanceId id, std::size_t number, std::string_view text
     return command([&] { return file->replaceValue(file->find(id), argument(*file, id, number), text); });
 }
 
-Status Editing::add(InstanceId id, std::size_t number, std::string_view element) {
-    return command([&] { return file->addToAggregate(file->find(id), argument(*file, id, number), element); });
+Status Editing::add(InstanceId id, std::size_t number, InstanceId member) {
+    return command([&] { return file->addReference(file->find(id), number, member); });
 }
 
 Status Editing::erase(InstanceId id) {

@@ -37,7 +37,7 @@ public:
     explicit Editing(const std::string& bytes) : file(opened(bytes)) {}
 
     Status replace(InstanceId id, std::size_t number, std::string_view text);
-    Status add(InstanceId id, std::size_t number, std::string_view element);
+    Status add(InstanceId id, std::size_t number, InstanceId member);
     Status erase(InstanceId id);
     Result<Slot> append(std::string_view body, InstanceId neighbour);
     Result<Slot> insertBehind(std::string_view body, InstanceId original);

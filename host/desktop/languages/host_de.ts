@@ -632,6 +632,10 @@
         <translation>sie ist eine zusammengesetzte Instanz</translation>
     </message>
     <message>
+        <source>the list is malformed in the file</source>
+        <translation>die Liste in der Datei ist fehlerhaft</translation>
+    </message>
+    <message>
         <source>its list does not name #{}</source>
         <translation>ihre Liste nennt #{} nicht</translation>
     </message>
@@ -818,14 +822,6 @@
     <message>
         <source>the new value is malformed</source>
         <translation>der neue Wert ist fehlerhaft</translation>
-    </message>
-    <message>
-        <source>the list is malformed in the file</source>
-        <translation>die Liste in der Datei ist fehlerhaft</translation>
-    </message>
-    <message>
-        <source>the new element is malformed</source>
-        <translation>der neue Eintrag ist fehlerhaft</translation>
     </message>
     <message>
         <source>it is UTF-16 text, and an IFC file is plain ASCII; convert it, or export the model again</source>

@@ -104,7 +104,7 @@ Status StepFile::Content::checkEditable(Slot slot) const {
 
 Status StepFile::Content::edit(Slot slot, Result<std::string> newText) {
     if (!newText) return refused(changes.id(slot), newText.error().message);
-    changes.set(slot, {TextState::Kind::Changed, std::move(*newText)});
+    changes.set(slot, std::move(*newText));
     return {};
 }
 
@@ -117,9 +117,10 @@ Status StepFile::replaceValue(Slot slot, Value value, std::string_view newText) 
     return content_->edit(slot, withValue(text(slot), value, newText));
 }
 
-Status StepFile::addToAggregate(Slot slot, Value aggregate, std::string_view element) {
+Status StepFile::addReference(Slot slot, std::size_t attributeIndex, InstanceId member) {
     if (Status editable = content_->checkEditable(slot); !editable) return editable;
-    return content_->edit(slot, withElement(text(slot), aggregate, element));
+    if (content_->changes.addReference(slot, attributeIndex, member)) return {};
+    return refused(content_->changes.id(slot), text::message("the list is malformed in the file"));
 }
 
 Result<std::size_t> StepFile::removeReferences(Slot slot, std::size_t attributeIndex, InstanceId member) {
@@ -165,7 +166,7 @@ Status StepFile::checkRoom(std::size_t count) {
 
 Status StepFile::erase(Slot slot) {
     if (Status editable = content_->checkEditable(slot); !editable) return editable;
-    content_->changes.set(slot, {TextState::Kind::Absent, {}});
+    content_->changes.set(slot, Absent());
     return {};
 }
 

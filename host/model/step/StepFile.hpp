@@ -84,10 +84,12 @@ public:
     /// @return ErrorKind::Refused, as the two below: outside a command; for an instance that is complex, absent or of a
     ///         repeated id; for a value that is Malformed or Derived; for a new text that is no value.
     Status replaceValue(Slot slot, Value value, std::string_view newText);
-    /// Adds one element to an Aggregate value of the instance, spaced as the others are.
-    Status addToAggregate(Slot slot, Value aggregate, std::string_view element);
-    /// Takes every reference to `member` out of an aggregate argument. The text is rewritten when it is next asked for,
-    /// once for all removals until then, and the listener is not told: thousands of elements leave one relation.
+    /// Adds a reference to `member` at the end of an aggregate argument, spaced as the others are. Of a long instance
+    /// the text is rewritten when it is next asked for, once for all additions until then. The listener is not told:
+    /// a list may grow by thousands one after the other.
+    Status addReference(Slot slot, std::size_t attributeIndex, InstanceId member);
+    /// Takes every reference to `member` out of an aggregate argument, in the same way: thousands of elements leave one
+    /// relation.
     /// @return how many other instances the argument still names.
     Result<std::size_t> removeReferences(Slot slot, std::size_t attributeIndex, InstanceId member);
     /// Adds an instance at the end of the data section that `neighbour` stands in.

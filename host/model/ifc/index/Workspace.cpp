@@ -76,13 +76,10 @@ Status Workspace::editList(Edit edit, Follow follow) {
 }
 
 Status Workspace::addToList(step::Slot holder, Field field, step::Slot member) {
-    const Class& cls = classes.of(holder);
-    step::Instance instance;
-    file.read(holder, instance);
-    const std::string added = referenceText(file.id(member));
-    const auto add = [&] { return file.addToAggregate(holder, argument(instance, cls, field), added); };
+    const int index = classes.of(holder).attributeIndex(field);
+    const auto add = [&] { return file.addReference(holder, static_cast<std::size_t>(index), file.id(member)); };
     return editList(add, [&] {
-        inverseReferences.remember(member, holder, cls.attributeIndex(field));
+        inverseReferences.remember(member, holder, index);
         forwardReferences.append(holder, field, member);
         longRelations.forget(holder);
         propertySets.append(holder, member);

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <functional>
 #include <limits>
-#include <new>
 #include <tuple>
 #include <utility>
 
@@ -37,7 +36,7 @@ std::string_view Changes::original(const ChangedInstance& instance) const {
 bool Changes::present(Slot slot) const {
     if (!known(slot)) return false;
     const ChangedInstance* instance = lookUp(slot);
-    return instance == nullptr || instance->now.kind != TextState::Kind::Absent;
+    return instance == nullptr || !std::holds_alternative<Absent>(instance->now);
 }
 
 const ChangedInstance* Changes::lookUpNew(Slot slot) const {
@@ -49,13 +48,16 @@ bool Changes::isNew(Slot slot) const {
     return lookUpNew(slot) != nullptr;
 }
 
-std::string_view Changes::text(Slot slot) {
+std::string_view Changes::text(Slot slot) const {
     if (!known(slot)) return {};
-    if (!removals_.empty()) takeOut(slot);
     const ChangedInstance* instance = lookUp(slot);
-    if (instance == nullptr) return index_.original(slot);
-    if (instance->now.kind == TextState::Kind::Original) return original(*instance);
-    return instance->now.text;
+    return instance == nullptr ? index_.original(slot) : textOf(*instance, instance->now);
+}
+
+std::string_view Changes::textOf(const ChangedInstance& instance, const TextState& state) const {
+    if (const auto* text = std::get_if<std::string>(&state)) return *text;
+    if (const auto* edited = std::get_if<ListState>(&state)) return edited->list->text(edited->edits);
+    return std::holds_alternative<AsFound>(state) ? original(instance) : std::string_view();
 }
 
 InstanceId Changes::id(Slot slot) const {
@@ -166,50 +168,78 @@ void Changes::remember(ChangedInstance& instance) {
 
 /// A text that is the file's own again is no change.
 TextState Changes::changedTo(const ChangedInstance& instance, std::string newText) const {
-    if (instance.newId == 0 && newText == original(instance)) return {};
-    return {TextState::Kind::Changed, std::move(newText)};
+    if (instance.newId == 0 && newText == original(instance)) return AsFound();
+    return TextState(std::move(newText));
 }
 
 void Changes::set(Slot slot, TextState next) {
-    takeOut(slot);
     ChangedInstance& instance = changeable(slot);
-    if (next.kind == TextState::Kind::Changed) next = changedTo(instance, std::move(next.text));
+    if (auto* text = std::get_if<std::string>(&next)) next = changedTo(instance, std::move(*text));
     remember(instance);
     exchange(instance, next);
     ++changeCount_;
 }
 
 std::optional<std::size_t> Changes::removeReferences(Slot slot, std::size_t attributeIndex, InstanceId member) {
-    auto pending = removals_.find(slot);
-    if (pending == removals_.end() || pending->second.attributeIndex() != attributeIndex) {
-        // Only one argument at a time has removals that the text does not show.
-        auto fresh = ReferenceRemovals::of(text(slot), attributeIndex);
-        if (!fresh) return std::nullopt;
-        pending = removals_.emplace(slot, std::move(*fresh)).first;
+    const auto list = listFor<ReferenceRemovals>(slot, attributeIndex);
+    if (list == nullptr) return std::nullopt;
+    auto& removals = std::get<ReferenceRemovals>(list->edits);
+    if (!removals.names(member)) return std::nullopt;
+    removals.remove(member);
+    giveEdits(slot, list);
+    return removals.left();
+}
+
+bool Changes::addReference(Slot slot, std::size_t attributeIndex, InstanceId member) {
+    const auto list = listFor<ReferenceAdditions>(slot, attributeIndex);
+    if (list == nullptr) return false;
+    std::get<ReferenceAdditions>(list->edits).add(member);
+    giveEdits(slot, list);
+    return true;
+}
+
+const ListState* Changes::heldList(Slot slot) const {
+    const ChangedInstance* instance = lookUp(slot);
+    return instance == nullptr ? nullptr : std::get_if<ListState>(&instance->now);
+}
+
+/// The list that an edit goes on with: the one that the instance has, if that is of the same kind and argument and has
+/// no edits that were taken back since; otherwise a new one. Null where the argument is no list.
+template <class Edits>
+std::shared_ptr<EditedList> Changes::listFor(Slot slot, std::size_t attributeIndex) {
+    const ListState* held = heldList(slot);
+    if (held != nullptr) {
+        const Edits* edits = std::get_if<Edits>(&held->list->edits);
+        const bool goesOn = edits != nullptr && edits->attributeIndex() == attributeIndex;
+        if (goesOn && edits->count() == held->edits) return held->list;
     }
-    if (!pending->second.names(member)) return std::nullopt;
-    remember(changeable(slot));
-    pending->second.remove(member);
+    auto edits = Edits::of(text(slot), attributeIndex);
+    if (!edits) return nullptr;
+    auto list = std::make_shared<EditedList>(text(slot), std::move(*edits));
+    if (held != nullptr) list->own(std::string(list->base()));
+    return list;
+}
+
+/// Lets the instance have all edits of a list that begins with its text, or that it has already.
+void Changes::giveEdits(Slot slot, const std::shared_ptr<EditedList>& list) {
+    // To write such a text is as fast as to keep the edits.
+    constexpr std::size_t ShortText = 512;
+    ChangedInstance& instance = changeable(slot);
+    if (list->base().size() <= ShortText) {
+        TextState next = changedTo(instance, std::string(list->text(list->count())));
+        remember(instance);
+        instance.now = std::move(next);
+    } else {
+        // A long text goes over to the list, so that the journal needs no copy of it.
+        if (auto* text = std::get_if<std::string>(&instance.now)) {
+            list->own(std::move(*text));
+            instance.now = ListState{list, 0};
+        }
+        remember(instance);
+        instance.now = ListState{list, list->count()};
+    }
+    weighLater(instance);
     ++changeCount_;
-    return pending->second.left();
-}
-
-/// Brings the text of the instance up to date.
-void Changes::takeOut(Slot slot) {
-    const auto pending = removals_.find(slot);
-    if (pending == removals_.end()) return;
-    if (pending->second.removed() > 0) {
-        ChangedInstance& instance = changeable(slot);
-        const bool isOriginal = instance.now.kind == TextState::Kind::Original;
-        const std::string_view text = isOriginal ? original(instance) : std::string_view(instance.now.text);
-        instance.now = changedTo(instance, pending->second.applyTo(text));
-        weighLater(instance);
-    }
-    removals_.erase(pending);
-}
-
-void Changes::takeOutAll() {
-    while (!removals_.empty()) takeOut(removals_.begin()->first);
 }
 
 // --- New instances ---
@@ -269,11 +299,11 @@ Slot Changes::add(std::string_view body, KeywordCode keyword, Position position)
     instance.slot = slot;
     instance.newId = nextId_;
     instance.position = position;
-    instance.now.kind = TextState::Kind::Absent;
+    instance.now = Absent();
     index_.lengths.push_back(0);
     index_.places.push_back({keyword, true, changed_.size() - 1});
     ++nextId_;
-    set(slot, {TextState::Kind::Changed, std::move(text)});
+    set(slot, std::move(text));
     return slot;
 }
 
@@ -287,28 +317,23 @@ std::uint64_t Changes::weight(const ChangedInstance& instance) const {
     const std::uint64_t where = instance.newId == 0         ? instance.offset
                                 : position.behind == NoSlot ? ~std::uint64_t{position.section}
                                                             : ~mixed(id(position.behind));
-    switch (instance.now.kind) {
-        case TextState::Kind::Original:
-            return 0;
-        case TextState::Kind::Absent:
-            return instance.newId == 0 ? mixed(where + 1) : 0;
-        case TextState::Kind::Changed:
-            break;
-    }
-    return mixed(std::hash<std::string>()(instance.now.text) + mixed(where));
+    if (std::holds_alternative<Absent>(instance.now)) return instance.newId == 0 ? mixed(where + 1) : 0;
+    const std::string_view text = textOf(instance, instance.now);
+    // Of a list also what edits in several commands have led back to.
+    if (instance.newId == 0 && text == original(instance)) return 0;
+    return mixed(std::hash<std::string_view>()(text) + mixed(where));
 }
 
 /// A sum, so that the order of the edits does not matter, and each more costs its own weight and not all of them.
 std::uint64_t Changes::fingerprint() {
-    takeOutAll();
-    for (const std::size_t place : notWeighed_) {
-        ChangedInstance& instance = changed_[place];
-        sum_ -= instance.weight;
-        instance.weight = weight(instance);
-        sum_ += instance.weight;
+    // One at a time, since memory for the text of a long list may be lacking.
+    for (; !notWeighed_.empty(); notWeighed_.pop_back()) {
+        ChangedInstance& instance = changed_[notWeighed_.back()];
+        const std::uint64_t now = weight(instance);
+        sum_ += now - instance.weight;
+        instance.weight = now;
         instance.weighed = true;
     }
-    notWeighed_.clear();
     return sum_;
 }
 
@@ -329,19 +354,42 @@ void Changes::exchange(ChangedInstance& instance, TextState& state) noexcept {
 /// After an undo the next new instance gets the same id again, in another slot.
 void Changes::rememberNewId(const ChangedInstance& instance) noexcept {
     const auto at = static_cast<std::size_t>(instance.newId - firstNewId_);
-    newIds_[at] = instance.now.kind == TextState::Kind::Absent ? NoSlot : instance.slot;
+    newIds_[at] = std::holds_alternative<Absent>(instance.now) ? NoSlot : instance.slot;
 }
 
 // --- Commands ---
+
+/// Whether the instance reads as it did before. Edits of one list never lead back to where they began: each of them
+/// makes the text longer, or each shorter.
+bool Changes::same(const ChangedInstance& instance, const TextState& before) const {
+    const TextState& now = instance.now;
+    if (std::holds_alternative<Absent>(now) || std::holds_alternative<Absent>(before)) {
+        return now.index() == before.index();
+    }
+    if (const auto* edited = std::get_if<ListState>(&now); edited != nullptr && edited->edits > 0) {
+        const auto* old = std::get_if<ListState>(&before);
+        if (old != nullptr && old->list == edited->list) return old->edits == edited->edits;
+        if (old == nullptr && textOf(instance, before).data() == edited->list->base().data()) return false;
+    }
+    return textOf(instance, now) == textOf(instance, before);
+}
+
+/// What was changed and changed back is no step to undo. All are compared before the first is dropped, since memory for
+/// the text of a long list may be lacking.
+void Changes::dropUnchanged() {
+    std::vector<bool> unchanged;
+    unchanged.reserve(current_.entries.size());
+    for (const Entry& entry : current_.entries) unchanged.push_back(same(changed_[entry.instance], entry.other));
+    auto next = unchanged.cbegin();
+    std::erase_if(current_.entries, [&](const Entry&) { return *next++; });
+}
 
 bool Changes::commit(std::string name) {
     // What may lack memory comes first: as long as the command is open it can be rolled back.
     constexpr std::size_t Few = 8;
     if (commands_.capacity() <= done_) commands_.reserve(2 * done_ + Few);
-    takeOutAll();
+    dropUnchanged();
     running_ = false;
-    // What was changed and changed back is no step to undo.
-    std::erase_if(current_.entries, [this](const Entry& entry) { return entry.other == changed_[entry.instance].now; });
     if (current_.entries.empty()) {
         nextId_ = current_.otherNextId;
         return false;
@@ -354,12 +402,6 @@ bool Changes::commit(std::string name) {
 }
 
 void Changes::rollback() noexcept {
-    try {
-        takeOutAll();  // The listener is to see what it was told of go back.
-    } catch (const std::bad_alloc&) {
-        removals_.clear();
-        if (listener_ != nullptr) listener_->afterManyChanges();
-    }
     running_ = false;
     if (current_.entries.empty()) {
         nextId_ = current_.otherNextId;

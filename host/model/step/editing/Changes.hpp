@@ -3,28 +3,31 @@
 
 #include "model/base/UndoSteps.hpp"
 #include "model/step/editing/ChangeListener.hpp"
-#include "model/step/editing/ReferenceRemovals.hpp"
+#include "model/step/editing/EditedList.hpp"
 #include "model/step/index/Index.hpp"
 #include "model/step/index/Slot.hpp"
 
 #include <deque>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <variant>
 #include <vector>
 
 namespace model::step {
 
-/// How an instance reads at one moment.
-struct TextState {
-    enum class Kind : std::uint8_t { Original, Changed, Absent };
-
-    Kind kind = Kind::Original;
-    std::string text;  ///< Of a Changed one.
-
-    bool operator==(const TextState&) const = default;
+/// Of an instance of the file that reads as it was found.
+struct AsFound {};
+/// Of one that is not there.
+struct Absent {};
+/// Of one whose list was edited reference by reference: so many of the edits are in its text.
+struct ListState {
+    std::shared_ptr<EditedList> list;
+    std::size_t edits = 0;
 };
+/// How an instance reads at one moment; otherwise its text.
+using TextState = std::variant<AsFound, Absent, std::string, ListState>;
 
 /// Where a new instance is written: at the end of a data section, or right behind another instance, which may be new
 /// itself.
@@ -61,8 +64,7 @@ public:
     bool isNew(Slot slot) const;
     InstanceId id(Slot slot) const;
     Slot find(InstanceId id) const;
-    /// Takes out what removeReferences() was asked to.
-    std::string_view text(Slot slot);
+    std::string_view text(Slot slot) const;
     /// Where an instance of the file stands in it.
     std::uint64_t offset(Slot slot) const;
     /// The data section it stands in.
@@ -74,10 +76,11 @@ public:
     bool open() const { return running_; }
     /// Lays `next` over the instance. Only while a command is open.
     void set(Slot slot, TextState next);
-    /// Takes the references to `member` out of an argument of an instance, in its text only when that is asked for.
-    /// Only while a command is open. @return how many others the argument still names; nothing where it does not name
-    /// it.
+    /// Takes the references to `member` out of an argument of an instance, without telling the listener. Only while a
+    /// command is open. @return how many others the argument still names; nothing where it does not name it.
     std::optional<std::size_t> removeReferences(Slot slot, std::size_t attributeIndex, InstanceId member);
+    /// Adds a reference at the end of an argument in the same way. @return false where that is no list.
+    bool addReference(Slot slot, std::size_t attributeIndex, InstanceId member);
     /// Whether so many more instances can be added.
     bool hasRoomFor(std::size_t count);
     /// Adds "#id=body;" at the end of the section. @return NoSlot where there is no id left.
@@ -99,10 +102,7 @@ public:
     std::uint64_t fingerprint();
     void setListener(ChangeListener* newListener) { listener_ = newListener; }
 
-    const std::deque<ChangedInstance>& instances() {
-        takeOutAll();
-        return changed_;
-    }
+    const std::deque<ChangedInstance>& instances() const { return changed_; }
 
 private:
     /// An instance touched by a command, with the state that undoing (or then redoing) gives it.
@@ -127,12 +127,17 @@ private:
     Position position(Slot slot) const;
     bool rootBefore(Slot a, Slot b) const;
     std::string_view original(const ChangedInstance& instance) const;
+    std::string_view textOf(const ChangedInstance& instance, const TextState& state) const;
+    bool same(const ChangedInstance& instance, const TextState& before) const;
     std::uint64_t weight(const ChangedInstance& instance) const;
     TextState changedTo(const ChangedInstance& instance, std::string newText) const;
     void remember(ChangedInstance& instance);
     void exchange(ChangedInstance& instance, TextState& state) noexcept;
-    void takeOut(Slot slot);
-    void takeOutAll();
+    const ListState* heldList(Slot slot) const;
+    template <class Edits>
+    std::shared_ptr<EditedList> listFor(Slot slot, std::size_t attributeIndex);
+    void giveEdits(Slot slot, const std::shared_ptr<EditedList>& list);
+    void dropUnchanged();
     void weighLater(ChangedInstance& instance) noexcept;
     void exchangeAll(Command& command) noexcept;
     void rememberNewId(const ChangedInstance& instance) noexcept;
@@ -140,9 +145,8 @@ private:
     Index& index_;
     ChangeListener* listener_ = nullptr;
     std::deque<ChangedInstance> changed_;  ///< Never moves in memory: text() hands out views of short strings too.
-    std::unordered_map<Slot, ReferenceRemovals> removals_;  ///< That no text shows yet; only while a command is open.
-    std::vector<Slot> newIds_;                              ///< By id, from firstNewId on.
-    InstanceId firstNewId_ = 0;                             ///< 0 until the first new instance asks.
+    std::vector<Slot> newIds_;             ///< By id, from firstNewId on.
+    InstanceId firstNewId_ = 0;            ///< 0 until the first new instance asks.
     InstanceId nextId_ = 0;
     std::vector<Slot> sectionEnds_;  ///< By section, the first of the file's slots behind it; made with firstNewId.
     std::vector<Command> commands_;  ///< The first `done_` can be undone, the others redone.

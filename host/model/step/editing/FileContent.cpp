@@ -67,12 +67,12 @@ constexpr std::uint32_t NoSection = 0xFFFFFFFFU;
 std::vector<Edit> editsInPlace(const Index& index, Changes& changes) {
     std::vector<Edit> edits;
     for (const ChangedInstance& instance : changes.instances()) {
-        if (instance.newId != 0 || instance.now.kind == TextState::Kind::Original) continue;
+        if (instance.newId != 0 || std::holds_alternative<AsFound>(instance.now)) continue;
         const std::uint64_t end = instance.offset + index.lengths[instance.slot];
-        if (instance.now.kind == TextState::Kind::Absent) {
+        if (std::holds_alternative<Absent>(instance.now)) {
             edits.push_back(erasure(index.bytes, instance.offset, end));
         } else {
-            edits.push_back({instance.offset, end, instance.now.text});
+            edits.push_back({instance.offset, end, changes.text(instance.slot)});
         }
     }
     return edits;
@@ -126,7 +126,7 @@ Setting settingAtEnd(const Section& section, LineEnds& lineEnds) {
 std::vector<const ChangedInstance*> newInstances(Changes& changes) {
     std::vector<const ChangedInstance*> added;
     for (const ChangedInstance& instance : changes.instances()) {
-        if (instance.newId != 0 && instance.now.kind != TextState::Kind::Absent) added.push_back(&instance);
+        if (instance.newId != 0 && !std::holds_alternative<Absent>(instance.now)) added.push_back(&instance);
     }
     std::sort(added.begin(), added.end(),
               [&](const ChangedInstance* a, const ChangedInstance* b) { return changes.before(a->slot, b->slot); });
@@ -155,7 +155,7 @@ std::vector<Edit> insertions(const Index& index, Changes& changes) {
         }
         root = place.root;
         insert(setting.before);
-        insert(instance->now.text);
+        insert(changes.text(instance->slot));
         insert(setting.after);
     }
     return edits;

@@ -45,15 +45,6 @@ const char* endOf(std::string_view text) {
     return text.data() + text.size();
 }
 
-/// What stands between two elements, so that a list of one element a line stays one.
-std::string_view separatorIn(const std::vector<Value>& elements) {
-    if (elements.size() < 2) return ",";
-    const Value& last = elements[elements.size() - 1];
-    const std::string_view separator = between(endOf(elements[elements.size() - 2].text), last.text.data());
-    const bool plain = std::all_of(separator.begin(), separator.end(), [](char c) { return c == ',' || isBlank(c); });
-    return plain ? separator : ",";
-}
-
 }  // namespace
 
 Result<std::string> withValue(std::string_view text, Value value, std::string_view newText) {
@@ -65,14 +56,13 @@ Result<std::string> withValue(std::string_view text, Value value, std::string_vi
     return replaced(text, value.text, newText);
 }
 
-Result<std::string> withElement(std::string_view text, Value aggregate, std::string_view element) {
-    std::vector<Value> elements;
-    if (!isPart(aggregate.text, text) || !splitAggregate(aggregate, elements))
-        return refused(text::message("the list is malformed in the file"));
-    if (!isSingleValue(element)) return refused(text::message("the new element is malformed"));
-    if (elements.empty()) return replaced(text, between(endOf(aggregate.text) - 1, endOf(aggregate.text) - 1), element);
-    const char* end = endOf(elements.back().text);
-    return replaced(text, between(end, end), std::string(separatorIn(elements)).append(element));
+/// Without comments: they are about the elements that they stand between.
+std::string_view separatorIn(const std::vector<Value>& elements) {
+    if (elements.size() < 2) return ",";
+    const Value& last = elements[elements.size() - 1];
+    const std::string_view separator = between(endOf(elements[elements.size() - 2].text), last.text.data());
+    const bool plain = std::all_of(separator.begin(), separator.end(), [](char c) { return c == ',' || isBlank(c); });
+    return plain ? separator : ",";
 }
 
 /// An element that goes takes the comma before it along, the first ones the comma behind; all that stands between the

@@ -12,8 +12,8 @@ namespace model::step {
 
 /// @param value  a view into `text`.
 Result<std::string> withValue(std::string_view text, Value value, std::string_view newText);
-/// @param aggregate  a view into `text`.
-Result<std::string> withElement(std::string_view text, Value aggregate, std::string_view element);
+/// What stands between the last two elements of a list, so that a list of one element a line stays one.
+std::string_view separatorIn(const std::vector<Value>& elements);
 /// `text` without the elements marked, and without one comma for each of them.
 /// @param elements  Those of a list in `text`, not empty.
 std::string withoutMarked(std::string_view text, const std::vector<Value>& elements, const std::vector<bool>& marked);
