@@ -39,6 +39,7 @@ bool ElementEdit::hasPlainList(Slot relation) const {
 
 bool ElementEdit::isReadable(Slot slot) const {
     if (const LongRelation* relation = work_.longRelations.of(slot)) return relation->frame.has_value();
+    if (const LongSet* set = work_.longSets.of(slot)) return set->wellFormed;
     step::Instance instance;
     return work_.file.read(slot, instance) && isWellFormed(instance);
 }

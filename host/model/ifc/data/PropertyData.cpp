@@ -86,15 +86,6 @@ private:
     std::map<std::u16string_view, std::size_t> byName_;
 };
 
-std::vector<Slot> setsOfType(Workspace& work, Slot element) {
-    const Slot type = work.typeObject(element);
-    if (type == step::NoSlot) return {};
-    std::vector<Slot> sets = work.forwardReferences.of(type, Field::HasPropertySets);
-    DistinctSlots seen;
-    std::erase_if(sets, [&](Slot set) { return work.classes.of(set).role != Role::PropertySet || !seen.add(set); });
-    return sets;
-}
-
 /// Properties by set and name. Sorted, not hashed: a file can be made so that all its names have one hash. A set's name
 /// is compared once and not for each of its properties, since it may be long.
 class PropertyNames {
@@ -195,6 +186,15 @@ std::vector<AssignedSet> assignedSets(Workspace& work, Slot element) {
         return true;
     });
     return assigned;
+}
+
+std::vector<Slot> setsOfType(Workspace& work, Slot element) {
+    const Slot type = work.typeObject(element);
+    if (type == step::NoSlot) return {};
+    std::vector<Slot> sets = work.forwardReferences.of(type, Field::HasPropertySets);
+    DistinctSlots seen;
+    std::erase_if(sets, [&](Slot set) { return work.classes.of(set).role != Role::PropertySet || !seen.add(set); });
+    return sets;
 }
 
 void forEachOwnProperty(Workspace& work, const std::vector<AssignedSet>& assigned, const PropertyVisit& visit) {

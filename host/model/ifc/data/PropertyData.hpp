@@ -28,6 +28,9 @@ std::vector<AssignedSet> assignedSets(Workspace& work, step::Slot element);
 /// The element's own properties in the host's order; a set given twice is listed once.
 void forEachOwnProperty(Workspace& work, const std::vector<AssignedSet>& assigned, const PropertyVisit& visit);
 
+/// The property sets of the element's type object, each once.
+std::vector<step::Slot> setsOfType(Workspace& work, step::Slot element);
+
 /// The properties of the element's type object, those that the element has itself included.
 void forEachTypeProperty(Workspace& work, step::Slot element, const PropertyVisit& visit);
 

@@ -54,11 +54,9 @@ private:
     Status set();
     Status checkNames() const;
     std::optional<FoundProperty> findOwn() const;
+    std::optional<FoundProperty> findOverridden() const;
     std::optional<FoundProperty> findInherited() const;
-    bool matches(const PropertyView& property) const {
-        // The name first: a set's name may be long, and is that of all its properties.
-        return property.name == wantedName_ && property.set == wantedSet_;
-    }
+    std::optional<FoundProperty> findIn(Slot set) const;
 
     Status changeOwn(const FoundProperty& found);
     Status overrideInherited(Slot inherited);
@@ -76,7 +74,9 @@ private:
     Status relinkSet(Slot from, Slot to);
     Status checkSetAndRelations(Slot set) const;
     Status checkRoomForSetCopy(Slot set);
+    bool hasPropertyList(Slot set) const;
     Status checkNoComplexNamesake(Slot set) const;
+    Slot complexNamesake(Slot set) const;
 
     /// A relation that overrides properties of the set for the element and can override the wanted one; NoSlot where
     /// there is none. In a set that has the name twice it cannot: it would replace both by one.
@@ -109,21 +109,41 @@ Status PropertyEditor::checkNames() const {
 }
 
 std::optional<FoundProperty> PropertyEditor::findOwn() const {
+    for (const AssignedSet& assignment : assigned_) {
+        if (assignment.overriding) return findOverridden();
+    }
+    for (const AssignedSet& assignment : assigned_) {
+        if (assignment.repeated) continue;
+        if (auto found = findIn(assignment.set)) return found;
+    }
+    return std::nullopt;
+}
+
+/// Among what an element sees whose sets are not all.
+std::optional<FoundProperty> PropertyEditor::findOverridden() const {
     std::optional<FoundProperty> found;
     forEachOwnProperty(work_, assigned_, [&](const PropertyView& property, const PropertyPlace& place) {
-        if (matches(property)) found = FoundProperty{place, value_.settles(property)};
+        // The name first: a set's name may be long, and is that of all its properties.
+        const bool matches = property.name == wantedName_ && property.set == wantedSet_;
+        if (matches) found = FoundProperty{place, value_.settles(property)};
         return !found;
     });
     return found;
 }
 
 std::optional<FoundProperty> PropertyEditor::findInherited() const {
-    std::optional<FoundProperty> found;
-    forEachTypeProperty(work_, edit_.slot(), [&](const PropertyView& property, const PropertyPlace& place) {
-        if (matches(property)) found = FoundProperty{place, value_.settles(property)};
-        return !found;
-    });
-    return found;
+    for (const Slot set : setsOfType(work_, edit_.slot())) {
+        if (auto found = findIn(set)) return found;
+    }
+    return std::nullopt;
+}
+
+std::optional<FoundProperty> PropertyEditor::findIn(Slot set) const {
+    const DecodedSet& decoded = work_.propertySets.of(set);
+    if (decoded.name() != wantedSet_) return std::nullopt;
+    const auto index = work_.propertySets.find(set, wantedName_);
+    if (!index) return std::nullopt;
+    return FoundProperty{{decoded.slot(*index), set, step::NoSlot}, value_.settles(decoded.property(*index))};
 }
 
 Status PropertyEditor::changeOwn(const FoundProperty& found) {
@@ -288,13 +308,12 @@ Status PropertyEditor::relinkSet(Slot from, Slot to) {
 Status PropertyEditor::checkSetAndRelations(Slot set) const {
     if (Status editable = edit_.check(edit_.slot()); !editable) return editable;
     if (Status editable = edit_.check(set); !editable) return editable;
-    step::Instance instance;
-    std::vector<step::Value> members;
-    work_.file.read(set, instance);
-    if (!step::splitAggregate(argument(instance, work_.classes.of(set), Field::HasProperties), members)) {
+    if (!hasPropertyList(set)) {
         return Error{ErrorKind::Refused,
                      text::message("the properties of set {} are no well-formed list", edit_.reference(set))};
     }
+    step::Instance instance;
+    std::vector<step::Value> members;
     for (const AssignedSet& assignment : assigned_) {
         if (assignment.set != set) continue;
         if (Status editable = edit_.checkRelation(assignment.relation); !editable) return editable;
@@ -308,19 +327,35 @@ Status PropertyEditor::checkSetAndRelations(Slot set) const {
     return {};
 }
 
+bool PropertyEditor::hasPropertyList(Slot set) const {
+    if (const LongSet* known = work_.longSets.of(set)) return known->listed;
+    step::Instance instance;
+    std::vector<step::Value> members;
+    return work_.file.read(set, instance) &&
+           step::splitAggregate(argument(instance, work_.classes.of(set), Field::HasProperties), members);
+}
+
 /// Property names are unique in a set, also among the complex ones, which are not listed.
 Status PropertyEditor::checkNoComplexNamesake(Slot set) const {
+    const Slot namesake = complexNamesake(set);
+    if (namesake == step::NoSlot) return {};
+    return Error{ErrorKind::Refused,
+                 text::message("the set has a complex property of that name, {}", edit_.reference(namesake))};
+}
+
+Slot PropertyEditor::complexNamesake(Slot set) const {
+    if (const LongSet* known = work_.longSets.of(set)) {
+        const auto found = known->complexProperties.find(wantedName_);
+        return found == known->complexProperties.end() ? step::NoSlot : found->second;
+    }
     DistinctSlots seen;
     for (const Slot member : work_.forwardReferences.of(set, Field::HasProperties)) {
         step::Instance instance;
         const Class& cls = work_.classes.of(member);
         if (cls.role != Role::ComplexProperty || !seen.add(member) || !work_.file.read(member, instance)) continue;
-        if (stringArgument(instance, cls, Field::Name) == wantedName_) {
-            return Error{ErrorKind::Refused,
-                         text::message("the set has a complex property of that name, {}", edit_.reference(member))};
-        }
+        if (stringArgument(instance, cls, Field::Name) == wantedName_) return member;
     }
-    return {};
+    return step::NoSlot;
 }
 
 Slot PropertyEditor::relationToOverrideIn(Slot set) {

@@ -29,8 +29,54 @@ PropertySets::PropertySets(const step::StepFile& stepFile, Classes& knownClasses
 const DecodedSet& PropertySets::of(step::Slot set) {
     if (const auto found = known_.find(set); found != known_.end()) return found->second;
     const DecodedSet& decoded = known_.emplace(set, decode(set)).first->second;
-    knownBytes_ += decoded.bytes();
+    count(set, decoded);
     return decoded;
+}
+
+std::optional<std::size_t> PropertySets::find(step::Slot slot, std::u16string_view name) {
+    const DecodedSet& set = of(slot);
+    if (const SortedNames* names = sortedNames(slot, set)) {
+        const auto first = names->indexes.lower_bound(name);
+        if (first == names->indexes.end() || set.propertyName(*first) != name) return std::nullopt;
+        return *first;
+    }
+    for (std::size_t i = 0; i < set.size(); ++i) {
+        if (set.propertyName(i) == name) return i;
+    }
+    return std::nullopt;
+}
+
+/// Null where the set is short, or was not walked through so often yet that sorting it would have cost no more.
+const PropertySets::SortedNames* PropertySets::sortedNames(step::Slot slot, const DecodedSet& set) {
+    constexpr std::size_t LongSet = 64, FewWalks = 32;
+    if (set.size() < LongSet) return nullptr;
+    SortedNames& names = sortedNames_[slot];
+    if (!names.indexes.empty()) return &names;
+    if (++names.walks <= FewWalks) return nullptr;
+    std::set<std::uint32_t, ByName> indexes(ByName{&set});
+    for (std::size_t i = 0; i < set.size(); ++i) indexes.insert(static_cast<std::uint32_t>(i));
+    knownBytes_ -= bytesOf(slot, set);
+    names.indexes.swap(indexes);
+    count(slot, set);
+    return &names;
+}
+
+/// Null where the names were not sorted.
+PropertySets::SortedNames* PropertySets::knownOrder(step::Slot set) {
+    const auto found = sortedNames_.find(set);
+    return found == sortedNames_.end() || found->second.indexes.empty() ? nullptr : &found->second;
+}
+
+std::size_t PropertySets::bytesOf(step::Slot slot, const DecodedSet& set) const {
+    constexpr std::size_t OfIndex = 48;
+    const auto names = sortedNames_.find(slot);
+    return set.bytes() + (names == sortedNames_.end() ? 0 : names->second.indexes.size() * OfIndex);
+}
+
+void PropertySets::count(step::Slot slot, const DecodedSet& set) {
+    const std::size_t bytes = bytesOf(slot, set);
+    knownBytes_ += bytes;
+    largestSet_ = std::max(largestSet_, bytes);
 }
 
 const DecodedSet& PropertySets::overriding(step::Slot property) {
@@ -42,21 +88,25 @@ const DecodedSet& PropertySets::overriding(step::Slot property) {
     return kept;
 }
 
+/// A set that alone is beyond the limit stays: one edit after the other of it would decode all of it anew.
 void PropertySets::trim() {
-    if (knownBytes_ > byteLimit_) forgetAll();
+    if (knownBytes_ > std::max(byteLimit_, 2 * largestSet_)) forgetAll();
 }
 
 void PropertySets::forgetAll() noexcept {
     known_.clear();
+    sortedNames_.clear();
     knownOverriding_.clear();
     knownBytes_ = 0;
+    largestSet_ = 0;
     ++trims_;
 }
 
 void PropertySets::dropSet(step::Slot set) {
     const auto found = known_.find(set);
     if (found == known_.end()) return;
-    knownBytes_ -= found->second.bytes();
+    knownBytes_ -= bytesOf(set, found->second);
+    sortedNames_.erase(set);
     known_.erase(found);
 }
 
@@ -125,9 +175,13 @@ DecodedSet::Part PropertySets::putText(step::Value string, DecodedSet& set, Deco
 void PropertySets::append(step::Slot set, step::Slot property) {
     const auto found = known_.find(set);
     if (found == known_.end()) return;
-    knownBytes_ -= found->second.bytes();
-    addRow(property, found->second);
-    knownBytes_ += found->second.bytes();
+    DecodedSet& decoded = found->second;
+    const std::size_t before = decoded.size();
+    knownBytes_ -= bytesOf(set, decoded);
+    addRow(property, decoded);
+    SortedNames* names = knownOrder(set);
+    if (names != nullptr && decoded.size() > before) names->indexes.insert(static_cast<std::uint32_t>(before));
+    count(set, decoded);
 }
 
 void PropertySets::replace(step::Slot set, step::Slot from, step::Slot to) {
@@ -156,12 +210,24 @@ void PropertySets::readAgain(step::Slot slot, step::Slot property, step::Slot no
     const auto found = known_.find(slot);
     if (found == known_.end()) return;
     DecodedSet& set = found->second;
-    knownBytes_ -= set.bytes();
-    const bool read = std::all_of(set.rows_.begin(), set.rows_.end(),
-                                  [&](DecodedSet::Row& row) { return row.slot != property || readRow(now, set, row); });
-    knownBytes_ += set.bytes();
+    SortedNames* names = knownOrder(slot);
+    knownBytes_ -= bytesOf(slot, set);
+    bool read = true;
+    for (std::size_t i = 0; i < set.size() && read; ++i) {
+        read = set.slot(i) != property || readRowAgain(now, set, i, names);
+    }
+    count(slot, set);
     // Texts that grew leave their old places unused.
     if (!read || set.texts_.size() > 2 * set.textsWhenRead_ + 1000) dropSet(slot);
+}
+
+/// It leaves the order of the names meanwhile: it may get another one.
+bool PropertySets::readRowAgain(step::Slot property, DecodedSet& set, std::size_t index, SortedNames* names) {
+    if (names == nullptr) return readRow(property, set, set.rows_[index]);
+    auto place = names->indexes.extract(static_cast<std::uint32_t>(index));
+    const bool read = readRow(property, set, set.rows_[index]);
+    names->indexes.insert(std::move(place));
+    return read;
 }
 
 }  // namespace model::ifc

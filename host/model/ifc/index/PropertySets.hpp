@@ -5,6 +5,7 @@
 #include "model/ifc/schema/Classes.hpp"
 #include "model/ifc/values/PropertyValues.hpp"
 
+#include <optional>
 #include <set>
 #include <unordered_map>
 #include <vector>
@@ -18,6 +19,7 @@ public:
     std::u16string_view name() const { return text(setName_); }
     std::size_t size() const { return rows_.size(); }
     step::Slot slot(std::size_t index) const { return rows_[index].slot; }
+    std::u16string_view propertyName(std::size_t index) const { return text(rows_[index].name); }
     /// Its texts are valid as long as the set lives.
     PropertyView property(std::size_t index) const;
 
@@ -55,6 +57,8 @@ public:
 
     /// Its texts are valid until a change of the set or one of its properties, or trim().
     const DecodedSet& of(step::Slot set);
+    /// The first property of that name in a set.
+    std::optional<std::size_t> find(step::Slot set, std::u16string_view name);
     /// A property that is listed with a set but not in it (an overriding one), as a set of one that has no name; of
     /// none where it is complex or no property.
     const DecodedSet& overriding(step::Slot property);
@@ -73,11 +77,34 @@ public:
     void afterChange(step::Slot slot, InverseReferences& inverseReferences);
 
 private:
+    /// By name, and those of one name by place. No hash: a file can be made so that all its names have one.
+    struct ByName {
+        using is_transparent = void;
+        const DecodedSet* set = nullptr;
+
+        bool operator()(std::uint32_t a, std::uint32_t b) const {
+            const auto order = set->propertyName(a).compare(set->propertyName(b));
+            return order != 0 ? order < 0 : a < b;
+        }
+        bool operator()(std::uint32_t a, std::u16string_view name) const { return set->propertyName(a) < name; }
+        bool operator()(std::u16string_view name, std::uint32_t b) const { return name < set->propertyName(b); }
+    };
+    /// The properties of a long set in the order of their names.
+    struct SortedNames {
+        std::size_t walks = 0;                    ///< How often a name was searched for in all of them;
+        std::set<std::uint32_t, ByName> indexes;  ///< empty until that was often.
+    };
+
+    const SortedNames* sortedNames(step::Slot slot, const DecodedSet& set);
+    SortedNames* knownOrder(step::Slot set);
+    std::size_t bytesOf(step::Slot slot, const DecodedSet& set) const;
+    void count(step::Slot slot, const DecodedSet& set);
     void dropSet(step::Slot set);
     void dropOverriding(step::Slot property);
     DecodedSet decode(step::Slot set);
     void addRow(step::Slot property, DecodedSet& set);
     bool readRow(step::Slot property, DecodedSet& set, DecodedSet::Row& row);
+    bool readRowAgain(step::Slot property, DecodedSet& set, std::size_t index, SortedNames* names);
     void readAgain(step::Slot set, step::Slot property, step::Slot now);
     DecodedSet::Part putText(step::Value string, DecodedSet& set, DecodedSet::Part old);
 
@@ -86,8 +113,10 @@ private:
     const Schema& schema_;
     std::size_t byteLimit_;
     std::size_t knownBytes_ = 0;
+    std::size_t largestSet_ = 0;  // bytes of the largest one known
     std::uint64_t trims_ = 0;
     std::unordered_map<step::Slot, DecodedSet> known_;
+    std::unordered_map<step::Slot, SortedNames> sortedNames_;     // of long sets that are known
     std::unordered_map<step::Slot, DecodedSet> knownOverriding_;  // by property
     std::set<std::string, std::less<>> unknownTypes_;             // rows refer to these names
     step::Instance setInstance_, propertyInstance_;               // kept to save allocations

@@ -27,6 +27,7 @@ Workspace::Workspace(step::StepFile& stepFile, SchemaVersion schemaVersion)
       inverseReferences(file, classes, schema),
       forwardReferences(file, classes),
       longRelations(file, classes),
+      longSets(file, classes),
       classifications(file, classes, forwardReferences, longRelations),
       propertySets(file, classes, schema),
       elementSets(file, propertySets),
@@ -82,6 +83,7 @@ Status Workspace::addToList(step::Slot holder, Field field, step::Slot member) {
         inverseReferences.remember(member, holder, index);
         forwardReferences.append(holder, field, member);
         longRelations.forget(holder);
+        longSets.append(holder, member);
         propertySets.append(holder, member);
     });
 }
@@ -97,6 +99,7 @@ Status Workspace::replaceInList(step::Slot holder, Field field, step::Slot from,
         inverseReferences.remember(to, holder, cls.attributeIndex(field));
         forwardReferences.replace(holder, field, from, to);
         longRelations.forget(holder);
+        longSets.replace(holder, from, to);
         propertySets.replace(holder, from, to);
     });
 }
@@ -111,6 +114,7 @@ void Workspace::beforeChange(step::Slot slot) noexcept try {
     classifications.beforeChange(slot, inverseReferences);
     forwardReferences.forget(slot);
     longRelations.forget(slot);
+    longSets.forget(slot);
     inverseReferences.beforeChange(slot);
     globalIds.beforeChange(slot);
 } catch (...) {
@@ -125,6 +129,7 @@ void Workspace::afterChange(step::Slot slot) noexcept try {
     propertySets.afterChange(slot, inverseReferences);
     forwardReferences.forget(slot);
     longRelations.forget(slot);
+    longSets.forget(slot);
 } catch (...) {
     afterManyChanges();
 }
@@ -137,6 +142,7 @@ void Workspace::afterManyChanges() noexcept {
     classifications.forgetAll();
     forwardReferences.forgetAll();
     longRelations.forgetAll();
+    longSets.forgetAll();
 }
 
 }  // namespace model::ifc

@@ -8,6 +8,7 @@
 #include "model/ifc/index/GlobalIdAllocator.hpp"
 #include "model/ifc/index/InverseReferences.hpp"
 #include "model/ifc/index/LongRelations.hpp"
+#include "model/ifc/index/LongSets.hpp"
 
 #include <cstddef>
 #include <memory>
@@ -62,6 +63,7 @@ public:
     InverseReferences inverseReferences;
     ForwardReferences forwardReferences;
     LongRelations longRelations;
+    LongSets longSets;
     AssignedClassifications classifications;
     PropertySets propertySets;
     ElementSets elementSets;
