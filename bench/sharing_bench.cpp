@@ -68,22 +68,34 @@ model::Property label(const std::string& set, const std::string& name, const std
     return property;
 }
 
-/// The time of a row: edit(model, row) for each of them in one command, which is then undone.
+/// edit(model, row) for the rows from `first` to `end`, in one command. @return false where one was refused.
 template <class Edit>
-void applyRows(benchmark::State& state, const Estate& estate, std::int64_t rows, Edit&& edit) {
+bool applyInCommand(model::Model& model, std::int64_t first, std::int64_t end, Edit& edit) {
+    const auto failed = model.command("Rows", [&] {
+        for (std::int64_t row = first; row < end; ++row) {
+            if (!edit(model, row)) return 1;
+        }
+        return 0;
+    });
+    return failed && *failed == 0;
+}
+
+/// The time of a row: edit(model, row) for each of them, so many in a command. All is then undone.
+template <class Edit>
+void applyRows(benchmark::State& state, const Estate& estate, std::int64_t rows, std::int64_t perCommand, Edit&& edit) {
     const auto model = estate.open();
     if (!model || !model->properties(0)) return state.SkipWithError("the model cannot be read");
     double total = 0, count = 0;
     for ([[maybe_unused]] auto iteration : state) {
         const auto start = std::chrono::steady_clock::now();
-        const auto failed = model->command("Rows", [&] {
-            for (std::int64_t row = 0; row < rows; ++row) {
-                if (!edit(*model, row)) return 1;
-            }
-            return 0;
-        });
+        bool done = true;
+        for (std::int64_t row = 0; row < rows && done; row += perCommand) {
+            done = applyInCommand(*model, row, std::min(row + perCommand, rows), edit);
+        }
         const double time = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-        if (!failed || *failed != 0 || !model->undo()) return state.SkipWithError("a row was refused");
+        if (!done) return state.SkipWithError("a row was refused");
+        while (model->undo()) {
+        }
         state.SetIterationTime(time);
         total += time;
         count += static_cast<double>(rows);
@@ -91,15 +103,32 @@ void applyRows(benchmark::State& state, const Estate& estate, std::int64_t rows,
     state.counters["us/row"] = total / count * 1e6;
 }
 
+/// The same with all rows in one command.
+template <class Edit>
+void applyRows(benchmark::State& state, const Estate& estate, std::int64_t rows, Edit&& edit) {
+    applyRows(state, estate, rows, rows, edit);
+}
+
 /// A set that one relation gives to all.
-void SharedSet(benchmark::State& state) {
+void sharedSet(benchmark::State& state, std::int64_t rows, std::int64_t perCommand) {
     Estate estate(state.range(0));
     estate.add(1, "IFCPROPERTYSINGLEVALUE('Status',$,IFCLABEL('new'),$)");
     estate.add(2, "IFCPROPERTYSET('" + estate.globalId() + "',$,'Set',$,(#1))")
         .relate("IFCRELDEFINESBYPROPERTIES", 3, 2);
-    applyRows(state, estate, std::min(state.range(0), MostRows), [](model::Model& model, std::int64_t row) {
+    applyRows(state, estate, rows, perCommand, [](model::Model& model, std::int64_t row) {
         return bool(model.setProperty(static_cast<model::Element>(row), label("Set", "Status", std::to_string(row))));
     });
+}
+
+void SharedSet(benchmark::State& state) {
+    const std::int64_t rows = std::min(state.range(0), MostRows);
+    sharedSet(state, rows, rows);
+}
+
+/// Each row in a command of its own, as changes made by hand.
+void SharedSetByHand(benchmark::State& state) {
+    constexpr std::int64_t Rows = 100;
+    sharedSet(state, Rows, 1);
 }
 
 /// A classification reference that one relation gives to all.
@@ -144,6 +173,7 @@ void NewPropertiesInOneSet(benchmark::State& state) {
 }
 
 BENCHMARK(SharedSet)->RangeMultiplier(10)->Range(200, 200'000)->Unit(benchmark::kMillisecond)->UseManualTime();
+BENCHMARK(SharedSetByHand)->RangeMultiplier(10)->Range(200, 200'000)->Unit(benchmark::kMillisecond)->UseManualTime();
 BENCHMARK(SharedClassification)
     ->RangeMultiplier(10)
     ->Range(200, 200'000)

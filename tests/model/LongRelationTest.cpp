@@ -3,8 +3,11 @@
 
 #include "TinyModel.hpp"
 
+#include "model/ifc/index/Workspace.hpp"
+
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <functional>
 #include <numeric>
 #include <random>
@@ -164,6 +167,54 @@ TEST_P(LongRelation, IsWholeAgainAfterARollback) {
 
 INSTANTIATE_TEST_SUITE_P(Forms, LongRelation, testing::ValuesIn(allForms()),
                          [](const auto& row) { return row.param.name; });
+
+TEST(LongRelationThatIsLeft, IsKnownToNameOneElementLess) {
+    TinyModel ifc;
+    Ids walls;
+    for (std::size_t i = 0; i < Walls; ++i) walls.push_back(ifc.element("IfcWall", "Wall"));
+    const Id relation = ifc.give(walls, setS(ifc));
+    Opened opened(ifc);
+    model::ifc::Workspace& work = opened->workspace();
+    const auto elements = [&] {
+        return work.forwardReferences.of(work.file.find(relation), model::ifc::Field::Related).size();
+    };
+    EXPECT_EQ(elements(), Walls);
+    ASSERT_TRUE(opened.setProperty(3, "S", "P", "new"));
+    EXPECT_EQ(elements(), Walls - 1);
+    ASSERT_TRUE(opened.setProperty(4, "S", "P", "new"));
+    EXPECT_EQ(elements(), Walls - 2);
+    ASSERT_TRUE(opened->undo());
+    EXPECT_EQ(elements(), Walls - 1);
+}
+
+TEST(LongRelationThatIsLeft, NamesTheOthersAfterEachOfManyStepsAndOnTheWayBack) {
+    TinyModel ifc;
+    Ids walls;
+    for (std::size_t i = 0; i < Walls; ++i) walls.push_back(ifc.element("IfcWall", "Wall"));
+    ifc.classify(walls, "System", ifc.classificationReference("old", "Name", ifc.classification("System")));
+    Opened opened(ifc), looked(ifc);
+    std::vector<std::string> states{ifc.text()}, lists{refs(walls)};
+    for (std::size_t i = 0; i + 1 < Walls; ++i) {
+        const auto element = static_cast<model::Element>((i * 7) % Walls);
+        walls.erase(std::find(walls.begin(), walls.end(), element + 1));
+        lists.push_back(refs(walls));
+        for (Opened* each : {&opened, &looked}) {
+            ASSERT_TRUE(each->classify(element, "System", "new " + std::to_string(i % 3), "Name"));
+        }
+        states.push_back(looked->bytes());
+        ASSERT_NE(states.back().find(lists.back() + ",#122)"), std::string::npos) << i;
+    }
+    for (std::size_t i = states.size(); i-- > 1;) {
+        ASSERT_TRUE(opened->bytes() == states[i]) << i;
+        ASSERT_TRUE(opened->undo());
+    }
+    EXPECT_TRUE(opened->bytes() == ifc.text());
+    for (std::size_t i = 1; i < states.size(); ++i) {
+        ASSERT_TRUE(opened->redo());
+        ASSERT_TRUE(opened->bytes() == states[i]) << i;
+    }
+    EXPECT_FALSE(opened->redo());
+}
 
 TEST(LongSet, TakesOneNewPropertyAfterTheOther) {
     TinyModel ifc;

@@ -152,6 +152,7 @@ Status ElementEdit::leave(Slot relation) {
     const Result<std::size_t> left = work_.file.removeReferences(relation, static_cast<std::size_t>(index), ownId_);
     if (!left) return left.error();
     work_.inverseReferences.forget(own_, relation, index);
+    work_.forwardReferences.forget(relation, Field::Related);
     if (LongRelation* longRelation = work_.longRelations.find(relation)) longRelation->namesSeveral = *left > 1;
     return {};
 }

@@ -95,6 +95,9 @@ std::vector<LoneRelation> EqualRelations::relationsMade() {
 
 /// Nothing where it names others, or something else uses it or what it gives.
 std::optional<LoneRelation> EqualRelations::loneRelation(Slot relation) {
+    // Without reading all of it: after each command it may be asked about a relation of thousands that one has left.
+    const LongRelation* longRelation = work_.longRelations.find(relation);
+    if (longRelation != nullptr && longRelation->namesSeveral) return {};
     const std::vector<Slot> elements = work_.forwardReferences.of(relation, Field::Related);
     const std::vector<Slot> given = work_.forwardReferences.of(relation, Field::Relating);
     if (elements.size() != 1 || given.size() != 1 || work_.classes.of(given.front()).role != givenRole_) return {};

@@ -42,9 +42,14 @@ std::vector<step::Slot> ForwardReferences::read(step::Slot slot, Field field) co
 
 void ForwardReferences::forget(step::Slot slot) {
     // The fields that edits can change. Placement and shape are asked for, too, but never edited.
-    for (const Field field : {Field::Relating, Field::Overriding, Field::HasPropertySets, Field::HasProperties}) {
-        known_.erase(keyOf(slot, field));
+    for (const Field field :
+         {Field::Related, Field::Relating, Field::Overriding, Field::HasPropertySets, Field::HasProperties}) {
+        forget(slot, field);
     }
+}
+
+void ForwardReferences::forget(step::Slot slot, Field field) {
+    known_.erase(keyOf(slot, field));
 }
 
 void ForwardReferences::append(step::Slot slot, Field field, step::Slot target) {

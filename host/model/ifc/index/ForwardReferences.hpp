@@ -19,6 +19,7 @@ public:
     step::Slot first(step::Slot slot, Field field);
 
     void forget(step::Slot slot);
+    void forget(step::Slot slot, Field field);
     void forgetAll() noexcept { known_.clear(); }
     /// Of a reference added to the end of an argument, and no other change.
     void append(step::Slot slot, Field field, step::Slot target);
