@@ -165,6 +165,32 @@ TEST_P(LongRelation, IsWholeAgainAfterARollback) {
     expectChanged(opened, 5);
 }
 
+/// What is kept of the relation and of who refers to whom follows edits, undo, redo and rollback.
+TEST_P(LongRelation, IsKnownAsTheFileHasItThroughAnySequence) {
+    Opened opened(ifc_);
+    std::mt19937 random(7);  // NOLINT: the same sequence in each run
+    std::vector<std::string> states{ifc_.text()};
+    std::size_t at = 0;
+    for (int step = 0; step < 40; ++step) {
+        const auto choice = random() % 6;
+        if (choice == 0) {
+            ASSERT_EQ(opened->undo(), at > 0);
+            at -= at > 0 ? 1U : 0U;
+        } else if (choice == 1) {
+            ASSERT_EQ(opened->redo(), at + 1 < states.size());
+            at += at + 1 < states.size() ? 1U : 0U;
+        } else if (change(opened, random() % (Walls - 3), 1 + random() % 3, choice != 2)) {
+            if (opened->bytes() == states[at]) continue;  // They had these values already.
+            states.resize(++at);
+            states.push_back(opened->bytes());
+        }
+        ASSERT_TRUE(opened->bytes() == states[at]) << step;
+        if (random() % 2 == 0) {
+            ASSERT_EQ(opened.snapshot(), Opened(states[at]).snapshot()) << step;
+        }
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Forms, LongRelation, testing::ValuesIn(allForms()),
                          [](const auto& row) { return row.param.name; });
 

@@ -208,9 +208,15 @@ class Telltale : public ChangeListener {
 public:
     void beforeChange(Slot) noexcept override { ++told; }
     void afterChange(Slot) noexcept override { ++told; }
+    void afterRemovals(Slot, std::size_t attributeIndex, std::span<const InstanceId> members,
+                       bool gone) noexcept override {
+        removals.push_back(std::to_string(attributeIndex) + (gone ? " loses" : " gets"));
+        for (const InstanceId member : members) removals.back() += " #" + std::to_string(member);
+    }
     void afterManyChanges() noexcept override { ++told; }
 
     int told = 0;
+    std::vector<std::string> removals;
 };
 
 TEST_P(EditedLists, TellTheListenerOfNoEditAndOfEachReturn) {
@@ -231,6 +237,34 @@ TEST_P(EditedLists, TellTheListenerOfNoEditAndOfEachReturn) {
     ASSERT_TRUE(apply(*file, {Kind::Add, 61}));
     file->rollback();
     EXPECT_EQ(listener.told, 6);
+    file->setListener(nullptr);
+}
+
+TEST_P(EditedLists, TellTheListenerWhatComesBackOfALongListAlone) {
+    const auto file = opened(fileOf(listOfBytes(GetParam()) + "\n"));
+    Telltale listener;
+    file->setListener(&listener);
+    for (const InstanceId first : {15U, 20U}) {
+        ASSERT_TRUE(file->begin());
+        ASSERT_TRUE(apply(*file, {Kind::Remove, first}));
+        ASSERT_TRUE(apply(*file, {Kind::Remove, first + 1}));
+        ASSERT_TRUE(file->commit("Remove"));
+    }
+    ASSERT_TRUE(file->undo());
+    ASSERT_TRUE(file->undo());
+    ASSERT_TRUE(file->redo());
+    ASSERT_TRUE(file->begin());
+    ASSERT_TRUE(apply(*file, {Kind::Remove, 30}));
+    file->rollback();
+    if (GetParam() > ShortText) {
+        // What is removed where something can be redone begins another list.
+        EXPECT_EQ(testing::PrintToString(listener.removals),
+                  R"({ "1 gets #20 #21", "1 gets #15 #16", "1 loses #15 #16" })");
+        EXPECT_EQ(listener.told, 2);
+    } else {
+        EXPECT_TRUE(listener.removals.empty());
+        EXPECT_EQ(listener.told, 8);
+    }
     file->setListener(nullptr);
 }
 

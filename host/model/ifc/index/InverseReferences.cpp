@@ -130,6 +130,17 @@ void InverseReferences::afterChange(step::Slot slot) {
     for (const Mention& mention : changed) add(mention, slot);
 }
 
+void InverseReferences::afterRemovals(step::Slot user, std::size_t attributeIndex,
+                                      std::span<const step::InstanceId> members, bool gone) {
+    // The last arguments count as one: others of them may name the members, too.
+    if (attributeIndex >= LastArgument) forgetAll();
+    if (!built_ || (keptArguments(file_.keyword(user)) >> attributeIndex & 1U) == 0) return;
+    for (const step::InstanceId member : members) {
+        const Mention mention{member, static_cast<std::uint8_t>(attributeIndex)};
+        gone ? remove(mention, user) : add(mention, user);
+    }
+}
+
 InverseReferences::FileUse* InverseReferences::findInFile(const Mention& mention, step::Slot user) {
     // NoSlot, for an instance that is absent just now, is no place in the index.
     const step::Slot target = file_.find(mention.target);

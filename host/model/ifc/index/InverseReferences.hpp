@@ -5,6 +5,7 @@
 
 #include <compare>
 #include <set>
+#include <span>
 #include <tuple>
 #include <vector>
 
@@ -48,6 +49,8 @@ public:
     /// To be told of every change of the file, but those that forget() and remember() tell of.
     void beforeChange(step::Slot slot);
     void afterChange(step::Slot slot);
+    void afterRemovals(step::Slot user, std::size_t attributeIndex, std::span<const step::InstanceId> members,
+                       bool gone);
     /// Drops all that is known: it is found anew when next asked for.
     void forgetAll() noexcept;
 

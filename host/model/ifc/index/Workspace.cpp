@@ -134,6 +134,18 @@ void Workspace::afterChange(step::Slot slot) noexcept try {
     afterManyChanges();
 }
 
+/// Elements come back to a relation of thousands, or leave it again: nothing is read of that.
+void Workspace::afterRemovals(step::Slot slot, std::size_t attributeIndex, std::span<const step::InstanceId> members,
+                              bool gone) noexcept try {
+    inverseReferences.afterRemovals(slot, attributeIndex, members, gone);
+    propertySets.beforeChange(slot);
+    forwardReferences.forget(slot);
+    longRelations.forget(slot);
+    longSets.forget(slot);
+} catch (...) {
+    afterManyChanges();
+}
+
 void Workspace::afterManyChanges() noexcept {
     axes = {};
     inverseReferences.forgetAll();

@@ -12,6 +12,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <span>
 #include <unordered_map>
 
 namespace model::ifc {
@@ -79,6 +80,8 @@ private:
     Status editList(Edit edit, Follow follow);
     void beforeChange(step::Slot slot) noexcept override;
     void afterChange(step::Slot slot) noexcept override;
+    void afterRemovals(step::Slot slot, std::size_t attributeIndex, std::span<const step::InstanceId> members,
+                       bool gone) noexcept override;
     void afterManyChanges() noexcept override;
 
     bool observing_ = true;

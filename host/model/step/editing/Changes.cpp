@@ -20,6 +20,14 @@ std::uint64_t mixed(std::uint64_t number) {
     return number ^ number >> 31U;
 }
 
+/// What two states of an instance differ in, if that is removals from one list; otherwise null.
+const ReferenceRemovals* removalsBetween(const TextState& a, const TextState& b) {
+    const auto* first = std::get_if<ListState>(&a);
+    const auto* second = std::get_if<ListState>(&b);
+    if (first == nullptr || second == nullptr || first->list != second->list) return nullptr;
+    return std::get_if<ReferenceRemovals>(&first->list->edits);
+}
+
 }  // namespace
 
 // --- Reading ---
@@ -230,9 +238,10 @@ void Changes::giveEdits(Slot slot, const std::shared_ptr<EditedList>& list) {
         remember(instance);
         instance.now = std::move(next);
     } else {
-        // A long text goes over to the list, so that the journal needs no copy of it.
-        if (auto* text = std::get_if<std::string>(&instance.now)) {
-            list->own(std::move(*text));
+        // First the same text as a state of the list: the journal needs no copy of it, and an undo step can be told by
+        // what it puts back.
+        if (!std::holds_alternative<ListState>(instance.now)) {
+            if (auto* text = std::get_if<std::string>(&instance.now)) list->own(std::move(*text));
             instance.now = ListState{list, 0};
         }
         remember(instance);
@@ -344,11 +353,16 @@ void Changes::weighLater(ChangedInstance& instance) noexcept {
 }
 
 void Changes::exchange(ChangedInstance& instance, TextState& state) noexcept {
-    if (listener_ != nullptr) listener_->beforeChange(instance.slot);
+    const ReferenceRemovals* removals = removalsBetween(instance.now, state);
+    if (listener_ != nullptr && removals == nullptr) listener_->beforeChange(instance.slot);
     std::swap(instance.now, state);
     weighLater(instance);
     if (instance.newId != 0) rememberNewId(instance);
-    if (listener_ != nullptr) listener_->afterChange(instance.slot);
+    if (listener_ == nullptr) return;
+    if (removals == nullptr) return listener_->afterChange(instance.slot);
+    const std::size_t before = std::get<ListState>(state).edits, now = std::get<ListState>(instance.now).edits;
+    listener_->afterRemovals(instance.slot, removals->attributeIndex(),
+                             removals->removed(std::min(before, now), std::max(before, now)), now > before);
 }
 
 /// After an undo the next new instance gets the same id again, in another slot.
@@ -366,11 +380,9 @@ bool Changes::same(const ChangedInstance& instance, const TextState& before) con
     if (std::holds_alternative<Absent>(now) || std::holds_alternative<Absent>(before)) {
         return now.index() == before.index();
     }
-    if (const auto* edited = std::get_if<ListState>(&now); edited != nullptr && edited->edits > 0) {
-        const auto* old = std::get_if<ListState>(&before);
-        if (old != nullptr && old->list == edited->list) return old->edits == edited->edits;
-        if (old == nullptr && textOf(instance, before).data() == edited->list->base().data()) return false;
-    }
+    const auto* list = std::get_if<ListState>(&now);
+    const auto* old = std::get_if<ListState>(&before);
+    if (list != nullptr && old != nullptr && list->list == old->list) return list->edits == old->edits;
     return textOf(instance, now) == textOf(instance, before);
 }
 

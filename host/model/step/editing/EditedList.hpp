@@ -6,6 +6,7 @@
 #include "model/step/syntax/Value.hpp"
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -26,6 +27,10 @@ public:
     bool names(InstanceId member) const;
     /// All references to it. The list must name it.
     void remove(InstanceId member);
+    /// Those from one number of removals to another.
+    std::span<const InstanceId> removed(std::size_t from, std::size_t to) const {
+        return std::span(removed_).subspan(from, to - from);
+    }
     /// How many different instances the list still names.
     std::size_t left() const { return members_.size() - removed_.size(); }
     /// @param instanceText  The one that this was made of.
