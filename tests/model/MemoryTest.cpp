@@ -1,94 +1,19 @@
 // Memory that runs out at any place: nothing is half made, the caller learns of it as such, and what is asked for
 // again is answered as if nothing had happened.
 
+#include "FailingMemory.hpp"
 #include "RandomModel.hpp"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <functional>
 #include <new>
 
 namespace {
 
-/// How many more allocations succeed; negative where all do.
-long allocationsLeft = -1;
-bool failsFromThenOn = false;
-bool hasFailed = false;
-
-bool failsNow() {
-    if (allocationsLeft < 0) return false;
-    if (allocationsLeft > 0) {
-        --allocationsLeft;
-        return false;
-    }
-    hasFailed = true;
-    if (!failsFromThenOn) allocationsLeft = -1;
-    return true;
-}
-
-void* allocate(std::size_t size) {
-    void* memory = failsNow() ? nullptr : std::malloc(size == 0 ? 1 : size);
-    if (memory == nullptr) throw std::bad_alloc();
-    return memory;
-}
-
-}  // namespace
-
-// All forms that a library may use lead here.
-void* operator new(std::size_t size) {
-    return allocate(size);
-}
-void* operator new[](std::size_t size) {
-    return allocate(size);
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    return failsNow() ? nullptr : std::malloc(size == 0 ? 1 : size);
-}
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-    return failsNow() ? nullptr : std::malloc(size == 0 ? 1 : size);
-}
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
-
-namespace {
-
-enum class Outcome { Done, OutOfMemory, NeverFailed };
-
-/// Runs `body` with one allocation failing, or all from that one on.
-Outcome withFailure(long place, bool fromThenOn, const std::function<void()>& body) {
-    failsFromThenOn = fromThenOn;
-    hasFailed = false;
-    bool threw = false;
-    allocationsLeft = place;
-    try {
-        body();
-    } catch (const std::bad_alloc&) {
-        threw = true;
-    }
-    allocationsLeft = -1;
-    return threw ? Outcome::OutOfMemory : hasFailed ? Outcome::Done : Outcome::NeverFailed;
-}
-
-/// Calls `run` with each place in turn until nothing fails any more.
-void atEachAllocation(const std::function<Outcome(long place, bool fromThenOn)>& run) {
-    constexpr long Most = 100'000;
-    for (const bool fromThenOn : {false, true}) {
-        long place = 0;
-        while (run(place, fromThenOn) != Outcome::NeverFailed && !testing::Test::HasFailure()) ASSERT_LT(++place, Most);
-        EXPECT_GT(place, 4) << "hardly anything was tried";
-    }
-}
+using failing_memory::atEachAllocation;
+using failing_memory::Outcome;
+using failing_memory::withFailure;
 
 /// What elements share in each way there is.
 TinyModel sharingModel(const std::string& schema) {
@@ -212,7 +137,7 @@ TEST_P(OutOfMemory, WhileOpeningIsAnErrorThatSaysSo) {
         std::optional<std::string> error;
         const Outcome outcome = withFailure(place, fromThenOn, [&] {
             const auto opened = model::Model::fromBytes(std::move(bytes));
-            allocationsLeft = -1;
+            failing_memory::failNoMore();
             if (!opened) error = opened.error().message;
         });
         // With no memory at all there is none for the message either.
@@ -369,11 +294,10 @@ TEST_P(OutOfMemory, DoesNotKeepCommandsFromBeingTakenBack) {
             (void)Changes[1].make(model);
             (void)Changes[6].make(model);
             (void)Changes[10].make(model);
-            allocationsLeft = 0;
-            failsFromThenOn = true;
+            failing_memory::failAt(0, true);
             return 1;
         }));
-        allocationsLeft = -1;
+        failing_memory::failNoMore();
         expectSound(model, changed, change.name);
     }
 }
