@@ -54,6 +54,7 @@ private:
     std::optional<Ring> edgeLoop(const step::Instance& loop, const Frame& frame);
     std::optional<Ring> indexed(const step::Value& numbers, const std::vector<Point>& points, const Frame& frame);
     const std::vector<Point>& pointList(Slot list);
+    const std::vector<Point>* pointsOf(const step::Instance& faces, std::size_t pnIndex, std::vector<Point>& picked);
 
     bool sweep(const std::vector<Region>& profile, const std::vector<Frame>& stations);
     bool add(Region region);
@@ -314,20 +315,28 @@ std::optional<Ring> ShapeReader::indexed(const step::Value& numbers, const std::
     return ring;
 }
 
-bool ShapeReader::triangulated(const step::Instance& faces, const Frame& frame) {
-    const std::vector<Point>* points = &pointList(targetOf(reader_, faces, 0));
-    std::vector<step::Value> triangles, places;
-    if (faces.arguments.size() < 4 || !step::splitAggregate(faces.arguments[3], triangles)) return false;
-    const bool indirect = faces.arguments.size() > 4 && step::splitAggregate(faces.arguments[4], places);
-    std::vector<Point> picked;
-    if (indirect) {
-        for (const step::Value& place : places) {
-            const double number = step::realValue(place).value_or(0);
-            if (!(number >= 1 && number <= static_cast<double>(points->size()))) return false;
-            picked.push_back((*points)[static_cast<std::size_t>(number) - 1]);
-        }
-        points = &picked;
+/// The points that the faces of a set are numbered by: those of its list, or those that its PnIndex picks from it.
+/// @param picked  holds them in the latter case. @return null where the set says it wrongly.
+const std::vector<Point>* ShapeReader::pointsOf(const step::Instance& faces, std::size_t pnIndex,
+                                                std::vector<Point>& picked) {
+    const std::vector<Point>& points = pointList(targetOf(reader_, faces, 0));
+    std::vector<step::Value> places;
+    if (faces.arguments.size() < pnIndex) return nullptr;
+    if (faces.arguments.size() == pnIndex || !step::splitAggregate(faces.arguments[pnIndex], places)) return &points;
+    if (!reader_.makeCorners(places.size())) return nullptr;
+    for (const step::Value& place : places) {
+        const double number = step::realValue(place).value_or(0);
+        if (!(number >= 1 && number <= static_cast<double>(points.size()))) return nullptr;
+        picked.push_back(points[static_cast<std::size_t>(number) - 1]);
     }
+    return &picked;
+}
+
+bool ShapeReader::triangulated(const step::Instance& faces, const Frame& frame) {
+    std::vector<step::Value> triangles;
+    std::vector<Point> picked;
+    const std::vector<Point>* points = pointsOf(faces, 4, picked);
+    if (points == nullptr || !step::splitAggregate(faces.arguments[3], triangles)) return false;
     return std::all_of(triangles.begin(), triangles.end(), [&](const step::Value& triangle) {
         auto ring = indexed(triangle, *points, frame);
         return ring && add({std::move(*ring)});
@@ -335,9 +344,9 @@ bool ShapeReader::triangulated(const step::Instance& faces, const Frame& frame) 
 }
 
 bool ShapeReader::polygonal(const step::Instance& faces, const Frame& frame) {
-    const std::vector<Point>& points = pointList(targetOf(reader_, faces, 0));
-    std::vector<step::Value> places;
-    if (faces.arguments.size() > 3 && step::splitAggregate(faces.arguments[3], places) && !places.empty()) return false;
+    std::vector<Point> picked;
+    const std::vector<Point>* points = pointsOf(faces, 3, picked);
+    if (points == nullptr) return false;
     for (const Slot slot : targetsOf(reader_, faces, 2)) {
         step::Instance polygon;
         if (budget_ == 0 || !isOfClass(reader_, slot, "IfcIndexedPolygonalFace") || !reader_.read(slot, polygon) ||
@@ -345,13 +354,13 @@ bool ShapeReader::polygonal(const step::Instance& faces, const Frame& frame) {
             return false;
         }
         --budget_;
-        auto outer = indexed(polygon.arguments[0], points, frame);
+        auto outer = indexed(polygon.arguments[0], *points, frame);
         if (!outer) return false;
         Region region{std::move(*outer)};
         std::vector<step::Value> holes;
         if (polygon.arguments.size() > 1 && step::splitAggregate(polygon.arguments[1], holes)) {
             for (const step::Value& hole : holes) {
-                auto inner = indexed(hole, points, frame);
+                auto inner = indexed(hole, *points, frame);
                 if (!inner) return false;
                 region.push_back(std::move(*inner));
             }
