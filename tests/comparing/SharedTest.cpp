@@ -3,6 +3,7 @@
 #include "Models.hpp"
 
 #include "support/CrowdText.hpp"
+#include "support/Stopwatch.hpp"
 
 namespace comparing_tests {
 namespace {
@@ -27,10 +28,10 @@ std::vector<std::string> ofEachWall(const std::string& a, const std::string& b) 
 
 class GrowthOfDiff : public testing::Test {
 protected:
-    void TearDown() override { EXPECT_LT(CrowdText::processorSeconds() - begin_, CrowdText::MostSeconds); }
+    void TearDown() override { EXPECT_LT(watch_.seconds(), testing_support::MostSeconds); }
 
 private:
-    double begin_ = CrowdText::processorSeconds();
+    testing_support::Stopwatch watch_;
 };
 
 TEST_F(GrowthOfDiff, OfPropertiesOfOneTypeIsLinear) {

@@ -2,11 +2,11 @@
 // it back, and a change of one of them splits it again.
 
 #include "TinyModel.hpp"
+#include "support/Stopwatch.hpp"
 
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <ctime>
 #include <functional>
 
 namespace {
@@ -210,8 +210,7 @@ TEST(EqualClassifications, AreNotJoinedWhereAnElementWouldListThemInAnotherOrder
 /// What costs time with their square takes far longer than the limit, what costs it with their number a few seconds.
 TEST(EqualClassifications, OfManyElementsAreJoinedInLinearTime) {
     constexpr std::size_t Many = 40'000;
-    constexpr double MostSeconds = 20;
-    const std::clock_t begin = std::clock();
+    const testing_support::Stopwatch watch;
     Walls walls("IFC4", Many);
     walls.ifc.classify(walls.ids, "Old", walls.ifc.classificationReference("1", "N", walls.ifc.classification("Old")));
     Opened model(walls.ifc);
@@ -226,7 +225,7 @@ TEST(EqualClassifications, OfManyElementsAreJoinedInLinearTime) {
     ASSERT_TRUE(ran);
     EXPECT_EQ(Counts(model).classifications, 4U);
     EXPECT_EQ(model.classification(Many - 1, "A"), "2{N}");
-    EXPECT_LT(static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC, MostSeconds);
+    EXPECT_LT(watch.seconds(), testing_support::MostSeconds);
 }
 
 TEST(EqualClassifications, AreNotJoinedAcrossDataSections) {

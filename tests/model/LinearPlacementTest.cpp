@@ -2,12 +2,12 @@
 
 #include "Geometry.hpp"
 #include "support/Places.hpp"
+#include "support/Stopwatch.hpp"
 
 #include <gmock/gmock.h>
 
 #include <algorithm>
 #include <cmath>
-#include <ctime>
 #include <fstream>
 #include <numbers>
 #include <sstream>
@@ -217,14 +217,14 @@ TEST(LinearPlacement, OfThousandsOfThingsReadsTheirCurveOnce) {
     const Id curve = track.g.polyline(points);
     for (int i = 0; i < Things; ++i) track.signAlong(curve, std::to_string(i % Pieces) + ".5");
     Opened model(track.ifc.text());
-    const std::clock_t begin = std::clock();
+    const testing_support::Stopwatch watch;
     int placed = 0;
     for (model::Element element = 0; element < model->elementCount(); ++element) {
         const auto place = model->placement(element);
         placed += place && place->x == static_cast<double>(element % Pieces) + 0.5;
     }
     EXPECT_EQ(placed, Things);
-    EXPECT_LT(static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC, 10);
+    EXPECT_LT(watch.seconds(), testing_support::MostSeconds);
 }
 
 TEST(LinearPlacement, IsTheSameAfterAChange) {

@@ -5,26 +5,19 @@
 #include "Shaped.hpp"
 
 #include "model/ifc/plan/Outlines.hpp"
+#include "support/Stopwatch.hpp"
 
 #include <gmock/gmock.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <ctime>
 #include <functional>
 
 namespace {
 
 using model::Point;
 using model::ifc::Outlines;
-
-/// Far above what is needed, also under the sanitizers and on a busy machine, and far below minutes.
-constexpr double MostSeconds = 20;
-
-double processorSeconds() {
-    return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
-}
 
 /// "(1,1,1)"
 std::string listOf(std::size_t count, const std::string& text) {
@@ -146,10 +139,10 @@ TEST_P(OutlineGrowth, IsBounded) {
     Shaped one;
     GetParam().make(one);
     Opened model(one.ifc);
-    const double begin = processorSeconds();
+    const testing_support::Stopwatch watch;
     const auto outline = model->outline(0);
     EXPECT_TRUE(outline.hull || outline.rings.empty());
-    EXPECT_LT(processorSeconds() - begin, MostSeconds);
+    EXPECT_LT(watch.seconds(), testing_support::MostSeconds);
 }
 
 INSTANTIATE_TEST_SUITE_P(Shapes, OutlineGrowth, ::testing::ValuesIn(Table),
@@ -210,7 +203,7 @@ TEST(OutlinesOfOneGeometry, ArePutTogetherOnce) {
     Opened model(ifc);
     model::ifc::Workspace& work = model->workspace();
     Outlines outlines(work);
-    const double begin = processorSeconds();
+    const testing_support::Stopwatch watch;
     const auto first = outlines.of(work.elements.slot(0));
     const std::size_t kept = outlines.kept();
     ASSERT_FALSE(first.hull);
@@ -223,7 +216,7 @@ TEST(OutlinesOfOneGeometry, ArePutTogetherOnce) {
         ASSERT_NEAR(corner.y - same.y, static_cast<double>(element), 1e-6);
     }
     EXPECT_EQ(outlines.kept(), kept) << "nothing new was to be put together";
-    EXPECT_LT(processorSeconds() - begin, MostSeconds);
+    EXPECT_LT(watch.seconds(), testing_support::MostSeconds);
 }
 
 /// Whichever way they are turned about the vertical, in mirror image or not.
@@ -247,7 +240,7 @@ TEST(OutlinesOfOneGeometry, ArePutTogetherOnceForAllTurns) {
     Opened model(ifc);
     model::ifc::Workspace& work = model->workspace();
     Outlines outlines(work);
-    const double begin = processorSeconds();
+    const testing_support::Stopwatch watch;
     const auto outline = [&](model::Element element) { return outlines.of(work.elements.slot(element)); };
     const std::array areas{areaOf(outline(0)), areaOf(outline(1))};
     EXPECT_NEAR(areas[1], areas[0] * 1.2345 * 1.2345, areas[0] * 1e-4);
@@ -257,7 +250,7 @@ TEST(OutlinesOfOneGeometry, ArePutTogetherOnceForAllTurns) {
         if (element == Outlines::MostAslant + 2) kept = outlines.kept();
     }
     EXPECT_EQ(outlines.kept(), kept) << "nothing new was to be put together";
-    EXPECT_LT(processorSeconds() - begin, MostSeconds);
+    EXPECT_LT(watch.seconds(), testing_support::MostSeconds);
 }
 
 /// Each of them is put together for itself, and then one for all others.

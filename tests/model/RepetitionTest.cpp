@@ -2,24 +2,14 @@
 // with the file, not with its square. At these sizes the square takes minutes.
 
 #include "TinyModel.hpp"
+#include "support/Stopwatch.hpp"
 #include "text/Guid.hpp"
 
 #include <gtest/gtest.h>
 
-#include <ctime>
 #include <functional>
 
 namespace {
-
-#if defined(__SANITIZE_ADDRESS__)
-constexpr double Slowness = 10;
-#else
-constexpr double Slowness = 1;
-#endif
-
-double processorSeconds() {
-    return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
-}
 
 void listAll(Opened& model) {
     std::size_t count = 0;
@@ -29,7 +19,7 @@ void listAll(Opened& model) {
 
 /// Opens the file, runs the updates as one command, lists everything before and after, and writes it.
 void expectQuick(const std::string& text, double seconds, const std::function<void(Opened&)>& updates) {
-    const double begin = processorSeconds();
+    const testing_support::Stopwatch watch;
     Opened model(text);
     listAll(model);
     ASSERT_TRUE(model->command("updates", [&] {
@@ -39,7 +29,7 @@ void expectQuick(const std::string& text, double seconds, const std::function<vo
     listAll(model);
     EXPECT_NE(model->bytes(), text);
     ASSERT_TRUE(model->undo());
-    EXPECT_LT(processorSeconds() - begin, seconds * Slowness);
+    EXPECT_LT(watch.seconds(), seconds * testing_support::Slowness);
     EXPECT_EQ(model->bytes(), text);
 }
 

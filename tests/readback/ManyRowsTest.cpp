@@ -2,27 +2,15 @@
 
 #include "readback/ReadBack.hpp"
 #include "support/IfcText.hpp"
+#include "support/Stopwatch.hpp"
 #include "text/Guid.hpp"
 
 #include <gtest/gtest.h>
-
-#include <ctime>
 
 namespace readback {
 namespace {
 
 using testing_support::guidText;
-
-/// Far above what is needed, also under the sanitizers and on a busy machine, and far below minutes.
-constexpr double MostSeconds = 20;
-
-class Stopwatch {
-public:
-    double seconds() const { return static_cast<double>(std::clock() - begin_) / CLOCKS_PER_SEC; }
-
-private:
-    std::clock_t begin_ = std::clock();
-};
 
 /// Two walls that share a set.
 class Walls {
@@ -79,9 +67,9 @@ TEST(ManyRows, AreStoredInASetThatIsNotReadAnewForEach) {
     const auto model = walls.open();
     ReadBack readBack(*model, rowsAbout("P", Many, "x"));
     readBack.read(std::vector<RowState>(Many, RowState::Done));
-    const Stopwatch watch;
+    const testing_support::Stopwatch watch;
     const auto stored = readBack.storeExactly();
-    EXPECT_LT(watch.seconds(), MostSeconds);
+    EXPECT_LT(watch.seconds(), testing_support::MostSeconds);
     ASSERT_TRUE(stored);
     EXPECT_EQ(*stored, std::size_t{Many});
     const auto copy = model::Model::fromBytes(model->bytes());
@@ -105,10 +93,10 @@ TEST(ManyRows, OfEnumeratedPropertiesAreReadFast) {
                        {{"Name", "'P" + std::to_string(i) + "'"}, {"EnumerationValues", "(IFCLABEL('a'))"}});
     }
     const auto model = walls.open();
-    const Stopwatch watch;
+    const testing_support::Stopwatch watch;
     ReadBack readBack(*model, rowsAbout("P", Many, "A"));
     readBack.read(std::vector<RowState>(Many, RowState::Done));
-    EXPECT_LT(watch.seconds(), MostSeconds);
+    EXPECT_LT(watch.seconds(), testing_support::MostSeconds);
     int asAsked = 0;
     for (int i = 0; i < Many; ++i) asAsked += readBack.outcome(static_cast<std::size_t>(i)).asAsked == true;
     EXPECT_EQ(asAsked, Many);
@@ -122,14 +110,14 @@ TEST(ManyRows, OfClassificationsAreAskedForFast) {
     const auto model = walls.open();
     const auto element = model->find(*text::parseGuid(guidText(1)));
     ASSERT_TRUE(element);
-    const Stopwatch watch;
+    const testing_support::Stopwatch watch;
     std::size_t right = 0;
     for (int i = 0; i < Times; ++i) {
         model->visitClassifications(*element, [&](const model::ClassificationReference& reference) {
             right += reference.itemReference->size() > 5 && reference.classificationName == u"UniFormat";
         });
     }
-    EXPECT_LT(watch.seconds(), MostSeconds);
+    EXPECT_LT(watch.seconds(), testing_support::MostSeconds);
     EXPECT_EQ(right, std::size_t{Many} * Times);
 }
 
@@ -138,11 +126,11 @@ TEST(ManyRows, OfClassificationsAreStoredFast) {
     Walls walls;
     for (int i = 0; i < Many; ++i) walls.classification(i);
     const auto model = walls.open();
-    const Stopwatch watch;
+    const testing_support::Stopwatch watch;
     ReadBack readBack(*model, rowsAbout("System ", Many, "New{Name}"));
     readBack.read(std::vector<RowState>(Many, RowState::Done));
     const auto stored = readBack.storeExactly();
-    EXPECT_LT(watch.seconds(), MostSeconds);
+    EXPECT_LT(watch.seconds(), testing_support::MostSeconds);
     ASSERT_TRUE(stored);
     EXPECT_EQ(*stored, std::size_t{Many});
     const auto copy = model::Model::fromBytes(model->bytes());

@@ -3,6 +3,7 @@
 #include "selection/Selection.hpp"
 
 #include "support/CrowdText.hpp"
+#include "support/Stopwatch.hpp"
 
 #include <gmock/gmock.h>
 
@@ -17,7 +18,7 @@ class GrowthOfChoosing : public testing::Test {
 protected:
     CrowdText crowd;
 
-    void TearDown() override { EXPECT_LT(CrowdText::processorSeconds() - begin_, CrowdText::MostSeconds); }
+    void TearDown() override { EXPECT_LT(watch_.seconds(), testing_support::MostSeconds); }
 
     std::size_t chosen(const std::string& selection) {
         if (!model_) model_ = std::move(*model::Model::fromBytes(crowd.text()));
@@ -27,7 +28,7 @@ protected:
     }
 
 private:
-    double begin_ = CrowdText::processorSeconds();
+    testing_support::Stopwatch watch_;
     std::unique_ptr<model::Model> model_;
 };
 

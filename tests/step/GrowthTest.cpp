@@ -2,21 +2,14 @@
 // end. At the sizes here that would take minutes, reading each byte a few times takes a fraction of a second.
 
 #include "step/StepText.hpp"
+#include "support/Stopwatch.hpp"
 
-#include <ctime>
 #include <functional>
 
 namespace step_tests {
 namespace {
 
 using ::testing::Contains;
-
-/// Far above what is needed, also under the sanitizers and on a busy machine, and far below minutes.
-constexpr double MostSeconds = 20;
-
-double processorSeconds() {
-    return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
-}
 
 std::string repeated(std::size_t count, const std::string& text) {
     std::string all;
@@ -86,7 +79,7 @@ class Growth : public ::testing::TestWithParam<Nasty> {};
 
 TEST_P(Growth, StaysLinearAndLosesNothing) {
     const std::string bytes = GetParam().make();
-    const double begin = processorSeconds();
+    const testing_support::Stopwatch watch;
     const auto file = opened(bytes);
     EXPECT_EQ(file->bytes(), bytes);
     ASSERT_NE(file->find(1), NoSlot);
@@ -97,7 +90,7 @@ TEST_P(Growth, StaysLinearAndLosesNothing) {
     ASSERT_TRUE(file->append("C()", file->find(1)));
     file->commit("Edit");
     EXPECT_THAT(instances(*opened(file->bytes())), Contains(::testing::EndsWith("=C();")));
-    EXPECT_LT(processorSeconds() - begin, MostSeconds);
+    EXPECT_LT(watch.seconds(), testing_support::MostSeconds);
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, Growth, ::testing::ValuesIn(Table), [](const auto& row) { return row.param.name; });
@@ -108,24 +101,24 @@ TEST(GrowthOfEdits, OfSectionsWithNewInstancesIsLinear) {
     std::string sections;
     for (std::size_t i = 1; i <= Many; ++i) sections += "DATA;#" + std::to_string(i) + "=A();ENDSEC;";
     bytes.insert(bytes.find("END-ISO"), sections);
-    const double begin = processorSeconds();
+    const testing_support::Stopwatch watch;
     const auto file = opened(bytes);
     ASSERT_TRUE(file->begin());
     for (Slot slot = 0; slot < Many; ++slot) ASSERT_TRUE(file->append("B()", slot));
     file->commit("Edit");
     EXPECT_EQ(opened(file->bytes())->slotCount(), 2 * Many);
-    EXPECT_LT(processorSeconds() - begin, MostSeconds);
+    EXPECT_LT(watch.seconds(), testing_support::MostSeconds);
 }
 
 TEST(GrowthOfEdits, OfCommentsBehindAnInstanceThatIsCopiedIsLinear) {
     const std::string comments = repeated(2 * Many, "/**/");
     const auto file = opened(fileOf("#1=A();" + comments + "\n#2=B();\n"));
-    const double begin = processorSeconds();
+    const testing_support::Stopwatch watch;
     ASSERT_TRUE(file->begin());
     ASSERT_TRUE(file->insertBehind("A()", file->find(1)));
     file->commit("Edit");
     EXPECT_EQ(dataOf(file->bytes()), "#1=A();" + comments + "\n#3=A();\n#2=B();\n");
-    EXPECT_LT(processorSeconds() - begin, MostSeconds);
+    EXPECT_LT(watch.seconds(), testing_support::MostSeconds);
 }
 
 /// What a file that is broken throughout says of a sound instance behind: it is read by its layout then, and strings

@@ -4,7 +4,6 @@
 
 #include "support/IfcText.hpp"
 
-#include <ctime>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -16,20 +15,9 @@ class CrowdText {
 public:
     using Id = IfcText::Id;
 
-    /// Far above what reading each thing once takes.
-#if defined(__SANITIZE_ADDRESS__)
-    static constexpr double MostSeconds = 200;
-#else
-    static constexpr double MostSeconds = 20;
-#endif
     static constexpr unsigned Many = 12000;
 
-    static double processorSeconds() {
-        return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
-    }
-    static std::string reference(Id id) {
-        return "#" + std::to_string(id);
-    }
+    static std::string reference(Id id) { return "#" + std::to_string(id); }
     static std::string list(const std::vector<Id>& ids) {
         std::string text;
         for (const Id id : ids) text.append(text.empty() ? "(" : ",").append(reference(id));
@@ -40,12 +28,8 @@ public:
         for (unsigned i = 0; i < Many; ++i) walls_.push_back(ifc_.element("IfcWall", guidText(i + 1), name));
     }
 
-    const std::vector<Id>& walls() const {
-        return walls_;
-    }
-    Id add(std::string_view ifcClass, const IfcText::Values& values) {
-        return ifc_.add(ifcClass, values);
-    }
+    const std::vector<Id>& walls() const { return walls_; }
+    Id add(std::string_view ifcClass, const IfcText::Values& values) { return ifc_.add(ifcClass, values); }
     /// With a GlobalId of its own.
     Id rooted(std::string_view ifcClass, IfcText::Values values) {
         values.emplace_back("GlobalId", stepText(globalId(guidText(1000000 + ++roots_))));
@@ -65,9 +49,7 @@ public:
         }
         return rooted("IfcPropertySet", {{"Name", "'Pset_Long'"}, {"HasProperties", list(properties)}});
     }
-    void giveToAll(Id set) {
-        relate("IfcRelDefinesByProperties", "RelatingPropertyDefinition", set);
-    }
+    void giveToAll(Id set) { relate("IfcRelDefinesByProperties", "RelatingPropertyDefinition", set); }
     Id type(const std::vector<Id>& sets) {
         IfcText::Values values{{"Name", "'Type'"}};
         if (!sets.empty()) values.emplace_back("HasPropertySets", list(sets));
@@ -93,9 +75,7 @@ public:
         return materials;
     }
 
-    std::string text() const {
-        return ifc_.text();
-    }
+    std::string text() const { return ifc_.text(); }
 
 private:
     IfcText ifc_{"IFC4"};

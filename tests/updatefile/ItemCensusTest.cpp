@@ -4,6 +4,7 @@
 
 #include "support/CrowdText.hpp"
 #include "support/Places.hpp"
+#include "support/Stopwatch.hpp"
 
 #include <gmock/gmock.h>
 
@@ -41,7 +42,7 @@ std::vector<ItemRecord> ofKind(ItemKind kind, std::vector<ItemRecord> records) {
 
 class GrowthOfItems : public testing::Test {
 protected:
-    void TearDown() override { EXPECT_LT(CrowdText::processorSeconds() - begin_, CrowdText::MostSeconds); }
+    void TearDown() override { EXPECT_LT(watch_.seconds(), testing_support::MostSeconds); }
 
     /// All of them are there of every wall.
     static void expectOfAllWalls(ItemKind kind, const CrowdText& crowd) {
@@ -55,7 +56,7 @@ protected:
     }
 
 private:
-    double begin_ = CrowdText::processorSeconds();
+    testing_support::Stopwatch watch_;
 };
 
 TEST_F(GrowthOfItems, OfPropertiesOfOneTypeIsLinear) {
