@@ -103,8 +103,7 @@ void ModelSession::runMenuCommand(Int32 item, frontend::View& view) {
     if (error == NoError) return;
     if (problem_ && problem_->file.empty())
         throw Failure(fmt::format("the add-on's changes were undone: {}; nothing was saved", problem_->reason));
-    throw Failure(fmt::format("the add-on's menu item {} ended with error 0x{:08X}; nothing was saved", item,
-                              static_cast<UInt32>(error)));
+    throw Failure(menuItemEnded(item, error) + "; nothing was saved");
 }
 
 void ModelSession::takeReport(const host::ReportLine& line) {
@@ -164,6 +163,10 @@ std::optional<MenuPlace> findMenuItem(const host::Host& host, Int32 number) {
         number -= count;
     }
     return std::nullopt;
+}
+
+std::string menuItemEnded(Int32 number, GSErrCode error) {
+    return fmt::format("the add-on's menu item {} ended with error 0x{:08X}", number, static_cast<UInt32>(error));
 }
 
 std::string noSuchMenuItem(const host::Host& host, Int32 number) {

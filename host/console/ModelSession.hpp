@@ -110,5 +110,7 @@ struct MenuPlace {
 /// @param number  from 1. Nothing where the menus have no such item.
 std::optional<MenuPlace> findMenuItem(const host::Host& host, Int32 number);
 std::string noSuchMenuItem(const host::Host& host, Int32 number);
+/// Of one whose command returned an error: the add-on's own, or the host's where it had to end the command.
+std::string menuItemEnded(Int32 number, GSErrCode error);
 
 }  // namespace console

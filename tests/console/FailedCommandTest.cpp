@@ -43,6 +43,18 @@ TEST_F(FailedCommand, OfAScriptIsAnsweredWithAnError) {
     EXPECT_THAT(outcome.out, HasSubstr(R"("error":"the add-on's changes were undone: )"));
 }
 
+TEST_F(FailedCommand, OfAScriptIsAnErrorAlsoWhereNothingWasUndone) {
+    write("steps.jsonl", "{\"menu\":1}\n{\"save\":\"out.ifc\"}\n");
+    const Outcome outcome = runWith("ThrowsOutOfCommand.bundle", {"script", "house.ifc", "steps.jsonl"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.out, testing::StartsWith(R"({"menu":1,"returned":)"));
+    EXPECT_THAT(outcome.out, HasSubstr(R"("error":"the add-on's menu item 1 ended with error 0x)"));
+    EXPECT_THAT(outcome.out, HasSubstr(R"("line":1})"
+                                       "\n"
+                                       R"({"save":"out.ifc"})"));
+    EXPECT_EQ(bytes("out.ifc"), house()) << "the script goes on, with the model as it was";
+}
+
 TEST_F(FailedCommand, OfALookUpDoesNotBlameTheGuid) {
     const Outcome outcome = runWith("CrashesInLookup.bundle", {"lookup", "house.ifc", WallGuid, DoorGuid});
     EXPECT_EQ(outcome.status, 1);

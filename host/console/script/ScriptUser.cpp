@@ -210,6 +210,7 @@ void ScriptUser::menu(const JsonValue& step) {
     const GSErrCode error = session_.host().pickMenuItem(place->menu, place->item);
     commandRuns_ = false;
     tell("returned", error);
+    if (error != NoError) addError(menuItemEnded(*item, error));
 }
 
 void ScriptUser::file(const JsonValue& step) {
