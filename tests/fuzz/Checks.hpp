@@ -10,6 +10,8 @@ namespace fuzz {
 
 /// Opens the bytes as a file, edits it and undoes the edits.
 void checkStepFile(std::string_view bytes);
+/// Finds the instances in the bytes with each kind of vectors, alone and with help, and by tokens.
+void checkSweep(std::string_view bytes);
 /// Decodes the bytes as a string of a file, and encodes what comes out.
 void checkString(std::string_view bytes);
 /// Reads the bytes as a table, whatever they are, finds what it asks for, and writes it as text and as update files.
@@ -18,10 +20,18 @@ void checkTable(std::string_view bytes);
 void checkSheet(std::string_view bytes);
 /// Reads all of every element of the bytes as a model, makes one change of each kind, and takes it back.
 void checkModel(std::string_view bytes);
+/// Compares the bytes as a model with themselves, and with a changed copy.
+void checkComparing(std::string_view bytes);
+/// Chooses elements of a model: the selection is the first line, the model the rest.
+void checkSelection(std::string_view bytes);
+/// Stores what a line of an update asks for: its item is the first line, the value the second, the model the rest.
+void checkReadBack(std::string_view bytes);
 /// Unpacks the bytes as an archive and packs what comes out; packs the bytes as a model and unpacks that.
 void checkArchive(std::string_view bytes);
 /// Saves a model on a disk that fails, is slow to fail or is written by others, as the first bytes say.
 void checkSaving(std::string_view bytes);
+/// Opens a model from a file, plain or packed, and saves it, while links lead there and others have or write the file.
+void checkFiles(std::string_view bytes);
 /// Reads the bytes as resource definitions, and shows each dialog that they define.
 void checkResources(std::string_view bytes);
 /// Lets handler and user do with dialogs what the bytes say, number by number.

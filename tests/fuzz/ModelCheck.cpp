@@ -1,5 +1,6 @@
 #include "fuzz/Checks.hpp"
-#include "model/Model.hpp"
+#include "fuzz/ModelData.hpp"
+#include "model/ifc/schema/Schema.hpp"
 
 #include <functional>
 #include <vector>
@@ -10,67 +11,51 @@ namespace {
 
 using namespace model;
 
-void add(std::u16string& all, std::u16string_view text) {
-    all.append(text).push_back(u'\x1F');
-}
-void add(std::u16string& all, double number) {
-    for (const char c : std::to_string(number)) all.push_back(static_cast<char16_t>(c));
-    all.push_back(u'\x1F');
-}
-
-/// All that the model says of an element.
-std::u16string dataOf(const Model& model, Element element) {
-    std::u16string all;
-    const auto attributes = model.attributes(element);
-    const auto properties = model.properties(element);
-    const auto references = model.classifications(element);
-    require(properties && references, "an element's properties or classifications cannot be read");
-    // What is not well formed has no attributes.
-    require(attributes || attributes.error().kind == ErrorKind::Refused, "attributes are not read for another reason");
-    if (attributes)
-        for (const Attribute& attribute : *attributes) add(all, attribute.value);
-    for (const Property& property : *properties) {
-        add(all, property.set);
-        add(all, property.name);
-        add(all, property.value.string);
-        add(all,
-            property.value.real + static_cast<double>(property.value.integer) + (property.value.boolean ? 0.5 : 0));
-        add(all, static_cast<int>(property.kind) * 100 + static_cast<int>(property.value.primitive));
-    }
-    for (const ClassificationReference& reference : *references) {
-        for (const auto* text : {&reference.location, &reference.name, &reference.itemReference})
-            add(all, text->value_or(u"$"));
-        for (const auto* text :
-             {&reference.system, &reference.source, &reference.edition, &reference.classificationName})
-            add(all, *text);
-    }
-    return all;
-}
-
-std::vector<std::u16string> dataOf(const Model& model) {
-    std::vector<std::u16string> all;
-    for (Element element = 0; element < model.elementCount(); ++element) all.push_back(dataOf(model, element));
-    return all;
-}
-
 void lookAround(const Model& model) {
     (void)model.trueNorth();
     (void)model.metresPerUnit();
+    require(!model.schemaName().empty(), "a model is read by no schema");
+    for (const UnknownClass& unknown : model.unknownClasses())
+        require(unknown.instances > 0, "a class without instances is not known");
     for (Element element = 0; element < model.elementCount(); ++element) {
         const ElementInfo info = model.info(element);
         require(model.find(info.guid) == element, "a GUID leads to another element");
         require(model.typeId(element) == info.typeId, "an element has two types");
+        require(model.entity(element).name() == info.ifcClass, "an element has two classes");
+        (void)model.typeEntity(element);
+        (void)model.predefinedType(element);
+        (void)model.name(element);
         (void)model.storey(element);
         (void)model.hasDuplicates(element);
         (void)model.placement(element);
+        (void)model.planKind(element);
         (void)model.footprint(element);
         (void)model.outline(element);
         (void)model.room(element);
         (void)model.gridAxes(element);
+        std::vector<PropertyName> names;
+        const auto properties = model.properties(element);
+        for (const Property& property : *properties) names.push_back({property.set, property.name});
+        (void)model.chosenItems(element, names);
         std::size_t visited = 0;
-        model.visitProperties(element, [&](const PropertyView&) { ++visited; });
-        require(visited == model.properties(element)->size(), "a visit meets other properties than the list has");
+        model.visitProperties(element, [&](const PropertyView& property) {
+            (void)model.standardType(property.set, property.name);
+            ++visited;
+        });
+        require(visited == properties->size(), "a visit meets other properties than the list has");
+        visited = 0;
+        model.visitClassifications(element, [&](const ClassificationReference&) { ++visited; });
+        require(visited == model.classifications(element)->size(), "a visit meets other classifications than the list");
     }
+}
+
+/// What a value is changed to: texts of the kinds that types tell apart, one too long for a label, characters that the
+/// file has to escape.
+std::u16string newText(std::size_t number) {
+    const std::u16string texts[] = {u"Fuzz", u"",    u"$",          u"'\\\x4E2D",  u"1.5",
+                                    u"-7",   u".T.", u"NOTDEFINED", u"2024-02-29", std::u16string(256, u'x'),
+                                    u"a, b"};
+    return texts[number % std::size(texts)];
 }
 
 using Change = std::function<Status(Model&, Element)>;
@@ -89,6 +74,43 @@ Status setSomeProperty(Model& model, Element element) {
     return model.setProperty(element, wanted);
 }
 
+/// Any property, of whatever type.
+Change setProperty(std::size_t number) {
+    return [number](Model& model, Element element) {
+        const auto properties = *model.properties(element);
+        Property wanted;
+        wanted.set = wanted.name = u"Fuzz";
+        if (!properties.empty()) wanted = properties[number % properties.size()];
+        wanted.value.string = newText(number);
+        wanted.value.integer = wanted.value.integer == 1 ? 2 : 1;
+        wanted.value.real += 0.5;
+        wanted.value.boolean = !wanted.value.boolean;
+        return model.setProperty(element, wanted);
+    };
+}
+
+Change setPropertyText(std::size_t number) {
+    return [number](Model& model, Element element) {
+        constexpr const char* types[] = {"", "IfcReal", "IfcBoolean", "IfcDate", "IfcText", "IfcInteger"};
+        const auto properties = *model.properties(element);
+        PropertyText wanted{u"Fuzz", u"Fuzz", newText(number / 7), types[number % std::size(types)]};
+        if (!properties.empty()) {
+            wanted.set = properties[number % properties.size()].set;
+            wanted.name = properties[number % properties.size()].name;
+        }
+        return model.setPropertyText(element, wanted);
+    };
+}
+
+Change setAttribute(std::size_t number) {
+    return [number](Model& model, Element element) {
+        const auto attributes = model.attributes(element);
+        if (!attributes || attributes->empty()) return model.setAttribute(element, "Name", u"Fuzz");
+        const std::string_view name = (*attributes)[number % attributes->size()].name;
+        return model.setAttribute(element, name, newText(number / 5));
+    };
+}
+
 Status setSomeClassification(Model& model, Element element) {
     const auto references = *model.classifications(element);
     ClassificationReference wanted;
@@ -97,6 +119,11 @@ Status setSomeClassification(Model& model, Element element) {
     wanted.itemReference = u"F.1";
     wanted.name = u"Fuzz";
     return model.setClassification(element, wanted);
+}
+
+Status removeSomeClassification(Model& model, Element element) {
+    const auto references = *model.classifications(element);
+    return model.removeClassification(element, references.empty() ? u"Fuzz" : references.front().system);
 }
 
 /// One change of one element, and everything that is promised of it.
@@ -115,16 +142,24 @@ void checkChange(const std::string& input, Element element, const Change& change
         require(model.bytes() == input && !model.undoSteps().undo.has_value(),
                 "a refused change leaves something behind");
     }
-    const std::string edited = model.bytes();
-    const std::vector<std::u16string> after = dataOf(model);
-    for (Element other = 0; other < before.size(); ++other)
-        require(other == element || after[other] == before[other], "a change is seen by another element");
-    const auto again = Model::fromBytes(edited);
-    require(bool{again}, "a changed model cannot be opened");
-    require(dataOf(**again) == after, "a changed model is read otherwise");
-    if (edited == input) return;
-    require(model.undo() && model.bytes() == input && dataOf(model) == before, "undo leaves something behind");
-    require(model.redo() && model.bytes() == edited && dataOf(model) == after, "redo gives something else");
+    requirePromises(model, input, before, element);
+}
+
+/// What a command gives to all elements alike becomes one.
+void checkChangeOfAll(const std::string& input) {
+    const auto opened = Model::fromBytes(input);
+    Model& model = **opened;
+    const std::vector<std::u16string> before = dataOf(model);
+    model.shareNewSets(true);
+    const auto ran = model.command("Fuzz", [&] {
+        for (Element element = 0; element < model.elementCount(); ++element) {
+            (void)setSomeClassification(model, element);
+            (void)model.setPropertyText(element, {u"Fuzz", u"Fuzz", u"all", "IfcLabel"});
+        }
+        return 0;
+    });
+    require(bool{ran}, "a command cannot be run");
+    requirePromises(model, input, before, std::nullopt);
 }
 
 }  // namespace
@@ -142,10 +177,12 @@ void checkModel(std::string_view bytes) {
     require(model.bytes() == input, "a model that was only read is written otherwise");
     // What is wrong in the file's own form is another target's: next to an open quote any byte more changes all.
     if (model.elementCount() == 0 || !model.remarks().empty()) return;
-    const auto element = static_cast<Element>(std::hash<std::string>{}(input) % model.elementCount());
-    checkChange(input, element, setSomeProperty);
-    checkChange(input, element, setSomeClassification);
-    checkChange(input, element, [](Model& changed, Element one) { return changed.setAttribute(one, "Name", u"Fuzz"); });
+    const Element element = someElement(model, input);
+    const std::size_t number = std::hash<std::string_view>{}(bytes.substr(0, bytes.size() / 2));
+    for (const Change& change : {Change(setSomeProperty), setProperty(number), setPropertyText(number),
+                                 setAttribute(number), Change(setSomeClassification), Change(removeSomeClassification)})
+        checkChange(input, element, change);
+    checkChangeOfAll(input);
 }
 
 }  // namespace fuzz

@@ -29,15 +29,16 @@ TEST_P(FuzzSeeds, Pass) {
     EXPECT_GT(count, 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Targets, FuzzSeeds,
-                         ::testing::Values(Target{"stepfile", fuzz::checkStepFile}, Target{"string", fuzz::checkString},
-                                           Target{"model", fuzz::checkModel}, Target{"archive", fuzz::checkArchive},
-                                           Target{"saving", fuzz::checkSaving},
-                                           Target{"resource", fuzz::checkResources},
-                                           Target{"dialog", fuzz::checkDialogs},
-                                           Target{"updatefile", fuzz::checkUpdateFile},
-                                           Target{"script", fuzz::checkScript}, Target{"table", fuzz::checkTable},
-                                           Target{"sheet", fuzz::checkSheet}),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    Targets, FuzzSeeds,
+    ::testing::Values(Target{"stepfile", fuzz::checkStepFile}, Target{"sweep", fuzz::checkSweep},
+                      Target{"string", fuzz::checkString}, Target{"model", fuzz::checkModel},
+                      Target{"comparing", fuzz::checkComparing}, Target{"selection", fuzz::checkSelection},
+                      Target{"readback", fuzz::checkReadBack}, Target{"archive", fuzz::checkArchive},
+                      Target{"saving", fuzz::checkSaving}, Target{"files", fuzz::checkFiles},
+                      Target{"resource", fuzz::checkResources}, Target{"dialog", fuzz::checkDialogs},
+                      Target{"updatefile", fuzz::checkUpdateFile}, Target{"script", fuzz::checkScript},
+                      Target{"table", fuzz::checkTable}, Target{"sheet", fuzz::checkSheet}),
+    [](const auto& row) { return std::string(row.param.name); });
 
 }  // namespace
