@@ -29,8 +29,8 @@ class Build(Rules):
         compiled = {entry["file"] for entry in commands}
         cache = (BINARIES.parent / "CMakeCache.txt").read_text(encoding="utf-8")
         left_out = {"desktop"} if "BUILD_DESKTOP:BOOL=OFF" in cache else set()
-        # A library loaded before all others and a sanitizer's, which must come first, exclude each other; and what fails
-        # is not to be the writing of coverage.
+        # A library loaded before all others and a sanitizer's, which must come first, exclude each other; and it is
+        # not the writing of coverage that is to fail.
         without_faults = r"^(SANITIZERS:\w+=.|CMAKE_CXX_FLAGS:\w+=.*--coverage)"
         left_out |= {"faults"} if re.search(without_faults, cache, re.MULTILINE) else set()
         tests = [path for path in files(".cpp") if path.parts[0] == "tests" and path.parts[1] not in left_out]
