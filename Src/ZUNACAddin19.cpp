@@ -864,8 +864,10 @@ static const char* statusMessage(GSErrCode status) {
         // GCOV_EXCL_STOP
         case IO::Location::StatusError:
             return "helpLoc is error\n";
+        // GCOV_EXCL_START: as above
         default:
-            return "helpLoc is unknown\n";  // GCOV_EXCL_LINE: as above
+            return "helpLoc is unknown\n";
+            // GCOV_EXCL_STOP
     }
 }
 

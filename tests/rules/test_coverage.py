@@ -20,7 +20,7 @@ def counted(name, covered, total):
 
 
 class Coverage(unittest.TestCase):
-    def run_on(self, whole=True, **changed):
+    def run_on(self, held="--whole", **changed):
         """(exit status, what was said of shortfalls) of counts that are just enough, but for those changed."""
         files = {"addon": counted("Src/A.cpp", 10, 10), "binding": counted("binding/B.cpp", 5, 5),
                  "model": counted("host/model/step/C.cpp", 970, 1000),
@@ -31,7 +31,7 @@ class Coverage(unittest.TestCase):
             summary.write_text(json.dumps({"files": list(files.values())}), encoding="utf-8")
             said = io.StringIO()
             with contextlib.redirect_stderr(said), contextlib.redirect_stdout(io.StringIO()):
-                status = coverage_by_folder.main(summary, whole)
+                status = coverage_by_folder.main(summary, held)
         return status, said.getvalue()
 
     def test_the_least_share_is_enough(self):
@@ -47,8 +47,13 @@ class Coverage(unittest.TestCase):
     def test_a_folder_that_was_not_counted_is_not(self):
         self.assertEqual(self.run_on(binding=counted("elsewhere/B.cpp", 5, 5)), (1, "binding: no line was counted\n"))
 
+    def test_what_fuzzing_begins_with_is_held_to_less(self):
+        for covered, status in ((950, 0), (949, 1), (951, 0)):
+            self.assertEqual(self.run_on("--seeds", model=counted("host/model/A.cpp", covered, 1000))[0], status)
+        self.assertEqual(self.run_on("--seeds", addon=counted("Src/A.cpp", 0, 10))[0], 0)
+
     def test_some_of_the_tests_are_held_to_nothing(self):
-        self.assertEqual(self.run_on(whole=False, addon=counted("Src/A.cpp", 1, 10)), (0, ""))
+        self.assertEqual(self.run_on(held=None, addon=counted("Src/A.cpp", 1, 10)), (0, ""))
 
 
 if __name__ == "__main__":
