@@ -202,7 +202,7 @@ std::vector<long> picked(long last, const std::string& kind) {
     for (long i = 0; i < most; ++i) numbers.push_back(most == 1 ? 1 : 1 + i * (last - 1) / (most - 1));
     // Files get their names and lose them near the end.
     if (kind == "memory" && most < last)
-        for (long number = std::max(1L, last - 120); number < last; ++number) numbers.push_back(number);
+        for (long number = std::max(1L, last - 200); number < last; ++number) numbers.push_back(number);
     return numbers;
 }
 
