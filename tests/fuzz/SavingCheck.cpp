@@ -43,8 +43,11 @@ void checkSaving(std::string_view bytes) {
     options.force = (flags & 4U) != 0;
     const Status saved = file.save(Target, options);
     require(disk.temporaries == 0, "a temporary file is left");
-    const bool intruded = disk.calls.size() >= disk.intruding && !filesBefore.empty();
-    const bool isThere = disk.files.count(Target) != 0 && disk.files[Target] == wanted;
+    const auto holds = [&disk](const std::string& bytes) {
+        const auto file = disk.files.find(Target);
+        return file != disk.files.end() && file->second == bytes;
+    };
+    const bool intruded = holds(FaultyDisk::Intrusion), isThere = holds(wanted);
     require(!saved || isThere || intruded, "it is saved, and another file is there");
     require(saved || isThere || intruded || disk.files == filesBefore, "neither the old file nor the new one is there");
     require(saved || !saved.error().message.empty(), "a refusal gives no reason");

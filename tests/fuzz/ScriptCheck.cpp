@@ -4,6 +4,8 @@
 #include "support/Places.hpp"
 #include "support/TempFolder.hpp"
 
+#include <dlfcn.h>
+
 #include <fstream>
 
 namespace fuzz {
@@ -23,7 +25,9 @@ const fs::path& workplace() {
                      "4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9\tFireRating[WallCommon]\t\tF 120\n"
                      "4B77F0F7-86AA-47AF-8EC8-2D488F3BA8D9\tName\t\tnew\n");
         fs::current_path(folder.path());
-        return true;
+        // The fuzzer goes on counting in the add-on's memory after the host has unloaded it, so that it has to stay.
+        const fs::path image = testing_support::builtFile("ZUNACAddin19.bundle") / "Contents/Linux/ZUNACAddin19";
+        return dlopen(image.c_str(), RTLD_NOW | RTLD_LOCAL) != nullptr;
     }();
     require(filled, "there is nothing to work on");
     return folder.path();

@@ -39,13 +39,14 @@ Found indexed(const std::string& padded, const Sharing& sharing) {
     return found;
 }
 
-/// Each instance read again by tokens ends where the sweep said.
+/// What is an instance by its tokens, too, ends where the sweep said. The sweep looks at strings and parentheses alone:
+/// what stands between them need not be well formed.
 void requireByTokens(const std::string& padded, const Found& found) {
     for (const auto& [offset, length, code, keyword] : found.instances) {
         Cursor cursor(std::string_view(padded).substr(offset, padded.size() - SlackBytes - offset));
         InstanceHead head;
         const char* begin = cursor.at;
-        require(scanInstance(cursor, head, nullptr), "what was taken for an instance is none");
+        if (!scanInstance(cursor, head, nullptr)) continue;
         require(cursor.at - begin == static_cast<std::ptrdiff_t>(length), "an instance ends somewhere else");
     }
 }

@@ -57,7 +57,7 @@ std::error_code FaultyDisk::step(const char* name) {
     calls.emplace_back(name);
     if (calls.size() - 1 == outOfMemory) throw std::bad_alloc();
     if (calls.size() == intruding)
-        for (auto& [path, bytes] : files) put(path, "written by somebody else");
+        for (auto& [path, bytes] : files) put(path, Intrusion);
     return calls.size() - 1 == failing ? failure : std::error_code();
 }
 

@@ -24,7 +24,8 @@ public:
     std::error_code failure;
     /// The call, counted from 0, before which memory runs out.
     std::size_t outOfMemory = ~std::size_t{0};
-    /// Another program writes the file as soon as this many calls were made.
+    /// Another program writes this over all files as soon as so many calls were made.
+    static constexpr const char* Intrusion = "written by somebody else";
     std::size_t intruding = ~std::size_t{0};
     /// How long a write takes.
     std::chrono::milliseconds slowness{0};
