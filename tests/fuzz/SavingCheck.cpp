@@ -43,9 +43,9 @@ void checkSaving(std::string_view bytes) {
     options.force = (flags & 4U) != 0;
     const Status saved = file.save(Target, options);
     require(disk.temporaries == 0, "a temporary file is left");
-    const auto holds = [&disk](const std::string& bytes) {
-        const auto file = disk.files.find(Target);
-        return file != disk.files.end() && file->second == bytes;
+    const auto holds = [&disk](const std::string& content) {
+        const auto found = disk.files.find(Target);
+        return found != disk.files.end() && found->second == content;
     };
     const bool intruded = holds(FaultyDisk::Intrusion), isThere = holds(wanted);
     require(!saved || isThere || intruded, "it is saved, and another file is there");
