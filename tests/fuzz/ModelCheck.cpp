@@ -1,7 +1,10 @@
 #include "fuzz/Checks.hpp"
 #include "fuzz/ModelData.hpp"
-#include "model/ifc/schema/Schema.hpp"
+#include "model/Rooms.hpp"
+#include "model/ifc/schema/StandardSets.hpp"
+#include "text/Unicode.hpp"
 
+#include <algorithm>
 #include <functional>
 #include <vector>
 
@@ -11,7 +14,24 @@ namespace {
 
 using namespace model;
 
+/// The standard sets that are like a property's, or have properties like it.
+void lookUp(const Model& model, Element element, const PropertyView& property) {
+    const ifc::StandardSets& sets = ifc::StandardSets::of(model.schemaVersion());
+    const ifc::Entity& entity = model.entity(element);
+    const std::string set = text::toUtf8(property.set), name = text::toUtf8(property.name);
+    const std::string_view nearSet = sets.nearestSet(set), nearName = sets.nearestProperty(name, entity);
+    require((nearSet.empty() || nearSet != set) && (nearName.empty() || nearName != name), "a name is near itself");
+    for (const ifc::StandardSet& having : sets.having(name)) {
+        require(having.find(name).has_value(), "a set has not the property for which it was found");
+        require(!having.isFor(entity, model.predefinedType(element)) || having.isFor(entity, {}),
+                "a set is for one type of a class, and for none of them");
+    }
+    (void)model.standardType(property.set, property.name);
+}
+
 void lookAround(const Model& model) {
+    for (const InRoom& inRoom : rooms(model))
+        require(std::max(inRoom.element, inRoom.room) < model.elementCount(), "a room is none of the elements");
     (void)model.trueNorth();
     (void)model.metresPerUnit();
     require(!model.schemaName().empty(), "a model is read by no schema");
@@ -39,7 +59,7 @@ void lookAround(const Model& model) {
         (void)model.chosenItems(element, names);
         std::size_t visited = 0;
         model.visitProperties(element, [&](const PropertyView& property) {
-            (void)model.standardType(property.set, property.name);
+            lookUp(model, element, property);
             ++visited;
         });
         require(visited == properties->size(), "a visit meets other properties than the list has");
@@ -162,6 +182,45 @@ void checkChangeOfAll(const std::string& input) {
     requirePromises(model, input, before, std::nullopt);
 }
 
+/// One property after the other in the set that has the most, each a command of its own or all in one.
+void checkManyChanges(const std::string& input, Element element, bool inOneCommand) {
+    const auto opened = Model::fromBytes(input);
+    Model& model = **opened;
+    const std::vector<std::u16string> before = dataOf(model);
+    const auto properties = *model.properties(element);
+    const std::u16string set = properties.empty() ? u"Fuzz" : properties.back().set;
+    constexpr unsigned Many = 40;
+    const auto add = [&](unsigned number) {
+        Property wanted;
+        wanted.set = set;
+        wanted.name = static_cast<char16_t>(u'0' + number);
+        wanted.value.type = "IfcLabel";
+        wanted.value.string = u"Fuzz";
+        return model.setProperty(element, wanted);
+    };
+    const auto run = [&](unsigned from, unsigned to) {
+        const auto ran = model.command("Fuzz", [&] {
+            for (unsigned number = from; number < to; ++number) (void)add(number);
+            return 0;
+        });
+        require(bool{ran}, "a command cannot be run");
+    };
+    if (inOneCommand) {
+        run(0, Many);
+        return requirePromises(model, input, before, element);
+    }
+    for (unsigned number = 0; number < Many; ++number) run(number, number + 1);
+    const std::string edited = model.bytes();
+    const auto again = Model::fromBytes(edited);
+    require(again && dataOf(**again) == dataOf(model), "a changed model is read otherwise");
+    while (model.undo()) {
+    }
+    require(model.bytes() == input && dataOf(model) == before, "undo leaves something behind");
+    while (model.redo()) {
+    }
+    require(model.bytes() == edited, "redo gives something else");
+}
+
 }  // namespace
 
 void checkModel(std::string_view bytes) {
@@ -183,6 +242,7 @@ void checkModel(std::string_view bytes) {
                                  setAttribute(number), Change(setSomeClassification), Change(removeSomeClassification)})
         checkChange(input, element, change);
     checkChangeOfAll(input);
+    for (const bool inOneCommand : {false, true}) checkManyChanges(input, element, inOneCommand);
 }
 
 }  // namespace fuzz
